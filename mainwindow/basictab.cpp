@@ -1,0 +1,304 @@
+#include "basictab.h"
+
+#include "conversation.h"
+#include "program.h"
+#include "statusreporter.h"
+#include "ui_mainwindow.h"
+
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QScopeGuard>
+
+namespace
+{
+constexpr int MinNewId = 2;
+constexpr int MaxNewId = 256; ///< cut to its low byte, so 256 means 0
+constexpr std::uint16_t BeepMs = 500;
+constexpr std::uint8_t ResetMode = 0;
+constexpr unsigned MaxSelfTestLevel = 2;
+constexpr unsigned MaxBeepSwitch = 1;
+constexpr int WaitForCommandLevel = 0; ///< the self-test level at which the hand waits for Init
+constexpr int NothingSelected = -1;
+} // namespace
+
+BasicTab::BasicTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
+                   StatusReporter* reporter)
+    : m_ui(ui),
+      m_window(window),
+      m_session(session),
+      m_reporter(reporter),
+      m_starts{ui->lineEdit_BasicCaliStart0, ui->lineEdit_BasicCaliStart1,
+               ui->lineEdit_BasicCaliStart2, ui->lineEdit_BasicCaliStart3,
+               ui->lineEdit_BasicCaliStart4, ui->lineEdit_BasicCaliStart5},
+      m_ends{ui->lineEdit_BasicCaliEnd0, ui->lineEdit_BasicCaliEnd1, ui->lineEdit_BasicCaliEnd2,
+             ui->lineEdit_BasicCaliEnd3, ui->lineEdit_BasicCaliEnd4, ui->lineEdit_BasicCaliEnd5},
+      m_thumbRoots{ui->lineEdit_BasicThumbRootPos0, ui->lineEdit_BasicThumbRootPos1,
+                   ui->lineEdit_BasicThumbRootPos2}
+{
+    // The index of an item is the value that the device knows it by.
+    ui->comboBox_BasicSelfTestLevel->addItems(
+        {tr("Wait for command"), tr("Stretch only"), tr("Full self-test")});
+    ui->comboBox_BasicBeepSwitch->addItems({tr("Basic Only"), tr("All")});
+    const auto follow = [this] { updateDependentWidgets(); };
+    QObject::connect(ui->comboBox_BasicSelfTestLevel, &QComboBox::currentIndexChanged, window,
+                     follow);
+    QObject::connect(ui->comboBox_Devices, &QComboBox::currentIndexChanged, window, follow);
+}
+
+void BasicTab::reloadClicked()
+{
+    m_session->whenQuiet(DeviceSession::Change::ReloadBasic, [this] { reload(); });
+}
+
+void BasicTab::reload()
+{
+    m_reloading = true;
+    const auto finish = qScopeGuard([this] {
+        m_reloading = false;
+        updateDependentWidgets();
+    });
+    setWidgetsEnabled(false);
+    clear();
+    if (m_ui->comboBox_Devices->currentIndex() < 0)
+        return;
+    if (!m_session->connected()) {
+        QMessageBox::critical(m_window, Program::title(), tr("Unknown protocol"));
+        return;
+    }
+    if (const auto target = m_session->target())
+        readAll(*target);
+}
+
+void BasicTab::readAll(const Target& target)
+{
+    const Conversation conversation;
+    bool protocolRead = false;
+    bool hardwareRead = false;
+    const std::array<std::function<void()>, 6> reads{
+        [&] { readFirmwareVersion(target); },
+        [&] { protocolRead = readProtocolVersion(target); },
+        [&] { hardwareRead = readHardwareVersion(target); },
+        [&] { readSelfTestLevel(target); },
+        [&] { readBeepSwitch(target); },
+        [&] { readCalibration(target); },
+    };
+    for (const auto& read : reads) {
+        read();
+        if (!m_session->holds(target))
+            return;
+    }
+    setWidgetsEnabled(protocolRead);
+    m_ui->pushButton_BasicUpdateFirmware->setEnabled(hardwareRead);
+    m_reporter->showMessage(tr("Basic info loaded"));
+}
+
+void BasicTab::readFirmwareVersion(const Target& target)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    std::uint16_t revision = 0;
+    if (m_reporter->succeeded(target, "getFirmwareVersion",
+                              target->getFirmwareVersion(target.node, &major, &minor, &revision)))
+        m_ui->lineEdit_BasicFirmwareVersion->setText(
+            QStringLiteral("V%1.%2.%3").arg(major).arg(minor).arg(revision));
+}
+
+bool BasicTab::readProtocolVersion(const Target& target)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    if (!m_reporter->succeeded(target, "getProtocolVersion",
+                               target->getProtocolVersion(target.node, &major, &minor)))
+        return false;
+    m_ui->lineEdit_BasicProtocolVersion->setText(QStringLiteral("V%1.%2").arg(major).arg(minor));
+    return true;
+}
+
+bool BasicTab::readHardwareVersion(const Target& target)
+{
+    std::uint8_t type = 0;
+    std::uint8_t version = 0;
+    std::uint16_t bootLoader = 0;
+    if (!m_reporter->succeeded(
+            target, "getHardwareVersion",
+            target->getHardwareVersion(target.node, &type, &version, &bootLoader)))
+        return false;
+    m_ui->lineEdit_BasicHardwareTypeVersion->setText(
+        (StatusReporter::hex(type) + StatusReporter::hex(version)).toUpper());
+    m_ui->lineEdit_BasicBootLoaderVersion->setText(
+        QStringLiteral("V%1.%2").arg(bootLoader >> 8).arg(bootLoader & 0xFF));
+    return true;
+}
+
+void BasicTab::readSelfTestLevel(const Target& target)
+{
+    std::uint8_t level = 0;
+    if (!m_reporter->succeeded(target, "getSelfTestLevel",
+                               target->getSelfTestLevel(target.node, &level)))
+        return;
+    if (level > MaxSelfTestLevel)
+        m_reporter->showError(
+            tr("getSelfTestLevel(0x%1, ...) got invalid value '%2'")
+                .arg(StatusReporter::hex(target.node), StatusReporter::hex(level)));
+    else
+        m_ui->comboBox_BasicSelfTestLevel->setCurrentIndex(level);
+}
+
+void BasicTab::readBeepSwitch(const Target& target)
+{
+    std::uint8_t on = 0;
+    if (!m_reporter->succeeded(target, "getBeepSwitch", target->getBeepSwitch(target.node, &on)))
+        return;
+    if (on > MaxBeepSwitch) // both places of the text name the node
+        m_reporter->showError(tr("getBeepSwitch(0x%1, ...) got invalid value '%1'")
+                                  .arg(StatusReporter::hex(target.node)));
+    else
+        m_ui->comboBox_BasicBeepSwitch->setCurrentIndex(on);
+}
+
+void BasicTab::readCalibration(const Target& target)
+{
+    std::array<std::uint16_t, FingerCount> ends{};
+    std::array<std::uint16_t, FingerCount> starts{};
+    std::array<std::uint16_t, ThumbRootCount> thumbRoots{};
+    if (!m_reporter->succeeded(target, "getCaliData",
+                               target->getCaliData(target.node, ends.data(), starts.data(),
+                                                   FingerCount, thumbRoots.data(), ThumbRootCount)))
+        return;
+    const auto show = [](const auto& fields, const auto& values) {
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            fields[i]->setText(QString::number(values[i]));
+    };
+    show(m_starts, starts);
+    show(m_ends, ends);
+    show(m_thumbRoots, thumbRoots);
+}
+
+void BasicTab::clear()
+{
+    for (QLineEdit* field : m_ui->tab_Basic->findChildren<QLineEdit*>())
+        field->clear();
+    m_ui->comboBox_BasicSelfTestLevel->setCurrentIndex(NothingSelected);
+    m_ui->comboBox_BasicBeepSwitch->setCurrentIndex(NothingSelected);
+}
+
+void BasicTab::setWidgetsEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    const std::initializer_list<QWidget*> controls{
+        m_ui->comboBox_BasicSelfTestLevel, m_ui->pushButton_BasicSetSelfTestLevel,
+        m_ui->comboBox_BasicBeepSwitch,    m_ui->pushButton_BasicSetBeepSwitch,
+        m_ui->pushButton_BasicSetID,       m_ui->pushButton_BasicBeep,
+        m_ui->pushButton_BasicReset,       m_ui->pushButton_BasicUpdateFirmware,
+        m_ui->pushButton_BasicRecalibrate};
+    for (QWidget* control : controls)
+        control->setEnabled(enabled);
+    updateDependentWidgets();
+}
+
+void BasicTab::updateDependentWidgets()
+{
+    m_ui->pushButton_BasicStartInit->setEnabled(
+        m_enabled && m_ui->comboBox_BasicSelfTestLevel->currentIndex() == WaitForCommandLevel);
+    // Also when the device could not be read: it is the way to try again.
+    m_ui->pushButton_BasicReloadBasic->setEnabled(!m_reloading &&
+                                                  m_ui->comboBox_Devices->currentIndex() >= 0);
+}
+
+void BasicTab::ask(QWidget* button, DeviceSession::Request request)
+{
+    m_session->ask([button] { return button->isEnabled(); }, std::move(request));
+}
+
+void BasicTab::perform(const Target& target, const char* name, const QString& success,
+                       const Operation& operation)
+{
+    const Conversation conversation;
+    if (m_reporter->succeeded(target, name, operation(target)))
+        m_reporter->showMessage(success);
+}
+
+void BasicTab::setIdClicked()
+{
+    ask(m_ui->pushButton_BasicSetID, [this](const Target& target) {
+        bool accepted = false;
+        const int chosen =
+            QInputDialog::getInt(m_window, Program::title(), tr("Please input new node id:"),
+                                 target.node, MinNewId, MaxNewId, 1, &accepted);
+        const auto newNode = static_cast<std::uint8_t>(chosen);
+        if (accepted && newNode != target.node && m_session->holds(target))
+            changeId(target, newNode);
+    });
+}
+
+void BasicTab::changeId(const Target& target, std::uint8_t newNode)
+{
+    const Conversation conversation;
+    if (!m_reporter->succeeded(target, "setID", target->setID(target.node, newNode)))
+        return;
+    clear();
+    m_ui->comboBox_Devices->clear();
+    setWidgetsEnabled(false); // they act on the current entry, and there is none
+    const QString text =
+        target->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
+            ? tr("node id changed from '0x%1' to '0x%2', please wait for device rebooting then "
+                 "rescan devices")
+            : tr("node id changed from '0x%1' to '0x%2', need to rescan devices");
+    m_reporter->showMessage(
+        text.arg(StatusReporter::hex(target.node), StatusReporter::hex(newNode)));
+}
+
+void BasicTab::beepClicked()
+{
+    ask(m_ui->pushButton_BasicBeep, [this](const Target& target) {
+        perform(target, "beep", tr("Beep succeeded"),
+                [](const Target& t) { return t->beep(t.node, BeepMs); });
+    });
+}
+
+void BasicTab::setSelfTestLevelClicked()
+{
+    const int level = m_ui->comboBox_BasicSelfTestLevel->currentIndex();
+    ask(m_ui->pushButton_BasicSetSelfTestLevel, [this, level](const Target& target) {
+        if (static_cast<unsigned>(level) > MaxSelfTestLevel) {
+            QMessageBox::information(m_window, Program::title(),
+                                     tr("Invalid self-test level '%1'").arg(level));
+            return;
+        }
+        perform(target, "setSelfTestLevel", tr("Set self-test level succeeded"),
+                [level](const Target& t) {
+                    return t->setSelfTestLevel(t.node, static_cast<std::uint8_t>(level));
+                });
+    });
+}
+
+void BasicTab::setBeepSwitchClicked()
+{
+    const int on = m_ui->comboBox_BasicBeepSwitch->currentIndex();
+    ask(m_ui->pushButton_BasicSetBeepSwitch, [this, on](const Target& target) {
+        if (static_cast<unsigned>(on) > MaxBeepSwitch) {
+            QMessageBox::information(m_window, Program::title(),
+                                     tr("Invalid beep switch level '%d'"));
+            return;
+        }
+        perform(target, "setBeepSwitch", tr("Set beep switch succeeded"), [on](const Target& t) {
+            return t->setBeepSwitch(t.node, static_cast<std::uint8_t>(on));
+        });
+    });
+}
+
+void BasicTab::startInitClicked()
+{
+    ask(m_ui->pushButton_BasicStartInit, [this](const Target& target) {
+        perform(target, "startInit", tr("Start init succeeded"),
+                [](const Target& t) { return t->startInit(t.node); });
+    });
+}
+
+void BasicTab::resetClicked()
+{
+    ask(m_ui->pushButton_BasicReset, [this](const Target& target) {
+        perform(target, "reset", tr("Reset succeeded"),
+                [](const Target& t) { return t->reset(t.node, ResetMode); });
+    });
+}

@@ -1,0 +1,141 @@
+#include "deviceconnector.h"
+
+#include "conversation.h"
+#include "deviceentry.h"
+#include "pagetimers.h"
+#include "portlist.h"
+#include "program.h"
+#include "tabroom.h"
+#include "ui_mainwindow.h"
+
+#include <QMessageBox>
+#include <QSignalBlocker>
+
+namespace
+{
+constexpr std::uint8_t ForceProbeFinger = 1;
+}
+
+DeviceConnector::DeviceConnector(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
+                                 PageTimers* timers, std::vector<TabRoom*> tabs)
+    : m_ui(ui), m_window(window), m_session(session), m_timers(timers), m_tabs(std::move(tabs))
+{
+}
+
+void DeviceConnector::refreshClicked()
+{
+    m_session->stopAtOnce();
+    m_session->whenQuiet(DeviceSession::Change::RefreshPorts, [this] { refresh(); });
+}
+
+void DeviceConnector::refresh()
+{
+    leaveDevice();
+    const QSignalBlocker noPortChange(m_ui->comboBox_Ports);
+    m_ui->comboBox_Ports->clear();
+    m_ui->comboBox_Devices->clear();
+    for (const PortEntry& port : availablePorts())
+        m_ui->comboBox_Ports->addItem(port.text(), port.name);
+    showForcePage(false);
+}
+
+void DeviceConnector::portChanged()
+{
+    m_session->stopAtOnce();
+    m_session->whenQuiet(DeviceSession::Change::Port, [this] {
+        leaveDevice();
+        m_ui->comboBox_Devices->clear();
+    });
+}
+
+void DeviceConnector::deviceChanged(int index)
+{
+    // While a scan fills the list it is disabled, and filling it opens nothing.
+    if (!m_ui->comboBox_Devices->isEnabled() || index < 0)
+        return;
+    m_session->stopAtOnce();
+    m_session->whenQuiet(DeviceSession::Change::Device, [this] { openCurrentDevice(); });
+}
+
+void DeviceConnector::leaveDevice()
+{
+    m_session->closeIfConnected();
+    for (TabRoom* tab : m_tabs)
+        tab->clear();
+    for (TabRoom* tab : m_tabs)
+        tab->setWidgetsEnabled(false);
+}
+
+void DeviceConnector::openCurrentDevice()
+{
+    if (m_ui->comboBox_Devices->currentIndex() < 0)
+        return;
+    leaveDevice();
+    const auto adapter = adapterOfCurrentEntry();
+    if (!adapter)
+        return;
+    m_session->setAdapter(adapter);
+    const auto target = m_session->target();
+    if (!target)
+        return;
+    // Whether the port opens is told by the reads that follow.
+    adapter->connect(currentPortName().toUtf8().constData(), Program::BaudRate);
+    const bool forceSensing = probeForceSensing(*target);
+    if (!m_session->holds(*target))
+        return;
+    m_session->setForceSensing(forceSensing);
+    showForcePage(forceSensing);
+    for (TabRoom* tab : m_tabs) {
+        tab->reload();
+        if (!m_session->holds(*target))
+            return;
+    }
+    m_timers->followCurrentPage();
+}
+
+std::shared_ptr<VantoProtocol> DeviceConnector::adapterOfCurrentEntry()
+{
+    DeviceAddress address;
+    switch (parseDeviceEntry(m_ui->comboBox_Devices->currentText(), address)) {
+    case EntryFault::UnknownProtocolType:
+        showCritical(tr("Unknown device protocol type"));
+        return {};
+    case EntryFault::UnknownProtocolVersion:
+        showCritical(tr("Unknown device protocol version"));
+        return {};
+    case EntryFault::UnknownDeviceName:
+        showCritical(tr("Unknown device name"));
+        return {};
+    case EntryFault::None:
+        break;
+    }
+    auto adapter = VantoProtocol::getProtocolInstance(address.type, address.major, address.minor);
+    if (!adapter)
+        showCritical(tr("Unsupported protocol version"));
+    return adapter;
+}
+
+bool DeviceConnector::probeForceSensing(const DeviceSession::Target& target)
+{
+    const Conversation conversation;
+    std::uint16_t force = 0;
+    return target->getFingerForce(target.node, ForceProbeFinger, &force, 1) == ResultCode::Success;
+}
+
+void DeviceConnector::showForcePage(bool visible)
+{
+    // Hiding the current page would make its neighbour current.
+    if (!visible && m_ui->tabWidget->currentWidget() == m_ui->tab_Force)
+        m_ui->tabWidget->setCurrentWidget(m_ui->tab_Basic);
+    m_ui->tabWidget->setTabVisible(m_ui->tabWidget->indexOf(m_ui->tab_Force), visible);
+}
+
+QString DeviceConnector::currentPortName() const
+{
+    return m_ui->comboBox_Ports->currentData().toString();
+}
+
+void DeviceConnector::showCritical(const QString& text)
+{
+    QMessageBox::critical(m_window, Program::title(), text);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "devicesession.h"
+
+#include <QCoreApplication>
+
+class PageTimers;
+class TabRoom;
+namespace Ui
+{
+class MainWindow;
+}
+
+/// The Ports and Devices lists: fills the first, opens the device of the second's current entry.
+class DeviceConnector
+{
+    Q_DECLARE_TR_FUNCTIONS(DeviceConnector)
+public:
+    /// `tabs` in the order in which they are reloaded.
+    DeviceConnector(Ui::MainWindow* ui, QWidget* window, DeviceSession* session, PageTimers* timers,
+                    std::vector<TabRoom*> tabs);
+
+    void refreshClicked();
+    void portChanged();
+    void deviceChanged(int index);
+
+    /// Closes what is open; nothing that the tabs show is true any more.
+    void leaveDevice();
+    /// Opens the device of the current entry and reloads all tabs.
+    void openCurrentDevice();
+    /// What the current Ports entry is opened by.
+    QString currentPortName() const;
+
+private:
+    void refresh();
+    std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
+    bool probeForceSensing(const DeviceSession::Target& target);
+    void showForcePage(bool visible);
+    void showCritical(const QString& text);
+
+    Ui::MainWindow* m_ui;
+    QWidget* m_window;
+    DeviceSession* m_session;
+    PageTimers* m_timers;
+    std::vector<TabRoom*> m_tabs;
+};

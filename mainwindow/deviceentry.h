@@ -1,0 +1,30 @@
+#pragma once
+
+#include "vantoprotocol.h"
+
+#include <QString>
+
+/// One hand in the Devices list. The entry's text is made here and read back here.
+struct DeviceEntry {
+    std::uint8_t node = 0;
+    QString protocolName;
+    std::uint8_t firmwareMajor = 0;
+    std::uint8_t firmwareMinor = 0;
+    std::uint16_t firmwareRevision = 0;
+    std::uint8_t protocolMajor = 0;
+    std::uint8_t protocolMinor = 0;
+
+    QString text() const;
+};
+
+/// What is needed to open the device of an entry.
+struct DeviceAddress {
+    PROTOCOL_TYPE type = PROTOCOL_TYPE_SERIALCTRL;
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+};
+
+enum class EntryFault { None, UnknownProtocolType, UnknownProtocolVersion, UnknownDeviceName };
+
+/// Reads an entry's text. `address` is complete only when the result is None.
+EntryFault parseDeviceEntry(const QString& text, DeviceAddress& address);

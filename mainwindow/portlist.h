@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/// A serial port as the Ports list shows it.
+struct PortEntry {
+    QString name;        ///< what the port is opened by
+    QString description; ///< shown in brackets
+
+    QString text() const { return QStringLiteral("%1 (%2)").arg(name, description); }
+};
+
+/// The system's ports in the system's order, then those of the environment variable VANTO_PORTS:
+/// paths separated by ':' for ports that the system does not list (pseudo-terminals, links under
+/// /dev/serial/by-id, links made by serial-over-network tools).
+QList<PortEntry> availablePorts();

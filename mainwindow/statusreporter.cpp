@@ -1,0 +1,68 @@
+#include "statusreporter.h"
+
+#include "elidedlabel.h"
+
+#include <QStatusBar>
+#include <QTimer>
+
+namespace
+{
+constexpr int ShownMs = 2000;
+}
+
+StatusReporter::StatusReporter(QStatusBar* statusBar, const DeviceSession* session)
+    : QObject(statusBar),
+      m_statusBar(statusBar),
+      m_session(session),
+      m_errorLabel(new ElidedLabel(statusBar))
+{
+    // The name exempts the label from the colours of the style sheets.
+    m_errorLabel->setObjectName("label_StatusError");
+    m_errorLabel->setAccessibleName(tr("Error"));
+    m_statusBar->addPermanentWidget(m_errorLabel);
+}
+
+void StatusReporter::showMessage(const QString& text)
+{
+    m_statusBar->showMessage(text, ShownMs);
+}
+
+void StatusReporter::showError(const QString& text, const QColor& colour)
+{
+    QPalette palette = m_errorLabel->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    m_errorLabel->setPalette(palette);
+    m_errorLabel->setText(text);
+    QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] { label->setText({}); });
+}
+
+bool StatusReporter::succeeded(const DeviceSession::Target& target, const char* operation,
+                               std::uint8_t result, Timeouts timeouts)
+{
+    if (!m_session->holds(target))
+        return false;
+    if (result == ResultCode::Success)
+        return true;
+    reportFailure(target, operation, result, timeouts);
+    return false;
+}
+
+void StatusReporter::reportFailure(const DeviceSession::Target& target, const char* operation,
+                                   std::uint8_t result, Timeouts timeouts)
+{
+    if (result == ResultCode::Timeout && timeouts == Timeouts::Named) {
+        showError(tr("Timeout for %1 node '0x%2'...")
+                      .arg(QLatin1String(target->protocolName()), hex(target.node)));
+        return;
+    }
+    const std::uint8_t subError = target->getNodeError(target.node);
+    if (!m_session->holds(target))
+        return;
+    showError(tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
+                  .arg(QLatin1String(operation), hex(target.node), hex(result), hex(subError)));
+}
+
+QString StatusReporter::hex(unsigned number)
+{
+    return QStringLiteral("%1").arg(number, 2, 16, QLatin1Char('0'));
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QStringList>
+
+class QWidget;
+
+/// The colour theme: a style sheet among the program's resources, its name kept in setting.ini
+/// in the working directory.
+namespace Theme
+{
+/// The names of the themes, the default first.
+QStringList names();
+/// Applies the stored theme; without one, the default is stored first.
+void applyStored();
+/// Lets the user choose a theme, stores it and applies it.
+void choose(QWidget* parent);
+} // namespace Theme

@@ -1,0 +1,45 @@
+#include "conversation.h"
+
+namespace
+{
+int s_depth = 0;
+bool s_exchanging = false;
+} // namespace
+
+Conversation::Conversation()
+{
+    ++s_depth;
+}
+
+Conversation::~Conversation()
+{
+    if (--s_depth == 0)
+        emit ConversationMonitor::instance().sig_quiet();
+}
+
+bool Conversation::busy()
+{
+    return s_depth > 0;
+}
+
+ConversationMonitor& ConversationMonitor::instance()
+{
+    static ConversationMonitor monitor;
+    return monitor;
+}
+
+Exchange::Exchange()
+{
+    Q_ASSERT_X(!s_exchanging, "Exchange", "another exchange is under way");
+    s_exchanging = true;
+}
+
+Exchange::~Exchange()
+{
+    s_exchanging = false;
+}
+
+bool Exchange::active()
+{
+    return s_exchanging;
+}

@@ -1,0 +1,76 @@
+#include "serialportqt.h"
+
+namespace
+{
+constexpr std::int64_t Failed = -1;
+}
+
+SerialPortQT::SerialPortQT()
+{
+    QObject::connect(&m_port, &QSerialPort::errorOccurred, &m_port,
+                     [this](QSerialPort::SerialPortError error) { handleError(error); });
+}
+
+SerialPortQT::~SerialPortQT()
+{
+    close();
+}
+
+std::int64_t SerialPortQT::bytesAvailable()
+{
+    return m_port.isOpen() ? m_port.bytesAvailable() : Failed;
+}
+
+std::int64_t SerialPortQT::read(std::uint8_t* buffer, std::uint32_t length)
+{
+    return m_port.isOpen() ? m_port.read(reinterpret_cast<char*>(buffer), length) : Failed;
+}
+
+std::int64_t SerialPortQT::write(const std::uint8_t* buffer, std::uint32_t length)
+{
+    return m_port.isOpen() ? m_port.write(reinterpret_cast<const char*>(buffer), length) : Failed;
+}
+
+bool SerialPortQT::open(const char* name, std::uint32_t baudRate)
+{
+    if (m_port.isOpen())
+        return false;
+    m_port.setPortName(QString::fromUtf8(name));
+    m_port.setBaudRate(static_cast<qint32>(baudRate));
+    m_port.setParity(QSerialPort::NoParity);
+    m_port.setDataBits(QSerialPort::Data8);
+    m_port.setStopBits(QSerialPort::OneStop);
+    m_port.setFlowControl(QSerialPort::NoFlowControl);
+    ++m_opening;
+    return m_port.open(QIODevice::ReadWrite);
+}
+
+void SerialPortQT::close()
+{
+    if (m_port.isOpen())
+        m_port.close();
+}
+
+void SerialPortQT::clear()
+{
+    if (m_port.isOpen())
+        m_port.clear(QSerialPort::AllDirections);
+}
+
+void SerialPortQT::handleError(QSerialPort::SerialPortError error)
+{
+    if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !m_port.isOpen())
+        return;
+    if (m_closingFor == m_opening)
+        return;
+    m_closingFor = m_opening;
+    // Closing inside the port's own signal is not safe; by the time of the queued call the port
+    // may have been opened anew, and that opening is not to be closed.
+    QMetaObject::invokeMethod(
+        &m_port,
+        [this, opening = m_opening] {
+            if (opening == m_opening)
+                close();
+        },
+        Qt::QueuedConnection);
+}

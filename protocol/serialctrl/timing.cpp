@@ -1,0 +1,23 @@
+#include "timing.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QEventLoop>
+
+namespace
+{
+constexpr int EventSliceMs = 10; ///< longest stretch of event processing before the clock is read
+}
+
+std::uint32_t GetMilliSecondsImpl()
+{
+    static const qint64 start = QDateTime::currentMSecsSinceEpoch();
+    return static_cast<std::uint32_t>(QDateTime::currentMSecsSinceEpoch() - start);
+}
+
+void DelayMilliSecondsImpl(std::uint32_t milliseconds)
+{
+    const QTime target = QTime::currentTime().addMSecs(static_cast<int>(milliseconds));
+    while (QTime::currentTime() < target)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, EventSliceMs);
+}

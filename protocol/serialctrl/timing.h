@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstdint>
+
+/// Milliseconds since the first call, modulo 2^32.
+std::uint32_t GetMilliSecondsImpl();
+
+/// Lets `milliseconds` of the time of day pass while events are processed; a delay across
+/// midnight ends early.
+void DelayMilliSecondsImpl(std::uint32_t milliseconds);

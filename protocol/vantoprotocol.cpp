@@ -1,0 +1,3 @@
+#include "vantoprotocol.h"
+
+VantoProtocol::~VantoProtocol() = default;
