@@ -24,6 +24,8 @@ StatusReporter::StatusReporter(QStatusBar* statusBar, const DeviceSession* sessi
 
 void StatusReporter::showMessage(const QString& text)
 {
+    // Shown again, the same text would keep the time that is left of the first showing.
+    m_statusBar->clearMessage();
     m_statusBar->showMessage(text, ShownMs);
 }
 

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "faults.h"
+#include "hand.h"
+#include "line.h"
+#include "trace.h"
+
+#include <vector>
+
+namespace simulator
+{
+
+enum class Protocol { SerialCtrl };
+
+struct Node {
+    Protocol protocol;
+    Hand hand;
+};
+
+struct BusStatistics {
+    quint64 requests = 0; // whole frames with a good checksum, also those for absent nodes
+    quint64 replies = 0;
+    quint64 overlaps = 0;
+    quint64 dropped = 0; // replies that a fault or the hang kept back for good
+    quint64 bad = 0;     // frames with a wrong checksum
+};
+
+// The hands on one line: takes requests from the wire, lets the hands answer, and lets armed
+// faults spoil the replies.
+class Bus : public QObject
+{
+    Q_OBJECT
+
+public:
+    Bus(std::vector<Node> nodes, Line& line, Trace& trace, QObject* parent = nullptr);
+
+    Hand* find(quint8 id);
+    std::vector<Node>& nodes() { return m_nodes; }
+    FaultList& faults() { return m_faults; }
+    void setHung(bool hung) { m_hung = hung; }
+    const BusStatistics& statistics() const { return m_statistics; }
+
+private:
+    void receive(const QByteArray& bytes, Moment began);
+    void note(const ReceivedFrame& received);
+    void answer(const Frame& request);
+    std::vector<Hand*> addressed(quint8 destination);
+    void deliver(const Frame& reply, quint8 node, const Fault& fault);
+    void send(const QByteArray& bytes, quint8 node, const QString& fault, bool awaited);
+    void withhold(quint8 node, const QString& fault);
+    void forgetReplies();
+
+    std::vector<Node> m_nodes;
+    Line& m_line;
+    Trace& m_trace;
+    FrameReceiver m_receiver;
+    FaultList m_faults;
+    BusStatistics m_statistics;
+    bool m_hung = false;
+    int m_repliesUnderWay = 0;
+    Moment m_lastReplyWritten{};
+    std::unique_ptr<QObject> m_delayedReplies; // context of their timers
+};
+
+} // namespace simulator

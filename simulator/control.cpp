@@ -1,0 +1,192 @@
+#include "control.h"
+
+#include "numbers.h"
+#include "properties.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace simulator
+{
+namespace
+{
+const QString ok = QStringLiteral("ok");
+
+QString failure(const QString& reason)
+{
+    return QStringLiteral("error: ") + reason;
+}
+
+QString result(const QString& error)
+{
+    return error.isEmpty() ? ok : failure(error);
+}
+
+QString noSuchNode(const QString& word)
+{
+    return failure(QStringLiteral("no hand at node '%1'").arg(word));
+}
+} // namespace
+
+struct Control::Entry {
+    const char* name;
+    const char* usage;
+    const char* meaning;
+    int minWords;
+    int maxWords;
+    QString (Control::*run)(const QStringList&);
+};
+
+constexpr int anyWords = 100;
+
+const Control::Entry Control::entries[] = {
+    {"fault", "NAME [node=N] [command=0xNN] [skip=K] [count=K] [ms=T] [error=0xNN] [bytes=K]",
+     "spoil the next count replies (default 1, 0 without end) after letting skip pass", 1, anyWords,
+     &Control::fault},
+    {"clear", "", "remove all faults", 0, 0, &Control::clear},
+    {"hang", "[off]", "answer nothing at all, until off", 0, 1, &Control::hang},
+    {"unplug", "", "close the port", 0, 0, &Control::unplug},
+    {"replug", "", "open a new port; answers its path", 0, 0, &Control::replug},
+    {"power-cycle", "[NODE]", "switch a hand, or all, off and on again", 0, 1,
+     &Control::powerCycle},
+    {"set", "NODE NAME [FINGER] VALUE", "set a value; auto ends a set current or force", 3, 4,
+     &Control::set},
+    {"get", "NODE NAME [FINGER]", "answer a value", 2, 3, &Control::get},
+    {"stats", "", "answer counts of frames", 0, 0, &Control::stats},
+    {"help", "", "show this", 0, 0, &Control::showHelp},
+    {"quit", "", "end", 0, 0, &Control::quit},
+};
+
+Control::Control(Bus& bus, Line& line, QObject* parent) : QObject(parent), m_bus(bus), m_line(line)
+{
+}
+
+QString Control::execute(const QString& command)
+{
+    const QStringList words = command.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (words.isEmpty())
+        return failure(QStringLiteral("empty command"));
+    const auto* const entry = std::ranges::find_if(
+        entries, [&words](const Entry& e) { return words.first() == QLatin1String(e.name); });
+    if (entry == std::end(entries))
+        return failure(QStringLiteral("unknown command '%1'; try help").arg(words.first()));
+    const QStringList arguments = words.sliced(1);
+    if (arguments.size() < entry->minWords || arguments.size() > entry->maxWords)
+        return failure(QStringLiteral("usage: %1 %2")
+                           .arg(QLatin1String(entry->name), QLatin1String(entry->usage))
+                           .trimmed());
+    return (this->*entry->run)(arguments);
+}
+
+QString Control::help()
+{
+    const QString separator = QStringLiteral(" ");
+    QString text = QStringLiteral("Commands on standard input, one per line; each is answered by "
+                                  "\"ok\" or \"error: ...\":\n");
+    for (const Entry& entry : entries) {
+        const QString usage =
+            QLatin1String(entry.name) + QLatin1Char(' ') + QLatin1String(entry.usage);
+        text +=
+            QStringLiteral("  %1\n      %2\n").arg(usage.trimmed(), QLatin1String(entry.meaning));
+    }
+    text += QStringLiteral("Faults: %1\n").arg(faultHelp());
+    text += QStringLiteral("Names: %1\n").arg(handPropertyNames().join(separator));
+    text += QStringLiteral("Names with a finger: %1\n").arg(fingerPropertyNames().join(separator));
+    return text;
+}
+
+QString Control::fault(const QStringList& words)
+{
+    return result(m_bus.faults().arm(words));
+}
+
+QString Control::clear(const QStringList&)
+{
+    m_bus.faults().clear();
+    return ok;
+}
+
+QString Control::hang(const QStringList& words)
+{
+    const QString state = words.value(0, QStringLiteral("on"));
+    const bool off = state == QLatin1String("off");
+    if (!off && state != QLatin1String("on"))
+        return failure(QStringLiteral("hang takes off or nothing"));
+    m_bus.setHung(!off);
+    return ok;
+}
+
+QString Control::unplug(const QStringList&)
+{
+    if (!m_line.isPlugged())
+        return failure(QStringLiteral("not plugged"));
+    m_line.unplug();
+    return ok;
+}
+
+QString Control::replug(const QStringList&)
+{
+    if (m_line.isPlugged())
+        return failure(QStringLiteral("already plugged"));
+    const QString error = m_line.plug();
+    return error.isEmpty() ? QStringLiteral("ok ") + m_line.path() : failure(error);
+}
+
+QString Control::powerCycle(const QStringList& words)
+{
+    const Moment now = Clock::now();
+    if (words.isEmpty()) {
+        for (Node& node : m_bus.nodes())
+            node.hand.powerCycle(now);
+        return ok;
+    }
+    Hand* const hand = findNode(words.first());
+    if (hand == nullptr)
+        return noSuchNode(words.first());
+    hand->powerCycle(now);
+    return ok;
+}
+
+QString Control::set(const QStringList& words)
+{
+    Hand* const hand = findNode(words.first());
+    return hand == nullptr ? noSuchNode(words.first())
+                           : writeProperty(*hand, words.sliced(1), Clock::now());
+}
+
+QString Control::get(const QStringList& words)
+{
+    Hand* const hand = findNode(words.first());
+    return hand == nullptr ? noSuchNode(words.first())
+                           : readProperty(*hand, words.sliced(1), Clock::now());
+}
+
+QString Control::stats(const QStringList&)
+{
+    const BusStatistics& counted = m_bus.statistics();
+    return QStringLiteral("ok requests=%1 replies=%2 overlaps=%3 dropped=%4 bad=%5")
+        .arg(counted.requests)
+        .arg(counted.replies)
+        .arg(counted.overlaps)
+        .arg(counted.dropped)
+        .arg(counted.bad);
+}
+
+QString Control::showHelp(const QStringList&)
+{
+    return help() + ok;
+}
+
+QString Control::quit(const QStringList&)
+{
+    emit quitRequested();
+    return ok;
+}
+
+Hand* Control::findNode(const QString& word)
+{
+    const std::optional<qint64> id = parseInteger(word, 0, 0xFF);
+    return id ? m_bus.find(static_cast<quint8>(*id)) : nullptr;
+}
+
+} // namespace simulator

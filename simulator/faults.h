@@ -1,0 +1,56 @@
+#pragma once
+
+#include "framecodec.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <list>
+
+namespace simulator
+{
+
+struct FaultKind;
+
+// A fault that waits for its requests.
+struct Fault {
+    const FaultKind* kind = nullptr;
+    std::optional<quint8> node;
+    std::optional<quint8> command;
+    int skip = 0;
+    int count = 1; // 0 is without end
+    std::chrono::milliseconds delay{80};
+    quint8 error = 0x21;
+    std::optional<qsizetype> bytes;
+};
+
+// What becomes of a reply on its way.
+struct Delivery {
+    QByteArray bytes; // empty: nothing is sent
+    std::chrono::milliseconds delay{0};
+};
+
+struct FaultKind {
+    const char* name;
+    bool refuses; // the hand does not carry the request out
+    Delivery (*deliver)(const Frame& reply, const Fault& fault);
+};
+
+class FaultList
+{
+public:
+    // `words` are the fault's name and its parameters. Returns the reason of a failure.
+    QString arm(const QStringList& words);
+    void clear() { m_armed.clear(); }
+
+    // The fault that hits this request; it is used up accordingly.
+    std::optional<Fault> take(quint8 node, quint8 command);
+
+private:
+    std::list<Fault> m_armed;
+};
+
+// One line per fault for the user.
+QString faultHelp();
+
+} // namespace simulator

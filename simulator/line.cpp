@@ -1,0 +1,34 @@
+#include "line.h"
+
+namespace simulator
+{
+
+Line::Line(quint32 baud, const QString& linkPath, QObject* parent)
+    : QObject(parent), m_link(linkPath), m_wire(baud)
+{
+    connect(&m_wire, &Wire::aboutToRead, this, [this] { m_terminal.noteRequest(); });
+    connect(&m_wire, &Wire::written, this, [this] { m_terminal.discardUnheard(); });
+}
+
+QString Line::plug()
+{
+    QString error = m_terminal.open();
+    if (error.isEmpty())
+        error = m_link.pointTo(m_terminal.path());
+    if (!error.isEmpty()) {
+        m_terminal.close();
+        return error;
+    }
+    m_wire.attach(m_terminal.master());
+    return {};
+}
+
+void Line::unplug()
+{
+    m_link.remove();
+    m_wire.detach();
+    m_terminal.close();
+    emit unplugged();
+}
+
+} // namespace simulator

@@ -1,0 +1,89 @@
+#include "control.h"
+#include "options.h"
+#include "standardinput.h"
+
+#include <QCoreApplication>
+
+#include <csignal>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr int usageStatus = 2;
+
+void print(std::FILE* stream, const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fflush(stream);
+}
+
+int fail(const QString& reason)
+{
+    print(stderr, QStringLiteral("vanto-hand: %1\n").arg(reason));
+    return usageStatus;
+}
+
+// A closed standard stream would hand its number to the port.
+void keepStandardStreams()
+{
+    int descriptor = ::open("/dev/null", O_RDWR);
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO)
+        descriptor = ::dup(descriptor);
+    if (descriptor > STDERR_FILENO)
+        ::close(descriptor);
+}
+
+int serve(const simulator::Options& options)
+{
+    simulator::Trace trace(simulator::Clock::now());
+    if (!options.tracePath.isEmpty()) {
+        const QString error = trace.open(options.tracePath);
+        if (!error.isEmpty())
+            return fail(error);
+    }
+
+    std::vector<simulator::Node> nodes;
+    for (const auto& node : options.nodes)
+        nodes.push_back({node.protocol, simulator::Hand(node.id, options.traits)});
+    simulator::Line line(options.baud, options.linkPath);
+    simulator::Bus bus(std::move(nodes), line, trace);
+    simulator::Control control(bus, line);
+    const QString error = line.plug();
+    if (!error.isEmpty())
+        return fail(error);
+    print(stdout, line.path() + QLatin1Char('\n'));
+
+    StandardInput input;
+    QObject::connect(&input, &StandardInput::line, &control, [&control](const QString& text) {
+        print(stdout, control.execute(text) + QLatin1Char('\n'));
+    });
+    if (!options.outlivesInput)
+        QObject::connect(&input, &StandardInput::ended, qApp, &QCoreApplication::quit);
+    QObject::connect(&control, &simulator::Control::quitRequested, qApp, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    const TerminationWatch termination;
+    QObject::connect(&termination, &TerminationWatch::requested, qApp, &QCoreApplication::quit);
+    return QCoreApplication::exec();
+}
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    keepStandardStreams();
+    std::signal(SIGPIPE, SIG_IGN);
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("vanto-hand"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VANTO_VERSION));
+
+    const auto parsed = simulator::parseOptions(QCoreApplication::arguments());
+    if (const auto* const error = std::get_if<simulator::OptionError>(&parsed))
+        return fail(error->reason);
+    if (const auto* const shown = std::get_if<simulator::OptionText>(&parsed)) {
+        print(stdout, shown->text);
+        return 0;
+    }
+    return serve(std::get<simulator::Options>(parsed));
+}

@@ -1,0 +1,165 @@
+#include "pseudoterminal.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace simulator
+{
+namespace
+{
+constexpr std::size_t maxPathLength = 64;
+constexpr std::size_t eventBufferSize = 4096;
+constexpr quint32 closedMask = IN_CLOSE_WRITE | IN_CLOSE_NOWRITE;
+
+QString failure(const char* what)
+{
+    return QStringLiteral("cannot %1: %2")
+        .arg(QLatin1String(what), QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+void closeDescriptor(int& descriptor)
+{
+    if (descriptor >= 0)
+        ::close(std::exchange(descriptor, -1));
+}
+
+bool makeRaw(int descriptor)
+{
+    termios settings{};
+    if (::tcgetattr(descriptor, &settings) != 0)
+        return false;
+    ::cfmakeraw(&settings);
+    settings.c_cflag |= CLOCAL | CREAD;
+    return ::tcsetattr(descriptor, TCSANOW, &settings) == 0;
+}
+
+bool hasOpen(const QString& processDirectory, const QByteArray& path)
+{
+    const QByteArray base = QFile::encodeName(processDirectory) + "/fd/";
+    const QStringList descriptors =
+        QDir(QFile::decodeName(base)).entryList(QDir::Files | QDir::System);
+    for (const QString& descriptor : descriptors) {
+        std::array<char, maxPathLength> target{};
+        const QByteArray entry = base + descriptor.toLatin1();
+        const ssize_t length = ::readlink(entry.constData(), target.data(), target.size());
+        if (length > 0 && path == QByteArrayView(target.data(), length))
+            return true;
+    }
+    return false;
+}
+
+// Processes of other users cannot be looked into and count as not using it.
+bool usedByOthers(const QString& path)
+{
+    const QByteArray device = QFile::encodeName(path);
+    const QString self = QString::number(::getpid());
+    const QStringList processes =
+        QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
+    for (const QString& process : processes) {
+        if (process != self && hasOpen(QStringLiteral("/proc/") + process, device))
+            return true;
+    }
+    return false;
+}
+} // namespace
+
+QString PseudoTerminal::open()
+{
+    QString error = openBothSides();
+    if (!error.isEmpty()) {
+        close();
+        return error;
+    }
+    watchUsers();
+    return {};
+}
+
+void PseudoTerminal::close()
+{
+    m_usersChanged.reset();
+    closeDescriptor(m_watch);
+    closeDescriptor(m_slave);
+    closeDescriptor(m_master);
+    m_path.clear();
+    m_used = false;
+}
+
+QString PseudoTerminal::openBothSides()
+{
+    m_master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (m_master < 0 || ::grantpt(m_master) != 0 || ::unlockpt(m_master) != 0)
+        return failure("open a pseudo-terminal");
+    std::array<char, maxPathLength> name{};
+    if (::ptsname_r(m_master, name.data(), name.size()) != 0)
+        return failure("name the pseudo-terminal");
+    m_path = QFile::decodeName(name.data());
+    m_slave = ::open(name.data(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (m_slave < 0 || !makeRaw(m_slave))
+        return failure("set up the pseudo-terminal");
+    return {};
+}
+
+void PseudoTerminal::watchUsers()
+{
+    m_watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    if (m_watch < 0)
+        return;
+    ::inotify_add_watch(m_watch, QFile::encodeName(m_path).constData(), IN_OPEN | closedMask);
+    m_usersChanged = std::make_unique<QSocketNotifier>(m_watch, QSocketNotifier::Read);
+    QObject::connect(m_usersChanged.get(), &QSocketNotifier::activated, [this] { serviceUsers(); });
+}
+
+void PseudoTerminal::noteRequest()
+{
+    const bool someoneLeft = serviceUsers();
+    m_used = m_used || !someoneLeft;
+}
+
+void PseudoTerminal::discardUnheard()
+{
+    serviceUsers();
+    if (!m_used)
+        ::tcflush(m_slave, TCIFLUSH);
+}
+
+// Follows who opens and closes the far side. When its last user has gone, the exclusive lock that
+// a killed user leaves is released and nothing unread is kept for the next one. True if anyone
+// has closed it.
+bool PseudoTerminal::serviceUsers()
+{
+    alignas(inotify_event) std::array<char, eventBufferSize> buffer{};
+    quint32 seen = 0;
+    ssize_t length = 0;
+    while ((length = ::read(m_watch, buffer.data(), buffer.size())) > 0) {
+        for (ssize_t at = 0; at < length; at += static_cast<ssize_t>(sizeof(inotify_event))) {
+            inotify_event event{};
+            std::memcpy(&event, buffer.data() + at, sizeof event);
+            seen |= event.mask;
+        }
+    }
+    // Events of the same kind are merged by the kernel, so counting them would go astray.
+    const bool someoneLeft = (seen & closedMask) != 0;
+    if ((seen & IN_OPEN) != 0)
+        m_used = true;
+    if (someoneLeft && !usedByOthers(m_path)) {
+        ::ioctl(m_slave, TIOCNXCL);
+        makeRaw(m_slave);
+        ::tcflush(m_slave, TCIFLUSH);
+        m_used = false;
+    }
+    return someoneLeft;
+}
+
+} // namespace simulator

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "moment.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QStringList>
+
+namespace simulator
+{
+
+// Writes one line per frame: milliseconds since the start, direction as the hand sees it,
+// protocol, node, bytes, marks.
+class Trace
+{
+public:
+    explicit Trace(Moment start) : m_start(start) {}
+
+    // "-" is standard error. Returns the reason of a failure, else nothing.
+    QString open(const QString& path);
+
+    void received(quint8 node, const QByteArray& bytes, const QStringList& marks);
+    void sent(quint8 node, const QByteArray& bytes, const QStringList& marks);
+    void withheld(quint8 node, const QString& fault);
+
+private:
+    void line(const char* direction, quint8 node, const QByteArray& bytes,
+              const QStringList& marks);
+
+    Moment m_start;
+    QFile m_file;
+};
+
+QString faultMark(const QString& fault);
+
+} // namespace simulator

@@ -1,0 +1,187 @@
+#include "handprocess.h"
+#include "windowdriver.h"
+
+#include <QTimer>
+
+/// What may arrive while an exchange waits, in the real window. The hands at nodes 2 and 3
+/// answer late, so that there is time to do it.
+class TestDoors : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void clicksWait();
+    void reloadsAreJoined();
+    void deviceChangedDuringReload();
+    void leavingDuringReload_data();
+    void leavingDuringReload();
+    void aboutWaitsForTheExchange();
+    void closingEndsAtOnce_data();
+    void closingEndsAtOnce();
+
+private:
+    static constexpr int ReplyMs = 25;
+    static constexpr int DuringFirstReplyMs = 8;
+
+    void during(std::function<void()> action) const
+    {
+        QTimer::singleShot(DuringFirstReplyMs, m_tool->window(), std::move(action));
+    }
+    /// Node and command of each request, e.g. "02:62".
+    QStringList conversation() const;
+
+    std::unique_ptr<HandProcess> m_hand;
+    std::unique_ptr<WindowDriver> m_tool;
+};
+
+void TestDoors::init()
+{
+    m_hand = std::make_unique<HandProcess>();
+    QVERIFY2(m_hand->start({"--node", "2", "--node", "3"}), qPrintable(m_hand->errorText()));
+    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
+    m_tool->scanFor(2);
+    QCOMPARE(m_hand->command(QString("fault late count=0 ms=%1").arg(ReplyMs)), "ok");
+    m_hand->forgetTrace();
+    m_tool->forgetShownTexts();
+}
+
+void TestDoors::cleanup()
+{
+    for (const TracedFrame& frame : m_hand->trace())
+        QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
+    for (const QString& text : m_tool->shownTexts())
+        QVERIFY2(!text.contains("Timeout"), qPrintable(text));
+    m_tool.reset();
+    m_hand.reset();
+}
+
+QStringList TestDoors::conversation() const
+{
+    QStringList requests;
+    for (const TracedFrame& frame : m_hand->requests())
+        requests.append(QString::fromLatin1(frame.bytes.sliced(2, 1).toHex() + ':' +
+                                            frame.bytes.sliced(4, 1).toHex()));
+    return requests;
+}
+
+void TestDoors::clicksWait()
+{
+    auto* level = m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel");
+    during([&] {
+        level->setCurrentIndex(1);
+        m_tool->click("pushButton_BasicSetSelfTestLevel");
+        level->setCurrentIndex(2);
+        m_tool->click("pushButton_BasicReset");
+        m_tool->click("pushButton_BasicBeep");
+        QCOMPARE(conversation(), QStringList{"02:62"});
+    });
+    m_tool->click("pushButton_BasicBeep");
+    QTRY_COMPARE(conversation(), (QStringList{"02:62", "02:60", "02:40", "02:62"}));
+    QCOMPARE(m_hand->requests()[1].bytes.sliced(6, 1).toHex(), QByteArray("01"));
+    QTRY_COMPARE(m_tool->shownTexts(),
+                 (QStringList{"Beep succeeded", "Set self-test level succeeded", "Reset succeeded",
+                              "Beep succeeded"}));
+}
+
+void TestDoors::reloadsAreJoined()
+{
+    during([&] {
+        for (int i = 0; i < 3; ++i)
+            m_tool->click("pushButton_BasicReloadBasic");
+    });
+    m_tool->click("pushButton_BasicBeep");
+    QTRY_COMPARE(m_tool->shownTexts(), (QStringList{"Beep succeeded", "Basic info loaded"}));
+    QCOMPARE(conversation().size(), 1 + 6);
+}
+
+void TestDoors::deviceChangedDuringReload()
+{
+    during([&] {
+        m_tool->find<QPushButton>("pushButton_BasicBeep")->setEnabled(true);
+        m_tool->click("pushButton_BasicBeep"); // for node 2, and so void after the change
+        m_tool->devices()->setCurrentIndex(1);
+        m_tool->find<QPushButton>("pushButton_BasicReset")->setEnabled(true);
+        m_tool->click("pushButton_BasicReset"); // node 3 is not open yet
+        QCOMPARE(conversation(), QStringList{"02:01"});
+    });
+    m_tool->click("pushButton_BasicReloadBasic");
+    QTRY_COMPARE(m_tool->shownTexts(), QStringList{"Basic info loaded"});
+    QCOMPARE(conversation(),
+             (QStringList{"02:01", "03:08", "03:01", "03:00", "03:02", "03:20", "03:21", "03:03"}));
+    QVERIFY(m_tool->enabled("pushButton_BasicBeep"));
+    m_tool->click("pushButton_BasicBeep");
+    QCOMPARE(conversation().constLast(), "03:62");
+}
+
+void TestDoors::leavingDuringReload_data()
+{
+    QTest::addColumn<bool>("refresh");
+    QTest::newRow("port changed") << false;
+    QTest::newRow("ports refreshed") << true;
+}
+
+void TestDoors::leavingDuringReload()
+{
+    QFETCH(bool, refresh);
+    auto* ports = m_tool->find<QComboBox>("comboBox_Ports");
+    if (ports->count() < 2)
+        ports->addItem("another (port)", "another");
+    during([&] {
+        refresh ? m_tool->click("pushButton_RefreshPorts")
+                : ports->setCurrentIndex(ports->currentIndex() == 0 ? 1 : 0);
+    });
+    m_tool->click("pushButton_BasicReloadBasic");
+    QTRY_COMPARE(m_tool->devices()->count(), 0);
+    QCOMPARE(conversation(), QStringList{"02:01"});
+    QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), QString());
+    QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
+    QVERIFY(!m_tool->enabled("pushButton_BasicReloadBasic"));
+    QCOMPARE(m_tool->shownTexts(), QStringList());
+    QVERIFY(ports->count() > 0);
+}
+
+void TestDoors::aboutWaitsForTheExchange()
+{
+    QStringList shownAtOpening;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        shownAtOpening = m_tool->shownTexts();
+        box->accept();
+    });
+    during([&] { m_tool->trigger("action_About"); });
+    m_tool->click("pushButton_BasicBeep");
+    QTRY_COMPARE(answer.count(), 1);
+    QCOMPARE(shownAtOpening, QStringList{"Beep succeeded"});
+}
+
+void TestDoors::closingEndsAtOnce_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("byMenu");
+    QTest::newRow("scan, Exit") << "pushButton_ScanDevices" << true;
+    QTest::newRow("scan, closed") << "pushButton_ScanDevices" << false;
+    QTest::newRow("reload, Exit") << "pushButton_BasicReloadBasic" << true;
+    QTest::newRow("reload, closed") << "pushButton_BasicReloadBasic" << false;
+}
+
+void TestDoors::closingEndsAtOnce()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, byMenu);
+    int framesAtEnd = -1;
+    QElapsedTimer sinceEnd;
+    QTimer::singleShot(0, m_tool->window(), [&] { m_tool->click(qPrintable(button)); });
+    QTimer::singleShot(90, m_tool->window(), [&] {
+        framesAtEnd = static_cast<int>(m_hand->requests().size());
+        sinceEnd.start();
+        byMenu ? m_tool->trigger("action_Exit") : static_cast<void>(m_tool->window()->close());
+    });
+    QCOMPARE(QApplication::exec(), 0);
+    QVERIFY2(sinceEnd.elapsed() < 1000, qPrintable(QString::number(sinceEnd.elapsed())));
+    QVERIFY(framesAtEnd > 0);
+    QCOMPARE(m_hand->requests().size(), framesAtEnd);
+    m_tool->forgetShownTexts(); // absent nodes time out in a scan
+}
+
+QTEST_MAIN(TestDoors)
+#include "tst_doors.moc"

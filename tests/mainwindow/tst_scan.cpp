@@ -1,0 +1,274 @@
+#include "handprocess.h"
+#include "windowdriver.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+
+/// Port listing, scan and opening of devices in the real window.
+class TestScan : public QObject
+{
+    Q_OBJECT
+private slots:
+    void listsPorts();
+    void startsWithoutDevice();
+    void findsAllHands();
+    void stopFinishesTheNode();
+    void widgetsDuringScan();
+    void portNotOpened_data();
+    void portNotOpened();
+    void badAnswers();
+    void forceSensing_data();
+    void forceSensing();
+    void badEntries_data();
+    void badEntries();
+    void pageTimers();
+    void vanishedPort();
+};
+
+namespace
+{
+struct Bench {
+    explicit Bench(const QStringList& options)
+    {
+        if (!hand.start(options))
+            qFatal("%s", qPrintable(hand.errorText()));
+        tool = std::make_unique<WindowDriver>(QStringList{hand.portName()});
+    }
+    HandProcess hand;
+    std::unique_ptr<WindowDriver> tool;
+};
+} // namespace
+
+void TestScan::listsPorts()
+{
+    const int system = static_cast<int>(WindowDriver().find<QComboBox>("comboBox_Ports")->count());
+    WindowDriver tool({"/tmp/first", "/tmp/second"});
+    auto* ports = tool.find<QComboBox>("comboBox_Ports");
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(ports->count(), system + 2);
+        QCOMPARE(ports->itemText(system), "/tmp/first (added by VANTO_PORTS)");
+        QCOMPARE(ports->itemData(system + 1).toString(), "/tmp/second");
+        tool.click("pushButton_RefreshPorts");
+    }
+}
+
+void TestScan::startsWithoutDevice()
+{
+    WindowDriver tool;
+    auto* tabs = tool.find<QTabWidget>("tabWidget");
+    QCOMPARE(tabs->currentIndex(), 0);
+    QVERIFY(!tabs->isTabVisible(3));
+    for (const auto* button : tabs->widget(0)->findChildren<QPushButton*>())
+        QVERIFY2(!button->isEnabled(), qPrintable(button->objectName()));
+    QVERIFY(tool.enabled("pushButton_ScanDevices"));
+}
+
+void TestScan::findsAllHands()
+{
+    Bench bench({"--node", "2", "--node", "3", "--node", "16", "--firmware", "1.4.300",
+                 "--protocol-version", "3.2"});
+    bench.tool->scanFor(3);
+    const QString text("0x%1 (SerialCtrl V1.4.300, Protocol V3.2)");
+    QCOMPARE(bench.tool->deviceTexts(),
+             (QStringList{text.arg("02"), text.arg("03"), text.arg("10")}));
+    QCOMPARE(bench.tool->devices()->itemData(2).toInt(), 16);
+    QVERIFY(bench.tool->shownTexts().contains("Trying node '0x10'..."));
+    QVERIFY(bench.tool->shownTexts().contains("Timeout for SerialCtrl node '0x0f'..."));
+    QVERIFY(bench.tool->shownTexts().contains("node '0x10' found, firmware version: 1.4.300"));
+    QCOMPARE(bench.tool->devices()->currentIndex(), 0);
+    QCOMPARE(bench.tool->statusText(), "Basic info loaded");
+}
+
+void TestScan::stopFinishesTheNode()
+{
+    Bench bench({"--node", "2", "--node", "3"});
+    auto* scan = bench.tool->find<QPushButton>("pushButton_ScanDevices");
+    bench.hand.command("fault late ms=20 count=0");
+    connect(bench.tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, scan,
+            [scan](const QString& text) {
+                if (text == "Trying node '0x02'...")
+                    QTimer::singleShot(8, scan, &QPushButton::click);
+            });
+    scan->click();
+    QCOMPARE(bench.tool->deviceTexts().size(), 1);
+    QVERIFY(!bench.tool->shownTexts().contains("Trying node '0x03'..."));
+    QCOMPARE(bench.tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
+}
+
+void TestScan::widgetsDuringScan()
+{
+    Bench bench({"--node", "2"});
+    auto* progress = bench.tool->find<QProgressBar>("progressBar_Scan");
+    QVERIFY(!progress->isVisible());
+    bool looked = false;
+    QTimer::singleShot(130, this, [&] { // absent nodes take 51 ms each
+        looked = true;
+        QCOMPARE(bench.tool->find<QPushButton>("pushButton_ScanDevices")->text(), "Stop");
+        QVERIFY(progress->isVisible() && progress->value() >= 2 && progress->maximum() == 255);
+        for (const char* name :
+             {"pushButton_RefreshPorts", "comboBox_Ports", "comboBox_Devices", "tabWidget"})
+            QVERIFY2(!bench.tool->enabled(name), name);
+        QVERIFY(!bench.tool->find<QAction>("action_Force_Update")->isEnabled());
+        // The error text stays beside the ordinary one.
+        QVERIFY(bench.tool->find<QLabel>("label_StatusError")->isVisible());
+        QVERIFY(bench.tool->errorText().startsWith("Timeout"));
+        QVERIFY(bench.tool->statusText().startsWith("Trying"));
+        bench.tool->trigger("action_About"); // need not wait for the end of the scan
+    });
+    DialogAnswer<QMessageBox> about([&](QMessageBox* box) {
+        box->accept();
+        bench.tool->click("pushButton_ScanDevices");
+    });
+    bench.tool->click("pushButton_ScanDevices");
+    QVERIFY(looked);
+    QCOMPARE(about.count(), 1);
+    QVERIFY(!progress->isVisible());
+    QVERIFY(bench.tool->find<QAction>("action_Force_Update")->isEnabled());
+    QVERIFY(bench.tool->enabled("comboBox_Ports") && bench.tool->enabled("tabWidget"));
+}
+
+void TestScan::portNotOpened_data()
+{
+    QTest::addColumn<QString>("port");
+    QTest::newRow("absent") << "/tmp/no/such/port";
+    QTest::newRow("no port") << "";
+}
+
+void TestScan::portNotOpened()
+{
+    QFETCH(QString, port);
+    WindowDriver tool(port.isEmpty() ? QStringList() : QStringList{port});
+    tool.find<QComboBox>("comboBox_Ports")
+        ->setCurrentIndex(port.isEmpty() ? -1
+                                         : tool.find<QComboBox>("comboBox_Ports")->findData(port));
+    QString text;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        text = box->text();
+        QCOMPARE(box->windowTitle(), "VantoSetting");
+        QCOMPARE(box->icon(), QMessageBox::Critical);
+        QCOMPARE(box->standardButtons(), QMessageBox::Ok);
+        box->accept();
+    });
+    tool.click("pushButton_ScanDevices");
+    QCOMPARE(text, QString("Open port '%1' failed, protocol=2, baudrate=115200").arg(port));
+    QCOMPARE(answer.count(), 1);
+    QCOMPARE(tool.shownTexts(), QStringList{"Trying node '0x01'..."});
+    QVERIFY(tool.enabled("pushButton_RefreshPorts") && tool.enabled("tabWidget"));
+    QCOMPARE(tool.find<QPushButton>("pushButton_ScanDevices")->text(), "Scan");
+}
+
+void TestScan::badAnswers()
+{
+    Bench bench({"--node", "1", "--node", "2", "--node", "3"});
+    bench.hand.command("fault refuse error=0x21 node=1 command=0x01");
+    bench.hand.command("fault garble node=2 command=0x00");
+    bench.tool->scanFor(1);
+    QCOMPARE(bench.tool->devices()->currentData().toInt(), 3);
+    QVERIFY(bench.tool->shownTexts().contains(
+        "getFirmwareVersion(0x01, ...) returned 0xff (sub err 21)"));
+    QVERIFY(bench.tool->shownTexts().contains(
+        "getProtocolVersion(0x02, ...) returned 0x01 (sub err 00)"));
+}
+
+void TestScan::forceSensing_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("visible");
+    QTest::newRow("with force sensing") << QStringList{"--node", "2"} << true;
+    QTest::newRow("without") << QStringList{"--node", "2", "--no-force"} << false;
+}
+
+void TestScan::forceSensing()
+{
+    QFETCH(QStringList, options);
+    Bench bench(options);
+    bench.tool->scanFor(1);
+    auto* tabs = bench.tool->find<QTabWidget>("tabWidget");
+    QTEST(tabs->isTabVisible(3), "visible");
+    QList<QByteArray> probes;
+    for (const TracedFrame& request : bench.hand.requests())
+        if (request.bytes[4] == 0x08)
+            probes.append(request.bytes.toHex());
+    QCOMPARE(probes, QList<QByteArray>{"55aa02010802010109"});
+
+    tabs->setCurrentIndex(3);
+    bench.tool->click("pushButton_RefreshPorts");
+    QVERIFY(!tabs->isTabVisible(3));
+    QCOMPARE(tabs->currentIndex(), 0);
+}
+
+void TestScan::badEntries_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("box");
+    QTest::newRow("type") << "0x02 (CANopen V1.2.3, Protocol V3.1)"
+                          << "Unknown device protocol type";
+    QTest::newRow("no version") << "0x02 (SerialCtrl V1.2.3)"
+                                << "Unknown device protocol version";
+    QTest::newRow("one number") << "0x02 (SerialCtrl V1.2.3, Protocol V3)"
+                                << "Unknown device name";
+    QTest::newRow("old SerialCtrl") << "0x02 (SerialCtrl V1.2.3, Protocol V2.9)"
+                                    << "Unsupported protocol version";
+    QTest::newRow("new Modbus") << "0x02 (ModBus-RTU V1.2.3, Protocol V2.0)"
+                                << "Unsupported protocol version";
+}
+
+void TestScan::badEntries()
+{
+    QFETCH(QString, entry);
+    Bench bench({"--node", "2"});
+    bench.tool->scanFor(1);
+    bench.hand.forgetTrace();
+    bench.tool->devices()->addItem(entry, 2);
+    QString text;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        text = box->text();
+        box->accept();
+    });
+    bench.tool->devices()->setCurrentIndex(1);
+    QTEST(text, "box");
+    QCOMPARE(bench.hand.requests().size(), 0);
+    QCOMPARE(bench.tool->field("lineEdit_BasicFirmwareVersion"), QString());
+    QVERIFY(!bench.tool->enabled("pushButton_BasicBeep"));
+    bench.tool->devices()->setCurrentIndex(0);
+    QCOMPARE(bench.tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
+}
+
+void TestScan::pageTimers()
+{
+    Bench bench({"--node", "2"});
+    auto* tabs = bench.tool->find<QTabWidget>("tabWidget");
+    const auto* run = bench.tool->find<QTimer>("runTimer");
+    const auto* force = bench.tool->find<QTimer>("forceTimer");
+    tabs->setCurrentIndex(2);
+    QVERIFY(!run->isActive());
+    bench.tool->scanFor(1); // the page that is current gets its timer
+    QVERIFY(run->isActive() && run->interval() == 100);
+    tabs->setCurrentIndex(3);
+    QVERIFY(!run->isActive() && force->isActive() && force->interval() == 100);
+    bench.tool->window()->closeDevice();
+    QVERIFY(!force->isActive());
+    tabs->setCurrentIndex(2);
+    QVERIFY(!run->isActive());
+}
+
+void TestScan::vanishedPort()
+{
+    Bench bench({"--node", "2"});
+    bench.tool->scanFor(1);
+    bench.hand.command("unplug");
+    bench.tool->click("pushButton_BasicBeep");
+    QCOMPARE(bench.tool->errorText(), "Timeout for SerialCtrl node '0x02'...");
+    bench.tool->click("pushButton_RefreshPorts");
+    QVERIFY(bench.hand.command("replug").startsWith("ok"));
+    bench.tool->choosePort(bench.hand.portName());
+    bench.tool->scanFor(1);
+    bench.tool->click("pushButton_BasicBeep");
+    QCOMPARE(bench.tool->statusText(), "Beep succeeded");
+}
+
+QTEST_MAIN(TestScan)
+#include "tst_scan.moc"

@@ -1,0 +1,184 @@
+#include "conversation.h"
+#include "devicesession.h"
+
+#include <QTest>
+
+using Change = DeviceSession::Change;
+
+/// The doors of the session and the order behind them, without a window.
+class TestSession : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void idleRunsAtOnce();
+    void busyWaitsInOrder();
+    void lastOfAKindWins();
+    void droppedRequests();
+    void nothingRunsInsideAJob();
+    void dialogsInLongJobs();
+    void targets();
+    void ticks();
+    void shutDown();
+
+private:
+    void ask(const QString& name, bool wanted = true);
+    void change(Change kind, const QString& name);
+
+    std::optional<std::uint8_t> m_node;
+    std::unique_ptr<DeviceSession> m_session;
+    QStringList m_done;
+};
+
+void TestSession::init()
+{
+    m_node = 7;
+    m_session = std::make_unique<DeviceSession>([this] { return m_node; });
+    m_session->setAdapter(VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0));
+    m_done.clear();
+}
+
+void TestSession::ask(const QString& name, bool wanted)
+{
+    m_session->ask([wanted] { return wanted; },
+                   [this, name](const DeviceSession::Target& target) {
+                       const Conversation conversation;
+                       m_done.append(name + QString::number(target.node));
+                   });
+}
+
+void TestSession::change(Change kind, const QString& name)
+{
+    m_session->whenQuiet(kind, [this, name] { m_done.append(name); });
+}
+
+void TestSession::idleRunsAtOnce()
+{
+    ask("a");
+    change(Change::Port, "port");
+    ask("b", false); // asked at the click, so its control was enabled
+    QCOMPARE(m_done, (QStringList{"a7", "port", "b7"}));
+}
+
+void TestSession::busyWaitsInOrder()
+{
+    {
+        const Conversation outer;
+        ask("a");
+        {
+            const Conversation inner;
+            change(Change::ReloadBasic, "reload");
+        }
+        m_node = 8;
+        ask("b");
+        QCoreApplication::processEvents();
+        QCOMPARE(m_done, QStringList());
+    }
+    ask("c"); // comes after those that wait already
+    QCOMPARE(m_done, QStringList());
+    QTRY_COMPARE(m_done, (QStringList{"a7", "reload", "b8", "c8"}));
+}
+
+void TestSession::lastOfAKindWins()
+{
+    {
+        const Conversation conversation;
+        change(Change::Device, "device 1");
+        change(Change::ReloadBasic, "reload 1");
+        change(Change::Device, "device 2");
+        change(Change::ReloadBasic, "reload 2");
+    }
+    QTRY_COMPARE(m_done, (QStringList{"device 2", "reload 2"}));
+}
+
+void TestSession::droppedRequests()
+{
+    {
+        const Conversation conversation;
+        ask("disabled meanwhile", false);
+        ask("for the old device");
+        m_session->stopAtOnce();
+        m_session->setAdapter(VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0));
+        ask("new");
+    }
+    QTRY_COMPARE(m_done, QStringList{"new7"});
+    m_node.reset();
+    ask("nobody there");
+    QCoreApplication::processEvents();
+    QCOMPARE(m_done, QStringList{"new7"});
+}
+
+void TestSession::nothingRunsInsideAJob()
+{
+    m_session->whenQuiet(Change::Scan, [this] {
+        ask("waits");
+        QCoreApplication::processEvents(); // as a dialog of this job would
+        m_done.append("scan");
+    });
+    QTRY_COMPARE(m_done, (QStringList{"scan", "waits7"}));
+}
+
+void TestSession::dialogsInLongJobs()
+{
+    m_session->whenQuiet(Change::Scan, [this] {
+        {
+            const Conversation conversation;
+            change(Change::Port, "port");
+            change(Change::Theme, "theme");
+            change(Change::About, "about");
+            m_session->openWaitingDialogs();
+            QCOMPARE(m_done, QStringList());
+        }
+        m_session->openWaitingDialogs();
+        QCOMPARE(m_done, (QStringList{"about", "theme"}));
+    });
+    QTRY_COMPARE(m_done, (QStringList{"about", "theme", "port"}));
+}
+
+void TestSession::targets()
+{
+    const auto target = m_session->target();
+    QVERIFY(target && target->node == 7 && m_session->holds(*target));
+    m_session->stopAtOnce();
+    QVERIFY(!m_session->holds(*target));
+    QVERIFY(m_session->connected()); // what is open is still to be closed
+    QVERIFY(!m_session->target());   // but nothing may be sent to it
+    m_session->closeIfConnected();
+    QVERIFY(!m_session->connected());
+    m_session->closeIfConnected();
+}
+
+void TestSession::ticks()
+{
+    QVERIFY(m_session->tickMayRun());
+    {
+        const Conversation conversation;
+        QVERIFY(!m_session->tickMayRun());
+        ask("a");
+        QVERIFY(m_session->requestWaits());
+    }
+    QVERIFY(!m_session->tickMayRun()); // the person comes first
+    QTRY_VERIFY(m_session->tickMayRun());
+    m_session->whenQuiet(Change::About, [this] {
+        ask("b");
+        QVERIFY(m_session->tickMayRun()); // timers go on under a dialog
+    });
+}
+
+void TestSession::shutDown()
+{
+    {
+        const Conversation conversation;
+        ask("a");
+        change(Change::Theme, "theme");
+        m_session->shutDown();
+        change(Change::About, "about");
+    }
+    QCoreApplication::processEvents();
+    change(Change::About, "about");
+    QCOMPARE(m_done, QStringList());
+    QVERIFY(!m_session->tickMayRun());
+}
+
+QTEST_GUILESS_MAIN(TestSession)
+#include "tst_session.moc"

@@ -1,0 +1,234 @@
+#include "windowdriver.h"
+
+#include <QFile>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMetaMethod>
+#include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
+
+/// Start-up, menus, theme, About and the error label.
+class TestShell : public QObject
+{
+    Q_OBJECT
+private slots:
+    void everySlotIsConnected();
+    void windowTexts();
+    void about();
+    void themeDialog_data();
+    void themeDialog();
+    void errorLabel_data();
+    void errorLabel();
+    void longErrorsDoNotWiden();
+    void program_data();
+    void program();
+};
+
+namespace
+{
+QString sheetOf(const QString& theme)
+{
+    QFile file(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString storedStyle()
+{
+    return QSettings("setting.ini", QSettings::IniFormat).value("style").toString();
+}
+} // namespace
+
+void TestShell::everySlotIsConnected()
+{
+    WindowDriver tool;
+    // Counted through the objects' own connections, as a slot without its widget is silent.
+    int found = 0;
+    const QMetaObject* meta = tool.window()->metaObject();
+    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+        const QByteArray name = meta->method(i).name();
+        if (!name.startsWith("on_"))
+            continue;
+        ++found;
+        const auto end = name.lastIndexOf('_');
+        const QByteArray object = name.sliced(3, end - 3);
+        auto* sender = tool.window()->findChild<QObject*>(QString::fromLatin1(object));
+        QVERIFY2(sender, name.constData());
+        const QByteArray signal = name.sliced(end + 1);
+        bool connected = false;
+        for (int s = 0; s < sender->metaObject()->methodCount(); ++s) {
+            const QMetaMethod method = sender->metaObject()->method(s);
+            if (method.methodType() == QMetaMethod::Signal && method.name() == signal)
+                connected |= QObject::disconnect(sender, method, tool.window(), meta->method(i));
+        }
+        QVERIFY2(connected, name.constData());
+    }
+    QCOMPARE(found, 15);
+}
+
+void TestShell::windowTexts()
+{
+    WindowDriver tool;
+    QCOMPARE(tool.window()->windowTitle(), "VantoSetting - V0.0-103-9fa94a8");
+    QVERIFY(!tool.window()->windowIcon().pixmap(16).isNull());
+    QCOMPARE(tool.find<QAction>("action_Exit")->text(), "E&xit");
+    QCOMPARE(tool.find<QAction>("action_Force_Update")->text(), "Force &Update");
+    auto* level = tool.find<QComboBox>("comboBox_BasicSelfTestLevel");
+    QCOMPARE(level->itemText(0) + '|' + level->itemText(1) + '|' + level->itemText(2),
+             "Wait for command|Stretch only|Full self-test");
+    auto* beep = tool.find<QComboBox>("comboBox_BasicBeepSwitch");
+    QCOMPARE(beep->itemText(0) + '|' + beep->itemText(1), "Basic Only|All");
+}
+
+void TestShell::about()
+{
+    WindowDriver tool;
+    QString text;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        text = box->text();
+        box->accept();
+    });
+    tool.trigger("action_About");
+    QCOMPARE(text, "VantoSetting V0.0-103-9fa94a8\n\nSupported protocol:"
+                   "\n    SerialCtrl Protocol Ver 3.x\n    ModBus-RTU Protocol Ver 1.x");
+}
+
+void TestShell::themeDialog_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("preselected");
+    QTest::addColumn<QString>("chosen"); // empty: cancelled
+    QTest::addColumn<QString>("storedAfter");
+    QTest::newRow("light chosen") << "dark"
+                                  << "dark"
+                                  << "light"
+                                  << "light";
+    QTest::newRow("dark chosen") << "light"
+                                 << "light"
+                                 << "dark"
+                                 << "dark";
+    QTest::newRow("capitals") << "DARK"
+                              << "dark"
+                              << ""
+                              << "DARK";
+    QTest::newRow("none stored") << ""
+                                 << "dark"
+                                 << ""
+                                 << "dark";
+}
+
+void TestShell::themeDialog()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, preselected);
+    QFETCH(QString, chosen);
+    WindowDriver tool;
+    qApp->setStyleSheet({});
+    if (!stored.isEmpty())
+        QSettings("setting.ini", QSettings::IniFormat).setValue("style", stored);
+    DialogAnswer<QInputDialog> answer([&](QInputDialog* dialog) {
+        QCOMPARE(dialog->windowTitle(), "VantoSetting");
+        QCOMPARE(dialog->labelText(), "Please select style:");
+        QCOMPARE(dialog->comboBoxItems(), (QStringList{"dark", "light"}));
+        QCOMPARE(dialog->textValue(), preselected);
+        dialog->setTextValue(chosen);
+        chosen.isEmpty() ? dialog->reject() : dialog->accept();
+    });
+    tool.trigger("action_Theme");
+    QCOMPARE(answer.count(), 1);
+    QTEST(storedStyle(), "storedAfter");
+    QCOMPARE(qApp->styleSheet(), chosen.isEmpty() ? QString() : sheetOf(chosen));
+    qApp->setStyleSheet({});
+}
+
+void TestShell::errorLabel_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("dark") << "dark";
+    QTest::newRow("light") << "light";
+}
+
+void TestShell::errorLabel()
+{
+    QFETCH(QString, theme);
+    WindowDriver tool;
+    qApp->setStyleSheet(sheetOf(theme));
+    QVERIFY(!qApp->styleSheet().isEmpty());
+    tool.window()->showErrorOnStatusBar("first", Qt::red);
+    QTest::qWait(1000);
+    tool.window()->showErrorOnStatusBar("second error", Qt::red);
+
+    auto* label = tool.find<QLabel>("label_StatusError");
+    const QImage image = label->grab().toImage();
+    int red = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            red += image.pixelColor(x, y) == QColor(Qt::red);
+    QVERIFY2(red > 20, qPrintable(QString::number(red)));
+
+    // The clearing of the first text is not put off by the second.
+    QTRY_COMPARE_WITH_TIMEOUT(tool.errorText(), QString(), 1500);
+    qApp->setStyleSheet({});
+}
+
+void TestShell::longErrorsDoNotWiden()
+{
+    WindowDriver tool;
+    const int minimum = tool.window()->minimumSizeHint().width();
+    const QString text(5000, 'x');
+    tool.window()->showErrorOnStatusBar(text, Qt::red);
+    QCOMPARE(tool.errorText(), text);
+    QCOMPARE(tool.find<QLabel>("label_StatusError")->toolTip(), text);
+    QCoreApplication::processEvents();
+    QCOMPARE(tool.window()->minimumSizeHint().width(), minimum);
+}
+
+void TestShell::program_data()
+{
+    QTest::addColumn<QByteArray>("settings"); // content of setting.ini, null: none
+    QTest::addColumn<QString>("log");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<QString>("style");
+    QTest::newRow("first start") << QByteArray() << "style not set, use default" << QByteArray()
+                                 << "dark";
+    QTest::newRow("light") << QByteArray("[General]\nstyle=light\n")
+                           << "translation:" << QByteArray() << "light";
+    QTest::newRow("no such style")
+        << QByteArray("[General]\nstyle=DARK\n")
+        << "translation:" << QByteArray("Unable to set stylesheet, file not found\n") << "DARK";
+    QTest::newRow("damaged") << QByteArray("\x01\xff[[[\n==\n") << "style not set, use default"
+                             << QByteArray() << "dark";
+}
+
+void TestShell::program()
+{
+    QFETCH(QByteArray, settings);
+    QFETCH(QString, log);
+    QFETCH(QString, style);
+    const QTemporaryDir folder;
+    const QString ini = folder.filePath("setting.ini");
+    if (!settings.isNull()) {
+        QFile file(ini);
+        QVERIFY(file.open(QFile::WriteOnly) && file.write(settings) == settings.size());
+    }
+    QProcess program;
+    program.setWorkingDirectory(folder.path());
+    program.start(QCoreApplication::applicationDirPath() + "/VantoSetting", QStringList());
+    QByteArray errors;
+    QTRY_VERIFY_WITH_TIMEOUT((errors += program.readAllStandardError()).contains(log.toUtf8()),
+                             10000);
+    QTRY_COMPARE_WITH_TIMEOUT(QSettings(ini, QSettings::IniFormat).value("style").toString(), style,
+                              5000);
+    QTest::qWait(300);
+    QCOMPARE(program.state(), QProcess::Running);
+    program.kill();
+    program.waitForFinished();
+    QTEST(program.readAllStandardOutput(), "output");
+    errors += program.readAllStandardError();
+    QVERIFY2(errors.contains("i18n/VantoSetting_"), errors.constData());
+    for (const char* complaint : {"QObject::connect", "No matching signal", "stylesheet"})
+        QVERIFY2(!errors.contains(complaint), errors.constData());
+}
+
+QTEST_MAIN(TestShell)
+#include "tst_shell.moc"
