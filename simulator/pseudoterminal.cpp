@@ -1,12 +1,14 @@
 #include "pseudoterminal.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <array>
+#include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <string>
 #include <utility>
 
 #include <fcntl.h>
@@ -19,6 +21,8 @@ namespace simulator
 {
 namespace
 {
+namespace fs = std::filesystem;
+
 constexpr std::size_t maxPathLength = 64;
 constexpr std::size_t eventBufferSize = 4096;
 constexpr quint32 closedMask = IN_CLOSE_WRITE | IN_CLOSE_NOWRITE;
@@ -45,33 +49,32 @@ bool makeRaw(int descriptor)
     return ::tcsetattr(descriptor, TCSANOW, &settings) == 0;
 }
 
-bool hasOpen(const QString& processDirectory, const QByteArray& path)
+// Steps without exceptions, as processes end while they are looked at.
+template<typename Predicate>
+bool anyEntry(const fs::path& directory, Predicate matches)
 {
-    const QByteArray base = QFile::encodeName(processDirectory) + "/fd/";
-    const QStringList descriptors =
-        QDir(QFile::decodeName(base)).entryList(QDir::Files | QDir::System);
-    for (const QString& descriptor : descriptors) {
-        std::array<char, maxPathLength> target{};
-        const QByteArray entry = base + descriptor.toLatin1();
-        const ssize_t length = ::readlink(entry.constData(), target.data(), target.size());
-        if (length > 0 && path == QByteArrayView(target.data(), length))
+    std::error_code error;
+    for (fs::directory_iterator entry(directory, error); entry != fs::end(entry);
+         entry.increment(error)) {
+        if (matches(entry->path()))
             return true;
     }
     return false;
 }
 
-// Processes of other users cannot be looked into and count as not using it.
+// Takes milliseconds. Processes of other users cannot be looked into and count as not using it.
 bool usedByOthers(const QString& path)
 {
-    const QByteArray device = QFile::encodeName(path);
-    const QString self = QString::number(::getpid());
-    const QStringList processes =
-        QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
-    for (const QString& process : processes) {
-        if (process != self && hasOpen(QStringLiteral("/proc/") + process, device))
-            return true;
-    }
-    return false;
+    const fs::path device = QFile::encodeName(path).toStdString();
+    const fs::path self = std::to_string(::getpid());
+    const auto isDevice = [&device](const fs::path& descriptor) {
+        std::error_code error;
+        return fs::read_symlink(descriptor, error) == device;
+    };
+    return anyEntry("/proc", [&](const fs::path& process) {
+        const bool isNumber = std::isdigit(process.filename().native().front()) != 0;
+        return isNumber && process.filename() != self && anyEntry(process / "fd", isDevice);
+    });
 }
 } // namespace
 
@@ -134,9 +137,8 @@ void PseudoTerminal::discardUnheard()
         ::tcflush(m_slave, TCIFLUSH);
 }
 
-// Follows who opens and closes the far side. When its last user has gone, the exclusive lock that
-// a killed user leaves is released and nothing unread is kept for the next one. True if anyone
-// has closed it.
+// Follows who opens and closes the far side; true if someone has closed it. Events of the same kind
+// are merged by the kernel, so counting users by them would go astray.
 bool PseudoTerminal::serviceUsers()
 {
     alignas(inotify_event) std::array<char, eventBufferSize> buffer{};
@@ -149,17 +151,28 @@ bool PseudoTerminal::serviceUsers()
             seen |= event.mask;
         }
     }
-    // Events of the same kind are merged by the kernel, so counting them would go astray.
-    const bool someoneLeft = (seen & closedMask) != 0;
     if ((seen & IN_OPEN) != 0)
         m_used = true;
-    if (someoneLeft && !usedByOthers(m_path)) {
-        ::ioctl(m_slave, TIOCNXCL);
-        makeRaw(m_slave);
-        ::tcflush(m_slave, TCIFLUSH);
-        m_used = false;
-    }
+    const bool someoneLeft = (seen & closedMask) != 0;
+    if (someoneLeft)
+        tidyAfterUser();
     return someoneLeft;
+}
+
+// A user that ends in an orderly way takes its exclusive lock off; one that was killed leaves it.
+// Whoever opens the port while the processes are searched can lock it only if it was not locked
+// before, so that no rightful lock is released here.
+void PseudoTerminal::tidyAfterUser()
+{
+    int locked = 0;
+    ::ioctl(m_slave, TIOCGEXCL, &locked);
+    if (locked != 0 && usedByOthers(m_path))
+        return;
+    if (locked != 0)
+        ::ioctl(m_slave, TIOCNXCL);
+    makeRaw(m_slave);
+    ::tcflush(m_slave, TCIFLUSH);
+    m_used = false;
 }
 
 } // namespace simulator

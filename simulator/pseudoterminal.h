@@ -32,6 +32,7 @@ public:
 
 private:
     bool serviceUsers();
+    void tidyAfterUser();
     QString openBothSides();
     void watchUsers();
 
