@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds for measuring and measures. Exit status 0 when all bars hold.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+scripts/packages.sh build window
+cmake --preset release --log-level=NOTICE
+cmake --build --preset release --target vanto-hand bench_exchange bench_startup
+
+echo "$(nproc) processors, load $(cut -d ' ' -f 1 /proc/loadavg), commit $(git rev-parse --short HEAD 2>/dev/null || echo unknown)"
+status=0
+for program in bench_exchange bench_startup; do
+    "build/release/bin/$program" || status=1
+done
+exit "$status"

@@ -1,0 +1,21 @@
+// The window's form and style sheet without anything behind them.
+
+#include "ui_mainwindow.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMainWindow>
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QMainWindow window;
+    Ui::MainWindow form;
+    form.setupUi(&window);
+    QFile sheet(QStringLiteral(":qdarkstyle/dark/darkstyle.qss"));
+    if (!sheet.open(QFile::ReadOnly | QFile::Text))
+        return 1;
+    application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,123 @@
+// What an exchange with a hand costs with the window shown, and what an absent hand costs a scan.
+
+#include "figures.h"
+#include "handprocess.h"
+#include "mainwindow.h"
+#include "theme.h"
+#include "vantoprotocol.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace
+{
+constexpr std::uint8_t HandNode = 2;
+constexpr std::uint8_t AbsentNode = 77;
+constexpr std::uint32_t BaudRate = 115'200; ///< a pseudo-terminal takes no notice of it
+constexpr int WarmUps = 50;
+constexpr int Exchanges = 3001;
+constexpr int AbsentTries = 101;
+constexpr int ScannedNodes = 60; ///< from node 3 on, where no hand is
+constexpr double TickMs = 1;     ///< grid of the wait for a reply
+constexpr double TimeoutMs = 50; ///< of a command
+constexpr double Bar = 1.05;
+constexpr double MsPerNs = 1e-6;
+
+std::uint8_t askVersion(VantoProtocol& adapter, std::uint8_t node)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    std::uint16_t revision = 0;
+    return adapter.getFirmwareVersion(node, &major, &minor, &revision);
+}
+
+/// Median in ms of `count` requests to the node; each must end in `wanted`, else negative.
+double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8_t wanted)
+{
+    std::vector<double> times;
+    for (int i = 0; i < count; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        if (askVersion(adapter, node) != wanted)
+            return -1;
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
+    }
+    return median(times);
+}
+
+/// Median time of a node at which no hand is, from one "Trying node" to the next in a real scan.
+double medianOfScan(MainWindow& window, const QString& port)
+{
+    auto* ports = window.findChild<QComboBox*>(QStringLiteral("comboBox_Ports"));
+    auto* scan = window.findChild<QPushButton*>(QStringLiteral("pushButton_ScanDevices"));
+    ports->setCurrentIndex(ports->findData(port));
+
+    std::vector<double> times;
+    QElapsedTimer timer;
+    int tried = 0;
+    const auto connection = QObject::connect(
+        window.statusBar(), &QStatusBar::messageChanged, scan, [&](const QString& text) {
+            if (!text.startsWith(QLatin1String("Trying node")))
+                return;
+            if (++tried > HandNode + 1)
+                times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
+            timer.start();
+            if (times.size() == ScannedNodes)
+                scan->click();
+        });
+    scan->click();
+    QObject::disconnect(connection);
+    return times.size() >= ScannedNodes ? median(times) : -1;
+}
+
+bool measured(double value, const char* what)
+{
+    if (value < 0)
+        std::fprintf(stderr, "%s did not end as it must\n", what);
+    return value >= 0;
+}
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.*=false"); // that platform warns about every window
+    QApplication application(argc, argv);
+    const QTemporaryDir work;
+    QDir::setCurrent(work.path());
+    HandProcess hand;
+    if (!hand.start({QStringLiteral("--node"), QString::number(HandNode)})) {
+        std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
+        return 1;
+    }
+    qputenv("VANTO_PORTS", hand.portName().toUtf8());
+    MainWindow window;
+    Theme::applyStored();
+    window.show();
+
+    const auto adapter = VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0);
+    if (!adapter->connect(hand.portName().toUtf8().constData(), BaudRate)) {
+        std::fprintf(stderr, "the port does not open\n");
+        return 1;
+    }
+    medianOf(*adapter, HandNode, WarmUps, ResultCode::Success);
+    const double exchange = medianOf(*adapter, HandNode, Exchanges, ResultCode::Success);
+    const double absent = medianOf(*adapter, AbsentNode, AbsentTries, ResultCode::Timeout);
+    adapter->disconnect();
+    const double scanned = medianOfScan(window, hand.portName());
+    if (!measured(exchange, "an exchange") || !measured(absent, "a request to nobody") ||
+        !measured(scanned, "the scan"))
+        return 1;
+
+    bool good = report({"exchange, in ticks", exchange, "ms", TickMs, Bar});
+    good &= report({"request to an absent node", absent, "ms", TimeoutMs, Bar});
+    good &= report({"absent node in a scan", scanned, "ms", TimeoutMs, Bar});
+    return good ? 0 : 1;
+}

@@ -1,0 +1,21 @@
+#include "figures.h"
+
+#include <algorithm>
+#include <cstdio>
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+bool report(const Figure& figure)
+{
+    const double ratio = figure.value / figure.base;
+    const bool holds = ratio <= figure.bar;
+    std::printf("%-4s %-50s %9.3f %-5s / %8.3f = %5.3f  (bar %.2f)\n", holds ? "ok" : "OVER",
+                figure.what, figure.value, figure.unit, figure.base, ratio, figure.bar);
+    std::fflush(stdout);
+    return holds;
+}

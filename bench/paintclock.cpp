@@ -1,0 +1,48 @@
+// Linked into a program, ends it after its first paint and prints how long that took. The start
+// is the moment at which the parent started the process, so that loading counts.
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdio>
+
+namespace
+{
+class PaintClock : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_painted) {
+            m_painted = true;
+            // Not yet: this event is the first of many that paint the window.
+            QTimer::singleShot(0, this, &PaintClock::tell);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    static void tell()
+    {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        const auto start = std::chrono::nanoseconds(qgetenv("VANTO_BENCH_START").toLongLong());
+        std::printf("%.3f\n", std::chrono::duration<double, std::milli>(now - start).count());
+        std::fflush(stdout);
+        QCoreApplication::exit(0);
+    }
+
+    bool m_painted = false;
+};
+
+void watchApplication()
+{
+    qApp->installEventFilter(new PaintClock(qApp));
+}
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(watchApplication)

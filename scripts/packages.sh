@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Installs those Debian packages of the named groups that are missing; asks no server when all of
+# them are there. usage: scripts/packages.sh GROUP...
+set -euo pipefail
+
+declare -A packages=(
+    [build]="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-serialbus-dev"
+    # The icons of the themes are SVG; without a font the window shows boxes for letters.
+    [window]="libqt6svg6 fonts-dejavu-core"
+)
+if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
+    packages[window]+=" qt6-wayland"
+fi
+
+installed() {
+    [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+}
+
+as_root() {
+    if [[ $EUID -eq 0 ]]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "Neither root nor sudo; as root, run: $*" >&2
+        return 1
+    fi
+}
+
+missing=()
+for group in "$@"; do
+    for package in ${packages[$group]:?no such group}; do
+        installed "$package" || missing+=("$package")
+    done
+done
+[[ ${#missing[@]} -eq 0 ]] && exit 0
+
+if ! command -v apt-get >/dev/null; then
+    echo "No apt-get here. Install what is the like of: ${missing[*]}" >&2
+    exit 1
+fi
+echo "Installing ${missing[*]}"
+as_root env DEBIAN_FRONTEND=noninteractive apt-get update
+as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends \
+    "${missing[@]}"

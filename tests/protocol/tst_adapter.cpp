@@ -1,0 +1,188 @@
+#include "conversation.h"
+#include "handprocess.h"
+#include "operation.h"
+#include "serialport.h"
+#include "serialprotocolv3.h"
+
+#include <QTimer>
+
+namespace
+{
+struct Operation {
+    const char* name;
+    QString (*call)(VantoProtocol*, const char*);
+    const char* inputs;
+};
+
+constexpr Operation readOne{OPERATION(getFingerPos), "1"};
+constexpr Operation readAll{OPERATION(getFingerAngleAll), "6"};
+constexpr Operation writeOne{OPERATION(setFingerPos), "1 1000 20"};
+constexpr Operation readGains{OPERATION(getFingerPID), "1"};
+constexpr Operation writeGains{OPERATION(setFingerPID), "1 1 2 3 4"};
+
+/// What becomes of a reading of one finger, a reading of all and a write if the reply is spoilt.
+struct FaultRow {
+    const char* name;
+    std::array<int, 3> results;
+    int subError = 0;
+};
+
+constexpr FaultRow faultRows[] = {
+    {"drop", {3, 3, 3}},
+    {"late", {3, 3, 3}},
+    {"garble", {1, 1, 1}},
+    {"truncate", {3, 3, 3}},
+    {"wrong-node", {5, 5, 5}},
+    {"wrong-command", {6, 6, 6}},
+    {"over-long", {4, 4, 0}},
+    {"short", {8, 8, 0}},
+    {"noise", {0, 0, 0}},
+    {"garbage", {3, 3, 3}},
+    {"refuse error=0x33", {255, 255, 255}, 0x33},
+    {"refuse-bare", {255, 255, 255}},
+    {"wrong-finger", {8, 0, 0}},
+    {"wrong-host", {3, 3, 3}},
+};
+} // namespace
+
+class tst_adapter : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase() { QVERIFY2(m_hand.start(), qPrintable(m_hand.errorText())); }
+    void init() { QVERIFY(connectToHand()); }
+    void cleanup() { m_adapter.disconnect(); }
+    void faults_data() { addRows(faultRows); }
+    void faults();
+    void gainsWaitLonger();
+    void interruptions();
+    void unconnected();
+    void nodeErrors();
+    void lateReply();
+    void factory();
+
+private:
+    int result(const Operation& operation)
+    {
+        return operation.call(&m_adapter, operation.inputs).section(u' ', 0, 0).toInt();
+    }
+    /// With the reply spoilt; returns when the hand has sent or withheld it.
+    int result(const char* fault, const Operation& operation)
+    {
+        m_hand.forgetTrace();
+        const bool armed = m_hand.command(QStringLiteral("fault ") + QLatin1String(fault)) == u"ok";
+        const int result = this->result(operation);
+        return armed && QTest::qWaitFor([this] { return m_hand.trace().size() == 2; }) ? result
+                                                                                       : -1;
+    }
+    bool connectToHand() { return m_adapter.connect(qPrintable(m_hand.portName()), BaudRate); }
+
+    HandProcess m_hand;
+    SerialProtocolV3 m_adapter;
+};
+
+void tst_adapter::faults()
+{
+    QFETCH(const FaultRow*, row);
+    const QString mark =
+        QStringLiteral("!fault=") + QString::fromLatin1(row->name).section(u' ', 0, 0);
+    std::array<int, 3> results{};
+    for (std::size_t i = 0; const Operation& operation : {readOne, readAll, writeOne}) {
+        results.at(i++) = result(row->name, operation);
+        QCOMPARE(int(m_adapter.getNodeError(HandNode)), row->subError);
+        QCOMPARE(m_hand.trace()[1].marks, mark);
+        QCOMPARE(result(operation), 0);
+        QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0);
+    }
+    QCOMPARE(results, row->results);
+}
+
+void tst_adapter::gainsWaitLonger()
+{
+    QCOMPARE(result("late ms=100", writeGains), 0);
+    QCOMPARE(result("drop", writeGains), 3);
+    QCOMPARE(result("late ms=100", writeGains), 0);
+    QCOMPARE(result("late ms=100", readGains), 3);
+    QCOMPARE(result("late ms=250", writeGains), 3);
+    QCOMPARE(result("late ms=100", readGains), 3);
+}
+
+void tst_adapter::interruptions()
+{
+    for (const Operation& operation : {readAll, writeGains}) {
+        bool inside = false;
+        QTimer::singleShot(10, this, [&] {
+            inside = Exchange::active();
+            m_adapter.disconnect();
+        });
+        QCOMPARE(result("drop", operation), 3);
+        QVERIFY(inside);
+        QCOMPARE(result(operation), 2);
+        QVERIFY(connectToHand());
+        QCOMPARE(result(operation), 0);
+        QTimer::singleShot(10, this, [&] {
+            m_adapter.disconnect();
+            connectToHand();
+        });
+        QCOMPARE(result("drop", operation), 3);
+        QCOMPARE(result(operation), 0);
+    }
+}
+
+void tst_adapter::unconnected()
+{
+    SerialProtocolV3 neverConnected;
+    QCOMPARE(int(neverConnected.beep(HandNode, 500)), 2);
+    m_adapter.disconnect();
+    for (const Operation& operation : {readOne, readAll, writeOne, writeGains}) {
+        m_adapter.setNodeError(HandNode, 0x55);
+        QCOMPARE(result(operation), 2);
+        QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0);
+    }
+    QVERIFY(!m_adapter.connect("/dev/there-is-no-such-port", BaudRate));
+    QCOMPARE(result(readOne), 3);
+}
+
+void tst_adapter::nodeErrors()
+{
+    QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0);
+    m_adapter.setNodeError(3, 0x44);
+    QCOMPARE(result("refuse error=0x21", writeOne), 255);
+    QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0x21);
+    QCOMPARE(int(m_adapter.getNodeError(3)), 0x44);
+    QCOMPARE(int(m_adapter.getNodeError(4)), 0);
+    QCOMPARE(result("garble", writeOne), 1);
+    QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0);
+}
+
+void tst_adapter::lateReply()
+{
+    m_hand.command(QStringLiteral("set 2 current 1 111"));
+    m_hand.command(QStringLiteral("fault late"));
+    u16 current = 0;
+    QCOMPARE(int(m_adapter.getFingerCurrent(HandNode, 1, &current)), 3);
+    const auto port = SerialPort::get("qtserial", qPrintable(m_hand.portName()));
+    QTRY_COMPARE(port->bytesAvailable(), 10);
+    m_hand.command(QStringLiteral("set 2 current 1 222"));
+    QCOMPARE(int(m_adapter.getFingerCurrent(HandNode, 1, &current)), 0);
+    QCOMPARE(current, u16{222});
+}
+
+void tst_adapter::factory()
+{
+    const auto get = [](int type, int major, int minor) {
+        return VantoProtocol::getProtocolInstance(PROTOCOL_TYPE(type), u8(major), u8(minor));
+    };
+    const auto adapter = get(2, 3, 0);
+    QCOMPARE(get(2, 3, 0), adapter);
+    QCOMPARE(get(2, 3, 255), adapter);
+    QCOMPARE(int(adapter->protocolType()), 2);
+    QCOMPARE(adapter->protocolName(), "SerialCtrl");
+    QCOMPARE(adapter->protocolVersion(), 3);
+    const std::pair<int, int> unsupported[] = {{2, 2}, {2, 4}, {2, 1}, {1, 2}, {1, 3}, {0, 3}};
+    for (const auto& [type, major] : unsupported)
+        QVERIFY2(!get(type, major, 0), qPrintable(QStringLiteral("%1, %2").arg(type).arg(major)));
+}
+
+QTEST_GUILESS_MAIN(tst_adapter)
+#include "tst_adapter.moc"

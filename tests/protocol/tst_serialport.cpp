@@ -1,0 +1,125 @@
+#include "handprocess.h"
+#include "operation.h"
+#include "serialport.h"
+#include "serialprotocolv3.h"
+#include "timing.h"
+
+#include <QRegularExpression>
+#include <QTimer>
+
+#include <ctime>
+
+class tst_serialport : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init()
+    {
+        m_hand = std::make_unique<HandProcess>();
+        QVERIFY2(m_hand->start(), qPrintable(m_hand->errorText()));
+        m_name = m_hand->portName().toStdString();
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+    }
+    void factory();
+    void closedPort();
+    void hangUp();
+    void staleClose();
+    void delay();
+
+private:
+    void unplug() { QCOMPARE(m_hand->command(QStringLiteral("unplug")), QStringLiteral("ok")); }
+    void replug() { QVERIFY(m_hand->command(QStringLiteral("replug")).startsWith(u"ok")); }
+
+    std::unique_ptr<HandProcess> m_hand;
+    std::string m_name;
+};
+
+void tst_serialport::factory()
+{
+    const auto port = SerialPort::get("qtserial", "one");
+    QVERIFY(port && port != SerialPort::get("qtserial", "two"));
+    for (const char* type : {"qtserial", "libserial", "other"})
+        QCOMPARE(SerialPort::get(type, "one"), port);
+    for (const char* type : {"libserial", "libserial", "other", "other", ""})
+        QVERIFY2(!SerialPort::get(type, "three"), type);
+    QVERIFY(SerialPort::get("qtserial", "three"));
+    try {
+        SerialPort::get("qtserial", nullptr);
+        QFAIL("a null name was accepted");
+    } catch (const std::logic_error& error) {
+        QCOMPARE(error.what(), "basic_string: construction from null is not valid");
+    }
+    QVERIFY(SerialPort::get("qtserial", "one")); // the factory is not left locked
+}
+
+void tst_serialport::closedPort()
+{
+    const auto port = SerialPort::get("qtserial", "one");
+    u8 byte = 0;
+    for (const std::string& name : {std::string("/dev/there-is-no-such-port"), m_name, m_name}) {
+        QCOMPARE(port->bytesAvailable(), -1);
+        QCOMPARE(port->read(&byte, 1), -1);
+        QCOMPARE(port->write(&byte, 1), -1);
+        port->clear();
+        QCOMPARE(port->open(name.c_str(), BaudRate), name == m_name);
+        port->close();
+    }
+}
+
+void tst_serialport::hangUp()
+{
+    SerialProtocolV3 adapter;
+    for (const bool waiting : {false, true}) {
+        QVERIFY(adapter.connect(m_name.c_str(), BaudRate));
+        QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Success);
+        if (waiting) {
+            m_hand->command(QStringLiteral("fault drop"));
+            QTimer::singleShot(5, this, &tst_serialport::unplug);
+            QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Timeout);
+        } else {
+            unplug();
+        }
+        const std::clock_t before = std::clock();
+        QTest::qWait(1000);
+        const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
+        QVERIFY2(used < 50, qPrintable(QStringLiteral("%1 ms of processor time").arg(used)));
+        QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Timeout);
+        QVERIFY(!adapter.connect(m_name.c_str(), BaudRate));
+        replug();
+    }
+    QVERIFY(adapter.connect(m_name.c_str(), BaudRate));
+    QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Success);
+}
+
+void tst_serialport::staleClose()
+{
+    const auto port = SerialPort::get("qtserial", "one");
+    QVERIFY(port->open(m_name.c_str(), BaudRate));
+    unplug();
+    port->clear(); // notices the hang-up, so that a close is on its way
+    port->close();
+    replug();
+    QVERIFY(port->open(m_name.c_str(), BaudRate));
+    QCoreApplication::processEvents();
+    QVERIFY2(port->bytesAvailable() == 0, "the close meant for the earlier opening shut this one");
+    unplug();
+    port->clear();
+    QVERIFY2(port->bytesAvailable() == 0, "closed inside its own signal");
+    QCoreApplication::processEvents();
+    QVERIFY2(port->bytesAvailable() == -1, "the second hang-up left the port open");
+}
+
+void tst_serialport::delay()
+{
+    bool processed = false;
+    QTimer::singleShot(0, this, [&processed] { processed = true; });
+    DelayMilliSecondsImpl(0);
+    QVERIFY2(!processed, "a delay of 0 ms processed events");
+    const u32 start = GetMilliSecondsImpl();
+    DelayMilliSecondsImpl(30);
+    const u32 passed = GetMilliSecondsImpl() - start;
+    QVERIFY2(processed && passed >= 29 && passed < 300, qPrintable(QString::number(passed)));
+}
+
+QTEST_GUILESS_MAIN(tst_serialport)
+#include "tst_serialport.moc"

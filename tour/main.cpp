@@ -1,0 +1,141 @@
+#include "stage.h"
+#include "steps.h"
+#include "theme.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <string_view>
+
+#include <unistd.h>
+
+namespace
+{
+constexpr unsigned LimitSeconds = 120; ///< for one theme
+constexpr int FailedStatus = 1;
+constexpr int UsageStatus = 2;
+
+struct Options {
+    QDir output;
+    QStringList themes;
+};
+
+void endLateTour(int)
+{
+    constexpr char message[] = "FAILED: the tour did not come to its end\n";
+    [[maybe_unused]] const auto written = ::write(STDOUT_FILENO, message, sizeof message - 1);
+    ::_exit(FailedStatus);
+}
+
+/// The offscreen platform warns on every window that it leaves sizes alone; that is no finding.
+void showMessage(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.contains(QLatin1String("propagateSizeHints")))
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+int fail(const QString& reason, int status)
+{
+    std::fprintf(stderr, "vanto-tour: %s\n", qPrintable(reason));
+    return status;
+}
+
+/// The platform is chosen when the application object is made, so before options are read.
+void choosePlatform(int argc, char* argv[])
+{
+    const auto* const end = argv + argc;
+    const bool asked = std::find(argv, argv + argc, std::string_view("--offscreen")) != end;
+    const bool display =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (asked || (!display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+Options readOptions()
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Drives the window of VantoSetting against simulated hands and takes a picture of\n"
+        "every step. Exit status 0 when every step worked."));
+    parser.addHelpOption();
+    const QCommandLineOption output(QStringLiteral("output"),
+                                    QStringLiteral("Folder for the pictures. Default: tour."),
+                                    QStringLiteral("DIR"), QStringLiteral("tour"));
+    const QCommandLineOption theme(
+        QStringLiteral("theme"),
+        QStringLiteral("dark (default), light, or both: the whole tour once in each, with a "
+                       "folder for each."),
+        QStringLiteral("NAME"), QStringLiteral("dark"));
+    const QCommandLineOption offscreen(QStringLiteral("offscreen"),
+                                       QStringLiteral("Show no window, even with a display."));
+    parser.addOptions({output, theme, offscreen});
+    parser.process(*qApp);
+
+    const QString name = parser.value(theme);
+    const bool both = name == QLatin1String("both");
+    return {QDir(QDir::current().absoluteFilePath(parser.value(output))),
+            both ? Theme::names() : Theme::names().filter(name)};
+}
+
+/// An empty folder for pictures; those of an earlier tour would pass for new ones.
+bool prepareFolder(const QDir& folder)
+{
+    if (!folder.mkpath(QStringLiteral(".")))
+        return false;
+    for (const QString& old : folder.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files))
+        QFile::remove(folder.filePath(old));
+    return true;
+}
+
+int tour(const QString& theme, const QDir& folder)
+{
+    if (!prepareFolder(folder))
+        return fail(QStringLiteral("cannot make ") + folder.path(), UsageStatus);
+    const QTemporaryDir work;
+    QDir::setCurrent(work.path());
+    QSettings(QStringLiteral("setting.ini"), QSettings::IniFormat)
+        .setValue(QStringLiteral("style"), theme);
+
+    HandProcess hands;
+    if (!hands.start(tourHandOptions()))
+        return fail(hands.errorText(), FailedStatus);
+    qputenv("VANTO_PORTS", hands.portName().toUtf8());
+
+    MainWindow window;
+    Theme::applyStored();
+    window.show();
+    ::alarm(LimitSeconds);
+    Stage stage(window, hands, folder.path());
+    const bool passed = stage.play(tourSteps());
+    ::alarm(0);
+    QDir::setCurrent(QDir::rootPath());
+    return passed ? 0 : FailedStatus;
+}
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    choosePlatform(argc, argv);
+    std::signal(SIGALRM, endLateTour);
+    qInstallMessageHandler(showMessage);
+    QApplication application(argc, argv);
+    const Options options = readOptions();
+    if (options.themes.isEmpty())
+        return fail(QStringLiteral("no such theme"), UsageStatus);
+
+    for (const QString& theme : options.themes) {
+        const bool single = options.themes.size() == 1;
+        const int status =
+            tour(theme, single ? options.output : QDir(options.output.filePath(theme)));
+        if (status != 0)
+            return status;
+    }
+    std::printf("pictures in %s\n", qPrintable(options.output.path()));
+    return 0;
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "dialogwatch.h"
+#include "handprocess.h"
+#include "mainwindow.h"
+
+#include <QStringList>
+
+#include <span>
+
+class Stage;
+
+/// One stop of the tour. `run` drives the window, complains to the stage of what is wrong and
+/// returns what was seen, in a few words.
+struct Step {
+    const char* name;
+    QString (*run)(Stage& stage);
+};
+
+/// The window and the simulated hands, and what the steps do with them.
+class Stage
+{
+public:
+    /// Pictures go to `folder`, which must exist.
+    Stage(MainWindow& window, HandProcess& hands, QString folder);
+
+    /// Runs the steps in order up to the first that fails; a line on standard output and a
+    /// picture for each. True when all of them worked.
+    bool play(std::span<const Step> steps);
+
+    /// The named widget or action, which must exist.
+    template<class T>
+    T& find(const QString& name) const
+    {
+        T* object = m_window.findChild<T*>(name);
+        if (!object)
+            qFatal("the window has no %s", qPrintable(name));
+        return *object;
+    }
+
+    /// The step that runs fails because of this.
+    void complain(const QString& what) { m_complaints.append(what); }
+    void expect(const QString& what, const QString& seen, const QString& wanted);
+
+    void click(const QString& button);
+    /// Runs `open`, which shows one dialog, and has it answered.
+    void withDialog(const std::function<void()>& open, DialogWatch::Answer answer);
+    QString field(const QString& lineEdit) const;
+    QString statusText() const;
+    /// Waits for a condition while events are processed; complains when it never comes true.
+    void await(const QString& what, const std::function<bool()>& condition);
+
+    QString portName() const { return m_hands.portName(); }
+    /// What the hands answer to a command, without the leading "ok".
+    QString askHands(const QString& command);
+
+    /// A picture beside the one that is taken at the end of every step. With a dialog, it is
+    /// shown over the window.
+    void takePicture(const QString& suffix, QDialog* dialog = nullptr);
+
+private:
+    bool playStep(const Step& step);
+
+    MainWindow& m_window;
+    HandProcess& m_hands;
+    QString m_folder;
+    QString m_stepName; ///< number and name, e.g. "03-port"
+    QStringList m_complaints;
+    DialogWatch m_dialogs;
+};

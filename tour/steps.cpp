@@ -1,0 +1,252 @@
+#include "steps.h"
+
+#include "theme.h"
+
+#include <QAbstractItemModel>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QPushButton>
+
+#include <array>
+
+namespace
+{
+constexpr int FingerCount = 6;
+constexpr int HandCount = 3;
+constexpr QLatin1String Firmware("2.5.11");
+constexpr QLatin1String Protocol("3.1");
+constexpr QLatin1String Hardware("1C02");
+constexpr QLatin1String BootLoader("1.3");
+constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand
+
+QString entryText(int node)
+{
+    return QStringLiteral("0x%1 (SerialCtrl V%2, Protocol V%3)")
+        .arg(node, 2, 16, QLatin1Char('0'))
+        .arg(Firmware, Protocol);
+}
+
+/// Scans until as many hands are listed, then stops as soon as the present node is finished.
+void scanFor(Stage& stage, int hands)
+{
+    auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
+    auto& scan = stage.find<QPushButton>(QStringLiteral("pushButton_ScanDevices"));
+    const auto stopWhenListed = [&] {
+        if (devices.count() != hands)
+            return;
+        stage.expect(QStringLiteral("the Scan button while scanning"), scan.text(),
+                     QStringLiteral("Stop"));
+        stage.takePicture(QStringLiteral("-running"));
+        scan.click();
+    };
+    // Queued, as the entry is complete only after the signal; the scan returns after the Stop.
+    const auto connection = QObject::connect(devices.model(), &QAbstractItemModel::rowsInserted,
+                                             &scan, stopWhenListed, Qt::QueuedConnection);
+    stage.click(scan.objectName());
+    QObject::disconnect(connection);
+    stage.expect(QStringLiteral("the Scan button afterwards"), scan.text(), QStringLiteral("Scan"));
+}
+
+void expectDevices(Stage& stage, const QList<int>& nodes)
+{
+    const auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
+    stage.expect(QStringLiteral("the number of hands"), QString::number(devices.count()),
+                 QString::number(nodes.size()));
+    for (int i = 0; i < nodes.size(); ++i)
+        stage.expect(QStringLiteral("device %1").arg(i + 1), devices.itemText(i),
+                     entryText(nodes[i]));
+}
+
+void chooseTheme(Stage& stage, const QString& name)
+{
+    stage.withDialog([&] { stage.find<QAction>(QStringLiteral("action_Theme")).trigger(); },
+                     [&](QDialog& dialog) {
+                         static_cast<QInputDialog&>(dialog).setTextValue(name);
+                         stage.takePicture(QStringLiteral("-dialog"), &dialog);
+                         dialog.accept();
+                     });
+}
+
+QString start(Stage& stage)
+{
+    stage.expect(QStringLiteral("the number of hands"),
+                 QString::number(stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).count()),
+                 QStringLiteral("0"));
+    return QStringLiteral("window shown");
+}
+
+QString theme(Stage& stage)
+{
+    const QString before = qApp->styleSheet();
+    QStringList sheets;
+    for (const QString& name : Theme::names()) {
+        chooseTheme(stage, name);
+        stage.takePicture(QLatin1Char('-') + name);
+        sheets.append(qApp->styleSheet());
+    }
+    if (sheets.contains(QString()) || sheets.removeDuplicates() > 0)
+        stage.complain(QStringLiteral("the themes do not differ"));
+    chooseTheme(stage, Theme::names().value(sheets.indexOf(before)));
+    return Theme::names().join(QLatin1String(" and "));
+}
+
+QString port(Stage& stage)
+{
+    auto& ports = stage.find<QComboBox>(QStringLiteral("comboBox_Ports"));
+    const int index = ports.findData(stage.portName());
+    if (index < 0)
+        stage.complain(QStringLiteral("the port is not listed"));
+    ports.setCurrentIndex(index);
+    return ports.currentText();
+}
+
+QString scan(Stage& stage)
+{
+    scanFor(stage, HandCount);
+    expectDevices(stage, {2, 3, 16});
+    return QStringLiteral("%1 hands").arg(HandCount);
+}
+
+QString open(Stage& stage)
+{
+    auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
+    stage.expect(QStringLiteral("the current device"), devices.currentText(), entryText(2));
+    stage.expect(QStringLiteral("the status"), stage.statusText(),
+                 QStringLiteral("Basic info loaded"));
+    stage.await(QStringLiteral("the scan's last time-out text vanishes"),
+                [&error = stage.find<QLabel>(QStringLiteral("label_StatusError"))] {
+                    return error.text().isEmpty();
+                });
+    return devices.currentText();
+}
+
+void expectVersions(Stage& stage)
+{
+    const std::array<std::pair<const char*, QString>, 4> versions{
+        std::pair{"lineEdit_BasicFirmwareVersion", QLatin1Char('V') + Firmware},
+        {"lineEdit_BasicProtocolVersion", QLatin1Char('V') + Protocol},
+        {"lineEdit_BasicHardwareTypeVersion", Hardware},
+        {"lineEdit_BasicBootLoaderVersion", QLatin1Char('V') + BootLoader}};
+    for (const auto& [name, wanted] : versions)
+        stage.expect(QLatin1String(name), stage.field(QLatin1String(name)), wanted);
+}
+
+void expectCalibration(Stage& stage, int node)
+{
+    const std::array<std::pair<const char*, const char*>, 2> limits{
+        std::pair{"lineEdit_BasicCaliStart%1", "start"}, {"lineEdit_BasicCaliEnd%1", "end"}};
+    for (const auto& [name, property] : limits) {
+        for (int finger = 0; finger < FingerCount; ++finger) {
+            const QString lineEdit = QString::fromLatin1(name).arg(finger);
+            stage.expect(lineEdit, stage.field(lineEdit),
+                         stage.askHands(QStringLiteral("get %1 %2 %3")
+                                            .arg(node)
+                                            .arg(QLatin1String(property))
+                                            .arg(finger)));
+        }
+    }
+    for (std::size_t preset = 0; preset < ThumbRootPresets.size(); ++preset) {
+        const QString lineEdit = QStringLiteral("lineEdit_BasicThumbRootPos%1").arg(preset);
+        stage.expect(lineEdit, stage.field(lineEdit), QString::number(ThumbRootPresets.at(preset)));
+    }
+}
+
+void expectChoices(Stage& stage, int node)
+{
+    const std::array<std::pair<const char*, const char*>, 2> choices{
+        std::pair{"comboBox_BasicSelfTestLevel", "selftest"},
+        {"comboBox_BasicBeepSwitch", "beepswitch"}};
+    for (const auto& [name, property] : choices)
+        stage.expect(
+            QLatin1String(name),
+            QString::number(stage.find<QComboBox>(QLatin1String(name)).currentIndex()),
+            stage.askHands(QStringLiteral("get %1 %2").arg(node).arg(QLatin1String(property))));
+}
+
+QString basic(Stage& stage)
+{
+    for (const char* change :
+         {"set 2 start 0 417", "set 2 end 5 3210", "set 2 selftest 0", "set 2 beepswitch 0"})
+        stage.askHands(QLatin1String(change));
+    stage.click(QStringLiteral("pushButton_BasicReloadBasic"));
+    expectVersions(stage);
+    expectCalibration(stage, 2);
+    expectChoices(stage, 2);
+    return QStringLiteral("every field shows what the hand holds");
+}
+
+QString beep(Stage& stage)
+{
+    const int before = stage.askHands(QStringLiteral("get 2 beeps")).toInt();
+    stage.click(QStringLiteral("pushButton_BasicBeep"));
+    stage.expect(QStringLiteral("the status"), stage.statusText(),
+                 QStringLiteral("Beep succeeded"));
+    stage.expect(QStringLiteral("the hand's count of beeps"),
+                 stage.askHands(QStringLiteral("get 2 beeps")), QString::number(before + 1));
+    return QStringLiteral("the hand beeped once");
+}
+
+QString setId(Stage& stage)
+{
+    stage.withDialog([&] { stage.click(QStringLiteral("pushButton_BasicSetID")); },
+                     [&](QDialog& dialog) {
+                         auto& input = static_cast<QInputDialog&>(dialog);
+                         input.setIntValue(5);
+                         stage.takePicture(QStringLiteral("-dialog"), &dialog);
+                         input.accept();
+                     });
+    stage.expect(QStringLiteral("the status"), stage.statusText(),
+                 QStringLiteral("node id changed from '0x02' to '0x05', need to rescan devices"));
+    stage.askHands(QStringLiteral("get 5 id"));
+    return QStringLiteral("2 -> 5");
+}
+
+QString rescan(Stage& stage)
+{
+    scanFor(stage, HandCount);
+    expectDevices(stage, {3, 5, 16});
+    stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).setCurrentIndex(1);
+    expectVersions(stage);
+    expectCalibration(stage, 5);
+    return QStringLiteral("the hand is found at 5 and opened");
+}
+
+QString wire(Stage& stage)
+{
+    const QString statistics = stage.askHands(QStringLiteral("stats"));
+    for (const char* faultless : {"overlaps=0", "bad=0"}) {
+        if (!statistics.contains(QLatin1String(faultless)))
+            stage.complain(statistics);
+    }
+    return statistics;
+}
+
+constexpr std::array steps{
+    Step{"start", start},   Step{"theme", theme}, Step{"port", port}, Step{"scan", scan},
+    Step{"open", open},     Step{"basic", basic}, Step{"beep", beep}, Step{"id", setId},
+    Step{"rescan", rescan}, Step{"wire", wire},
+};
+} // namespace
+
+std::span<const Step> tourSteps()
+{
+    return steps;
+}
+
+QStringList tourHandOptions()
+{
+    QStringList options{QStringLiteral("--firmware"),
+                        Firmware,
+                        QStringLiteral("--protocol-version"),
+                        Protocol,
+                        QStringLiteral("--hardware"),
+                        Hardware,
+                        QStringLiteral("--boot"),
+                        BootLoader};
+    for (const char* node : {"2", "3", "16"})
+        options += {QStringLiteral("--node"), QLatin1String(node)};
+    return options;
+}
