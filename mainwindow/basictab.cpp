@@ -1,6 +1,7 @@
 #include "basictab.h"
 
 #include "conversation.h"
+#include "focuskeeper.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "ui_mainwindow.h"
@@ -52,12 +53,14 @@ void BasicTab::reloadClicked()
 
 void BasicTab::reload()
 {
+    FocusKeeper focus(m_window);
     m_reloading = true;
     const auto finish = qScopeGuard([this] {
         m_reloading = false;
         updateDependentWidgets();
     });
     setWidgetsEnabled(false);
+    focus.noteMove();
     clear();
     if (m_ui->comboBox_Devices->currentIndex() < 0)
         return;
@@ -158,8 +161,8 @@ void BasicTab::readBeepSwitch(const Target& target)
 
 void BasicTab::readCalibration(const Target& target)
 {
-    std::array<std::uint16_t, FingerCount> ends{};
-    std::array<std::uint16_t, FingerCount> starts{};
+    PerFinger<std::uint16_t> ends{};
+    PerFinger<std::uint16_t> starts{};
     std::array<std::uint16_t, ThumbRootCount> thumbRoots{};
     if (!m_reporter->succeeded(target, "getCaliData",
                                target->getCaliData(target.node, ends.data(), starts.data(),
@@ -236,6 +239,7 @@ void BasicTab::changeId(const Target& target, std::uint8_t newNode)
     const Conversation conversation;
     if (!m_reporter->succeeded(target, "setID", target->setID(target.node, newNode)))
         return;
+    m_session->stopAtOnce(); // nobody answers at the old id any more
     clear();
     m_ui->comboBox_Devices->clear();
     setWidgetsEnabled(false); // they act on the current entry, and there is none

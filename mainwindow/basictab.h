@@ -1,11 +1,13 @@
 #pragma once
 
 #include "devicesession.h"
+#include "fingers.h"
 #include "tabroom.h"
 
 #include <QCoreApplication>
 
 #include <array>
+#include <functional>
 
 class QLineEdit;
 class QWidget;
@@ -20,7 +22,6 @@ class BasicTab : public TabRoom
 {
     Q_DECLARE_TR_FUNCTIONS(BasicTab)
 public:
-    static constexpr std::size_t FingerCount = 6;
     static constexpr std::size_t ThumbRootCount = 3;
 
     BasicTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* session, StatusReporter* reporter);
@@ -59,8 +60,8 @@ private:
     QWidget* m_window;
     DeviceSession* m_session;
     StatusReporter* m_reporter;
-    std::array<QLineEdit*, FingerCount> m_starts;
-    std::array<QLineEdit*, FingerCount> m_ends;
+    PerFinger<QLineEdit*> m_starts;
+    PerFinger<QLineEdit*> m_ends;
     std::array<QLineEdit*, ThumbRootCount> m_thumbRoots;
     bool m_enabled = false;
     bool m_reloading = false;

@@ -30,22 +30,17 @@ void DeviceConnector::refreshClicked()
 
 void DeviceConnector::refresh()
 {
-    leaveDevice();
     const QSignalBlocker noPortChange(m_ui->comboBox_Ports);
     m_ui->comboBox_Ports->clear();
-    m_ui->comboBox_Devices->clear();
+    forgetDevices();
     for (const PortEntry& port : availablePorts())
         m_ui->comboBox_Ports->addItem(port.text(), port.name);
-    showForcePage(false);
 }
 
 void DeviceConnector::portChanged()
 {
     m_session->stopAtOnce();
-    m_session->whenQuiet(DeviceSession::Change::Port, [this] {
-        leaveDevice();
-        m_ui->comboBox_Devices->clear();
-    });
+    m_session->whenQuiet(DeviceSession::Change::Port, [this] { forgetDevices(); });
 }
 
 void DeviceConnector::deviceChanged(int index)
@@ -64,6 +59,13 @@ void DeviceConnector::leaveDevice()
         tab->clear();
     for (TabRoom* tab : m_tabs)
         tab->setWidgetsEnabled(false);
+}
+
+void DeviceConnector::forgetDevices()
+{
+    leaveDevice();
+    m_ui->comboBox_Devices->clear();
+    showForcePage(false);
 }
 
 void DeviceConnector::openCurrentDevice()

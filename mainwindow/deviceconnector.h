@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+#include <vector>
+
 class PageTimers;
 class TabRoom;
 namespace Ui
@@ -26,6 +28,8 @@ public:
 
     /// Closes what is open; nothing that the tabs show is true any more.
     void leaveDevice();
+    /// leaveDevice(), and the devices that were found are not there any more either.
+    void forgetDevices();
     /// Opens the device of the current entry and reloads all tabs.
     void openCurrentDevice();
     /// What the current Ports entry is opened by.

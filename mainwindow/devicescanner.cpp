@@ -19,8 +19,8 @@ constexpr int LastNode = 255;
 QList<std::shared_ptr<VantoProtocol>> protocolsToTry()
 {
     QList<std::shared_ptr<VantoProtocol>> protocols{
-        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_MODBUS_RTU, 1, 0),
-        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0)};
+        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_MODBUS_RTU, ModbusMajorVersion, 0),
+        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, SerialCtrlMajorVersion, 0)};
     protocols.removeAll(nullptr);
     return protocols;
 }
@@ -74,8 +74,7 @@ void DeviceScanner::setScanning(bool scanning)
         widget->setEnabled(!scanning);
     m_ui->pushButton_ScanDevices->setText(scanning ? tr("Stop") : m_idleCaption);
     if (scanning) {
-        m_ui->comboBox_Devices->clear();
-        m_connector->leaveDevice();
+        m_connector->forgetDevices();
         m_stop = false;
     }
     m_ui->tabWidget->setEnabled(!scanning);
@@ -110,9 +109,8 @@ bool DeviceScanner::tryNode(const QString& port, const DeviceSession::Target& ca
     const Conversation conversation;
     if (!candidate->connect(port.toUtf8().constData(), Program::BaudRate)) {
         m_failure = tr("Open port '%1' failed, protocol=%2, baudrate=%3")
-                        .arg(port)
-                        .arg(candidate->protocolType())
-                        .arg(Program::BaudRate);
+                        .arg(port, QString::number(candidate->protocolType()),
+                             QString::number(Program::BaudRate));
         return false;
     }
     listIfAnswering(candidate);

@@ -37,7 +37,7 @@ void DeviceSession::setAdapter(std::shared_ptr<VantoProtocol> adapter)
 
 void DeviceSession::close()
 {
-    emit sig_stop();
+    stopAtOnce();
     m_adapter->disconnect();
     m_adapter.reset();
 }
@@ -110,9 +110,36 @@ void DeviceSession::submit(Job job)
         run(job);
         return;
     }
-    if (job.kind)
-        m_waiting.remove_if([&](const Job& waiting) { return waiting.kind == job.kind; });
-    m_waiting.push_back(std::move(job));
+    enqueue(std::move(job));
+}
+
+void DeviceSession::enqueue(Job job)
+{
+    const auto remove = [this](std::optional<Change> kind) {
+        m_waiting.remove_if([kind](const Job& waiting) { return waiting.kind == kind; });
+    };
+    if (!changesConnection(job)) {
+        if (job.kind)
+            remove(job.kind);
+        m_waiting.push_back(std::move(job));
+        return;
+    }
+    remove(job.kind);
+    // What a scan that waits would throw away is not begun, and what would throw the scan's
+    // result away comes before it.
+    if (job.kind == Change::Scan)
+        remove(Change::Device);
+    const auto later = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job& waiting) {
+        return changesConnection(waiting) && *waiting.kind > *job.kind;
+    });
+    if (job.kind == Change::Device && later != m_waiting.end())
+        return;
+    m_waiting.insert(later, std::move(job));
+}
+
+bool DeviceSession::changesConnection(const Job& job)
+{
+    return job.kind && *job.kind <= Change::Scan;
 }
 
 void DeviceSession::run(const Job& job)

@@ -36,8 +36,9 @@ public:
         VantoProtocol* operator->() const { return adapter.get(); }
     };
 
-    /// Kinds of actions that wait for quiet; one of each is kept.
-    enum class Change { RefreshPorts, Port, Scan, Device, ReloadBasic, About, Theme };
+    /// Kinds of actions that wait for quiet; one of each is kept. Those up to Scan change the
+    /// connection and get their turns in this order.
+    enum class Change { RefreshPorts, Port, Device, Scan, ReloadBasic, About, Theme };
 
     explicit DeviceSession(NodeSource currentNode, QObject* parent = nullptr);
     ~DeviceSession() override;
@@ -52,7 +53,7 @@ public:
     bool holds(const Target& target) const { return target.epoch == m_epoch; }
 
     void setAdapter(std::shared_ptr<VantoProtocol> adapter);
-    /// Stops timers and player and closes the adapter, which must be open.
+    /// Stops everything at once and closes the adapter, which must be open.
     void close();
     void closeIfConnected();
 
@@ -62,7 +63,6 @@ public:
     void stopAtOnce();
     /// stopAtOnce() for good: nothing that waits is done any more.
     void shutDown();
-    bool isShutDown() const { return m_shutDown; }
 
     using Request = std::function<void(const Target&)>;
     /// `stillWanted` is asked when a request that had to wait gets its turn.
@@ -88,7 +88,9 @@ private:
     };
 
     bool idle() const;
+    static bool changesConnection(const Job& job);
     void submit(Job job);
+    void enqueue(Job job);
     void run(const Job& job);
     void scheduleDrain();
     void drain();

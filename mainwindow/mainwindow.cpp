@@ -60,7 +60,7 @@ void MainWindow::showErrorOnStatusBar(const QString& text, const QColor& colour)
 
 void MainWindow::reloadBasicInfo()
 {
-    m_basicTab->reload();
+    m_basicTab->reloadClicked();
 }
 
 void MainWindow::clearBasicInfo()
@@ -99,8 +99,8 @@ void MainWindow::showAbout()
 {
     const QString text = Program::title() + QLatin1Char(' ') + QLatin1String(Program::Version) +
                          tr("\n\nSupported protocol:") +
-                         tr("\n    SerialCtrl Protocol Ver %1.x").arg(3) +
-                         tr("\n    ModBus-RTU Protocol Ver %1.x").arg(1);
+                         tr("\n    SerialCtrl Protocol Ver %1.x").arg(SerialCtrlMajorVersion) +
+                         tr("\n    ModBus-RTU Protocol Ver %1.x").arg(ModbusMajorVersion);
     QMessageBox::information(this, Program::title(), text);
 }
 

@@ -13,6 +13,7 @@
 namespace
 {
 constexpr QLatin1String StyleKey("style");
+constexpr QLatin1String Default("dark");
 
 QSettings openSettings()
 {
@@ -33,7 +34,7 @@ void apply(const QString& name)
 
 QStringList Theme::names()
 {
-    return {QStringLiteral("dark"), QStringLiteral("light")};
+    return {Default, QStringLiteral("light")};
 }
 
 void Theme::applyStored()
@@ -41,7 +42,7 @@ void Theme::applyStored()
     auto settings = openSettings();
     if (!settings.contains(StyleKey)) {
         qDebug() << "style not set, use default";
-        settings.setValue(StyleKey, names().constFirst());
+        settings.setValue(StyleKey, QString(Default));
     }
     apply(settings.value(StyleKey).toString());
 }
@@ -50,7 +51,7 @@ void Theme::choose(QWidget* parent)
 {
     auto settings = openSettings();
     if (!settings.contains(StyleKey))
-        settings.setValue(StyleKey, QStringLiteral("dark"));
+        settings.setValue(StyleKey, QString(Default));
     const auto position = names().indexOf(settings.value(StyleKey).toString());
     bool accepted = false;
     const QString name = QInputDialog::getItem(

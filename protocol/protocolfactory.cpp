@@ -28,7 +28,7 @@ std::shared_ptr<VantoProtocol>
 VantoProtocol::getProtocolInstance(PROTOCOL_TYPE type, unsigned char major, unsigned char /*minor*/)
 {
     static Slot serialCtrlSlot;
-    if (type == PROTOCOL_TYPE_SERIALCTRL && major == SerialProtocolV3::MajorVersion)
+    if (type == PROTOCOL_TYPE_SERIALCTRL && major == SerialCtrlMajorVersion)
         return filled<SerialProtocolV3>(serialCtrlSlot, _mutex);
     return {};
 }

@@ -12,6 +12,10 @@ enum PROTOCOL_TYPE : std::uint8_t {
     PROTOCOL_TYPE_SERIALCTRL = 2,
 };
 
+/// Major versions of the device protocols that there are adapters for.
+inline constexpr int ModbusMajorVersion = 1;
+inline constexpr int SerialCtrlMajorVersion = 3;
+
 /// Everything that can be asked of a hand, whichever device protocol it speaks.
 ///
 /// `node` is the hand's address on the bus, `finger` an index 0..5 (Thumb, Index, Middle, Third,

@@ -1,5 +1,6 @@
 #include "handcommands.h"
 
+#include "fingers.h"
 #include "payload.h"
 
 namespace
@@ -53,7 +54,6 @@ enum Command : u8 {
     StartInit = 0x64,
 };
 
-constexpr u8 FingerCount = 6;
 constexpr std::size_t CaliDataCapacity = 30;
 constexpr std::size_t ForceCapacity = 33;
 constexpr std::size_t AllFingersCapacity = 24;

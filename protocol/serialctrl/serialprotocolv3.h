@@ -16,11 +16,9 @@ class SerialPort;
 class SerialProtocolV3 : public VantoProtocol
 {
 public:
-    static constexpr int MajorVersion = 3;
-
     PROTOCOL_TYPE protocolType() const override { return PROTOCOL_TYPE_SERIALCTRL; }
     const char* protocolName() const override { return "SerialCtrl"; }
-    int protocolVersion() const override { return MajorVersion; }
+    int protocolVersion() const override { return SerialCtrlMajorVersion; }
 
     bool connect(const char* portName, std::uint32_t baudRate) override;
     void disconnect() override;

@@ -149,18 +149,13 @@ void HAND_SetCommandTimeOut(HAND_Context* context, std::uint16_t milliseconds)
         context->commandTimeout = milliseconds;
 }
 
-std::uint32_t HAND_CheckSendable(const HAND_Context* context)
-{
-    if (!context || !context->send)
-        return HAND_NO_CONTEXT;
-    return timersSet() ? HAND_SUCCESS : HAND_CHECKSUM_WRONG;
-}
-
 std::uint32_t HAND_SendCmd(HAND_Context* context, std::uint8_t node, std::uint8_t command,
                            const std::uint8_t* payload, std::size_t length)
 {
-    if (const auto obstacle = HAND_CheckSendable(context); obstacle != HAND_SUCCESS)
-        return obstacle;
+    if (!context || !context->send)
+        return HAND_NO_CONTEXT;
+    if (!timersSet())
+        return HAND_CHECKSUM_WRONG;
     if (length > HAND_MAX_REQUEST_PAYLOAD)
         return HAND_REQUEST_TOO_LONG;
 

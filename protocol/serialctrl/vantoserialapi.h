@@ -77,8 +77,6 @@ void HAND_SetTimerFunction(HAND_TickFunction tick, HAND_DelayFunction delay);
 std::uint32_t HAND_GetTick();
 void HAND_SetCommandTimeOut(HAND_Context* context, std::uint16_t milliseconds);
 
-/// What stands in the way of sending: HAND_SUCCESS, HAND_NO_CONTEXT or HAND_CHECKSUM_WRONG.
-std::uint32_t HAND_CheckSendable(const HAND_Context* context);
 std::uint32_t HAND_SendCmd(HAND_Context* context, std::uint8_t node, std::uint8_t command,
                            const std::uint8_t* payload, std::size_t length);
 void HAND_OnData(HAND_Context* context, std::uint8_t byte);

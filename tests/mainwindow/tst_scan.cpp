@@ -26,6 +26,7 @@ private slots:
     void badEntries();
     void pageTimers();
     void vanishedPort();
+    void unpluggedDuringScan();
 };
 
 namespace
@@ -133,7 +134,7 @@ void TestScan::widgetsDuringScan()
 void TestScan::portNotOpened_data()
 {
     QTest::addColumn<QString>("port");
-    QTest::newRow("absent") << "/tmp/no/such/port";
+    QTest::newRow("absent") << "/tmp/no/such%2/port%3";
     QTest::newRow("no port") << "";
 }
 
@@ -268,6 +269,22 @@ void TestScan::vanishedPort()
     bench.tool->scanFor(1);
     bench.tool->click("pushButton_BasicBeep");
     QCOMPARE(bench.tool->statusText(), "Beep succeeded");
+}
+
+void TestScan::unpluggedDuringScan()
+{
+    Bench bench({"--node", "2"});
+    QTimer::singleShot(130, this, [&] { bench.hand.command("unplug"); });
+    QString text;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        text = box->text();
+        box->accept();
+    });
+    bench.tool->click("pushButton_ScanDevices");
+    QVERIFY2(text.startsWith("Open port '" + bench.hand.portName()), qPrintable(text));
+    QVERIFY(bench.tool->enabled("comboBox_Devices"));
+    QCOMPARE(bench.tool->devices()->count(), 1);
+    QVERIFY(!bench.tool->enabled("pushButton_BasicBeep")); // nothing is opened
 }
 
 QTEST_MAIN(TestScan)

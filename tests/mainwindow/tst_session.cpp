@@ -14,6 +14,7 @@ private slots:
     void idleRunsAtOnce();
     void busyWaitsInOrder();
     void lastOfAKindWins();
+    void scanComesLast();
     void droppedRequests();
     void nothingRunsInsideAJob();
     void dialogsInLongJobs();
@@ -89,6 +90,20 @@ void TestSession::lastOfAKindWins()
         change(Change::ReloadBasic, "reload 2");
     }
     QTRY_COMPARE(m_done, (QStringList{"device 2", "reload 2"}));
+}
+
+void TestSession::scanComesLast()
+{
+    {
+        const Conversation conversation;
+        change(Change::Device, "device");
+        change(Change::Scan, "scan");
+        change(Change::Device, "device");
+        change(Change::ReloadBasic, "reload");
+        change(Change::Port, "port");
+        change(Change::RefreshPorts, "refresh");
+    }
+    QTRY_COMPARE(m_done, (QStringList{"refresh", "port", "scan", "reload"}));
 }
 
 void TestSession::droppedRequests()

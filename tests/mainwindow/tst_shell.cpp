@@ -196,6 +196,8 @@ void TestShell::program_data()
     QTest::newRow("no such style")
         << QByteArray("[General]\nstyle=DARK\n")
         << "translation:" << QByteArray("Unable to set stylesheet, file not found\n") << "DARK";
+    QTest::newRow("unwritable") << QByteArray("folder") << "style not set, use default"
+                                << QByteArray() << "";
     QTest::newRow("damaged") << QByteArray("\x01\xff[[[\n==\n") << "style not set, use default"
                              << QByteArray() << "dark";
 }
@@ -207,7 +209,9 @@ void TestShell::program()
     QFETCH(QString, style);
     const QTemporaryDir folder;
     const QString ini = folder.filePath("setting.ini");
-    if (!settings.isNull()) {
+    if (settings == "folder") { // nothing can be stored, not even by root
+        QVERIFY(QDir(folder.path()).mkdir("setting.ini"));
+    } else if (!settings.isNull()) {
         QFile file(ini);
         QVERIFY(file.open(QFile::WriteOnly) && file.write(settings) == settings.size());
     }

@@ -76,6 +76,8 @@ protected:
         m_last = dialog;
         ++m_count;
         m_act(dialog);
+        if (QTest::currentTestFailed() && m_last && m_last->isVisible())
+            m_last->reject(); // a check that failed has returned before it answered
     }
 
 private:

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+/// The hand's fingers; all per-finger arrays are in this order.
+enum Finger : unsigned char { Thumb, Index, Middle, Third, Little, ThumbRoot };
+
+inline constexpr std::size_t FingerCount = 6;
+
+template<class T>
+using PerFinger = std::array<T, FingerCount>;
