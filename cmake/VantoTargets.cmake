@@ -5,7 +5,7 @@ set(VANTO_SANITIZERS "" CACHE STRING "Sanitizers for -fsanitize=, e.g. address,u
 add_library(vanto_build_flags INTERFACE)
 target_compile_options(vanto_build_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference)
+    -Wnon-virtual-dtor -Woverloaded-virtual)
 target_compile_definitions(vanto_build_flags INTERFACE
     QT_NO_FOREACH QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
     QT_DEPRECATED_WARNINGS)

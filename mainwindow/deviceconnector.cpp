@@ -3,7 +3,6 @@
 #include "conversation.h"
 #include "deviceentry.h"
 #include "pagetimers.h"
-#include "portlist.h"
 #include "program.h"
 #include "tabroom.h"
 #include "ui_mainwindow.h"
@@ -25,15 +24,16 @@ DeviceConnector::DeviceConnector(Ui::MainWindow* ui, QWidget* window, DeviceSess
 void DeviceConnector::refreshClicked()
 {
     m_session->stopAtOnce();
-    m_session->whenQuiet(DeviceSession::Change::RefreshPorts, [this] { refresh(); });
+    m_session->whenQuiet(DeviceSession::Change::RefreshPorts,
+                         [this] { listPorts(availablePorts()); });
 }
 
-void DeviceConnector::refresh()
+void DeviceConnector::listPorts(const QList<PortEntry>& ports)
 {
     const QSignalBlocker noPortChange(m_ui->comboBox_Ports);
     m_ui->comboBox_Ports->clear();
     forgetDevices();
-    for (const PortEntry& port : availablePorts())
+    for (const PortEntry& port : ports)
         m_ui->comboBox_Ports->addItem(port.text(), port.name);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devicesession.h"
+#include "portlist.h"
 
 #include <QCoreApplication>
 
@@ -23,6 +24,8 @@ public:
                     std::vector<TabRoom*> tabs);
 
     void refreshClicked();
+    /// Fills the Ports list anew; without a port chosen there is no device.
+    void listPorts(const QList<PortEntry>& ports);
     void portChanged();
     void deviceChanged(int index);
 
@@ -36,7 +39,6 @@ public:
     QString currentPortName() const;
 
 private:
-    void refresh();
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
     bool probeForceSensing(const DeviceSession::Target& target);
     void showForcePage(bool visible);

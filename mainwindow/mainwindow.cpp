@@ -5,6 +5,7 @@
 #include "devicescanner.h"
 #include "devicesession.h"
 #include "pagetimers.h"
+#include "portlist.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "theme.h"
@@ -13,9 +14,13 @@
 #include <QCloseEvent>
 #include <QMessageBox>
 
+#include <future>
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
 {
+    // The system takes about as long to list its ports as Qt to build the form.
+    auto ports = std::async(std::launch::async, availablePorts);
     ui->setupUi(this);
     setWindowTitle(Program::title() + QStringLiteral(" - ") + QLatin1String(Program::Version));
     setWindowIcon(QIcon(QStringLiteral("://images/icon.ico")));
@@ -32,7 +37,7 @@ MainWindow::MainWindow(QWidget* parent)
                                                     std::vector<TabRoom*>{m_basicTab.get()});
     m_scanner = std::make_unique<DeviceScanner>(ui.get(), this, m_session.get(), m_reporter,
                                                 m_connector.get());
-    m_connector->refreshClicked();
+    m_connector->listPorts(ports.get());
 }
 
 MainWindow::~MainWindow()
