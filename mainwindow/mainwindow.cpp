@@ -12,6 +12,7 @@
 #include "ui_mainwindow.h"
 
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QMessageBox>
 
 #include <future>
@@ -22,6 +23,10 @@ MainWindow::MainWindow(QWidget* parent)
     // The system takes about as long to list its ports as Qt to build the form.
     auto ports = std::async(std::launch::async, availablePorts);
     ui->setupUi(this);
+    // The one long header gets its room, the other columns share the rest.
+    auto* columns = ui->tableWidget_Seq->horizontalHeader();
+    columns->setSectionResizeMode(QHeaderView::Stretch);
+    columns->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     setWindowTitle(Program::title() + QStringLiteral(" - ") + QLatin1String(Program::Version));
     setWindowIcon(QIcon(QStringLiteral("://images/icon.ico")));
 

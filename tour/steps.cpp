@@ -9,8 +9,10 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabWidget>
 
 #include <array>
+#include <functional>
 
 namespace
 {
@@ -78,19 +80,40 @@ QString start(Stage& stage)
     return QStringLiteral("window shown");
 }
 
-QString theme(Stage& stage)
+/// Does the same in each theme and returns to the one that was in force.
+void inEveryTheme(Stage& stage, const std::function<void(const QString& theme)>& act)
 {
     const QString before = qApp->styleSheet();
     QStringList sheets;
     for (const QString& name : Theme::names()) {
         chooseTheme(stage, name);
-        stage.takePicture(QLatin1Char('-') + name);
+        act(name);
         sheets.append(qApp->styleSheet());
     }
-    if (sheets.contains(QString()) || sheets.removeDuplicates() > 0)
+    if (sheets.contains(QString()) || QStringList(sheets).removeDuplicates() > 0)
         stage.complain(QStringLiteral("the themes do not differ"));
     chooseTheme(stage, Theme::names().value(sheets.indexOf(before)));
+}
+
+QString theme(Stage& stage)
+{
+    inEveryTheme(stage, [&](const QString& name) { stage.takePicture(QLatin1Char('-') + name); });
     return Theme::names().join(QLatin1String(" and "));
+}
+
+QString pages(Stage& stage)
+{
+    auto& pages = stage.find<QTabWidget>(QStringLiteral("tabWidget"));
+    int pictures = 0;
+    inEveryTheme(stage, [&](const QString& name) {
+        for (int page = 0; page < pages.count(); ++page) {
+            pages.setCurrentIndex(page);
+            stage.takePicture(QStringLiteral("-%1-%2").arg(pages.tabText(page).toLower(), name));
+            ++pictures;
+        }
+    });
+    pages.setCurrentIndex(0);
+    return QStringLiteral("%1 pictures").arg(pictures);
 }
 
 QString port(Stage& stage)
@@ -225,9 +248,9 @@ QString wire(Stage& stage)
 }
 
 constexpr std::array steps{
-    Step{"start", start},   Step{"theme", theme}, Step{"port", port}, Step{"scan", scan},
-    Step{"open", open},     Step{"basic", basic}, Step{"beep", beep}, Step{"id", setId},
-    Step{"rescan", rescan}, Step{"wire", wire},
+    Step{"start", start}, Step{"theme", theme},   Step{"port", port},   Step{"scan", scan},
+    Step{"open", open},   Step{"pages", pages},   Step{"basic", basic}, Step{"beep", beep},
+    Step{"id", setId},    Step{"rescan", rescan}, Step{"wire", wire},
 };
 } // namespace
 

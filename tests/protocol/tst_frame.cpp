@@ -197,12 +197,12 @@ void tst_frame::obstacles()
 void tst_frame::halfFrames()
 {
     FakeLink link;
-    feed(link.context, "55AA01020B03");
+    feed(link.context, "55AA01020B20");
     HAND_SendCmd(link.context, HandNode, Asked, nullptr, 0);
     feed(link.context, "55AA01020B0008");
     QVERIFY2(link.context->replyReady, "a request did not restart the receiver");
     link.context->replyReady = 0;
-    feed(link.context, "55AA01020B03");
+    feed(link.context, "55AA01020B20");
     HAND_GetResponse(link.context, HandNode, Asked, 5, nullptr, nullptr, nullptr);
     feed(link.context, "55AA01020B0008");
     QVERIFY2(link.context->replyReady, "a time-out did not restart the receiver");

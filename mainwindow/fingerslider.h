@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QSlider>
+
+/// A slider for a finger. A turn of the wheel over it would move a finger that nobody meant, so
+/// it is left to the page. The keys preview as a drag does; Return commits as a release does.
+class FingerSlider : public QSlider
+{
+    Q_OBJECT
+public:
+    explicit FingerSlider(QWidget* parent = nullptr);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,21 @@
+#include "numberfield.h"
+
+namespace
+{
+constexpr QLatin1String LongestValue("-327.68");
+constexpr int DefaultWidthInX = 17; ///< by which QLineEdit measures its own size hint
+} // namespace
+
+NumberField::NumberField(QWidget* parent) : QLineEdit(parent)
+{
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+QSize NumberField::sizeHint() const
+{
+    QSize hint = QLineEdit::sizeHint();
+    const QFontMetrics metrics = fontMetrics();
+    hint.rwidth() += metrics.horizontalAdvance(LongestValue) -
+                     DefaultWidthInX * metrics.horizontalAdvance(QLatin1Char('x'));
+    return hint;
+}

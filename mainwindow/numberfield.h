@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QLineEdit>
+
+/// A field for one number: right-aligned and just wide enough for the longest value of any
+/// quantity, whatever font and style are in force.
+class NumberField : public QLineEdit
+{
+    Q_OBJECT
+public:
+    explicit NumberField(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};

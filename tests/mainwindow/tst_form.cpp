@@ -1,0 +1,197 @@
+#include "windowdriver.h"
+
+#include <QAccessible>
+#include <QFile>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTabWidget>
+#include <QTableWidget>
+
+/// The form: every named widget is there, has a name for assistive tools, a place in the tab
+/// order and room for its text.
+class TestForm : public QObject
+{
+    Q_OBJECT
+private slots:
+    void names_data();
+    void names();
+    void texts();
+    void accessibleNames();
+    void nothingIsCut_data();
+    void nothingIsCut();
+    void tabOrder();
+    void cleanup() { qApp->setStyleSheet({}); }
+};
+
+namespace
+{
+const QStringList Fingers{"Thumb", "Index", "Middle", "Third", "Little", "Thumb root"};
+
+QList<QWidget*> controls(const QWidget* window)
+{
+    QList<QWidget*> found;
+    for (auto* widget : window->findChildren<QWidget*>()) {
+        const bool control = qobject_cast<QAbstractButton*>(widget) ||
+                             qobject_cast<QComboBox*>(widget) || qobject_cast<QLineEdit*>(widget) ||
+                             qobject_cast<QSlider*>(widget) || qobject_cast<QTableView*>(widget);
+        if (control && !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_") &&
+            !widget->objectName().startsWith("Scroll"))
+            found.append(widget);
+    }
+    return found;
+}
+
+QString accessibleName(QWidget* widget)
+{
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+} // namespace
+
+void TestForm::names_data()
+{
+    QTest::addColumn<QString>("prefix");
+    QTest::addColumn<QByteArray>("type");
+    for (const char* gain : {"P", "I", "D", "G", "CurrentLimit", "ForceLimit"})
+        QTest::newRow(gain) << QString("lineEdit_Setting") + gain << QByteArray("QLineEdit");
+    for (const char* what : {"ReadPID", "WritePID", "ReadCurrentLimit", "WriteCurrentLimit",
+                             "ReadForceLimit", "WriteForceLimit"})
+        QTest::newRow(what) << QString("pushButton_Setting") + what << QByteArray("QPushButton");
+    QTest::newRow("run slider") << "verticalSlider_RunPos" << QByteArray("QSlider");
+    QTest::newRow("run set") << "pushButton_RunSetPos" << QByteArray("QPushButton");
+    QTest::newRow("sequence slider") << "verticalSlider_SeqPos" << QByteArray("QSlider");
+    for (const char* field : {"RunPos", "RunSpeed", "RunCurrent", "SeqPos", "SeqSpeed",
+                              "BasicCaliStart", "BasicCaliEnd"})
+        QTest::newRow(field) << QString("lineEdit_") + field << QByteArray("QLineEdit");
+    QTest::newRow("separators") << "label_BasicCaliSep" << QByteArray("QLabel");
+}
+
+void TestForm::names()
+{
+    QFETCH(QString, prefix);
+    QFETCH(QByteArray, type);
+    WindowDriver tool;
+    for (int finger = 0; finger < 6; ++finger) {
+        const auto* widget = tool.window()->findChild<QWidget*>(prefix + QString::number(finger));
+        QVERIFY(widget && widget->inherits(type.constData()));
+    }
+    QVERIFY(!tool.window()->findChild<QWidget*>(prefix + '6'));
+}
+
+void TestForm::texts()
+{
+    WindowDriver tool;
+    const QMap<const char*, const char*> captions{{"label_SettingMA", "mA"},
+                                                  {"label_SettingMN", "mN"},
+                                                  {"label_SettingThumb", "Thumb"},
+                                                  {"label_SettingThumbRoot", "Thumb root"},
+                                                  {"label_RunSpeed", "Speed:"},
+                                                  {"label_RunCurrent", "Current:"},
+                                                  {"label_RunMA", "mA"},
+                                                  {"label_RunTicksOrDegree", "ticks"},
+                                                  {"label_SeqTicksOrDegree", "ticks"}};
+    for (auto it = captions.begin(); it != captions.end(); ++it)
+        QCOMPARE(tool.find<QLabel>(it.key())->text(), QString(it.value()));
+    auto* table = tool.find<QTableWidget>("tableWidget_Seq");
+    QStringList headers;
+    for (int column = 0; column < table->columnCount(); ++column)
+        headers.append(table->horizontalHeaderItem(column)->text());
+    QCOMPARE(headers.join(','), "Thumb Root,Thumb,Index,Middle,Third,Little");
+    QStringList pages;
+    auto* tabs = tool.find<QTabWidget>("tabWidget");
+    for (int page = 0; page < tabs->count(); ++page)
+        pages.append(tabs->tabText(page));
+    QCOMPARE(pages.join(','), "Basic,Setting,Run,Force,Sequence");
+    for (auto* button : tool.window()->findChildren<QPushButton*>())
+        QVERIFY2(!button->text().contains('&'), qPrintable(button->objectName()));
+}
+
+void TestForm::accessibleNames()
+{
+    WindowDriver tool;
+    QSet<QString> names;
+    const auto all = controls(tool.window());
+    QVERIFY(all.size() > 150);
+    for (QWidget* widget : all) {
+        const QString name = accessibleName(widget);
+        QVERIFY2(!name.isEmpty(), qPrintable(widget->objectName()));
+        const QString object = widget->objectName();
+        static const QRegularExpression perFinger("_(Setting|Run|Seq)\\w*[0-5]$|_BasicCali");
+        if (perFinger.match(object).hasMatch())
+            QVERIFY2(name.contains(Fingers[object.back().digitValue()], Qt::CaseInsensitive),
+                     qPrintable(object + ": " + name));
+        const QString page =
+            object.mid(object.indexOf('_') + 1, 3) + name + widget->metaObject()->className();
+        QVERIFY2(!names.contains(page), qPrintable(object + ": " + name));
+        names.insert(page);
+    }
+}
+
+void TestForm::nothingIsCut_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QSize>("size");
+    for (const char* theme : {"", "dark", "light"})
+        for (const QSize size : {QSize(1024, 700), QSize(1920, 1080)})
+            QTest::addRow("%s %d", theme, size.width()) << QString(theme) << size;
+}
+
+void TestForm::nothingIsCut()
+{
+    QFETCH(QString, theme);
+    QFETCH(QSize, size);
+    WindowDriver tool;
+    QFile sheet(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
+    if (!theme.isEmpty() && sheet.open(QFile::ReadOnly))
+        qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    tool.window()->resize(size);
+    auto* tabs = tool.find<QTabWidget>("tabWidget");
+    tabs->setTabVisible(3, true);
+    for (int page = 0; page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        QCOMPARE(tool.window()->size(), size);
+        for (auto* label : tabs->currentWidget()->findChildren<QLabel*>())
+            QVERIFY2(label->wordWrap() || label->width() >= label->sizeHint().width(),
+                     qPrintable(label->objectName()));
+        for (auto* button : tabs->currentWidget()->findChildren<QPushButton*>())
+            QVERIFY2(button->width() >= button->sizeHint().width() &&
+                         button->height() >= button->sizeHint().height(),
+                     qPrintable(button->objectName()));
+        for (auto* field : tabs->currentWidget()->findChildren<QLineEdit*>())
+            QVERIFY2(field->width() >= field->fontMetrics().horizontalAdvance("-327.68") + 4,
+                     qPrintable(field->objectName()));
+        for (auto* bar : tabs->currentWidget()->findChildren<QScrollBar*>())
+            QVERIFY2(!bar->isVisible(), qPrintable(bar->parentWidget()->parent()->objectName()));
+    }
+    auto* table = tool.find<QTableWidget>("tableWidget_Seq");
+    for (int column = 0; column < table->columnCount(); ++column)
+        QVERIFY(table->columnWidth(column) >= table->fontMetrics().horizontalAdvance(
+                                                  table->horizontalHeaderItem(column)->text()));
+}
+
+void TestForm::tabOrder()
+{
+    WindowDriver tool;
+    QStringList order;
+    QWidget* widget = tool.find<QComboBox>("comboBox_Ports");
+    const QWidget* first = widget;
+    do {
+        if (!widget->objectName().isEmpty() && widget->focusPolicy() & Qt::TabFocus)
+            order.append(widget->objectName());
+        widget = widget->nextInFocusChain();
+    } while (widget != first);
+    const auto comesBefore = [&](const char* a, const char* b) {
+        return order.contains(a) && order.contains(b) && order.indexOf(a) < order.indexOf(b);
+    };
+    QVERIFY(comesBefore("pushButton_RefreshPorts", "comboBox_Devices"));
+    QVERIFY(comesBefore("comboBox_Devices", "pushButton_ScanDevices"));
+    QVERIFY(comesBefore("lineEdit_SettingP0", "lineEdit_SettingI0"));
+    QVERIFY(comesBefore("pushButton_SettingWriteForceLimit0", "lineEdit_SettingP1"));
+    QVERIFY(comesBefore("verticalSlider_RunPos0", "lineEdit_RunPos0"));
+    QVERIFY(comesBefore("lineEdit_RunCurrent0", "verticalSlider_RunPos1"));
+    QVERIFY(comesBefore("tableWidget_Seq", "pushButton_SeqInsert"));
+}
+
+QTEST_MAIN(TestForm)
+#include "tst_form.moc"

@@ -1,0 +1,204 @@
+#include "windowdriver.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include <cmath>
+
+/// Whether both themes can be read: on their tables of colours and on what is painted.
+class TestTheme : public QObject
+{
+    Q_OBJECT
+private slots:
+    void tables_data();
+    void tables();
+    void sheetsAreComplete_data() { themes(); }
+    void sheetsAreComplete();
+    void paintedText_data() { themes(); }
+    void paintedText();
+    void paintedFocus_data() { themes(); }
+    void paintedFocus();
+    void cleanup() { qApp->setStyleSheet({}); }
+
+private:
+    static void themes();
+    static void apply(const QString& theme);
+};
+
+namespace
+{
+constexpr double TextContrast = 4.5;
+constexpr double ControlContrast = 3.0;
+
+double luminance(const QColor& colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+QMap<QString, QColor> tableOf(const QString& theme)
+{
+    QMap<QString, QColor> colours;
+    QFile file(QString(VANTO_THEME_FOLDER "/%1.txt").arg(theme));
+    if (!file.open(QFile::ReadOnly))
+        return colours;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QByteArrayList words = line.simplified().split(' ');
+        if (words.size() == 2)
+            colours[words[0]] = QColor(QString::fromLatin1(words[1]));
+    }
+    return colours;
+}
+
+/// The best contrast of any pixel against the image's most frequent colour.
+double bestContrast(const QImage& image)
+{
+    QHash<QRgb, int> count;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++count[image.pixel(x, y)];
+    const QRgb ground =
+        std::max_element(count.keyValueBegin(), count.keyValueEnd(),
+                         [](const auto& a, const auto& b) { return a.second < b.second; })
+            ->first;
+    double best = 0;
+    for (const QRgb pixel : count.keys())
+        best = std::max(best, contrast(QColor(pixel), QColor(ground)));
+    return best;
+}
+} // namespace
+
+void TestTheme::themes()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("dark") << "dark";
+    QTest::newRow("light") << "light";
+}
+
+void TestTheme::apply(const QString& theme)
+{
+    QFile sheet(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
+    QVERIFY(sheet.open(QFile::ReadOnly));
+    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+}
+
+void TestTheme::tables_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QString>("front");
+    QTest::addColumn<QString>("ground");
+    QTest::addColumn<double>("least");
+    const QStringList grounds{"window",   "surface", "status",       "field",         "alternate",
+                              "readonly", "button",  "button-hover", "button-pressed"};
+    QList<std::tuple<QString, QString, double>> pairs{
+        {"muted", "window", TextContrast},      {"on-accent", "accent", TextContrast},
+        {"on-select", "select", TextContrast},  {"on-accent", "accent-hover", TextContrast},
+        {"text", "progress", TextContrast},     {"border", "window", ControlContrast},
+        {"border", "surface", ControlContrast}, {"border", "field", ControlContrast},
+        {"accent", "surface", ControlContrast}, {"accent", "field", ControlContrast},
+        {"focus", "window", ControlContrast},   {"focus", "surface", ControlContrast},
+        {"focus", "button", ControlContrast},   {"focus", "field", ControlContrast}};
+    for (const QString& ground : grounds)
+        pairs.append({"text", ground, TextContrast});
+    for (const char* theme : {"dark", "light"})
+        for (const auto& [front, ground, least] : pairs)
+            QTest::addRow("%s: %s on %s", theme, qPrintable(front), qPrintable(ground))
+                << QString(theme) << front << ground << least;
+}
+
+void TestTheme::tables()
+{
+    QFETCH(QString, theme);
+    QFETCH(QString, front);
+    QFETCH(QString, ground);
+    QFETCH(double, least);
+    const auto table = tableOf(theme);
+    QVERIFY(table.contains(front) && table.contains(ground));
+    const double ratio = contrast(table[front], table[ground]);
+    QVERIFY2(ratio >= least, qPrintable(QString::number(ratio)));
+}
+
+void TestTheme::sheetsAreComplete()
+{
+    QFETCH(QString, theme);
+    apply(theme);
+    const QString sheet = qApp->styleSheet();
+    QVERIFY(sheet.size() > 1000 && !sheet.contains('@'));
+    static const QRegularExpression image("url\\(([^)]+)\\)");
+    int images = 0;
+    for (const auto& match : image.globalMatch(sheet)) {
+        ++images;
+        QVERIFY2(!QImage(match.captured(1)).isNull(), qPrintable(match.captured(1)));
+    }
+    QVERIFY(images > 5);
+}
+
+void TestTheme::paintedText()
+{
+    QFETCH(QString, theme);
+    WindowDriver tool;
+    apply(theme);
+    auto* tabs = tool.find<QTabWidget>("tabWidget");
+    int looked = 0;
+    QImage painted;
+    const auto look = [&](QWidget* widget, const QString& text) {
+        if (!widget->isVisible() || !widget->isEnabled() || text.isEmpty())
+            return;
+        // From the window's picture, as a widget alone is painted without what is behind it.
+        const QPoint corner = widget->mapTo(tool.window(), QPoint(3, 3));
+        const double ratio =
+            bestContrast(painted.copy(QRect(corner, widget->size() - QSize(6, 6))));
+        QVERIFY2(ratio >= TextContrast,
+                 qPrintable(widget->objectName() + ' ' + QString::number(ratio)));
+        ++looked;
+    };
+    for (int page = 0; page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        for (auto* field : tool.window()->findChildren<QLineEdit*>())
+            field->setText("65535");
+        painted = tool.window()->grab().toImage();
+        for (auto* label : tool.window()->findChildren<QLabel*>())
+            look(label, label->objectName() == "label_StatusError" ? QString() : label->text());
+        for (auto* button : tool.window()->findChildren<QPushButton*>())
+            look(button, button->text());
+        for (auto* field : tool.window()->findChildren<QLineEdit*>())
+            look(field, field->text());
+    }
+    QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
+}
+
+void TestTheme::paintedFocus()
+{
+    QFETCH(QString, theme);
+    WindowDriver tool;
+    apply(theme);
+    QApplication::setActiveWindow(tool.window());
+    auto* button = tool.find<QPushButton>("pushButton_ScanDevices");
+    auto* other = tool.find<QPushButton>("pushButton_RefreshPorts");
+    const auto look = [&](QWidget* owner) {
+        owner->setFocus();
+        QCoreApplication::processEvents();
+        return button->grab().toImage();
+    };
+    const QImage without = look(other);
+    const QImage with = look(button);
+    const QColor focus = tableOf(theme)["focus"];
+    int marked = 0;
+    for (int x = 0; x < with.width(); ++x)
+        marked += with.pixelColor(x, 0) == focus && without.pixelColor(x, 0) != focus;
+    QVERIFY2(marked > with.width() / 2, qPrintable(QString::number(marked)));
+}
+
+QTEST_MAIN(TestTheme)
+#include "tst_theme.moc"
