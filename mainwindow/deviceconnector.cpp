@@ -28,8 +28,16 @@ void DeviceConnector::refreshClicked()
                          [this] { listPorts(availablePorts()); });
 }
 
+void DeviceConnector::listPortsAtStart(const QList<PortEntry>& ports)
+{
+    if (m_portsListed)
+        return;
+    m_session->whenQuiet(DeviceSession::Change::RefreshPorts, [this, ports] { listPorts(ports); });
+}
+
 void DeviceConnector::listPorts(const QList<PortEntry>& ports)
 {
+    m_portsListed = true;
     const QSignalBlocker noPortChange(m_ui->comboBox_Ports);
     m_ui->comboBox_Ports->clear();
     forgetDevices();
@@ -65,7 +73,7 @@ void DeviceConnector::forgetDevices()
 {
     leaveDevice();
     m_ui->comboBox_Devices->clear();
-    showForcePage(false);
+    showForceSensing(false);
 }
 
 void DeviceConnector::openCurrentDevice()
@@ -85,8 +93,7 @@ void DeviceConnector::openCurrentDevice()
     const bool forceSensing = probeForceSensing(*target);
     if (!m_session->holds(*target))
         return;
-    m_session->setForceSensing(forceSensing);
-    showForcePage(forceSensing);
+    showForceSensing(forceSensing);
     for (TabRoom* tab : m_tabs) {
         tab->reload();
         if (!m_session->holds(*target))
@@ -124,12 +131,15 @@ bool DeviceConnector::probeForceSensing(const DeviceSession::Target& target)
     return target->getFingerForce(target.node, ForceProbeFinger, &force, 1) == ResultCode::Success;
 }
 
-void DeviceConnector::showForcePage(bool visible)
+void DeviceConnector::showForceSensing(bool present)
 {
+    m_session->setForceSensing(present);
+    for (TabRoom* tab : m_tabs)
+        tab->setForceSensing(present);
     // Hiding the current page would make its neighbour current.
-    if (!visible && m_ui->tabWidget->currentWidget() == m_ui->tab_Force)
+    if (!present && m_ui->tabWidget->currentWidget() == m_ui->tab_Force)
         m_ui->tabWidget->setCurrentWidget(m_ui->tab_Basic);
-    m_ui->tabWidget->setTabVisible(m_ui->tabWidget->indexOf(m_ui->tab_Force), visible);
+    m_ui->tabWidget->setTabVisible(m_ui->tabWidget->indexOf(m_ui->tab_Force), present);
 }
 
 QString DeviceConnector::currentPortName() const

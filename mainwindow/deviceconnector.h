@@ -24,8 +24,8 @@ public:
                     std::vector<TabRoom*> tabs);
 
     void refreshClicked();
-    /// Fills the Ports list anew; without a port chosen there is no device.
-    void listPorts(const QList<PortEntry>& ports);
+    /// Fills the Ports list unless a Refresh has been quicker.
+    void listPortsAtStart(const QList<PortEntry>& ports);
     void portChanged();
     void deviceChanged(int index);
 
@@ -39,9 +39,10 @@ public:
     QString currentPortName() const;
 
 private:
+    void listPorts(const QList<PortEntry>& ports);
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
     bool probeForceSensing(const DeviceSession::Target& target);
-    void showForcePage(bool visible);
+    void showForceSensing(bool present);
     void showCritical(const QString& text);
 
     Ui::MainWindow* m_ui;
@@ -49,4 +50,5 @@ private:
     DeviceSession* m_session;
     PageTimers* m_timers;
     std::vector<TabRoom*> m_tabs;
+    bool m_portsListed = false;
 };

@@ -38,7 +38,17 @@ public:
 
     /// Kinds of actions that wait for quiet; one of each is kept. Those up to Scan change the
     /// connection and get their turns in this order.
-    enum class Change { RefreshPorts, Port, Device, Scan, ReloadBasic, About, Theme };
+    enum class Change {
+        RefreshPorts,
+        Port,
+        Device,
+        Scan,
+        ReloadBasic,
+        ReloadSetting,
+        ReloadRun,
+        About,
+        Theme
+    };
 
     explicit DeviceSession(NodeSource currentNode, QObject* parent = nullptr);
     ~DeviceSession() override;

@@ -7,22 +7,22 @@
 #include "pagetimers.h"
 #include "portlist.h"
 #include "program.h"
+#include "runtab.h"
+#include "settingtab.h"
 #include "statusreporter.h"
 #include "theme.h"
 #include "ui_mainwindow.h"
 
 #include <QCloseEvent>
+#include <QDebug>
 #include <QHeaderView>
 #include <QMessageBox>
-
-#include <future>
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
 {
-    // The system takes about as long to list its ports as Qt to build the form.
-    auto ports = std::async(std::launch::async, availablePorts);
     ui->setupUi(this);
+    ui->tab_Sequence->setEnabled(false); // there is nothing behind it yet
     // The one long header gets its room, the other columns share the rest.
     auto* columns = ui->tableWidget_Seq->horizontalHeader();
     columns->setSectionResizeMode(QHeaderView::Stretch);
@@ -38,11 +38,21 @@ MainWindow::MainWindow(QWidget* parent)
     m_reporter = new StatusReporter(ui->statusBar, m_session.get());
     m_timers = new PageTimers(ui->tabWidget, m_session.get());
     m_basicTab = std::make_unique<BasicTab>(ui.get(), this, m_session.get(), m_reporter);
-    m_connector = std::make_unique<DeviceConnector>(ui.get(), this, m_session.get(), m_timers,
-                                                    std::vector<TabRoom*>{m_basicTab.get()});
+    m_settingTab = std::make_unique<SettingTab>(ui.get(), this, m_session.get(), m_reporter);
+    m_runTab = std::make_unique<RunTab>(ui.get(), this, m_session.get(), m_reporter, m_timers);
+    m_connector = std::make_unique<DeviceConnector>(
+        ui.get(), this, m_session.get(), m_timers,
+        std::vector<TabRoom*>{m_basicTab.get(), m_settingTab.get(), m_runTab.get()});
     m_scanner = std::make_unique<DeviceScanner>(ui.get(), this, m_session.get(), m_reporter,
                                                 m_connector.get());
-    m_connector->listPorts(ports.get());
+    connect(m_timers, &PageTimers::sig_runTick, this, &MainWindow::updateCurrent);
+    connect(m_timers, &PageTimers::sig_forceTick, this, &MainWindow::updateForce);
+    m_connector->forgetDevices();
+    // The system takes longer to list its ports than Qt to build the form.
+    m_portListing = std::async(std::launch::async, [this] {
+        QMetaObject::invokeMethod(
+            this, [this, ports = availablePorts()] { m_connector->listPortsAtStart(ports); });
+    });
 }
 
 MainWindow::~MainWindow()
@@ -173,3 +183,97 @@ void MainWindow::on_pushButton_BasicReset_clicked()
 {
     m_basicTab->resetClicked();
 }
+
+void MainWindow::reloadSettingInfo()
+{
+    m_session->whenQuiet(DeviceSession::Change::ReloadSetting, [this] { m_settingTab->reload(); });
+}
+
+void MainWindow::clearSettingInfo()
+{
+    m_settingTab->clear();
+}
+void MainWindow::enableWidgetsForSettingTab(bool enable)
+{
+    m_settingTab->setWidgetsEnabled(enable);
+}
+
+void MainWindow::tabSetting_handleReadPID(unsigned char finger)
+{
+    m_settingTab->handleReadPID(finger);
+}
+
+void MainWindow::tabSetting_handleWritePID(unsigned char finger)
+{
+    m_settingTab->handleWritePID(finger);
+}
+
+void MainWindow::tabSetting_handleReadCurrentLimit(unsigned char finger)
+{
+    m_settingTab->handleReadCurrentLimit(finger);
+}
+
+void MainWindow::tabSetting_handleWriteCurrentLimit(unsigned char finger)
+{
+    m_settingTab->handleWriteCurrentLimit(finger);
+}
+
+void MainWindow::tabSetting_handleReadForceLimit(unsigned char finger)
+{
+    m_settingTab->handleReadForceLimit(finger);
+}
+
+void MainWindow::tabSetting_handleWriteForceLimit(unsigned char finger)
+{
+    m_settingTab->handleWriteForceLimit(finger);
+}
+VANTO_DEFINE_FINGER_SLOTS(pushButton_SettingReadPID, clicked, tabSetting_handleReadPID)
+VANTO_DEFINE_FINGER_SLOTS(pushButton_SettingWritePID, clicked, tabSetting_handleWritePID)
+VANTO_DEFINE_FINGER_SLOTS(pushButton_SettingReadCurrentLimit, clicked,
+                          tabSetting_handleReadCurrentLimit)
+VANTO_DEFINE_FINGER_SLOTS(pushButton_SettingWriteCurrentLimit, clicked,
+                          tabSetting_handleWriteCurrentLimit)
+VANTO_DEFINE_FINGER_SLOTS(pushButton_SettingReadForceLimit, clicked,
+                          tabSetting_handleReadForceLimit)
+VANTO_DEFINE_FINGER_SLOTS(pushButton_SettingWriteForceLimit, clicked,
+                          tabSetting_handleWriteForceLimit)
+
+void MainWindow::reloadRunInfo()
+{
+    m_runTab->modeChanged();
+}
+void MainWindow::clearRunInfo()
+{
+    m_runTab->clear();
+}
+void MainWindow::enableWidgetsForRunTab(bool enable)
+{
+    m_runTab->setWidgetsEnabled(enable);
+}
+void MainWindow::tabRun_handleSliderMoved(unsigned char finger, int value)
+{
+    m_runTab->handleSliderMoved(finger, value);
+}
+void MainWindow::tabRun_handleSliderReleased(unsigned char finger)
+{
+    m_runTab->handleSliderReleased(finger);
+}
+void MainWindow::tabRun_handleButtonSetPosClick(unsigned char finger)
+{
+    m_runTab->handleButtonSetPosClick(finger);
+}
+void MainWindow::updateCurrent()
+{
+    m_runTab->updateCurrent();
+}
+void MainWindow::updateForce()
+{
+    qDebug() << "MainWindow::updateForce()";
+}
+void MainWindow::on_comboBox_RunPosOrAngle_currentIndexChanged()
+{
+    reloadRunInfo();
+}
+VANTO_DEFINE_FINGER_VALUE_SLOTS(verticalSlider_RunPos, sliderMoved, tabRun_handleSliderMoved)
+VANTO_DEFINE_FINGER_SLOTS(verticalSlider_RunPos, sliderReleased, tabRun_handleSliderReleased)
+VANTO_DEFINE_FINGER_SLOTS(pushButton_RunSetPos, clicked, tabRun_handleButtonSetPosClick)

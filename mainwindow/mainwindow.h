@@ -1,8 +1,11 @@
 #pragma once
 
+#include "fingerslots.h"
+
 #include <QColor>
 #include <QMainWindow>
 
+#include <future>
 #include <memory>
 
 class BasicTab;
@@ -10,6 +13,8 @@ class DeviceConnector;
 class DeviceScanner;
 class DeviceSession;
 class PageTimers;
+class RunTab;
+class SettingTab;
 class StatusReporter;
 namespace Ui
 {
@@ -35,6 +40,25 @@ public:
     void clearBasicInfo();
     void enableWidgetsForBasicTab(bool enable);
 
+    void reloadSettingInfo();
+    void clearSettingInfo();
+    void enableWidgetsForSettingTab(bool enable);
+    void tabSetting_handleReadPID(unsigned char finger);
+    void tabSetting_handleWritePID(unsigned char finger);
+    void tabSetting_handleReadCurrentLimit(unsigned char finger);
+    void tabSetting_handleWriteCurrentLimit(unsigned char finger);
+    void tabSetting_handleReadForceLimit(unsigned char finger);
+    void tabSetting_handleWriteForceLimit(unsigned char finger);
+
+    void reloadRunInfo();
+    void clearRunInfo();
+    void enableWidgetsForRunTab(bool enable);
+    void tabRun_handleSliderMoved(unsigned char finger, int value);
+    void tabRun_handleSliderReleased(unsigned char finger);
+    void tabRun_handleButtonSetPosClick(unsigned char finger);
+    void updateCurrent();
+    void updateForce();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -57,6 +81,19 @@ private slots:
     void on_pushButton_BasicStartInit_clicked();
     void on_pushButton_BasicReset_clicked();
 
+    // Six slots each, for example on_pushButton_SettingReadPID0_clicked().
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingReadPID, clicked, ())
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingWritePID, clicked, ())
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingReadCurrentLimit, clicked, ())
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingWriteCurrentLimit, clicked, ())
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingReadForceLimit, clicked, ())
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingWriteForceLimit, clicked, ())
+
+    void on_comboBox_RunPosOrAngle_currentIndexChanged();
+    VANTO_DECLARE_FINGER_SLOTS(verticalSlider_RunPos, sliderMoved, (int value))
+    VANTO_DECLARE_FINGER_SLOTS(verticalSlider_RunPos, sliderReleased, ())
+    VANTO_DECLARE_FINGER_SLOTS(pushButton_RunSetPos, clicked, ())
+
 private:
     void showAbout();
 
@@ -65,6 +102,9 @@ private:
     StatusReporter* m_reporter;
     PageTimers* m_timers;
     std::unique_ptr<BasicTab> m_basicTab;
+    std::unique_ptr<SettingTab> m_settingTab;
+    std::unique_ptr<RunTab> m_runTab;
     std::unique_ptr<DeviceConnector> m_connector;
     std::unique_ptr<DeviceScanner> m_scanner;
+    std::future<void> m_portListing; ///< its end is awaited before the rooms are gone
 };

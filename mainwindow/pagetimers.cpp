@@ -37,6 +37,7 @@ void PageTimers::followCurrentPage()
         m_runTimer.start();
     } else {
         m_runTimer.stop();
+        emit sig_runPageLeft();
     }
 
     if (name == QLatin1String("tab_Sequence"))

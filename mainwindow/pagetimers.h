@@ -17,12 +17,15 @@ public:
     /// Starts and stops what belongs to the page that is current.
     void followCurrentPage();
     void stop();
+    /// Whether the Run page is current and its timer runs.
+    bool runPageTicks() const { return m_runTimer.isActive(); }
 
 signals:
     void sig_runTick();
     void sig_forceTick();
     /// The Run page has become current: commands from an earlier visit are void.
     void sig_runPageEntered();
+    void sig_runPageLeft();
     void sig_sequencePageEntered();
     void sig_sequencePageLeft();
 

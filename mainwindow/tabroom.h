@@ -11,4 +11,6 @@ public:
     /// Empties what the tab shows of a device.
     virtual void clear() = 0;
     virtual void setWidgetsEnabled(bool enabled) = 0;
+    /// Shows or hides what only hands with force sensing have.
+    virtual void setForceSensing(bool /*present*/) {}
 };

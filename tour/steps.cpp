@@ -119,10 +119,9 @@ QString pages(Stage& stage)
 QString port(Stage& stage)
 {
     auto& ports = stage.find<QComboBox>(QStringLiteral("comboBox_Ports"));
-    const int index = ports.findData(stage.portName());
-    if (index < 0)
-        stage.complain(QStringLiteral("the port is not listed"));
-    ports.setCurrentIndex(index);
+    stage.await(QStringLiteral("the port is listed"),
+                [&] { return ports.findData(stage.portName()) >= 0; });
+    ports.setCurrentIndex(ports.findData(stage.portName()));
     return ports.currentText();
 }
 
@@ -138,7 +137,7 @@ QString open(Stage& stage)
     auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
     stage.expect(QStringLiteral("the current device"), devices.currentText(), entryText(2));
     stage.expect(QStringLiteral("the status"), stage.statusText(),
-                 QStringLiteral("Basic info loaded"));
+                 QStringLiteral("Running info loaded"));
     stage.await(QStringLiteral("the scan's last time-out text vanishes"),
                 [&error = stage.find<QLabel>(QStringLiteral("label_StatusError"))] {
                     return error.text().isEmpty();

@@ -23,6 +23,7 @@ WindowDriver::WindowDriver(const QStringList& ports)
     qputenv("VANTO_PORTS", ports.join(QLatin1Char(':')).toUtf8());
     m_window = std::make_unique<MainWindow>();
     m_window->show();
+    click("pushButton_RefreshPorts"); // need not wait for the listing at the start
     QObject::connect(find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, m_window.get(),
                      [this](const QString& text) {
                          if (!text.isEmpty())

@@ -1,0 +1,358 @@
+#include "handprocess.h"
+#include "windowdriver.h"
+
+#include <QLabel>
+#include <QSlider>
+#include <QTabWidget>
+#include <QTimer>
+#include <QWheelEvent>
+
+/// The Run and Force tabs in the real window.
+class TestRun : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void modes();
+    void dragPreviewsOnly();
+    void releasesAreSentTickByTick();
+    void leavingDropsWhatIsPending();
+    void setSendsAtOnce_data();
+    void setSendsAtOnce();
+    void readBacks_data();
+    void readBacks();
+    void setDuringTick();
+    void failures();
+    void liveCurrents();
+    void silentHandHonoursClicks();
+    void wheelAndKeys();
+    void forcePage();
+
+private:
+    QSlider* slider(int finger) const;
+    void release(int finger, int value) const;
+    void setMode(int mode) const;
+    void setField(const QString& name, const QString& text) const;
+    /// Command and payload of each motion request, e.g. "4c 00e803ff".
+    QStringList motions() const;
+
+    std::unique_ptr<HandProcess> m_hand;
+    std::unique_ptr<WindowDriver> m_tool;
+};
+
+void TestRun::init()
+{
+    m_hand = std::make_unique<HandProcess>();
+    QVERIFY2(m_hand->start({"--node", "2"}), qPrintable(m_hand->errorText()));
+    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
+    m_tool->scanFor(1);
+    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(2);
+    m_hand->forgetTrace();
+    m_tool->forgetShownTexts();
+}
+
+void TestRun::cleanup()
+{
+    for (const TracedFrame& frame : m_hand->trace())
+        QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
+    m_tool.reset();
+    m_hand.reset();
+}
+
+QSlider* TestRun::slider(int finger) const
+{
+    return m_tool->find<QSlider>(qPrintable(QString("verticalSlider_RunPos%1").arg(finger)));
+}
+
+/// What a person's drag does: moves and a release.
+void TestRun::release(int finger, int value) const
+{
+    slider(finger)->setSliderDown(true);
+    slider(finger)->setSliderPosition(value);
+    slider(finger)->setSliderDown(false);
+}
+
+void TestRun::setMode(int mode) const
+{
+    m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(mode);
+    QTRY_VERIFY(slider(0)->isEnabled());
+    m_tool->forgetShownTexts();
+}
+
+void TestRun::setField(const QString& name, const QString& text) const
+{
+    m_tool->find<QLineEdit>(qPrintable(name))->setText(text);
+}
+
+QStringList TestRun::motions() const
+{
+    QStringList frames;
+    for (const TracedFrame& request : m_hand->requests())
+        if (request.bytes[4] == 0x4C || request.bytes[4] == 0x4D)
+            frames.append(
+                QString::fromLatin1(request.bytes.sliced(4, 1).toHex() + ' ' +
+                                    request.bytes.sliced(6, request.bytes.size() - 7).toHex()));
+    return frames;
+}
+
+void TestRun::modes()
+{
+    m_hand->command("set 2 position 1 32768");
+    m_tool->window()->reloadRunInfo();
+    QTRY_COMPARE(m_tool->field("lineEdit_RunPos1"), "32768");
+    QCOMPARE(slider(1)->value(), 32768);
+    QCOMPARE(slider(1)->maximum(), 65535);
+    QCOMPARE(m_tool->find<QLabel>("label_RunTicksOrDegree")->text(), "ticks");
+
+    m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(1);
+    QTRY_COMPARE(m_tool->field("lineEdit_RunPos1"), "135.96");
+    QCOMPARE(slider(1)->value(), 13596);
+    QCOMPARE(slider(5)->minimum(), -200);
+    QCOMPARE(slider(5)->maximum(), 9200);
+    QCOMPARE(slider(0)->minimum(), -1269);
+    QCOMPARE(m_tool->find<QLabel>("label_RunTicksOrDegree")->text(), "degree");
+    QVERIFY(m_tool->shownTexts().contains("Running info loaded"));
+    QCOMPARE(m_tool->field("lineEdit_RunSpeed1"), "255");
+    QCOMPARE(motions(), QStringList());
+}
+
+void TestRun::dragPreviewsOnly()
+{
+    slider(3)->setSliderDown(true);
+    for (int value = 0; value < 40000; value += 10000)
+        slider(3)->setSliderPosition(value);
+    QCOMPARE(m_tool->field("lineEdit_RunPos3"), "30000");
+    QTest::qWait(250); // two ticks
+    QCOMPARE(motions(), QStringList());
+}
+
+void TestRun::releasesAreSentTickByTick()
+{
+    release(0, 1000);
+    release(1, 2000);
+    setField("lineEdit_RunSpeed1", "300");
+    release(1, 3000);
+    QTRY_COMPARE(motions(), (QStringList{"4c 00e803ff", "4c 01d007ff", "4c 01b80b2c"}));
+    QList<double> times;
+    for (const TracedFrame& request : m_hand->requests())
+        if (request.bytes[4] == 0x4C)
+            times.append(request.ms);
+    for (int i = 1; i < times.size(); ++i)
+        QVERIFY2(qAbs(times[i] - times[i - 1] - 100) < 45,
+                 qPrintable(QString::number(times[i] - times[i - 1])));
+}
+
+void TestRun::leavingDropsWhatIsPending()
+{
+    release(0, 1000);
+    release(0, 2000);
+    auto* tabs = m_tool->find<QTabWidget>("tabWidget");
+    tabs->setCurrentIndex(0);
+    tabs->setCurrentIndex(2);
+    QTest::qWait(250);
+    QCOMPARE(motions(), QStringList());
+    release(2, 5);
+    m_tool->click("pushButton_RefreshPorts"); // nor is anything sent to a closed device
+    QTest::qWait(250);
+    QCOMPARE(motions(), QStringList());
+}
+
+void TestRun::setSendsAtOnce_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("speed");
+    QTest::addColumn<QString>("sent");
+    QTest::newRow("position") << 0 << "1000"
+                              << "255"
+                              << "4c 04e803ff";
+    QTest::newRow("empty") << 0 << ""
+                           << ""
+                           << "4c 04000000";
+    QTest::newRow("70000") << 0 << "70000"
+                           << "256"
+                           << "4c 04701100";
+    QTest::newRow("-1") << 0 << "-1"
+                        << "-1"
+                        << "4c 04ffffff";
+    QTest::newRow("beyond 32 bits") << 0 << "5000000000"
+                                    << "99999999999"
+                                    << "4c 04000000";
+    QTest::newRow("angle") << 1 << "120.5"
+                           << "7"
+                           << "4d 04122f07";
+    QTest::newRow("no number") << 1 << "x"
+                               << "1"
+                               << "4d 04000001";
+    QTest::newRow("out of range") << 1 << "1e9"
+                                  << "1"
+                                  << "4d 04ff7f01";
+    QTest::newRow("nan") << 1 << "nan"
+                         << "1"
+                         << "4d 04000001";
+}
+
+void TestRun::setSendsAtOnce()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, typed);
+    QFETCH(QString, speed);
+    setMode(mode);
+    setField("lineEdit_RunPos4", typed);
+    setField("lineEdit_RunSpeed4", speed);
+    m_tool->click("pushButton_RunSetPos4");
+    QTRY_COMPARE(motions().size(), 1);
+    QTEST(motions().constFirst(), "sent");
+}
+
+void TestRun::readBacks_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("bySet");
+    QTest::addColumn<bool>("fieldFollows");
+    QTest::addColumn<bool>("sliderFollows");
+    QTest::newRow("timer, position") << 0 << false << true << false;
+    QTest::newRow("timer, angle") << 1 << false << true << true;
+    QTest::newRow("Set, position") << 0 << true << false << true;
+    QTest::newRow("Set, angle") << 1 << true << true << true;
+}
+
+/// The target is changed behind the tool's back before it is read back.
+void TestRun::readBacks()
+{
+    QFETCH(int, mode);
+    QFETCH(bool, bySet);
+    setMode(mode);
+    // The motion's own answer comes late, and by then the target is another one.
+    m_hand->command(QString("fault late ms=30 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&] {
+        if (motions().isEmpty())
+            return;
+        watch.stop();
+        m_hand->command("set 2 target 2 32768");
+    });
+    watch.start(3);
+    if (bySet) {
+        setField("lineEdit_RunPos2", mode == 0 ? "40000" : "150.00");
+        m_tool->click("pushButton_RunSetPos2");
+    } else {
+        release(2, mode == 0 ? 40000 : 15000);
+    }
+    QTRY_VERIFY(!watch.isActive());
+    QTest::qWait(50); // the late answer, and the read-back
+    // Both hold what was asked for until the read-back, but a slider has not moved by Set.
+    const QString back = mode == 0 ? "32768" : "134.05";
+    const int backValue = mode == 0 ? 32768 : 13405;
+    QFETCH(bool, fieldFollows);
+    QFETCH(bool, sliderFollows);
+    if (fieldFollows)
+        QTRY_COMPARE(m_tool->field("lineEdit_RunPos2"), back);
+    if (sliderFollows)
+        QTRY_COMPARE(slider(2)->value(), backValue);
+    QCOMPARE(m_tool->field("lineEdit_RunPos2") == back, fieldFollows);
+    QCOMPARE(slider(2)->value() == backValue, sliderFollows);
+}
+
+void TestRun::setDuringTick()
+{
+    m_hand->command("fault late count=0 ms=20"); // a whole tick takes 120 ms
+    setField("lineEdit_RunPos1", "1111");
+    QTRY_VERIFY(!m_hand->requests().isEmpty());
+    const auto before = m_hand->requests().size();
+    m_tool->click("pushButton_RunSetPos1");
+    setField("lineEdit_RunPos1", "2222"); // the click's value counts
+    QTRY_COMPARE(motions(), QStringList{"4c 015704ff"});
+    // The tick ends after the exchange that was under way.
+    QCOMPARE(m_hand->requests()[before].bytes[4], char{0x4C});
+    QTRY_VERIFY(!m_tool->field("lineEdit_RunCurrent5").isEmpty());
+    QCOMPARE(m_tool->shownTexts(), QStringList());
+}
+
+void TestRun::failures()
+{
+    const QString refused = "(0x02, ...) returned 0xff (sub err 21)";
+    m_hand->command("fault refuse command=0x4c");
+    m_tool->click("pushButton_RunSetPos0");
+    QTRY_COMPARE(m_tool->errorText(), "setFingerPos" + refused);
+    m_hand->command("fault refuse command=0x0b");
+    m_tool->click("pushButton_RunSetPos0");
+    QTRY_COMPARE(m_tool->errorText(), "getFingerpos" + refused);
+    m_hand->command("fault refuse command=0x0b");
+    release(0, 99);
+    QTRY_COMPARE(m_tool->errorText(), "getFingerPos" + refused);
+    m_hand->command("fault drop command=0x4c");
+    release(0, 98);
+    QTRY_COMPARE(m_tool->errorText(), "setFingerPos(0x02, ...) returned 0x03 (sub err 00)");
+    QTest::qWait(150);
+    QCOMPARE(motions().size(), 4); // a failed command is not repeated
+    setMode(1);
+    m_hand->command("fault refuse command=0x0c");
+    m_tool->click("pushButton_RunSetPos0");
+    QTRY_COMPARE(m_tool->errorText(), "getFingerAngle" + refused);
+    m_hand->command("fault refuse command=0x0f");
+    m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(0);
+    QTRY_COMPARE(m_tool->errorText(), "getFingerPosAll" + refused);
+}
+
+void TestRun::liveCurrents()
+{
+    for (int f = 0; f < 6; ++f)
+        m_hand->command(QString("set 2 current %1 %2").arg(f).arg(10 + f));
+    m_hand->command("fault refuse count=0 command=0x06 skip=2");
+    QTRY_COMPARE(m_tool->field("lineEdit_RunCurrent1"), "11");
+    QTRY_VERIFY(m_tool->errorText().startsWith("getFingerCurrent"));
+    m_hand->command("clear");
+    for (int f = 0; f < 6; ++f)
+        QTRY_COMPARE(m_tool->field(qPrintable(QString("lineEdit_RunCurrent%1").arg(f))),
+                     QString::number(10 + f));
+}
+
+void TestRun::silentHandHonoursClicks()
+{
+    m_hand->command("hang");
+    QTRY_VERIFY(!m_tool->errorText().isEmpty());
+    QElapsedTimer since;
+    QTimer::singleShot(60, this, [&] {
+        m_tool->click("pushButton_RunSetPos3");
+        since.start();
+    });
+    QTRY_VERIFY(since.isValid());
+    QTRY_COMPARE(motions().size(), 1);
+    QVERIFY2(since.elapsed() < 120, qPrintable(QString::number(since.elapsed())));
+    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(0);
+    QTest::qWait(60); // the exchange that was under way ends
+    m_hand->forgetTrace();
+    QTest::qWait(150);
+    QCOMPARE(m_hand->requests().size(), 0);
+}
+
+void TestRun::wheelAndKeys()
+{
+    const QPointF at = slider(0)->rect().center();
+    QWheelEvent wheel(at, slider(0)->mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(slider(0), &wheel);
+    QCOMPARE(slider(0)->sliderPosition(), 0);
+    QTest::keyClick(slider(0), Qt::Key_PageUp);
+    QVERIFY(slider(0)->sliderPosition() > 0);
+    QCOMPARE(m_tool->field("lineEdit_RunPos0"), QString::number(slider(0)->sliderPosition()));
+    QTest::qWait(150);
+    QCOMPARE(motions(), QStringList());
+    QTest::keyClick(slider(0), Qt::Key_Return);
+    QTRY_COMPARE(motions().size(), 1);
+}
+
+void TestRun::forcePage()
+{
+    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    QTest::qWait(20);
+    m_hand->forgetTrace();
+    QTest::ignoreMessage(QtDebugMsg, "MainWindow::updateForce()");
+    QTest::qWait(250);
+    QCOMPARE(m_hand->requests().size(), 0);
+}
+
+QTEST_MAIN(TestRun)
+#include "tst_run.moc"

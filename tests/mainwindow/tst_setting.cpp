@@ -1,0 +1,220 @@
+#include "handprocess.h"
+#include "windowdriver.h"
+
+#include <QTabWidget>
+
+/// The Setting tab in the real window.
+class TestSetting : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup();
+    void showsWhatTheHandHolds_data();
+    void showsWhatTheHandHolds();
+    void writesAndReadsBack_data();
+    void writesAndReadsBack();
+    void incompletePid();
+    void thumbRootForce();
+    void failures_data();
+    void failures();
+    void withoutDevice();
+    void failedReadsDuringReload();
+
+private:
+    void open(const QStringList& options = {"--node", "2"});
+    QStringList frames() const;
+
+    std::unique_ptr<HandProcess> m_hand;
+    std::unique_ptr<WindowDriver> m_tool;
+};
+
+void TestSetting::open(const QStringList& options)
+{
+    m_hand = std::make_unique<HandProcess>();
+    QVERIFY2(m_hand->start(options), qPrintable(m_hand->errorText()));
+    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
+    m_tool->scanFor(1);
+    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(1);
+    m_tool->forgetShownTexts();
+}
+
+void TestSetting::cleanup()
+{
+    m_tool.reset();
+    m_hand.reset();
+}
+
+/// Command and payload of each request, without addresses and checksum.
+QStringList TestSetting::frames() const
+{
+    QStringList frames;
+    for (const TracedFrame& request : m_hand->requests())
+        frames.append(
+            QString::fromLatin1(request.bytes.sliced(4, 1).toHex() + ' ' +
+                                request.bytes.sliced(6, request.bytes.size() - 7).toHex()));
+    return frames;
+}
+
+void TestSetting::showsWhatTheHandHolds_data()
+{
+    QTest::addColumn<bool>("force");
+    QTest::newRow("with force sensing") << true;
+    QTest::newRow("without") << false;
+}
+
+void TestSetting::showsWhatTheHandHolds()
+{
+    QFETCH(bool, force);
+    open(force ? QStringList{"--node", "2"} : QStringList{"--node", "2", "--no-force"});
+    QCOMPARE(frames().filter(QRegularExpression("^08 ")).size(), 1);
+    QCOMPARE(frames().filter(QRegularExpression("^07 ")).size(), force ? 5 : 0);
+    for (int f = 0; f < 6; ++f) {
+        const auto held = [&](const QString& what) {
+            return m_hand->command(QString("get 2 %1 %2").arg(what).arg(f)).mid(3).toDouble();
+        };
+        const auto shown = [&](const QString& what) {
+            return m_tool->field(qPrintable(QString("lineEdit_Setting%1%2").arg(what).arg(f)));
+        };
+        for (const char* gain : {"p", "i", "d", "g"})
+            QCOMPARE(shown(QString(gain).toUpper()),
+                     QString::number(held(QString("pid-") + gain), 'f', 2));
+        QCOMPARE(shown("CurrentLimit"), QString::number(held("current-limit")));
+        QCOMPARE(shown("ForceLimit"), !force   ? QString()
+                                      : f == 5 ? QString("NA")
+                                               : QString::number(held("force-limit")));
+    }
+    QCOMPARE(m_tool->find<QLineEdit>("lineEdit_SettingForceLimit0")->isVisible(), force);
+    QCOMPARE(m_tool->find<QWidget>("label_SettingMN")->isVisible(), force);
+    QVERIFY(!m_tool->find<QLineEdit>("lineEdit_SettingP3")->isReadOnly());
+}
+
+void TestSetting::writesAndReadsBack_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("sent");
+    QTest::addColumn<QString>("shown");
+    const auto limit = [](const char* name, const char* typed, const char* bytes,
+                          const char* shown) {
+        QTest::addRow("%s %s", name, typed)
+            << QString(name) << QString(typed)
+            << QStringList{QString(name == QString("ForceLimit") ? "47 02" : "46 02") + bytes,
+                           name == QString("ForceLimit") ? "07 02" : "05 02"}
+            << QString(shown);
+    };
+    limit("CurrentLimit", "750", "ee02", "750");
+    limit("CurrentLimit", "abc", "0000", "0");
+    limit("CurrentLimit", "", "0000", "0");
+    limit("CurrentLimit", "-1", "ffff", "65535");
+    limit("CurrentLimit", "70000", "7011", "4464");
+    limit("CurrentLimit", "99999999999", "0000", "0");
+    limit("ForceLimit", "300", "2c01", "300");
+    QTest::newRow("gain") << "P"
+                          << "1.239"
+                          << QStringList{"45 028d979e3f0000004000000040000000c1", "04 02"}
+                          << "1.24";
+}
+
+void TestSetting::writesAndReadsBack()
+{
+    QFETCH(QString, what);
+    QFETCH(QString, typed);
+    open();
+    for (const char* gain : {"I", "D"})
+        m_tool->find<QLineEdit>(qPrintable(QString("lineEdit_Setting") + gain + '2'))
+            ->setText("2.00");
+    m_tool->find<QLineEdit>("lineEdit_SettingG2")->setText("-8");
+    const QString field = "lineEdit_Setting" + what + '2';
+    m_tool->find<QLineEdit>(qPrintable(field))->setText(typed);
+    m_hand->forgetTrace();
+    m_tool->click(
+        qPrintable("pushButton_SettingWrite" + (what.size() == 1 ? QString("PID") : what) + '2'));
+    QTEST(frames(), "sent");
+    QTEST(m_tool->field(qPrintable(field)), "shown");
+    QCOMPARE(m_tool->shownTexts(), QStringList());
+}
+
+void TestSetting::incompletePid()
+{
+    open();
+    for (const char* field : {"lineEdit_SettingI4", "lineEdit_SettingG4"})
+        m_tool->find<QLineEdit>(field)->clear();
+    m_tool->find<QLineEdit>("lineEdit_SettingP4")->setText("1");
+    m_tool->find<QLineEdit>("lineEdit_SettingD4")->setText("x");
+    m_hand->forgetTrace();
+    QString text;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        text = box->text();
+        QCOMPARE(frames(), QStringList());
+        box->accept();
+    });
+    m_tool->click("pushButton_SettingWritePID4");
+    QCOMPARE(answer.count(), 1);
+    QCOMPARE(text, "Please check parameter is complete");
+    QCOMPARE(frames(), (QStringList{"45 040000803f000000000000000000000000", "04 04"}));
+    QCOMPARE(m_tool->field("lineEdit_SettingI4"), "0.00");
+}
+
+void TestSetting::thumbRootForce()
+{
+    open();
+    m_hand->forgetTrace();
+    m_tool->click("pushButton_SettingWriteForceLimit5");
+    QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NULL");
+    m_tool->click("pushButton_SettingReadForceLimit5");
+    QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NA");
+    QCOMPARE(frames(), QStringList());
+}
+
+void TestSetting::failures_data()
+{
+    QTest::addColumn<QString>("operation");
+    for (const char* what : {"PID", "CurrentLimit", "ForceLimit"})
+        for (const char* way : {"get", "set"})
+            QTest::addRow("%s %s", way, what) << QString("%1Finger%2").arg(way, what);
+}
+
+void TestSetting::failures()
+{
+    QFETCH(QString, operation);
+    open();
+    const QString button = "pushButton_Setting" +
+                           QString(operation.startsWith("get") ? "Read" : "Write") +
+                           operation.mid(9) + '1';
+    m_tool->find<QLineEdit>("lineEdit_SettingForceLimit1")->setText("77");
+    m_hand->command("fault refuse error=0x0b");
+    m_tool->click(qPrintable(button));
+    m_hand->command("fault drop"); // no text of its own for a time-out here
+    m_tool->click(qPrintable(button));
+    QCOMPARE(m_tool->shownTexts(),
+             (QStringList{operation + "(0x02, ...) returned 0xff (sub err 0b)",
+                          operation + "(0x02, ...) returned 0x03 (sub err 00)"}));
+    QCOMPARE(m_tool->field("lineEdit_SettingForceLimit1"), "77");
+}
+
+void TestSetting::withoutDevice()
+{
+    open();
+    m_tool->window()->closeDevice();
+    m_hand->forgetTrace();
+    for (const char* button : {"pushButton_SettingWritePID0", "pushButton_SettingReadPID0",
+                               "pushButton_SettingWriteForceLimit5"})
+        m_tool->click(button);
+    QCOMPARE(frames(), QStringList());
+    QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NA");
+}
+
+void TestSetting::failedReadsDuringReload()
+{
+    open();
+    m_hand->command("fault refuse command=0x05 count=0 error=0x21");
+    m_tool->window()->reloadSettingInfo();
+    const QString error = "getFingerCurrentLimit(0x02, ...) returned 0xff (sub err 21)";
+    QCOMPARE(m_tool->shownTexts(), QStringList(6, error) << "Setting loaded");
+    QCOMPARE(m_tool->field("lineEdit_SettingCurrentLimit3"), QString());
+    QVERIFY(!m_tool->field("lineEdit_SettingP5").isEmpty());
+    QVERIFY(m_tool->enabled("pushButton_SettingReadPID0"));
+}
+
+QTEST_MAIN(TestSetting)
+#include "tst_setting.moc"
