@@ -1,25 +1,22 @@
-#include "handprocess.h"
-#include "windowdriver.h"
+#include "handtest.h"
 
 #include <QInputDialog>
 #include <QLabel>
 #include <QTimer>
 
 /// The Basic tab in the real window, with a simulated hand at node 2 on a real serial device.
-class TestBasic : public QObject
+class TestBasic : public HandTest
 {
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { close(); }
     void showsWhatTheHandHolds();
     void failedReads_data();
     void failedReads();
     void invalidValues();
     void commands_data();
     void commands();
-    void commandFaults_data();
-    void commandFaults();
     void nothingSelected();
     void setId_data();
     void setId();
@@ -28,52 +25,13 @@ private slots:
     void handVanishesDuringReload();
 
 private:
-    QByteArray payloadOf(std::uint8_t command) const;
-
-    std::unique_ptr<HandProcess> m_hand;
-    std::unique_ptr<WindowDriver> m_tool;
 };
-
-namespace
-{
-constexpr int CommandAt = 4;
-constexpr int PayloadAt = 6;
-
-QString good(QStringView answer)
-{
-    return answer.startsWith(u"ok") ? QString() : answer.toString();
-}
-} // namespace
 
 void TestBasic::init()
 {
-    m_hand = std::make_unique<HandProcess>();
-    QVERIFY2(m_hand->start({"--node", "2", "--firmware", "1.4.7", "--hardware", "1b0c", "--boot",
-                            "3.12", "--protocol-version", "3.1"}),
-             qPrintable(m_hand->errorText()));
-    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
-    m_tool->scanFor(1);
-    m_hand->forgetTrace();
-    m_tool->forgetShownTexts();
-}
-
-void TestBasic::cleanup()
-{
-    for (const TracedFrame& frame : m_hand->trace())
-        QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
-    m_tool.reset();
-    m_hand.reset();
-}
-
-/// The payload of the only request with this command.
-QByteArray TestBasic::payloadOf(std::uint8_t command) const
-{
-    QList<QByteArray> payloads;
-    for (const TracedFrame& request : m_hand->requests())
-        if (static_cast<std::uint8_t>(request.bytes[CommandAt]) == command)
-            payloads.append(request.bytes.mid(PayloadAt, request.bytes.size() - PayloadAt - 1));
-    return payloads.size() == 1 ? payloads.constFirst()
-                                : QByteArray::number(payloads.size()) + " requests";
+    open({"--node", "2", "--firmware", "1.4.7", "--hardware", "1b0c", "--boot", "3.12",
+          "--protocol-version", "3.1"});
+    forget();
 }
 
 void TestBasic::showsWhatTheHandHolds()
@@ -82,30 +40,24 @@ void TestBasic::showsWhatTheHandHolds()
     QCOMPARE(m_tool->field("lineEdit_BasicProtocolVersion"), "V3.1");
     QCOMPARE(m_tool->field("lineEdit_BasicHardwareTypeVersion"), "1B0C");
     QCOMPARE(m_tool->field("lineEdit_BasicBootLoaderVersion"), "V3.12");
-    m_hand->command("set 2 selftest 1");
-    m_hand->command("set 2 beepswitch 0");
+    tell("set 2 selftest 1");
+    tell("set 2 beepswitch 0");
     m_tool->click("pushButton_BasicReloadBasic");
     QCOMPARE(m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel")->currentText(), "Stretch only");
     QCOMPARE(m_tool->find<QComboBox>("comboBox_BasicBeepSwitch")->currentText(), "Basic Only");
     QCOMPARE(m_tool->statusText(), "Basic info loaded");
 
-    // The reply carries six end positions, then six start positions, then the thumb root's.
-    QByteArray reply;
-    for (const TracedFrame& frame : m_hand->trace())
-        if (frame.direction == "tx" && frame.bytes[CommandAt] == 3)
-            reply = frame.bytes.mid(PayloadAt);
-    const auto number = [&](int place) {
-        const auto* bytes = reinterpret_cast<const unsigned char*>(reply.constData()) + 2 * place;
-        return QString::number(bytes[0] + 256 * bytes[1]);
+    const auto held = [this](const char* what, int place) {
+        return m_hand->command(QString("get 2 %1 %2").arg(what).arg(place)).mid(3);
     };
     for (int f = 0; f < 6; ++f) {
-        QCOMPARE(m_tool->field(qPrintable(QString("lineEdit_BasicCaliEnd%1").arg(f))), number(f));
         QCOMPARE(m_tool->field(qPrintable(QString("lineEdit_BasicCaliStart%1").arg(f))),
-                 number(6 + f));
+                 held("start", f));
+        QCOMPARE(m_tool->field(qPrintable(QString("lineEdit_BasicCaliEnd%1").arg(f))),
+                 held("end", f));
     }
-    for (int i = 0; i < 3; ++i)
-        QCOMPARE(m_tool->field(qPrintable(QString("lineEdit_BasicThumbRootPos%1").arg(i))),
-                 number(12 + i));
+    QCOMPARE(m_tool->field("lineEdit_BasicThumbRootPos0"), "600");
+    QCOMPARE(m_tool->field("lineEdit_BasicThumbRootPos2"), "3300");
 }
 
 void TestBasic::failedReads_data()
@@ -140,10 +92,10 @@ void TestBasic::failedReads()
     QFETCH(QString, fault);
     QFETCH(QString, error);
     QFETCH(QString, emptyField);
-    QCOMPARE(good(m_hand->command("fault " + fault)), QString());
+    tell("fault " + fault);
     m_tool->click("pushButton_BasicReloadBasic");
 
-    QCOMPARE(m_tool->shownTexts(), (QStringList{error, "Basic info loaded"}));
+    QCOMPARE(shown(), (QStringList{error, "Basic info loaded"}));
     QCOMPARE(m_hand->requests().size(), 6); // the other reads still run
     if (!emptyField.isEmpty())
         QCOMPARE(m_tool->field(qPrintable(emptyField)), QString());
@@ -156,10 +108,10 @@ void TestBasic::failedReads()
 
 void TestBasic::invalidValues()
 {
-    m_hand->command("set 2 selftest 3");
-    m_hand->command("set 2 beepswitch 2");
+    tell("set 2 selftest 3");
+    tell("set 2 beepswitch 2");
     m_tool->click("pushButton_BasicReloadBasic");
-    QCOMPARE(m_tool->shownTexts(),
+    QCOMPARE(shown(),
              (QStringList{"getSelfTestLevel(0x02, ...) got invalid value '03'",
                           "getBeepSwitch(0x02, ...) got invalid value '02'", "Basic info loaded"}));
     QCOMPARE(m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel")->currentIndex(), -1);
@@ -169,71 +121,50 @@ void TestBasic::invalidValues()
 void TestBasic::commands_data()
 {
     QTest::addColumn<QString>("button");
-    QTest::addColumn<int>("command");
-    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<QString>("sent");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("success");
-    QTest::newRow("beep") << "pushButton_BasicBeep" << 0x62 << QByteArray("f401") << "beep"
+    QTest::newRow("beep") << "pushButton_BasicBeep"
+                          << "62 f401"
+                          << "beep"
                           << "Beep succeeded";
-    QTest::newRow("self-test level")
-        << "pushButton_BasicSetSelfTestLevel" << 0x60 << QByteArray("00") << "setSelfTestLevel"
-        << "Set self-test level succeeded";
-    QTest::newRow("beep switch") << "pushButton_BasicSetBeepSwitch" << 0x61 << QByteArray("01")
+    QTest::newRow("self-test level") << "pushButton_BasicSetSelfTestLevel"
+                                     << "60 00"
+                                     << "setSelfTestLevel"
+                                     << "Set self-test level succeeded";
+    QTest::newRow("beep switch") << "pushButton_BasicSetBeepSwitch"
+                                 << "61 01"
                                  << "setBeepSwitch"
                                  << "Set beep switch succeeded";
-    QTest::newRow("init") << "pushButton_BasicStartInit" << 0x64 << QByteArray() << "startInit"
+    QTest::newRow("init") << "pushButton_BasicStartInit"
+                          << "64 "
+                          << "startInit"
                           << "Start init succeeded";
-    QTest::newRow("reset") << "pushButton_BasicReset" << 0x40 << QByteArray("00") << "reset"
+    QTest::newRow("reset") << "pushButton_BasicReset"
+                           << "40 00"
+                           << "reset"
                            << "Reset succeeded";
 }
 
 void TestBasic::commands()
 {
     QFETCH(QString, button);
-    QFETCH(int, command);
     QFETCH(QString, name);
     m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel")->setCurrentIndex(0);
     m_tool->find<QComboBox>("comboBox_BasicBeepSwitch")->setCurrentIndex(1);
 
     m_tool->click(qPrintable(button));
-    QTEST(payloadOf(static_cast<std::uint8_t>(command)).toHex(), "payload");
+    QTEST(frames().join('|'), "sent");
     QTEST(m_tool->statusText(), "success");
 
     m_tool->forgetShownTexts();
-    m_hand->command("fault drop");
+    tell("fault drop");
     m_tool->click(qPrintable(button));
-    m_hand->command("fault refuse error=0x0b");
+    tell("fault refuse error=0x0b");
     m_tool->click(qPrintable(button));
-    QCOMPARE(m_tool->shownTexts(), (QStringList{"Timeout for SerialCtrl node '0x02'...",
-                                                name + "(0x02, ...) returned 0xff (sub err 0b)"}));
-    QCOMPARE(m_tool->errorText(), m_tool->shownTexts().constLast());
-}
-
-void TestBasic::commandFaults_data()
-{
-    QTest::addColumn<QString>("shown");
-    const QString failed = "beep(0x02, ...) returned 0x%1 (sub err %2)";
-    QTest::newRow("garble") << failed.arg("01", "00");
-    QTest::newRow("wrong-node") << failed.arg("05", "00");
-    QTest::newRow("wrong-command") << failed.arg("06", "00");
-    QTest::newRow("refuse-bare") << failed.arg("ff", "00");
-    QTest::newRow("truncate") << "Timeout for SerialCtrl node '0x02'...";
-    QTest::newRow("wrong-host") << "Timeout for SerialCtrl node '0x02'...";
-    QTest::newRow("garbage") << "Timeout for SerialCtrl node '0x02'...";
-    QTest::newRow("late") << "Timeout for SerialCtrl node '0x02'...";
-    QTest::newRow("over-long") << "Beep succeeded";
-    QTest::newRow("noise") << "Beep succeeded";
-}
-
-void TestBasic::commandFaults()
-{
-    QFETCH(QString, shown);
-    QCOMPARE(good(m_hand->command(QString("fault ") + QTest::currentDataTag())), QString());
-    m_tool->click("pushButton_BasicBeep");
-    QCOMPARE(m_tool->shownTexts(), QStringList{shown});
-    QTest::qWait(100); // the late reply comes before the next request, and is dropped
-    m_tool->click("pushButton_BasicReset");
-    QCOMPARE(m_tool->statusText(), "Reset succeeded");
+    QCOMPARE(shown(), (QStringList{"Timeout for SerialCtrl node '0x02'...",
+                                   name + "(0x02, ...) returned 0xff (sub err 0b)"}));
+    QCOMPARE(m_tool->errorText(), shown().constLast());
 }
 
 void TestBasic::nothingSelected()
@@ -258,21 +189,23 @@ void TestBasic::setId_data()
 {
     QTest::addColumn<int>("typed");
     QTest::addColumn<bool>("accept");
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("changed") << 16 << true << QByteArray("10")
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("changed") << 16 << true << "42 10"
                              << "node id changed from '0x02' to '0x10', need to rescan devices";
-    QTest::newRow("256") << 256 << true << QByteArray("00")
+    QTest::newRow("256") << 256 << true << "42 00"
                          << "node id changed from '0x02' to '0x00', need to rescan devices";
-    QTest::newRow("same") << 2 << true << QByteArray("0 requests").toHex() << "";
-    QTest::newRow("cancelled") << 9 << false << QByteArray("0 requests").toHex() << "";
+    QTest::newRow("same") << 2 << true << ""
+                          << "";
+    QTest::newRow("cancelled") << 9 << false << ""
+                               << "";
 }
 
 void TestBasic::setId()
 {
     QFETCH(int, typed);
     QFETCH(bool, accept);
-    QFETCH(QString, shown);
+    QFETCH(QString, text);
     DialogAnswer<QInputDialog> answer([&](QInputDialog* dialog) {
         QCOMPARE(dialog->windowTitle(), "VantoSetting");
         QCOMPARE(dialog->labelText(), "Please input new node id:");
@@ -284,9 +217,9 @@ void TestBasic::setId()
     });
     m_tool->click("pushButton_BasicSetID");
     QCOMPARE(answer.count(), 1);
-    QTEST(payloadOf(0x42).toHex(), "payload");
-    const bool changed = !shown.isEmpty();
-    QCOMPARE(m_tool->shownTexts(), changed ? QStringList{shown} : QStringList());
+    QTEST(frames().join('|'), "sent");
+    const bool changed = !text.isEmpty();
+    QCOMPARE(shown(), changed ? QStringList{text} : QStringList());
     QCOMPARE(m_tool->devices()->count(), changed ? 0 : 1);
     QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion").isEmpty(), changed);
 
@@ -331,12 +264,11 @@ void TestBasic::handVanishesDuringReload()
                     m_hand->command("unplug");
             });
     m_tool->click("pushButton_BasicReloadBasic");
-    const auto shown = m_tool->shownTexts();
-    QCOMPARE(shown.count("Timeout for SerialCtrl node '0x02'..."), 5);
-    QCOMPARE(shown.constLast(), "Basic info loaded");
+    QCOMPARE(shown().count("Timeout for SerialCtrl node '0x02'..."), 5);
+    QCOMPARE(shown().constLast(), "Basic info loaded");
 
     QVERIFY(m_hand->command("replug").startsWith("ok"));
-    m_hand->command("clear");
+    tell("clear");
     m_tool->click("pushButton_RefreshPorts");
     m_tool->choosePort(m_hand->portName());
     m_tool->scanFor(1);

@@ -1,11 +1,10 @@
-#include "handprocess.h"
-#include "windowdriver.h"
+#include "handtest.h"
 
 #include <QTimer>
 
 /// What may arrive while an exchange waits, in the real window. The hands at nodes 2 and 3
 /// answer late, so that there is time to do it.
-class TestDoors : public QObject
+class TestDoors : public HandTest
 {
     Q_OBJECT
 private slots:
@@ -29,41 +28,20 @@ private:
     {
         QTimer::singleShot(DuringFirstReplyMs, m_tool->window(), std::move(action));
     }
-    /// Node and command of each request, e.g. "02:62".
-    QStringList conversation() const;
-
-    std::unique_ptr<HandProcess> m_hand;
-    std::unique_ptr<WindowDriver> m_tool;
 };
 
 void TestDoors::init()
 {
-    m_hand = std::make_unique<HandProcess>();
-    QVERIFY2(m_hand->start({"--node", "2", "--node", "3"}), qPrintable(m_hand->errorText()));
-    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
-    m_tool->scanFor(2);
-    QCOMPARE(m_hand->command(QString("fault late count=0 ms=%1").arg(ReplyMs)), "ok");
-    m_hand->forgetTrace();
-    m_tool->forgetShownTexts();
+    open({"--node", "2", "--node", "3"}, 2);
+    tell(QString("fault late count=0 ms=%1").arg(ReplyMs));
+    forget();
 }
 
 void TestDoors::cleanup()
 {
-    for (const TracedFrame& frame : m_hand->trace())
-        QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
-    for (const QString& text : m_tool->shownTexts())
+    for (const QString& text : shown())
         QVERIFY2(!text.contains("Timeout"), qPrintable(text));
-    m_tool.reset();
-    m_hand.reset();
-}
-
-QStringList TestDoors::conversation() const
-{
-    QStringList requests;
-    for (const TracedFrame& frame : m_hand->requests())
-        requests.append(QString::fromLatin1(frame.bytes.sliced(2, 1).toHex() + ':' +
-                                            frame.bytes.sliced(4, 1).toHex()));
-    return requests;
+    close();
 }
 
 void TestDoors::clicksWait()
@@ -75,14 +53,13 @@ void TestDoors::clicksWait()
         level->setCurrentIndex(2);
         m_tool->click("pushButton_BasicReset");
         m_tool->click("pushButton_BasicBeep");
-        QCOMPARE(conversation(), QStringList{"02:62"});
+        QCOMPARE(addressed(), QStringList{"02:62"});
     });
     m_tool->click("pushButton_BasicBeep");
-    QTRY_COMPARE(conversation(), (QStringList{"02:62", "02:60", "02:40", "02:62"}));
+    QTRY_COMPARE(addressed(), (QStringList{"02:62", "02:60", "02:40", "02:62"}));
     QCOMPARE(m_hand->requests()[1].bytes.sliced(6, 1).toHex(), QByteArray("01"));
-    QTRY_COMPARE(m_tool->shownTexts(),
-                 (QStringList{"Beep succeeded", "Set self-test level succeeded", "Reset succeeded",
-                              "Beep succeeded"}));
+    QTRY_COMPARE(shown(), (QStringList{"Beep succeeded", "Set self-test level succeeded",
+                                       "Reset succeeded", "Beep succeeded"}));
 }
 
 void TestDoors::reloadsAreJoined()
@@ -92,8 +69,8 @@ void TestDoors::reloadsAreJoined()
             m_tool->click("pushButton_BasicReloadBasic");
     });
     m_tool->click("pushButton_BasicBeep");
-    QTRY_COMPARE(m_tool->shownTexts(), (QStringList{"Beep succeeded", "Basic info loaded"}));
-    QCOMPARE(conversation().size(), 1 + 6);
+    QTRY_COMPARE(shown(), (QStringList{"Beep succeeded", "Basic info loaded"}));
+    QCOMPARE(addressed().size(), 1 + 6);
 
     // A reload disables its own button; the focus must not end on another control.
     auto* reload = m_tool->find<QPushButton>("pushButton_BasicReloadBasic");
@@ -110,17 +87,17 @@ void TestDoors::deviceChangedDuringReload()
         m_tool->devices()->setCurrentIndex(1);
         m_tool->find<QPushButton>("pushButton_BasicReset")->setEnabled(true);
         m_tool->click("pushButton_BasicReset"); // node 3 is not open yet
-        QCOMPARE(conversation(), QStringList{"02:01"});
+        QCOMPARE(addressed(), QStringList{"02:01"});
     });
     m_tool->click("pushButton_BasicReloadBasic");
-    QTRY_COMPARE(m_tool->shownTexts(),
+    QTRY_COMPARE(shown(),
                  (QStringList{"Basic info loaded", "Setting loaded", "Running info loaded"}));
-    QCOMPARE(conversation().first(8).join(' '), "02:01 03:08 03:01 03:00 03:02 03:20 03:21 03:03");
-    for (const QString& request : conversation().sliced(1))
+    QCOMPARE(addressed().first(8).join(' '), "02:01 03:08 03:01 03:00 03:02 03:20 03:21 03:03");
+    for (const QString& request : addressed().sliced(1))
         QVERIFY2(request.startsWith("03:"), qPrintable(request));
     QVERIFY(m_tool->enabled("pushButton_BasicBeep"));
     m_tool->click("pushButton_BasicBeep");
-    QCOMPARE(conversation().constLast(), "03:62");
+    QCOMPARE(addressed().constLast(), "03:62");
 }
 
 void TestDoors::leavingDuringReload_data()
@@ -142,19 +119,19 @@ void TestDoors::leavingDuringReload()
     });
     m_tool->click("pushButton_BasicReloadBasic");
     QTRY_COMPARE(m_tool->devices()->count(), 0);
-    QCOMPARE(conversation(), QStringList{"02:01"});
+    QCOMPARE(addressed(), QStringList{"02:01"});
     QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), QString());
     QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
     QVERIFY(!m_tool->enabled("pushButton_BasicReloadBasic"));
-    QCOMPARE(m_tool->shownTexts(), QStringList());
+    QCOMPARE(shown(), QStringList());
 }
 
 void TestDoors::closedDuringReload()
 {
     during([&] { m_tool->window()->closeDevice(); });
     m_tool->click("pushButton_BasicReloadBasic");
-    QCOMPARE(conversation(), QStringList{"02:01"});
-    QCOMPARE(m_tool->shownTexts(), QStringList());
+    QCOMPARE(addressed(), QStringList{"02:01"});
+    QCOMPARE(shown(), QStringList());
     QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
 }
 
@@ -162,7 +139,7 @@ void TestDoors::aboutWaitsForTheExchange()
 {
     QStringList shownAtOpening;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
-        shownAtOpening = m_tool->shownTexts();
+        shownAtOpening = shown();
         box->accept();
     });
     during([&] { m_tool->trigger("action_About"); });

@@ -14,8 +14,6 @@ class TestForm : public QObject
 {
     Q_OBJECT
 private slots:
-    void names_data();
-    void names();
     void texts();
     void accessibleNames();
     void nothingIsCut_data();
@@ -47,36 +45,6 @@ QString accessibleName(QWidget* widget)
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
 }
 } // namespace
-
-void TestForm::names_data()
-{
-    QTest::addColumn<QString>("prefix");
-    QTest::addColumn<QByteArray>("type");
-    for (const char* gain : {"P", "I", "D", "G", "CurrentLimit", "ForceLimit"})
-        QTest::newRow(gain) << QString("lineEdit_Setting") + gain << QByteArray("QLineEdit");
-    for (const char* what : {"ReadPID", "WritePID", "ReadCurrentLimit", "WriteCurrentLimit",
-                             "ReadForceLimit", "WriteForceLimit"})
-        QTest::newRow(what) << QString("pushButton_Setting") + what << QByteArray("QPushButton");
-    QTest::newRow("run slider") << "verticalSlider_RunPos" << QByteArray("QSlider");
-    QTest::newRow("run set") << "pushButton_RunSetPos" << QByteArray("QPushButton");
-    QTest::newRow("sequence slider") << "verticalSlider_SeqPos" << QByteArray("QSlider");
-    for (const char* field : {"RunPos", "RunSpeed", "RunCurrent", "SeqPos", "SeqSpeed",
-                              "BasicCaliStart", "BasicCaliEnd"})
-        QTest::newRow(field) << QString("lineEdit_") + field << QByteArray("QLineEdit");
-    QTest::newRow("separators") << "label_BasicCaliSep" << QByteArray("QLabel");
-}
-
-void TestForm::names()
-{
-    QFETCH(QString, prefix);
-    QFETCH(QByteArray, type);
-    WindowDriver tool;
-    for (int finger = 0; finger < 6; ++finger) {
-        const auto* widget = tool.window()->findChild<QWidget*>(prefix + QString::number(finger));
-        QVERIFY(widget && widget->inherits(type.constData()));
-    }
-    QVERIFY(!tool.window()->findChild<QWidget*>(prefix + '6'));
-}
 
 void TestForm::texts()
 {

@@ -1,5 +1,4 @@
-#include "handprocess.h"
-#include "windowdriver.h"
+#include "handtest.h"
 
 #include <QLabel>
 #include <QSlider>
@@ -8,12 +7,12 @@
 #include <QWheelEvent>
 
 /// The Run and Force tabs in the real window.
-class TestRun : public QObject
+class TestRun : public HandTest
 {
     Q_OBJECT
 private slots:
+    void cleanup() { close(); }
     void init();
-    void cleanup();
     void modes();
     void dragPreviewsOnly();
     void releasesAreSentTickByTick();
@@ -34,30 +33,14 @@ private:
     void release(int finger, int value) const;
     void setMode(int mode) const;
     void setField(const QString& name, const QString& text) const;
-    /// Command and payload of each motion request, e.g. "4c 00e803ff".
-    QStringList motions() const;
-
-    std::unique_ptr<HandProcess> m_hand;
-    std::unique_ptr<WindowDriver> m_tool;
+    QStringList motions() const { return frames({0x4C, 0x4D}); }
 };
 
 void TestRun::init()
 {
-    m_hand = std::make_unique<HandProcess>();
-    QVERIFY2(m_hand->start({"--node", "2"}), qPrintable(m_hand->errorText()));
-    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
-    m_tool->scanFor(1);
+    open();
     m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(2);
-    m_hand->forgetTrace();
-    m_tool->forgetShownTexts();
-}
-
-void TestRun::cleanup()
-{
-    for (const TracedFrame& frame : m_hand->trace())
-        QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
-    m_tool.reset();
-    m_hand.reset();
+    forget();
 }
 
 QSlider* TestRun::slider(int finger) const
@@ -85,20 +68,9 @@ void TestRun::setField(const QString& name, const QString& text) const
     m_tool->find<QLineEdit>(qPrintable(name))->setText(text);
 }
 
-QStringList TestRun::motions() const
-{
-    QStringList frames;
-    for (const TracedFrame& request : m_hand->requests())
-        if (request.bytes[4] == 0x4C || request.bytes[4] == 0x4D)
-            frames.append(
-                QString::fromLatin1(request.bytes.sliced(4, 1).toHex() + ' ' +
-                                    request.bytes.sliced(6, request.bytes.size() - 7).toHex()));
-    return frames;
-}
-
 void TestRun::modes()
 {
-    m_hand->command("set 2 position 1 32768");
+    tell("set 2 position 1 32768");
     m_tool->window()->reloadRunInfo();
     QTRY_COMPARE(m_tool->field("lineEdit_RunPos1"), "32768");
     QCOMPARE(slider(1)->value(), 32768);
@@ -112,7 +84,7 @@ void TestRun::modes()
     QCOMPARE(slider(5)->maximum(), 9200);
     QCOMPARE(slider(0)->minimum(), -1269);
     QCOMPARE(m_tool->find<QLabel>("label_RunTicksOrDegree")->text(), "degree");
-    QVERIFY(m_tool->shownTexts().contains("Running info loaded"));
+    QVERIFY(shown().contains("Running info loaded"));
     QCOMPARE(m_tool->field("lineEdit_RunSpeed1"), "255");
     QCOMPARE(motions(), QStringList());
 }
@@ -225,13 +197,13 @@ void TestRun::readBacks()
     QFETCH(bool, bySet);
     setMode(mode);
     // The motion's own answer comes late, and by then the target is another one.
-    m_hand->command(QString("fault late ms=30 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
+    tell(QString("fault late ms=30 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
     QTimer watch;
     connect(&watch, &QTimer::timeout, this, [&] {
         if (motions().isEmpty())
             return;
         watch.stop();
-        m_hand->command("set 2 target 2 32768");
+        tell("set 2 target 2 32768");
     });
     watch.start(3);
     if (bySet) {
@@ -257,7 +229,7 @@ void TestRun::readBacks()
 
 void TestRun::setDuringTick()
 {
-    m_hand->command("fault late count=0 ms=20"); // a whole tick takes 120 ms
+    tell("fault late count=0 ms=20"); // a whole tick takes 120 ms
     setField("lineEdit_RunPos1", "1111");
     QTRY_VERIFY(!m_hand->requests().isEmpty());
     const auto before = m_hand->requests().size();
@@ -267,31 +239,31 @@ void TestRun::setDuringTick()
     // The tick ends after the exchange that was under way.
     QCOMPARE(m_hand->requests()[before].bytes[4], char{0x4C});
     QTRY_VERIFY(!m_tool->field("lineEdit_RunCurrent5").isEmpty());
-    QCOMPARE(m_tool->shownTexts(), QStringList());
+    QCOMPARE(shown(), QStringList());
 }
 
 void TestRun::failures()
 {
     const QString refused = "(0x02, ...) returned 0xff (sub err 21)";
-    m_hand->command("fault refuse command=0x4c");
+    tell("fault refuse command=0x4c");
     m_tool->click("pushButton_RunSetPos0");
     QTRY_COMPARE(m_tool->errorText(), "setFingerPos" + refused);
-    m_hand->command("fault refuse command=0x0b");
+    tell("fault refuse command=0x0b");
     m_tool->click("pushButton_RunSetPos0");
     QTRY_COMPARE(m_tool->errorText(), "getFingerpos" + refused);
-    m_hand->command("fault refuse command=0x0b");
+    tell("fault refuse command=0x0b");
     release(0, 99);
     QTRY_COMPARE(m_tool->errorText(), "getFingerPos" + refused);
-    m_hand->command("fault drop command=0x4c");
+    tell("fault drop command=0x4c");
     release(0, 98);
     QTRY_COMPARE(m_tool->errorText(), "setFingerPos(0x02, ...) returned 0x03 (sub err 00)");
     QTest::qWait(150);
     QCOMPARE(motions().size(), 4); // a failed command is not repeated
     setMode(1);
-    m_hand->command("fault refuse command=0x0c");
+    tell("fault refuse command=0x0c");
     m_tool->click("pushButton_RunSetPos0");
     QTRY_COMPARE(m_tool->errorText(), "getFingerAngle" + refused);
-    m_hand->command("fault refuse command=0x0f");
+    tell("fault refuse command=0x0f");
     m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(0);
     QTRY_COMPARE(m_tool->errorText(), "getFingerPosAll" + refused);
 }
@@ -299,11 +271,11 @@ void TestRun::failures()
 void TestRun::liveCurrents()
 {
     for (int f = 0; f < 6; ++f)
-        m_hand->command(QString("set 2 current %1 %2").arg(f).arg(10 + f));
-    m_hand->command("fault refuse count=0 command=0x06 skip=2");
+        tell(QString("set 2 current %1 %2").arg(f).arg(10 + f));
+    tell("fault refuse count=0 command=0x06 skip=2");
     QTRY_COMPARE(m_tool->field("lineEdit_RunCurrent1"), "11");
     QTRY_VERIFY(m_tool->errorText().startsWith("getFingerCurrent"));
-    m_hand->command("clear");
+    tell("clear");
     for (int f = 0; f < 6; ++f)
         QTRY_COMPARE(m_tool->field(qPrintable(QString("lineEdit_RunCurrent%1").arg(f))),
                      QString::number(10 + f));

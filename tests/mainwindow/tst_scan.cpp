@@ -1,5 +1,4 @@
-#include "handprocess.h"
-#include "windowdriver.h"
+#include "handtest.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -8,10 +7,11 @@
 #include <QTimer>
 
 /// Port listing, scan and opening of devices in the real window.
-class TestScan : public QObject
+class TestScan : public HandTest
 {
     Q_OBJECT
 private slots:
+    void cleanup() { close(); }
     void listsPorts();
     void startsWithoutDevice();
     void findsAllHands();
@@ -28,20 +28,6 @@ private slots:
     void vanishedPort();
     void unpluggedDuringScan();
 };
-
-namespace
-{
-struct Bench {
-    explicit Bench(const QStringList& options)
-    {
-        if (!hand.start(options))
-            qFatal("%s", qPrintable(hand.errorText()));
-        tool = std::make_unique<WindowDriver>(QStringList{hand.portName()});
-    }
-    HandProcess hand;
-    std::unique_ptr<WindowDriver> tool;
-};
-} // namespace
 
 void TestScan::listsPorts()
 {
@@ -69,67 +55,66 @@ void TestScan::startsWithoutDevice()
 
 void TestScan::findsAllHands()
 {
-    Bench bench({"--node", "2", "--node", "3", "--node", "16", "--firmware", "1.4.300",
-                 "--protocol-version", "3.2"});
-    bench.tool->scanFor(3);
+    open({"--node", "2", "--node", "3", "--node", "16", "--firmware", "1.4.300",
+          "--protocol-version", "3.2"},
+         3);
     const QString text("0x%1 (SerialCtrl V1.4.300, Protocol V3.2)");
-    QCOMPARE(bench.tool->deviceTexts(),
-             (QStringList{text.arg("02"), text.arg("03"), text.arg("10")}));
-    QCOMPARE(bench.tool->devices()->itemData(2).toInt(), 16);
-    QVERIFY(bench.tool->shownTexts().contains("Trying node '0x10'..."));
-    QVERIFY(bench.tool->shownTexts().contains("Timeout for SerialCtrl node '0x0f'..."));
-    QVERIFY(bench.tool->shownTexts().contains("node '0x10' found, firmware version: 1.4.300"));
-    QCOMPARE(bench.tool->devices()->currentIndex(), 0);
-    QCOMPARE(bench.tool->shownTexts().last(3),
+    QCOMPARE(m_tool->deviceTexts(), (QStringList{text.arg("02"), text.arg("03"), text.arg("10")}));
+    QCOMPARE(m_tool->devices()->itemData(2).toInt(), 16);
+    QVERIFY(shown().contains("Trying node '0x10'..."));
+    QVERIFY(shown().contains("Timeout for SerialCtrl node '0x0f'..."));
+    QVERIFY(shown().contains("node '0x10' found, firmware version: 1.4.300"));
+    QCOMPARE(m_tool->devices()->currentIndex(), 0);
+    QCOMPARE(shown().last(3),
              (QStringList{"Basic info loaded", "Setting loaded", "Running info loaded"}));
 }
 
 void TestScan::stopFinishesTheNode()
 {
-    Bench bench({"--node", "2", "--node", "3"});
-    auto* scan = bench.tool->find<QPushButton>("pushButton_ScanDevices");
-    bench.hand.command("fault late ms=20 count=0");
-    connect(bench.tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, scan,
+    open({"--node", "2", "--node", "3"}, 0);
+    auto* scan = m_tool->find<QPushButton>("pushButton_ScanDevices");
+    m_hand->command("fault late ms=20 count=0");
+    connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, scan,
             [scan](const QString& text) {
                 if (text == "Trying node '0x02'...")
                     QTimer::singleShot(8, scan, &QPushButton::click);
             });
     scan->click();
-    QCOMPARE(bench.tool->deviceTexts().size(), 1);
-    QVERIFY(!bench.tool->shownTexts().contains("Trying node '0x03'..."));
-    QCOMPARE(bench.tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
+    QCOMPARE(m_tool->deviceTexts().size(), 1);
+    QVERIFY(!shown().contains("Trying node '0x03'..."));
+    QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
 }
 
 void TestScan::widgetsDuringScan()
 {
-    Bench bench({"--node", "2"});
-    auto* progress = bench.tool->find<QProgressBar>("progressBar_Scan");
+    open({"--node", "2"}, 0);
+    auto* progress = m_tool->find<QProgressBar>("progressBar_Scan");
     QVERIFY(!progress->isVisible());
     bool looked = false;
     QTimer::singleShot(130, this, [&] { // absent nodes take 51 ms each
         looked = true;
-        QCOMPARE(bench.tool->find<QPushButton>("pushButton_ScanDevices")->text(), "Stop");
+        QCOMPARE(m_tool->find<QPushButton>("pushButton_ScanDevices")->text(), "Stop");
         QVERIFY(progress->isVisible() && progress->value() >= 2 && progress->maximum() == 255);
         for (const char* name :
              {"pushButton_RefreshPorts", "comboBox_Ports", "comboBox_Devices", "tabWidget"})
-            QVERIFY2(!bench.tool->enabled(name), name);
-        QVERIFY(!bench.tool->find<QAction>("action_Force_Update")->isEnabled());
+            QVERIFY2(!m_tool->enabled(name), name);
+        QVERIFY(!m_tool->find<QAction>("action_Force_Update")->isEnabled());
         // The error text stays beside the ordinary one.
-        QVERIFY(bench.tool->find<QLabel>("label_StatusError")->isVisible());
-        QVERIFY(bench.tool->errorText().startsWith("Timeout"));
-        QVERIFY(bench.tool->statusText().startsWith("Trying"));
-        bench.tool->trigger("action_About"); // need not wait for the end of the scan
+        QVERIFY(m_tool->find<QLabel>("label_StatusError")->isVisible());
+        QVERIFY(m_tool->errorText().startsWith("Timeout"));
+        QVERIFY(m_tool->statusText().startsWith("Trying"));
+        m_tool->trigger("action_About"); // need not wait for the end of the scan
     });
     DialogAnswer<QMessageBox> about([&](QMessageBox* box) {
         box->accept();
-        bench.tool->click("pushButton_ScanDevices");
+        m_tool->click("pushButton_ScanDevices");
     });
-    bench.tool->click("pushButton_ScanDevices");
+    m_tool->click("pushButton_ScanDevices");
     QVERIFY(looked);
     QCOMPARE(about.count(), 1);
     QVERIFY(!progress->isVisible());
-    QVERIFY(bench.tool->find<QAction>("action_Force_Update")->isEnabled());
-    QVERIFY(bench.tool->enabled("comboBox_Ports") && bench.tool->enabled("tabWidget"));
+    QVERIFY(m_tool->find<QAction>("action_Force_Update")->isEnabled());
+    QVERIFY(m_tool->enabled("comboBox_Ports") && m_tool->enabled("tabWidget"));
 }
 
 void TestScan::portNotOpened_data()
@@ -164,15 +149,13 @@ void TestScan::portNotOpened()
 
 void TestScan::badAnswers()
 {
-    Bench bench({"--node", "1", "--node", "2", "--node", "3"});
-    bench.hand.command("fault refuse error=0x21 node=1 command=0x01");
-    bench.hand.command("fault garble node=2 command=0x00");
-    bench.tool->scanFor(1);
-    QCOMPARE(bench.tool->devices()->currentData().toInt(), 3);
-    QVERIFY(bench.tool->shownTexts().contains(
-        "getFirmwareVersion(0x01, ...) returned 0xff (sub err 21)"));
-    QVERIFY(bench.tool->shownTexts().contains(
-        "getProtocolVersion(0x02, ...) returned 0x01 (sub err 00)"));
+    open({"--node", "1", "--node", "2", "--node", "3"}, 0);
+    m_hand->command("fault refuse error=0x21 node=1 command=0x01");
+    m_hand->command("fault garble node=2 command=0x00");
+    m_tool->scanFor(1);
+    QCOMPARE(m_tool->devices()->currentData().toInt(), 3);
+    QVERIFY(shown().contains("getFirmwareVersion(0x01, ...) returned 0xff (sub err 21)"));
+    QVERIFY(shown().contains("getProtocolVersion(0x02, ...) returned 0x01 (sub err 00)"));
 }
 
 void TestScan::forceSensing_data()
@@ -186,18 +169,13 @@ void TestScan::forceSensing_data()
 void TestScan::forceSensing()
 {
     QFETCH(QStringList, options);
-    Bench bench(options);
-    bench.tool->scanFor(1);
-    auto* tabs = bench.tool->find<QTabWidget>("tabWidget");
+    open(options, 1);
+    auto* tabs = m_tool->find<QTabWidget>("tabWidget");
     QTEST(tabs->isTabVisible(3), "visible");
-    QList<QByteArray> probes;
-    for (const TracedFrame& request : bench.hand.requests())
-        if (request.bytes[4] == 0x08)
-            probes.append(request.bytes.toHex());
-    QCOMPARE(probes, QList<QByteArray>{"55aa02010802010109"});
+    QCOMPARE(frames({0x08}), QStringList{"08 0101"});
 
     tabs->setCurrentIndex(3);
-    bench.tool->click("pushButton_RefreshPorts");
+    m_tool->click("pushButton_RefreshPorts");
     QVERIFY(!tabs->isTabVisible(3));
     QCOMPARE(tabs->currentIndex(), 0);
 }
@@ -221,37 +199,36 @@ void TestScan::badEntries_data()
 void TestScan::badEntries()
 {
     QFETCH(QString, entry);
-    Bench bench({"--node", "2"});
-    bench.tool->scanFor(1);
-    bench.hand.forgetTrace();
-    bench.tool->devices()->addItem(entry, 2);
+    open({"--node", "2"}, 1);
+    m_hand->forgetTrace();
+    m_tool->devices()->addItem(entry, 2);
     QString text;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
         text = box->text();
         box->accept();
     });
-    bench.tool->devices()->setCurrentIndex(1);
+    m_tool->devices()->setCurrentIndex(1);
     QTEST(text, "box");
-    QCOMPARE(bench.hand.requests().size(), 0);
-    QCOMPARE(bench.tool->field("lineEdit_BasicFirmwareVersion"), QString());
-    QVERIFY(!bench.tool->enabled("pushButton_BasicBeep"));
-    bench.tool->devices()->setCurrentIndex(0);
-    QCOMPARE(bench.tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
+    QCOMPARE(m_hand->requests().size(), 0);
+    QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), QString());
+    QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
+    m_tool->devices()->setCurrentIndex(0);
+    QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
 }
 
 void TestScan::pageTimers()
 {
-    Bench bench({"--node", "2"});
-    auto* tabs = bench.tool->find<QTabWidget>("tabWidget");
-    const auto* run = bench.tool->find<QTimer>("runTimer");
-    const auto* force = bench.tool->find<QTimer>("forceTimer");
+    open({"--node", "2"}, 0);
+    auto* tabs = m_tool->find<QTabWidget>("tabWidget");
+    const auto* run = m_tool->find<QTimer>("runTimer");
+    const auto* force = m_tool->find<QTimer>("forceTimer");
     tabs->setCurrentIndex(2);
     QVERIFY(!run->isActive());
-    bench.tool->scanFor(1); // the page that is current gets its timer
+    m_tool->scanFor(1); // the page that is current gets its timer
     QVERIFY(run->isActive() && run->interval() == 100);
     tabs->setCurrentIndex(3);
     QVERIFY(!run->isActive() && force->isActive() && force->interval() == 100);
-    bench.tool->window()->closeDevice();
+    m_tool->window()->closeDevice();
     QVERIFY(!force->isActive());
     tabs->setCurrentIndex(2);
     QVERIFY(!run->isActive());
@@ -259,33 +236,32 @@ void TestScan::pageTimers()
 
 void TestScan::vanishedPort()
 {
-    Bench bench({"--node", "2"});
-    bench.tool->scanFor(1);
-    bench.hand.command("unplug");
-    bench.tool->click("pushButton_BasicBeep");
-    QCOMPARE(bench.tool->errorText(), "Timeout for SerialCtrl node '0x02'...");
-    bench.tool->click("pushButton_RefreshPorts");
-    QVERIFY(bench.hand.command("replug").startsWith("ok"));
-    bench.tool->choosePort(bench.hand.portName());
-    bench.tool->scanFor(1);
-    bench.tool->click("pushButton_BasicBeep");
-    QCOMPARE(bench.tool->statusText(), "Beep succeeded");
+    open({"--node", "2"}, 1);
+    m_hand->command("unplug");
+    m_tool->click("pushButton_BasicBeep");
+    QCOMPARE(m_tool->errorText(), "Timeout for SerialCtrl node '0x02'...");
+    m_tool->click("pushButton_RefreshPorts");
+    QVERIFY(m_hand->command("replug").startsWith("ok"));
+    m_tool->choosePort(m_hand->portName());
+    m_tool->scanFor(1);
+    m_tool->click("pushButton_BasicBeep");
+    QCOMPARE(m_tool->statusText(), "Beep succeeded");
 }
 
 void TestScan::unpluggedDuringScan()
 {
-    Bench bench({"--node", "2"});
-    QTimer::singleShot(130, this, [&] { bench.hand.command("unplug"); });
+    open({"--node", "2"}, 0);
+    QTimer::singleShot(130, this, [&] { m_hand->command("unplug"); });
     QString text;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
         text = box->text();
         box->accept();
     });
-    bench.tool->click("pushButton_ScanDevices");
-    QVERIFY2(text.startsWith("Open port '" + bench.hand.portName()), qPrintable(text));
-    QVERIFY(bench.tool->enabled("comboBox_Devices"));
-    QCOMPARE(bench.tool->devices()->count(), 1);
-    QVERIFY(!bench.tool->enabled("pushButton_BasicBeep")); // nothing is opened
+    m_tool->click("pushButton_ScanDevices");
+    QVERIFY2(text.startsWith("Open port '" + m_hand->portName()), qPrintable(text));
+    QVERIFY(m_tool->enabled("comboBox_Devices"));
+    QCOMPARE(m_tool->devices()->count(), 1);
+    QVERIFY(!m_tool->enabled("pushButton_BasicBeep")); // nothing is opened
 }
 
 QTEST_MAIN(TestScan)

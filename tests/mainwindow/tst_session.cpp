@@ -11,7 +11,6 @@ class TestSession : public QObject
     Q_OBJECT
 private slots:
     void init();
-    void idleRunsAtOnce();
     void busyWaitsInOrder();
     void lastOfAKindWins();
     void scanComesLast();
@@ -51,14 +50,6 @@ void TestSession::ask(const QString& name, bool wanted)
 void TestSession::change(Change kind, const QString& name)
 {
     m_session->whenQuiet(kind, [this, name] { m_done.append(name); });
-}
-
-void TestSession::idleRunsAtOnce()
-{
-    ask("a");
-    change(Change::Port, "port");
-    ask("b", false); // asked at the click, so its control was enabled
-    QCOMPARE(m_done, (QStringList{"a7", "port", "b7"}));
 }
 
 void TestSession::busyWaitsInOrder()

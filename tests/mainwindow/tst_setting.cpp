@@ -1,14 +1,13 @@
-#include "handprocess.h"
-#include "windowdriver.h"
+#include "handtest.h"
 
 #include <QTabWidget>
 
 /// The Setting tab in the real window.
-class TestSetting : public QObject
+class TestSetting : public HandTest
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
     void showsWhatTheHandHolds_data();
     void showsWhatTheHandHolds();
     void writesAndReadsBack_data();
@@ -17,43 +16,8 @@ private slots:
     void thumbRootForce();
     void failures_data();
     void failures();
-    void withoutDevice();
     void failedReadsDuringReload();
-
-private:
-    void open(const QStringList& options = {"--node", "2"});
-    QStringList frames() const;
-
-    std::unique_ptr<HandProcess> m_hand;
-    std::unique_ptr<WindowDriver> m_tool;
 };
-
-void TestSetting::open(const QStringList& options)
-{
-    m_hand = std::make_unique<HandProcess>();
-    QVERIFY2(m_hand->start(options), qPrintable(m_hand->errorText()));
-    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
-    m_tool->scanFor(1);
-    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(1);
-    m_tool->forgetShownTexts();
-}
-
-void TestSetting::cleanup()
-{
-    m_tool.reset();
-    m_hand.reset();
-}
-
-/// Command and payload of each request, without addresses and checksum.
-QStringList TestSetting::frames() const
-{
-    QStringList frames;
-    for (const TracedFrame& request : m_hand->requests())
-        frames.append(
-            QString::fromLatin1(request.bytes.sliced(4, 1).toHex() + ' ' +
-                                request.bytes.sliced(6, request.bytes.size() - 7).toHex()));
-    return frames;
-}
 
 void TestSetting::showsWhatTheHandHolds_data()
 {
@@ -83,8 +47,8 @@ void TestSetting::showsWhatTheHandHolds()
                                       : f == 5 ? QString("NA")
                                                : QString::number(held("force-limit")));
     }
-    QCOMPARE(m_tool->find<QLineEdit>("lineEdit_SettingForceLimit0")->isVisible(), force);
-    QCOMPARE(m_tool->find<QWidget>("label_SettingMN")->isVisible(), force);
+    QCOMPARE(m_tool->find<QLineEdit>("lineEdit_SettingForceLimit0")->isHidden(), !force);
+    QCOMPARE(m_tool->find<QWidget>("label_SettingMN")->isHidden(), !force);
     QVERIFY(!m_tool->find<QLineEdit>("lineEdit_SettingP3")->isReadOnly());
 }
 
@@ -120,28 +84,28 @@ void TestSetting::writesAndReadsBack()
     QFETCH(QString, what);
     QFETCH(QString, typed);
     open();
+    forget();
     for (const char* gain : {"I", "D"})
         m_tool->find<QLineEdit>(qPrintable(QString("lineEdit_Setting") + gain + '2'))
             ->setText("2.00");
     m_tool->find<QLineEdit>("lineEdit_SettingG2")->setText("-8");
     const QString field = "lineEdit_Setting" + what + '2';
     m_tool->find<QLineEdit>(qPrintable(field))->setText(typed);
-    m_hand->forgetTrace();
     m_tool->click(
         qPrintable("pushButton_SettingWrite" + (what.size() == 1 ? QString("PID") : what) + '2'));
     QTEST(frames(), "sent");
     QTEST(m_tool->field(qPrintable(field)), "shown");
-    QCOMPARE(m_tool->shownTexts(), QStringList());
+    QCOMPARE(shown(), QStringList());
 }
 
 void TestSetting::incompletePid()
 {
     open();
+    forget();
     for (const char* field : {"lineEdit_SettingI4", "lineEdit_SettingG4"})
         m_tool->find<QLineEdit>(field)->clear();
     m_tool->find<QLineEdit>("lineEdit_SettingP4")->setText("1");
     m_tool->find<QLineEdit>("lineEdit_SettingD4")->setText("x");
-    m_hand->forgetTrace();
     QString text;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
         text = box->text();
@@ -158,7 +122,7 @@ void TestSetting::incompletePid()
 void TestSetting::thumbRootForce()
 {
     open();
-    m_hand->forgetTrace();
+    forget();
     m_tool->click("pushButton_SettingWriteForceLimit5");
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NULL");
     m_tool->click("pushButton_SettingReadForceLimit5");
@@ -178,39 +142,28 @@ void TestSetting::failures()
 {
     QFETCH(QString, operation);
     open();
+    forget();
     const QString button = "pushButton_Setting" +
                            QString(operation.startsWith("get") ? "Read" : "Write") +
                            operation.mid(9) + '1';
     m_tool->find<QLineEdit>("lineEdit_SettingForceLimit1")->setText("77");
-    m_hand->command("fault refuse error=0x0b");
+    tell("fault refuse error=0x0b");
     m_tool->click(qPrintable(button));
-    m_hand->command("fault drop"); // no text of its own for a time-out here
+    tell("fault drop"); // no text of its own for a time-out here
     m_tool->click(qPrintable(button));
-    QCOMPARE(m_tool->shownTexts(),
-             (QStringList{operation + "(0x02, ...) returned 0xff (sub err 0b)",
-                          operation + "(0x02, ...) returned 0x03 (sub err 00)"}));
+    QCOMPARE(shown(), (QStringList{operation + "(0x02, ...) returned 0xff (sub err 0b)",
+                                   operation + "(0x02, ...) returned 0x03 (sub err 00)"}));
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit1"), "77");
-}
-
-void TestSetting::withoutDevice()
-{
-    open();
-    m_tool->window()->closeDevice();
-    m_hand->forgetTrace();
-    for (const char* button : {"pushButton_SettingWritePID0", "pushButton_SettingReadPID0",
-                               "pushButton_SettingWriteForceLimit5"})
-        m_tool->click(button);
-    QCOMPARE(frames(), QStringList());
-    QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NA");
 }
 
 void TestSetting::failedReadsDuringReload()
 {
     open();
-    m_hand->command("fault refuse command=0x05 count=0 error=0x21");
+    forget();
+    tell("fault refuse command=0x05 count=0 error=0x21");
     m_tool->window()->reloadSettingInfo();
     const QString error = "getFingerCurrentLimit(0x02, ...) returned 0xff (sub err 21)";
-    QCOMPARE(m_tool->shownTexts(), QStringList(6, error) << "Setting loaded");
+    QCOMPARE(shown(), QStringList(6, error) << "Setting loaded");
     QCOMPARE(m_tool->field("lineEdit_SettingCurrentLimit3"), QString());
     QVERIFY(!m_tool->field("lineEdit_SettingP5").isEmpty());
     QVERIFY(m_tool->enabled("pushButton_SettingReadPID0"));

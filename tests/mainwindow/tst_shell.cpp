@@ -14,7 +14,6 @@ class TestShell : public QObject
     Q_OBJECT
 private slots:
     void everySlotIsConnected();
-    void windowTexts();
     void about();
     void themeDialog_data();
     void themeDialog();
@@ -64,20 +63,6 @@ void TestShell::everySlotIsConnected()
         QVERIFY2(connected, name.constData());
     }
     QCOMPARE(found, 16 + 9 * 6);
-}
-
-void TestShell::windowTexts()
-{
-    WindowDriver tool;
-    QCOMPARE(tool.window()->windowTitle(), "VantoSetting - V0.0-103-9fa94a8");
-    QVERIFY(!tool.window()->windowIcon().pixmap(16).isNull());
-    QCOMPARE(tool.find<QAction>("action_Exit")->text(), "E&xit");
-    QCOMPARE(tool.find<QAction>("action_Force_Update")->text(), "Force &Update");
-    auto* level = tool.find<QComboBox>("comboBox_BasicSelfTestLevel");
-    QCOMPARE(level->itemText(0) + '|' + level->itemText(1) + '|' + level->itemText(2),
-             "Wait for command|Stretch only|Full self-test");
-    auto* beep = tool.find<QComboBox>("comboBox_BasicBeepSwitch");
-    QCOMPARE(beep->itemText(0) + '|' + beep->itemText(1), "Basic Only|All");
 }
 
 void TestShell::about()

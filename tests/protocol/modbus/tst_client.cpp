@@ -1,0 +1,334 @@
+#include "handprocess.h"
+#include "modbusrtuclientqt.h"
+#include "modbusrtuprotocolv1.h"
+#include "operation.h"
+#include "serialprotocolv3.h"
+
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QSerialPort>
+#include <QTimer>
+
+#include <ctime>
+#include <optional>
+
+namespace
+{
+using Error = ModBusRTUClient::Error;
+
+/// What becomes of reading one register, two registers and of a write if every reply is spoilt.
+struct FaultRow {
+    const char* name;
+    std::array<int, 3> results;
+};
+
+constexpr FaultRow faultRows[] = {
+    {"drop", {3, 3, 3}},          {"drop count=1", {0, 0, 0}}, // asked once more
+    {"late ms=70", {0, 0, 0}},    {"late ms=150", {3, 3, 0}},  {"garble", {3, 3, 3}},
+    {"truncate", {3, 3, 3}},      {"wrong-node", {3, 3, 3}},   {"wrong-command", {3, 3, 3}},
+    {"over-long", {255, 255, 3}}, {"short", {16, 255, 3}},     {"noise", {3, 3, 3}},
+    {"garbage", {3, 3, 3}},       {"refuse", {16, 16, 16}},    {"refuse error=0x02", {16, 16, 16}},
+    {"refuse-bare", {3, 3, 3}},
+};
+
+const auto notConnected = "Device not connected.";
+} // namespace
+
+class tst_client : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void faults_data() { addRows(faultRows); }
+    void faults();
+    void lateReply();
+    void factory();
+    void translation();
+    void closedPort();
+    void timeouts();
+    void emptyWrite();
+    void interruptions();
+    void destruction();
+    void quit();
+    void overlapping();
+    void hangUp();
+    void staleClose();
+    void alternation();
+
+private:
+    QString command(const char* text) { return m_hand->command(QLatin1String(text)); }
+    bool connectToHand() { return m_adapter->connect(m_name.c_str(), BaudRate); }
+    int readVoltage()
+    {
+        u16 voltage = 0;
+        return m_adapter->getBatteryVoltage(HandNode, &voltage);
+    }
+    Error readTwo(ModBusRTUClient& client)
+    {
+        return client.readRegisters(HandNode, 1007, 2, m_values);
+    }
+
+    std::unique_ptr<HandProcess> m_hand;
+    std::string m_name;
+    std::unique_ptr<ModBusRTUProtocolV1> m_adapter;
+    QList<u16> m_values;
+};
+
+void tst_client::init()
+{
+    m_hand = std::make_unique<HandProcess>();
+    QVERIFY2(m_hand->start(QStringLiteral("--node 2:modbus --node 2:serialctrl").split(u' ')),
+             qPrintable(m_hand->errorText()));
+    m_name = m_hand->portName().toStdString();
+    m_adapter = std::make_unique<ModBusRTUProtocolV1>();
+    QVERIFY(connectToHand());
+    // The Qt client warns of frames that are none.
+    if (qstrcmp(QTest::currentTestFunction(), "faults") != 0)
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+    m_values = {0x77};
+}
+
+void tst_client::faults()
+{
+    QFETCH(const FaultRow*, row);
+    u8 major = 0;
+    u8 minor = 0;
+    u16 word = 0;
+    const std::function<int()> operations[] = {
+        [&] { return m_adapter->getBatteryVoltage(HandNode, &word); },
+        [&] { return m_adapter->getFirmwareVersion(HandNode, &major, &minor, &word); },
+        [&] { return m_adapter->beep(HandNode, 1); },
+    };
+    std::array<int, 3> results{};
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        QStringList words = QString::fromLatin1(row->name).split(u' ');
+        words.insert(1, QStringLiteral("count=0"));
+        QCOMPARE(m_hand->command(QStringLiteral("fault ") + words.join(u' ')),
+                 QStringLiteral("ok"));
+        results[i] = operations[i]();
+        QCOMPARE(command("clear"), QStringLiteral("ok"));
+        QTRY_COMPARE(m_hand->requests().size() * 2, m_hand->trace().size());
+        QCOMPARE(operations[i](), 0);
+    }
+    QVERIFY2(
+        results == row->results,
+        qPrintable(QStringLiteral("%1 %2 %3").arg(results[0]).arg(results[1]).arg(results[2])));
+}
+
+void tst_client::lateReply()
+{
+    command("set 2 current 1 111");
+    command("fault late ms=150 count=2");
+    u16 current = 0;
+    QCOMPARE(int(m_adapter->getFingerCurrent(HandNode, 1, &current)), 3);
+    const auto replied = [this] { return m_hand->trace().size() == 4; };
+    // Without events, so that the replies stay in the port.
+    for (QDeadlineTimer limit(5000); !replied();)
+        QVERIFY(!limit.hasExpired());
+    command("set 2 current 1 222");
+    QCOMPARE(int(m_adapter->getFingerCurrent(HandNode, 1, &current)), 0);
+    QCOMPARE(current, u16{222});
+}
+
+void tst_client::factory()
+{
+    QVERIFY(ModBusRTUClient::create("qtmodbus") != ModBusRTUClient::create("qtmodbus"));
+    for (const char* name : {"libmodbus", "", "other", "QtModbus"})
+        QVERIFY2(!ModBusRTUClient::create(name), name);
+    QVERIFY(!ModBusRTUClient::create(nullptr));
+}
+
+void tst_client::translation()
+{
+    for (int error = 0; error <= 20; ++error)
+        QCOMPARE(int(ModBusRTUClientQT::translateError(QModbusDevice::Error(error))),
+                 std::min(error, 8));
+}
+
+void tst_client::closedPort()
+{
+    const auto client = ModBusRTUClient::create("qtmodbus");
+    for (const char* name : {"/dev/there-is-no-such-port", "", m_name.c_str(), m_name.c_str()}) {
+        QTest::ignoreMessage(QtDebugMsg, notConnected);
+        QCOMPARE(readTwo(*client), Error::ConnectionError);
+        QTest::ignoreMessage(QtDebugMsg, notConnected);
+        QCOMPARE(client->writeRegisters(HandNode, 1010, {1}), Error::ConnectionError);
+        QCOMPARE(m_values, QList<u16>{0x77});
+        m_adapter->disconnect();
+        QCOMPARE(client->connect(name, BaudRate), name == m_name);
+        QVERIFY(!client->connect(nullptr, BaudRate));
+        client->disconnect();
+        client->disconnect();
+    }
+    QCOMPARE(readVoltage(), 16);
+    QSerialPort port(m_hand->portName());
+    QVERIFY(connectToHand());
+    QVERIFY(!port.open(QIODevice::ReadWrite));
+    m_adapter->disconnect();
+    QVERIFY2(port.open(QIODevice::ReadWrite), "not free at once after disconnecting");
+}
+
+void tst_client::timeouts()
+{
+    const auto took = [this](auto operation) {
+        command("fault drop count=2");
+        QElapsedTimer timer;
+        timer.start();
+        const int result = operation();
+        return std::pair(result, timer.elapsed());
+    };
+    const auto read = [this] { return readVoltage(); };
+    const auto write = [this] { return m_adapter->beep(HandNode, 1); };
+    for (int times = 0; times < 2; ++times) {
+        const auto [readResult, readMs] = took(read);
+        QCOMPARE(readResult, 3);
+        QVERIFY2(readMs >= 100 && readMs < 200, qPrintable(QString::number(readMs)));
+        const auto [writeResult, writeMs] = took(write);
+        QCOMPARE(writeResult, 3);
+        QVERIFY2(writeMs >= 400 && writeMs < 600, qPrintable(QString::number(writeMs)));
+    }
+}
+
+void tst_client::emptyWrite()
+{
+    m_adapter->disconnect();
+    const auto client = ModBusRTUClient::create("qtmodbus");
+    QVERIFY(client->connect(m_name.c_str(), BaudRate));
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral(
+                                         "^sendWriteRequest replied ProtocolError, .+")));
+    QCOMPARE(client->writeRegisters(HandNode, 1010, {}), Error::ProtocolError);
+    QTest::ignoreMessage(QtDebugMsg, "sendWriteRequest replied NoError, ");
+    QCOMPARE(client->writeRegisters(HandNode, 1010, {1}), Error::NoError);
+    command("fault short");
+    QTest::ignoreMessage(QtDebugMsg, "Invalid values.size() 1, expected 2");
+    QCOMPARE(readTwo(*client), Error::ReadError);
+}
+
+void tst_client::interruptions()
+{
+    for (const bool reconnect : {false, true}) {
+        command("fault drop count=2");
+        QTimer::singleShot(10, this, [&] {
+            m_adapter->disconnect();
+            if (reconnect)
+                connectToHand();
+        });
+        u16 target = 0x77;
+        u16 current = 0x77;
+        command("clear");
+        command("fault drop skip=1");
+        // The second request of the operation is lost.
+        QCOMPARE(int(m_adapter->getFingerPos(HandNode, 1, &target, &current)), 16);
+        QCOMPARE(target, u16{0});
+        QCOMPARE(current, u16{0x77});
+        command("clear");
+        QCOMPARE(readVoltage(), reconnect ? 0 : 16);
+        m_adapter->disconnect();
+        QVERIFY(connectToHand());
+        QCOMPARE(readVoltage(), 0);
+    }
+}
+
+void tst_client::destruction()
+{
+    m_adapter->disconnect();
+    auto client = std::make_optional<ModBusRTUClientQT>();
+    QVERIFY(client->connect(m_name.c_str(), BaudRate));
+    command("fault drop");
+    QTimer::singleShot(10, this, [&] { client.reset(); });
+    QCOMPARE(readTwo(*client), Error::ReplyAbortedError);
+    QVERIFY(!client);
+}
+
+void tst_client::quit()
+{
+    QList<int> results;
+    QTimer::singleShot(0, this, [&] {
+        command("fault drop");
+        QTimer::singleShot(10, this, [] { QCoreApplication::exit(5); });
+        results += readVoltage();
+        results += m_adapter->beep(HandNode, 1);
+        results += readVoltage();
+    });
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(QCoreApplication::exec(), 5);
+    QVERIFY2(timer.elapsed() < 45, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(results, (QList<int>{16, 16, 16}));
+}
+
+void tst_client::overlapping()
+{
+    m_adapter->disconnect();
+    const auto client = ModBusRTUClient::create("qtmodbus");
+    QVERIFY(client->connect(m_name.c_str(), BaudRate));
+    std::optional<Error> inner;
+    QTimer::singleShot(0, this, [&] {
+        QList<u16> values;
+        inner = client->readRegisters(HandNode, 1000, 1, values);
+        QCOMPARE(values, QList<u16>{0x0100});
+    });
+    QCOMPARE(readTwo(*client), Error::NoError);
+    QCOMPARE(m_values, (QList<u16>{7400, 2}));
+    QCOMPARE(inner, Error::NoError);
+}
+
+void tst_client::hangUp()
+{
+    for (const bool waiting : {false, true}) {
+        QCOMPARE(readVoltage(), 0);
+        if (waiting) {
+            command("fault drop");
+            QTimer::singleShot(10, this, [this] { command("unplug"); });
+            QCOMPARE(readVoltage(), 16);
+        } else {
+            command("unplug");
+        }
+        const std::clock_t before = std::clock();
+        QTest::qWait(1000);
+        const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
+        QVERIFY2(used < 50, qPrintable(QStringLiteral("%1 ms of processor time").arg(used)));
+        QCOMPARE(readVoltage(), 16);
+        QVERIFY(!connectToHand());
+        QVERIFY(command("replug").startsWith(u"ok"));
+        QVERIFY(connectToHand());
+    }
+    QCOMPARE(readVoltage(), 0);
+}
+
+void tst_client::staleClose()
+{
+    command("unplug");
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_adapter->disconnect();
+            command("replug");
+            QVERIFY(connectToHand());
+        },
+        Qt::QueuedConnection);
+    // The request notices the hang-up, and the close that it queues comes after the new opening.
+    QCOMPARE(readVoltage(), 16);
+    QCoreApplication::processEvents();
+    QVERIFY2(readVoltage() == 0, "the close meant for the earlier opening shut this one");
+}
+
+void tst_client::alternation()
+{
+    m_adapter->disconnect();
+    SerialProtocolV3 other;
+    VantoProtocol* const adapters[] = {m_adapter.get(), &other};
+    for (int times = 0; times < 20; ++times) {
+        VantoProtocol* const adapter = adapters[times % 2];
+        QVERIFY(adapter->connect(m_name.c_str(), BaudRate));
+        u16 voltage = 0;
+        QCOMPARE(int(adapter->getBatteryVoltage(HandNode, &voltage)), 0);
+        QCOMPARE(voltage, u16{7400});
+        QCOMPARE(int(adapter->getBatteryVoltage(77, &voltage)), 3);
+        adapter->disconnect();
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_client)
+#include "tst_client.moc"

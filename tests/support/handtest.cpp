@@ -1,0 +1,60 @@
+#include "handtest.h"
+
+namespace
+{
+constexpr int NodeAt = 2;
+constexpr int CommandAt = 4;
+constexpr int PayloadAt = 6;
+} // namespace
+
+void HandTest::open(const QStringList& options, int hands)
+{
+    m_hand = std::make_unique<HandProcess>();
+    QVERIFY2(m_hand->start(options), qPrintable(m_hand->errorText()));
+    m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
+    if (hands > 0)
+        m_tool->scanFor(hands);
+}
+
+void HandTest::forget()
+{
+    m_hand->forgetTrace();
+    m_tool->forgetShownTexts();
+}
+
+void HandTest::close()
+{
+    if (m_hand)
+        for (const TracedFrame& frame : m_hand->trace())
+            QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
+    m_tool.reset();
+    m_hand.reset();
+}
+
+void HandTest::tell(const QString& command) const
+{
+    const QString answer = m_hand->command(command);
+    QVERIFY2(answer.startsWith("ok"), qPrintable(answer));
+}
+
+QStringList HandTest::frames(const QList<int>& commands) const
+{
+    QStringList frames;
+    for (const TracedFrame& request : m_hand->requests()) {
+        const QByteArray& bytes = request.bytes;
+        if (commands.isEmpty() || commands.contains(bytes[CommandAt]))
+            frames.append(
+                QString::fromLatin1(bytes.sliced(CommandAt, 1).toHex() + ' ' +
+                                    bytes.sliced(PayloadAt, bytes.size() - PayloadAt - 1).toHex()));
+    }
+    return frames;
+}
+
+QStringList HandTest::addressed() const
+{
+    QStringList frames;
+    for (const TracedFrame& request : m_hand->requests())
+        frames.append(QString::fromLatin1(request.bytes.sliced(NodeAt, 1).toHex() + ':' +
+                                          request.bytes.sliced(CommandAt, 1).toHex()));
+    return frames;
+}
