@@ -1,5 +1,6 @@
 #include "steps.h"
 
+#include "fingersteps.h"
 #include "theme.h"
 
 #include <QAbstractItemModel>
@@ -74,6 +75,9 @@ void chooseTheme(Stage& stage, const QString& name)
 
 QString start(Stage& stage)
 {
+    const auto& ports = stage.find<QComboBox>(QStringLiteral("comboBox_Ports"));
+    stage.await(QStringLiteral("the port is listed"),
+                [&] { return ports.findData(stage.portName()) >= 0; });
     stage.expect(QStringLiteral("the number of hands"),
                  QString::number(stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).count()),
                  QStringLiteral("0"));
@@ -119,8 +123,6 @@ QString pages(Stage& stage)
 QString port(Stage& stage)
 {
     auto& ports = stage.find<QComboBox>(QStringLiteral("comboBox_Ports"));
-    stage.await(QStringLiteral("the port is listed"),
-                [&] { return ports.findData(stage.portName()) >= 0; });
     ports.setCurrentIndex(ports.findData(stage.portName()));
     return ports.currentText();
 }
@@ -247,9 +249,11 @@ QString wire(Stage& stage)
 }
 
 constexpr std::array steps{
-    Step{"start", start}, Step{"theme", theme},   Step{"port", port},   Step{"scan", scan},
-    Step{"open", open},   Step{"pages", pages},   Step{"basic", basic}, Step{"beep", beep},
-    Step{"id", setId},    Step{"rescan", rescan}, Step{"wire", wire},
+    Step{"start", start}, Step{"theme", theme}, Step{"port", port},
+    Step{"scan", scan},   Step{"open", open},   Step{"pages", pages},
+    Step{"basic", basic}, Step{"beep", beep},   Step{"setting", settingPage},
+    Step{"run", runPage}, Step{"id", setId},    Step{"rescan", rescan},
+    Step{"wire", wire},
 };
 } // namespace
 

@@ -1,0 +1,159 @@
+// What live reading and clicking cost on the Run page, and a reload of the Setting page.
+
+#include "figures.h"
+#include "handprocess.h"
+#include "mainwindow.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+#include <set>
+
+namespace
+{
+constexpr int Repeats = 201;
+constexpr int FingerCount = 6;
+constexpr double TickMs = 1; ///< grid of the wait for a reply
+constexpr double MsPerNs = 1e-6;
+constexpr double RunTickBar = 1.1;
+constexpr double ReloadBar = 1.2;
+
+constexpr int SlowBaud = 45'000; ///< about 4 ms for the reading of one current
+constexpr int ClickMs = 150;
+constexpr int ClickingMs = 20'000;
+constexpr double LeastRefreshesPerSecond = 7;
+constexpr char ReadCurrent = 0x06;
+constexpr char SetPosition = 0x4C;
+constexpr int CommandAt = 4;
+constexpr int FingerAt = 6;
+constexpr int PositionAt = 7;
+
+/// The real window with a hand open on it.
+class Bench
+{
+public:
+    explicit Bench(const QStringList& options)
+    {
+        if (!m_hand.start(QStringList{QStringLiteral("--node"), QStringLiteral("1")} + options))
+            qFatal("%s", qPrintable(m_hand.errorText()));
+        qputenv("VANTO_PORTS", m_hand.portName().toUtf8());
+        m_window = std::make_unique<MainWindow>();
+        m_window->show();
+        find<QPushButton>("pushButton_RefreshPorts").click();
+        auto& ports = find<QComboBox>("comboBox_Ports");
+        ports.setCurrentIndex(ports.findData(m_hand.portName()));
+        auto& scan = find<QPushButton>("pushButton_ScanDevices");
+        QObject::connect(
+            find<QComboBox>("comboBox_Devices").model(), &QAbstractItemModel::rowsInserted, &scan,
+            [&scan] { scan.click(); }, Qt::QueuedConnection);
+        scan.click();
+    }
+
+    template<class T>
+    T& find(const QString& name) const
+    {
+        return *m_window->findChild<T*>(name);
+    }
+    void showPage(int page) const { find<QTabWidget>("tabWidget").setCurrentIndex(page); }
+    MainWindow& window() const { return *m_window; }
+    HandProcess& hand() { return m_hand; }
+
+private:
+    HandProcess m_hand;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+double medianMs(const std::function<void()>& act)
+{
+    std::vector<double> times;
+    for (int i = 0; i < Repeats; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        act();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
+    }
+    return median(times);
+}
+
+bool measureCosts()
+{
+    Bench bench({});
+    bench.showPage(2);
+    const double tick = medianMs([&] { bench.window().updateCurrent(); });
+    bench.showPage(0);
+    bench.hand().forgetTrace();
+    bench.window().reloadSettingInfo();
+    const auto exchanges = static_cast<double>(bench.hand().requests().size());
+    const double reload = medianMs([&] { bench.window().reloadSettingInfo(); });
+    const bool tickGood =
+        report({"run tick, six currents", tick, "ms", FingerCount * TickMs, RunTickBar});
+    const bool reloadGood =
+        report({"reload of the hidden Setting page", reload, "ms", exchanges * TickMs, ReloadBar});
+    return tickGood && reloadGood;
+}
+
+/// Set is clicked all the time while the currents are read over a slow line.
+bool clickSet()
+{
+    Bench bench({QStringLiteral("--baud"), QString::number(SlowBaud)});
+    bench.showPage(2);
+    bench.hand().forgetTrace();
+    int clicks = 0;
+    QStringList errors;
+    QTimer clicking;
+    QObject::connect(&clicking, &QTimer::timeout, [&] {
+        ++clicks;
+        bench.find<QLineEdit>("lineEdit_RunPos3").setText(QString::number(clicks));
+        bench.find<QPushButton>("pushButton_RunSetPos3").click();
+        const QString error = bench.find<QLabel>("label_StatusError").text();
+        if (!error.isEmpty())
+            errors.append(error);
+    });
+    clicking.start(ClickMs);
+    QTimer::singleShot(ClickingMs, &clicking, [] { QCoreApplication::exit(0); });
+    QApplication::exec();
+    clicking.stop();
+
+    std::multiset<int> sent;
+    int refreshes = 0;
+    int overlaps = 0;
+    for (const TracedFrame& request : bench.hand().requests()) {
+        const auto byte = [&](int at) { return static_cast<unsigned char>(request.bytes[at]); };
+        if (request.bytes[CommandAt] == SetPosition)
+            sent.insert(byte(PositionAt) + 256 * byte(PositionAt + 1));
+        refreshes += request.bytes[CommandAt] == ReadCurrent && byte(FingerAt) == FingerCount - 1;
+        overlaps += request.marks.contains(QLatin1String("overlap"));
+    }
+    const bool eachOnce = static_cast<int>(sent.size()) == clicks && *sent.begin() == 1 &&
+                          std::set<int>(sent.begin(), sent.end()).size() == sent.size();
+    const double perSecond = refreshes * 1000.0 / ClickingMs;
+    const bool good =
+        eachOnce && overlaps == 0 && errors.isEmpty() && perSecond >= LeastRefreshesPerSecond;
+    std::printf("%s %d clicks on Set, %zu commands sent, %d overlaps, %d errors, currents read "
+                "%.1f times a second (at least %.0f)\n",
+                good ? "ok  " : "OVER", clicks, sent.size(), overlaps,
+                static_cast<int>(errors.size()), perSecond, LeastRefreshesPerSecond);
+    return good;
+}
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.debug=false;default.warning=false");
+    const QApplication application(argc, argv);
+    const QTemporaryDir work;
+    QDir::setCurrent(work.path());
+    const bool cheap = measureCosts();
+    const bool fair = clickSet();
+    return cheap && fair ? 0 : 1;
+}
