@@ -106,6 +106,9 @@ bool clickSet()
 {
     Bench bench({QStringLiteral("--baud"), QString::number(SlowBaud)});
     bench.showPage(2);
+    // The scan's last time-out text is still shown.
+    while (!bench.find<QLabel>("label_StatusError").text().isEmpty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     bench.hand().forgetTrace();
     int clicks = 0;
     QStringList errors;
@@ -135,6 +138,8 @@ bool clickSet()
     }
     const bool eachOnce = static_cast<int>(sent.size()) == clicks && *sent.begin() == 1 &&
                           std::set<int>(sent.begin(), sent.end()).size() == sent.size();
+    for (const QString& error : std::set<QString>(errors.begin(), errors.end()))
+        std::printf("     %s\n", qPrintable(error));
     const double perSecond = refreshes * 1000.0 / ClickingMs;
     const bool good =
         eachOnce && overlaps == 0 && errors.isEmpty() && perSecond >= LeastRefreshesPerSecond;

@@ -9,6 +9,8 @@
 #include "statusreporter.h"
 #include "ui_mainwindow.h"
 
+#include <utility>
+
 namespace
 {
 constexpr int PositionMode = 0;
@@ -156,6 +158,7 @@ void RunTab::dropPending()
 {
     m_pendingCount.tryAcquire(m_pendingCount.available());
     m_pending.clear();
+    m_firstCurrent = 0;
 }
 
 void RunTab::handleButtonSetPosClick(std::uint8_t finger)
@@ -234,8 +237,16 @@ void RunTab::updateCurrent()
         return;
     const Conversation conversation;
     sendPending(*target);
-    for (std::uint8_t f = 0; f < FingerCount && tickGoesOn(*target); ++f)
-        readCurrent(*target, f);
+    // A tick that was cut short is continued by the next, else the last finger would starve.
+    const std::size_t first = std::exchange(m_firstCurrent, 0);
+    for (std::size_t i = 0; i < FingerCount; ++i) {
+        const auto finger = static_cast<std::uint8_t>((first + i) % FingerCount);
+        if (!tickGoesOn(*target)) {
+            m_firstCurrent = finger;
+            return;
+        }
+        readCurrent(*target, finger);
+    }
 }
 
 void RunTab::sendPending(const Target& target)

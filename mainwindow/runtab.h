@@ -79,5 +79,6 @@ private:
     PerFinger<QLineEdit*> m_speeds;
     PerFinger<QLineEdit*> m_currents;
     std::deque<POS_INFO> m_pending;
-    QSemaphore m_pendingCount; ///< counts what is pending
+    QSemaphore m_pendingCount;      ///< counts what is pending
+    std::size_t m_firstCurrent = 0; ///< finger whose current the next tick reads first
 };
