@@ -7,17 +7,21 @@
 namespace
 {
 constexpr int RunIntervalMs = 100;
+constexpr int PostponedMs = 20;
 constexpr int ForceIntervalMs = 100;
 } // namespace
 
 PageTimers::PageTimers(QTabWidget* pages, DeviceSession* session)
     : QObject(pages), m_pages(pages), m_session(session)
 {
-    m_runTimer.setInterval(RunIntervalMs);
     m_runTimer.setObjectName(QStringLiteral("runTimer"));
     m_forceTimer.setInterval(ForceIntervalMs);
     m_forceTimer.setObjectName(QStringLiteral("forceTimer"));
-    connect(&m_runTimer, &QTimer::timeout, this, &PageTimers::sig_runTick);
+    connect(&m_runTimer, &QTimer::timeout, this, [this] {
+        if (m_runTimer.interval() != RunIntervalMs)
+            m_runTimer.start(RunIntervalMs);
+        emit sig_runTick();
+    });
     connect(&m_forceTimer, &QTimer::timeout, this, &PageTimers::sig_forceTick);
     connect(session, &DeviceSession::sig_stop, this, &PageTimers::stop);
 }
@@ -34,7 +38,7 @@ void PageTimers::followCurrentPage()
 
     if (name == QLatin1String("tab_Run") && m_session->connected()) {
         emit sig_runPageEntered();
-        m_runTimer.start();
+        m_runTimer.start(RunIntervalMs);
     } else {
         m_runTimer.stop();
         emit sig_runPageLeft();
@@ -44,6 +48,12 @@ void PageTimers::followCurrentPage()
         emit sig_sequencePageEntered();
     else
         emit sig_sequencePageLeft();
+}
+
+void PageTimers::postponeRunTick()
+{
+    if (m_runTimer.isActive())
+        m_runTimer.start(PostponedMs);
 }
 
 void PageTimers::stop()

@@ -17,6 +17,9 @@ public:
     /// Starts and stops what belongs to the page that is current.
     void followCurrentPage();
     void stop();
+    /// A beat that cannot be used now comes a little later; one that always met the same clicks
+    /// would never be of use.
+    void postponeRunTick();
     /// Whether the Run page is current and its timer runs.
     bool runPageTicks() const { return m_runTimer.isActive(); }
 

@@ -230,8 +230,10 @@ bool RunTab::tickGoesOn(const Target& target) const
 
 void RunTab::updateCurrent()
 {
-    if (!m_session->tickMayRun())
+    if (!m_session->tickMayRun()) {
+        m_timers->postponeRunTick();
         return;
+    }
     const auto target = m_session->target();
     if (!target)
         return;
