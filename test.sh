@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-scripts/packages.sh build window
+scripts/packages.sh build window test
 # Optimised code draws warnings of its own.
 cmake --preset release --log-level=NOTICE
 cmake --build --preset release

@@ -1,3 +1,4 @@
+#include "modbusrtuprotocolv1.h"
 #include "serialprotocolv3.h"
 #include "vantoprotocol.h"
 
@@ -27,7 +28,10 @@ std::shared_ptr<VantoProtocol> filled(Slot& slot, std::mutex& mutex)
 std::shared_ptr<VantoProtocol>
 VantoProtocol::getProtocolInstance(PROTOCOL_TYPE type, unsigned char major, unsigned char /*minor*/)
 {
+    static Slot modbusSlot;
     static Slot serialCtrlSlot;
+    if (type == PROTOCOL_TYPE_MODBUS_RTU && major == ModbusMajorVersion)
+        return filled<ModBusRTUProtocolV1>(modbusSlot, _mutex);
     if (type == PROTOCOL_TYPE_SERIALCTRL && major == SerialCtrlMajorVersion)
         return filled<SerialProtocolV3>(serialCtrlSlot, _mutex);
     return {};

@@ -7,6 +7,7 @@ declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-serialbus-dev"
     # The icons of the themes are SVG; without a font the window shows boxes for letters.
     [window]="libqt6svg6 fonts-dejavu-core"
+    [test]="libmodbus-dev"
 )
 if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
     packages[window]+=" qt6-wayland"

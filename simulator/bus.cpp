@@ -1,5 +1,6 @@
 #include "bus.h"
 
+#include "modbusregisters.h"
 #include "serialctrl.h"
 
 #include <QTimer>
@@ -42,7 +43,7 @@ void Bus::receive(const QByteArray& bytes, Moment began)
             continue;
         note(*received);
         if (received->checksumGood)
-            answer(received->frame);
+            std::visit([this](const auto& request) { answer(request); }, received->request);
     }
 }
 
@@ -56,25 +57,26 @@ void Bus::note(const ReceivedFrame& received)
     if (!received.checksumGood)
         marks.append(QStringLiteral("!bad-checksum"));
     ++(received.checksumGood ? m_statistics.requests : m_statistics.bad);
-    m_trace.received(received.frame.destination, received.bytes, marks);
+    m_trace.received(received.peer, received.bytes, marks);
 }
 
 // Every hand that is addressed carries the request out; the one with the lowest id answers.
 void Bus::answer(const Frame& request)
 {
-    const std::vector<Hand*> hands = addressed(request.destination);
+    const std::vector<Hand*> hands =
+        addressed({Protocol::SerialCtrl, request.destination}, anyNode);
     if (hands.empty())
         return;
-    const quint8 node = hands.front()->id;
+    const Peer peer{Protocol::SerialCtrl, hands.front()->id};
     if (m_hung) {
-        withhold(node, QStringLiteral("hang"));
+        withhold(peer, QStringLiteral("hang"));
         return;
     }
 
-    Frame reply{request.source, node, request.command, {}};
-    const std::optional<Fault> fault = m_faults.take(node, request.command);
+    Frame reply{request.source, peer.node, request.command, {}};
+    const std::optional<Fault> fault = m_faults.take({peer, request.command, {}});
     if (fault && fault->kind->refuses) {
-        deliver(reply, node, *fault);
+        deliver(fault->kind->deliver(reply, *fault), peer, *fault);
         return;
     }
 
@@ -89,45 +91,73 @@ void Bus::answer(const Frame& request)
     }
     reply.payload = first.payload;
     if (fault)
-        deliver(reply, node, *fault);
+        deliver(fault->kind->deliver(reply, *fault), peer, *fault);
     else
-        send(encode(reply), node, {}, true);
+        send(encode(reply), peer, {}, true);
 }
 
-std::vector<Hand*> Bus::addressed(quint8 destination)
+void Bus::answer(const ModbusFrame& request)
+{
+    const Peer peer{Protocol::Modbus, request.node};
+    const std::vector<Hand*> hands = addressed(peer, broadcastNode);
+    if (hands.empty())
+        return;
+    if (m_hung) {
+        withhold(peer, QStringLiteral("hang"));
+        return;
+    }
+
+    const Moment now = Clock::now();
+    if (request.node == broadcastNode) {
+        for (Hand* const hand : hands)
+            modbusAnswer(*hand, request, now);
+        return;
+    }
+    Hand& hand = *hands.front();
+    const std::optional<Fault> fault =
+        m_faults.take({peer, request.function, firstRegister(request)});
+    const bool refused = fault && fault->kind->refuses;
+    const ModbusFrame reply =
+        refused ? modbusRefusal(hand, request, fault->error) : modbusAnswer(hand, request, now);
+    if (fault)
+        deliver(fault->kind->deliverModbus(reply, *fault), peer, *fault);
+    else
+        send(encode(reply), peer, {}, true);
+}
+
+std::vector<Hand*> Bus::addressed(Peer peer, quint8 allNodes)
 {
     std::vector<Hand*> hands;
     for (Node& node : m_nodes) {
-        const bool meant = destination == anyNode || destination == node.hand.id;
-        if (meant && node.hand.powered && node.protocol == Protocol::SerialCtrl)
+        const bool meant = peer.node == allNodes || peer.node == node.hand.id;
+        if (meant && node.hand.powered && node.protocols.testFlag(peer.protocol))
             hands.push_back(&node.hand);
     }
     std::ranges::stable_sort(hands, {}, &Hand::id);
     return hands;
 }
 
-void Bus::deliver(const Frame& reply, quint8 node, const Fault& fault)
+void Bus::deliver(const Delivery& delivery, Peer peer, const Fault& fault)
 {
     const QString name = QLatin1String(fault.kind->name);
-    const Delivery delivery = fault.kind->deliver(reply, fault);
     if (delivery.bytes.isEmpty()) {
-        withhold(node, name);
+        withhold(peer, name);
         return;
     }
     if (delivery.delay == 0ms) {
-        send(delivery.bytes, node, name, true);
+        send(delivery.bytes, peer, name, true);
         return;
     }
     QTimer::singleShot(delivery.delay, Qt::PreciseTimer, m_delayedReplies.get(),
-                       [this, delivery, node, name] { send(delivery.bytes, node, name, false); });
+                       [this, delivery, peer, name] { send(delivery.bytes, peer, name, false); });
 }
 
 // `awaited` replies make a request that comes before their end an overlap.
-void Bus::send(const QByteArray& bytes, quint8 node, const QString& fault, bool awaited)
+void Bus::send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited)
 {
-    const auto beforeLastByte = [this, bytes, node, fault, awaited] {
+    const auto beforeLastByte = [this, bytes, peer, fault, awaited] {
         ++m_statistics.replies;
-        m_trace.sent(node, bytes, fault.isEmpty() ? QStringList() : QStringList(faultMark(fault)));
+        m_trace.sent(peer, bytes, fault.isEmpty() ? QStringList() : QStringList(faultMark(fault)));
         if (!awaited)
             return;
         --m_repliesUnderWay;
@@ -140,10 +170,10 @@ void Bus::send(const QByteArray& bytes, quint8 node, const QString& fault, bool 
         --m_repliesUnderWay;
 }
 
-void Bus::withhold(quint8 node, const QString& fault)
+void Bus::withhold(Peer peer, const QString& fault)
 {
     ++m_statistics.dropped;
-    m_trace.withheld(node, fault);
+    m_trace.withheld(peer, fault);
 }
 
 void Bus::forgetReplies()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "faults.h"
+#include "framereceiver.h"
 #include "hand.h"
 #include "line.h"
 #include "trace.h"
@@ -10,10 +11,8 @@
 namespace simulator
 {
 
-enum class Protocol { SerialCtrl };
-
 struct Node {
-    Protocol protocol;
+    Protocols protocols;
     Hand hand;
 };
 
@@ -44,10 +43,11 @@ private:
     void receive(const QByteArray& bytes, Moment began);
     void note(const ReceivedFrame& received);
     void answer(const Frame& request);
-    std::vector<Hand*> addressed(quint8 destination);
-    void deliver(const Frame& reply, quint8 node, const Fault& fault);
-    void send(const QByteArray& bytes, quint8 node, const QString& fault, bool awaited);
-    void withhold(quint8 node, const QString& fault);
+    void answer(const ModbusFrame& request);
+    std::vector<Hand*> addressed(Peer peer, quint8 allNodes);
+    void deliver(const Delivery& delivery, Peer peer, const Fault& fault);
+    void send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited);
+    void withhold(Peer peer, const QString& fault);
     void forgetReplies();
 
     std::vector<Node> m_nodes;

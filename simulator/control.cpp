@@ -40,7 +40,8 @@ struct Control::Entry {
 constexpr int anyWords = 100;
 
 const Control::Entry Control::entries[] = {
-    {"fault", "NAME [node=N] [command=0xNN] [skip=K] [count=K] [ms=T] [error=0xNN] [bytes=K]",
+    {"fault",
+     "NAME [node=N] [command=0xNN] [register=N] [skip=K] [count=K] [ms=T] [error=0xNN] [bytes=K]",
      "spoil the next count replies (default 1, 0 without end) after letting skip pass", 1, anyWords,
      &Control::fault},
     {"clear", "", "remove all faults", 0, 0, &Control::clear},

@@ -13,7 +13,115 @@ namespace
 constexpr qsizetype defaultNoise = 12;
 constexpr qsizetype defaultExcess = 8;
 constexpr qsizetype maxPayload = 255;
+constexpr qsizetype registerSize = 2;
 constexpr char flippedBits = 0x24;
+
+void fail(Frame& reply, const Fault& fault)
+{
+    reply.command |= errorBit;
+    reply.payload = QByteArray(1, static_cast<char>(fault.error));
+}
+
+// A Modbus hand has refused by itself, so that its error register tells the same.
+void fail(ModbusFrame&, const Fault&) {}
+
+void failBare(Frame& reply, const Fault&)
+{
+    reply.command |= errorBit;
+}
+
+void failBare(ModbusFrame& reply, const Fault&)
+{
+    reply.data.clear();
+}
+
+void renameNode(Frame& reply, const Fault&)
+{
+    ++reply.source;
+}
+
+void renameNode(ModbusFrame& reply, const Fault&)
+{
+    ++reply.node;
+}
+
+void renameCommand(Frame& reply, const Fault&)
+{
+    reply.command ^= 1U;
+}
+
+void renameCommand(ModbusFrame& reply, const Fault&)
+{
+    reply.function ^= 1U;
+}
+
+void renameHost(Frame& reply, const Fault&)
+{
+    ++reply.destination;
+}
+
+QByteArray& payloadOf(Frame& reply)
+{
+    return reply.payload;
+}
+
+QByteArray& payloadOf(ModbusFrame& reply)
+{
+    return reply.data;
+}
+
+// A frame that tells its own length stays good; of the Modbus replies only that to a read does.
+void settleLength(Frame&) {}
+
+void settleLength(ModbusFrame& reply)
+{
+    if (reply.function == ReadHoldingRegisters && !reply.data.isEmpty())
+        reply.data[0] = static_cast<char>(reply.data.size() - 1);
+}
+
+qsizetype unitOf(const Frame&)
+{
+    return 1;
+}
+
+qsizetype unitOf(const ModbusFrame& reply)
+{
+    return reply.function == ReadHoldingRegisters ? registerSize : 1;
+}
+
+template<class Reply>
+void overLong(Reply& reply, const Fault& fault)
+{
+    QByteArray& payload = payloadOf(reply);
+    const qsizetype excess = fault.bytes.value_or(defaultExcess);
+    payload = payload.leftJustified(std::min(payload.size() + excess, maxPayload), 0x5A);
+    settleLength(reply);
+}
+
+template<class Reply>
+void shortened(Reply& reply, const Fault& fault)
+{
+    QByteArray& payload = payloadOf(reply);
+    payload.truncate(fault.bytes.value_or(std::max<qsizetype>(payload.size() - unitOf(reply), 0)));
+    settleLength(reply);
+}
+
+template<class Reply>
+void wrongFinger(Reply& reply, const Fault&)
+{
+    QByteArray& payload = payloadOf(reply);
+    if (!payload.isEmpty())
+        payload[0] = static_cast<char>(payload[0] ^ 1);
+}
+
+// A reply that is a good frame with other content.
+template<class Reply, void (*Alter)(Reply&, const Fault&)>
+Delivery altered(const Reply& reply, const Fault& fault)
+{
+    Reply other = reply;
+    Alter(other, fault);
+    return {encode(other)};
+}
 
 Delivery garbled(const Frame& reply, const Fault&)
 {
@@ -24,44 +132,30 @@ Delivery garbled(const Frame& reply, const Fault&)
     return {bytes};
 }
 
-Delivery truncated(const Frame& reply, const Fault& fault)
+Delivery garbled(const ModbusFrame& reply, const Fault&)
+{
+    QByteArray bytes = encode(reply);
+    bytes.back() = static_cast<char>(bytes.back() ^ flippedBits);
+    return {bytes};
+}
+
+template<class Reply>
+Delivery dropped(const Reply&, const Fault&)
+{
+    return {};
+}
+
+template<class Reply>
+Delivery delayed(const Reply& reply, const Fault& fault)
+{
+    return {encode(reply), fault.delay};
+}
+
+template<class Reply>
+Delivery truncated(const Reply& reply, const Fault& fault)
 {
     const QByteArray bytes = encode(reply);
     return {bytes.left(fault.bytes.value_or(bytes.size() / 2))};
-}
-
-void overLong(Frame& reply, const Fault& fault)
-{
-    const qsizetype excess = fault.bytes.value_or(defaultExcess);
-    const qsizetype length = std::min(reply.payload.size() + excess, maxPayload);
-    reply.payload = reply.payload.leftJustified(length, 0x5A);
-}
-
-void shortened(Frame& reply, const Fault& fault)
-{
-    const qsizetype oneLess = std::max<qsizetype>(reply.payload.size() - 1, 0);
-    reply.payload.truncate(fault.bytes.value_or(oneLess));
-}
-
-void wrongFinger(Frame& reply, const Fault&)
-{
-    if (!reply.payload.isEmpty())
-        reply.payload[0] = static_cast<char>(reply.payload[0] ^ 1);
-}
-
-void refused(Frame& reply, const Fault& fault)
-{
-    reply.command |= errorBit;
-    reply.payload = QByteArray(1, static_cast<char>(fault.error));
-}
-
-// A reply that is a good frame with other content.
-template<void (*Alter)(Frame&, const Fault&)>
-Delivery altered(const Frame& reply, const Fault& fault)
-{
-    Frame other = reply;
-    Alter(other, fault);
-    return {encode(other)};
 }
 
 // Looks random and is the same every time; holds a false start of a frame (55), but no 55 AA and
@@ -86,24 +180,36 @@ QByteArray noise(const Fault& fault)
     return bytes;
 }
 
+template<class Reply>
+Delivery afterNoise(const Reply& reply, const Fault& fault)
+{
+    return {noise(fault) + encode(reply)};
+}
+
+template<class Reply>
+Delivery onlyNoise(const Reply&, const Fault& fault)
+{
+    return {noise(fault)};
+}
+
+#define BOTH(function) function<Frame>, function<ModbusFrame>
+#define BOTH_ALTERED(alter) altered<Frame, alter>, altered<ModbusFrame, alter>
+
 constexpr FaultKind kinds[] = {
-    {"drop", false, [](const Frame&, const Fault&) { return Delivery{}; }},
-    {"late", false,
-     [](const Frame& r, const Fault& f) {
-         return Delivery{encode(r), f.delay};
-     }},
-    {"garble", false, garbled},
-    {"truncate", false, truncated},
-    {"wrong-node", false, altered<[](Frame& r, const Fault&) { ++r.source; }>},
-    {"wrong-command", false, altered<[](Frame& r, const Fault&) { r.command ^= 1U; }>},
-    {"over-long", false, altered<overLong>},
-    {"short", false, altered<shortened>},
-    {"noise", false, [](const Frame& r, const Fault& f) { return Delivery{noise(f) + encode(r)}; }},
-    {"garbage", false, [](const Frame&, const Fault& f) { return Delivery{noise(f)}; }},
-    {"refuse", true, altered<refused>},
-    {"refuse-bare", true, altered<[](Frame& r, const Fault&) { r.command |= errorBit; }>},
-    {"wrong-finger", false, altered<wrongFinger>},
-    {"wrong-host", false, altered<[](Frame& r, const Fault&) { ++r.destination; }>},
+    {"drop", false, BOTH(dropped)},
+    {"late", false, BOTH(delayed)},
+    {"garble", false, garbled, garbled},
+    {"truncate", false, BOTH(truncated)},
+    {"wrong-node", false, BOTH_ALTERED(renameNode)},
+    {"wrong-command", false, BOTH_ALTERED(renameCommand)},
+    {"over-long", false, BOTH_ALTERED(overLong)},
+    {"short", false, BOTH_ALTERED(shortened)},
+    {"noise", false, BOTH(afterNoise)},
+    {"garbage", false, BOTH(onlyNoise)},
+    {"refuse", true, BOTH_ALTERED(fail)},
+    {"refuse-bare", true, BOTH_ALTERED(failBare)},
+    {"wrong-finger", false, BOTH_ALTERED(wrongFinger)},
+    {"wrong-host", false, altered<Frame, renameHost>, nullptr},
 };
 
 constexpr int maxCount = 1'000'000;
@@ -119,6 +225,7 @@ struct Parameter {
 constexpr Parameter parameters[] = {
     {"node", 0xFF, [](Fault& f, int v) { f.node = static_cast<quint8>(v); }},
     {"command", 0xFF, [](Fault& f, int v) { f.command = static_cast<quint8>(v); }},
+    {"register", 0xFFFF, [](Fault& f, int v) { f.address = static_cast<quint16>(v); }},
     {"skip", maxCount, [](Fault& f, int v) { f.skip = v; }},
     {"count", maxCount, [](Fault& f, int v) { f.count = v; }},
     {"ms", maxDelay, [](Fault& f, int v) { f.delay = std::chrono::milliseconds(v); }},
@@ -164,11 +271,14 @@ QString FaultList::arm(const QStringList& words)
     return {};
 }
 
-std::optional<Fault> FaultList::take(quint8 node, quint8 command)
+std::optional<Fault> FaultList::take(const FaultTarget& target)
 {
     for (auto armed = m_armed.begin(); armed != m_armed.end(); ++armed) {
-        const bool matches =
-            armed->node.value_or(node) == node && armed->command.value_or(command) == command;
+        const bool exists =
+            target.peer.protocol == Protocol::SerialCtrl || armed->kind->deliverModbus != nullptr;
+        const bool matches = exists && armed->node.value_or(target.peer.node) == target.peer.node &&
+                             armed->command.value_or(target.command) == target.command &&
+                             (!armed->address || armed->address == target.address);
         if (!matches)
             continue;
         if (armed->skip > 0) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "framecodec.h"
+#include "modbusframe.h"
+#include "moment.h"
+#include "protocol.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <list>
+#include <optional>
 
 namespace simulator
 {
@@ -16,7 +20,8 @@ struct FaultKind;
 struct Fault {
     const FaultKind* kind = nullptr;
     std::optional<quint8> node;
-    std::optional<quint8> command;
+    std::optional<quint8> command;  // SerialCtrl command or Modbus function
+    std::optional<quint16> address; // first register of a Modbus request
     int skip = 0;
     int count = 1; // 0 is without end
     std::chrono::milliseconds delay{80};
@@ -34,6 +39,14 @@ struct FaultKind {
     const char* name;
     bool refuses; // the hand does not carry the request out
     Delivery (*deliver)(const Frame& reply, const Fault& fault);
+    Delivery (*deliverModbus)(const ModbusFrame& reply, const Fault& fault); // null: has no such
+};
+
+// What a fault looks at to decide whether it is meant.
+struct FaultTarget {
+    Peer peer;
+    quint8 command = 0;
+    std::optional<quint16> address;
 };
 
 class FaultList
@@ -44,7 +57,7 @@ public:
     void clear() { m_armed.clear(); }
 
     // The fault that hits this request; it is used up accordingly.
-    std::optional<Fault> take(quint8 node, quint8 command);
+    std::optional<Fault> take(const FaultTarget& target);
 
 private:
     std::list<Fault> m_armed;

@@ -1,6 +1,7 @@
 #include "framecodec.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace simulator
@@ -18,8 +19,9 @@ enum Offset : qsizetype {
     PayloadAt = 6,
 };
 constexpr qsizetype frameOverhead = 7;
+constexpr qsizetype maxRequestPayload = 63;
 
-quint8 unsignedAt(const QByteArray& bytes, qsizetype offset)
+quint8 unsignedAt(QByteArrayView bytes, qsizetype offset)
 {
     return static_cast<quint8>(bytes.at(offset));
 }
@@ -43,43 +45,24 @@ QByteArray encode(const Frame& frame)
     return bytes;
 }
 
-std::optional<ReceivedFrame> FrameReceiver::feed(char byte, Moment now)
+std::optional<qsizetype> serialCtrlRequestLength(QByteArrayView start)
 {
-    if (now - m_lastByte > m_idleLimit)
-        m_bytes.clear();
-    m_lastByte = now;
-
-    const bool atSync2 = m_bytes.size() == 1;
-    if (atSync2 && byte != sync2)
-        m_bytes.clear();
-    if (m_bytes.isEmpty()) {
-        if (byte != sync1)
-            return std::nullopt;
-        m_began = now;
-    }
-    m_bytes.append(byte);
-
-    if (m_bytes.size() <= LengthAt)
+    constexpr std::array sync{sync1, sync2};
+    const QByteArrayView wanted(sync.data(), std::min<qsizetype>(start.size(), sync.size()));
+    if (!start.startsWith(wanted))
         return std::nullopt;
-    const qsizetype length = unsignedAt(m_bytes, LengthAt);
+    if (start.size() <= LengthAt)
+        return 0;
+    const qsizetype length = unsignedAt(start, LengthAt);
     if (length > maxRequestPayload)
-        m_bytes.clear();
-    if (m_bytes.size() < length + frameOverhead)
         return std::nullopt;
-    return complete();
+    return length + frameOverhead;
 }
 
-std::optional<ReceivedFrame> FrameReceiver::complete()
+Frame decode(QByteArrayView bytes)
 {
-    const QByteArrayView view(m_bytes);
-    ReceivedFrame received;
-    received.frame = {unsignedAt(m_bytes, DestinationAt), unsignedAt(m_bytes, SourceAt),
-                      unsignedAt(m_bytes, CommandAt),
-                      view.sliced(PayloadAt).chopped(1).toByteArray()};
-    received.checksumGood = checksum(view.sliced(DestinationAt).chopped(1)) == view.back();
-    received.began = m_began;
-    received.bytes = std::exchange(m_bytes, {});
-    return received;
+    return {unsignedAt(bytes, DestinationAt), unsignedAt(bytes, SourceAt),
+            unsignedAt(bytes, CommandAt), bytes.sliced(PayloadAt).chopped(1).toByteArray()};
 }
 
 } // namespace simulator

@@ -10,9 +10,19 @@ namespace simulator
 
 constexpr std::size_t fingerCount = 6;
 constexpr std::size_t thumbRoot = 5;
+constexpr std::size_t forceFingerCount = 5; // the thumb root has no force sensor
 constexpr std::size_t thumbRootPresetCount = 3;
 constexpr std::size_t forcePointCount = 25;
 constexpr quint8 noPreset = 255;
+
+// Why a hand refuses a request.
+enum SubError : quint8 {
+    NoSubError = 0x00,
+    UnknownCommand = 0x01,
+    BadArgument = 0x02,
+    NoForceSensing = 0x03,
+    Refused = 0x21,
+};
 
 struct Version {
     quint8 major = 0;
@@ -25,6 +35,7 @@ struct HandTraits {
     Version firmware{1, 4, 7};
     Version bootLoader{1, 2, 0};
     Version protocol{3, 1, 0};
+    Version modbusProtocol{1, 0, 0};
     quint8 hardwareType = 0x1B;
     quint8 hardwareVersion = 0x01;
     bool forceSensing = true;
@@ -40,6 +51,7 @@ struct Finger {
     quint16 forceLimit = 0;     // mN
     Scale raw;                  // calibrated start and end
     FingerMotion motion;
+    quint8 nextSpeed = 255; // of the next motion, where speed and target are set apart
     std::optional<quint16> pinnedCurrent;
     std::optional<quint16> pinnedForce;
     quint32 moves = 0;
@@ -75,6 +87,7 @@ public:
     quint8 selfTestLevel = 2;
     quint8 beepSwitch = 1;
     quint8 buttonCount = 0;
+    quint8 error = 0;         // why the last Modbus request was refused, else 0
     quint16 beepDuration = 0; // ms, of the last beep
     quint32 beeps = 0;
     quint32 resets = 0;

@@ -47,7 +47,7 @@ int serve(const simulator::Options& options)
 
     std::vector<simulator::Node> nodes;
     for (const auto& node : options.nodes)
-        nodes.push_back({node.protocol, simulator::Hand(node.id, options.traits)});
+        nodes.push_back({node.protocols, simulator::Hand(node.id, options.traits)});
     simulator::Line line(options.baud, options.linkPath);
     simulator::Bus bus(std::move(nodes), line, trace);
     simulator::Control control(bus, line);

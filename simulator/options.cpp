@@ -28,14 +28,19 @@ QString takeNode(Options& options, const QString& option, const QString& value)
     const std::optional<qint64> id = parseInteger(parts.first(), 0, maxU8);
     if (!id || parts.size() > 2)
         return complain(option, value, QStringLiteral("ID[:PROTOCOL] with an ID from 0 to 255"));
-    if (parts.value(1, QStringLiteral("serialctrl")) != QLatin1String("serialctrl"))
-        return complain(option, value, QStringLiteral("of a known protocol (serialctrl)"));
+    const std::optional<Protocol> protocol =
+        protocolNamed(parts.value(1, protocolName(Protocol::SerialCtrl)));
+    if (!protocol)
+        return complain(option, value, QStringLiteral("of a known protocol (serialctrl, modbus)"));
     const auto node = static_cast<quint8>(*id);
-    const bool taken = std::ranges::any_of(
-        options.nodes, [node](const Options::NodeOption& other) { return other.id == node; });
-    if (taken)
+    const auto other = std::ranges::find(options.nodes, node, &Options::NodeOption::id);
+    if (other == options.nodes.end()) {
+        options.nodes.push_back({node, *protocol});
+        return {};
+    }
+    if (other->protocols.testFlag(*protocol))
         return QStringLiteral("--%1: node %2 is given twice").arg(option).arg(node);
-    options.nodes.push_back({node, Protocol::SerialCtrl});
+    other->protocols |= *protocol;
     return {};
 }
 
@@ -136,16 +141,18 @@ struct OptionEntry {
 
 constexpr OptionEntry entries[] = {
     {"node", "ID[:PROTOCOL]",
-     "A hand with this node id (decimal or 0x-hex) and protocol (serialctrl); repeatable. Default: "
-     "2:serialctrl.",
+     "A hand with this node id (decimal or 0x-hex) and protocol (serialctrl, modbus); repeatable. "
+     "The same id with both protocols is one hand that speaks both. Default: 2:serialctrl.",
      takeNode},
     {"no-force", "", "Hands without force sensing.", takeNoForce},
     {"firmware", "A.B.C", "Firmware version. Default: 1.4.7.",
      takeVersion<&HandTraits::firmware, 3>},
     {"hardware", "TTVV", "Hardware type and version, hexadecimal. Default: 1B01.", takeHardware},
     {"boot", "A.B", "Boot loader version. Default: 1.2.", takeVersion<&HandTraits::bootLoader, 2>},
-    {"protocol-version", "A.B", "Protocol version. Default: 3.1.",
+    {"protocol-version", "A.B", "Version of the SerialCtrl protocol. Default: 3.1.",
      takeVersion<&HandTraits::protocol, 2>},
+    {"modbus-version", "A.B", "Version of the Modbus register map. Default: 1.0.",
+     takeVersion<&HandTraits::modbusProtocol, 2>},
     {"calibration-key", "HEX", "Key that allows calibration. Default: 1A2B.", takeKey},
     {"link", "PATH", "Symbolic link to the port, removed at the end.",
      takePath<&Options::linkPath>},

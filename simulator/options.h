@@ -10,7 +10,7 @@ namespace simulator
 struct Options {
     struct NodeOption {
         quint8 id;
-        Protocol protocol;
+        Protocols protocols;
     };
     std::vector<NodeOption> nodes;
     HandTraits traits;

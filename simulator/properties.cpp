@@ -91,6 +91,7 @@ constexpr Property properties[] = {
     handValue<&Hand::selfTestLevel>("selftest", maxU8),
     handValue<&Hand::beepSwitch>("beepswitch", maxU8),
     handValue<&Hand::buttonCount>("buttons", maxU8),
+    handValue<&Hand::error>("error", maxU8),
     handValue<&Hand::voltage>("voltage", maxU16),
     handValue<&Hand::beeps>("beeps", maxU32),
     handValue<&Hand::beepDuration>("beep-duration", maxU16),

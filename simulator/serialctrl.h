@@ -7,14 +7,6 @@
 namespace simulator
 {
 
-enum SubError : quint8 {
-    NoSubError = 0x00,
-    UnknownCommand = 0x01,
-    BadArgument = 0x02,
-    NoForceSensing = 0x03,
-    Refused = 0x21,
-};
-
 // What a hand answers: a payload on success, else a sub error. Numbers are little-endian.
 struct Answer {
     QByteArray payload;

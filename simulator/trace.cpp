@@ -17,29 +17,29 @@ QString Trace::open(const QString& path)
     return opened ? QString() : QStringLiteral("%1: %2").arg(path, m_file.errorString());
 }
 
-void Trace::received(quint8 node, const QByteArray& bytes, const QStringList& marks)
+void Trace::received(Peer peer, const QByteArray& bytes, const QStringList& marks)
 {
-    line("rx", node, bytes, marks);
+    line("rx", peer, bytes, marks);
 }
 
-void Trace::sent(quint8 node, const QByteArray& bytes, const QStringList& marks)
+void Trace::sent(Peer peer, const QByteArray& bytes, const QStringList& marks)
 {
-    line("tx", node, bytes, marks);
+    line("tx", peer, bytes, marks);
 }
 
-void Trace::withheld(quint8 node, const QString& fault)
+void Trace::withheld(Peer peer, const QString& fault)
 {
-    line("--", node, {}, {faultMark(fault)});
+    line("--", peer, {}, {faultMark(fault)});
 }
 
-void Trace::line(const char* direction, quint8 node, const QByteArray& bytes,
+void Trace::line(const char* direction, Peer peer, const QByteArray& bytes,
                  const QStringList& marks)
 {
     if (!m_file.isOpen())
         return;
     const std::chrono::duration<double, std::milli> elapsed = Clock::now() - m_start;
-    QString text =
-        QString::asprintf("%08.3f %s serialctrl %02x ", elapsed.count(), direction, node);
+    QString text = QString::asprintf("%08.3f %s %s %02x ", elapsed.count(), direction,
+                                     qPrintable(protocolName(peer.protocol)), peer.node);
     text += QString::fromLatin1(bytes.toHex(' ').toUpper());
     for (const QString& mark : marks)
         text += QLatin1Char(' ') + mark;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "moment.h"
+#include "protocol.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -19,13 +20,12 @@ public:
     // "-" is standard error. Returns the reason of a failure, else nothing.
     QString open(const QString& path);
 
-    void received(quint8 node, const QByteArray& bytes, const QStringList& marks);
-    void sent(quint8 node, const QByteArray& bytes, const QStringList& marks);
-    void withheld(quint8 node, const QString& fault);
+    void received(Peer peer, const QByteArray& bytes, const QStringList& marks);
+    void sent(Peer peer, const QByteArray& bytes, const QStringList& marks);
+    void withheld(Peer peer, const QString& fault);
 
 private:
-    void line(const char* direction, quint8 node, const QByteArray& bytes,
-              const QStringList& marks);
+    void line(const char* direction, Peer peer, const QByteArray& bytes, const QStringList& marks);
 
     Moment m_start;
     QFile m_file;

@@ -16,6 +16,7 @@ TracedFrame parseTraceLine(const QString& line)
         return frame;
     frame.ms = words[0].toDouble();
     frame.direction = words[1];
+    frame.protocol = words[2];
     frame.node = words[3].toInt(nullptr, 16);
     for (const QString& word : words.sliced(4)) {
         if (word.startsWith(QLatin1Char('!')))

@@ -10,6 +10,7 @@
 struct TracedFrame {
     double ms = 0;     ///< since the hand's start
     QString direction; ///< "rx": request that the hand received, "tx": its reply
+    QString protocol;  ///< "serialctrl" or "modbus"
     int node = 0;
     QByteArray bytes; ///< the whole frame
     QString marks;    ///< e.g. "!overlap"
