@@ -14,7 +14,6 @@ class TestForm : public QObject
 {
     Q_OBJECT
 private slots:
-    void texts();
     void accessibleNames();
     void nothingIsCut_data();
     void nothingIsCut();
@@ -45,34 +44,6 @@ QString accessibleName(QWidget* widget)
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
 }
 } // namespace
-
-void TestForm::texts()
-{
-    WindowDriver tool;
-    const QMap<const char*, const char*> captions{{"label_SettingMA", "mA"},
-                                                  {"label_SettingMN", "mN"},
-                                                  {"label_SettingThumb", "Thumb"},
-                                                  {"label_SettingThumbRoot", "Thumb root"},
-                                                  {"label_RunSpeed", "Speed:"},
-                                                  {"label_RunCurrent", "Current:"},
-                                                  {"label_RunMA", "mA"},
-                                                  {"label_RunTicksOrDegree", "ticks"},
-                                                  {"label_SeqTicksOrDegree", "ticks"}};
-    for (auto it = captions.begin(); it != captions.end(); ++it)
-        QCOMPARE(tool.find<QLabel>(it.key())->text(), QString(it.value()));
-    auto* table = tool.find<QTableWidget>("tableWidget_Seq");
-    QStringList headers;
-    for (int column = 0; column < table->columnCount(); ++column)
-        headers.append(table->horizontalHeaderItem(column)->text());
-    QCOMPARE(headers.join(','), "Thumb Root,Thumb,Index,Middle,Third,Little");
-    QStringList pages;
-    auto* tabs = tool.find<QTabWidget>("tabWidget");
-    for (int page = 0; page < tabs->count(); ++page)
-        pages.append(tabs->tabText(page));
-    QCOMPARE(pages.join(','), "Basic,Setting,Run,Force,Sequence");
-    for (auto* button : tool.window()->findChildren<QPushButton*>())
-        QVERIFY2(!button->text().contains('&'), qPrintable(button->objectName()));
-}
 
 void TestForm::accessibleNames()
 {

@@ -23,7 +23,6 @@ private slots:
     void readBacks();
     void setDuringTick();
     void failures();
-    void liveCurrents();
     void silentHandHonoursClicks();
     void wheelAndKeys();
     void forcePage();
@@ -136,33 +135,19 @@ void TestRun::setSendsAtOnce_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("speed");
     QTest::addColumn<QString>("sent");
-    QTest::newRow("position") << 0 << "1000"
-                              << "255"
-                              << "4c 04e803ff";
-    QTest::newRow("empty") << 0 << ""
-                           << ""
-                           << "4c 04000000";
-    QTest::newRow("70000") << 0 << "70000"
-                           << "256"
-                           << "4c 04701100";
-    QTest::newRow("-1") << 0 << "-1"
-                        << "-1"
-                        << "4c 04ffffff";
-    QTest::newRow("beyond 32 bits") << 0 << "5000000000"
-                                    << "99999999999"
-                                    << "4c 04000000";
-    QTest::newRow("angle") << 1 << "120.5"
-                           << "7"
-                           << "4d 04122f07";
-    QTest::newRow("no number") << 1 << "x"
-                               << "1"
-                               << "4d 04000001";
-    QTest::newRow("out of range") << 1 << "1e9"
-                                  << "1"
-                                  << "4d 04ff7f01";
-    QTest::newRow("nan") << 1 << "nan"
-                         << "1"
-                         << "4d 04000001";
+    const auto row = [](int mode, const char* typed, const char* speed, const char* sent) {
+        QTest::addRow("%d '%s' '%s'", mode, typed, speed)
+            << mode << QString(typed) << QString(speed) << QString(sent);
+    };
+    row(0, "1000", "255", "4c 04e803ff");
+    row(0, "", "", "4c 04000000");
+    row(0, "70000", "256", "4c 04701100");
+    row(0, "-1", "-1", "4c 04ffffff");
+    row(0, "5000000000", "99999999999", "4c 04000000");
+    row(1, "120.5", "7", "4d 04122f07");
+    row(1, "x", "1", "4d 04000001");
+    row(1, "1e9", "1", "4d 04ff7f01");
+    row(1, "nan", "1", "4d 04000001");
 }
 
 void TestRun::setSendsAtOnce()
@@ -266,19 +251,6 @@ void TestRun::failures()
     tell("fault refuse command=0x0f");
     m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(0);
     QTRY_COMPARE(m_tool->errorText(), "getFingerPosAll" + refused);
-}
-
-void TestRun::liveCurrents()
-{
-    for (int f = 0; f < 6; ++f)
-        tell(QString("set 2 current %1 %2").arg(f).arg(10 + f));
-    tell("fault refuse count=0 command=0x06 skip=2");
-    QTRY_COMPARE(m_tool->field("lineEdit_RunCurrent1"), "11");
-    QTRY_VERIFY(m_tool->errorText().startsWith("getFingerCurrent"));
-    tell("clear");
-    for (int f = 0; f < 6; ++f)
-        QTRY_COMPARE(m_tool->field(qPrintable(QString("lineEdit_RunCurrent%1").arg(f))),
-                     QString::number(10 + f));
 }
 
 void TestRun::silentHandHonoursClicks()

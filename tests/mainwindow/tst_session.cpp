@@ -16,10 +16,8 @@ private slots:
     void scanComesLast();
     void droppedRequests();
     void nothingRunsInsideAJob();
-    void dialogsInLongJobs();
     void targets();
     void ticks();
-    void shutDown();
 
 private:
     void ask(const QString& name, bool wanted = true);
@@ -124,23 +122,6 @@ void TestSession::nothingRunsInsideAJob()
     QTRY_COMPARE(m_done, (QStringList{"scan", "waits7"}));
 }
 
-void TestSession::dialogsInLongJobs()
-{
-    m_session->whenQuiet(Change::Scan, [this] {
-        {
-            const Conversation conversation;
-            change(Change::Port, "port");
-            change(Change::Theme, "theme");
-            change(Change::About, "about");
-            m_session->openWaitingDialogs();
-            QCOMPARE(m_done, QStringList());
-        }
-        m_session->openWaitingDialogs();
-        QCOMPARE(m_done, (QStringList{"about", "theme"}));
-    });
-    QTRY_COMPARE(m_done, (QStringList{"about", "theme", "port"}));
-}
-
 void TestSession::targets()
 {
     const auto target = m_session->target();
@@ -169,21 +150,6 @@ void TestSession::ticks()
         ask("b");
         QVERIFY(m_session->tickMayRun()); // timers go on under a dialog
     });
-}
-
-void TestSession::shutDown()
-{
-    {
-        const Conversation conversation;
-        ask("a");
-        change(Change::Theme, "theme");
-        m_session->shutDown();
-        change(Change::About, "about");
-    }
-    QCoreApplication::processEvents();
-    change(Change::About, "about");
-    QCOMPARE(m_done, QStringList());
-    QVERIFY(!m_session->tickMayRun());
 }
 
 QTEST_GUILESS_MAIN(TestSession)

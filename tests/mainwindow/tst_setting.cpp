@@ -16,7 +16,6 @@ private slots:
     void thumbRootForce();
     void failures_data();
     void failures();
-    void failedReadsDuringReload();
 };
 
 void TestSetting::showsWhatTheHandHolds_data()
@@ -154,19 +153,6 @@ void TestSetting::failures()
     QCOMPARE(shown(), (QStringList{operation + "(0x02, ...) returned 0xff (sub err 0b)",
                                    operation + "(0x02, ...) returned 0x03 (sub err 00)"}));
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit1"), "77");
-}
-
-void TestSetting::failedReadsDuringReload()
-{
-    open();
-    forget();
-    tell("fault refuse command=0x05 count=0 error=0x21");
-    m_tool->window()->reloadSettingInfo();
-    const QString error = "getFingerCurrentLimit(0x02, ...) returned 0xff (sub err 21)";
-    QCOMPARE(shown(), QStringList(6, error) << "Setting loaded");
-    QCOMPARE(m_tool->field("lineEdit_SettingCurrentLimit3"), QString());
-    QVERIFY(!m_tool->field("lineEdit_SettingP5").isEmpty());
-    QVERIFY(m_tool->enabled("pushButton_SettingReadPID0"));
 }
 
 QTEST_MAIN(TestSetting)

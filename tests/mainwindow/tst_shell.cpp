@@ -19,7 +19,6 @@ private slots:
     void themeDialog();
     void errorLabel_data();
     void errorLabel();
-    void longErrorsDoNotWiden();
     void program_data();
     void program();
 };
@@ -154,18 +153,6 @@ void TestShell::errorLabel()
     // The clearing of the first text is not put off by the second.
     QTRY_COMPARE_WITH_TIMEOUT(tool.errorText(), QString(), 1500);
     qApp->setStyleSheet({});
-}
-
-void TestShell::longErrorsDoNotWiden()
-{
-    WindowDriver tool;
-    const int minimum = tool.window()->minimumSizeHint().width();
-    const QString text(5000, 'x');
-    tool.window()->showErrorOnStatusBar(text, Qt::red);
-    QCOMPARE(tool.errorText(), text);
-    QCOMPARE(tool.find<QLabel>("label_StatusError")->toolTip(), text);
-    QCoreApplication::processEvents();
-    QCOMPARE(tool.window()->minimumSizeHint().width(), minimum);
 }
 
 void TestShell::program_data()

@@ -24,7 +24,6 @@ private slots:
     void closedPort();
     void hangUp();
     void staleClose();
-    void delay();
 
 private:
     void unplug() { QCOMPARE(m_hand->command(QStringLiteral("unplug")), QStringLiteral("ok")); }
@@ -107,18 +106,6 @@ void tst_serialport::staleClose()
     QVERIFY2(port->bytesAvailable() == 0, "closed inside its own signal");
     QCoreApplication::processEvents();
     QVERIFY2(port->bytesAvailable() == -1, "the second hang-up left the port open");
-}
-
-void tst_serialport::delay()
-{
-    bool processed = false;
-    QTimer::singleShot(0, this, [&processed] { processed = true; });
-    DelayMilliSecondsImpl(0);
-    QVERIFY2(!processed, "a delay of 0 ms processed events");
-    const u32 start = GetMilliSecondsImpl();
-    DelayMilliSecondsImpl(30);
-    const u32 passed = GetMilliSecondsImpl() - start;
-    QVERIFY2(processed && passed >= 29 && passed < 300, qPrintable(QString::number(passed)));
 }
 
 QTEST_GUILESS_MAIN(tst_serialport)

@@ -14,8 +14,6 @@ class TestTheme : public QObject
 private slots:
     void tables_data() { themes(); }
     void tables();
-    void sheetsAreComplete_data() { themes(); }
-    void sheetsAreComplete();
     void paintedText_data() { themes(); }
     void paintedText();
     void cleanup() { qApp->setStyleSheet({}); }
@@ -111,21 +109,6 @@ void TestTheme::tables()
     atLeast(ControlContrast, "border", {"window", "surface", "field"});
     atLeast(ControlContrast, "accent", {"surface", "field"});
     atLeast(ControlContrast, "focus", {"window", "surface", "button", "field"});
-}
-
-void TestTheme::sheetsAreComplete()
-{
-    QFETCH(QString, theme);
-    apply(theme);
-    const QString sheet = qApp->styleSheet();
-    QVERIFY(sheet.size() > 1000 && !sheet.contains('@'));
-    static const QRegularExpression image("url\\(([^)]+)\\)");
-    int images = 0;
-    for (const auto& match : image.globalMatch(sheet)) {
-        ++images;
-        QVERIFY2(!QImage(match.captured(1)).isNull(), qPrintable(match.captured(1)));
-    }
-    QVERIFY(images > 5);
 }
 
 void TestTheme::paintedText()

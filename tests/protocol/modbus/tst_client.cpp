@@ -40,12 +40,9 @@ class tst_client : public QObject
 private slots:
     void init();
     void faults_data() { addRows(faultRows); }
-    void faults();
-    void lateReply();
     void client();
     void timeouts();
     void interruptions();
-    void destruction();
     void quit();
     void hangUp();
     void staleClose();
@@ -76,33 +73,6 @@ void tst_client::init()
     // The Qt client warns of frames that are none.
     if (qstrcmp(QTest::currentTestFunction(), "faults") != 0)
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
-}
-
-void tst_client::faults()
-{
-    QFETCH(const FaultRow*, row);
-    u8 major = 0;
-    u8 minor = 0;
-    u16 word = 0;
-    const std::function<int()> operations[] = {
-        [&] { return m_adapter->getBatteryVoltage(HandNode, &word); },
-        [&] { return m_adapter->getFirmwareVersion(HandNode, &major, &minor, &word); },
-        [&] { return m_adapter->beep(HandNode, 1); },
-    };
-    std::array<int, 3> results{};
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        QStringList words = QString::fromLatin1(row->name).split(u' ');
-        words.insert(1, QStringLiteral("count=0"));
-        QCOMPARE(m_hand->command(QStringLiteral("fault ") + words.join(u' ')),
-                 QStringLiteral("ok"));
-        results[i] = operations[i]();
-        QCOMPARE(command("clear"), QStringLiteral("ok"));
-        QTRY_COMPARE(m_hand->requests().size() * 2, m_hand->trace().size());
-        QCOMPARE(operations[i](), 0);
-    }
-    QVERIFY2(
-        results == row->results,
-        qPrintable(QStringLiteral("%1 %2 %3").arg(results[0]).arg(results[1]).arg(results[2])));
 }
 
 void tst_client::client()
@@ -162,20 +132,6 @@ void tst_client::timeouts()
     }
 }
 
-void tst_client::lateReply()
-{
-    command("set 2 current 1 111");
-    command("fault late ms=150 count=2");
-    u16 current = 0;
-    QCOMPARE(int(m_adapter->getFingerCurrent(HandNode, 1, &current)), 3);
-    // Without events, so that the replies stay in the port.
-    for (QDeadlineTimer limit(5000); m_hand->trace().size() < 4;)
-        QVERIFY(!limit.hasExpired());
-    command("set 2 current 1 222");
-    QCOMPARE(int(m_adapter->getFingerCurrent(HandNode, 1, &current)), 0);
-    QCOMPARE(current, u16{222});
-}
-
 void tst_client::interruptions()
 {
     for (const bool reconnect : {false, true}) {
@@ -195,18 +151,6 @@ void tst_client::interruptions()
         QVERIFY(connectToHand());
         QCOMPARE(readVoltage(), 0);
     }
-}
-
-void tst_client::destruction()
-{
-    m_adapter->disconnect();
-    auto client = std::make_optional<ModBusRTUClientQT>();
-    QVERIFY(client->connect(m_name.c_str(), BaudRate));
-    command("fault drop");
-    QTimer::singleShot(10, this, [&] { client.reset(); });
-    QList<u16> values;
-    QCOMPARE(client->readRegisters(HandNode, 1007, 2, values), Error::ReplyAbortedError);
-    QVERIFY(!client);
 }
 
 void tst_client::quit()
