@@ -11,12 +11,11 @@ private slots:
     void init();
     void cleanup();
     void clicksWait();
-    void reloadsAreJoined();
+    void focusOutlastsAReload();
     void deviceChangedDuringReload();
     void leavingDuringReload_data();
     void leavingDuringReload();
     void closedDuringReload();
-    void aboutWaitsForTheExchange();
     void closingEndsAtOnce_data();
     void closingEndsAtOnce();
 
@@ -62,16 +61,8 @@ void TestDoors::clicksWait()
                                        "Reset succeeded", "Beep succeeded"}));
 }
 
-void TestDoors::reloadsAreJoined()
+void TestDoors::focusOutlastsAReload()
 {
-    during([&] {
-        for (int i = 0; i < 3; ++i)
-            m_tool->click("pushButton_BasicReloadBasic");
-    });
-    m_tool->click("pushButton_BasicBeep");
-    QTRY_COMPARE(shown(), (QStringList{"Beep succeeded", "Basic info loaded"}));
-    QCOMPARE(addressed().size(), 1 + 6);
-
     // A reload disables its own button; the focus must not end on another control.
     auto* reload = m_tool->find<QPushButton>("pushButton_BasicReloadBasic");
     reload->setFocus();
@@ -133,19 +124,6 @@ void TestDoors::closedDuringReload()
     QCOMPARE(addressed(), QStringList{"02:01"});
     QCOMPARE(shown(), QStringList());
     QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
-}
-
-void TestDoors::aboutWaitsForTheExchange()
-{
-    QStringList shownAtOpening;
-    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
-        shownAtOpening = shown();
-        box->accept();
-    });
-    during([&] { m_tool->trigger("action_About"); });
-    m_tool->click("pushButton_BasicBeep");
-    QTRY_COMPARE(answer.count(), 1);
-    QCOMPARE(shownAtOpening, QStringList{"Beep succeeded"});
 }
 
 void TestDoors::closingEndsAtOnce_data()

@@ -244,13 +244,6 @@ void TestRun::failures()
     QTRY_COMPARE(m_tool->errorText(), "setFingerPos(0x02, ...) returned 0x03 (sub err 00)");
     QTest::qWait(150);
     QCOMPARE(motions().size(), 4); // a failed command is not repeated
-    setMode(1);
-    tell("fault refuse command=0x0c");
-    m_tool->click("pushButton_RunSetPos0");
-    QTRY_COMPARE(m_tool->errorText(), "getFingerAngle" + refused);
-    tell("fault refuse command=0x0f");
-    m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(0);
-    QTRY_COMPARE(m_tool->errorText(), "getFingerPosAll" + refused);
 }
 
 void TestRun::silentHandHonoursClicks()

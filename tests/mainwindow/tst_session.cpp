@@ -16,7 +16,6 @@ private slots:
     void scanComesLast();
     void droppedRequests();
     void nothingRunsInsideAJob();
-    void targets();
     void ticks();
 
 private:
@@ -120,19 +119,6 @@ void TestSession::nothingRunsInsideAJob()
         m_done.append("scan");
     });
     QTRY_COMPARE(m_done, (QStringList{"scan", "waits7"}));
-}
-
-void TestSession::targets()
-{
-    const auto target = m_session->target();
-    QVERIFY(target && target->node == 7 && m_session->holds(*target));
-    m_session->stopAtOnce();
-    QVERIFY(!m_session->holds(*target));
-    QVERIFY(m_session->connected()); // what is open is still to be closed
-    QVERIFY(!m_session->target());   // but nothing may be sent to it
-    m_session->closeIfConnected();
-    QVERIFY(!m_session->connected());
-    m_session->closeIfConnected();
 }
 
 void TestSession::ticks()

@@ -56,7 +56,6 @@ private slots:
     void faults();
     void gainsWaitLonger();
     void interruptions();
-    void unconnected();
     void nodeErrors();
     void lateReply();
     void factory();
@@ -127,20 +126,6 @@ void tst_adapter::interruptions()
         QCOMPARE(result("drop", operation), 3);
         QCOMPARE(result(operation), 0);
     }
-}
-
-void tst_adapter::unconnected()
-{
-    SerialProtocolV3 neverConnected;
-    QCOMPARE(int(neverConnected.beep(HandNode, 500)), 2);
-    m_adapter.disconnect();
-    for (const Operation& operation : {readOne, readAll, writeOne, writeGains}) {
-        m_adapter.setNodeError(HandNode, 0x55);
-        QCOMPARE(result(operation), 2);
-        QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0);
-    }
-    QVERIFY(!m_adapter.connect("/dev/there-is-no-such-port", BaudRate));
-    QCOMPARE(result(readOne), 3);
 }
 
 void tst_adapter::nodeErrors()

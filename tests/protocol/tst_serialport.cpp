@@ -21,7 +21,6 @@ private slots:
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
     }
     void factory();
-    void closedPort();
     void hangUp();
     void staleClose();
 
@@ -49,20 +48,6 @@ void tst_serialport::factory()
         QCOMPARE(error.what(), "basic_string: construction from null is not valid");
     }
     QVERIFY(SerialPort::get("qtserial", "one")); // the factory is not left locked
-}
-
-void tst_serialport::closedPort()
-{
-    const auto port = SerialPort::get("qtserial", "one");
-    u8 byte = 0;
-    for (const std::string& name : {std::string("/dev/there-is-no-such-port"), m_name, m_name}) {
-        QCOMPARE(port->bytesAvailable(), -1);
-        QCOMPARE(port->read(&byte, 1), -1);
-        QCOMPARE(port->write(&byte, 1), -1);
-        port->clear();
-        QCOMPARE(port->open(name.c_str(), BaudRate), name == m_name);
-        port->close();
-    }
 }
 
 void tst_serialport::hangUp()
