@@ -24,6 +24,7 @@ constexpr int UsageStatus = 2;
 struct Options {
     QDir output;
     QStringList themes;
+    bool modbus;
 };
 
 void endLateTour(int)
@@ -72,15 +73,20 @@ Options readOptions()
         QStringLiteral("dark (default), light, or both: the whole tour once in each, with a "
                        "folder for each."),
         QStringLiteral("NAME"), QStringLiteral("dark"));
+    const QCommandLineOption protocol(
+        QStringLiteral("protocol"),
+        QStringLiteral("Of the hand that is worked with: serialctrl (default) or modbus."),
+        QStringLiteral("NAME"), QStringLiteral("serialctrl"));
     const QCommandLineOption offscreen(QStringLiteral("offscreen"),
                                        QStringLiteral("Show no window, even with a display."));
-    parser.addOptions({output, theme, offscreen});
+    parser.addOptions({output, theme, protocol, offscreen});
     parser.process(*qApp);
 
     const QString name = parser.value(theme);
     const bool both = name == QLatin1String("both");
     return {QDir(QDir::current().absoluteFilePath(parser.value(output))),
-            both ? Theme::names() : Theme::names().filter(name)};
+            both ? Theme::names() : Theme::names().filter(name),
+            parser.value(protocol) == QLatin1String("modbus")};
 }
 
 /// An empty folder for pictures; those of an earlier tour would pass for new ones.
@@ -93,7 +99,7 @@ bool prepareFolder(const QDir& folder)
     return true;
 }
 
-int tour(const QString& theme, const QDir& folder)
+int tour(const QString& theme, const QDir& folder, bool modbus)
 {
     if (!prepareFolder(folder))
         return fail(QStringLiteral("cannot make ") + folder.path(), UsageStatus);
@@ -103,7 +109,7 @@ int tour(const QString& theme, const QDir& folder)
         .setValue(QStringLiteral("style"), theme);
 
     HandProcess hands;
-    if (!hands.start(tourHandOptions()))
+    if (!hands.start(tourHandOptions(modbus)))
         return fail(hands.errorText(), FailedStatus);
     qputenv("VANTO_PORTS", hands.portName().toUtf8());
 
@@ -111,7 +117,7 @@ int tour(const QString& theme, const QDir& folder)
     Theme::applyStored();
     window.show();
     ::alarm(LimitSeconds);
-    Stage stage(window, hands, folder.path());
+    Stage stage(window, hands, folder.path(), modbus);
     const bool passed = stage.play(tourSteps());
     ::alarm(0);
     QDir::setCurrent(QDir::rootPath());
@@ -131,8 +137,8 @@ int main(int argc, char* argv[])
 
     for (const QString& theme : options.themes) {
         const bool single = options.themes.size() == 1;
-        const int status =
-            tour(theme, single ? options.output : QDir(options.output.filePath(theme)));
+        const int status = tour(
+            theme, single ? options.output : QDir(options.output.filePath(theme)), options.modbus);
         if (status != 0)
             return status;
     }

@@ -26,10 +26,11 @@ QString textOf(const QDialog& dialog)
 }
 } // namespace
 
-Stage::Stage(MainWindow& window, HandProcess& hands, QString folder)
+Stage::Stage(MainWindow& window, HandProcess& hands, QString folder, bool modbus)
     : m_window(window),
       m_hands(hands),
       m_folder(std::move(folder)),
+      m_modbus(modbus),
       m_dialogs([this](QDialog& dialog) {
           takePicture(QStringLiteral("-unexpected"), &dialog);
           complain(QStringLiteral("unexpected dialog \"%1\"").arg(textOf(dialog)));

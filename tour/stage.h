@@ -22,7 +22,7 @@ class Stage
 {
 public:
     /// Pictures go to `folder`, which must exist.
-    Stage(MainWindow& window, HandProcess& hands, QString folder);
+    Stage(MainWindow& window, HandProcess& hands, QString folder, bool modbus);
 
     /// Runs the steps in order up to the first that fails; a line on standard output and a
     /// picture for each. True when all of them worked.
@@ -50,6 +50,8 @@ public:
     /// Waits for a condition while events are processed; complains when it never comes true.
     void await(const QString& what, const std::function<bool()>& condition);
 
+    /// Whether the hand with which the steps work speaks Modbus.
+    bool modbus() const { return m_modbus; }
     QString portName() const { return m_hands.portName(); }
     /// What the hands answer to a command, without the leading "ok".
     QString askHands(const QString& command);
@@ -64,6 +66,7 @@ private:
     MainWindow& m_window;
     HandProcess& m_hands;
     QString m_folder;
+    bool m_modbus;
     QString m_stepName; ///< number and name, e.g. "03-port"
     QStringList m_complaints;
     DialogWatch m_dialogs;

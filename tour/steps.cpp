@@ -18,18 +18,31 @@
 namespace
 {
 constexpr int FingerCount = 6;
-constexpr int HandCount = 3;
+constexpr int HandCount = 4;
 constexpr QLatin1String Firmware("2.5.11");
-constexpr QLatin1String Protocol("3.1");
+constexpr QLatin1String SerialCtrlVersion("3.1");
+constexpr QLatin1String ModbusVersion("1.0");
 constexpr QLatin1String Hardware("1C02");
 constexpr QLatin1String BootLoader("1.3");
 constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand
 
-QString entryText(int node)
+/// An entry of the Devices list.
+struct Hand {
+    int node;
+    bool modbus;
+};
+
+QLatin1String versionOf(bool modbus)
 {
-    return QStringLiteral("0x%1 (SerialCtrl V%2, Protocol V%3)")
-        .arg(node, 2, 16, QLatin1Char('0'))
-        .arg(Firmware, Protocol);
+    return modbus ? ModbusVersion : SerialCtrlVersion;
+}
+
+QString entryText(const Hand& hand)
+{
+    return QStringLiteral("0x%1 (%2 V%3, Protocol V%4)")
+        .arg(hand.node, 2, 16, QLatin1Char('0'))
+        .arg(hand.modbus ? QLatin1String("ModBus-RTU") : QLatin1String("SerialCtrl"), Firmware,
+             versionOf(hand.modbus));
 }
 
 /// Scans until as many hands are listed, then stops as soon as the present node is finished.
@@ -53,14 +66,14 @@ void scanFor(Stage& stage, int hands)
     stage.expect(QStringLiteral("the Scan button afterwards"), scan.text(), QStringLiteral("Scan"));
 }
 
-void expectDevices(Stage& stage, const QList<int>& nodes)
+void expectDevices(Stage& stage, const QList<Hand>& hands)
 {
     const auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
     stage.expect(QStringLiteral("the number of hands"), QString::number(devices.count()),
-                 QString::number(nodes.size()));
-    for (int i = 0; i < nodes.size(); ++i)
+                 QString::number(hands.size()));
+    for (int i = 0; i < hands.size(); ++i)
         stage.expect(QStringLiteral("device %1").arg(i + 1), devices.itemText(i),
-                     entryText(nodes[i]));
+                     entryText(hands[i]));
 }
 
 void chooseTheme(Stage& stage, const QString& name)
@@ -130,14 +143,16 @@ QString port(Stage& stage)
 QString scan(Stage& stage)
 {
     scanFor(stage, HandCount);
-    expectDevices(stage, {2, 3, 16});
-    return QStringLiteral("%1 hands").arg(HandCount);
+    const bool modbus = stage.modbus();
+    expectDevices(stage, {{2, modbus}, {3, !modbus}, {16, true}, {16, false}});
+    return QStringLiteral("%1 entries").arg(HandCount);
 }
 
 QString open(Stage& stage)
 {
     auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
-    stage.expect(QStringLiteral("the current device"), devices.currentText(), entryText(2));
+    stage.expect(QStringLiteral("the current device"), devices.currentText(),
+                 entryText({2, stage.modbus()}));
     stage.expect(QStringLiteral("the status"), stage.statusText(),
                  QStringLiteral("Running info loaded"));
     stage.await(QStringLiteral("the scan's last time-out text vanishes"),
@@ -151,7 +166,7 @@ void expectVersions(Stage& stage)
 {
     const std::array<std::pair<const char*, QString>, 4> versions{
         std::pair{"lineEdit_BasicFirmwareVersion", QLatin1Char('V') + Firmware},
-        {"lineEdit_BasicProtocolVersion", QLatin1Char('V') + Protocol},
+        {"lineEdit_BasicProtocolVersion", QLatin1Char('V') + versionOf(stage.modbus())},
         {"lineEdit_BasicHardwareTypeVersion", Hardware},
         {"lineEdit_BasicBootLoaderVersion", QLatin1Char('V') + BootLoader}};
     for (const auto& [name, wanted] : versions)
@@ -223,7 +238,10 @@ QString setId(Stage& stage)
                          input.accept();
                      });
     stage.expect(QStringLiteral("the status"), stage.statusText(),
-                 QStringLiteral("node id changed from '0x02' to '0x05', need to rescan devices"));
+                 QStringLiteral("node id changed from '0x02' to '0x05', ") +
+                     (stage.modbus()
+                          ? QLatin1String("please wait for device rebooting then rescan devices")
+                          : QLatin1String("need to rescan devices")));
     stage.askHands(QStringLiteral("get 5 id"));
     return QStringLiteral("2 -> 5");
 }
@@ -231,7 +249,8 @@ QString setId(Stage& stage)
 QString rescan(Stage& stage)
 {
     scanFor(stage, HandCount);
-    expectDevices(stage, {3, 5, 16});
+    const bool modbus = stage.modbus();
+    expectDevices(stage, {{3, !modbus}, {5, modbus}, {16, true}, {16, false}});
     stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).setCurrentIndex(1);
     expectVersions(stage);
     expectCalibration(stage, 5);
@@ -262,17 +281,21 @@ std::span<const Step> tourSteps()
     return steps;
 }
 
-QStringList tourHandOptions()
+QStringList tourHandOptions(bool modbus)
 {
     QStringList options{QStringLiteral("--firmware"),
                         Firmware,
                         QStringLiteral("--protocol-version"),
-                        Protocol,
+                        SerialCtrlVersion,
+                        QStringLiteral("--modbus-version"),
+                        ModbusVersion,
                         QStringLiteral("--hardware"),
                         Hardware,
                         QStringLiteral("--boot"),
                         BootLoader};
-    for (const char* node : {"2", "3", "16"})
+    const std::array nodes =
+        modbus ? std::array{"2:modbus", "3:serialctrl"} : std::array{"2:serialctrl", "3:modbus"};
+    for (const char* node : {nodes[0], nodes[1], "16:serialctrl", "16:modbus"})
         options += {QStringLiteral("--node"), QLatin1String(node)};
     return options;
 }
