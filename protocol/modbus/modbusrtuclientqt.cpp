@@ -1,11 +1,13 @@
 #include "modbusrtuclientqt.h"
 
 #include <QDebug>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QMetaEnum>
 #include <QModbusReply>
 #include <QPointer>
 #include <QSerialPort>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -16,14 +18,25 @@ constexpr int ReadTimeoutMs = 50;
 constexpr int WriteTimeoutMs = 200; ///< a hand stores some values before it answers
 constexpr int Retries = 1;
 
+/// For how long replies may still come to a request that was repeated, from its end on. Reckoned
+/// with hands that take up to three time-outs of a read.
+constexpr int settlingMs(bool isWrite, bool mayBeStale)
+{
+    if (isWrite)
+        return WriteTimeoutMs;
+    // An earlier request may have got this reply, and then its own is still on its way.
+    return mayBeStale ? 3 * ReadTimeoutMs : 2 * ReadTimeoutMs;
+}
+
 using Registers = QList<std::uint16_t>;
 
 QModbusDataUnit holdingRegisters(std::uint16_t start, const Registers& values)
 {
     return {QModbusDataUnit::HoldingRegisters, start, values};
 }
+} // namespace
 
-struct Reply {
+struct ModBusRTUClientQT::Reply {
     QModbusDevice::Error error = QModbusDevice::NoError;
     QString errorText;
     Registers values;
@@ -31,7 +44,8 @@ struct Reply {
 
 /// Waits for the reply and disposes of it. The wait also ends when the application quits or the
 /// client is destroyed; what is unfinished then has failed. `waiting` counts the waits.
-Reply take(QModbusReply* pending, std::shared_ptr<int> waiting)
+ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
+                                                 std::shared_ptr<int> waiting)
 {
     const QPointer<QModbusReply> reply(pending);
     if (!reply->isFinished()) {
@@ -49,7 +63,6 @@ Reply take(QModbusReply* pending, std::shared_ptr<int> waiting)
         return {QModbusDevice::ReplyAbortedError, QStringLiteral("Wait ended."), {}};
     return {reply->error(), reply->errorString(), reply->result().values()};
 }
-} // namespace
 
 ModBusRTUClientQT::ModBusRTUClientQT()
 {
@@ -75,8 +88,11 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
         m_client.setConnectionParameter(parameter, value);
     m_client.setTimeout(ReadTimeoutMs);
     m_client.setNumberOfRetries(Retries);
+    if (!m_client.connectDevice())
+        return false;
     ++m_opening;
-    return m_client.connectDevice();
+    m_unsettledUntil.setRemainingTime(0);
+    return true;
 }
 
 void ModBusRTUClientQT::disconnect()
@@ -87,15 +103,10 @@ void ModBusRTUClientQT::disconnect()
 ModBusRTUClient::Error ModBusRTUClientQT::readRegisters(std::uint8_t slave, std::uint16_t start,
                                                         std::uint16_t count, Registers& values)
 {
-    if (!makeReady(ReadTimeoutMs))
-        return ConnectionError;
-    QModbusReply* const pending =
-        m_client.sendReadRequest(holdingRegisters(start, Registers(count, 0)), slave);
-    if (!pending)
-        return notSent();
-    const Reply reply = take(pending, m_waiting);
-    if (reply.error != QModbusDevice::NoError)
-        return translateError(reply.error);
+    Reply reply;
+    const Error error = exchange({slave, start, false, Registers(count, 0)}, reply);
+    if (error != NoError)
+        return error;
     values = reply.values;
     if (values.size() == count)
         return NoError;
@@ -106,16 +117,39 @@ ModBusRTUClient::Error ModBusRTUClientQT::readRegisters(std::uint8_t slave, std:
 ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std::uint16_t start,
                                                          const Registers& values)
 {
-    if (!makeReady(WriteTimeoutMs))
+    Reply reply;
+    return exchange({slave, start, true, values}, reply);
+}
+
+ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply& reply)
+{
+    const int timeoutMs = request.isWrite ? WriteTimeoutMs : ReadTimeoutMs;
+    if (!makeReady(request, timeoutMs))
         return ConnectionError;
-    QModbusReply* const pending = m_client.sendWriteRequest(holdingRegisters(start, values), slave);
-    if (!pending)
-        return notSent();
-    const Reply reply = take(pending, m_waiting);
-    qDebug().noquote().nospace() << "sendWriteRequest replied "
-                                 << QMetaEnum::fromType<QModbusDevice::Error>().valueToKey(
-                                        reply.error)
-                                 << ", " << reply.errorText;
+    const QPointer<QModbusRtuSerialClient> alive(&m_client);
+    const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
+    QElapsedTimer timer;
+    timer.start();
+    const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
+    QModbusReply* const pending = request.isWrite
+                                      ? m_client.sendWriteRequest(registers, request.slave)
+                                      : m_client.sendReadRequest(registers, request.slave);
+    if (!pending) {
+        qDebug().noquote() << m_client.errorString();
+        return translateError(m_client.error());
+    }
+    reply = take(pending, m_waiting);
+    if (alive && (mayBeStale || timer.hasExpired(timeoutMs))) {
+        m_unsettled = request;
+        m_unsettledUntil.setRemainingTime(settlingMs(request.isWrite, mayBeStale));
+    }
+    if (request.isWrite)
+        qDebug().noquote().nospace()
+            << "sendWriteRequest replied "
+            << QMetaEnum::fromType<QModbusDevice::Error>().valueToKey(reply.error) << ", "
+            << reply.errorText;
+    else if (reply.error != QModbusDevice::NoError)
+        qDebug().noquote() << reply.errorText;
     return translateError(reply.error);
 }
 
@@ -125,10 +159,15 @@ ModBusRTUClient::Error ModBusRTUClientQT::translateError(QModbusDevice::Error e)
 }
 
 /// False, with the reason on the log, if nothing can be sent; the Qt client would warn.
-bool ModBusRTUClientQT::makeReady(int timeoutMs)
+bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
 {
+    const QPointer<QModbusRtuSerialClient> alive(&m_client);
+    const unsigned opening = m_opening;
+    waitForStragglers(request);
+    if (!alive)
+        return false;
     m_client.setTimeout(timeoutMs);
-    if (m_client.state() != QModbusDevice::ConnectedState) {
+    if (m_client.state() != QModbusDevice::ConnectedState || opening != m_opening) {
         qDebug("Device not connected.");
         return false;
     }
@@ -140,10 +179,14 @@ bool ModBusRTUClientQT::makeReady(int timeoutMs)
     return true;
 }
 
-ModBusRTUClient::Error ModBusRTUClientQT::notSent() const
+void ModBusRTUClientQT::waitForStragglers(const Request& next)
 {
-    qDebug().noquote() << m_client.errorString();
-    return translateError(m_client.error());
+    if (m_unsettledUntil.hasExpired() || next.slave != m_unsettled.slave || next == m_unsettled)
+        return;
+    QEventLoop loop;
+    QTimer::singleShot(static_cast<int>(m_unsettledUntil.remainingTime()), Qt::PreciseTimer, &loop,
+                       &QEventLoop::quit);
+    loop.exec();
 }
 
 void ModBusRTUClientQT::handleError(QModbusDevice::Error error)

@@ -2,6 +2,7 @@
 
 #include "modbusrtuclient.h"
 
+#include <QDeadlineTimer>
 #include <QModbusRtuSerialClient>
 
 class QModbusReply;
@@ -11,6 +12,10 @@ class QModbusReply;
 /// A port whose far end has gone makes the Qt client report the same error hundreds of thousands
 /// of times a second while it stays "connected". Such a client disconnects itself; requests then
 /// fail at once.
+///
+/// A reply carries no number. After a request that had to be repeated or was given up, a reply to
+/// it may still be on its way, and the Qt client would take it for the answer to the next request.
+/// So the next, different request to that slave waits until that is unlikely and drops what came.
 class ModBusRTUClientQT : public ModBusRTUClient
 {
 public:
@@ -27,8 +32,20 @@ public:
     static Error translateError(QModbusDevice::Error e);
 
 private:
-    bool makeReady(int timeoutMs);
-    Error notSent() const;
+    struct Request {
+        std::uint8_t slave;
+        std::uint16_t start;
+        bool isWrite;
+        QList<std::uint16_t> values; ///< of a read as many zeros as registers are asked for
+
+        bool operator==(const Request&) const = default;
+    };
+    struct Reply;
+
+    static Reply take(QModbusReply* pending, std::shared_ptr<int> waiting);
+    Error exchange(const Request& request, Reply& reply);
+    bool makeReady(const Request& request, int timeoutMs);
+    void waitForStragglers(const Request& next);
     void handleError(QModbusDevice::Error error);
 
     QModbusRtuSerialClient m_client;
@@ -36,4 +53,6 @@ private:
     std::shared_ptr<int> m_waiting = std::make_shared<int>(0);
     unsigned m_opening = 0;    ///< number of the present opening
     unsigned m_closingFor = 0; ///< the opening for which a close is on its way
+    Request m_unsettled{};     ///< a request to which late replies may come
+    QDeadlineTimer m_unsettledUntil{0};
 };

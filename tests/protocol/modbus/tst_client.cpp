@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QSerialPort>
+#include <QThread>
 #include <QTimer>
 
 #include <ctime>
@@ -30,9 +31,12 @@ private slots:
     void hangUp();
     void staleClose();
     void alternation();
+    void lateReplies_data();
+    void lateReplies();
+    void timeouts();
 
 private:
-    QString command(const char* text) { return m_hand->command(QLatin1String(text)); }
+    QString command(const QString& text) { return m_hand->command(text); }
     bool connectToHand() { return m_adapter->connect(m_name.c_str(), BaudRate); }
     int readVoltage()
     {
@@ -86,7 +90,7 @@ void tst_client::client()
     QTest::ignoreMessage(QtDebugMsg, "sendWriteRequest replied NoError, ");
     QCOMPARE(client->writeRegisters(HandNode, 1010, {1}), Error::NoError);
     QCOMPARE(values, QList<u16>{0x77});
-    command("fault short");
+    command(QStringLiteral("fault short"));
     QTest::ignoreMessage(QtDebugMsg, "Invalid values.size() 1, expected 2");
     QCOMPARE(read(), Error::ReadError);
     // A request from a timer while one is outstanding.
@@ -104,7 +108,7 @@ void tst_client::client()
 void tst_client::interruptions()
 {
     for (const bool reconnect : {false, true}) {
-        command("fault drop skip=1");
+        command(QStringLiteral("fault drop skip=1"));
         QTimer::singleShot(20, this, [&] {
             m_adapter->disconnect();
             if (reconnect)
@@ -126,7 +130,7 @@ void tst_client::quit()
 {
     QList<int> results;
     QTimer::singleShot(0, this, [&] {
-        command("fault drop");
+        command(QStringLiteral("fault drop"));
         QTimer::singleShot(10, this, [] { QCoreApplication::exit(5); });
         results += readVoltage();
         results += m_adapter->beep(HandNode, 1);
@@ -144,11 +148,11 @@ void tst_client::hangUp()
     for (const bool waiting : {false, true}) {
         QCOMPARE(readVoltage(), 0);
         if (waiting) {
-            command("fault drop");
-            QTimer::singleShot(10, this, [this] { command("unplug"); });
+            command(QStringLiteral("fault drop"));
+            QTimer::singleShot(10, this, [this] { command(QStringLiteral("unplug")); });
             QCOMPARE(readVoltage(), 16);
         } else {
-            command("unplug");
+            command(QStringLiteral("unplug"));
         }
         const std::clock_t before = std::clock();
         QTest::qWait(1000);
@@ -156,7 +160,7 @@ void tst_client::hangUp()
         QVERIFY2(used < 50, qPrintable(QStringLiteral("%1 ms of processor time").arg(used)));
         QCOMPARE(readVoltage(), 16);
         QVERIFY(!connectToHand());
-        QVERIFY(command("replug").startsWith(u"ok"));
+        QVERIFY(command(QStringLiteral("replug")).startsWith(u"ok"));
         QVERIFY(connectToHand());
     }
     QCOMPARE(readVoltage(), 0);
@@ -164,12 +168,12 @@ void tst_client::hangUp()
 
 void tst_client::staleClose()
 {
-    command("unplug");
+    command(QStringLiteral("unplug"));
     QMetaObject::invokeMethod(
         this,
         [this] {
             m_adapter->disconnect();
-            command("replug");
+            command(QStringLiteral("replug"));
             QVERIFY(connectToHand());
         },
         Qt::QueuedConnection);
@@ -192,6 +196,50 @@ void tst_client::alternation()
         QCOMPARE(voltage, u16{7400});
         QCOMPARE(int(adapter->getBatteryVoltage(77, &voltage)), 3);
         adapter->disconnect();
+    }
+}
+
+void tst_client::lateReplies_data()
+{
+    QTest::addColumn<int>("ms");
+    for (const int ms : {60, 90, 120, 140})
+        QTest::addRow("%d ms", ms) << ms;
+}
+
+/// A reply that comes too late, also one to a repetition, is nobody else's answer: here it would
+/// be kept as a limit and from then on send a finger to a wrong place.
+void tst_client::lateReplies()
+{
+    QFETCH(int, ms);
+    for (const char* value : {"start 5 1000", "end 5 3000", "voltage 1111"})
+        command(QStringLiteral("set 2 ") + QLatin1String(value));
+    command(QStringLiteral("fault late ms=%1 count=0").arg(ms));
+    for (int round = 0; round < 2; ++round)
+        m_adapter->setFingerPosAbs(HandNode, 5, 2000, 255);
+    u16 limit = 0;
+    readVoltage();
+    QVERIFY(m_adapter->getFingerCurrentLimit(HandNode, 1, &limit) != 0 || limit == 410);
+    command(QStringLiteral("clear"));
+    QCOMPARE(int(m_adapter->setFingerPosAbs(HandNode, 5, 2000, 255)), 0);
+    QCOMPARE(command(QStringLiteral("get 2 target 5")), QStringLiteral("ok 32767"));
+    // Nor one that lay in the port for long.
+    command(QStringLiteral("fault late ms=120 count=2"));
+    QCOMPARE(readVoltage(), 3);
+    QThread::msleep(200);
+    QVERIFY(m_adapter->getFingerCurrentLimit(HandNode, 1, &limit) != 0 || limit == 410);
+}
+
+/// A write is given longer than a read before it is repeated.
+void tst_client::timeouts()
+{
+    for (const auto& [ask, requests] :
+         {std::pair{std::function([&] { return int(m_adapter->beep(HandNode, 1)); }), 1},
+          {std::function([&] { return readVoltage(); }), 2}}) {
+        m_hand->forgetTrace();
+        command(QStringLiteral("fault late ms=80 count=0"));
+        QCOMPARE(ask(), 0);
+        QCOMPARE(m_hand->requests().size(), requests);
+        command(QStringLiteral("clear"));
     }
 }
 

@@ -33,8 +33,8 @@ const ExchangeRow exchangeRows[] = {
     {OPERATION(getFingerPosLimit), "3", "020303FF0001B44D 020304090001550B", "0 300 3800",
      "start 3 300;end 3 3800"},
     {OPERATION(getFingerPosAbs), "3",
-     "020304090001550B 020303FF0001B44D 0203047200012512 0203047C000144D1", "0 2000 3000",
-     "start 3 1000;end 3 3000;position 3 65535;target 3 32768"},
+     "020304090001550B 020303FF0001B44D 0203047200012512 0203047C000144D1", "0 2001 3000",
+     "start 3 1000;end 3 3000;position 3 65535;target 3 32784"},
     {OPERATION(getFingerPosAbs), "1 -", "02030407000134C8 020303FD0001158D 0203047A0001A4D0",
      "0 413", "position 1 0"},
     {OPERATION(getFingerPosAbs), "1 - -", "02030407000134C8 020303FD0001158D"},
@@ -46,8 +46,8 @@ const ExchangeRow exchangeRows[] = {
      "start 0 1;end 0 65535;position 0 500;target 0 7"},
     {OPERATION(getFingerPos), "1", "02030470000184D2 0203047A0001A4D0", "0 1000 500",
      "position 1 500;target 1 1000"},
-    {OPERATION(getFingerAngle), "0", "02030483000174E1 0203048D00011522", "0 -1269 -500",
-     "angle 0 -500;target 0 0"},
+    {OPERATION(getFingerAngle), "3", "02030486000164E0 0203049000018524", "0 8947 9000",
+     "angle 3 9000;target 3 0"},
     {OPERATION(getThumbRootPos), "", "020304100003050D 0203047E0001E511", "0 2924 1",
      "position 5 2924"},
     {OPERATION(getThumbRootPos), "", "020304100003050D 0203047E0001E511", "0 4325 255",
@@ -233,6 +233,13 @@ void tst_registers::caches()
     QCOMPARE(read(7, 1), (QList<int>{1031, 1021, 1136, 1146}));
     QCOMPARE(read(7, 10), (QList<int>{1040, 1030, 1145, 1155}));
     QCOMPARE(read(7, 10), (QList<int>{1040, 1030, 1145, 1155}));
+    for (const int node : {7, 2}) {
+        u8 index = 0;
+        for (const QList<int>& registers : {QList<int>{1040, 1150}, {1150}}) {
+            m_adapter->getThumbRootPos(static_cast<u8>(node), &target, &index);
+            QCOMPARE(asked(), registers);
+        }
+    }
 }
 
 void tst_registers::thumbRootTie()
