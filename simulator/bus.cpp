@@ -16,16 +16,19 @@ using namespace std::chrono_literals;
 constexpr Clock::duration receiverIdleLimit = 20ms;
 } // namespace
 
-Bus::Bus(std::vector<Node> nodes, Line& line, Trace& trace, QObject* parent)
+Bus::Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& boot,
+         QObject* parent)
     : QObject(parent),
       m_nodes(std::move(nodes)),
       m_line(line),
       m_trace(trace),
       m_receiver(receiverIdleLimit + line.wire().byteTime()),
+      m_bootLoader(boot),
       m_delayedReplies(std::make_unique<QObject>())
 {
     connect(&line.wire(), &Wire::received, this, &Bus::receive);
     connect(&line, &Line::unplugged, this, &Bus::forgetReplies);
+    connect(&m_bootLoader, &BootLoader::received, this, &Bus::take);
 }
 
 Hand* Bus::find(quint8 id)
@@ -38,13 +41,24 @@ Hand* Bus::find(quint8 id)
 void Bus::receive(const QByteArray& bytes, Moment began)
 {
     for (const char byte : bytes) {
-        const std::optional<ReceivedFrame> received = m_receiver.feed(byte, began);
-        if (!received)
+        if (m_bootLoader.feed(byte, began))
             continue;
-        note(*received);
-        if (received->checksumGood)
-            std::visit([this](const auto& request) { answer(request); }, received->request);
+        const std::optional<ReceivedFrame> received = m_receiver.feed(byte, began);
+        if (received)
+            take(*received);
     }
+}
+
+void Bus::take(const ReceivedFrame& received)
+{
+    const bool isForBootLoader = received.peer.protocol == Protocol::Boot;
+    if (isForBootLoader && (bootHand() == nullptr || !m_bootLoader.listens()))
+        return;
+    if (!isForBootLoader)
+        m_bootLoader.closeWindow();
+    note(received);
+    if (received.checksumGood)
+        std::visit([this](const auto& request) { answer(request); }, received.request);
 }
 
 void Bus::note(const ReceivedFrame& received)
@@ -57,7 +71,10 @@ void Bus::note(const ReceivedFrame& received)
     if (!received.checksumGood)
         marks.append(QStringLiteral("!bad-checksum"));
     ++(received.checksumGood ? m_statistics.requests : m_statistics.bad);
-    m_trace.received(received.peer, received.bytes, marks);
+    Peer peer = received.peer;
+    if (peer.protocol == Protocol::Boot)
+        peer.node = bootHand()->id;
+    m_trace.received(peer, received.bytes, marks);
 }
 
 // Every hand that is addressed carries the request out; the one with the lowest id answers.
@@ -125,12 +142,58 @@ void Bus::answer(const ModbusFrame& request)
         send(encode(reply), peer, {}, true);
 }
 
+void Bus::answer(const BootRequest& request)
+{
+    Hand& hand = *bootHand();
+    const Peer peer{Protocol::Boot, hand.id};
+    if (m_hung) {
+        withhold(peer, QStringLiteral("hang"));
+        return;
+    }
+    const std::optional<Fault> fault = m_faults.take({peer, 0, {}, request.stage});
+    const BootReply reply = m_bootLoader.verdict(hand, request);
+    const Delivery delivery =
+        fault ? fault->kind->deliverBoot(reply, *fault) : Delivery{reply.bytes};
+    const bool prevented = fault && (fault->kind->refuses || delivery.bytes.isEmpty());
+    m_bootLoader.carryOut(hand, request, !prevented);
+    if (fault)
+        deliver(delivery, peer, *fault);
+    else
+        send(reply.bytes, peer, {}, true);
+}
+
+// Requests to the boot loader name nobody: the hand with the lowest id takes them.
+Hand* Bus::bootHand()
+{
+    Hand* lowest = nullptr;
+    for (Node& node : m_nodes) {
+        if (node.hand.powered && (lowest == nullptr || node.hand.id < lowest->id))
+            lowest = &node.hand;
+    }
+    return lowest;
+}
+
+bool Bus::enterBootLoader()
+{
+    Hand* const hand = bootHand();
+    if (hand != nullptr)
+        m_bootLoader.enterWithoutApplication(*hand);
+    return hand != nullptr;
+}
+
+void Bus::powerCycle(Hand& hand)
+{
+    hand.powerCycle(Clock::now());
+    m_bootLoader.powerOn(hand);
+}
+
 std::vector<Hand*> Bus::addressed(Peer peer, quint8 allNodes)
 {
+    const Moment now = Clock::now();
     std::vector<Hand*> hands;
     for (Node& node : m_nodes) {
         const bool meant = peer.node == allNodes || peer.node == node.hand.id;
-        if (meant && node.hand.powered && node.protocols.testFlag(peer.protocol))
+        if (meant && node.hand.hears(now) && node.protocols.testFlag(peer.protocol))
             hands.push_back(&node.hand);
     }
     std::ranges::stable_sort(hands, {}, &Hand::id);
@@ -181,6 +244,7 @@ void Bus::forgetReplies()
     m_delayedReplies = std::make_unique<QObject>();
     m_repliesUnderWay = 0;
     m_receiver.reset();
+    m_bootLoader.lineLost();
 }
 
 } // namespace simulator

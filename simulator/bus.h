@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bootloader.h"
 #include "faults.h"
 #include "framereceiver.h"
 #include "hand.h"
@@ -31,19 +32,27 @@ class Bus : public QObject
     Q_OBJECT
 
 public:
-    Bus(std::vector<Node> nodes, Line& line, Trace& trace, QObject* parent = nullptr);
+    Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& boot = {},
+        QObject* parent = nullptr);
 
     Hand* find(quint8 id);
     std::vector<Node>& nodes() { return m_nodes; }
     FaultList& faults() { return m_faults; }
+    BootLoader& bootLoader() { return m_bootLoader; }
+    // False if there is no hand to do so.
+    bool enterBootLoader();
+    void powerCycle(Hand& hand);
     void setHung(bool hung) { m_hung = hung; }
     const BusStatistics& statistics() const { return m_statistics; }
 
 private:
     void receive(const QByteArray& bytes, Moment began);
+    void take(const ReceivedFrame& received);
     void note(const ReceivedFrame& received);
     void answer(const Frame& request);
     void answer(const ModbusFrame& request);
+    void answer(const BootRequest& request);
+    Hand* bootHand();
     std::vector<Hand*> addressed(Peer peer, quint8 allNodes);
     void deliver(const Delivery& delivery, Peer peer, const Fault& fault);
     void send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited);
@@ -54,6 +63,7 @@ private:
     Line& m_line;
     Trace& m_trace;
     FrameReceiver m_receiver;
+    BootLoader m_bootLoader;
     FaultList m_faults;
     BusStatistics m_statistics;
     bool m_hung = false;

@@ -3,6 +3,8 @@
 #include "numbers.h"
 #include "properties.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <iterator>
 
@@ -41,7 +43,8 @@ constexpr int anyWords = 100;
 
 const Control::Entry Control::entries[] = {
     {"fault",
-     "NAME [node=N] [command=0xNN] [register=N] [skip=K] [count=K] [ms=T] [error=0xNN] [bytes=K]",
+     "NAME [node=N] [command=0xNN] [register=N] [stage=S] [skip=K] [count=K] [ms=T] [error=0xNN] "
+     "[bytes=K]",
      "spoil the next count replies (default 1, 0 without end) after letting skip pass", 1, anyWords,
      &Control::fault},
     {"clear", "", "remove all faults", 0, 0, &Control::clear},
@@ -54,6 +57,12 @@ const Control::Entry Control::entries[] = {
      &Control::set},
     {"get", "NODE NAME [FINGER]", "answer a value", 2, 3, &Control::get},
     {"stats", "", "answer counts of frames", 0, 0, &Control::stats},
+    {"boot", "[enter|leave]",
+     "answer the boot loader's state and counts; enter: as after a failed update; leave: start the "
+     "application",
+     0, 1, &Control::boot},
+    {"image", "FILE", "write the records that the last update has stored; answers their size", 1, 1,
+     &Control::image},
     {"help", "", "show this", 0, 0, &Control::showHelp},
     {"quit", "", "end", 0, 0, &Control::quit},
 };
@@ -135,16 +144,15 @@ QString Control::replug(const QStringList&)
 
 QString Control::powerCycle(const QStringList& words)
 {
-    const Moment now = Clock::now();
     if (words.isEmpty()) {
         for (Node& node : m_bus.nodes())
-            node.hand.powerCycle(now);
+            m_bus.powerCycle(node.hand);
         return ok;
     }
     Hand* const hand = findNode(words.first());
     if (hand == nullptr)
         return noSuchNode(words.first());
-    hand->powerCycle(now);
+    m_bus.powerCycle(*hand);
     return ok;
 }
 
@@ -171,6 +179,37 @@ QString Control::stats(const QStringList&)
         .arg(counted.overlaps)
         .arg(counted.dropped)
         .arg(counted.bad);
+}
+
+QString Control::boot(const QStringList& words)
+{
+    BootLoader& bootLoader = m_bus.bootLoader();
+    const QString action = words.value(0);
+    if (action == QLatin1String("enter")) {
+        return m_bus.enterBootLoader() ? ok : failure(QStringLiteral("no hand is switched on"));
+    }
+    if (action == QLatin1String("leave")) {
+        bootLoader.startApplicationAnyway();
+        return ok;
+    }
+    if (!action.isEmpty())
+        return failure(QStringLiteral("boot takes enter, leave or nothing"));
+    const BootStatistics& counts = bootLoader.statistics();
+    return QStringLiteral("ok running=%1 probes=%2 records=%3 rejected=%4 stray=%5 image=%6")
+        .arg(bootLoader.isRunning() ? 1 : 0)
+        .arg(counts.probes)
+        .arg(counts.records)
+        .arg(counts.rejected)
+        .arg(counts.stray)
+        .arg(bootLoader.image().size());
+}
+
+QString Control::image(const QStringList& words)
+{
+    const QByteArray image = m_bus.bootLoader().image();
+    QFile file(words.first());
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(image) == image.size();
+    return written ? QStringLiteral("ok %1").arg(image.size()) : failure(file.errorString());
 }
 
 QString Control::showHelp(const QStringList&)

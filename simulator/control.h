@@ -34,6 +34,8 @@ private:
     QString set(const QStringList& words);
     QString get(const QStringList& words);
     QString stats(const QStringList& words);
+    QString boot(const QStringList& words);
+    QString image(const QStringList& words);
     QString showHelp(const QStringList& words);
     QString quit(const QStringList& words);
 

@@ -25,6 +25,11 @@ void fail(Frame& reply, const Fault& fault)
 // A Modbus hand has refused by itself, so that its error register tells the same.
 void fail(ModbusFrame&, const Fault&) {}
 
+void fail(BootReply& reply, const Fault& fault)
+{
+    reply.bytes = QByteArray(1, static_cast<char>(fault.error));
+}
+
 void failBare(Frame& reply, const Fault&)
 {
     reply.command |= errorBit;
@@ -186,6 +191,12 @@ Delivery afterNoise(const Reply& reply, const Fault& fault)
     return {noise(fault) + encode(reply)};
 }
 
+// The first byte comes twice: 55 55 AA is no answer to a probe.
+Delivery stuttering(const BootReply& reply, const Fault&)
+{
+    return {reply.bytes.first(1) + reply.bytes};
+}
+
 template<class Reply>
 Delivery onlyNoise(const Reply&, const Fault& fault)
 {
@@ -196,25 +207,28 @@ Delivery onlyNoise(const Reply&, const Fault& fault)
 #define BOTH_ALTERED(alter) altered<Frame, alter>, altered<ModbusFrame, alter>
 
 constexpr FaultKind kinds[] = {
-    {"drop", false, BOTH(dropped)},
-    {"late", false, BOTH(delayed)},
+    {"drop", false, BOTH(dropped), dropped<BootReply>},
+    {"late", false, BOTH(delayed), delayed<BootReply>},
     {"garble", false, garbled, garbled},
     {"truncate", false, BOTH(truncated)},
     {"wrong-node", false, BOTH_ALTERED(renameNode)},
     {"wrong-command", false, BOTH_ALTERED(renameCommand)},
     {"over-long", false, BOTH_ALTERED(overLong)},
     {"short", false, BOTH_ALTERED(shortened)},
-    {"noise", false, BOTH(afterNoise)},
-    {"garbage", false, BOTH(onlyNoise)},
-    {"refuse", true, BOTH_ALTERED(fail)},
+    {"noise", false, BOTH(afterNoise), afterNoise<BootReply>},
+    {"garbage", false, BOTH(onlyNoise), onlyNoise<BootReply>},
+    {"refuse", true, BOTH_ALTERED(fail), altered<BootReply, fail>},
     {"refuse-bare", true, BOTH_ALTERED(failBare)},
     {"wrong-finger", false, BOTH_ALTERED(wrongFinger)},
     {"wrong-host", false, altered<Frame, renameHost>, nullptr},
+    {"stutter", false, nullptr, nullptr, stuttering},
 };
 
 constexpr int maxCount = 1'000'000;
 constexpr int maxDelay = 60'000; // ms
 constexpr int maxBytes = 4096;
+
+constexpr const char* stageNames[] = {"probe", "hardware", "record"};
 
 struct Parameter {
     const char* name;
@@ -240,9 +254,21 @@ auto findByName(const Table& table, const QString& name)
         table, [&name](const auto& entry) { return name == QLatin1String(entry.name); });
 }
 
+QString setStage(Fault& fault, const QString& name)
+{
+    const auto* const stage =
+        std::ranges::find(stageNames, name, [](const char* known) { return QLatin1String(known); });
+    if (stage == std::end(stageNames))
+        return QStringLiteral("'%1' is not probe, hardware or record").arg(name);
+    fault.stage = static_cast<BootStage>(std::distance(std::begin(stageNames), stage));
+    return {};
+}
+
 QString setParameter(Fault& fault, const QString& word)
 {
     const qsizetype equals = word.indexOf(QLatin1Char('='));
+    if (word.left(equals) == QLatin1String("stage"))
+        return setStage(fault, word.mid(equals + 1));
     const auto* const parameter = findByName(parameters, word.left(equals));
     if (equals < 0 || parameter == std::end(parameters))
         return QStringLiteral("unknown parameter '%1'").arg(word);
@@ -267,6 +293,12 @@ QString FaultList::arm(const QStringList& words)
         if (!error.isEmpty())
             return error;
     }
+    const bool exists =
+        fault.stage ? fault.kind->deliverBoot != nullptr : fault.kind->deliver != nullptr;
+    if (!exists) {
+        return QStringLiteral("there is no fault '%1' of the boot loader%2")
+            .arg(words.first(), fault.stage ? QString() : QStringLiteral(" without a stage"));
+    }
     m_armed.push_back(fault);
     return {};
 }
@@ -275,8 +307,9 @@ std::optional<Fault> FaultList::take(const FaultTarget& target)
 {
     for (auto armed = m_armed.begin(); armed != m_armed.end(); ++armed) {
         const bool exists =
-            target.peer.protocol == Protocol::SerialCtrl || armed->kind->deliverModbus != nullptr;
-        const bool matches = exists && armed->node.value_or(target.peer.node) == target.peer.node &&
+            target.peer.protocol != Protocol::Modbus || armed->kind->deliverModbus != nullptr;
+        const bool matches = exists && armed->stage == target.stage &&
+                             armed->node.value_or(target.peer.node) == target.peer.node &&
                              armed->command.value_or(target.command) == target.command &&
                              (!armed->address || armed->address == target.address);
         if (!matches)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bootrequest.h"
 #include "framecodec.h"
 #include "modbusframe.h"
 #include "moment.h"
@@ -22,6 +23,7 @@ struct Fault {
     std::optional<quint8> node;
     std::optional<quint8> command;  // SerialCtrl command or Modbus function
     std::optional<quint16> address; // first register of a Modbus request
+    std::optional<BootStage> stage; // none: not for the boot loader
     int skip = 0;
     int count = 1; // 0 is without end
     std::chrono::milliseconds delay{80};
@@ -38,8 +40,10 @@ struct Delivery {
 struct FaultKind {
     const char* name;
     bool refuses; // the hand does not carry the request out
+    // Null where there is no such fault.
     Delivery (*deliver)(const Frame& reply, const Fault& fault);
-    Delivery (*deliverModbus)(const ModbusFrame& reply, const Fault& fault); // null: has no such
+    Delivery (*deliverModbus)(const ModbusFrame& reply, const Fault& fault);
+    Delivery (*deliverBoot)(const BootReply& reply, const Fault& fault) = nullptr;
 };
 
 // What a fault looks at to decide whether it is meant.
@@ -47,6 +51,7 @@ struct FaultTarget {
     Peer peer;
     quint8 command = 0;
     std::optional<quint16> address;
+    std::optional<BootStage> stage = {};
 };
 
 class FaultList

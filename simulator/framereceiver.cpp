@@ -10,6 +10,11 @@ bool isComplete(const QByteArray& bytes, const std::optional<qsizetype>& length)
 {
     return length && *length > 0 && bytes.size() >= *length;
 }
+
+bool startsProbe(const QByteArray& bytes)
+{
+    return bootProbe().startsWith(bytes);
+}
 } // namespace
 
 void FrameReceiver::reset()
@@ -41,7 +46,9 @@ std::optional<ReceivedFrame> FrameReceiver::feed(char byte, Moment now)
                 spoiled = std::move(received);
             continue;
         }
-        if (serialCtrlLength || modbusLength)
+        if (m_bytes == bootProbe())
+            return takeProbe();
+        if (serialCtrlLength || modbusLength || startsProbe(m_bytes))
             break;
         m_bytes.remove(0, 1);
     }
@@ -75,6 +82,18 @@ ReceivedFrame FrameReceiver::takeModbus(qsizetype length)
         reset();
     else
         m_bytes.remove(0, 1);
+    return received;
+}
+
+ReceivedFrame FrameReceiver::takeProbe()
+{
+    ReceivedFrame received;
+    received.bytes = m_bytes;
+    received.began = m_began;
+    received.checksumGood = true;
+    received.peer.protocol = Protocol::Boot;
+    received.request = BootRequest{BootStage::Probe, m_bytes};
+    reset();
     return received;
 }
 

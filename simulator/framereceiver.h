@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bootrequest.h"
 #include "framecodec.h"
 #include "modbusframe.h"
 #include "moment.h"
@@ -12,16 +13,16 @@ namespace simulator
 {
 
 struct ReceivedFrame {
-    std::variant<Frame, ModbusFrame> request;
+    std::variant<Frame, ModbusFrame, BootRequest> request;
     Peer peer;
     QByteArray bytes;
     bool checksumGood = false;
     Moment began; // when its first byte came
 };
 
-// Finds requests of both protocols in a stream of bytes. On the wire a frame can be cut short, run
-// into the next one or be preceded by noise: what is no frame is skipped, and a frame that stops
-// for longer than the idle time is forgotten.
+// Finds requests of both protocols and the boot loader's probe in a stream of bytes. On the wire a
+// frame can be cut short, run into the next one or be preceded by noise: what is no frame is
+// skipped, and a frame that stops for longer than the idle time is forgotten.
 //
 // 55 AA starts a SerialCtrl frame and no Modbus frame, as AA is not a function. A Modbus request
 // can start with any other byte, so only a good CRC at the length that its function gives tells it
@@ -37,6 +38,7 @@ public:
 private:
     ReceivedFrame takeSerialCtrl(qsizetype length);
     ReceivedFrame takeModbus(qsizetype length);
+    ReceivedFrame takeProbe();
 
     Clock::duration m_idleLimit;
     QByteArray m_bytes;

@@ -12,6 +12,8 @@ constexpr std::array<Scale, fingerCount> jointAngles{
 
 constexpr int presetWindow = 1024; // raw units to either side
 constexpr quint8 initSpeed = 255;
+constexpr quint8 calibrationStages = 3;
+constexpr quint32 calibratingBeeps = 8;
 
 constexpr quint16 movingCurrentBase = 25; // mA
 constexpr quint16 movingCurrentSpan = 36;
@@ -106,7 +108,52 @@ void Hand::startInit(Moment now)
 void Hand::powerCycle(Moment now)
 {
     powered = true;
+    m_calibrating = false;
+    m_stage = 0;
+    m_rebootedAt = now;
     stopMotion(now);
+}
+
+SubError Hand::calibrate(quint16 key, Moment now)
+{
+    if (m_calibrating)
+        return AlreadyCalibrating;
+    if (key != traits.calibrationKey)
+        return Refused;
+    ++calibrations;
+    stopMotion(now);
+    m_calibrating = true;
+    m_stage = 0;
+    m_rebootedAt = now + std::chrono::milliseconds(rebootTime);
+    beeps += calibratingBeeps;
+    return NoSubError;
+}
+
+void Hand::setButtonCount(quint8 count, Moment now)
+{
+    buttonCount = count;
+    if (!isCalibrating(now))
+        return;
+    if (count == 1)
+        m_stage = 0;
+    if (count != m_stage + 1 || count > calibrationStages)
+        return;
+    m_stage = count;
+    quint16& thumbRootNow = count == 1 ? m_firstThumbRoot : m_lastThumbRoot;
+    thumbRootNow = static_cast<quint16>(position(Unit::Raw, thumbRoot, now));
+    if (m_stage == calibrationStages)
+        storeCalibration();
+}
+
+void Hand::storeCalibration()
+{
+    for (Finger& finger : fingers) {
+        finger.raw.atZero += m_measuredShift;
+        finger.raw.atFull -= m_measuredShift;
+    }
+    m_measuredShift = -m_measuredShift;
+    const auto between = static_cast<quint16>((m_firstThumbRoot + m_lastThumbRoot) / 2);
+    thumbRootPresets = {m_firstThumbRoot, between, m_lastThumbRoot};
 }
 
 Scale Hand::scale(Unit unit, std::size_t finger) const

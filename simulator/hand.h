@@ -22,6 +22,7 @@ enum SubError : quint8 {
     BadArgument = 0x02,
     NoForceSensing = 0x03,
     Refused = 0x21,
+    AlreadyCalibrating = 0x22,
 };
 
 struct Version {
@@ -75,6 +76,17 @@ public:
     void stopMotion(Moment now);
     void startInit(Moment now);
     void powerCycle(Moment now);
+    // False while it is switched off or reboots.
+    bool hears(Moment now) const { return powered && now >= m_rebootedAt; }
+
+    // Reboots the hand into the calibrating state, which lasts until it is switched off and on.
+    SubError calibrate(quint16 key, Moment now);
+    bool isCalibrating(Moment now) const { return m_calibrating && hears(now); }
+    // Stages of the present calibration that have been confirmed.
+    quint8 calibrationStage() const { return m_stage; }
+    // What a press of the hand's button does as well: in the calibrating state the counts 1, 2 and
+    // 3, in this order, confirm its stages. 1 begins anew, any other count is no confirmation.
+    void setButtonCount(quint8 count, Moment now);
 
     HandTraits traits;
     quint8 id;
@@ -93,9 +105,18 @@ public:
     quint32 resets = 0;
     quint32 inits = 0;
     quint32 calibrations = 0;
+    quint16 rebootTime = 300; // ms
 
 private:
     Scale scale(Unit unit, std::size_t finger) const;
+    void storeCalibration();
+
+    bool m_calibrating = false;
+    quint8 m_stage = 0;
+    Moment m_rebootedAt{};
+    quint16 m_firstThumbRoot = 0; // raw, where it stood at the first stage
+    quint16 m_lastThumbRoot = 0;
+    int m_measuredShift = 24; // raw units by which the next calibration differs
 };
 
 } // namespace simulator

@@ -49,7 +49,7 @@ int serve(const simulator::Options& options)
     for (const auto& node : options.nodes)
         nodes.push_back({node.protocols, simulator::Hand(node.id, options.traits)});
     simulator::Line line(options.baud, options.linkPath);
-    simulator::Bus bus(std::move(nodes), line, trace);
+    simulator::Bus bus(std::move(nodes), line, trace, options.boot);
     simulator::Control control(bus, line);
     const QString error = line.plug();
     if (!error.isEmpty())

@@ -95,10 +95,7 @@ constexpr Block actual(int first)
 
 void calibrate(const Place& place, quint16 key)
 {
-    if (key == place.hand.traits.calibrationKey)
-        ++place.hand.calibrations;
-    else
-        place.hand.error = Refused;
+    place.hand.error = place.hand.calibrate(key, place.now);
 }
 
 void beep(const Place& place, quint16 duration)
@@ -132,7 +129,8 @@ const Block blocks[] = {
     handByte<&Hand::selfTestLevel>(1008),
     handByte<&Hand::beepSwitch>(1009),
     {1010, 1, unreadable, beep},
-    handByte<&Hand::buttonCount>(1011),
+    {1011, 1, [](const Place& p) { return int{p.hand.buttonCount}; },
+     [](const Place& p, quint16 v) { p.hand.setButtonCount(static_cast<quint8>(v), p.now); }},
     {1012, 1, unreadable, calibrate},
     {1013, 1, unreadable, [](const Place& p, quint16) { p.hand.startInit(p.now); }},
     {1014, 1, unreadable, reset},

@@ -15,6 +15,7 @@ namespace
 constexpr qint64 maxU8 = 0xFF;
 constexpr qint64 maxU16 = 0xFFFF;
 constexpr qint64 maxBaud = 4'000'000;
+constexpr qint64 maxWindow = 600'000; // ms
 constexpr quint8 defaultNode = 2;
 
 QString complain(const QString& option, const QString& value, const QString& wanted)
@@ -101,6 +102,21 @@ QString takeBaud(Options& options, const QString& option, const QString& value)
     return {};
 }
 
+QString takeBootWindow(Options& options, const QString& option, const QString& value)
+{
+    const std::optional<qint64> window = parseInteger(value, 0, maxWindow);
+    if (!window)
+        return complain(option, value, QStringLiteral("a time from 0 to 600000 ms"));
+    options.boot.window = std::chrono::milliseconds(*window);
+    return {};
+}
+
+QString takeNoRecordCheck(Options& options, const QString&, const QString&)
+{
+    options.boot.checksRecords = false;
+    return {};
+}
+
 QString takeSpeed(Options& options, const QString& option, const QString& value)
 {
     bool isNumber = false;
@@ -154,6 +170,11 @@ constexpr OptionEntry entries[] = {
     {"modbus-version", "A.B", "Version of the Modbus register map. Default: 1.0.",
      takeVersion<&HandTraits::modbusProtocol, 2>},
     {"calibration-key", "HEX", "Key that allows calibration. Default: 1A2B.", takeKey},
+    {"boot-window", "MS",
+     "How long after power-on the boot loader hears a probe. Default: whenever the hand is idle.",
+     takeBootWindow},
+    {"no-record-check", "", "The boot loader accepts records whatever their CRC.",
+     takeNoRecordCheck},
     {"link", "PATH", "Symbolic link to the port, removed at the end.",
      takePath<&Options::linkPath>},
     {"trace", "FILE", "Write a line per frame; - is standard error.",

@@ -14,6 +14,7 @@ struct Options {
     };
     std::vector<NodeOption> nodes;
     HandTraits traits;
+    BootOptions boot;
     QString linkPath;
     QString tracePath;
     quint32 baud = 0;           // 0: without delay

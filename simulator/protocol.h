@@ -8,7 +8,8 @@
 namespace simulator
 {
 
-enum class Protocol { SerialCtrl = 1, Modbus = 2 };
+// Boot is no protocol that a hand is given: all of them have a boot loader.
+enum class Protocol { SerialCtrl = 1, Modbus = 2, Boot = 4 };
 Q_DECLARE_FLAGS(Protocols, Protocol)
 
 // Who is spoken to, and how.
@@ -19,7 +20,15 @@ struct Peer {
 
 inline QString protocolName(Protocol protocol)
 {
-    return protocol == Protocol::Modbus ? QStringLiteral("modbus") : QStringLiteral("serialctrl");
+    switch (protocol) {
+    case Protocol::SerialCtrl:
+        break;
+    case Protocol::Modbus:
+        return QStringLiteral("modbus");
+    case Protocol::Boot:
+        return QStringLiteral("boot");
+    }
+    return QStringLiteral("serialctrl");
 }
 
 inline std::optional<Protocol> protocolNamed(const QString& name)

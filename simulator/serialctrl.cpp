@@ -225,10 +225,7 @@ Answer reset(Call& call)
 
 Answer calibrate(Call& call)
 {
-    if (call.u16() != call.hand.traits.calibrationKey)
-        return refusal(Refused);
-    ++call.hand.calibrations;
-    return {};
+    return {{}, call.hand.calibrate(call.u16(), call.now)};
 }
 
 Answer beep(Call& call)
@@ -344,7 +341,11 @@ constexpr Command commands[] = {
     {0x60, 1, Leads::Argument, writeByte<&Hand::selfTestLevel>},
     {0x61, 1, Leads::Argument, writeByte<&Hand::beepSwitch>},
     {0x62, 2, Leads::Argument, beep},
-    {0x63, 1, Leads::Argument, writeByte<&Hand::buttonCount>},
+    {0x63, 1, Leads::Argument,
+     [](Call& c) {
+         c.hand.setButtonCount(c.u8(), c.now);
+         return Answer();
+     }},
     {0x64, 0, Leads::Argument,
      [](Call& c) {
          c.hand.startInit(c.now);

@@ -1,0 +1,31 @@
+#include "serialwait.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QSerialPort>
+#include <QTimer>
+
+namespace
+{
+constexpr int EventSliceMs = 10; ///< longest sleep before the clock is read
+}
+
+bool hasSerialPortFailed(const QSerialPort& port)
+{
+    const bool atFault =
+        port.error() != QSerialPort::NoError && port.error() != QSerialPort::TimeoutError;
+    return atFault || !port.isOpen();
+}
+
+bool waitForSerialPortReadyRead(QSerialPort& port, int milliseconds)
+{
+    // Not the time of day: it jumps at midnight and when the clock is set.
+    const QDeadlineTimer deadline(milliseconds);
+    QTimer wakeUp;
+    while (port.bytesAvailable() <= 0 && !hasSerialPortFailed(port) && !deadline.hasExpired()) {
+        if (!wakeUp.isActive())
+            wakeUp.start(EventSliceMs);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return port.bytesAvailable() > 0;
+}

@@ -1,0 +1,39 @@
+#include "updatefirmware.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+bool openPort(QSerialPort& port, QSerialPort::BaudRate baudRate)
+{
+    port.setBaudRate(baudRate, QSerialPort::AllDirections);
+    port.setParity(QSerialPort::NoParity);
+    port.setDataBits(QSerialPort::Data8);
+    port.setStopBits(QSerialPort::OneStop);
+    port.setFlowControl(QSerialPort::NoFlowControl);
+    return port.open(QIODevice::ReadWrite);
+}
+} // namespace
+
+// By value: the caller's variables may change while events are processed.
+QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
+                       LogCallback log, ProgressCallback progress, UpdateLimits limits)
+{
+    const UpdateFile file = loadUpdateFile(filePath, log);
+    if (!file.failure.isEmpty())
+        return file.failure;
+    QSerialPort port(portName);
+    if (!openPort(port, baudRate))
+        return QCoreApplication::translate("UpdateFirmware", "Failed when openning port '%1'.")
+            .arg(portName);
+
+    port.clear(QSerialPort::AllDirections);
+    BootLoaderLink bootLoader(port, std::move(log), std::move(progress), limits);
+    bootLoader.begin();
+    QString failure = bootLoader.wakeUp();
+    if (failure.isEmpty() && file.hardware)
+        failure = bootLoader.checkHardware(*file.hardware);
+    if (failure.isEmpty())
+        failure = bootLoader.transfer(file.image);
+    return failure;
+}
