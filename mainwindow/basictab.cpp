@@ -61,7 +61,7 @@ void BasicTab::reload()
     });
     setWidgetsEnabled(false);
     focus.noteMove();
-    clear();
+    clearFields();
     if (m_ui->comboBox_Devices->currentIndex() < 0)
         return;
     if (!m_session->connected()) {
@@ -177,10 +177,16 @@ void BasicTab::readCalibration(const Target& target)
     show(m_thumbRoots, thumbRoots);
 }
 
-void BasicTab::clear()
+void BasicTab::clearFields()
 {
     for (QLineEdit* field : m_ui->tab_Basic->findChildren<QLineEdit*>())
         field->clear();
+}
+
+void BasicTab::clear()
+{
+    clearFields();
+    // So that nothing of another hand stays when the new one's cannot be read.
     m_ui->comboBox_BasicSelfTestLevel->setCurrentIndex(NothingSelected);
     m_ui->comboBox_BasicBeepSwitch->setCurrentIndex(NothingSelected);
 }

@@ -49,6 +49,7 @@ private:
     void readBeepSwitch(const Target& target);
     void readCalibration(const Target& target);
     void readAll(const Target& target);
+    void clearFields();
 
     void ask(QWidget* button, DeviceSession::Request request);
     void perform(const Target& target, const char* name, const QString& success,

@@ -82,8 +82,10 @@ void DeviceConnector::openCurrentDevice()
         return;
     leaveDevice();
     const auto adapter = adapterOfCurrentEntry();
-    if (!adapter)
+    if (!adapter) {
+        showForceSensing(false);
         return;
+    }
     m_session->setAdapter(adapter);
     const auto target = m_session->target();
     if (!target)

@@ -40,6 +40,8 @@ DeviceScanner::DeviceScanner(Ui::MainWindow* ui, QWidget* window, DeviceSession*
     m_progress->setAccessibleName(tr("Scan progress"));
     m_progress->setRange(FirstNode, LastNode);
     m_progress->setTextVisible(false);
+    // Else the bar would be as high as the theme makes it, after the first paint.
+    m_progress->setMaximumHeight(m_progress->fontMetrics().height());
     m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
     m_ui->statusBar->addPermanentWidget(m_progress);
     m_progress->hide();

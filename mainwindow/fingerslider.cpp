@@ -1,6 +1,7 @@
 #include "fingerslider.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <QWheelEvent>
 
 FingerSlider::FingerSlider(QWidget* parent) : QSlider(parent)
@@ -18,8 +19,15 @@ void FingerSlider::wheelEvent(QWheelEvent* event)
 
 void FingerSlider::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        emit sliderReleased();
-    else
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (!event->isAutoRepeat())
+            emit sliderReleased();
+    } else
         QSlider::keyPressEvent(event);
+}
+
+void FingerSlider::changeEvent(QEvent* event)
+{
+    const QSignalBlocker noRelease(event->type() == QEvent::EnabledChange ? this : nullptr);
+    QSlider::changeEvent(event);
 }

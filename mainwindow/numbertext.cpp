@@ -24,6 +24,12 @@ std::int16_t NumberText::toAngle(const QString& text)
         std::clamp(hundredths, float{Limits::min()}, float{Limits::max()}));
 }
 
+float NumberText::toReal(const QString& text)
+{
+    const float number = text.toFloat();
+    return std::isfinite(number) ? number : 0;
+}
+
 QString NumberText::fromReal(double value)
 {
     return QString::number(value, 'f', 2);

@@ -15,6 +15,9 @@ std::uint8_t toByte(const QString& text);
 /// Degrees to hundredths of a degree, cut to the range of 16 bits.
 std::int16_t toAngle(const QString& text);
 
+/// A finite number; what is none counts as 0.
+float toReal(const QString& text);
+
 /// "%.2f"
 QString fromReal(double value);
 /// Hundredths of a degree as degrees with two decimals.

@@ -3,19 +3,13 @@
 #include "conversation.h"
 #include "fingerwidgets.h"
 #include "focuskeeper.h"
-#include "jointangles.h"
 #include "numbertext.h"
 #include "pagetimers.h"
+#include "positionmode.h"
 #include "statusreporter.h"
 #include "ui_mainwindow.h"
 
 #include <utility>
-
-namespace
-{
-constexpr int PositionMode = 0;
-constexpr int MaxPosition = 65535;
-} // namespace
 
 RunTab::RunTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
                StatusReporter* reporter, PageTimers* timers)
@@ -35,11 +29,6 @@ RunTab::RunTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
     QObject::connect(timers, &PageTimers::sig_runPageLeft, window, [this] { dropPending(); });
 }
 
-bool RunTab::inPositionMode() const
-{
-    return m_ui->comboBox_RunPosOrAngle->currentIndex() == PositionMode;
-}
-
 bool RunTab::succeeded(const Target& target, const char* operation, std::uint8_t result)
 {
     return m_reporter->succeeded(target, operation, result, StatusReporter::Timeouts::LikeFailures);
@@ -56,20 +45,22 @@ void RunTab::reload()
     setWidgetsEnabled(false);
     focus.noteMove();
     clear();
-    const bool positions = inPositionMode();
-    m_ui->label_RunTicksOrDegree->setText(positions ? QStringLiteral("ticks") : tr("degree"));
-    for (std::size_t f = 0; f < FingerCount; ++f)
-        m_sliders[f]->setRange(positions ? 0 : Min_Joint_Angle[f][0],
-                               positions ? MaxPosition : Max_Joint_Angle[f][0]);
+    followMode();
     const auto target = m_session->target();
     if (!target)
         return;
     const Conversation conversation;
-    positions ? readPositions(*target) : readAngles(*target);
+    m_inPositions ? readPositions(*target) : readAngles(*target);
     if (!m_session->holds(*target))
         return;
     setWidgetsEnabled(true);
     m_reporter->showMessage(tr("Running info loaded"));
+}
+
+void RunTab::followMode()
+{
+    m_inPositions = PositionMode::isChosen(m_ui->comboBox_RunPosOrAngle);
+    PositionMode::apply(m_inPositions, m_ui->label_RunTicksOrDegree, m_sliders);
 }
 
 void RunTab::readPositions(const Target& target)
@@ -124,7 +115,7 @@ void RunTab::setWidgetsEnabled(bool enabled)
 
 void RunTab::handleSliderMoved(std::uint8_t finger, int value)
 {
-    m_positions[finger]->setText(inPositionMode()
+    m_positions[finger]->setText(m_inPositions
                                      ? QString::number(static_cast<std::uint16_t>(value))
                                      : NumberText::fromAngle(static_cast<std::int16_t>(value)));
 }
@@ -134,7 +125,7 @@ POS_INFO RunTab::commandOf(std::uint8_t finger, std::uint8_t node) const
     POS_INFO command;
     command.node = node;
     command.finger = finger;
-    command.isPosition = inPositionMode();
+    command.isPosition = m_inPositions;
     command.speed = NumberText::toByte(m_speeds[finger]->text());
     return command;
 }
@@ -202,8 +193,9 @@ void RunTab::readBackPosition(const Target& target, std::uint8_t finger, const c
     std::uint16_t reached = 0;
     std::uint16_t current = 0;
     const auto result = target->getFingerPos(target.node, finger, &reached, &current);
-    // In the meantime the fields may have become angles.
-    if (!succeeded(target, operation, result) || !inPositionMode())
+    // In the meantime the fields may have become angles, or the slider been taken up again.
+    if (!succeeded(target, operation, result) || !m_inPositions ||
+        m_sliders[finger]->isSliderDown())
         return;
     if (intoField)
         m_positions[finger]->setText(QString::number(reached));
@@ -216,7 +208,8 @@ void RunTab::readBackAngle(const Target& target, std::uint8_t finger)
     std::int16_t reached = 0;
     std::int16_t current = 0;
     const auto result = target->getFingerAngle(target.node, finger, &reached, &current);
-    if (!succeeded(target, "getFingerAngle", result) || inPositionMode())
+    if (!succeeded(target, "getFingerAngle", result) || m_inPositions ||
+        m_sliders[finger]->isSliderDown())
         return;
     m_positions[finger]->setText(NumberText::fromAngle(reached));
     m_sliders[finger]->setValue(reached);

@@ -56,9 +56,9 @@ public:
 private:
     using Target = DeviceSession::Target;
 
-    bool inPositionMode() const;
     bool tickGoesOn(const Target& target) const;
     bool succeeded(const Target& target, const char* operation, std::uint8_t result);
+    void followMode();
     void readPositions(const Target& target);
     void readAngles(const Target& target);
     POS_INFO commandOf(std::uint8_t finger, std::uint8_t node) const;
@@ -78,6 +78,8 @@ private:
     PerFinger<QLineEdit*> m_positions;
     PerFinger<QLineEdit*> m_speeds;
     PerFinger<QLineEdit*> m_currents;
+    /// Of what fields and sliders show. The mode selector may be ahead of it for a moment.
+    bool m_inPositions = true;
     std::deque<POS_INFO> m_pending;
     QSemaphore m_pendingCount;      ///< counts what is pending
     std::size_t m_firstCurrent = 0; ///< finger whose current the next tick reads first

@@ -132,8 +132,9 @@ void SettingTab::writePid(const Target& target, std::uint8_t finger, const Gains
 {
     const Conversation conversation;
     if (succeeded(target, "setFingerPID",
-                  target->setFingerPID(target.node, finger, texts[0].toFloat(), texts[1].toFloat(),
-                                       texts[2].toFloat(), texts[3].toFloat())))
+                  target->setFingerPID(target.node, finger, NumberText::toReal(texts[0]),
+                                       NumberText::toReal(texts[1]), NumberText::toReal(texts[2]),
+                                       NumberText::toReal(texts[3]))))
         readPid(target, finger);
 }
 

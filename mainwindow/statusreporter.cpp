@@ -35,7 +35,11 @@ void StatusReporter::showError(const QString& text, const QColor& colour)
     palette.setColor(QPalette::WindowText, colour);
     m_errorLabel->setPalette(palette);
     m_errorLabel->setText(text);
-    QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] { label->setText({}); });
+    m_errorLabel->setAccessibleName(text);
+    QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] {
+        label->setText({});
+        label->setAccessibleName(tr("Error"));
+    });
 }
 
 bool StatusReporter::succeeded(const DeviceSession::Target& target, const char* operation,

@@ -34,10 +34,11 @@ void endLateTour(int)
     ::_exit(FailedStatus);
 }
 
-/// The offscreen platform warns on every window that it leaves sizes alone; that is no finding.
-void showMessage(QtMsgType, const QMessageLogContext&, const QString& text)
+/// The offscreen platform warns on every window that it leaves sizes alone, and the program tells
+/// the debug log of every node that does not answer; neither is a finding.
+void showMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
-    if (!text.contains(QLatin1String("propagateSizeHints")))
+    if (type != QtDebugMsg && !text.contains(QLatin1String("propagateSizeHints")))
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
@@ -85,7 +86,9 @@ Options readOptions()
     const QString name = parser.value(theme);
     const bool both = name == QLatin1String("both");
     return {QDir(QDir::current().absoluteFilePath(parser.value(output))),
-            both ? Theme::names() : Theme::names().filter(name),
+            both                            ? Theme::names()
+            : Theme::names().contains(name) ? QStringList{name}
+                                            : QStringList(),
             parser.value(protocol) == QLatin1String("modbus")};
 }
 

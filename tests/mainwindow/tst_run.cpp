@@ -22,6 +22,8 @@ private slots:
     void readBacks_data();
     void readBacks();
     void setDuringTick();
+    void modeChangesMoveNothing();
+    void heldSliderStays();
     void failures();
     void silentHandHonoursClicks();
     void wheelAndKeys();
@@ -227,6 +229,35 @@ void TestRun::setDuringTick()
     QCOMPARE(shown(), QStringList());
 }
 
+/// Until all is shown anew, fields and sliders are still in the old unit.
+void TestRun::modeChangesMoveNothing()
+{
+    tell("fault late count=0 ms=30");
+    setField("lineEdit_RunPos1", "30000");
+    slider(2)->setSliderDown(true);
+    slider(2)->setSliderPosition(20000);
+    QTimer::singleShot(140, this, [&] { // in the middle of a tick, so that the change has to wait
+        m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(1);
+        m_tool->click("pushButton_RunSetPos1");
+    });
+    QTRY_COMPARE(slider(2)->maximum(), 17852);
+    QTRY_VERIFY(slider(2)->isEnabled());
+    QTest::qWait(150);
+    QCOMPARE(motions(), QStringList{"4c 013075ff"}); // nor is the held slider taken as released
+}
+
+void TestRun::heldSliderStays()
+{
+    setMode(1);
+    release(2, 10000);
+    slider(2)->setSliderDown(true);
+    slider(2)->setSliderPosition(12000);
+    QTRY_COMPARE(motions().size(), 1);
+    QTest::qWait(150); // the read-back
+    slider(2)->setSliderDown(false);
+    QTRY_COMPARE(motions(), (QStringList{"4d 021027ff", "4d 02e02eff"}));
+}
+
 void TestRun::failures()
 {
     const QString refused = "(0x02, ...) returned 0xff (sub err 21)";
@@ -278,7 +309,11 @@ void TestRun::wheelAndKeys()
     QTest::qWait(150);
     QCOMPARE(motions(), QStringList());
     QTest::keyClick(slider(0), Qt::Key_Return);
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(slider(0), &repeated);
     QTRY_COMPARE(motions().size(), 1);
+    QTest::qWait(150);
+    QCOMPARE(motions().size(), 1);
 }
 
 void TestRun::forcePage()

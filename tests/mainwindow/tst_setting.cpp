@@ -76,6 +76,10 @@ void TestSetting::writesAndReadsBack_data()
                           << "1.239"
                           << QStringList{"45 028d979e3f0000004000000040000000c1", "04 02"}
                           << "1.24";
+    for (const char* gain : {"nan", "inf", "1e99"})
+        QTest::newRow(gain) << "P" << gain
+                            << QStringList{"45 02000000000000004000000040000000c1", "04 02"}
+                            << "0.00";
 }
 
 void TestSetting::writesAndReadsBack()

@@ -1,0 +1,39 @@
+#include "uniformwidth.h"
+
+#include <QEvent>
+#include <QWidget>
+
+#include <algorithm>
+
+UniformWidth::UniformWidth(QList<QWidget*> widgets)
+    : QObject(widgets.constFirst()), m_widgets(std::move(widgets))
+{
+    for (QWidget* widget : m_widgets)
+        widget->installEventFilter(this);
+    align();
+}
+
+bool UniformWidth::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool handled = QObject::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::Polish:
+    case QEvent::StyleChange:
+    case QEvent::FontChange:
+        // The widget's own handling of the event comes first.
+        QMetaObject::invokeMethod(this, &UniformWidth::align, Qt::QueuedConnection);
+        break;
+    default:
+        break;
+    }
+    return handled;
+}
+
+void UniformWidth::align()
+{
+    int widest = 0;
+    for (const QWidget* widget : m_widgets)
+        widest = std::max(widest, widget->sizeHint().width());
+    for (QWidget* widget : m_widgets)
+        widget->setMinimumWidth(widest);
+}
