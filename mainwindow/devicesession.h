@@ -46,6 +46,8 @@ public:
         ReloadBasic,
         ReloadSetting,
         ReloadRun,
+        LoadSequence,
+        SaveSequence,
         About,
         Theme
     };

@@ -7,6 +7,7 @@ FocusKeeper::FocusKeeper(QWidget* window)
 
 FocusKeeper::~FocusKeeper()
 {
-    if (m_owner && m_owner->isEnabled() && m_window->focusWidget() == m_movedTo)
+    if (m_owner && m_owner->isEnabled() && m_owner->isVisible() &&
+        m_window->focusWidget() == m_movedTo)
         m_owner->setFocus();
 }

@@ -8,25 +8,31 @@
 #include "portlist.h"
 #include "program.h"
 #include "runtab.h"
+#include "sequencemanager.h"
+#include "sequenceplayer.h"
+#include "sequencetab.h"
 #include "settingtab.h"
 #include "statusreporter.h"
 #include "theme.h"
 #include "ui_mainwindow.h"
+#include "uniformwidth.h"
 
 #include <QCloseEvent>
 #include <QDebug>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
 {
     ui->setupUi(this);
-    ui->tab_Sequence->setEnabled(false); // there is nothing behind it yet
     // The one long header gets its room, the other columns share the rest.
     auto* columns = ui->tableWidget_Seq->horizontalHeader();
     columns->setSectionResizeMode(QHeaderView::Stretch);
     columns->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    columns->setHighlightSections(false); // rows are selected
+    alignWidths();
     setWindowTitle(Program::title() + QStringLiteral(" - ") + QLatin1String(Program::Version));
     setWindowIcon(QIcon(QStringLiteral("://images/icon.ico")));
 
@@ -40,9 +46,15 @@ MainWindow::MainWindow(QWidget* parent)
     m_basicTab = std::make_unique<BasicTab>(ui.get(), this, m_session.get(), m_reporter);
     m_settingTab = std::make_unique<SettingTab>(ui.get(), this, m_session.get(), m_reporter);
     m_runTab = std::make_unique<RunTab>(ui.get(), this, m_session.get(), m_reporter, m_timers);
+    m_sequenceManager = new SequenceManager(this);
+    m_sequencePlayer = new SequencePlayer(this);
+    m_sequenceTab = std::make_unique<SequenceTab>(ui.get(), this, m_session.get(), m_reporter,
+                                                  m_timers, m_sequenceManager, m_sequencePlayer);
+    connect(m_sequencePlayer, &SequencePlayer::sig_updatePlaying, this, &MainWindow::updatePlaying);
     m_connector = std::make_unique<DeviceConnector>(
         ui.get(), this, m_session.get(), m_timers,
-        std::vector<TabRoom*>{m_basicTab.get(), m_settingTab.get(), m_runTab.get()});
+        std::vector<TabRoom*>{m_basicTab.get(), m_settingTab.get(), m_runTab.get(),
+                              m_sequenceTab.get()});
     m_scanner = std::make_unique<DeviceScanner>(ui.get(), this, m_session.get(), m_reporter,
                                                 m_connector.get());
     connect(m_timers, &PageTimers::sig_runTick, this, &MainWindow::updateCurrent);
@@ -53,6 +65,15 @@ MainWindow::MainWindow(QWidget* parent)
         QMetaObject::invokeMethod(
             this, [this, ports = availablePorts()] { m_connector->listPortsAtStart(ports); });
     });
+}
+
+void MainWindow::alignWidths()
+{
+    new UniformWidth({ui->pushButton_RefreshPorts, ui->pushButton_ScanDevices});
+    QList<QWidget*> sequenceButtons;
+    for (QPushButton* button : ui->tab_Sequence->findChildren<QPushButton*>())
+        sequenceButtons.append(button);
+    new UniformWidth(sequenceButtons);
 }
 
 MainWindow::~MainWindow()
@@ -277,3 +298,102 @@ void MainWindow::on_comboBox_RunPosOrAngle_currentIndexChanged()
 VANTO_DEFINE_FINGER_VALUE_SLOTS(verticalSlider_RunPos, sliderMoved, tabRun_handleSliderMoved)
 VANTO_DEFINE_FINGER_SLOTS(verticalSlider_RunPos, sliderReleased, tabRun_handleSliderReleased)
 VANTO_DEFINE_FINGER_SLOTS(pushButton_RunSetPos, clicked, tabRun_handleButtonSetPosClick)
+
+void MainWindow::reloadSequenceInfo()
+{
+    m_sequenceTab->reload();
+}
+void MainWindow::clearSequenceInfo()
+{
+    m_sequenceTab->clear();
+}
+void MainWindow::updateSequenceTab()
+{
+    m_sequenceTab->update();
+}
+void MainWindow::updateEditCell()
+{
+    m_sequenceTab->updateEditCell();
+}
+void MainWindow::enableWidgetsForSequenceTab(int group, bool enable)
+{
+    m_sequenceTab->enableGroup(static_cast<SequenceTab::Group>(group), enable);
+}
+void MainWindow::SwapSequenceRow(int row, int other)
+{
+    m_sequenceTab->swapRows(row, other);
+}
+void MainWindow::tabSequence_handleSpeedEdit(unsigned char finger)
+{
+    m_sequenceTab->handleSpeedEdit(finger);
+}
+void MainWindow::tabSequence_handleSliderMoved(unsigned char finger, int value)
+{
+    m_sequenceTab->handleSliderMoved(finger, value);
+}
+void MainWindow::tabSequence_handleSliderReleased(unsigned char finger)
+{
+    m_sequenceTab->handleSliderReleased(finger);
+}
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress &&
+        m_sequenceTab->keyPressed(static_cast<const QKeyEvent&>(*event)))
+        return true;
+    return QMainWindow::eventFilter(watched, event);
+}
+void MainWindow::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QString errMsg)
+{
+    m_sequenceTab->updatePlaying(isPlaying, sequenceIndex, errMsg);
+}
+void MainWindow::on_pushButton_SeqInsert_clicked()
+{
+    m_sequenceTab->insertClicked();
+}
+void MainWindow::on_pushButton_SeqDelete_clicked()
+{
+    m_sequenceTab->deleteClicked();
+}
+void MainWindow::on_pushButton_SeqUp_clicked()
+{
+    m_sequenceTab->moveRowClicked(-1);
+}
+void MainWindow::on_pushButton_SeqDown_clicked()
+{
+    m_sequenceTab->moveRowClicked(1);
+}
+void MainWindow::on_pushButton_SeqRun_clicked()
+{
+    m_sequenceTab->runClicked();
+}
+void MainWindow::on_pushButton_SeqStop_clicked()
+{
+    m_sequenceTab->stopClicked();
+}
+void MainWindow::on_pushButton_SeqLoad_clicked()
+{
+    m_sequenceTab->loadClicked();
+}
+void MainWindow::on_pushButton_SeqSave_clicked()
+{
+    m_sequenceTab->saveClicked();
+}
+void MainWindow::on_tableWidget_Seq_cellDoubleClicked(int row, int)
+{
+    m_sequenceTab->rowDoubleClicked(row);
+}
+void MainWindow::on_tableWidget_Seq_currentCellChanged(int row, int, int, int)
+{
+    m_sequenceTab->currentRowChanged(row);
+}
+void MainWindow::on_lineEdit_SeqDelay_editingFinished()
+{
+    m_sequenceTab->delayEdited();
+}
+void MainWindow::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
+{
+    m_sequenceTab->modeChanged();
+}
+VANTO_DEFINE_FINGER_SLOTS(lineEdit_SeqSpeed, editingFinished, tabSequence_handleSpeedEdit)
+VANTO_DEFINE_FINGER_VALUE_SLOTS(verticalSlider_SeqPos, sliderMoved, tabSequence_handleSliderMoved)
+VANTO_DEFINE_FINGER_SLOTS(verticalSlider_SeqPos, sliderReleased, tabSequence_handleSliderReleased)

@@ -14,6 +14,9 @@ class DeviceScanner;
 class DeviceSession;
 class PageTimers;
 class RunTab;
+class SequenceManager;
+class SequencePlayer;
+class SequenceTab;
 class SettingTab;
 class StatusReporter;
 namespace Ui
@@ -59,6 +62,22 @@ public:
     void updateCurrent();
     void updateForce();
 
+    void reloadSequenceInfo();
+    void clearSequenceInfo();
+    void updateSequenceTab();
+    void updateEditCell();
+    /// 0 is all of the groups 1 editors, 2 table and rows, 3 Load, 4 Save, 5 Run, 6 Stop.
+    void enableWidgetsForSequenceTab(int group, bool enable);
+    void SwapSequenceRow(int row, int other);
+    void tabSequence_handleSpeedEdit(unsigned char finger);
+    void tabSequence_handleSliderMoved(unsigned char finger, int value);
+    void tabSequence_handleSliderReleased(unsigned char finger);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+public slots:
+    void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -94,16 +113,42 @@ private slots:
     VANTO_DECLARE_FINGER_SLOTS(verticalSlider_RunPos, sliderReleased, ())
     VANTO_DECLARE_FINGER_SLOTS(pushButton_RunSetPos, clicked, ())
 
+    void on_pushButton_SeqInsert_clicked();
+    void on_pushButton_SeqDelete_clicked();
+    void on_pushButton_SeqUp_clicked();
+    void on_pushButton_SeqDown_clicked();
+    void on_pushButton_SeqRun_clicked();
+    void on_pushButton_SeqStop_clicked();
+    void on_pushButton_SeqLoad_clicked();
+    void on_pushButton_SeqSave_clicked();
+    // Hands do not store sequences yet.
+    void on_pushButton_SeqReadFromDev_clicked() {}
+    void on_pushButton_SeqWriteToDev_clicked() {}
+    void on_pushButton_SeqRunOnDev_clicked() {}
+    void on_pushButton_SeqStopOnDev_clicked() {}
+    void on_tableWidget_Seq_cellDoubleClicked(int row, int column);
+    void on_tableWidget_Seq_currentCellChanged(int row, int column, int previousRow,
+                                               int previousColumn);
+    void on_lineEdit_SeqDelay_editingFinished();
+    void on_comboBox_SeqPosOrAngle_currentIndexChanged(int index);
+    VANTO_DECLARE_FINGER_SLOTS(lineEdit_SeqSpeed, editingFinished, ())
+    VANTO_DECLARE_FINGER_SLOTS(verticalSlider_SeqPos, sliderMoved, (int value))
+    VANTO_DECLARE_FINGER_SLOTS(verticalSlider_SeqPos, sliderReleased, ())
+
 private:
+    void alignWidths();
     void showAbout();
 
     std::unique_ptr<Ui::MainWindow> ui;
     std::unique_ptr<DeviceSession> m_session;
     StatusReporter* m_reporter;
     PageTimers* m_timers;
+    SequenceManager* m_sequenceManager;
+    SequencePlayer* m_sequencePlayer;
     std::unique_ptr<BasicTab> m_basicTab;
     std::unique_ptr<SettingTab> m_settingTab;
     std::unique_ptr<RunTab> m_runTab;
+    std::unique_ptr<SequenceTab> m_sequenceTab;
     std::unique_ptr<DeviceConnector> m_connector;
     std::unique_ptr<DeviceScanner> m_scanner;
     std::future<void> m_portListing; ///< its end is awaited before the rooms are gone

@@ -13,7 +13,7 @@
 
 namespace
 {
-constexpr int AwaitMs = 5000;
+constexpr int AwaitMs = 20000;
 constexpr int EventSliceMs = 10;
 
 QString textOf(const QDialog& dialog)

@@ -1,6 +1,7 @@
 #include "steps.h"
 
 #include "fingersteps.h"
+#include "sequencestep.h"
 #include "theme.h"
 
 #include <QAbstractItemModel>
@@ -268,10 +269,19 @@ QString wire(Stage& stage)
 }
 
 constexpr std::array steps{
-    Step{"start", start}, Step{"theme", theme}, Step{"port", port},
-    Step{"scan", scan},   Step{"open", open},   Step{"pages", pages},
-    Step{"basic", basic}, Step{"beep", beep},   Step{"setting", settingPage},
-    Step{"run", runPage}, Step{"id", setId},    Step{"rescan", rescan},
+    Step{"start", start},
+    Step{"theme", theme},
+    Step{"port", port},
+    Step{"scan", scan},
+    Step{"open", open},
+    Step{"pages", pages},
+    Step{"basic", basic},
+    Step{"beep", beep},
+    Step{"setting", settingPage},
+    Step{"run", runPage},
+    Step{"sequence", sequencePage},
+    Step{"id", setId},
+    Step{"rescan", rescan},
     Step{"wire", wire},
 };
 } // namespace

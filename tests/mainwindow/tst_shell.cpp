@@ -61,7 +61,7 @@ void TestShell::everySlotIsConnected()
         }
         QVERIFY2(connected, name.constData());
     }
-    QCOMPARE(found, 16 + 9 * 6);
+    QCOMPARE(found, 32 + 12 * 6);
 }
 
 void TestShell::about()

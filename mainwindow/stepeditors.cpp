@@ -1,0 +1,75 @@
+#include "stepeditors.h"
+
+#include "fingerwidgets.h"
+#include "numbertext.h"
+#include "positionmode.h"
+#include "ui_mainwindow.h"
+
+StepEditors::StepEditors(Ui::MainWindow* ui, QWidget* window)
+    : m_ui(ui),
+      m_sliders(fingerWidgets<QSlider>(window, "verticalSlider_SeqPos")),
+      m_positions(fingerWidgets<QLineEdit>(window, "lineEdit_SeqPos")),
+      m_speeds(fingerWidgets<QLineEdit>(window, "lineEdit_SeqSpeed"))
+{
+    QList<QWidget*> order(m_sliders.begin(), m_sliders.end());
+    order += QList<QWidget*>(m_positions.begin(), m_positions.end());
+    order += QList<QWidget*>(m_speeds.begin(), m_speeds.end());
+    order += {ui->lineEdit_SeqDelay, ui->comboBox_SeqPosOrAngle};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    followMode();
+}
+
+bool StepEditors::inPositionMode() const
+{
+    return PositionMode::isChosen(m_ui->comboBox_SeqPosOrAngle);
+}
+
+void StepEditors::followMode()
+{
+    PositionMode::apply(inPositionMode(), m_ui->label_SeqTicksOrDegree, m_sliders);
+}
+
+void StepEditors::show(const SequenceDataItem& step)
+{
+    clear();
+    m_ui->lineEdit_SeqDelay->setText(QString::number(step.delay));
+    for (std::uint8_t f = 0; f < FingerCount; ++f) {
+        if (f < step.speed.size())
+            m_speeds[f]->setText(QString::number(step.speed[f]));
+        if (f < step.position.size())
+            setValue(f, step.position[f]);
+    }
+}
+
+void StepEditors::clear()
+{
+    m_ui->lineEdit_SeqDelay->clear();
+    for (std::size_t f = 0; f < FingerCount; ++f) {
+        m_positions[f]->clear();
+        m_speeds[f]->clear();
+        m_sliders[f]->setValue(0);
+    }
+}
+
+void StepEditors::showValue(std::uint8_t finger, int value)
+{
+    m_positions[finger]->setText(inPositionMode()
+                                     ? QString::number(static_cast<std::uint16_t>(value))
+                                     : NumberText::fromAngle(static_cast<std::int16_t>(value)));
+}
+
+void StepEditors::setValue(std::uint8_t finger, int value)
+{
+    m_sliders[finger]->setValue(value);
+    showValue(finger, value);
+}
+
+void StepEditors::setEnabled(bool enabled)
+{
+    for (std::size_t f = 0; f < FingerCount; ++f) {
+        m_speeds[f]->setReadOnly(!enabled);
+        m_sliders[f]->setEnabled(enabled);
+    }
+    m_ui->lineEdit_SeqDelay->setEnabled(enabled);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "fingers.h"
+#include "sequencedata.h"
+
+class QLineEdit;
+class QSlider;
+class QWidget;
+namespace Ui
+{
+class MainWindow;
+}
+
+/// The fields and sliders that show one step of the sequence.
+class StepEditors
+{
+public:
+    StepEditors(Ui::MainWindow* ui, QWidget* window);
+
+    bool inPositionMode() const;
+    /// Sets unit and ranges to those of the mode that is chosen.
+    void followMode();
+
+    /// Shows a step; what it lacks is shown empty.
+    void show(const SequenceDataItem& step);
+    void clear();
+    /// Only the read-out of a finger's slider.
+    void showValue(std::uint8_t finger, int value);
+    /// Slider and read-out.
+    void setValue(std::uint8_t finger, int value);
+    void setEnabled(bool enabled);
+
+    QSlider* slider(std::uint8_t finger) const { return m_sliders[finger]; }
+    QLineEdit* speed(std::uint8_t finger) const { return m_speeds[finger]; }
+
+private:
+    Ui::MainWindow* m_ui;
+    PerFinger<QSlider*> m_sliders;
+    PerFinger<QLineEdit*> m_positions;
+    PerFinger<QLineEdit*> m_speeds;
+};

@@ -1,0 +1,95 @@
+#include "steptable.h"
+
+#include "fingers.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+namespace
+{
+/// By finger: the thumb root stands first, as it does on the hand.
+constexpr PerFinger<int> ColumnOf{1, 2, 3, 4, 5, 0};
+} // namespace
+
+MyQTableWidgetItem::~MyQTableWidgetItem() = default;
+
+StepTable::StepTable(QWidget* parent) : QTableWidget(parent)
+{
+    // A height of its own for every row would be asked of every cell of a long sequence.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+void StepTable::setSteps(const QList<SequenceDataItem>& steps)
+{
+    const QSignalBlocker quiet(this);
+    setUpdatesEnabled(false);
+    setRowCount(0);
+    setRowCount(static_cast<int>(steps.size()));
+    for (int row = 0; row < rowCount(); ++row)
+        fillRow(row, steps[row].position);
+    setCurrentCell(-1, -1);
+    setUpdatesEnabled(true);
+}
+
+void StepTable::insertStep(int row, const QList<int>& positions)
+{
+    const QSignalBlocker quiet(this);
+    insertRow(row);
+    fillRow(row, positions);
+}
+
+void StepTable::removeStep(int row)
+{
+    const QSignalBlocker quiet(this);
+    removeRow(row);
+}
+
+void StepTable::swapSteps(int row, int other)
+{
+    const QSignalBlocker quiet(this);
+    for (int column = 0; column < columnCount(); ++column) {
+        QTableWidgetItem* moved = takeItem(row, column);
+        setItem(row, column, takeItem(other, column));
+        setItem(other, column, moved);
+    }
+}
+
+void StepTable::setValue(int row, int finger, int value)
+{
+    auto* cell = new MyQTableWidgetItem(QString::number(value));
+    cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setItem(row, ColumnOf[static_cast<std::size_t>(finger)], cell);
+}
+
+void StepTable::showStep(int row)
+{
+    const QSignalBlocker quiet(this);
+    setCurrentCell(row, 0);
+}
+
+void StepTable::clearCurrent()
+{
+    const QSignalBlocker quiet(this);
+    clearSelection();
+    setCurrentCell(-1, -1);
+}
+
+void StepTable::fillRow(int row, const QList<int>& positions)
+{
+    const int known = std::min(static_cast<int>(positions.size()), static_cast<int>(FingerCount));
+    for (int finger = 0; finger < known; ++finger)
+        setValue(row, finger, positions[finger]);
+}
+
+void StepTable::focusInEvent(QFocusEvent* event)
+{
+    // Without a current cell the view would look for a first one.
+    const QScopedValueRollback taking(m_takesFocus, true);
+    QTableWidget::focusInEvent(event);
+}
+
+QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    return m_takesFocus ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "sequencedata.h"
+#include "vantoprotocol.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+/// Plays a sequence on one hand: sends a step, polls until all fingers have arrived and the step's
+/// delay has run out, goes on to the next. Stops at the end, at a failure of the hand, and when a
+/// finger draws too much current.
+///
+/// Every call of the hand processes events while it waits, so stop(), even stop() and play(), can
+/// come in the middle of play(), a poll or a step that is being sent. Each run has a number; after
+/// each call of the hand, and after each signal, whoever finds that the number has changed leaves
+/// without a word and without sending.
+class SequencePlayer : public QObject
+{
+    Q_OBJECT
+public:
+    explicit SequencePlayer(QObject* parent = nullptr);
+
+    /// Does not stop a run: a poll that is under way ends on the hand that it began with, the next
+    /// one asks the new hand.
+    void setVantoProtocol(std::shared_ptr<VantoProtocol> protocol, int node);
+
+    /// Plays the steps from `startIndex` to before `endIndex`, or to the last one if that is
+    /// negative. With `playForEdit` the fingers but the thumb root are stretched first. If both
+    /// indices are the same the step is sent, and only when playing for edit waited for.
+    /// False when it is playing already, there is no hand or no such step, when the first step
+    /// could not be sent whole or stop() came meanwhile; then it does not play.
+    bool play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit);
+    /// From here on nothing more is sent, whatever is under way. Told by the signal if it played.
+    void stop();
+
+    bool isPlaying() const { return m_timer.isActive(); }
+    int getPlayingSequenceIndex() const { return m_playingIndex; }
+    /// Of the last play().
+    bool isPlayForEdit() const { return m_playForEdit; }
+
+public slots:
+    /// One poll. Skipped while another conversation is under way. A poll that takes longer than the
+    /// timer's interval is followed by the next one at once.
+    void updatePlay();
+
+signals:
+    /// `periodInMS` is the time since the previous step was sent, or at a stop since the present
+    /// one was. `errMsg` is why it stopped, empty at the end and when somebody stopped it.
+    void sig_updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
+
+private:
+    /// What a play() or a poll works with from its beginning to its end.
+    struct Turn {
+        std::shared_ptr<VantoProtocol> protocol;
+        quint8 node;
+        quint64 run;
+    };
+
+    Turn beginTurn() const { return {m_protocol, static_cast<quint8>(m_node), m_run}; }
+    bool wanted(const Turn& turn) const { return turn.run == m_run; }
+    void poll(const Turn& turn);
+    bool inPositionMode() const;
+    /// Sends a step, or the pose before it. False when not all of it was sent.
+    bool setupVanto(int sequenceIndex, bool prepare, const Turn& turn);
+    bool currentsAreSafe(const Turn& turn);
+    bool haveArrived(const Turn& turn);
+    /// False after a failure, which stops the player and is reported, and when no longer wanted.
+    bool succeeded(const char* functionName, quint8 result, const Turn& turn);
+    void _stop(const QString& errMsg);
+    static QString _getErrorMsg(const QString& functionName, quint8 result, const Turn& turn);
+
+    std::shared_ptr<VantoProtocol> m_protocol;
+    int m_node = 0;
+    SequenceData m_data; ///< a copy, so that edits do not reach what is played
+    QTimer m_timer;
+    quint64 m_run = 0; ///< raised by every play() and stop()
+    int m_playingIndex = 0;
+    int m_endIndex = 0;
+    qint64 m_stepStart = 0; ///< ms since the epoch
+    bool m_playForEdit = false;
+    bool m_preparing = false;
+};

@@ -1,0 +1,402 @@
+#include "handtest.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QRandomGenerator>
+#include <QSlider>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTimer>
+
+namespace
+{
+constexpr int SequencePage = 4;
+constexpr const char* TwoSteps = R"({"version":1,"position_type":"position","sequences":[
+ {"delay":0,"position":[1000,2000,3000,4000,5000,6000],"speed":[255,254,253,252,251,250]},
+ {"delay":40,"position":[10,20,30,40,50,60],"speed":[1,2,3,4,5,255]}]})";
+const QStringList StretchedPose{"4c 000000ff", "4c 010000ff", "4c 020000ff", "4c 030000ff",
+                                "4c 040000ff"};
+const QStringList FirstStep{"4c 00e803ff", "4c 01d007fe", "4c 02b80bfd",
+                            "4c 03a00ffc", "4c 048813fb", "4c 057017fa"};
+} // namespace
+
+/// The Sequence tab in the real window.
+class TestSequence : public HandTest
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup() { close(); }
+    void insertTakesThePose();
+    void enabling();
+    void selectingPlaysForEdit();
+    void runs_data();
+    void runs();
+    void nothingElseMoves();
+    void rowsMoveAndGo();
+    void editors_data();
+    void editors();
+    void sliderReleaseStores();
+    void typedBelongsToItsRow();
+    void loadAndSave();
+    void shortSteps();
+    void stopEndsEverything_data();
+    void stopEndsEverything();
+    void overCurrent();
+
+private:
+    QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
+    QTabWidget* pages() const { return m_tool->find<QTabWidget>("tabWidget"); }
+    QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
+    QString row(int row) const;
+    void load(const QByteArray& json) const;
+    void select(int row) const;
+};
+
+void TestSequence::init()
+{
+    open({"--node", "2", "--speed", "50"});
+    pages()->setCurrentIndex(SequencePage);
+    forget();
+}
+
+QString TestSequence::row(int row) const
+{
+    QStringList cells;
+    for (int column = 0; column < 6; ++column)
+        cells.append(table()->item(row, column) ? table()->item(row, column)->text() : "-");
+    return cells.join(' ');
+}
+
+void TestSequence::load(const QByteArray& json) const
+{
+    QFile file("given.json");
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write(json);
+    file.close();
+    DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
+        QCOMPARE(dialog->windowTitle(), "Choose json file");
+        QCOMPARE(dialog->nameFilters(), QStringList{"Sequence files (*.json)"});
+        dialog->selectFile(QFileInfo("given.json").absoluteFilePath());
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    m_tool->click("pushButton_SeqLoad");
+    QCOMPARE(answer.count(), 1);
+    m_tool->window()->activateWindow(); // the dialog was the active one
+    QVERIFY(QTest::qWaitForWindowActive(m_tool->window()));
+}
+
+/// As a click does it; returns when the hand has taken the step's pose.
+void TestSequence::select(int row) const
+{
+    table()->setCurrentCell(row, 0);
+    QTRY_VERIFY(table()->isEnabled());
+    m_hand->forgetTrace();
+}
+
+void TestSequence::insertTakesThePose()
+{
+    tell("set 2 position 1 4660");
+    m_tool->click("pushButton_SeqInsert");
+    QCOMPARE(row(0).section(' ', 1, 2).section(' ', 1), "4660");
+    QCOMPARE(motions(), QStringList()); // not before the row is selected
+    QTRY_COMPARE(motions().size(), 11);
+    QCOMPARE(motions().first(5), StretchedPose);
+    QCOMPARE(motions()[6], "4c 013412ff");
+    QTRY_COMPARE(m_tool->field("lineEdit_SeqPos1"), "4660");
+    QCOMPARE(m_tool->field("lineEdit_SeqSpeed5") + ' ' + m_tool->field("lineEdit_SeqDelay"),
+             "255 0");
+    m_tool->click("pushButton_SeqInsert");
+    QTRY_COMPARE(table()->currentRow(), 1);
+    table()->setCurrentCell(-1, -1);
+    QTRY_VERIFY(m_tool->enabled("pushButton_SeqInsert"));
+    tell("fault refuse command=0x0f"); // is passed over in silence
+    m_tool->forgetShownTexts();
+    m_tool->click("pushButton_SeqInsert");
+    QCOMPARE(row(1), "0 0 0 0 0 0");       // after the first when none is current
+    m_tool->click("pushButton_SeqDelete"); // so that nothing is selected any more
+    QCOMPARE(shown(), QStringList());
+}
+
+void TestSequence::enabling()
+{
+    const QStringList controls{
+        "verticalSlider_SeqPos3", "lineEdit_SeqDelay",  "tableWidget_Seq",
+        "pushButton_SeqInsert",   "pushButton_SeqLoad", "pushButton_SeqSave",
+        "pushButton_SeqRun",      "pushButton_SeqStop", "comboBox_SeqPosOrAngle"};
+    const auto enabled = [&] {
+        QString marks;
+        for (const QString& name : controls)
+            marks += m_tool->enabled(qPrintable(name)) ? '1' : '0';
+        return marks + (m_tool->find<QLineEdit>("lineEdit_SeqSpeed2")->isReadOnly() ? 'r' : 'w');
+    };
+    QCOMPARE(enabled(), "001110001r"); // empty
+    load(TwoSteps);
+    QCOMPARE(enabled(), "001111100r"); // no row
+    select(0);
+    QCOMPARE(enabled(), "111111100w"); // a row
+    tell("set 2 position 0 60000");
+    m_tool->find<QLineEdit>("lineEdit_SeqDelay")->setText("60000");
+    emit m_tool->find<QLineEdit>("lineEdit_SeqDelay")->editingFinished();
+    m_tool->click("pushButton_SeqRun");
+    QCOMPARE(enabled(), "000000010r"); // playing
+    m_tool->click("pushButton_SeqStop");
+    QCOMPARE(enabled(), "111111100w");
+    m_tool->window()->closeDevice();
+    m_tool->window()->updateSequenceTab();
+    QCOMPARE(enabled(), "000000000r"); // no device
+    QVERIFY(m_tool->enabled("pushButton_SeqReadFromDev"));
+}
+
+void TestSequence::selectingPlaysForEdit()
+{
+    load(TwoSteps);
+    table()->setFocus();
+    QTest::keyClick(table(), Qt::Key_Down);
+    QTRY_COMPARE(motions().size(), 11);
+    QCOMPARE(motions(), StretchedPose + FirstStep);
+    QTRY_COMPARE(m_tool->field("lineEdit_SeqPos4"), "5000");
+    QVERIFY(table()->hasFocus());
+    QTest::keyClick(table(), Qt::Key_Up); // there is no row above
+    QCOMPARE(motions().size(), 11);
+    m_hand->forgetTrace();
+    const QPoint cell = table()->visualItemRect(table()->item(0, 0)).center();
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell);
+    QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cell);
+    QCOMPARE(motions(), FirstStep);
+    QCOMPARE(frames({0x0F}), QStringList()); // sent once and not followed
+}
+
+void TestSequence::runs_data()
+{
+    QTest::addColumn<int>("current");
+    QTest::addColumn<int>("sent");
+    QTest::newRow("no row") << -1 << 12;
+    QTest::newRow("first") << 0 << 12;
+    QTest::newRow("last starts at the top") << 1 << 12;
+    QTest::newRow("middle") << 2 << 12;
+}
+
+void TestSequence::runs()
+{
+    QFETCH(int, current);
+    QByteArray json = TwoSteps;
+    if (current == 2) { // the second of three
+        json.replace("\"sequences\":[",
+                     R"("sequences":[{"position":[9,9,9,9,9,9],"speed":[9,9,9,9,9,9]},)");
+        current = 1;
+    }
+    load(json);
+    if (current >= 0)
+        select(current);
+    m_tool->click("pushButton_SeqRun");
+    QTRY_VERIFY(!m_tool->enabled("pushButton_SeqStop"));
+    QTEST(static_cast<int>(motions().size()), "sent");
+    QCOMPARE(motions().first(6), FirstStep);
+    QCOMPARE(motions().constLast(), "4c 053c00ff");
+    QCOMPARE(table()->currentRow(), table()->rowCount() - 1);
+    QCOMPARE(m_tool->field("lineEdit_SeqPos5"), "60"); // of the row that is current now
+}
+
+void TestSequence::nothingElseMoves()
+{
+    load(TwoSteps);
+    pages()->setCurrentIndex(0);
+    pages()->setCurrentIndex(SequencePage);
+    QVERIFY(table()->hasFocus());
+    for (const auto key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_F2})
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : table(), key);
+    table()->clearFocus();
+    table()->setFocus();
+    for (const char* button : {"ReadFromDev", "WriteToDev", "RunOnDev", "StopOnDev", "Delete"})
+        m_tool->click(qPrintable(QString("pushButton_Seq") + button));
+    QCOMPARE(table()->currentRow(), -1);
+    load(TwoSteps);
+    select(0);
+    m_tool->click("pushButton_SeqDelete");
+    QCOMPARE(table()->rowCount(), 1);
+    QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // the row that has come up
+    QTest::qWait(50);
+    QCOMPARE(frames(), QStringList());
+}
+
+void TestSequence::rowsMoveAndGo()
+{
+    load(TwoSteps);
+    select(0);
+    m_tool->click("pushButton_SeqDown");
+    QCOMPARE(row(1), "6000 1000 2000 3000 4000 5000");
+    QTRY_COMPARE(motions().size(), 11);
+    QCOMPARE(motions().last(6), FirstStep); // it is still that step that is selected
+    QTRY_VERIFY(table()->isEnabled());
+    m_hand->forgetTrace();
+    m_tool->click("pushButton_SeqDown"); // is the last
+    QCOMPARE(motions(), QStringList());
+    m_tool->click("pushButton_SeqUp");
+    QTRY_COMPARE(motions().size(), 11);
+    QCOMPARE(row(1), "60 10 20 30 40 50");
+    QTRY_COMPARE(m_tool->field("lineEdit_SeqPos0"), "1000");
+}
+
+void TestSequence::editors_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("stored");
+    const auto row = [](const char* field, const char* typed, const char* shown,
+                        const char* stored) {
+        QTest::addRow("%s %s", field, typed) << QString("lineEdit_Seq") + field << QString(typed)
+                                             << QString(shown) << QString(stored);
+    };
+    row("Delay", "70000", "65535", "65535");
+    row("Delay", "-3", "0", "0");
+    row("Delay", "x", "x", "0");
+    row("Delay", "99999999999", "99999999999", "0");
+    row("Delay", "250", "250", "250");
+    row("Speed4", "0", "1", "1");
+    row("Speed4", "300", "255", "255");
+    row("Speed4", "", "1", "1");
+    row("Speed4", "17", "17", "17");
+}
+
+void TestSequence::editors()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, typed);
+    load(TwoSteps);
+    select(0);
+    auto* edit = m_tool->find<QLineEdit>(qPrintable(field));
+    edit->setFocus();
+    edit->setText(typed);
+    QTest::keyClick(edit, Qt::Key_Return);
+    QTEST(edit->text(), "shown");
+    select(1);
+    table()->setCurrentCell(0, 0);
+    m_tool->click("pushButton_SeqStop"); // it may last as long as the delay
+    QTEST(edit->text(), "stored");
+}
+
+void TestSequence::sliderReleaseStores()
+{
+    load(TwoSteps);
+    select(0);
+    auto* slider = m_tool->find<QSlider>("verticalSlider_SeqPos2");
+    slider->setSliderDown(true);
+    slider->setSliderPosition(30000);
+    QCOMPARE(m_tool->field("lineEdit_SeqPos2"), "30000");
+    QCOMPARE(motions(), QStringList());
+    slider->setSliderDown(false);
+    QCOMPARE(frames({0x4C, 0x0B}), (QStringList{"4c 023075fd", "0b 02"}));
+    QCOMPARE(row(0), "6000 1000 2000 30000 4000 5000");
+
+    for (const auto& [command, operation] : {std::pair{"0x4c", "set"}, {"0x0b", "get"}}) {
+        tell(QString("fault refuse error=0x07 command=") + command);
+        slider->setSliderDown(true);
+        slider->setSliderPosition(50000);
+        slider->setSliderDown(false);
+        QCOMPARE(m_tool->errorText(),
+                 QString("%1FingerPos(0x02, ...) returned 0xff (sub err 07)").arg(operation));
+        QCOMPARE(row(0), "6000 1000 2000 30000 4000 5000");
+    }
+}
+
+/// Qt tells that editing has finished when a field is disabled, too.
+void TestSequence::typedBelongsToItsRow()
+{
+    load(TwoSteps);
+    select(0);
+    auto* delay = m_tool->find<QLineEdit>("lineEdit_SeqDelay");
+    delay->setFocus();
+    delay->setText("777");
+    select(1); // not by a click, which would have taken the focus before
+    QCOMPARE(delay->text(), "40");
+    select(0);
+    QCOMPARE(delay->text(), "777");
+}
+
+void TestSequence::loadAndSave()
+{
+    load(R"({"version":1,"position_type":"angle","sequences":[
+        {"position":[-1000,9999,2,3,4,-200],"speed":[1,2,3,4,5,6],"delay":7}]})");
+    QCOMPARE(m_tool->find<QComboBox>("comboBox_SeqPosOrAngle")->currentIndex(), 1);
+    QCOMPARE(m_tool->find<QLabel>("label_SeqTicksOrDegree")->text(), "degree");
+    QCOMPARE(m_tool->find<QSlider>("verticalSlider_SeqPos1")->minimum(), 9100);
+    select(0);
+    QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "-10.00");
+    load(R"({"version":2})");
+    QCOMPARE(row(0), "-200 -1000 9999 2 3 4");
+    QCOMPARE(shown(), QStringList());
+
+    DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
+        dialog->selectFile(QDir::current().absoluteFilePath("saved")); // without the extension
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    m_tool->click("pushButton_SeqSave");
+    QFile saved("saved.json");
+    QVERIFY(saved.open(QFile::ReadOnly));
+    QVERIFY(saved.readAll().contains("\"position_type\": \"angle\""));
+    m_hand->forgetTrace();
+    m_tool->click("pushButton_SeqRun"); // the only step: sent once
+    QCOMPARE(frames().size(), 6);
+    QCOMPARE(frames().constFirst(), "4d 0018fc01");
+}
+
+void TestSequence::shortSteps()
+{
+    load(
+        R"({"version":1,"position_type":"position","sequences":[{"position":[5,6],"speed":[9]}]})");
+    QCOMPARE(row(0), "- 5 6 - - -");
+    select(0);
+    QCOMPARE(m_tool->field("lineEdit_SeqPos1") + '|' + m_tool->field("lineEdit_SeqPos2") + '|' +
+                 m_tool->field("lineEdit_SeqSpeed1"),
+             "6||");
+    m_tool->click("pushButton_SeqRun");
+    QCOMPARE(motions(), QStringList{"4c 00050009"});
+}
+
+void TestSequence::stopEndsEverything_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"Stop", "page", "port", "device", "Refresh"})
+        QTest::newRow(way) << way;
+}
+
+/// At a random moment of a run, also while a step is being sent.
+void TestSequence::stopEndsEverything()
+{
+    QFETCH(QString, way);
+    tell("fault late ms=15 count=0"); // widens the moments inside of exchanges
+    load(TwoSteps);
+    const int wait = QRandomGenerator::global()->bounded(300);
+    QTimer::singleShot(wait, m_tool.get(), [&] {
+        if (way == "Stop")
+            m_tool->find<QPushButton>("pushButton_SeqStop")->click();
+        else if (way == "page")
+            pages()->setCurrentIndex(1);
+        else if (way == "port")
+            m_tool->find<QComboBox>("comboBox_Ports")->setCurrentIndex(-1);
+        else if (way == "device")
+            m_tool->devices()->setCurrentIndex(-1), m_tool->devices()->setCurrentIndex(0);
+        else
+            m_tool->click("pushButton_RefreshPorts");
+        m_hand->forgetTrace();
+    });
+    m_tool->click("pushButton_SeqRun");
+    QTest::qWait(wait + 100);
+    // What was on its way at that moment may still be traced.
+    QVERIFY2(motions().size() <= 1, qPrintable(QString::number(wait) + motions().join('|')));
+    QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
+}
+
+void TestSequence::overCurrent()
+{
+    load(TwoSteps);
+    tell("set 2 current 1 80");
+    m_tool->click("pushButton_SeqRun");
+    QTRY_COMPARE(m_tool->errorText(), "Index has too big current: 80 mA");
+    QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
+}
+
+QTEST_MAIN(TestSequence)
+#include "tst_sequence.moc"

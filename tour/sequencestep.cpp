@@ -1,0 +1,63 @@
+#include "sequencestep.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+
+namespace
+{
+constexpr int BasicPage = 0;
+constexpr int SequencePage = 4;
+constexpr int StepsPlayed = 3; ///< from the end
+constexpr int IndexColumn = 2;
+const QString Example = QStringLiteral(VANTO_EXAMPLES "/wave.json");
+
+DialogWatch::Answer chooseFile(Stage& stage, const QString& name)
+{
+    return [&stage, name](QDialog& dialog) {
+        static_cast<QFileDialog&>(dialog).selectFile(name);
+        stage.takePicture(QStringLiteral("-dialog"), &dialog);
+        dialog.accept();
+    };
+}
+
+QByteArray contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+} // namespace
+
+QString sequencePage(Stage& stage)
+{
+    auto& pages = stage.find<QTabWidget>(QStringLiteral("tabWidget"));
+    auto& table = stage.find<QTableWidget>(QStringLiteral("tableWidget_Seq"));
+    const auto& run = stage.find<QPushButton>(QStringLiteral("pushButton_SeqRun"));
+    pages.setCurrentIndex(SequencePage);
+    stage.withDialog([&] { stage.click(QStringLiteral("pushButton_SeqLoad")); },
+                     chooseFile(stage, Example));
+    const int start = table.rowCount() - StepsPlayed;
+    table.setCurrentCell(start, 0);
+    stage.await(QStringLiteral("the hand takes the step's pose"),
+                [&] { return run.isEnabled() && table.currentRow() == start; });
+    stage.takePicture(QStringLiteral("-edit"));
+    stage.click(run.objectName());
+    stage.await(QStringLiteral("the last step is played"),
+                [&] { return table.currentRow() == table.rowCount() - 1; });
+    stage.takePicture(QStringLiteral("-playing"));
+    stage.await(QStringLiteral("the play ends"), [&] { return run.isEnabled(); });
+    stage.expect(QStringLiteral("the index finger's target"),
+                 stage.askHands(QStringLiteral("get 2 target 1")),
+                 table.item(table.rowCount() - 1, IndexColumn)->text());
+
+    const QString copy = QDir::current().absoluteFilePath(QStringLiteral("copy.json"));
+    stage.withDialog([&] { stage.click(QStringLiteral("pushButton_SeqSave")); },
+                     chooseFile(stage, copy));
+    if (contentOf(copy).isEmpty() || contentOf(copy) != contentOf(Example))
+        stage.complain(QStringLiteral("what is saved is not what was loaded"));
+    pages.setCurrentIndex(BasicPage);
+    return QStringLiteral("%1 of %2 steps played").arg(StepsPlayed).arg(table.rowCount());
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "stage.h"
+
+/// Loads an example, goes to one of its steps, plays from there and saves what it has loaded.
+QString sequencePage(Stage& stage);
