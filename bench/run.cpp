@@ -1,17 +1,14 @@
 // What live reading and clicking cost on the Run page, and a reload of the Setting page.
 
+#include "bench.h"
 #include "figures.h"
-#include "handprocess.h"
-#include "mainwindow.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -36,41 +33,6 @@ constexpr char SetPosition = 0x4C;
 constexpr int CommandAt = 4;
 constexpr int FingerAt = 6;
 constexpr int PositionAt = 7;
-
-/// The real window with a hand open on it.
-class Bench
-{
-public:
-    explicit Bench(const QStringList& options)
-    {
-        if (!m_hand.start(QStringList{QStringLiteral("--node"), QStringLiteral("1")} + options))
-            qFatal("%s", qPrintable(m_hand.errorText()));
-        qputenv("VANTO_PORTS", m_hand.portName().toUtf8());
-        m_window = std::make_unique<MainWindow>();
-        m_window->show();
-        find<QPushButton>("pushButton_RefreshPorts").click();
-        auto& ports = find<QComboBox>("comboBox_Ports");
-        ports.setCurrentIndex(ports.findData(m_hand.portName()));
-        auto& scan = find<QPushButton>("pushButton_ScanDevices");
-        QObject::connect(
-            find<QComboBox>("comboBox_Devices").model(), &QAbstractItemModel::rowsInserted, &scan,
-            [&scan] { scan.click(); }, Qt::QueuedConnection);
-        scan.click();
-    }
-
-    template<class T>
-    T& find(const QString& name) const
-    {
-        return *m_window->findChild<T*>(name);
-    }
-    void showPage(int page) const { find<QTabWidget>("tabWidget").setCurrentIndex(page); }
-    MainWindow& window() const { return *m_window; }
-    HandProcess& hand() { return m_hand; }
-
-private:
-    HandProcess m_hand;
-    std::unique_ptr<MainWindow> m_window;
-};
 
 double medianMs(const std::function<void()>& act)
 {

@@ -4,6 +4,7 @@ namespace
 {
 int s_depth = 0;
 bool s_exchanging = false;
+bool s_abandoned = false;
 } // namespace
 
 Conversation::Conversation()
@@ -32,14 +33,26 @@ Exchange::Exchange()
 {
     Q_ASSERT_X(!s_exchanging, "Exchange", "another exchange is under way");
     s_exchanging = true;
+    s_abandoned = false;
 }
 
 Exchange::~Exchange()
 {
     s_exchanging = false;
+    s_abandoned = false;
 }
 
 bool Exchange::active()
 {
     return s_exchanging;
+}
+
+void Exchange::abandon()
+{
+    s_abandoned = s_exchanging;
+}
+
+bool Exchange::abandoned()
+{
+    return s_abandoned;
 }

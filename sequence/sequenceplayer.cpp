@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QDeadlineTimer>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <cstdlib>
@@ -20,8 +21,12 @@ constexpr int StretchedFingers = 5; ///< by the preparation pose: all but the th
 constexpr int StretchedPosition = 0;
 constexpr int FullSpeed = 255;
 
-constexpr PerFinger<const char*> FingerNames{"Thumb", "Index",  "Middle",
-                                             "Third", "Little", "Thumb root"};
+constexpr PerFinger<const char*> FingerNames{QT_TRANSLATE_NOOP("SequencePlayer", "Thumb"),
+                                             QT_TRANSLATE_NOOP("SequencePlayer", "Index"),
+                                             QT_TRANSLATE_NOOP("SequencePlayer", "Middle"),
+                                             QT_TRANSLATE_NOOP("SequencePlayer", "Third"),
+                                             QT_TRANSLATE_NOOP("SequencePlayer", "Little"),
+                                             QT_TRANSLATE_NOOP("SequencePlayer", "Thumb root")};
 
 qint64 nowMs()
 {
@@ -67,6 +72,7 @@ bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex
     if (isPlaying() || !m_protocol || startIndex < 0 || startIndex >= count)
         return false;
     const Conversation conversation;
+    const QScopedValueRollback sending(m_sending, true);
     ++m_run;
     m_playForEdit = playForEdit;
     m_endIndex = endIndex < 0 ? count : std::min(endIndex, count);
@@ -86,6 +92,8 @@ bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex
 void SequencePlayer::stop()
 {
     ++m_run;
+    if (m_sending)
+        Exchange::abandon();
     if (isPlaying())
         _stop({});
 }
@@ -95,12 +103,13 @@ void SequencePlayer::updatePlay()
     if (!isPlaying() || Conversation::busy())
         return;
     if (!m_protocol) {
-        _stop(QStringLiteral("No VANTO"));
+        _stop(tr("No VANTO"));
         return;
     }
     const QDeadlineTimer nextBeat(PollIntervalMs, Qt::PreciseTimer);
     {
         const Conversation conversation;
+        const QScopedValueRollback sending(m_sending, true);
         poll(beginTurn());
     }
     // The beats that fell into a long poll are lost. Posted after the end of the conversation, so
@@ -170,8 +179,9 @@ bool SequencePlayer::currentsAreSafe(const Turn& turn)
                        turn.protocol->getFingerCurrent(turn.node, finger, &current), turn))
             return false;
         if (current > CurrentLimitMa) {
-            _stop(QString::asprintf("%s has too big current: %d mA", FingerNames.at(finger),
-                                    int{current}));
+            _stop(tr("%s has too big current: %d mA")
+                      .replace(QLatin1String("%s"), tr(FingerNames.at(finger)))
+                      .replace(QLatin1String("%d"), QString::number(current)));
             return false;
         }
     }
@@ -220,7 +230,7 @@ void SequencePlayer::_stop(const QString& errMsg)
 QString SequencePlayer::_getErrorMsg(const QString& functionName, quint8 result, const Turn& turn)
 {
     if (result == ResultCode::Timeout)
-        return QStringLiteral("TIME OUT");
+        return tr("TIME OUT");
     const quint8 subError = turn.protocol->getNodeError(turn.node);
     return tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
         .arg(functionName, hex(turn.node), hex(result), hex(subError));

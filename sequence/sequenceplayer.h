@@ -75,7 +75,8 @@ private:
     int m_node = 0;
     SequenceData m_data; ///< a copy, so that edits do not reach what is played
     QTimer m_timer;
-    quint64 m_run = 0; ///< raised by every play() and stop()
+    bool m_sending = false; ///< one of its own exchanges may be under way
+    quint64 m_run = 0;      ///< raised by every play() and stop()
     int m_playingIndex = 0;
     int m_endIndex = 0;
     qint64 m_stepStart = 0; ///< ms since the epoch

@@ -1,5 +1,7 @@
 #include "modbusrtuclientqt.h"
 
+#include "conversation.h"
+
 #include <QDebug>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -121,6 +123,13 @@ ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std
     return exchange({slave, start, true, values}, reply);
 }
 
+QModbusReply* ModBusRTUClientQT::send(const Request& request)
+{
+    const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
+    return request.isWrite ? m_client.sendWriteRequest(registers, request.slave)
+                           : m_client.sendReadRequest(registers, request.slave);
+}
+
 ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply& reply)
 {
     const int timeoutMs = request.isWrite ? WriteTimeoutMs : ReadTimeoutMs;
@@ -130,15 +139,20 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
     QElapsedTimer timer;
     timer.start();
-    const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
-    QModbusReply* const pending = request.isWrite
-                                      ? m_client.sendWriteRequest(registers, request.slave)
-                                      : m_client.sendReadRequest(registers, request.slave);
-    if (!pending) {
-        qDebug().noquote() << m_client.errorString();
-        return translateError(m_client.error());
+    // A write may move a finger, and somebody may want the hand to stop meanwhile; the Qt client's
+    // own repetition could not be held back.
+    m_client.setNumberOfRetries(request.isWrite ? 0 : Retries);
+    const int tries = request.isWrite ? 1 + Retries : 1;
+    for (int i = 0; i < tries; ++i) {
+        QModbusReply* const pending = send(request);
+        if (!pending) {
+            qDebug().noquote() << m_client.errorString();
+            return translateError(m_client.error());
+        }
+        reply = take(pending, m_waiting);
+        if (reply.error != QModbusDevice::TimeoutError || !alive || Exchange::abandoned())
+            break;
     }
-    reply = take(pending, m_waiting);
     if (alive && (mayBeStale || timer.hasExpired(timeoutMs))) {
         m_unsettled = request;
         m_unsettledUntil.setRemainingTime(settlingMs(request.isWrite, mayBeStale));

@@ -10,10 +10,17 @@ bool RegisterAccess::good() const
     return m_result == ResultCode::Success;
 }
 
+bool RegisterAccess::goesOn()
+{
+    if (Exchange::abandoned())
+        m_result = ModBusRTUProtocolV1::translateError(ModBusRTUClient::ReplyAbortedError);
+    return good();
+}
+
 QList<std::uint16_t> RegisterAccess::fetch(int address, std::uint16_t count)
 {
     QList<std::uint16_t> values;
-    if (!good())
+    if (!goesOn())
         return values;
     m_result = ModBusRTUProtocolV1::translateError(
         m_client->readRegisters(m_node, static_cast<std::uint16_t>(address), count, values));
@@ -24,7 +31,7 @@ QList<std::uint16_t> RegisterAccess::fetch(int address, std::uint16_t count)
 
 void RegisterAccess::send(int address, const QList<std::uint16_t>& values)
 {
-    if (!good())
+    if (!goesOn())
         return;
     m_result = ModBusRTUProtocolV1::translateError(
         m_client->writeRegisters(m_node, static_cast<std::uint16_t>(address), values));

@@ -60,6 +60,8 @@ public:
     std::uint8_t result() const { return m_result; }
 
 private:
+    /// Whether the next request is to be sent.
+    bool goesOn();
     /// Empty once a request has failed.
     QList<std::uint16_t> fetch(int address, std::uint16_t count);
     void send(int address, const QList<std::uint16_t>& values);
