@@ -1,6 +1,7 @@
 #include "modbusrtuclientqt.h"
 
 #include "conversation.h"
+#include "modbustrace.h"
 
 #include <QDebug>
 #include <QElapsedTimer>
@@ -42,6 +43,7 @@ struct ModBusRTUClientQT::Reply {
     QModbusDevice::Error error = QModbusDevice::NoError;
     QString errorText;
     Registers values;
+    QModbusResponse raw{};
 };
 
 /// Waits for the reply and disposes of it. The wait also ends when the application quits or the
@@ -59,11 +61,11 @@ ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
         --*waiting;
     }
     if (!reply)
-        return {QModbusDevice::ReplyAbortedError, QStringLiteral("Client destroyed."), {}};
+        return {QModbusDevice::ReplyAbortedError, QStringLiteral("Client destroyed."), {}, {}};
     reply->deleteLater();
     if (!reply->isFinished())
-        return {QModbusDevice::ReplyAbortedError, QStringLiteral("Wait ended."), {}};
-    return {reply->error(), reply->errorString(), reply->result().values()};
+        return {QModbusDevice::ReplyAbortedError, QStringLiteral("Wait ended."), {}, {}};
+    return {reply->error(), reply->errorString(), reply->result().values(), reply->rawResult()};
 }
 
 ModBusRTUClientQT::ModBusRTUClientQT()
@@ -123,8 +125,23 @@ ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std
     return exchange({slave, start, true, values}, reply);
 }
 
+/// The request as the Qt client makes it.
+QModbusRequest ModBusRTUClientQT::pduOf(const Request& request)
+{
+    const auto count = static_cast<std::uint16_t>(request.values.size());
+    if (!request.isWrite)
+        return QModbusRequest(QModbusPdu::ReadHoldingRegisters, request.start, count);
+    if (count == 1)
+        return QModbusRequest(QModbusPdu::WriteSingleRegister, request.start,
+                              request.values.constFirst());
+    return QModbusRequest(QModbusPdu::WriteMultipleRegisters, request.start, count,
+                          static_cast<std::uint8_t>(2 * count), request.values);
+}
+
 QModbusReply* ModBusRTUClientQT::send(const Request& request)
 {
+    if (ModbusTrace::log().isDebugEnabled())
+        ModbusTrace::request(request.slave, pduOf(request));
     const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
     return request.isWrite ? m_client.sendWriteRequest(registers, request.slave)
                            : m_client.sendReadRequest(registers, request.slave);
@@ -150,6 +167,8 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
             return translateError(m_client.error());
         }
         reply = take(pending, m_waiting);
+        if (ModbusTrace::log().isDebugEnabled())
+            ModbusTrace::reply(request.slave, reply.raw, reply.error);
         if (reply.error != QModbusDevice::TimeoutError || !alive || Exchange::abandoned())
             break;
     }

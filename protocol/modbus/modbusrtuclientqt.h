@@ -43,6 +43,7 @@ private:
     struct Reply;
 
     static Reply take(QModbusReply* pending, std::shared_ptr<int> waiting);
+    static QModbusRequest pduOf(const Request& request);
     QModbusReply* send(const Request& request);
     Error exchange(const Request& request, Reply& reply);
     bool makeReady(const Request& request, int timeoutMs);

@@ -4,8 +4,21 @@
 #include "serialport.h"
 #include "timing.h"
 
+#include <QByteArray>
+#include <QLoggingCategory>
+#include <QTime>
+
 namespace
 {
+/// Each frame with time, direction and, for a reply, the result.
+Q_LOGGING_CATEGORY(traceLog, "vanto.serialctrl", QtWarningMsg)
+QByteArray s_traced; ///< what has come in since the request, if that is logged
+
+QString traceTime()
+{
+    return QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
+}
+
 constexpr u8 HostAddress = 1;
 constexpr std::uint16_t StandardTimeoutMs = 50;
 constexpr std::uint16_t WritePidTimeoutMs = 150; ///< the hand stores the gains before it answers
@@ -20,6 +33,13 @@ int SendData(u8 /*node*/, const u8* data, u32 length, HAND_Context* context)
     auto& port = portOf(context);
     // A late reply to an earlier request must not pass for the answer to this one.
     port.clear();
+    if (traceLog().isDebugEnabled()) {
+        s_traced.clear();
+        qCDebug(traceLog).noquote()
+            << traceTime() << "tx"
+            << QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(length))
+                   .toHex(' ');
+    }
     return static_cast<int>(port.write(data, length));
 }
 
@@ -27,8 +47,11 @@ int RecvData(HAND_Context* context)
 {
     auto& port = portOf(context);
     u8 byte = 0;
-    while (port.bytesAvailable() >= 1 && port.read(&byte, 1) == 1)
+    while (port.bytesAvailable() >= 1 && port.read(&byte, 1) == 1) {
+        if (traceLog().isDebugEnabled())
+            s_traced += static_cast<char>(byte);
         HAND_OnData(context, byte);
+    }
     return 0;
 }
 } // namespace
@@ -60,6 +83,8 @@ u8 SerialProtocolV3::exchange(Command command, u8 node, Arguments... arguments)
     u8 subError = 0;
     const u32 result = command(context.get(), node, arguments..., &subError);
     setNodeError(node, subError);
+    qCDebug(traceLog).noquote() << traceTime() << "rx" << s_traced.toHex(' ') << "result" << Qt::hex
+                                << Qt::showbase << (result & 0xFF);
     return translateError(result);
 }
 

@@ -1,0 +1,51 @@
+#include "modbustrace.h"
+
+#include <QTime>
+
+namespace
+{
+Q_LOGGING_CATEGORY(traceLog, "vanto.modbus", QtWarningMsg)
+
+constexpr std::uint16_t CrcStart = 0xFFFF;
+constexpr std::uint16_t CrcPolynomial = 0xA001; ///< 0x8005, lowest bit first
+
+/// The frame as it is on the wire: address, function, data, CRC with its low byte first.
+QByteArray frameOf(std::uint8_t slave, const QModbusPdu& pdu)
+{
+    QByteArray frame(1, static_cast<char>(slave));
+    frame +=
+        static_cast<char>(pdu.functionCode() | (pdu.isException() ? QModbusPdu::ExceptionByte : 0));
+    frame += pdu.data();
+    std::uint16_t crc = CrcStart;
+    for (const char byte : frame) {
+        crc = static_cast<std::uint16_t>(crc ^ static_cast<std::uint8_t>(byte));
+        for (int bit = 0; bit < 8; ++bit)
+            crc = static_cast<std::uint16_t>((crc >> 1) ^ ((crc & 1) != 0 ? CrcPolynomial : 0));
+    }
+    frame += static_cast<char>(crc & 0xFF);
+    frame += static_cast<char>(crc >> 8);
+    return frame;
+}
+
+QString now()
+{
+    return QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
+}
+} // namespace
+
+const QLoggingCategory& ModbusTrace::log()
+{
+    return traceLog();
+}
+
+void ModbusTrace::request(std::uint8_t slave, const QModbusPdu& pdu)
+{
+    qCDebug(traceLog).noquote() << now() << "tx" << frameOf(slave, pdu).toHex(' ');
+}
+
+void ModbusTrace::reply(std::uint8_t slave, const QModbusPdu& pdu, int error)
+{
+    qCDebug(traceLog).noquote() << now() << "rx"
+                                << (pdu.isValid() ? frameOf(slave, pdu).toHex(' ') : QByteArray())
+                                << "error" << error;
+}
