@@ -1,8 +1,13 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds what people use and once more with the sanitizers, and runs all
-# tests on the latter. Arguments go to ctest.
+# tests on the latter. Arguments go to ctest. With --package it tries the Debian package instead.
 set -euo pipefail
 cd "$(dirname "$0")"
+
+if [[ ${1:-} == --package ]]; then
+    shift
+    exec scripts/package.sh "$@"
+fi
 
 scripts/packages.sh build window test
 # Optimised code draws warnings of its own.

@@ -1,22 +1,15 @@
 #include "mainwindow.h"
 #include "theme.h"
+#include "translation.h"
 
 #include <QApplication>
-#include <QDebug>
 #include <QLocale>
-#include <QTranslator>
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-
-    const QString translation = QCoreApplication::applicationDirPath() +
-                                QStringLiteral("/i18n/VantoSetting_") + QLocale::system().name();
-    qDebug() << "translation:" << translation;
-    QTranslator translator;
-    // Before the window is built, so that all its texts are translated.
-    if (translator.load(translation))
-        QCoreApplication::installTranslator(&translator);
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.example.vantosetting"));
+    Translation::install(QLocale::system().name());
 
     MainWindow window;
     Theme::applyStored();

@@ -41,8 +41,11 @@ void DeviceConnector::listPorts(const QList<PortEntry>& ports)
     const QSignalBlocker noPortChange(m_ui->comboBox_Ports);
     m_ui->comboBox_Ports->clear();
     forgetDevices();
-    for (const PortEntry& port : ports)
+    for (const PortEntry& port : ports) {
         m_ui->comboBox_Ports->addItem(port.text(), port.name);
+        m_ui->comboBox_Ports->setItemData(m_ui->comboBox_Ports->count() - 1, port.details,
+                                          Qt::ToolTipRole);
+    }
 }
 
 void DeviceConnector::portChanged()

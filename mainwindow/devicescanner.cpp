@@ -3,6 +3,7 @@
 #include "conversation.h"
 #include "deviceconnector.h"
 #include "deviceentry.h"
+#include "portproblem.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "ui_mainwindow.h"
@@ -62,10 +63,17 @@ void DeviceScanner::scan()
     setScanning(true);
     const Outcome outcome = tryNodes(m_connector->currentPortName());
     if (outcome == Outcome::PortNotOpened)
-        QMessageBox::critical(m_window, Program::title(), m_failure);
+        tellThatPortIsClosed();
     setScanning(false);
     if (outcome == Outcome::AllTried || outcome == Outcome::Stopped)
         m_connector->openCurrentDevice();
+}
+
+void DeviceScanner::tellThatPortIsClosed()
+{
+    QMessageBox box(QMessageBox::Critical, Program::title(), m_failure, QMessageBox::Ok, m_window);
+    box.setInformativeText(portProblem(m_connector->currentPortName()));
+    box.exec();
 }
 
 void DeviceScanner::setScanning(bool scanning)

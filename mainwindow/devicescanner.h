@@ -31,6 +31,7 @@ private:
     /// False when the port could not be opened.
     bool tryNode(const QString& port, const DeviceSession::Target& candidate);
     void listIfAnswering(const DeviceSession::Target& candidate);
+    void tellThatPortIsClosed();
     void setScanning(bool scanning);
 
     Ui::MainWindow* m_ui;

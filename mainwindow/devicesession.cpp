@@ -129,11 +129,12 @@ void DeviceSession::enqueue(Job job)
     // result away comes before it.
     if (job.kind == Change::Scan)
         remove(Change::Device);
+    const auto isScan = [](const Job& waiting) { return waiting.kind == Change::Scan; };
+    if (job.kind == Change::Device && std::ranges::any_of(m_waiting, isScan))
+        return;
     const auto later = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job& waiting) {
         return changesConnection(waiting) && *waiting.kind > *job.kind;
     });
-    if (job.kind == Change::Device && later != m_waiting.end())
-        return;
     m_waiting.insert(later, std::move(job));
 }
 

@@ -42,6 +42,7 @@ public:
         RefreshPorts,
         Port,
         Device,
+        Update,
         Scan,
         ReloadBasic,
         ReloadSetting,

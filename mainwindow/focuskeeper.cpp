@@ -1,13 +1,15 @@
 #include "focuskeeper.h"
 
-FocusKeeper::FocusKeeper(QWidget* window)
-    : m_window(window), m_owner(window->focusWidget()), m_movedTo(m_owner)
+FocusKeeper::FocusKeeper(QWidget* window, const QWidget* region)
+    : m_window(window), m_region(region), m_owner(window->focusWidget()), m_movedTo(m_owner)
 {
 }
 
 FocusKeeper::~FocusKeeper()
 {
-    if (m_owner && m_owner->isEnabled() && m_owner->isVisible() &&
-        m_window->focusWidget() == m_movedTo)
+    const QWidget* focus = m_window->focusWidget();
+    const bool leftAlone =
+        focus == m_movedTo || (m_region && focus && m_region->isAncestorOf(focus));
+    if (m_owner && m_owner->isEnabled() && m_owner->isVisible() && leftAlone)
         m_owner->setFocus();
 }

@@ -9,7 +9,9 @@
 class FocusKeeper
 {
 public:
-    explicit FocusKeeper(QWidget* window);
+    /// A move of the focus inside `region` is none of the person's: keys that are held down go on
+    /// there when the control that they were meant for is disabled.
+    explicit FocusKeeper(QWidget* window, const QWidget* region = nullptr);
     ~FocusKeeper();
     FocusKeeper(const FocusKeeper&) = delete;
     FocusKeeper& operator=(const FocusKeeper&) = delete;
@@ -19,6 +21,7 @@ public:
 
 private:
     QWidget* m_window;
+    QPointer<const QWidget> m_region;
     QPointer<QWidget> m_owner;
     QPointer<QWidget> m_movedTo;
 };

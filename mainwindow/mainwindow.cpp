@@ -1,9 +1,11 @@
 #include "mainwindow.h"
 
 #include "basictab.h"
+#include "calibrationprocedure.h"
 #include "deviceconnector.h"
 #include "devicescanner.h"
 #include "devicesession.h"
+#include "firmwareupdater.h"
 #include "pagetimers.h"
 #include "portlist.h"
 #include "program.h"
@@ -50,6 +52,8 @@ MainWindow::MainWindow(QWidget* parent)
     m_sequencePlayer = new SequencePlayer(this);
     m_sequenceTab = std::make_unique<SequenceTab>(ui.get(), this, m_session.get(), m_reporter,
                                                   m_timers, m_sequenceManager, m_sequencePlayer);
+    m_calibration =
+        std::make_unique<CalibrationProcedure>(ui.get(), this, m_session.get(), m_reporter);
     connect(m_sequencePlayer, &SequencePlayer::sig_updatePlaying, this, &MainWindow::updatePlaying);
     m_connector = std::make_unique<DeviceConnector>(
         ui.get(), this, m_session.get(), m_timers,
@@ -57,6 +61,10 @@ MainWindow::MainWindow(QWidget* parent)
                               m_sequenceTab.get()});
     m_scanner = std::make_unique<DeviceScanner>(ui.get(), this, m_session.get(), m_reporter,
                                                 m_connector.get());
+    m_updater = std::make_unique<FirmwareUpdater>(
+        ui.get(), this, m_session.get(), m_reporter, m_connector.get(),
+        [this](int percent) { emit sig_updateProgress(percent); });
+    connect(this, &MainWindow::sig_updateProgress, this, &MainWindow::on_updateProgress);
     connect(m_timers, &PageTimers::sig_runTick, this, &MainWindow::updateCurrent);
     connect(m_timers, &PageTimers::sig_forceTick, this, &MainWindow::updateForce);
     m_connector->forgetDevices();
@@ -116,14 +124,22 @@ void MainWindow::enableWidgetsForBasicTab(bool enable)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    event->accept();
-    on_action_Exit_triggered();
+    event->setAccepted(m_updater->mayEnd());
+    if (event->isAccepted())
+        on_action_Exit_triggered();
 }
 
 void MainWindow::on_action_Exit_triggered()
 {
+    if (!m_updater->mayEnd())
+        return;
     m_session->shutDown();
     QCoreApplication::exit(0);
+}
+
+void MainWindow::on_action_Force_Update_triggered()
+{
+    on_pushButton_BasicUpdateFirmware_clicked();
 }
 
 void MainWindow::on_action_Theme_triggered()
@@ -203,6 +219,21 @@ void MainWindow::on_pushButton_BasicStartInit_clicked()
 void MainWindow::on_pushButton_BasicReset_clicked()
 {
     m_basicTab->resetClicked();
+}
+
+void MainWindow::on_pushButton_BasicUpdateFirmware_clicked()
+{
+    m_updater->updateClicked();
+}
+
+void MainWindow::on_updateProgress(int percent)
+{
+    m_updater->showProgress(percent);
+}
+
+void MainWindow::on_pushButton_BasicRecalibrate_clicked()
+{
+    m_calibration->recalibrateClicked();
 }
 
 void MainWindow::reloadSettingInfo()

@@ -9,9 +9,11 @@
 #include <memory>
 
 class BasicTab;
+class CalibrationProcedure;
 class DeviceConnector;
 class DeviceScanner;
 class DeviceSession;
+class FirmwareUpdater;
 class PageTimers;
 class RunTab;
 class SequenceManager;
@@ -75,7 +77,11 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+signals:
+    void sig_updateProgress(int percent);
+
 public slots:
+    void on_updateProgress(int percent);
     void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
 protected:
@@ -83,6 +89,7 @@ protected:
 
 private slots:
     void on_action_Exit_triggered();
+    void on_action_Force_Update_triggered();
     void on_action_Theme_triggered();
     void on_action_About_triggered();
 
@@ -99,6 +106,8 @@ private slots:
     void on_pushButton_BasicSetBeepSwitch_clicked();
     void on_pushButton_BasicStartInit_clicked();
     void on_pushButton_BasicReset_clicked();
+    void on_pushButton_BasicUpdateFirmware_clicked();
+    void on_pushButton_BasicRecalibrate_clicked();
 
     // Six slots each, for example on_pushButton_SettingReadPID0_clicked().
     VANTO_DECLARE_FINGER_SLOTS(pushButton_SettingReadPID, clicked, ())
@@ -149,7 +158,9 @@ private:
     std::unique_ptr<SettingTab> m_settingTab;
     std::unique_ptr<RunTab> m_runTab;
     std::unique_ptr<SequenceTab> m_sequenceTab;
+    std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<DeviceConnector> m_connector;
     std::unique_ptr<DeviceScanner> m_scanner;
+    std::unique_ptr<FirmwareUpdater> m_updater;
     std::future<void> m_portListing; ///< its end is awaited before the rooms are gone
 };

@@ -7,6 +7,7 @@
 struct PortEntry {
     QString name;        ///< what the port is opened by
     QString description; ///< shown in brackets
+    QString details{};   ///< product, serial number and ids of the adapter, a line each
 
     QString text() const { return QStringLiteral("%1 (%2)").arg(name, description); }
 };

@@ -9,6 +9,7 @@
 #include "statusreporter.h"
 #include "ui_mainwindow.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QKeyEvent>
@@ -48,6 +49,8 @@ SequenceTab::SequenceTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* ses
 {
     m_table->installEventFilter(window);
     QObject::connect(timers, &PageTimers::sig_sequencePageEntered, window, [this] { reload(); });
+    QObject::connect(timers, &PageTimers::sig_sequencePageLeft, window, [this] { ++m_visit; });
+    QObject::connect(player, &SequencePlayer::sig_ended, window, [this] { playEnded(); });
     QObject::connect(timers, &PageTimers::sig_sequencePageLeft, player, &SequencePlayer::stop);
     QObject::connect(session, &DeviceSession::sig_stop, player, &SequencePlayer::stop);
 }
@@ -56,7 +59,7 @@ SequenceTab::~SequenceTab() = default;
 
 bool SequenceTab::isPlaying() const
 {
-    return m_starting || m_player->isPlaying();
+    return m_starting || m_player->isPlaying() || m_player->isSending();
 }
 
 bool SequenceTab::pageIsShown() const
@@ -82,7 +85,8 @@ void SequenceTab::reload()
 void SequenceTab::clear()
 {
     m_table->clearCurrent();
-    m_shown = QModelIndex();
+    ++m_visit; // nothing that was selected before is
+    m_shown = StepTable::NoStep;
     m_editors.clear();
 }
 
@@ -153,34 +157,52 @@ void SequenceTab::updateEditCell()
 {
     const int row = m_table->currentRow();
     if (row < 0) {
-        m_shown = QModelIndex();
+        m_shown = StepTable::NoStep;
         m_editors.clear();
         return;
     }
-    m_shown = m_table->rowIndex(row);
+    m_shown = m_table->idOf(row);
     m_editors.show(m_manager->sequenceData().sequences[row]);
 }
 
-int SequenceTab::shownRow() const
+/// What a person asks for on this page: dropped when the page has been left meanwhile.
+void SequenceTab::ask(std::function<bool()> stillWanted, DeviceSession::Request request)
 {
-    return m_shown.isValid() ? m_shown.row() : -1;
+    if (!pageIsShown())
+        return;
+    m_session->ask([this, stillWanted = std::move(stillWanted),
+                    visit = m_visit] { return isVisit(visit) && stillWanted(); },
+                   std::move(request));
 }
 
-void SequenceTab::play(int start, int end, bool forEdit)
+void SequenceTab::play(const Target& target, int start, int end, bool forEdit)
 {
-    m_session->ask([this] { return m_table->isEnabled() && pageIsShown(); },
-                   [=, this, data = m_manager->sequenceData()](const Target& target) {
-                       // The hand of the click, whatever the Devices list may show by now.
-                       m_player->setVantoProtocol(target.adapter, target.node);
-                       {
-                           const QScopedValueRollback starting(m_starting, true);
-                           m_focus = std::make_unique<FocusKeeper>(m_window);
-                           update();
-                           m_focus->noteMove();
-                           m_player->play(data, start, end, forEdit);
-                       }
-                       update();
-                   });
+    // The hand of the click, whatever the Devices list may show by now.
+    m_player->setVantoProtocol(target.adapter, target.node);
+    {
+        const QScopedValueRollback starting(m_starting, true);
+        m_focus = std::make_unique<FocusKeeper>(m_window, m_ui->tab_Sequence);
+        update();
+        m_focus->noteMove();
+        m_player->play(m_manager->sequenceData(), start, end, forEdit);
+    }
+    playEnded();
+}
+
+/// The row that is meant may go elsewhere or away, or another one be chosen, before its turn comes.
+void SequenceTab::playRow(int row, bool forEdit)
+{
+    if (row < 0)
+        return;
+    ask(
+        [this, step = m_table->idOf(row)] {
+            return m_table->isEnabled() && m_table->rowOf(step) >= 0 &&
+                   m_table->rowOf(step) == m_table->currentRow();
+        },
+        [this, step = m_table->idOf(row), forEdit](const Target& target) {
+            const int now = m_table->rowOf(step);
+            play(target, now, now, forEdit);
+        });
 }
 
 void SequenceTab::runClicked()
@@ -188,7 +210,13 @@ void SequenceTab::runClicked()
     const int rows = m_table->rowCount();
     const int current = std::max(m_table->currentRow(), 0);
     const int start = current == rows - 1 ? 0 : current;
-    play(start, rows == 1 ? start : ToTheEnd, false);
+    ask(
+        [this, edition = m_edition] {
+            return m_ui->pushButton_SeqRun->isEnabled() && edition == m_edition;
+        },
+        [this, start, end = rows == 1 ? start : ToTheEnd](const Target& target) {
+            play(target, start, end, false);
+        });
 }
 
 void SequenceTab::stopClicked()
@@ -198,46 +226,49 @@ void SequenceTab::stopClicked()
 
 void SequenceTab::rowDoubleClicked(int row)
 {
-    if (row >= 0)
-        play(row, row, false);
+    playRow(row, false);
 }
 
 void SequenceTab::currentRowChanged(int row)
 {
-    if (row >= 0)
-        play(row, row, true);
+    playRow(row, true);
 }
 
 void SequenceTab::updatePlaying(bool isPlaying, int sequenceIndex, const QString& errMsg)
 {
     if (isPlaying && !m_player->isPlayForEdit())
         m_table->showStep(sequenceIndex);
-    // After a run, too: it has made another row current than the one that the editors show.
-    if (!isPlaying && !m_player->isPlaying() && m_session->target())
-        updateEditCell();
     if (!errMsg.isEmpty())
         m_reporter->showError(errMsg);
+    playEnded();
+}
+
+/// After a run, too, has another row become current than the one that the editors show.
+void SequenceTab::playEnded()
+{
+    if (!isPlaying() && m_session->target())
+        updateEditCell();
     update();
 }
 
 void SequenceTab::insertClicked()
 {
     const int current = m_table->currentRow();
-    const int row = current >= 0 ? current + 1 : std::min(m_table->rowCount(), 1);
-    m_session->ask([this] { return m_ui->pushButton_SeqInsert->isEnabled() && pageIsShown(); },
-                   [this, row](const Target& target) { insert(target, row); });
+    const quint64 after = m_table->idOf(std::max(current, 0)); // the first row if none is current
+    ask([this] { return m_ui->pushButton_SeqInsert->isEnabled(); },
+        [this, after](const Target& target) { insert(target, after); });
 }
 
-void SequenceTab::insert(const Target& target, int row)
+void SequenceTab::insert(const Target& target, quint64 after)
 {
     m_ui->comboBox_SeqPosOrAngle->setEnabled(false); // the pose is read in its unit
     const QList<int> pose = readPose(target);
     if (!m_session->holds(target))
         return;
-    // Others may have been removed while the hand was asked.
-    row = std::min(row, m_table->rowCount());
+    const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
     m_table->insertStep(row, pose);
     m_manager->insertSequenceDataItem(row, {pose, QList<int>(FingerCount, MaxSpeed), 0});
+    ++m_edition;
     update();
     selectSoon(target, row);
 }
@@ -259,11 +290,15 @@ QList<int> SequenceTab::readPose(const Target& target)
 
 void SequenceTab::selectSoon(const Target& target, int row)
 {
-    QTimer::singleShot(
-        SelectInsertedMs, m_table, [this, target, inserted = m_table->rowIndex(row)] {
-            if (inserted.isValid() && pageIsShown() && m_session->holds(target) && !isPlaying())
-                m_table->setCurrentCell(inserted.row(), 0);
-        });
+    QTimer::singleShot(SelectInsertedMs, m_table,
+                       [this, target, step = m_table->idOf(row), visit = m_visit] {
+                           const int now = m_table->rowOf(step);
+                           // Under a dialog it would have to wait, and come when nobody expects it
+                           // any more.
+                           if (now >= 0 && isVisit(visit) && m_session->holds(target) &&
+                               !isPlaying() && !QApplication::activeModalWidget())
+                               m_table->setCurrentCell(now, 0);
+                       });
 }
 
 void SequenceTab::deleteClicked()
@@ -273,6 +308,7 @@ void SequenceTab::deleteClicked()
         return;
     m_table->removeStep(row);
     m_manager->removeSequenceDataItem(row);
+    ++m_edition;
     updateEditCell();
     update();
 }
@@ -291,15 +327,14 @@ void SequenceTab::moveRowClicked(int distance)
 void SequenceTab::swapRows(int row, int other)
 {
     m_table->swapSteps(row, other);
-    if (shownRow() == row)
-        m_shown = m_table->rowIndex(other);
+    ++m_edition;
 }
 
 /// Changes the step that the editors show.
 template<class Edit>
 void SequenceTab::editShownStep(Edit edit)
 {
-    const int row = shownRow();
+    const int row = m_table->rowOf(m_shown);
     if (row < 0)
         return;
     SequenceDataItem step = m_manager->sequenceData().sequences[row];
@@ -322,8 +357,8 @@ void SequenceTab::handleSpeedEdit(std::uint8_t finger)
     editShownStep([this, finger](SequenceDataItem& step) {
         QLineEdit* field = m_editors.speed(finger);
         const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
-        field->setText(QString::number(speed));
         store(step.speed, finger, speed);
+        field->setText(finger < step.speed.size() ? QString::number(speed) : QString());
     });
 }
 
@@ -336,10 +371,9 @@ void SequenceTab::handleSliderReleased(std::uint8_t finger)
 {
     const QSlider* slider = m_editors.slider(finger);
     const Release release{finger, m_editors.inPositionMode(), slider->sliderPosition(),
-                          NumberText::toByte(m_editors.speed(finger)->text()),
-                          m_table->rowIndex(m_table->currentRow())};
-    m_session->ask([this, slider] { return slider->isEnabled() && pageIsShown(); },
-                   [this, release](const Target& target) { moveAndStore(target, release); });
+                          NumberText::toByte(m_editors.speed(finger)->text()), m_shown};
+    ask([this, slider, release] { return slider->isEnabled() && m_shown == release.step; },
+        [this, release](const Target& target) { moveAndStore(target, release); });
 }
 
 /// The target that the hand reports after the motion, unless something failed.
@@ -373,12 +407,12 @@ std::optional<int> SequenceTab::move(const Target& target, const Release& releas
 void SequenceTab::moveAndStore(const Target& target, const Release& release)
 {
     const auto reached = move(target, release);
-    if (!reached || !release.row.isValid())
+    const int row = m_table->rowOf(release.step);
+    if (!reached || row < 0)
         return;
     // The person may have gone to another row meanwhile, or taken the slider up again.
-    if (m_shown == release.row && !m_editors.slider(release.finger)->isSliderDown())
+    if (m_shown == release.step && !m_editors.slider(release.finger)->isSliderDown())
         m_editors.setValue(release.finger, *reached);
-    const int row = release.row.row();
     SequenceDataItem step = m_manager->sequenceData().sequences[row];
     const auto known = step.position.size();
     store(step.position, release.finger, *reached);
@@ -429,6 +463,7 @@ void SequenceTab::load()
         const bool angles = loaded.position_type == SequenceData::POS_TYPE_ANGLE;
         m_ui->comboBox_SeqPosOrAngle->setCurrentIndex(angles ? 1 : 0);
         m_table->setSteps(loaded.sequences);
+        ++m_edition;
         updateEditCell();
     }
     update();

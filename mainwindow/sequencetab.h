@@ -5,7 +5,6 @@
 #include "tabroom.h"
 
 #include <QCoreApplication>
-#include <QPersistentModelIndex>
 
 #include <memory>
 #include <optional>
@@ -59,6 +58,7 @@ public:
     void handleSliderMoved(std::uint8_t finger, int value);
     void handleSliderReleased(std::uint8_t finger);
     void modeChanged();
+    void playEnded();
     void updatePlaying(bool isPlaying, int sequenceIndex, const QString& errMsg);
     /// Up and Down go from row to row. Whether the key is used up.
     bool keyPressed(const QKeyEvent& event);
@@ -71,19 +71,22 @@ private:
         bool byPosition;
         int value;
         std::uint8_t speed;
-        QPersistentModelIndex row;
+        quint64 step;
     };
 
     bool isPlaying() const;
     bool pageIsShown() const;
     bool succeeded(const Target& target, const char* operation, std::uint8_t result);
-    void play(int start, int end, bool forEdit);
+    /// Whether the page is still shown that was shown then.
+    bool isVisit(int visit) const { return pageIsShown() && visit == m_visit; }
+    void ask(std::function<bool()> stillWanted, DeviceSession::Request request);
+    void playRow(int row, bool forEdit);
+    void play(const Target& target, int start, int end, bool forEdit);
     QList<int> readPose(const Target& target);
-    void insert(const Target& target, int row);
+    void insert(const Target& target, quint64 after);
     void selectSoon(const Target& target, int row);
     std::optional<int> move(const Target& target, const Release& release);
     void moveAndStore(const Target& target, const Release& release);
-    int shownRow() const;
     template<class Edit>
     void editShownStep(Edit edit);
     void load();
@@ -99,7 +102,9 @@ private:
     StepEditors m_editors;
     /// The row whose step the editors show: what is typed into them belongs to it, even when
     /// another row has become current meanwhile.
-    QPersistentModelIndex m_shown;
+    quint64 m_shown = 0;
+    int m_visit = 0;         ///< number of the page's showing
+    int m_edition = 0;       ///< changes with the rows
     bool m_starting = false; ///< the first step of a run is being sent
     std::unique_ptr<FocusKeeper> m_focus;
 };

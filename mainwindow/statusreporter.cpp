@@ -1,7 +1,9 @@
 #include "statusreporter.h"
 
 #include "elidedlabel.h"
+#include "messagelog.h"
 
+#include <QAction>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -14,12 +16,22 @@ StatusReporter::StatusReporter(QStatusBar* statusBar, const DeviceSession* sessi
     : QObject(statusBar),
       m_statusBar(statusBar),
       m_session(session),
-      m_errorLabel(new ElidedLabel(statusBar))
+      m_errorLabel(new ElidedLabel(statusBar)),
+      m_log(new MessageLog(this))
 {
     // The name exempts the label from the colours of the style sheets.
     m_errorLabel->setObjectName("label_StatusError");
     m_errorLabel->setAccessibleName(tr("Error"));
     m_statusBar->addPermanentWidget(m_errorLabel);
+    auto* showLog = new QAction(tr("Messages..."), this);
+    showLog->setObjectName("action_Messages");
+    showLog->setShortcut(Qt::CTRL | Qt::Key_L);
+    connect(showLog, &QAction::triggered, this, [this] { m_log->show(m_statusBar->window()); });
+    // The label has no width while there is no error, so the whole bar opens the list.
+    for (QWidget* bar : {static_cast<QWidget*>(m_statusBar), static_cast<QWidget*>(m_errorLabel)}) {
+        bar->setContextMenuPolicy(Qt::ActionsContextMenu);
+        bar->addAction(showLog);
+    }
 }
 
 void StatusReporter::showMessage(const QString& text)
@@ -27,6 +39,7 @@ void StatusReporter::showMessage(const QString& text)
     // Shown again, the same text would keep the time that is left of the first showing.
     m_statusBar->clearMessage();
     m_statusBar->showMessage(text, ShownMs);
+    m_log->add(text, false);
 }
 
 void StatusReporter::showError(const QString& text, const QColor& colour)
@@ -36,6 +49,7 @@ void StatusReporter::showError(const QString& text, const QColor& colour)
     m_errorLabel->setPalette(palette);
     m_errorLabel->setText(text);
     m_errorLabel->setAccessibleName(text);
+    m_log->add(text, true);
     QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] {
         label->setText({});
         label->setAccessibleName(tr("Error"));
@@ -62,8 +76,13 @@ void StatusReporter::reportFailure(const DeviceSession::Target& target, const ch
         return;
     }
     const std::uint8_t subError = target->getNodeError(target.node);
-    if (!m_session->holds(target))
-        return;
+    if (m_session->holds(target))
+        showFailure(target, operation, result, subError);
+}
+
+void StatusReporter::showFailure(const DeviceSession::Target& target, const char* operation,
+                                 std::uint8_t result, std::uint8_t subError)
+{
     showError(tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
                   .arg(QLatin1String(operation), hex(target.node), hex(result), hex(subError)));
 }

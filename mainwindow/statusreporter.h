@@ -6,6 +6,7 @@
 #include <QObject>
 
 class ElidedLabel;
+class MessageLog;
 class QStatusBar;
 
 /// The only maker of status texts. Ordinary texts go to the status bar; errors go to a label of
@@ -33,6 +34,10 @@ public:
     bool succeeded(const DeviceSession::Target& target, const char* operation, std::uint8_t result,
                    Timeouts timeouts = Timeouts::Named);
 
+    /// Tells of a failure whose sub error is already known.
+    void showFailure(const DeviceSession::Target& target, const char* operation,
+                     std::uint8_t result, std::uint8_t subError);
+
     /// A number as it stands in status texts: hexadecimal, lower case, at least two digits.
     static QString hex(unsigned number);
 
@@ -43,4 +48,5 @@ private:
     QStatusBar* m_statusBar;
     const DeviceSession* m_session;
     ElidedLabel* m_errorLabel;
+    MessageLog* m_log;
 };

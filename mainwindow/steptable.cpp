@@ -26,6 +26,9 @@ void StepTable::setSteps(const QList<SequenceDataItem>& steps)
     setUpdatesEnabled(false);
     setRowCount(0);
     setRowCount(static_cast<int>(steps.size()));
+    m_ids.resize(steps.size());
+    for (quint64& id : m_ids)
+        id = ++m_lastId;
     for (int row = 0; row < rowCount(); ++row)
         fillRow(row, steps[row].position);
     setCurrentCell(-1, -1);
@@ -36,6 +39,7 @@ void StepTable::insertStep(int row, const QList<int>& positions)
 {
     const QSignalBlocker quiet(this);
     insertRow(row);
+    m_ids.insert(row, ++m_lastId);
     fillRow(row, positions);
 }
 
@@ -43,11 +47,13 @@ void StepTable::removeStep(int row)
 {
     const QSignalBlocker quiet(this);
     removeRow(row);
+    m_ids.removeAt(row);
 }
 
 void StepTable::swapSteps(int row, int other)
 {
     const QSignalBlocker quiet(this);
+    m_ids.swapItemsAt(row, other);
     for (int column = 0; column < columnCount(); ++column) {
         QTableWidgetItem* moved = takeItem(row, column);
         setItem(row, column, takeItem(other, column));

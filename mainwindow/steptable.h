@@ -28,7 +28,11 @@ public:
     /// Makes the row current without a word.
     void showStep(int row);
     void clearCurrent();
-    QPersistentModelIndex rowIndex(int row) const { return model()->index(row, 0); }
+    /// What a step is known by, wherever its row goes; NoStep of no row.
+    quint64 idOf(int row) const { return m_ids.value(row, NoStep); }
+    /// -1 when the step is gone.
+    int rowOf(quint64 id) const { return static_cast<int>(m_ids.indexOf(id)); }
+    static constexpr quint64 NoStep = 0;
 
     void keyboardSearch(const QString&) override {}
 
@@ -39,5 +43,7 @@ protected:
 private:
     void fillRow(int row, const QList<int>& positions);
 
+    QList<quint64> m_ids; ///< of the rows
+    quint64 m_lastId = NoStep;
     bool m_takesFocus = false;
 };

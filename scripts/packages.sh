@@ -4,10 +4,14 @@
 set -euo pipefail
 
 declare -A packages=(
-    [build]="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-serialbus-dev"
-    # The icons of the themes are SVG; without a font the window shows boxes for letters.
-    [window]="libqt6svg6 fonts-dejavu-core"
+    [build]="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-serialbus-dev
+        qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools"
+    # The icons of the themes are SVG; without a font the window shows boxes for letters. The
+    # standard buttons are translated by Qt's own catalogues.
+    [window]="libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n"
     [test]="libmodbus-dev"
+    [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
+    [fuzz]="clang"
 )
 if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
     packages[window]+=" qt6-wayland"
@@ -18,14 +22,7 @@ installed() {
 }
 
 as_root() {
-    if [[ $EUID -eq 0 ]]; then
-        "$@"
-    elif command -v sudo >/dev/null; then
-        sudo "$@"
-    else
-        echo "Neither root nor sudo; as root, run: $*" >&2
-        return 1
-    fi
+    "$(dirname "$0")/as-root.sh" "$@"
 }
 
 missing=()

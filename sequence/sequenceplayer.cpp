@@ -69,7 +69,7 @@ void SequencePlayer::setVantoProtocol(std::shared_ptr<VantoProtocol> protocol, i
 bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit)
 {
     const auto count = static_cast<int>(data.sequences.size());
-    if (isPlaying() || !m_protocol || startIndex < 0 || startIndex >= count)
+    if (isPlaying() || Exchange::active() || !m_protocol || startIndex < 0 || startIndex >= count)
         return false;
     const Conversation conversation;
     const QScopedValueRollback sending(m_sending, true);
@@ -111,6 +111,10 @@ void SequencePlayer::updatePlay()
         const Conversation conversation;
         const QScopedValueRollback sending(m_sending, true);
         poll(beginTurn());
+    }
+    if (!isPlaying()) {
+        emit sig_ended();
+        return;
     }
     // The beats that fell into a long poll are lost. Posted after the end of the conversation, so
     // that whoever waited for it comes first.

@@ -12,8 +12,9 @@
 /// delay has run out, goes on to the next. Stops at the end, at a failure of the hand, and when a
 /// finger draws too much current.
 ///
-/// Every call of the hand processes events while it waits, so stop(), even stop() and play(), can
-/// come in the middle of play(), a poll or a step that is being sent. Each run has a number; after
+/// Every call of the hand processes events while it waits, so stop() can come in the middle of
+/// play(), a poll or a step that is being sent, and stop() and play() from a signal between two of
+/// its calls. Each run has a number; after
 /// each call of the hand, and after each signal, whoever finds that the number has changed leaves
 /// without a word and without sending.
 class SequencePlayer : public QObject
@@ -29,13 +30,17 @@ public:
     /// Plays the steps from `startIndex` to before `endIndex`, or to the last one if that is
     /// negative. With `playForEdit` the fingers but the thumb root are stretched first. If both
     /// indices are the same the step is sent, and only when playing for edit waited for.
-    /// False when it is playing already, there is no hand or no such step, when the first step
-    /// could not be sent whole or stop() came meanwhile; then it does not play.
+    /// False when it is playing already or an exchange is under way, there is no hand or no such
+    /// step, when the first step could not be sent whole or stop() came meanwhile; then it does not
+    /// play.
     bool play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit);
     /// From here on nothing more is sent, whatever is under way. Told by the signal if it played.
     void stop();
 
     bool isPlaying() const { return m_timer.isActive(); }
+    /// Whether a step is being sent or a poll is under way; after a failure, too, when the other
+    /// fingers are still sent.
+    bool isSending() const { return m_sending; }
     int getPlayingSequenceIndex() const { return m_playingIndex; }
     /// Of the last play().
     bool isPlayForEdit() const { return m_playForEdit; }
@@ -46,6 +51,8 @@ public slots:
     void updatePlay();
 
 signals:
+    /// A poll in which the play has stopped is over; nothing is being sent any more.
+    void sig_ended();
     /// `periodInMS` is the time since the previous step was sent, or at a stop since the present
     /// one was. `errMsg` is why it stopped, empty at the end and when somebody stopped it.
     void sig_updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);

@@ -1,5 +1,6 @@
 #include "hand.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace simulator
@@ -10,6 +11,7 @@ namespace
 constexpr std::array<Scale, fingerCount> jointAngles{
     {{-1269, 3676}, {9100, 18091}, {8958, 17852}, {8947, 17904}, {8805, 17733}, {-200, 9200}}};
 
+constexpr int maxRaw = 65535;
 constexpr int presetWindow = 1024; // raw units to either side
 constexpr quint8 initSpeed = 255;
 constexpr quint8 calibrationStages = 3;
@@ -148,8 +150,8 @@ void Hand::setButtonCount(quint8 count, Moment now)
 void Hand::storeCalibration()
 {
     for (Finger& finger : fingers) {
-        finger.raw.atZero += m_measuredShift;
-        finger.raw.atFull -= m_measuredShift;
+        finger.raw.atZero = std::clamp(finger.raw.atZero + m_measuredShift, 0, maxRaw);
+        finger.raw.atFull = std::clamp(finger.raw.atFull - m_measuredShift, 0, maxRaw);
     }
     m_measuredShift = -m_measuredShift;
     const auto between = static_cast<quint16>((m_firstThumbRoot + m_lastThumbRoot) / 2);

@@ -21,7 +21,9 @@ void DialogWatch::timerEvent(QTimerEvent*)
     if (!dialog || dialog == m_seen || !dialog->isVisible())
         return;
     m_seen = dialog;
-    if (const Answer answer = std::exchange(m_answer, {})) {
+    if (!m_answers.empty()) {
+        const Answer answer = std::move(m_answers.front());
+        m_answers.pop_front();
         answer(*dialog);
         return;
     }

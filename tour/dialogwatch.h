@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <deque>
 #include <functional>
 
 class QDialog;
@@ -17,17 +18,17 @@ public:
     /// `unexpected` is told of every dialog that is rejected because no answer was given for it.
     explicit DialogWatch(Answer unexpected);
 
-    /// Answers the next dialog, by accepting or rejecting it.
-    void answerNext(Answer answer) { m_answer = std::move(answer); }
-    /// Whether the given answer still waits for its dialog.
-    bool isWaiting() const { return static_cast<bool>(m_answer); }
-    void forget() { m_answer = {}; }
+    /// Answers the next dialogs, one each, by accepting or rejecting them.
+    void answerNext(std::deque<Answer> answers) { m_answers = std::move(answers); }
+    /// How many of the given answers still wait for their dialog.
+    std::size_t waiting() const { return m_answers.size(); }
+    void forget() { m_answers.clear(); }
 
 protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
     Answer m_unexpected;
-    Answer m_answer;
+    std::deque<Answer> m_answers;
     QPointer<QDialog> m_seen;
 };

@@ -1,10 +1,12 @@
 #include "stage.h"
 #include "steps.h"
 #include "theme.h"
+#include "translation.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLocale>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -24,6 +26,7 @@ constexpr int UsageStatus = 2;
 struct Options {
     QDir output;
     QStringList themes;
+    QString language; ///< empty for English
     bool modbus;
 };
 
@@ -78,9 +81,14 @@ Options readOptions()
         QStringLiteral("protocol"),
         QStringLiteral("Of the hand that is worked with: serialctrl (default) or modbus."),
         QStringLiteral("NAME"), QStringLiteral("serialctrl"));
+    const QCommandLineOption language(
+        QStringLiteral("language"),
+        QStringLiteral("Of the window, e.g. de_DE. Default: English. In other languages its texts "
+                       "are not compared."),
+        QStringLiteral("LOCALE"));
     const QCommandLineOption offscreen(QStringLiteral("offscreen"),
                                        QStringLiteral("Show no window, even with a display."));
-    parser.addOptions({output, theme, protocol, offscreen});
+    parser.addOptions({output, theme, protocol, language, offscreen});
     parser.process(*qApp);
 
     const QString name = parser.value(theme);
@@ -89,7 +97,7 @@ Options readOptions()
             both                            ? Theme::names()
             : Theme::names().contains(name) ? QStringList{name}
                                             : QStringList(),
-            parser.value(protocol) == QLatin1String("modbus")};
+            parser.value(language), parser.value(protocol) == QLatin1String("modbus")};
 }
 
 /// An empty folder for pictures; those of an earlier tour would pass for new ones.
@@ -102,7 +110,7 @@ bool prepareFolder(const QDir& folder)
     return true;
 }
 
-int tour(const QString& theme, const QDir& folder, bool modbus)
+int tour(const QString& theme, const QDir& folder, TourManner manner)
 {
     if (!prepareFolder(folder))
         return fail(QStringLiteral("cannot make ") + folder.path(), UsageStatus);
@@ -112,7 +120,7 @@ int tour(const QString& theme, const QDir& folder, bool modbus)
         .setValue(QStringLiteral("style"), theme);
 
     HandProcess hands;
-    if (!hands.start(tourHandOptions(modbus)))
+    if (!hands.start(tourHandOptions(manner.modbus)))
         return fail(hands.errorText(), FailedStatus);
     qputenv("VANTO_PORTS", hands.portName().toUtf8());
 
@@ -120,7 +128,7 @@ int tour(const QString& theme, const QDir& folder, bool modbus)
     Theme::applyStored();
     window.show();
     ::alarm(LimitSeconds);
-    Stage stage(window, hands, folder.path(), modbus);
+    Stage stage(window, hands, folder.path(), manner);
     const bool passed = stage.play(tourSteps());
     ::alarm(0);
     QDir::setCurrent(QDir::rootPath());
@@ -138,10 +146,16 @@ int main(int argc, char* argv[])
     if (options.themes.isEmpty())
         return fail(QStringLiteral("no such theme"), UsageStatus);
 
+    const bool english = options.language.isEmpty();
+    QLocale::setDefault(english ? QLocale::c() : QLocale(options.language));
+    if (!english && !Translation::install(options.language))
+        return fail(QStringLiteral("no such language"), UsageStatus);
+
     for (const QString& theme : options.themes) {
         const bool single = options.themes.size() == 1;
-        const int status = tour(
-            theme, single ? options.output : QDir(options.output.filePath(theme)), options.modbus);
+        const int status =
+            tour(theme, single ? options.output : QDir(options.output.filePath(theme)),
+                 {options.modbus, english});
         if (status != 0)
             return status;
     }

@@ -26,11 +26,11 @@ QString textOf(const QDialog& dialog)
 }
 } // namespace
 
-Stage::Stage(MainWindow& window, HandProcess& hands, QString folder, bool modbus)
+Stage::Stage(MainWindow& window, HandProcess& hands, QString folder, TourManner manner)
     : m_window(window),
       m_hands(hands),
       m_folder(std::move(folder)),
-      m_modbus(modbus),
+      m_manner(manner),
       m_dialogs([this](QDialog& dialog) {
           takePicture(QStringLiteral("-unexpected"), &dialog);
           complain(QStringLiteral("unexpected dialog \"%1\"").arg(textOf(dialog)));
@@ -71,6 +71,12 @@ void Stage::expect(const QString& what, const QString& seen, const QString& want
         complain(QStringLiteral("%1 is \"%2\", not \"%3\"").arg(what, seen, wanted));
 }
 
+void Stage::expectText(const QString& what, const QString& seen, const QString& wanted)
+{
+    if (english())
+        expect(what, seen, wanted);
+}
+
 void Stage::click(const QString& button)
 {
     auto& found = find<QPushButton>(button);
@@ -81,10 +87,15 @@ void Stage::click(const QString& button)
 
 void Stage::withDialog(const std::function<void()>& open, DialogWatch::Answer answer)
 {
-    m_dialogs.answerNext(std::move(answer));
+    withDialogs(open, {std::move(answer)});
+}
+
+void Stage::withDialogs(const std::function<void()>& open, std::deque<DialogWatch::Answer> answers)
+{
+    m_dialogs.answerNext(std::move(answers));
     open();
-    if (m_dialogs.isWaiting())
-        complain(QStringLiteral("no dialog came up"));
+    if (m_dialogs.waiting() > 0)
+        complain(QStringLiteral("%1 dialogs did not come up").arg(m_dialogs.waiting()));
     m_dialogs.forget();
 }
 

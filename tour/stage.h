@@ -17,12 +17,18 @@ struct Step {
     QString (*run)(Stage& stage);
 };
 
+/// What differs from one tour to the next.
+struct TourManner {
+    bool modbus;  ///< the hand with which the steps work speaks Modbus
+    bool english; ///< the language of the window
+};
+
 /// The window and the simulated hands, and what the steps do with them.
 class Stage
 {
 public:
     /// Pictures go to `folder`, which must exist.
-    Stage(MainWindow& window, HandProcess& hands, QString folder, bool modbus);
+    Stage(MainWindow& window, HandProcess& hands, QString folder, TourManner manner);
 
     /// Runs the steps in order up to the first that fails; a line on standard output and a
     /// picture for each. True when all of them worked.
@@ -41,17 +47,21 @@ public:
     /// The step that runs fails because of this.
     void complain(const QString& what) { m_complaints.append(what); }
     void expect(const QString& what, const QString& seen, const QString& wanted);
+    /// The same for what the window says; in other languages only the pictures tell.
+    void expectText(const QString& what, const QString& seen, const QString& wanted);
 
     void click(const QString& button);
     /// Runs `open`, which shows one dialog, and has it answered.
     void withDialog(const std::function<void()>& open, DialogWatch::Answer answer);
+    /// The same with several dialogs that follow each other.
+    void withDialogs(const std::function<void()>& open, std::deque<DialogWatch::Answer> answers);
     QString field(const QString& lineEdit) const;
     QString statusText() const;
     /// Waits for a condition while events are processed; complains when it never comes true.
     void await(const QString& what, const std::function<bool()>& condition);
 
-    /// Whether the hand with which the steps work speaks Modbus.
-    bool modbus() const { return m_modbus; }
+    bool modbus() const { return m_manner.modbus; }
+    bool english() const { return m_manner.english; }
     QString portName() const { return m_hands.portName(); }
     /// What the hands answer to a command, without the leading "ok".
     QString askHands(const QString& command);
@@ -66,7 +76,7 @@ private:
     MainWindow& m_window;
     HandProcess& m_hands;
     QString m_folder;
-    bool m_modbus;
+    TourManner m_manner;
     QString m_stepName; ///< number and name, e.g. "03-port"
     QStringList m_complaints;
     DialogWatch m_dialogs;

@@ -1,8 +1,10 @@
 #include "steps.h"
 
+#include "calibrationstep.h"
 #include "fingersteps.h"
 #include "sequencestep.h"
 #include "theme.h"
+#include "updatestep.h"
 
 #include <QAbstractItemModel>
 #include <QAction>
@@ -21,9 +23,10 @@ namespace
 constexpr int FingerCount = 6;
 constexpr int HandCount = 4;
 constexpr QLatin1String Firmware("2.5.11");
+constexpr QLatin1String UpdatedFirmware("2.5.12");
 constexpr QLatin1String SerialCtrlVersion("3.1");
 constexpr QLatin1String ModbusVersion("1.0");
-constexpr QLatin1String Hardware("1C02");
+constexpr QLatin1String Hardware("1B01"); ///< that the example of an update is for
 constexpr QLatin1String BootLoader("1.3");
 constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand
 
@@ -51,11 +54,14 @@ void scanFor(Stage& stage, int hands)
 {
     auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
     auto& scan = stage.find<QPushButton>(QStringLiteral("pushButton_ScanDevices"));
+    const QString idleCaption = scan.text();
     const auto stopWhenListed = [&] {
         if (devices.count() != hands)
             return;
-        stage.expect(QStringLiteral("the Scan button while scanning"), scan.text(),
-                     QStringLiteral("Stop"));
+        stage.expectText(QStringLiteral("the Scan button while scanning"), scan.text(),
+                         QStringLiteral("Stop"));
+        if (scan.text() == idleCaption)
+            stage.complain(QStringLiteral("the Scan button keeps its caption"));
         stage.takePicture(QStringLiteral("-running"));
         scan.click();
     };
@@ -64,7 +70,7 @@ void scanFor(Stage& stage, int hands)
                                              &scan, stopWhenListed, Qt::QueuedConnection);
     stage.click(scan.objectName());
     QObject::disconnect(connection);
-    stage.expect(QStringLiteral("the Scan button afterwards"), scan.text(), QStringLiteral("Scan"));
+    stage.expect(QStringLiteral("the Scan button afterwards"), scan.text(), idleCaption);
 }
 
 void expectDevices(Stage& stage, const QList<Hand>& hands)
@@ -126,7 +132,9 @@ QString pages(Stage& stage)
     inEveryTheme(stage, [&](const QString& name) {
         for (int page = 0; page < pages.count(); ++page) {
             pages.setCurrentIndex(page);
-            stage.takePicture(QStringLiteral("-%1-%2").arg(pages.tabText(page).toLower(), name));
+            const QString pageName =
+                pages.currentWidget()->objectName().section(QLatin1Char('_'), 1);
+            stage.takePicture(QStringLiteral("-%1-%2").arg(pageName.toLower(), name));
             ++pictures;
         }
     });
@@ -154,8 +162,8 @@ QString open(Stage& stage)
     auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
     stage.expect(QStringLiteral("the current device"), devices.currentText(),
                  entryText({2, stage.modbus()}));
-    stage.expect(QStringLiteral("the status"), stage.statusText(),
-                 QStringLiteral("Running info loaded"));
+    stage.expectText(QStringLiteral("the status"), stage.statusText(),
+                     QStringLiteral("Running info loaded"));
     stage.await(QStringLiteral("the scan's last time-out text vanishes"),
                 [&error = stage.find<QLabel>(QStringLiteral("label_StatusError"))] {
                     return error.text().isEmpty();
@@ -222,8 +230,8 @@ QString beep(Stage& stage)
 {
     const int before = stage.askHands(QStringLiteral("get 2 beeps")).toInt();
     stage.click(QStringLiteral("pushButton_BasicBeep"));
-    stage.expect(QStringLiteral("the status"), stage.statusText(),
-                 QStringLiteral("Beep succeeded"));
+    stage.expectText(QStringLiteral("the status"), stage.statusText(),
+                     QStringLiteral("Beep succeeded"));
     stage.expect(QStringLiteral("the hand's count of beeps"),
                  stage.askHands(QStringLiteral("get 2 beeps")), QString::number(before + 1));
     return QStringLiteral("the hand beeped once");
@@ -238,11 +246,11 @@ QString setId(Stage& stage)
                          stage.takePicture(QStringLiteral("-dialog"), &dialog);
                          input.accept();
                      });
-    stage.expect(QStringLiteral("the status"), stage.statusText(),
-                 QStringLiteral("node id changed from '0x02' to '0x05', ") +
-                     (stage.modbus()
-                          ? QLatin1String("please wait for device rebooting then rescan devices")
-                          : QLatin1String("need to rescan devices")));
+    stage.expectText(
+        QStringLiteral("the status"), stage.statusText(),
+        QStringLiteral("node id changed from '0x02' to '0x05', ") +
+            (stage.modbus() ? QLatin1String("please wait for device rebooting then rescan devices")
+                            : QLatin1String("need to rescan devices")));
     stage.askHands(QStringLiteral("get 5 id"));
     return QStringLiteral("2 -> 5");
 }
@@ -256,6 +264,19 @@ QString rescan(Stage& stage)
     expectVersions(stage);
     expectCalibration(stage, 5);
     return QStringLiteral("the hand is found at 5 and opened");
+}
+
+QString updated(Stage& stage)
+{
+    scanFor(stage, HandCount);
+    auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
+    stage.expect(QStringLiteral("the other hand"), devices.itemText(0),
+                 entryText({3, !stage.modbus()}));
+    devices.setCurrentIndex(1);
+    const QString version = stage.field(QStringLiteral("lineEdit_BasicFirmwareVersion"));
+    stage.expect(QStringLiteral("the firmware version"), version,
+                 QLatin1Char('V') + UpdatedFirmware);
+    return QStringLiteral("firmware %1 -> %2").arg(QLatin1Char('V') + Firmware, version);
 }
 
 QString wire(Stage& stage)
@@ -282,6 +303,9 @@ constexpr std::array steps{
     Step{"sequence", sequencePage},
     Step{"id", setId},
     Step{"rescan", rescan},
+    Step{"calibrate", calibration},
+    Step{"update", firmwareUpdate},
+    Step{"updated", updated},
     Step{"wire", wire},
 };
 } // namespace

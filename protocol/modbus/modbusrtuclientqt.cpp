@@ -6,6 +6,7 @@
 #include <QDebug>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QLoggingCategory>
 #include <QMetaEnum>
 #include <QModbusReply>
 #include <QPointer>
@@ -20,6 +21,7 @@ namespace
 constexpr int ReadTimeoutMs = 50;
 constexpr int WriteTimeoutMs = 200; ///< a hand stores some values before it answers
 constexpr int Retries = 1;
+constexpr int LookMs = 5; ///< how often a pause looks whether it still makes sense
 
 /// For how long replies may still come to a request that was repeated, from its end on. Reckoned
 /// with hands that take up to three time-outs of a read.
@@ -70,6 +72,9 @@ ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
 
 ModBusRTUClientQT::ModBusRTUClientQT()
 {
+    // Qt warns of every frame that is damaged or late. Those are failures of requests, and told of
+    // as such.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus.warning=false"));
     QObject::connect(&m_client, &QModbusDevice::errorOccurred, &m_client,
                      [this](QModbusDevice::Error error) { handleError(error); });
 }
@@ -153,6 +158,8 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     if (!makeReady(request, timeoutMs))
         return ConnectionError;
     const QPointer<QModbusRtuSerialClient> alive(&m_client);
+    if (Exchange::abandoned())
+        return ReplyAbortedError;
     const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
     QElapsedTimer timer;
     timer.start();
@@ -219,6 +226,12 @@ void ModBusRTUClientQT::waitForStragglers(const Request& next)
     QEventLoop loop;
     QTimer::singleShot(static_cast<int>(m_unsettledUntil.remainingTime()), Qt::PreciseTimer, &loop,
                        &QEventLoop::quit);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&loop] {
+        if (Exchange::abandoned())
+            loop.quit();
+    });
+    look.start(LookMs);
     loop.exec();
 }
 

@@ -1,12 +1,15 @@
+#include "translation.h"
 #include "windowdriver.h"
 
 #include <QAccessible>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTranslator>
 
 /// The form: every named widget is there, has a name for assistive tools, a place in the tab
 /// order and room for its text.
@@ -18,7 +21,11 @@ private slots:
     void nothingIsCut_data();
     void nothingIsCut();
     void tabOrder();
-    void cleanup() { qApp->setStyleSheet({}); }
+    void cleanup()
+    {
+        qApp->setStyleSheet({});
+        qDeleteAll(qApp->findChildren<QTranslator*>());
+    }
 };
 
 namespace
@@ -70,15 +77,23 @@ void TestForm::nothingIsCut_data()
 {
     QTest::addColumn<QString>("theme");
     QTest::addColumn<QSize>("size");
+    QTest::addColumn<QString>("language");
     for (const char* theme : {"", "dark", "light"})
         for (const QSize size : {QSize(1024, 700), QSize(1920, 1080)})
-            QTest::addRow("%s %d", theme, size.width()) << QString(theme) << size;
+            QTest::addRow("%s %d", theme, size.width()) << QString(theme) << size << QString();
+    const QDir catalogues(QCoreApplication::applicationDirPath() + "/i18n");
+    for (const QString& file : catalogues.entryList({"*.qm"}))
+        for (const char* theme : {"", "dark"})
+            QTest::addRow("%s %s", qPrintable(file), theme)
+                << QString(theme) << QSize(1024, 700) << file.chopped(3).section('_', 1);
 }
 
 void TestForm::nothingIsCut()
 {
     QFETCH(QString, theme);
     QFETCH(QSize, size);
+    QFETCH(QString, language);
+    QCOMPARE(Translation::install(language), !language.isEmpty());
     WindowDriver tool;
     QFile sheet(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
     if (!theme.isEmpty() && sheet.open(QFile::ReadOnly))

@@ -3,7 +3,6 @@
 #include <QInputDialog>
 #include <QSlider>
 #include <QTabWidget>
-#include <QtEndian>
 
 /// The window on a hand that speaks Modbus RTU; its frames begin with node and function.
 class TestModbusHand : public HandTest
@@ -20,25 +19,8 @@ private slots:
     void failures();
 
 private:
-    QStringList writes() const;
     QString held(const QString& what) const { return m_hand->command("get 2 " + what).mid(3); }
 };
-
-/// Register and values of each write, e.g. "1010: 01f4".
-QStringList TestModbusHand::writes() const
-{
-    QStringList writes;
-    for (const TracedFrame& request : m_hand->requests()) {
-        const QByteArray& bytes = request.bytes;
-        const int start = qFromBigEndian<quint16>(bytes.constData() + 2);
-        const QByteArray values = bytes[1] == 6    ? bytes.sliced(4, 2)
-                                  : bytes[1] == 16 ? bytes.sliced(7, bytes[6])
-                                                   : QByteArray();
-        if (!values.isEmpty())
-            writes.append(QString("%1: %2").arg(start).arg(values.toHex().constData()));
-    }
-    return writes;
-}
 
 void TestModbusHand::pagesShowTheHand()
 {

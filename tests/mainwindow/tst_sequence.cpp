@@ -43,6 +43,9 @@ private slots:
     void stopEndsEverything_data();
     void stopEndsEverything();
     void overCurrent();
+    void staleRequests_data();
+    void staleRequests();
+    void stopInThePose();
 
 private:
     QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
@@ -396,6 +399,60 @@ void TestSequence::overCurrent()
     m_tool->click("pushButton_SeqRun");
     QTRY_COMPARE(m_tool->errorText(), "Index has too big current: 80 mA");
     QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
+}
+
+void TestSequence::staleRequests_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<int>("motions");
+    QTest::addColumn<QString>("rows");
+    const QString released = "6000 1000 2000 30000 4000 5000";
+    QTest::newRow("deleted") << "pushButton_SeqDelete" << 1 << released + '|';
+    QTest::newRow("page left") << "" << 1 << released + "|60 10 20 30 40 50";
+    QTest::newRow("other row") << "row" << 12 << released + "|60 10 20 30 40 50";
+    // What was released belongs to the step, wherever its row goes.
+    QTest::newRow("moved") << "pushButton_SeqUp" << 12 << "60 10 20 30 40 50|" + released;
+}
+
+/// While a slider's release is under way a row is selected, and then something else happens.
+void TestSequence::staleRequests()
+{
+    QFETCH(QString, change);
+    load(TwoSteps);
+    select(0);
+    tell("fault late ms=30 count=0");
+    QTimer::singleShot(10, m_tool.get(), [&] {
+        table()->setCurrentCell(1, 0);
+        if (change.isEmpty()) {
+            pages()->setCurrentIndex(0);
+            pages()->setCurrentIndex(SequencePage);
+        } else if (change == "row") {
+            table()->setCurrentCell(0, 0);
+        } else {
+            m_tool->click(qPrintable(change));
+        }
+    });
+    auto* slider = m_tool->find<QSlider>("verticalSlider_SeqPos2");
+    slider->setSliderDown(true);
+    slider->setSliderPosition(30000);
+    slider->setSliderDown(false);
+    QTest::qWait(50); // for what has waited to begin
+    QTRY_VERIFY(table()->isEnabled());
+    QTEST(static_cast<int>(motions().size()), "motions");
+    QTEST(row(0) + '|' + (table()->rowCount() > 1 ? row(1) : QString()), "rows");
+    if (change == "row")
+        QCOMPARE(motions().constLast(), FirstStep.constLast());
+}
+
+void TestSequence::stopInThePose()
+{
+    load(TwoSteps);
+    select(0);
+    tell("fault late ms=30 count=0");
+    QTimer::singleShot(50, m_tool.get(), [&] { m_tool->click("pushButton_SeqStop"); });
+    table()->setCurrentCell(1, 0);
+    QVERIFY(motions().size() < 5);
+    QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // of the row that is current
 }
 
 QTEST_MAIN(TestSequence)

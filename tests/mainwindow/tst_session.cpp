@@ -73,11 +73,12 @@ void TestSession::lastOfAKindWins()
     {
         const Conversation conversation;
         change(Change::Device, "device 1");
+        change(Change::Update, "update");
         change(Change::ReloadBasic, "reload 1");
         change(Change::Device, "device 2");
         change(Change::ReloadBasic, "reload 2");
     }
-    QTRY_COMPARE(m_done, (QStringList{"device 2", "reload 2"}));
+    QTRY_COMPARE(m_done, (QStringList{"device 2", "update", "reload 2"}));
 }
 
 void TestSession::scanComesLast()
@@ -88,10 +89,11 @@ void TestSession::scanComesLast()
         change(Change::Scan, "scan");
         change(Change::Device, "device");
         change(Change::ReloadBasic, "reload");
+        change(Change::Update, "update");
         change(Change::Port, "port");
         change(Change::RefreshPorts, "refresh");
     }
-    QTRY_COMPARE(m_done, (QStringList{"refresh", "port", "scan", "reload"}));
+    QTRY_COMPARE(m_done, (QStringList{"refresh", "port", "update", "scan", "reload"}));
 }
 
 void TestSession::droppedRequests()

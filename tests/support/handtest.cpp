@@ -1,5 +1,7 @@
 #include "handtest.h"
 
+#include <QtEndian>
+
 namespace
 {
 constexpr int NodeAt = 2;
@@ -48,6 +50,21 @@ QStringList HandTest::frames(const QList<int>& commands) const
                                     bytes.sliced(PayloadAt, bytes.size() - PayloadAt - 1).toHex()));
     }
     return frames;
+}
+
+QStringList HandTest::writes() const
+{
+    QStringList writes;
+    for (const TracedFrame& request : m_hand->requests()) {
+        const QByteArray& bytes = request.bytes;
+        const int start = qFromBigEndian<quint16>(bytes.constData() + 2);
+        const QByteArray values = bytes[1] == 6    ? bytes.sliced(4, 2)
+                                  : bytes[1] == 16 ? bytes.sliced(7, bytes[6])
+                                                   : QByteArray();
+        if (!values.isEmpty())
+            writes.append(QString("%1: %2").arg(start).arg(values.toHex().constData()));
+    }
+    return writes;
 }
 
 QStringList HandTest::addressed() const

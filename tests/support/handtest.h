@@ -19,6 +19,8 @@ protected:
     void tell(const QString& command) const;
     /// Command and payload of each request, e.g. "62 f401"; only those in `commands` if given.
     QStringList frames(const QList<int>& commands = {}) const;
+    /// Register and values of each Modbus write, e.g. "1010: 01f4".
+    QStringList writes() const;
     /// Node and command of each request, e.g. "02:62".
     QStringList addressed() const;
     QStringList shown() const { return m_tool->shownTexts(); }

@@ -1,0 +1,37 @@
+#include "calibratingdialog.h"
+
+#include "program.h"
+#include "ui_calibratingdialog.h"
+
+#include <QSignalBlocker>
+
+CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
+                                     quint16 singleStep, std::function<void(int)> moved)
+    : QDialog(parent), ui(std::make_unique<Ui::CalibratingDialog>()), m_moved(std::move(moved))
+{
+    ui->setupUi(this);
+    setWindowTitle(Program::title());
+    ui->label_Prompt->setText(prompt);
+    ui->spinBox_ThumbRootPos->setSingleStep(singleStep);
+    const QSignalBlocker notMoved(ui->spinBox_ThumbRootPos);
+    ui->spinBox_ThumbRootPos->setValue(value);
+}
+
+CalibratingDialog::~CalibratingDialog() = default;
+
+void CalibratingDialog::done(int result)
+{
+    // A Return whose move was still under way must not turn the reject after it into an accept.
+    if (!isVisible())
+        return;
+    // What is typed is taken over when the box loses the focus, as it does now.
+    if (result == QDialog::Rejected)
+        ui->spinBox_ThumbRootPos->blockSignals(true);
+    QDialog::done(result);
+}
+
+void CalibratingDialog::on_spinBox_ThumbRootPos_valueChanged(int value)
+{
+    Q_ASSERT(m_moved);
+    m_moved(value);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+namespace Ui
+{
+class CalibratingDialog;
+}
+
+/// Shows a prompt and lets the thumb root be moved by a spin box as long as it is open.
+class CalibratingDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    /// `moved` is called with each new value; not with the initial one, and not after a reject.
+    CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value, quint16 singleStep,
+                      std::function<void(int)> moved);
+    ~CalibratingDialog() override;
+
+    void done(int result) override;
+
+private slots:
+    void on_spinBox_ThumbRootPos_valueChanged(int value);
+
+private:
+    std::unique_ptr<Ui::CalibratingDialog> ui;
+    std::function<void(int)> m_moved;
+};

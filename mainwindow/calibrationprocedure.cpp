@@ -1,0 +1,206 @@
+#include "calibrationprocedure.h"
+
+#include "calibratingdialog.h"
+#include "controllock.h"
+#include "conversation.h"
+#include "fingers.h"
+#include "program.h"
+#include "statusreporter.h"
+#include "ui_mainwindow.h"
+
+#include <QDeadlineTimer>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace
+{
+/// Result or sub error of a hand that is in the calibrating state already.
+constexpr std::uint8_t AlreadyCalibrating = 0x22;
+constexpr int KeyBase = 16;
+constexpr quint16 ThumbRootStep = 32; ///< absolute units
+constexpr std::uint8_t ThumbRootSpeed = 255;
+constexpr int StageMs = 2000;    ///< what the hand needs for a stage
+constexpr int EventSliceMs = 10; ///< longest sleep between two looks at the clock
+
+/// Moves the thumb root to where it is wanted, one move at a time. What is wanted during a move
+/// follows it; of several wishes the last counts.
+class ThumbRootMover
+{
+public:
+    ThumbRootMover(const DeviceSession::Target& target, const DeviceSession* session,
+                   StatusReporter* reporter)
+        : m_target(target), m_session(session), m_reporter(reporter)
+    {
+    }
+
+    void moveTo(int position)
+    {
+        m_wanted = static_cast<std::uint16_t>(position);
+        if (m_moving)
+            return;
+        const QScopedValueRollback moving(m_moving, true);
+        const Conversation conversation;
+        while (m_wanted && m_session->holds(m_target)) {
+            const auto next = std::exchange(m_wanted, std::nullopt);
+            m_reporter->succeeded(
+                m_target, "setFingerPosAbs",
+                m_target->setFingerPosAbs(m_target.node, ThumbRoot, *next, ThumbRootSpeed));
+        }
+    }
+
+    void drop() { m_wanted.reset(); }
+
+private:
+    const DeviceSession::Target& m_target;
+    const DeviceSession* m_session;
+    StatusReporter* m_reporter;
+    std::optional<std::uint16_t> m_wanted;
+    bool m_moving = false;
+};
+} // namespace
+
+CalibrationProcedure::CalibrationProcedure(Ui::MainWindow* ui, QWidget* window,
+                                           DeviceSession* session, StatusReporter* reporter)
+    : m_ui(ui), m_window(window), m_session(session), m_reporter(reporter)
+{
+}
+
+void CalibrationProcedure::recalibrateClicked()
+{
+    const QWidget* button = m_ui->pushButton_BasicRecalibrate;
+    // The other pages have timers that talk to the hand, also under a dialog.
+    m_session->ask([button] { return button->isEnabled() && button->isVisible(); },
+                   [this](const Target& target) { walk(target); });
+}
+
+void CalibrationProcedure::walk(const Target& target)
+{
+    const ControlLock lock(m_window,
+                           {m_ui->pushButton_RefreshPorts, m_ui->comboBox_Ports,
+                            m_ui->pushButton_ScanDevices, m_ui->comboBox_Devices, m_ui->tabWidget},
+                           {m_ui->action_Force_Update});
+    std::uint16_t key = 0;
+    const std::initializer_list<std::function<bool()>> steps{
+        [&] {
+            return confirm(tr("Prepare calibration base and take Vanto up then power on,\n"
+                              "presss OK when Vanto is ready."));
+        },
+        [&] { return askKey(target, key); },
+        [&] {
+            return confirm(tr("Vanto will reboot if not in calibrating state & calibration key is "
+                              "correct,\npress OK when ready"));
+        },
+        [&] { return startCalibrating(target, key); },
+        [&] {
+            return confirm(tr("Wait for Vanto reboots and beeps 8 times,\n"
+                              "press OK when beep finished"));
+        },
+        [&] {
+            return placeThumbRoot(target,
+                                  tr("Put Vanto onto calibration base & push it tightly, move "
+                                     "thumb root to right pos, press OK when ready"));
+        },
+        [&] { return pressButtonAndWait(target, 1); },
+        [&] { return confirm(tr("Take Vanto up,\npress OK when ready")); },
+        [&] { return pressButtonAndWait(target, 2); },
+        [&] {
+            return placeThumbRoot(target,
+                                  tr("Move thumb root to right position,\npress OK when ready"));
+        },
+        [&] { return pressButton(target, 3); },
+    };
+    for (const auto& step : steps) {
+        if (!step() || !m_session->holds(target))
+            return;
+        m_session->openWaitingDialogs();
+        if (!m_session->holds(target))
+            return;
+    }
+    QMessageBox::information(m_window, Program::title(),
+                             tr("Calibration finished, you may power off and power on the Vanto "
+                                "now to see the result"));
+}
+
+bool CalibrationProcedure::confirm(const QString& prompt)
+{
+    return QMessageBox::information(m_window, Program::title(), prompt,
+                                    QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
+}
+
+bool CalibrationProcedure::askKey(const Target& target, std::uint16_t& key)
+{
+    bool accepted = false;
+    const QString text =
+        QInputDialog::getText(m_window, Program::title(), tr("Please input calibration key:"),
+                              QLineEdit::Password, {}, &accepted);
+    if (!accepted || !m_session->holds(target))
+        return false;
+    bool valid = false;
+    key = static_cast<std::uint16_t>(text.toUInt(&valid, KeyBase)); // the hand takes 16 bits
+    if (!valid)
+        QMessageBox::critical(m_window, Program::title(), tr("Invalid calibration key"));
+    return valid;
+}
+
+bool CalibrationProcedure::startCalibrating(const Target& target, std::uint16_t key)
+{
+    const Conversation conversation;
+    const std::uint8_t result = target->calibrate(target.node, key);
+    if (result == AlreadyCalibrating)
+        return true;
+    if (result == ResultCode::Success || result == ResultCode::Timeout)
+        return m_reporter->succeeded(target, "calibrate", result);
+    if (!m_session->holds(target))
+        return false;
+    const std::uint8_t subError = target->getNodeError(target.node);
+    if (subError == AlreadyCalibrating)
+        return true;
+    if (m_session->holds(target))
+        m_reporter->showFailure(target, "calibrate", result, subError);
+    return false;
+}
+
+bool CalibrationProcedure::placeThumbRoot(const Target& target, const QString& prompt)
+{
+    std::uint16_t wanted = 0;
+    std::uint16_t current = 0;
+    {
+        const Conversation conversation;
+        if (!m_reporter->succeeded(
+                target, "getFingerPosAbs",
+                target->getFingerPosAbs(target.node, ThumbRoot, &wanted, &current)))
+            return false;
+    }
+    ThumbRootMover mover(target, m_session, m_reporter);
+    // The moves are made inside the dialog's event loop, so it ends after the last of them.
+    CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep,
+                             [&mover](int position) { mover.moveTo(position); });
+    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.drop(); });
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CalibrationProcedure::pressButton(const Target& target, std::uint8_t count)
+{
+    const Conversation conversation;
+    return m_reporter->succeeded(target, "setButtonPressedCnt",
+                                 target->setButtonPressedCnt(target.node, count));
+}
+
+bool CalibrationProcedure::pressButtonAndWait(const Target& target, std::uint8_t count)
+{
+    const Conversation conversation; // nobody disturbs the hand at its work
+    if (!pressButton(target, count))
+        return false;
+    const QDeadlineTimer deadline(StageMs);
+    QTimer slices;
+    slices.start(EventSliceMs);
+    while (!deadline.hasExpired() && m_session->holds(target))
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return true;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "devicesession.h"
+
+#include <QCoreApplication>
+
+class QWidget;
+class StatusReporter;
+namespace Ui
+{
+class MainWindow;
+}
+
+/// Walks the person through the calibration of the hand. The hand measures and stores by itself;
+/// what it is told is the key that lets it begin, where the thumb root shall stand, and, by the
+/// count of its button, that a stage is prepared.
+///
+/// Whatever ends the walk leaves the hand at the stage that it has reached; the next walk starts
+/// from the beginning.
+class CalibrationProcedure
+{
+    Q_DECLARE_TR_FUNCTIONS(CalibrationProcedure)
+public:
+    CalibrationProcedure(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
+                         StatusReporter* reporter);
+
+    void recalibrateClicked();
+
+private:
+    using Target = DeviceSession::Target;
+
+    // The steps; each is true when the next may follow.
+    void walk(const Target& target);
+    bool confirm(const QString& prompt);
+    bool askKey(const Target& target, std::uint16_t& key);
+    bool startCalibrating(const Target& target, std::uint16_t key);
+    bool placeThumbRoot(const Target& target, const QString& prompt);
+    bool pressButton(const Target& target, std::uint8_t count);
+    bool pressButtonAndWait(const Target& target, std::uint8_t count);
+
+    Ui::MainWindow* m_ui;
+    QWidget* m_window;
+    DeviceSession* m_session;
+    StatusReporter* m_reporter;
+};

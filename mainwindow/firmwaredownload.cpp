@@ -1,0 +1,135 @@
+#include "firmwaredownload.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QNetworkReply>
+#include <QSaveFile>
+#include <QUrl>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+constexpr int StatusOk = 200;
+constexpr qint64 MaxBodySize = 64LL * 1024 * 1024; ///< bytes; larger update files are not read
+constexpr const char* ServerVariable = "VANTO_FIRMWARE_SERVER";
+
+QString serverAddress()
+{
+    QString address = qEnvironmentVariable(ServerVariable);
+    if (address.isEmpty())
+        address = QStringLiteral(VANTO_FIRMWARE_SERVER);
+    while (address.endsWith(QLatin1Char('/')))
+        address.chop(1);
+    return address;
+}
+
+/// Whether a text names a file of the folder that it is put into, and nothing elsewhere.
+bool isPlainName(const QString& name)
+{
+    const auto leadsAway = [](QChar character) {
+        return character == QLatin1Char('/') || character == QLatin1Char('\\') ||
+               character.category() == QChar::Other_Control;
+    };
+    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
+           std::none_of(name.begin(), name.end(), leadsAway);
+}
+
+bool writeFile(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+        return true;
+    qDebug() << "Open file" << path << "for write failed, err:" << file.errorString();
+    return false;
+}
+} // namespace
+
+FirmwareDownload::FirmwareDownload(QString hardware, std::chrono::milliseconds maxSilence)
+    : m_hardware(std::move(hardware)), m_maxSilence(maxSilence)
+{
+}
+
+FirmwareDownload::Offer FirmwareDownload::latestReleases()
+{
+    Offer offer;
+    if (!isPlainName(m_hardware)) {
+        offer.failure = tr("Error when saving firmware file.");
+        return offer;
+    }
+    const auto body = get(addressOf(QStringLiteral("latest_version.json")));
+    if (!body) {
+        offer.failure = tr("Error when reading version file from server.");
+        return offer;
+    }
+    const QJsonObject types = QJsonDocument::fromJson(*body).object();
+    for (auto type = types.begin(); type != types.end(); ++type) {
+        const QJsonObject members = type->toObject();
+        const auto text = [&members](QLatin1String name) { return members[name].toString(); };
+        offer.releases[type.key()] = {text(QLatin1String("version")), text(QLatin1String("file")),
+                                      text(QLatin1String("desc"))};
+    }
+    // An answer that is no object, or offers nothing to choose, is as good as none.
+    if (offer.releases.isEmpty())
+        offer.failure = tr("Error when parsing version file.");
+    return offer;
+}
+
+FirmwareDownload::SavedFile FirmwareDownload::save(const Release& release)
+{
+    qDebug() << "Select version:" << release.version << ", filename:" << release.file
+             << ", desc:" << release.description;
+    if (!isPlainName(m_hardware) || !isPlainName(release.file))
+        return {{}, tr("Error when saving firmware file.")};
+    const auto body = get(addressOf(release.file));
+    if (!body || body->isEmpty())
+        return {{}, tr("Error when reading firmware file from server.")};
+    const QString path = QStringLiteral("downloaded/%1/%2").arg(m_hardware, release.file);
+    if (!writeFile(path, *body))
+        return {{}, tr("Error when saving firmware file.")};
+    return {path, {}};
+}
+
+void FirmwareDownload::abandon()
+{
+    m_wait.quit();
+}
+
+QUrl FirmwareDownload::addressOf(const QString& file) const
+{
+    const auto encoded = [](const QString& part) {
+        return QString::fromLatin1(QUrl::toPercentEncoding(part));
+    };
+    return QUrl::fromUserInput(serverAddress() + QStringLiteral("/firmwares/") +
+                               encoded(m_hardware) + QLatin1Char('/') + encoded(file));
+}
+
+std::optional<QByteArray> FirmwareDownload::get(const QUrl& address)
+{
+    QNetworkRequest request(address);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
+    // Starts anew with every byte that comes.
+    request.setTransferTimeout(static_cast<int>(m_maxSilence.count()));
+    const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
+    connect(reply.get(), &QNetworkReply::finished, &m_wait, &QEventLoop::quit);
+    connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(),
+            [reply = reply.get()](qint64 received) {
+                if (received > MaxBodySize)
+                    reply->abort();
+            });
+    m_wait.exec();
+
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status != StatusOk)
+        qDebug() << "status code=" << status;
+    else if (reply->error() != QNetworkReply::NoError)
+        qDebug() << reply->errorString();
+    if (status != StatusOk || reply->error() != QNetworkReply::NoError || !reply->isFinished())
+        return std::nullopt;
+    return reply->readAll();
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "devicesession.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QStringList>
+
+#include <functional>
+
+class DeviceConnector;
+class QWidget;
+class StatusReporter;
+class UpdateDialog;
+namespace Ui
+{
+class MainWindow;
+}
+
+/// The firmware update as the person goes through it: where the file comes from, switching the
+/// hand off and on, the transfer, its outcome.
+class FirmwareUpdater
+{
+    Q_DECLARE_TR_FUNCTIONS(FirmwareUpdater)
+public:
+    /// `progress` is called with the percentages of the transfer.
+    FirmwareUpdater(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
+                    StatusReporter* reporter, DeviceConnector* connector,
+                    std::function<void(int)> progress);
+
+    void updateClicked();
+    void showProgress(int percent);
+    /// Whether the program may end. During a transfer it may not, and the person is told so.
+    bool mayEnd();
+
+private:
+    void update();
+    // Each of these is empty when the person has cancelled, when it has failed, which has been
+    // told then, or when another wish has overtaken the update.
+    QString chooseFile();
+    QString chooseHardware();
+    QString download(const QString& hardware);
+    QString choose(const QString& prompt, const QStringList& items);
+
+    /// Why the file is none for an update; empty if it is one.
+    static QString headerFailure(const QString& path);
+    void writeAndTell(const QString& path);
+    QString write(const QString& path);
+    void showLog(const QString& text);
+
+    bool wanted() const { return m_session->epoch() == m_epoch; }
+    void tell(const QString& text);
+    void tellFailure(const QString& text);
+
+    Ui::MainWindow* m_ui;
+    QWidget* m_window;
+    DeviceSession* m_session;
+    StatusReporter* m_reporter;
+    DeviceConnector* m_connector;
+    std::function<void(int)> m_progress;
+    QStringList m_sources;
+    QStringList m_knownHardware;
+    UpdateDialog* m_dialog = nullptr;
+    quint64 m_epoch = 0;
+    bool m_running = false;
+    bool m_transferring = false;
+    QString m_logText; ///< last text of the log
+    QElapsedTimer m_sinceEvents;
+};

@@ -1,0 +1,32 @@
+#include "translation.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+namespace
+{
+/// The name may end in more than the file's does: of "de_AT" the file for "de" is found.
+bool installFile(const QString& name)
+{
+    auto* translator = new QTranslator(qApp);
+    if (translator->load(name))
+        return QCoreApplication::installTranslator(translator);
+    delete translator;
+    return false;
+}
+} // namespace
+
+bool Translation::install(const QString& locale)
+{
+    const QString own =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/i18n/VantoSetting_") + locale;
+    qDebug() << "translation:" << own;
+    if (!installFile(own))
+        return false;
+    // Standard buttons and file dialogs; the program is of use without them.
+    installFile(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qtbase_") +
+                locale);
+    return true;
+}

@@ -1,0 +1,31 @@
+# The Debian package, by `cpack -G DEB` once VantoSetting, vanto-hand and vanto_package_files are
+# built.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ${package})
+set(CPACK_PACKAGE_VENDOR "VantoSetting developers")
+set(CPACK_PACKAGE_CONTACT "VantoSetting developers <vantosetting@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "configure and move a robotic hand over a serial port")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"VantoSetting finds robotic hands with six motors on a serial bus, shows and
+changes their settings, moves their fingers and plays sequences of poses. It
+speaks both protocols of the hand, SerialCtrl and Modbus RTU.
+.
+A simulated hand comes with it, so that everything can be tried without
+hardware.")
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Loaded at run time, so unseen by dpkg-shlibdeps: the plugin for the SVG images of the themes.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
+
+include(CPack)

@@ -1,0 +1,1413 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>BasicTab</name>
+    <message>
+        <source>Wait for command</source>
+        <translation>Auf Befehl warten</translation>
+    </message>
+    <message>
+        <source>Stretch only</source>
+        <translation>Nur strecken</translation>
+    </message>
+    <message>
+        <source>Full self-test</source>
+        <translation>Voller Selbsttest</translation>
+    </message>
+    <message>
+        <source>Basic Only</source>
+        <translation>Nur grundlegende</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Unknown protocol</source>
+        <translation>Unbekanntes Protokoll</translation>
+    </message>
+    <message>
+        <source>Basic info loaded</source>
+        <translation>Allgemeine Daten geladen</translation>
+    </message>
+    <message>
+        <source>getSelfTestLevel(0x%1, ...) got invalid value &apos;%2&apos;</source>
+        <translation>getSelfTestLevel(0x%1, ...) lieferte den ungültigen Wert „%2“</translation>
+    </message>
+    <message>
+        <source>getBeepSwitch(0x%1, ...) got invalid value &apos;%1&apos;</source>
+        <translation>getBeepSwitch(0x%1, ...) lieferte den ungültigen Wert „%1“</translation>
+    </message>
+    <message>
+        <source>Please input new node id:</source>
+        <translation>Neue Knoten-ID:</translation>
+    </message>
+    <message>
+        <source>node id changed from &apos;0x%1&apos; to &apos;0x%2&apos;, please wait for device rebooting then rescan devices</source>
+        <translation>Knoten-ID von „0x%1“ auf „0x%2“ geändert; Neustart des Geräts abwarten, dann erneut suchen</translation>
+    </message>
+    <message>
+        <source>node id changed from &apos;0x%1&apos; to &apos;0x%2&apos;, need to rescan devices</source>
+        <translation>Knoten-ID von „0x%1“ auf „0x%2“ geändert; bitte erneut suchen</translation>
+    </message>
+    <message>
+        <source>Beep succeeded</source>
+        <translation>Signalton ausgegeben</translation>
+    </message>
+    <message>
+        <source>Invalid self-test level &apos;%1&apos;</source>
+        <translation>Ungültige Selbsttest-Stufe „%1“</translation>
+    </message>
+    <message>
+        <source>Set self-test level succeeded</source>
+        <translation>Selbsttest-Stufe gesetzt</translation>
+    </message>
+    <message>
+        <source>Invalid beep switch level &apos;%d&apos;</source>
+        <translation>Ungültige Signalton-Einstellung „%d“</translation>
+    </message>
+    <message>
+        <source>Set beep switch succeeded</source>
+        <translation>Signaltöne eingestellt</translation>
+    </message>
+    <message>
+        <source>Start init succeeded</source>
+        <translation>Initialisierung gestartet</translation>
+    </message>
+    <message>
+        <source>Reset succeeded</source>
+        <translation>Zurückgesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>Update beginnt, Gerät eingeschaltet lassen.</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>Warten auf Antwort des Geräts, Versuch %1...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>Update fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>Keine Antwort vom Gerät.</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>Keine Rückmeldung zum Hardware-Vergleich.</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>Hardware passt nicht zu Typ 0x%1, Version 0x%2.</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>Hardware-Typ 0x%1, Hardware-Version 0x%2 stimmt.</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>Übertragung... %1 %2%.</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>Fehlgeschlagen: Das Gerät antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC-Fehler. Datei beschädigt.</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>Übertragung zu 100% abgeschlossen.</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>Antwort des Geräts: 0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibratingDialog</name>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>Daumenwurzel-Pos.:</translation>
+    </message>
+    <message>
+        <source>Thumb root position</source>
+        <translation>Position der Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>The thumb root moves there at once</source>
+        <translation>Die Daumenwurzel fährt sofort dorthin</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>Kalibriersockel bereitlegen, Vanto hochnehmen und einschalten;
+OK drücken, sobald Vanto bereit ist.</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>Ist Vanto nicht im Kalibrierzustand und stimmt der Schlüssel, startet Vanto neu;
+OK drücken, wenn alles bereit ist</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>Warten, bis Vanto neu startet und 8-mal piept;
+danach OK drücken</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>Vanto auf den Kalibriersockel setzen und fest andrücken, Daumenwurzel in die richtige Position fahren, dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>Vanto hochnehmen,
+dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>Daumenwurzel in die richtige Position fahren,
+dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>Kalibrierung abgeschlossen; Vanto jetzt aus- und wieder einschalten, um das Ergebnis zu sehen</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>Kalibrierschlüssel:</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>Ungültiger Kalibrierschlüssel</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceConnector</name>
+    <message>
+        <source>Unknown device protocol type</source>
+        <translation>Unbekannter Protokolltyp des Geräts</translation>
+    </message>
+    <message>
+        <source>Unknown device protocol version</source>
+        <translation>Unbekannte Protokollversion des Geräts</translation>
+    </message>
+    <message>
+        <source>Unknown device name</source>
+        <translation>Unbekannter Gerätename</translation>
+    </message>
+    <message>
+        <source>Unsupported protocol version</source>
+        <translation>Protokollversion wird nicht unterstützt</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceScanner</name>
+    <message>
+        <source>Scan progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>Knoten „0x%1“ wird abgefragt...</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>Öffnen von Port „%1“ fehlgeschlagen, Protokoll=%2, Baudrate=%3</translation>
+    </message>
+    <message>
+        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
+        <translation>Knoten „0x%1“ gefunden, Firmware-Version: %2.%3.%4</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareDownload</name>
+    <message>
+        <source>Error when saving firmware file.</source>
+        <translation>Fehler beim Speichern der Firmware-Datei.</translation>
+    </message>
+    <message>
+        <source>Error when reading version file from server.</source>
+        <translation>Fehler beim Lesen der Versionsdatei vom Server.</translation>
+    </message>
+    <message>
+        <source>Error when parsing version file.</source>
+        <translation>Fehler beim Auswerten der Versionsdatei.</translation>
+    </message>
+    <message>
+        <source>Error when reading firmware file from server.</source>
+        <translation>Fehler beim Lesen der Firmware-Datei vom Server.</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>Kein serieller Port verfügbar</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>Gerät ausschalten und alle anderen Geräte vom Bus trennen, dann OK drücken.
+Gerät nach Aufforderung einschalten.</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>Quelle der Firmware wählen:</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>Update-Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>Firmware-Update-Datei (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>Hardware-Typ und -Version wurden nicht gelesen, fortfahren?</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>Hardware-Typ/-Version wählen:</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>Art der Firmware wählen:</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>Ungültige Update-Datei</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>Firmware erfolgreich aktualisiert</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Serieller Port</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Refresh ports</source>
+        <translation>Ports aktualisieren</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>Gerät:</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Scan for devices</source>
+        <translation>Geräte suchen</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Firmware Version:</source>
+        <translation>Firmware-Version:</translation>
+    </message>
+    <message>
+        <source>Firmware Version</source>
+        <translation>Firmware-Version</translation>
+    </message>
+    <message>
+        <source>Protocol Version:</source>
+        <translation>Protokollversion:</translation>
+    </message>
+    <message>
+        <source>Protocol Version</source>
+        <translation>Protokollversion</translation>
+    </message>
+    <message>
+        <source>Hardware Type &amp; Version:</source>
+        <translation>Hardware-Typ und -Version:</translation>
+    </message>
+    <message>
+        <source>Hardware Type and Version</source>
+        <translation>Hardware-Typ und -Version</translation>
+    </message>
+    <message>
+        <source>Boot Loader Version:</source>
+        <translation>Bootloader-Version:</translation>
+    </message>
+    <message>
+        <source>Boot Loader Version</source>
+        <translation>Bootloader-Version</translation>
+    </message>
+    <message>
+        <source>Self Test Level:</source>
+        <translation>Selbsttest-Stufe:</translation>
+    </message>
+    <message>
+        <source>Self Test Level</source>
+        <translation>Selbsttest-Stufe</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Set self-test level</source>
+        <translation>Selbsttest-Stufe setzen</translation>
+    </message>
+    <message>
+        <source>Beep Switch:</source>
+        <translation>Signaltöne:</translation>
+    </message>
+    <message>
+        <source>Beep Switch</source>
+        <translation>Signaltöne</translation>
+    </message>
+    <message>
+        <source>Set beep switch</source>
+        <translation>Signaltöne einstellen</translation>
+    </message>
+    <message>
+        <source>Pos Calibration:</source>
+        <translation>Pos.-Kalibrierung:</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Thumb calibrated start position</source>
+        <translation>Daumen: kalibrierte Startposition</translation>
+    </message>
+    <message>
+        <source>~</source>
+        <translation>~</translation>
+    </message>
+    <message>
+        <source>Thumb calibrated end position</source>
+        <translation>Daumen: kalibrierte Endposition</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Zeigefinger</translation>
+    </message>
+    <message>
+        <source>Index calibrated start position</source>
+        <translation>Zeigefinger: kalibrierte Startposition</translation>
+    </message>
+    <message>
+        <source>Index calibrated end position</source>
+        <translation>Zeigefinger: kalibrierte Endposition</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittelfinger</translation>
+    </message>
+    <message>
+        <source>Middle calibrated start position</source>
+        <translation>Mittelfinger: kalibrierte Startposition</translation>
+    </message>
+    <message>
+        <source>Middle calibrated end position</source>
+        <translation>Mittelfinger: kalibrierte Endposition</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>Ringfinger</translation>
+    </message>
+    <message>
+        <source>Third calibrated start position</source>
+        <translation>Ringfinger: kalibrierte Startposition</translation>
+    </message>
+    <message>
+        <source>Third calibrated end position</source>
+        <translation>Ringfinger: kalibrierte Endposition</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>Kleiner Finger</translation>
+    </message>
+    <message>
+        <source>Little calibrated start position</source>
+        <translation>Kleiner Finger: kalibrierte Startposition</translation>
+    </message>
+    <message>
+        <source>Little calibrated end position</source>
+        <translation>Kleiner Finger: kalibrierte Endposition</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>Thumb root calibrated start position</source>
+        <translation>Daumenwurzel: kalibrierte Startposition</translation>
+    </message>
+    <message>
+        <source>Thumb root calibrated end position</source>
+        <translation>Daumenwurzel: kalibrierte Endposition</translation>
+    </message>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>Daumenwurzel-Pos.:</translation>
+    </message>
+    <message>
+        <source>Thumb root position 1</source>
+        <translation>Daumenwurzel: Position 1</translation>
+    </message>
+    <message>
+        <source>Thumb root position 2</source>
+        <translation>Daumenwurzel: Position 2</translation>
+    </message>
+    <message>
+        <source>Thumb root position 3</source>
+        <translation>Daumenwurzel: Position 3</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Set ID</source>
+        <translation>ID setzen</translation>
+    </message>
+    <message>
+        <source>Beep</source>
+        <translation>Signalton</translation>
+    </message>
+    <message>
+        <source>Init</source>
+        <translation>Initialisieren</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>Kalibrieren</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>P:</source>
+        <translation>P:</translation>
+    </message>
+    <message>
+        <source>I:</source>
+        <translation>I:</translation>
+    </message>
+    <message>
+        <source>D:</source>
+        <translation>D:</translation>
+    </message>
+    <message>
+        <source>G:</source>
+        <translation>G:</translation>
+    </message>
+    <message>
+        <source>Current Limit:</source>
+        <translation>Stromgrenze:</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Force Limit:</source>
+        <translation>Kraftgrenze:</translation>
+    </message>
+    <message>
+        <source>mN</source>
+        <translation>mN</translation>
+    </message>
+    <message>
+        <source>Thumb gain P</source>
+        <translation>Daumen: Verstärkung P</translation>
+    </message>
+    <message>
+        <source>Thumb gain I</source>
+        <translation>Daumen: Verstärkung I</translation>
+    </message>
+    <message>
+        <source>Thumb gain D</source>
+        <translation>Daumen: Verstärkung D</translation>
+    </message>
+    <message>
+        <source>Thumb gain G</source>
+        <translation>Daumen: Verstärkung G</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>Read Thumb gains</source>
+        <translation>Daumen: Verstärkungen lesen</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Write Thumb gains</source>
+        <translation>Daumen: Verstärkungen setzen</translation>
+    </message>
+    <message>
+        <source>Thumb current limit</source>
+        <translation>Daumen: Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Read Thumb current limit</source>
+        <translation>Daumen: Stromgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Thumb current limit</source>
+        <translation>Daumen: Stromgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Thumb force limit</source>
+        <translation>Daumen: Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Read Thumb force limit</source>
+        <translation>Daumen: Kraftgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Thumb force limit</source>
+        <translation>Daumen: Kraftgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Index gain P</source>
+        <translation>Zeigefinger: Verstärkung P</translation>
+    </message>
+    <message>
+        <source>Index gain I</source>
+        <translation>Zeigefinger: Verstärkung I</translation>
+    </message>
+    <message>
+        <source>Index gain D</source>
+        <translation>Zeigefinger: Verstärkung D</translation>
+    </message>
+    <message>
+        <source>Index gain G</source>
+        <translation>Zeigefinger: Verstärkung G</translation>
+    </message>
+    <message>
+        <source>Read Index gains</source>
+        <translation>Zeigefinger: Verstärkungen lesen</translation>
+    </message>
+    <message>
+        <source>Write Index gains</source>
+        <translation>Zeigefinger: Verstärkungen setzen</translation>
+    </message>
+    <message>
+        <source>Index current limit</source>
+        <translation>Zeigefinger: Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Read Index current limit</source>
+        <translation>Zeigefinger: Stromgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Index current limit</source>
+        <translation>Zeigefinger: Stromgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Index force limit</source>
+        <translation>Zeigefinger: Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Read Index force limit</source>
+        <translation>Zeigefinger: Kraftgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Index force limit</source>
+        <translation>Zeigefinger: Kraftgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Middle gain P</source>
+        <translation>Mittelfinger: Verstärkung P</translation>
+    </message>
+    <message>
+        <source>Middle gain I</source>
+        <translation>Mittelfinger: Verstärkung I</translation>
+    </message>
+    <message>
+        <source>Middle gain D</source>
+        <translation>Mittelfinger: Verstärkung D</translation>
+    </message>
+    <message>
+        <source>Middle gain G</source>
+        <translation>Mittelfinger: Verstärkung G</translation>
+    </message>
+    <message>
+        <source>Read Middle gains</source>
+        <translation>Mittelfinger: Verstärkungen lesen</translation>
+    </message>
+    <message>
+        <source>Write Middle gains</source>
+        <translation>Mittelfinger: Verstärkungen setzen</translation>
+    </message>
+    <message>
+        <source>Middle current limit</source>
+        <translation>Mittelfinger: Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Read Middle current limit</source>
+        <translation>Mittelfinger: Stromgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Middle current limit</source>
+        <translation>Mittelfinger: Stromgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Middle force limit</source>
+        <translation>Mittelfinger: Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Read Middle force limit</source>
+        <translation>Mittelfinger: Kraftgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Middle force limit</source>
+        <translation>Mittelfinger: Kraftgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Third gain P</source>
+        <translation>Ringfinger: Verstärkung P</translation>
+    </message>
+    <message>
+        <source>Third gain I</source>
+        <translation>Ringfinger: Verstärkung I</translation>
+    </message>
+    <message>
+        <source>Third gain D</source>
+        <translation>Ringfinger: Verstärkung D</translation>
+    </message>
+    <message>
+        <source>Third gain G</source>
+        <translation>Ringfinger: Verstärkung G</translation>
+    </message>
+    <message>
+        <source>Read Third gains</source>
+        <translation>Ringfinger: Verstärkungen lesen</translation>
+    </message>
+    <message>
+        <source>Write Third gains</source>
+        <translation>Ringfinger: Verstärkungen setzen</translation>
+    </message>
+    <message>
+        <source>Third current limit</source>
+        <translation>Ringfinger: Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Read Third current limit</source>
+        <translation>Ringfinger: Stromgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Third current limit</source>
+        <translation>Ringfinger: Stromgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Third force limit</source>
+        <translation>Ringfinger: Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Read Third force limit</source>
+        <translation>Ringfinger: Kraftgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Third force limit</source>
+        <translation>Ringfinger: Kraftgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Little gain P</source>
+        <translation>Kleiner Finger: Verstärkung P</translation>
+    </message>
+    <message>
+        <source>Little gain I</source>
+        <translation>Kleiner Finger: Verstärkung I</translation>
+    </message>
+    <message>
+        <source>Little gain D</source>
+        <translation>Kleiner Finger: Verstärkung D</translation>
+    </message>
+    <message>
+        <source>Little gain G</source>
+        <translation>Kleiner Finger: Verstärkung G</translation>
+    </message>
+    <message>
+        <source>Read Little gains</source>
+        <translation>Kleiner Finger: Verstärkungen lesen</translation>
+    </message>
+    <message>
+        <source>Write Little gains</source>
+        <translation>Kleiner Finger: Verstärkungen setzen</translation>
+    </message>
+    <message>
+        <source>Little current limit</source>
+        <translation>Kleiner Finger: Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Read Little current limit</source>
+        <translation>Kleiner Finger: Stromgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Little current limit</source>
+        <translation>Kleiner Finger: Stromgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Little force limit</source>
+        <translation>Kleiner Finger: Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Read Little force limit</source>
+        <translation>Kleiner Finger: Kraftgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Little force limit</source>
+        <translation>Kleiner Finger: Kraftgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Thumb root gain P</source>
+        <translation>Daumenwurzel: Verstärkung P</translation>
+    </message>
+    <message>
+        <source>Thumb root gain I</source>
+        <translation>Daumenwurzel: Verstärkung I</translation>
+    </message>
+    <message>
+        <source>Thumb root gain D</source>
+        <translation>Daumenwurzel: Verstärkung D</translation>
+    </message>
+    <message>
+        <source>Thumb root gain G</source>
+        <translation>Daumenwurzel: Verstärkung G</translation>
+    </message>
+    <message>
+        <source>Read Thumb root gains</source>
+        <translation>Daumenwurzel: Verstärkungen lesen</translation>
+    </message>
+    <message>
+        <source>Write Thumb root gains</source>
+        <translation>Daumenwurzel: Verstärkungen setzen</translation>
+    </message>
+    <message>
+        <source>Thumb root current limit</source>
+        <translation>Daumenwurzel: Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Read Thumb root current limit</source>
+        <translation>Daumenwurzel: Stromgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Thumb root current limit</source>
+        <translation>Daumenwurzel: Stromgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Thumb root force limit</source>
+        <translation>Daumenwurzel: Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Read Thumb root force limit</source>
+        <translation>Daumenwurzel: Kraftgrenze lesen</translation>
+    </message>
+    <message>
+        <source>Write Thumb root force limit</source>
+        <translation>Daumenwurzel: Kraftgrenze setzen</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <comment>page</comment>
+        <translation>Bewegen</translation>
+    </message>
+    <message>
+        <source>Position or angle</source>
+        <translation>Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>Tempo:</translation>
+    </message>
+    <message>
+        <source>Current:</source>
+        <translation>Strom:</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>Daumen: Ziel</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>Daumen: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Thumb position or angle</source>
+        <translation>Daumen: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>Daumen: Tempo</translation>
+    </message>
+    <message>
+        <source>Thumb current</source>
+        <translation>Daumen: Strom</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>Zeigefinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>Zeigefinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Index position or angle</source>
+        <translation>Zeigefinger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>Zeigefinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Index current</source>
+        <translation>Zeigefinger: Strom</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>Mittelfinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>Mittelfinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Middle position or angle</source>
+        <translation>Mittelfinger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>Mittelfinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Middle current</source>
+        <translation>Mittelfinger: Strom</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>Ringfinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>Ringfinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Third position or angle</source>
+        <translation>Ringfinger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>Ringfinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Third current</source>
+        <translation>Ringfinger: Strom</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>Kleiner Finger: Ziel</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>Kleiner Finger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Little position or angle</source>
+        <translation>Kleiner Finger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>Kleiner Finger: Tempo</translation>
+    </message>
+    <message>
+        <source>Little current</source>
+        <translation>Kleiner Finger: Strom</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>Daumenwurzel: Ziel</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>Daumenwurzel: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Thumb root position or angle</source>
+        <translation>Daumenwurzel: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>Daumenwurzel: Tempo</translation>
+    </message>
+    <message>
+        <source>Thumb root current</source>
+        <translation>Daumenwurzel: Strom</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Kraft</translation>
+    </message>
+    <message>
+        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
+        <translation>Diese Hand hat Kraftsensoren. Die Kraftgrenzen werden auf der Seite „Einstellungen“ gesetzt.</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Sequenz</translation>
+    </message>
+    <message>
+        <source>Steps of the sequence</source>
+        <translation>Schritte der Sequenz</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Schritt einfügen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Schritt löschen</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Move step up</source>
+        <translation>Schritt nach oben verschieben</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Move step down</source>
+        <translation>Schritt nach unten verschieben</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Run sequence</source>
+        <translation>Sequenz starten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Stop sequence</source>
+        <translation>Sequenz stoppen</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>Laden</translation>
+    </message>
+    <message>
+        <source>Load sequence</source>
+        <translation>Sequenz laden</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save sequence</source>
+        <translation>Sequenz speichern</translation>
+    </message>
+    <message>
+        <source>Hands do not store sequences yet</source>
+        <translation>Hände speichern noch keine Sequenzen</translation>
+    </message>
+    <message>
+        <source>From hand</source>
+        <translation>Von der Hand</translation>
+    </message>
+    <message>
+        <source>To hand</source>
+        <translation>An die Hand</translation>
+    </message>
+    <message>
+        <source>Run on hand</source>
+        <translation>Hand: Start</translation>
+    </message>
+    <message>
+        <source>Stop on hand</source>
+        <translation>Hand: Stopp</translation>
+    </message>
+    <message>
+        <source>Delay:</source>
+        <translation>Wartezeit:</translation>
+    </message>
+    <message>
+        <source>Delay of the step in milliseconds</source>
+        <translation>Wartezeit des Schritts in Millisekunden</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Force &amp;Update</source>
+        <translation>&amp;Update erzwingen</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>
+
+Supported protocol:</source>
+        <translation>
+
+Unterstützte Protokolle:</translation>
+    </message>
+    <message>
+        <source>
+    SerialCtrl Protocol Ver %1.x</source>
+        <translation>
+    SerialCtrl-Protokoll, Ver. %1.x</translation>
+    </message>
+    <message>
+        <source>
+    ModBus-RTU Protocol Ver %1.x</source>
+        <translation>
+    ModBus-RTU-Protokoll, Ver. %1.x</translation>
+    </message>
+    <message>
+        <source>Thumb Root</source>
+        <comment>short</comment>
+        <translation>D.-Wurzel</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <comment>short</comment>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <comment>short</comment>
+        <translation>Zeigef.</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <comment>short</comment>
+        <translation>Mittelf.</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <comment>short</comment>
+        <translation>Ringf.</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <comment>short</comment>
+        <translation>Kleinf.</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <comment>short</comment>
+        <translation>D.-Wurzel</translation>
+    </message>
+</context>
+<context>
+    <name>MessageLog</name>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>Seriennummer %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>aus VANTO_PORTS</translation>
+    </message>
+</context>
+<context>
+    <name>PortProblem</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>Kein Port gewählt. Adapter der Hand einstecken und „Aktualisieren“ drücken.</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>Der Port ist nicht mehr da. Adapter wieder einstecken und „Aktualisieren“ drücken.</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>Keine Berechtigung für diesen Port. Er gehört der Gruppe „%1“; ihr beitreten mit
+    sudo usermod -aG %1 $USER
+und neu anmelden.</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>Ein anderes Programm benutzt diesen Port. Es schließen und erneut versuchen. (ModemManager belegt einen neuen Adapter einige Sekunden lang.)</translation>
+    </message>
+</context>
+<context>
+    <name>PositionMode</name>
+    <message>
+        <source>degree</source>
+        <translation>Grad</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>RunTab</name>
+    <message>
+        <source>Running info loaded</source>
+        <translation>Betriebsdaten geladen</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePlayer</name>
+    <message>
+        <source>Thumb</source>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Zeigefinger</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittelfinger</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>Ringfinger</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>Kleiner Finger</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>No VANTO</source>
+        <translation>Kein VANTO</translation>
+    </message>
+    <message>
+        <source>%s has too big current: %d mA</source>
+        <translation>%s: Strom zu hoch: %d mA</translation>
+    </message>
+    <message>
+        <source>TIME OUT</source>
+        <translation>ZEITÜBERSCHREITUNG</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) gab 0x%3 zurück (Unterfehler %4)</translation>
+    </message>
+</context>
+<context>
+    <name>SequenceTab</name>
+    <message>
+        <source>Choose json file</source>
+        <translation>JSON-Datei wählen</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>Sequenzdateien (*.json)</translation>
+    </message>
+</context>
+<context>
+    <name>SettingTab</name>
+    <message>
+        <source>Setting loaded</source>
+        <translation>Einstellungen geladen</translation>
+    </message>
+    <message>
+        <source>Please check parameter is complete</source>
+        <translation>Bitte prüfen, ob alle Werte angegeben sind</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReporter</name>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Messages...</source>
+        <translation>Meldungen...</translation>
+    </message>
+    <message>
+        <source>Timeout for %1 node &apos;0x%2&apos;...</source>
+        <translation>Zeitüberschreitung bei %1-Knoten „0x%2“...</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) gab 0x%3 zurück (Unterfehler %4)</translation>
+    </message>
+</context>
+<context>
+    <name>Theme</name>
+    <message>
+        <source>Please select style:</source>
+        <translation>Farbschema wählen:</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Wait a moment...</source>
+        <translation>Einen Moment...</translation>
+    </message>
+    <message>
+        <source>Power up the device now</source>
+        <translation>Jetzt das Gerät einschalten</translation>
+    </message>
+    <message>
+        <source>Updating device firmware...</source>
+        <translation>Firmware des Geräts wird aktualisiert...</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFile</name>
+    <message>
+        <source>Processing update file - %1%...</source>
+        <translation>Update-Datei wird verarbeitet - %1%...</translation>
+    </message>
+    <message>
+        <source>Hardware type: 0x%1, ver: 0x%2</source>
+        <translation>Hardware-Typ: 0x%1, Version: 0x%2</translation>
+    </message>
+    <message>
+        <source>Invalid update file.</source>
+        <translation>Ungültige Update-Datei.</translation>
+    </message>
+    <message>
+        <source>File damaged.</source>
+        <translation>Datei beschädigt.</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFirmware</name>
+    <message>
+        <source>Failed when openning port &apos;%1&apos;.</source>
+        <translation>Öffnen von Port „%1“ fehlgeschlagen.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1413 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP">
+<context>
+    <name>BasicTab</name>
+    <message>
+        <source>Wait for command</source>
+        <translation>コマンド待ち</translation>
+    </message>
+    <message>
+        <source>Stretch only</source>
+        <translation>指を伸ばすのみ</translation>
+    </message>
+    <message>
+        <source>Full self-test</source>
+        <translation>完全自己診断</translation>
+    </message>
+    <message>
+        <source>Basic Only</source>
+        <translation>基本のみ</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Unknown protocol</source>
+        <translation>不明なプロトコルです</translation>
+    </message>
+    <message>
+        <source>Basic info loaded</source>
+        <translation>基本情報を読み込みました</translation>
+    </message>
+    <message>
+        <source>getSelfTestLevel(0x%1, ...) got invalid value &apos;%2&apos;</source>
+        <translation>getSelfTestLevel(0x%1, ...) が無効な値「%2」を返しました</translation>
+    </message>
+    <message>
+        <source>getBeepSwitch(0x%1, ...) got invalid value &apos;%1&apos;</source>
+        <translation>getBeepSwitch(0x%1, ...) が無効な値「%1」を返しました</translation>
+    </message>
+    <message>
+        <source>Please input new node id:</source>
+        <translation>新しいノード ID を入力してください:</translation>
+    </message>
+    <message>
+        <source>node id changed from &apos;0x%1&apos; to &apos;0x%2&apos;, please wait for device rebooting then rescan devices</source>
+        <translation>ノード ID を「0x%1」から「0x%2」に変更しました。デバイスの再起動を待って再スキャンしてください</translation>
+    </message>
+    <message>
+        <source>node id changed from &apos;0x%1&apos; to &apos;0x%2&apos;, need to rescan devices</source>
+        <translation>ノード ID を「0x%1」から「0x%2」に変更しました。再スキャンしてください</translation>
+    </message>
+    <message>
+        <source>Beep succeeded</source>
+        <translation>ビープ音を鳴らしました</translation>
+    </message>
+    <message>
+        <source>Invalid self-test level &apos;%1&apos;</source>
+        <translation>無効な自己診断レベル「%1」</translation>
+    </message>
+    <message>
+        <source>Set self-test level succeeded</source>
+        <translation>自己診断レベルを設定しました</translation>
+    </message>
+    <message>
+        <source>Invalid beep switch level &apos;%d&apos;</source>
+        <translation>無効なビープ設定「%d」</translation>
+    </message>
+    <message>
+        <source>Set beep switch succeeded</source>
+        <translation>ビープ音を設定しました</translation>
+    </message>
+    <message>
+        <source>Start init succeeded</source>
+        <translation>初期化を開始しました</translation>
+    </message>
+    <message>
+        <source>Reset succeeded</source>
+        <translation>リセットしました</translation>
+    </message>
+</context>
+<context>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>アップデートを開始します。デバイスの電源を切らないでください。</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>デバイスの応答を待っています、%1 回目...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>アップデートに失敗しました。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>デバイスの応答待ちでエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>ハードウェア照合結果の待機中にエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>ハードウェアがタイプ 0x%1、バージョン 0x%2 と一致しません。</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>ハードウェアタイプ 0x%1、ハードウェアバージョン 0x%2 が一致しました。</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>転送中... %1 %2% 完了。</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>失敗: デバイスが応答しません。</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC エラー。ファイルが破損しています。</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>転送が 100% 完了しました。</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>デバイスの応答: 0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibratingDialog</name>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>付け根位置:</translation>
+    </message>
+    <message>
+        <source>Thumb root position</source>
+        <translation>親指付け根の位置</translation>
+    </message>
+    <message>
+        <source>The thumb root moves there at once</source>
+        <translation>親指付け根がすぐにその位置へ動きます</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>校正台を用意し、Vanto を持ち上げて電源を入れてください。
+Vanto の準備ができたら OK を押してください。</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>校正状態でなく校正キーが正しければ Vanto は再起動します。
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>Vanto が再起動してビープ音が 8 回鳴るまで待ち、
+鳴り終わったら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>Vanto を校正台に載せてしっかり押し付け、親指付け根を正しい位置に動かしてから OK を押してください</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>Vanto を持ち上げ、
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>親指付け根を正しい位置に動かし、
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>校正が完了しました。Vanto の電源を入れ直すと結果を確認できます</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>校正キーを入力してください:</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>校正キーが無効です</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceConnector</name>
+    <message>
+        <source>Unknown device protocol type</source>
+        <translation>デバイスのプロトコルの種類が不明です</translation>
+    </message>
+    <message>
+        <source>Unknown device protocol version</source>
+        <translation>デバイスのプロトコルバージョンが不明です</translation>
+    </message>
+    <message>
+        <source>Unknown device name</source>
+        <translation>デバイス名が不明です</translation>
+    </message>
+    <message>
+        <source>Unsupported protocol version</source>
+        <translation>対応していないプロトコルバージョンです</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceScanner</name>
+    <message>
+        <source>Scan progress</source>
+        <translation>スキャンの進行状況</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>ノード「0x%1」を確認中...</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>ポート「%1」を開けませんでした、プロトコル=%2、ボーレート=%3</translation>
+    </message>
+    <message>
+        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
+        <translation>ノード「0x%1」が見つかりました、ファームウェアバージョン: %2.%3.%4</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareDownload</name>
+    <message>
+        <source>Error when saving firmware file.</source>
+        <translation>ファームウェアファイルの保存中にエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Error when reading version file from server.</source>
+        <translation>サーバーからバージョンファイルを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>Error when parsing version file.</source>
+        <translation>バージョンファイルを解析できませんでした。</translation>
+    </message>
+    <message>
+        <source>Error when reading firmware file from server.</source>
+        <translation>サーバーからファームウェアファイルを読み込めませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>シリアルポートを使用できません</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>デバイスの電源を切り、他のデバイスをすべてバスから外してから OK を押してください。
+指示が出たらデバイスの電源を入れてください。</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>ファームウェアの取得元を選択してください:</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>アップデートファイルを開く</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>ファームウェアアップデートファイル (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>ハードウェアのタイプが読み出されていません。続行しますか?</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>ハードウェアのタイプ/バージョンを選択してください:</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>ファームウェアの種類を選択してください:</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>ファイル「%1」を開けませんでした。</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>無効なアップデートファイルです</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>ファームウェアをアップデートしました</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Port:</source>
+        <translation>ポート:</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>シリアルポート</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Refresh ports</source>
+        <translation>ポート一覧を更新</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>デバイス:</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>デバイス</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>スキャン</translation>
+    </message>
+    <message>
+        <source>Scan for devices</source>
+        <translation>デバイスをスキャン</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>基本</translation>
+    </message>
+    <message>
+        <source>Firmware Version:</source>
+        <translation>ファームウェアバージョン:</translation>
+    </message>
+    <message>
+        <source>Firmware Version</source>
+        <translation>ファームウェアバージョン</translation>
+    </message>
+    <message>
+        <source>Protocol Version:</source>
+        <translation>プロトコルバージョン:</translation>
+    </message>
+    <message>
+        <source>Protocol Version</source>
+        <translation>プロトコルバージョン</translation>
+    </message>
+    <message>
+        <source>Hardware Type &amp; Version:</source>
+        <translation>ハードウェアタイプとバージョン:</translation>
+    </message>
+    <message>
+        <source>Hardware Type and Version</source>
+        <translation>ハードウェアタイプとバージョン</translation>
+    </message>
+    <message>
+        <source>Boot Loader Version:</source>
+        <translation>ブートローダーバージョン:</translation>
+    </message>
+    <message>
+        <source>Boot Loader Version</source>
+        <translation>ブートローダーバージョン</translation>
+    </message>
+    <message>
+        <source>Self Test Level:</source>
+        <translation>自己診断レベル:</translation>
+    </message>
+    <message>
+        <source>Self Test Level</source>
+        <translation>自己診断レベル</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Set self-test level</source>
+        <translation>自己診断レベルを設定</translation>
+    </message>
+    <message>
+        <source>Beep Switch:</source>
+        <translation>ビープ設定:</translation>
+    </message>
+    <message>
+        <source>Beep Switch</source>
+        <translation>ビープ設定</translation>
+    </message>
+    <message>
+        <source>Set beep switch</source>
+        <translation>ビープ設定を書き込む</translation>
+    </message>
+    <message>
+        <source>Pos Calibration:</source>
+        <translation>位置校正:</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Thumb calibrated start position</source>
+        <translation>親指の校正開始位置</translation>
+    </message>
+    <message>
+        <source>~</source>
+        <translation>~</translation>
+    </message>
+    <message>
+        <source>Thumb calibrated end position</source>
+        <translation>親指の校正終了位置</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Index calibrated start position</source>
+        <translation>人差し指の校正開始位置</translation>
+    </message>
+    <message>
+        <source>Index calibrated end position</source>
+        <translation>人差し指の校正終了位置</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Middle calibrated start position</source>
+        <translation>中指の校正開始位置</translation>
+    </message>
+    <message>
+        <source>Middle calibrated end position</source>
+        <translation>中指の校正終了位置</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Third calibrated start position</source>
+        <translation>薬指の校正開始位置</translation>
+    </message>
+    <message>
+        <source>Third calibrated end position</source>
+        <translation>薬指の校正終了位置</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Little calibrated start position</source>
+        <translation>小指の校正開始位置</translation>
+    </message>
+    <message>
+        <source>Little calibrated end position</source>
+        <translation>小指の校正終了位置</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>Thumb root calibrated start position</source>
+        <translation>親指付け根の校正開始位置</translation>
+    </message>
+    <message>
+        <source>Thumb root calibrated end position</source>
+        <translation>親指付け根の校正終了位置</translation>
+    </message>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>付け根位置:</translation>
+    </message>
+    <message>
+        <source>Thumb root position 1</source>
+        <translation>親指付け根の位置 1</translation>
+    </message>
+    <message>
+        <source>Thumb root position 2</source>
+        <translation>親指付け根の位置 2</translation>
+    </message>
+    <message>
+        <source>Thumb root position 3</source>
+        <translation>親指付け根の位置 3</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Set ID</source>
+        <translation>ID 設定</translation>
+    </message>
+    <message>
+        <source>Beep</source>
+        <translation>ビープ</translation>
+    </message>
+    <message>
+        <source>Init</source>
+        <translation>初期化</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>校正</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>P:</source>
+        <translation>P:</translation>
+    </message>
+    <message>
+        <source>I:</source>
+        <translation>I:</translation>
+    </message>
+    <message>
+        <source>D:</source>
+        <translation>D:</translation>
+    </message>
+    <message>
+        <source>G:</source>
+        <translation>G:</translation>
+    </message>
+    <message>
+        <source>Current Limit:</source>
+        <translation>電流上限:</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Force Limit:</source>
+        <translation>力上限:</translation>
+    </message>
+    <message>
+        <source>mN</source>
+        <translation>mN</translation>
+    </message>
+    <message>
+        <source>Thumb gain P</source>
+        <translation>親指のゲイン P</translation>
+    </message>
+    <message>
+        <source>Thumb gain I</source>
+        <translation>親指のゲイン I</translation>
+    </message>
+    <message>
+        <source>Thumb gain D</source>
+        <translation>親指のゲイン D</translation>
+    </message>
+    <message>
+        <source>Thumb gain G</source>
+        <translation>親指のゲイン G</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>読出</translation>
+    </message>
+    <message>
+        <source>Read Thumb gains</source>
+        <translation>親指のゲインを読み出す</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>書込</translation>
+    </message>
+    <message>
+        <source>Write Thumb gains</source>
+        <translation>親指のゲインを書き込む</translation>
+    </message>
+    <message>
+        <source>Thumb current limit</source>
+        <translation>親指の電流上限</translation>
+    </message>
+    <message>
+        <source>Read Thumb current limit</source>
+        <translation>親指の電流上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Thumb current limit</source>
+        <translation>親指の電流上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Thumb force limit</source>
+        <translation>親指の力上限</translation>
+    </message>
+    <message>
+        <source>Read Thumb force limit</source>
+        <translation>親指の力上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Thumb force limit</source>
+        <translation>親指の力上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Index gain P</source>
+        <translation>人差し指のゲイン P</translation>
+    </message>
+    <message>
+        <source>Index gain I</source>
+        <translation>人差し指のゲイン I</translation>
+    </message>
+    <message>
+        <source>Index gain D</source>
+        <translation>人差し指のゲイン D</translation>
+    </message>
+    <message>
+        <source>Index gain G</source>
+        <translation>人差し指のゲイン G</translation>
+    </message>
+    <message>
+        <source>Read Index gains</source>
+        <translation>人差し指のゲインを読み出す</translation>
+    </message>
+    <message>
+        <source>Write Index gains</source>
+        <translation>人差し指のゲインを書き込む</translation>
+    </message>
+    <message>
+        <source>Index current limit</source>
+        <translation>人差し指の電流上限</translation>
+    </message>
+    <message>
+        <source>Read Index current limit</source>
+        <translation>人差し指の電流上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Index current limit</source>
+        <translation>人差し指の電流上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Index force limit</source>
+        <translation>人差し指の力上限</translation>
+    </message>
+    <message>
+        <source>Read Index force limit</source>
+        <translation>人差し指の力上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Index force limit</source>
+        <translation>人差し指の力上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Middle gain P</source>
+        <translation>中指のゲイン P</translation>
+    </message>
+    <message>
+        <source>Middle gain I</source>
+        <translation>中指のゲイン I</translation>
+    </message>
+    <message>
+        <source>Middle gain D</source>
+        <translation>中指のゲイン D</translation>
+    </message>
+    <message>
+        <source>Middle gain G</source>
+        <translation>中指のゲイン G</translation>
+    </message>
+    <message>
+        <source>Read Middle gains</source>
+        <translation>中指のゲインを読み出す</translation>
+    </message>
+    <message>
+        <source>Write Middle gains</source>
+        <translation>中指のゲインを書き込む</translation>
+    </message>
+    <message>
+        <source>Middle current limit</source>
+        <translation>中指の電流上限</translation>
+    </message>
+    <message>
+        <source>Read Middle current limit</source>
+        <translation>中指の電流上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Middle current limit</source>
+        <translation>中指の電流上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Middle force limit</source>
+        <translation>中指の力上限</translation>
+    </message>
+    <message>
+        <source>Read Middle force limit</source>
+        <translation>中指の力上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Middle force limit</source>
+        <translation>中指の力上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Third gain P</source>
+        <translation>薬指のゲイン P</translation>
+    </message>
+    <message>
+        <source>Third gain I</source>
+        <translation>薬指のゲイン I</translation>
+    </message>
+    <message>
+        <source>Third gain D</source>
+        <translation>薬指のゲイン D</translation>
+    </message>
+    <message>
+        <source>Third gain G</source>
+        <translation>薬指のゲイン G</translation>
+    </message>
+    <message>
+        <source>Read Third gains</source>
+        <translation>薬指のゲインを読み出す</translation>
+    </message>
+    <message>
+        <source>Write Third gains</source>
+        <translation>薬指のゲインを書き込む</translation>
+    </message>
+    <message>
+        <source>Third current limit</source>
+        <translation>薬指の電流上限</translation>
+    </message>
+    <message>
+        <source>Read Third current limit</source>
+        <translation>薬指の電流上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Third current limit</source>
+        <translation>薬指の電流上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Third force limit</source>
+        <translation>薬指の力上限</translation>
+    </message>
+    <message>
+        <source>Read Third force limit</source>
+        <translation>薬指の力上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Third force limit</source>
+        <translation>薬指の力上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Little gain P</source>
+        <translation>小指のゲイン P</translation>
+    </message>
+    <message>
+        <source>Little gain I</source>
+        <translation>小指のゲイン I</translation>
+    </message>
+    <message>
+        <source>Little gain D</source>
+        <translation>小指のゲイン D</translation>
+    </message>
+    <message>
+        <source>Little gain G</source>
+        <translation>小指のゲイン G</translation>
+    </message>
+    <message>
+        <source>Read Little gains</source>
+        <translation>小指のゲインを読み出す</translation>
+    </message>
+    <message>
+        <source>Write Little gains</source>
+        <translation>小指のゲインを書き込む</translation>
+    </message>
+    <message>
+        <source>Little current limit</source>
+        <translation>小指の電流上限</translation>
+    </message>
+    <message>
+        <source>Read Little current limit</source>
+        <translation>小指の電流上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Little current limit</source>
+        <translation>小指の電流上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Little force limit</source>
+        <translation>小指の力上限</translation>
+    </message>
+    <message>
+        <source>Read Little force limit</source>
+        <translation>小指の力上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Little force limit</source>
+        <translation>小指の力上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Thumb root gain P</source>
+        <translation>親指付け根のゲイン P</translation>
+    </message>
+    <message>
+        <source>Thumb root gain I</source>
+        <translation>親指付け根のゲイン I</translation>
+    </message>
+    <message>
+        <source>Thumb root gain D</source>
+        <translation>親指付け根のゲイン D</translation>
+    </message>
+    <message>
+        <source>Thumb root gain G</source>
+        <translation>親指付け根のゲイン G</translation>
+    </message>
+    <message>
+        <source>Read Thumb root gains</source>
+        <translation>親指付け根のゲインを読み出す</translation>
+    </message>
+    <message>
+        <source>Write Thumb root gains</source>
+        <translation>親指付け根のゲインを書き込む</translation>
+    </message>
+    <message>
+        <source>Thumb root current limit</source>
+        <translation>親指付け根の電流上限</translation>
+    </message>
+    <message>
+        <source>Read Thumb root current limit</source>
+        <translation>親指付け根の電流上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Thumb root current limit</source>
+        <translation>親指付け根の電流上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Thumb root force limit</source>
+        <translation>親指付け根の力上限</translation>
+    </message>
+    <message>
+        <source>Read Thumb root force limit</source>
+        <translation>親指付け根の力上限を読み出す</translation>
+    </message>
+    <message>
+        <source>Write Thumb root force limit</source>
+        <translation>親指付け根の力上限を書き込む</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <comment>page</comment>
+        <translation>動作</translation>
+    </message>
+    <message>
+        <source>Position or angle</source>
+        <translation>位置または角度</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>速度:</translation>
+    </message>
+    <message>
+        <source>Current:</source>
+        <translation>電流:</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>親指の目標</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>親指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Thumb position or angle</source>
+        <translation>親指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>親指の速度</translation>
+    </message>
+    <message>
+        <source>Thumb current</source>
+        <translation>親指の電流</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>人差し指の目標</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>人差し指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Index position or angle</source>
+        <translation>人差し指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>人差し指の速度</translation>
+    </message>
+    <message>
+        <source>Index current</source>
+        <translation>人差し指の電流</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>中指の目標</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>中指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Middle position or angle</source>
+        <translation>中指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>中指の速度</translation>
+    </message>
+    <message>
+        <source>Middle current</source>
+        <translation>中指の電流</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>薬指の目標</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>薬指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Third position or angle</source>
+        <translation>薬指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>薬指の速度</translation>
+    </message>
+    <message>
+        <source>Third current</source>
+        <translation>薬指の電流</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>小指の目標</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>小指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Little position or angle</source>
+        <translation>小指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>小指の速度</translation>
+    </message>
+    <message>
+        <source>Little current</source>
+        <translation>小指の電流</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>親指付け根の目標</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>親指付け根の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Thumb root position or angle</source>
+        <translation>親指付け根の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>親指付け根の速度</translation>
+    </message>
+    <message>
+        <source>Thumb root current</source>
+        <translation>親指付け根の電流</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
+        <translation>このハンドには力センサーがあります。力上限は「設定」ページで設定します。</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>シーケンス</translation>
+    </message>
+    <message>
+        <source>Steps of the sequence</source>
+        <translation>シーケンスのステップ</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>挿入</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>ステップを挿入</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>ステップを削除</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上へ</translation>
+    </message>
+    <message>
+        <source>Move step up</source>
+        <translation>ステップを上へ移動</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>下へ</translation>
+    </message>
+    <message>
+        <source>Move step down</source>
+        <translation>ステップを下へ移動</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>実行</translation>
+    </message>
+    <message>
+        <source>Run sequence</source>
+        <translation>シーケンスを実行</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Stop sequence</source>
+        <translation>シーケンスを停止</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>読込</translation>
+    </message>
+    <message>
+        <source>Load sequence</source>
+        <translation>シーケンスを読み込む</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Save sequence</source>
+        <translation>シーケンスを保存</translation>
+    </message>
+    <message>
+        <source>Hands do not store sequences yet</source>
+        <translation>ハンドはまだシーケンスを保存できません</translation>
+    </message>
+    <message>
+        <source>From hand</source>
+        <translation>ハンドから</translation>
+    </message>
+    <message>
+        <source>To hand</source>
+        <translation>ハンドへ</translation>
+    </message>
+    <message>
+        <source>Run on hand</source>
+        <translation>ハンドで実行</translation>
+    </message>
+    <message>
+        <source>Stop on hand</source>
+        <translation>ハンドで停止</translation>
+    </message>
+    <message>
+        <source>Delay:</source>
+        <translation>待ち時間:</translation>
+    </message>
+    <message>
+        <source>Delay of the step in milliseconds</source>
+        <translation>ステップの待ち時間 (ミリ秒)</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>オプション(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>終了(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Force &amp;Update</source>
+        <translation>強制アップデート(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>テーマ(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>バージョン情報(&amp;A)</translation>
+    </message>
+    <message>
+        <source>
+
+Supported protocol:</source>
+        <translation>
+
+対応プロトコル:</translation>
+    </message>
+    <message>
+        <source>
+    SerialCtrl Protocol Ver %1.x</source>
+        <translation>
+    SerialCtrl プロトコル Ver %1.x</translation>
+    </message>
+    <message>
+        <source>
+    ModBus-RTU Protocol Ver %1.x</source>
+        <translation>
+    ModBus-RTU プロトコル Ver %1.x</translation>
+    </message>
+    <message>
+        <source>Thumb Root</source>
+        <comment>short</comment>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <comment>short</comment>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <comment>short</comment>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <comment>short</comment>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <comment>short</comment>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <comment>short</comment>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <comment>short</comment>
+        <translation>親指付け根</translation>
+    </message>
+</context>
+<context>
+    <name>MessageLog</name>
+    <message>
+        <source>Messages</source>
+        <translation>メッセージ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>シリアル番号 %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>VANTO_PORTS で追加</translation>
+    </message>
+</context>
+<context>
+    <name>PortProblem</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>ポートが選択されていません。ハンドのアダプターを接続し、「更新」を押してください。</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>ポートがなくなりました。アダプターを接続し直し、「更新」を押してください。</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>このポートを使う権限がありません。ポートのグループは「%1」です。次のコマンドでグループに入り、
+    sudo usermod -aG %1 $USER
+ログインし直してください。</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>別のプログラムがこのポートを使用しています。終了してからやり直してください。(新しいアダプターは数秒間 ModemManager に使用されます。)</translation>
+    </message>
+</context>
+<context>
+    <name>PositionMode</name>
+    <message>
+        <source>degree</source>
+        <translation>度</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>RunTab</name>
+    <message>
+        <source>Running info loaded</source>
+        <translation>動作情報を読み込みました</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePlayer</name>
+    <message>
+        <source>Thumb</source>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>No VANTO</source>
+        <translation>VANTO がありません</translation>
+    </message>
+    <message>
+        <source>%s has too big current: %d mA</source>
+        <translation>%sの電流が大きすぎます: %d mA</translation>
+    </message>
+    <message>
+        <source>TIME OUT</source>
+        <translation>タイムアウト</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) が 0x%3 を返しました (サブエラー %4)</translation>
+    </message>
+</context>
+<context>
+    <name>SequenceTab</name>
+    <message>
+        <source>Choose json file</source>
+        <translation>JSON ファイルを選択</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>シーケンスファイル (*.json)</translation>
+    </message>
+</context>
+<context>
+    <name>SettingTab</name>
+    <message>
+        <source>Setting loaded</source>
+        <translation>設定を読み込みました</translation>
+    </message>
+    <message>
+        <source>Please check parameter is complete</source>
+        <translation>すべての値が入力されているか確認してください</translation>
+    </message>
+</context>
+<context>
+    <name>StatusReporter</name>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Messages...</source>
+        <translation>メッセージ...</translation>
+    </message>
+    <message>
+        <source>Timeout for %1 node &apos;0x%2&apos;...</source>
+        <translation>%1 ノード「0x%2」がタイムアウトしました...</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) が 0x%3 を返しました (サブエラー %4)</translation>
+    </message>
+</context>
+<context>
+    <name>Theme</name>
+    <message>
+        <source>Please select style:</source>
+        <translation>テーマを選択してください:</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Wait a moment...</source>
+        <translation>しばらくお待ちください...</translation>
+    </message>
+    <message>
+        <source>Power up the device now</source>
+        <translation>デバイスの電源を入れてください</translation>
+    </message>
+    <message>
+        <source>Updating device firmware...</source>
+        <translation>デバイスのファームウェアをアップデートしています...</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFile</name>
+    <message>
+        <source>Processing update file - %1%...</source>
+        <translation>アップデートファイルを処理中 - %1%...</translation>
+    </message>
+    <message>
+        <source>Hardware type: 0x%1, ver: 0x%2</source>
+        <translation>ハードウェアタイプ: 0x%1、バージョン: 0x%2</translation>
+    </message>
+    <message>
+        <source>Invalid update file.</source>
+        <translation>無効なアップデートファイルです。</translation>
+    </message>
+    <message>
+        <source>File damaged.</source>
+        <translation>ファイルが破損しています。</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>ファイル「%1」を開けませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFirmware</name>
+    <message>
+        <source>Failed when openning port &apos;%1&apos;.</source>
+        <translation>ポート「%1」を開けませんでした。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,160 @@
+#include "ending.h"
+
+#include "handprocess.h"
+#include "mainwindow.h"
+
+#include <QAbstractItemModel>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QProcess>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QTabWidget>
+#include <QTcpServer>
+#include <QTimer>
+
+#include <cstdio>
+#include <functional>
+#include <map>
+
+namespace
+{
+constexpr int LongestWaitMs = 1500; ///< until the end comes
+constexpr int LimitMs = 1000;       ///< from then to the end of the process
+constexpr int ChildMs = 30'000;
+constexpr int SequencePage = 4;
+constexpr int RunPage = 2;
+const QByteArray Closing = "closing";
+
+void click(const MainWindow& window, const char* name)
+{
+    window.findChild<QPushButton*>(QLatin1String(name))->click();
+}
+
+void showPage(const MainWindow& window, int page)
+{
+    window.findChild<QTabWidget*>(QStringLiteral("tabWidget"))->setCurrentIndex(page);
+}
+
+/// What takes long. Dialogs are answered while they come up.
+const std::map<QString, std::function<void(const MainWindow&)>>& operations()
+{
+    static const std::map<QString, std::function<void(const MainWindow&)>> all{
+        {QStringLiteral("scan"), [](const auto& w) { click(w, "pushButton_ScanDevices"); }},
+        {QStringLiteral("reload"),
+         [](const auto& w) {
+             for (int i = 0; i < 100; ++i)
+                 click(w, "pushButton_BasicReloadBasic");
+         }},
+        {QStringLiteral("run"), [](const auto& w) { showPage(w, RunPage); }},
+        {QStringLiteral("play"),
+         [](const auto& w) {
+             showPage(w, SequencePage);
+             click(w, "pushButton_SeqLoad");
+             click(w, "pushButton_SeqRun");
+         }},
+        {QStringLiteral("calibration"),
+         [](const auto& w) { click(w, "pushButton_BasicRecalibrate"); }},
+        {QStringLiteral("download"),
+         [](const auto& w) { click(w, "pushButton_BasicUpdateFirmware"); }},
+    };
+    return all;
+}
+
+void answerDialogs()
+{
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog || !dialog->isVisible())
+        return;
+    if (auto* files = qobject_cast<QFileDialog*>(dialog))
+        files->selectFile(QStringLiteral(VANTO_EXAMPLES "/wave.json"));
+    if (auto* input = qobject_cast<QInputDialog*>(dialog))
+        input->setTextValue(input->comboBoxItems().isEmpty() ? QStringLiteral("1A2B")
+                                                             : input->comboBoxItems().constLast());
+    dialog->accept();
+}
+
+void openHand(MainWindow& window, const QString& port)
+{
+    click(window, "pushButton_RefreshPorts");
+    auto* ports = window.findChild<QComboBox*>(QStringLiteral("comboBox_Ports"));
+    ports->setCurrentIndex(ports->findData(port));
+    auto* scan = window.findChild<QPushButton*>(QStringLiteral("pushButton_ScanDevices"));
+    const auto connection = QObject::connect(
+        window.findChild<QComboBox*>(QStringLiteral("comboBox_Devices"))->model(),
+        &QAbstractItemModel::rowsInserted, scan, [scan] { scan->click(); }, Qt::QueuedConnection);
+    scan->click();
+    QObject::disconnect(connection);
+}
+} // namespace
+
+int Ending::perform(const QString& operation, int afterMs, const QString& protocol)
+{
+    HandProcess hand;
+    if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol}))
+        return 2;
+    qputenv("VANTO_PORTS", hand.portName().toUtf8());
+    QTcpServer silent; // takes the download's connection and says nothing
+    silent.listen(QHostAddress::LocalHost);
+    qputenv("VANTO_FIRMWARE_SERVER",
+            QByteArray("http://127.0.0.1:") + QByteArray::number(silent.serverPort()));
+    MainWindow window;
+    window.show();
+    openHand(window, hand.portName());
+    QTimer dialogs;
+    QObject::connect(&dialogs, &QTimer::timeout, &answerDialogs);
+    dialogs.start(20);
+    QTimer::singleShot(afterMs, &window, [&] {
+        std::printf("%s\n", Closing.constData());
+        std::fflush(stdout);
+        if (afterMs % 2 == 0)
+            window.close();
+        else
+            window.findChild<QAction*>(QStringLiteral("action_Exit"))->trigger();
+    });
+    QTimer::singleShot(0, &window, [&] { operations().at(operation)(window); });
+    return QApplication::exec();
+}
+
+int Ending::campaign(int count, quint32 seed, const QString& protocol)
+{
+    QRandomGenerator random(seed);
+    int bad = 0;
+    qint64 longest = 0;
+    for (int i = 0; i < count; ++i) {
+        const QString operation =
+            std::next(operations().begin(), i % static_cast<int>(operations().size()))->first;
+        const int afterMs = random.bounded(LongestWaitMs);
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--end-during"), operation, QStringLiteral("--after"),
+                     QString::number(afterMs), QStringLiteral("--protocol"), protocol});
+        QByteArray output;
+        while (!output.contains(Closing) && child.waitForReadyRead(ChildMs))
+            output += child.readAllStandardOutput();
+        QElapsedTimer timer;
+        timer.start();
+        const bool ended = child.waitForFinished(ChildMs);
+        const qint64 took = timer.elapsed();
+        longest = std::max(longest, took);
+        QByteArray errors;
+        for (const QByteArray& line : child.readAllStandardError().split('\n'))
+            if (!line.isEmpty() && !line.contains("This plugin does not support") &&
+                !line.contains("XDG_RUNTIME_DIR"))
+                errors += line + '\n';
+        if (ended && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 &&
+            took < LimitMs && errors.isEmpty())
+            continue;
+        ++bad;
+        std::printf("FINDING: %s, ended after %d ms: status %d in %lld ms\n%s\n",
+                    qPrintable(operation), afterMs, child.exitCode(), took, errors.constData());
+    }
+    std::printf("%s, seed %u: %d endings, longest %lld ms, %d findings\n", qPrintable(protocol),
+                seed, count, longest, bad);
+    return bad;
+}

@@ -1,0 +1,79 @@
+// The monkey: the real window, a simulated hand, and everything at random for as long as wanted.
+
+#include "ending.h"
+#include "monkey.h"
+#include "watch.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool Sanitized = true;
+#else
+constexpr bool Sanitized = false;
+#endif
+
+int main(int argc, char* argv[])
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Exit status 0 when nothing was found."));
+    parser.addHelpOption();
+    const QCommandLineOption seconds(QStringLiteral("seconds"), QStringLiteral("How long."),
+                                     QStringLiteral("N"), QStringLiteral("60"));
+    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Of the choices."),
+                                  QStringLiteral("N"), QStringLiteral("1"));
+    const QCommandLineOption protocol(QStringLiteral("protocol"),
+                                      QStringLiteral("serialctrl or modbus."),
+                                      QStringLiteral("NAME"), QStringLiteral("serialctrl"));
+    const QCommandLineOption endings(
+        QStringLiteral("endings"),
+        QStringLiteral("Instead of that, end the program N times in the middle of something."),
+        QStringLiteral("N"));
+    const QCommandLineOption endDuring(QStringLiteral("end-during"),
+                                       QStringLiteral("One such end, during this operation."),
+                                       QStringLiteral("NAME"));
+    const QCommandLineOption after(QStringLiteral("after"), QStringLiteral("Milliseconds."),
+                                   QStringLiteral("N"), QStringLiteral("100"));
+    parser.addOptions({seconds, seed, protocol, endings, endDuring, after});
+    parser.process(application);
+
+    const QTemporaryDir work;
+    QDir::setCurrent(work.path());
+    const QString kind = parser.value(protocol);
+    if (parser.isSet(endings))
+        return Ending::campaign(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind);
+    if (parser.isSet(endDuring)) {
+        qputenv("QT_LOGGING_RULES", "default.debug=false");
+        return Ending::perform(parser.value(endDuring), parser.value(after).toInt(), kind);
+    }
+    HandProcess hand;
+    if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + kind,
+                     QStringLiteral("--node"), QStringLiteral("2:") + kind,
+                     QStringLiteral("--speed"), QStringLiteral("8")})) {
+        std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
+        return 2;
+    }
+    qputenv("VANTO_PORTS", hand.portName().toUtf8());
+    Watch watch(hand, Sanitized);
+    {
+        Monkey monkey(hand, watch, parser.value(seed).toUInt());
+        monkey.start(parser.value(seconds).toInt());
+        QApplication::exec();
+        watch.lookAtWire();
+        std::printf("%s, seed %s: %s s, %d actions, %d requests on the wire, longest gap %lld ms, "
+                    "%d findings\n",
+                    qPrintable(kind), qPrintable(parser.value(seed)),
+                    qPrintable(parser.value(seconds)), monkey.actions(), watch.exchanges(),
+                    watch.longestGapMs(), static_cast<int>(watch.findings().size()));
+        for (const auto& [name, count] : monkey.counts())
+            std::printf("    %-18s %d\n", qPrintable(name), count);
+    }
+    return watch.findings().isEmpty() ? 0 : 1;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+class HandProcess;
+
+/// What must hold whatever the monkey does: no warning of Qt, no event loop that stands still, no
+/// two exchanges at a time on the wire, and at certain times no frame that moves a finger.
+class Watch : public QObject
+{
+public:
+    /// `slow` allows for sanitizers: the limit on a standing event loop is doubled.
+    Watch(HandProcess& hand, bool slow);
+    ~Watch() override;
+
+    /// Frames from here on must not move anything.
+    void beginStillness();
+    /// Looks at the frames since then.
+    void endStillness();
+    /// Looks at what the wire carried since the last look, and forgets it.
+    void lookAtWire();
+
+    const QStringList& findings() const { return m_findings; }
+    int exchanges() const { return m_exchanges; }
+    qint64 longestGapMs() const { return m_longestGapMs; }
+
+private:
+    void beat();
+    void find(const QString& what);
+
+    HandProcess& m_hand;
+    QTimer m_heart;
+    QElapsedTimer m_sinceBeat;
+    qint64 m_limitMs;
+    qint64 m_longestGapMs = 0;
+    bool m_still = false;
+    int m_exchanges = 0;
+    QStringList m_findings;
+};

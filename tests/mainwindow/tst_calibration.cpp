@@ -1,0 +1,214 @@
+#include "conversation.h"
+#include "handtest.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QSpinBox>
+#include <QTimer>
+
+/// The guided calibration in the real window.
+class TestCalibration : public HandTest
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup() { close(); }
+    void wholeWalk_data() { addBool("serialctrl", "modbus"); }
+    void wholeWalk();
+    void ends_data();
+    void ends();
+    void quickSpinning_data() { addBool("accepted", "rejected"); }
+    void quickSpinning();
+    void duringAWait_data() { addBool("window closed", "port pulled, About opened"); }
+    void duringAWait();
+
+private:
+    static void addBool(const char* yes, const char* no)
+    {
+        QTest::addColumn<bool>("first");
+        QTest::newRow(yes) << true;
+        QTest::newRow(no) << false;
+    }
+    /// `act` is done in the dialogs with a spin box; the one `cancelled` is counted from 1.
+    void walk(std::function<void(QSpinBox*)> act, int cancelled = 0, QString key = "1a2b");
+    QString sent() const { return frames({0x43, 0x4B, 0x63}).join('|'); }
+
+    QStringList m_dialogs; ///< texts of those that were shown
+};
+
+const QString Timeout = "Timeout for SerialCtrl node '0x02'...";
+const QString Refused = "%1(0x02, ...) returned 0xff (sub err 21)";
+
+void TestCalibration::init()
+{
+    open({"--node", QTest::currentDataTag() == QString("modbus") ? "2:modbus" : "2"});
+    tell("set 2 raw 5 1000");
+    tell("set 2 reboot-time 0");
+    forget();
+}
+
+void TestCalibration::walk(std::function<void(QSpinBox*)> act, int cancelled, QString key)
+{
+    m_dialogs.clear();
+    const auto enabled = [this] {
+        QString states;
+        for (const char* name : {"comboBox_Ports", "comboBox_Devices", "pushButton_RefreshPorts",
+                                 "pushButton_ScanDevices", "tabWidget", "action_Force_Update"})
+            states += m_tool->find<QObject>(name)->property("enabled").toString();
+        return states;
+    };
+    const QString before = enabled();
+    DialogAnswer<QDialog> watch([&](QDialog* dialog) {
+        QVERIFY(!Conversation::busy());
+        QCOMPARE(dialog->windowTitle(), "VantoSetting");
+        QVERIFY(!enabled().contains("true"));
+        const auto* box = qobject_cast<QMessageBox*>(dialog);
+        m_dialogs.append(box ? box->text() : dialog->findChild<QLabel*>()->text());
+        auto* spinBox = dialog->findChild<QSpinBox*>("spinBox_ThumbRootPos");
+        if (spinBox && m_dialogs.size() == cancelled)
+            QTest::keyClicks(spinBox, "25"); // not finished, so not meant
+        if (m_dialogs.size() == cancelled)
+            return dialog->reject();
+        if (box)
+            return box->button(QMessageBox::Ok)->click();
+        if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
+            QCOMPARE(input->textEchoMode(), QLineEdit::Password);
+            input->setTextValue(key);
+        } else {
+            act(spinBox);
+        }
+        dialog->accept();
+    });
+    m_tool->click("pushButton_BasicRecalibrate");
+    QCOMPARE(enabled(), before);
+}
+
+void TestCalibration::wholeWalk()
+{
+    QFETCH(bool, first);
+    m_tool->find<QPushButton>("pushButton_RefreshPorts")->setEnabled(false); // and stays so
+    int position = 1000;
+    walk([&](QSpinBox* spinBox) {
+        QCOMPARE(spinBox->value(), position);
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        position += 32;
+        QTRY_COMPARE(m_hand->command("get 2 raw 5"), QString("ok %1").arg(position));
+    });
+    QCOMPARE(first ? sent() : writes().join('|'),
+             first ? "43 2b1a|4b 050804ff|63 01|63 02|4b 052804ff|63 03"
+                   : "1012: 1a2b|1130: ffff|1140: 2f97|1011: 0001|1011: 0002|1130: ffff|"
+                     "1140: 3246|1011: 0003");
+    QCOMPARE(shown(), QStringList());
+    QCOMPARE(m_dialogs.join('|'),
+             "Prepare calibration base and take Vanto up then power on,\n"
+             "presss OK when Vanto is ready.|Please input calibration key:|Vanto will reboot if "
+             "not in calibrating state & calibration key is correct,\npress OK when ready|Wait "
+             "for Vanto reboots and beeps 8 times,\npress OK when beep finished|Put Vanto onto "
+             "calibration base & push it tightly, move thumb root to right pos, press OK when "
+             "ready|Take Vanto up,\npress OK when ready|Move thumb root to right position,\n"
+             "press OK when ready|Calibration finished, you may power off and power on the Vanto "
+             "now to see the result");
+    m_tool->click("pushButton_BasicReloadBasic");
+    QCOMPARE(m_tool->field("lineEdit_BasicCaliStart0"), "424");
+    QCOMPARE(m_tool->field("lineEdit_BasicThumbRootPos2"), "1064");
+    walk([](auto*) {}, 4); // the hand is in the calibrating state still
+    QCOMPARE(m_dialogs.size(), 4);
+    QCOMPARE(m_hand->command("get 2 calibrations"), "ok 1");
+}
+
+void TestCalibration::ends_data()
+{
+    QTest::addColumn<int>("dialogs");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("error");
+    const QString begun = "43 2b1a";
+    const QString pressed = begun + "|63 01";
+    const QString again = pressed + "|63 02";
+    const QStringList beforeCancel{"", "", "", begun, begun, pressed, again};
+    for (int i = 0; i < beforeCancel.size(); ++i)
+        QTest::addRow("cancel %d", i + 1) << i + 1 << beforeCancel[i] << "";
+    QTest::newRow("fault drop command=0x43") << 3 << begun << Timeout;
+    QTest::newRow("fault drop command=0x0A") << 4 << begun << Timeout;
+    QTest::newRow("fault drop command=0x63") << 5 << pressed << Timeout;
+    QTest::newRow("fault drop command=0x63 skip=1") << 6 << again << Timeout;
+    QTest::newRow("fault drop command=0x0A skip=1") << 6 << again << Timeout;
+    QTest::newRow("fault drop command=0x63 skip=2") << 7 << again + "|63 03" << Timeout;
+    QTest::newRow("fault refuse command=0x0A") << 4 << begun << Refused.arg("getFingerPosAbs");
+    QTest::newRow("fault refuse command=0x63")
+        << 5 << pressed << Refused.arg("setButtonPressedCnt");
+    QTest::newRow("fault refuse command=0x4B")
+        << 8 << "43 2b1a|4b 050804ff|63 01|63 02|4b 050804ff|63 03"
+        << Refused.arg("setFingerPosAbs");
+    QTest::newRow("key 12345") << 3 << "43 4523" << Refused.arg("calibrate");
+    QTest::newRow("key  0xFFFFFFFF ") << 3 << "43 ffff" << Refused.arg("calibrate");
+    for (const char* invalid : {"key 1a2g", "key 0x", "key 12 34", "key 100000000", "key "})
+        QTest::newRow(invalid) << 3 << QString() << QString();
+}
+
+void TestCalibration::ends()
+{
+    const QString what = QTest::currentDataTag();
+    const QString value = what.section(' ', 1);
+    const bool isKey = what.startsWith("key");
+    m_hand->command(what); // which it takes if it is a fault
+    const auto move = [&](QSpinBox* spinBox) { spinBox->stepBy(what.contains("0x4B")); };
+    walk(move, value.toInt(), isKey ? value : "1a2b");
+    QTEST(int(m_dialogs.size()), "dialogs");
+    QTEST(sent(), "written");
+    QTEST(shown().join('|'), "error");
+    QCOMPARE(m_dialogs.contains("Invalid calibration key"), isKey && sent().isEmpty());
+}
+
+void TestCalibration::quickSpinning()
+{
+    QFETCH(bool, first);
+    constexpr int End = 1000 + 40 * 32;
+    tell("fault late command=0x4B count=0 ms=30");
+    tell("fault drop command=0x63"); // ends the walk
+    walk([&](QSpinBox* spinBox) {
+        for (int turn = 1; turn <= 40; ++turn)
+            QTimer::singleShot(4 * turn, spinBox, &QSpinBox::stepUp);
+        connect(spinBox, &QSpinBox::valueChanged, spinBox->window(), [=](int value) {
+            if (value == End) // what has not been sent by now is, or is not if rejected
+                static_cast<QDialog*>(spinBox->window())->done(first);
+        });
+        QTRY_VERIFY(!spinBox->isVisible());
+    });
+    double earlier = 0;
+    int position = 1000;
+    for (const TracedFrame& move : m_hand->requests()) {
+        if (move.bytes[4] != 0x4B)
+            continue;
+        QVERIFY(move.ms - earlier >= 29); // one at a time
+        earlier = move.ms;
+        const int next = quint8(move.bytes[7]) + 0x100 * quint8(move.bytes[8]);
+        QVERIFY(next > position);
+        position = next;
+    }
+    QCOMPARE(position == End, first);
+    QCOMPARE(sent().endsWith("|63 01"), first);
+}
+
+void TestCalibration::duringAWait()
+{
+    QFETCH(bool, first);
+    QElapsedTimer since;
+    const auto disturb = [&] {
+        since.start();
+        first ? static_cast<void>(m_tool->window()->close()) : m_tool->trigger("action_About");
+        m_hand->command(first ? QString() : "unplug");
+    };
+    QTimer::singleShot(0, m_tool->window(), [&] {
+        walk([&](QSpinBox*) { QTimer::singleShot(300, m_tool->window(), disturb); });
+        QCOMPARE(since.elapsed() < 1000, first);
+        QApplication::exit();
+    });
+    QApplication::exec();
+    QCOMPARE(m_dialogs.size(), first ? 5 : 7);
+    QCOMPARE(m_dialogs.value(5).contains("Supported protocol:"), !first);
+    QCOMPARE(sent(), "43 2b1a|63 01");
+    QCOMPARE(shown().join('|'), first ? QString() : Timeout);
+}
+
+QTEST_MAIN(TestCalibration)
+#include "tst_calibration.moc"

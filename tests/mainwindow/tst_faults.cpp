@@ -1,0 +1,161 @@
+#include "conversation.h"
+#include "handtest.h"
+
+#include <QSlider>
+#include <QTabWidget>
+#include <QTableWidget>
+
+namespace
+{
+constexpr int SequencePage = 4;
+
+/// Results by what is asked: a register or command is read, or written.
+struct Results {
+    int read;
+    int write;
+};
+
+struct FaultRow {
+    const char* fault;
+    Results serialCtrl;
+    Results modbus;
+    const char* subError = "00";
+};
+
+// Over Modbus a request is repeated once, and an answer that only comes late still counts. What
+// carries a right checksum but another value cannot be told from the truth.
+constexpr FaultRow rows[] = {
+    {"drop", {3, 3}, {3, 3}},
+    {"late ms=70", {3, 3}, {0, 0}},
+    {"late ms=120", {3, 3}, {3, 0}},
+    {"garble", {1, 1}, {3, 3}},
+    {"truncate", {3, 3}, {3, 3}},
+    {"wrong-node", {5, 5}, {3, 3}},
+    {"wrong-command", {6, 6}, {3, 3}},
+    {"over-long", {4, 0}, {255, 3}},
+    {"short", {8, 0}, {16, 3}},
+    {"noise", {0, 0}, {3, 3}},
+    {"garbage", {3, 3}, {3, 3}},
+    {"refuse error=0x21", {255, 255}, {16, 16}, "21"},
+    {"refuse-bare", {255, 255}, {3, 3}},
+    {"wrong-finger", {8, 0}, {0, 0}},
+    {"wrong-host", {3, 3}, {0, 0}},
+};
+
+/// Something that a person does on a page, and the request of it that meets the fault.
+struct Deed {
+    int page;
+    const char* control;
+    const char* operation;
+    int command; ///< of SerialCtrl
+    int reg;     ///< of Modbus
+    bool isRead = false;
+    const char* timeout = nullptr; ///< its text, if it has one of its own
+};
+
+constexpr Deed deeds[] = {
+    {0, "pushButton_BasicBeep", "beep", 0x62, 1010, false, "Timeout for %1 node '0x02'..."},
+    {1, "pushButton_SettingReadCurrentLimit2", "getFingerCurrentLimit", 0x05, 1097, true},
+    {1, "pushButton_SettingWritePID2", "setFingerPID", 0x45, 1047},
+    {2, "pushButton_RunSetPos2", "setFingerPos", 0x4C, 1137},
+    {SequencePage, "verticalSlider_SeqPos2", "setFingerPos", 0x4C, 1137},
+    {SequencePage, "pushButton_SeqRun", "setFingerPos", 0x4C, 1137, false, "TIME OUT"},
+};
+} // namespace
+
+/// Every fault of the hand under what is mainly done on every page, over both protocols: the text,
+/// and that the same works right afterwards.
+class TestFaults : public HandTest
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { close(); }
+    void faults_data();
+    void faults();
+
+private:
+    void goTo(const Deed& deed) const;
+    void act(const Deed& deed) const;
+    QStringList failures() const;
+};
+
+void TestFaults::faults_data()
+{
+    QTest::addColumn<const FaultRow*>("row");
+    QTest::addColumn<bool>("modbus");
+    for (const FaultRow& row : rows)
+        for (const bool modbus : {false, true})
+            QTest::addRow("%s %s", row.fault, modbus ? "Modbus" : "SerialCtrl") << &row << modbus;
+}
+
+void TestFaults::goTo(const Deed& deed) const
+{
+    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(deed.page);
+    if (deed.page != SequencePage)
+        return;
+    auto* table = m_tool->find<QTableWidget>("tableWidget_Seq");
+    if (table->rowCount() == 0)
+        m_tool->click("pushButton_SeqInsert");
+    else
+        table->setCurrentCell(0, 0);
+    QTRY_VERIFY(m_tool->enabled("verticalSlider_SeqPos2")); // the hand has taken the pose
+}
+
+void TestFaults::act(const Deed& deed) const
+{
+    m_tool->forgetShownTexts();
+    m_hand->forgetTrace();
+    if (auto* slider = qobject_cast<QSlider*>(m_tool->find<QWidget>(deed.control))) {
+        slider->setSliderDown(true);
+        slider->setSliderDown(false);
+    } else {
+        m_tool->click(deed.control);
+    }
+    QTest::qWait(20); // on the Run page it may come after an exchange of the timer
+    QTRY_VERIFY(!Conversation::busy());
+}
+
+QStringList TestFaults::failures() const
+{
+    QStringList texts = shown();
+    texts.removeAll("Beep succeeded");
+    texts.removeDuplicates(); // the player tells of every finger
+    return texts;
+}
+
+void TestFaults::faults()
+{
+    QFETCH(const FaultRow*, row);
+    QFETCH(bool, modbus);
+    open({"--node", modbus ? "2:modbus" : "2", "--speed", "50"});
+    const Results& results = modbus ? row->modbus : row->serialCtrl;
+    for (const Deed& deed : deeds) {
+        goTo(deed);
+        const bool late = QString(row->fault).startsWith("late");
+        if (late && !modbus && deed.page == SequencePage)
+            continue; // a late reply may pass for the answer to an equal next request
+        tell(QString("fault %1 count=0 ").arg(row->fault) +
+             (modbus ? QString("command=%1 register=%2").arg(deed.isRead ? 3 : 6).arg(deed.reg)
+                     : QString("command=%1").arg(deed.command)));
+        act(deed);
+        const int result = deed.isRead ? results.read : results.write;
+        QString text = QString("%1(0x02, ...) returned 0x%2 (sub err %3)")
+                           .arg(deed.operation)
+                           .arg(result, 2, 16, QChar('0'))
+                           .arg(row->subError);
+        if (result == 3 && deed.timeout)
+            text = QString(deed.timeout).replace("%1", modbus ? "ModBus-RTU" : "SerialCtrl");
+        QTRY_COMPARE(failures(), result == 0 ? QStringList() : QStringList{text});
+
+        tell("clear");
+        if (late)
+            QTest::qWait(150);
+        goTo(deed);
+        act(deed);
+        QVERIFY(!m_hand->requests().isEmpty());
+        QCOMPARE(failures(), QStringList());
+    }
+}
+
+QTEST_MAIN(TestFaults)
+#include "tst_faults.moc"

@@ -1,0 +1,121 @@
+#include "translation.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTextLayout>
+#include <QTranslator>
+#include <QXmlStreamReader>
+
+/// The catalogues: complete, with every placeholder, and shown by fonts that have every character.
+class TestTranslations : public QObject
+{
+    Q_OBJECT
+private slots:
+    void choice_data();
+    void choice();
+    void texts_data();
+    void texts();
+    void glyphs_data() { texts_data(); }
+    void glyphs();
+    void cleanup() { qDeleteAll(qApp->findChildren<QTranslator*>()); }
+};
+
+namespace
+{
+/// Source and finished translation by context, source and comment.
+using Messages = QMap<QString, std::pair<QString, QString>>;
+
+Messages messagesIn(const QString& path)
+{
+    QFile file(path);
+    QXmlStreamReader xml(file.open(QFile::ReadOnly) ? file.readAll() : QByteArray());
+    Messages messages;
+    QString context, source, key;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const auto tag = xml.name();
+        if (tag == u"name")
+            context = xml.readElementText();
+        else if (tag == u"source")
+            key = context + '/' + (source = xml.readElementText());
+        else if (tag == u"comment")
+            key += '/' + xml.readElementText();
+        else if (tag == u"translation")
+            messages[key] = {source, xml.attributes().hasAttribute("type") ? QString()
+                                                                           : xml.readElementText()};
+    }
+    return messages;
+}
+
+/// What a translation must hold as often as its source.
+QStringList fixedParts(const QString& text)
+{
+    static const QRegularExpression part("%[1-9ds]|\n|^ +|\\.\\.\\.$|\\*\\.\\w+");
+    QStringList parts;
+    for (auto match = part.globalMatch(text); match.hasNext();)
+        parts.append(match.next().captured());
+    parts.sort();
+    return parts;
+}
+} // namespace
+
+void TestTranslations::choice_data()
+{
+    QTest::addColumn<QString>("stop");
+    QTest::newRow("de_AT") << "Stopp";
+    QTest::newRow("ja_JP") << "停止";
+    QTest::newRow("zh_CN") << "停止";
+    QTest::newRow("zh_TW") << "Stop";
+}
+
+void TestTranslations::choice()
+{
+    QFETCH(QString, stop);
+    const bool installed = Translation::install(QTest::currentDataTag());
+    QCOMPARE(installed, stop != "Stop");
+    QCOMPARE(QCoreApplication::translate("DeviceScanner", "Stop"), stop);
+    QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel") != "Cancel", installed);
+    QVERIFY(QCoreApplication::translate("MainWindow", "Scan") != stop); // the button compares
+}
+
+void TestTranslations::texts_data()
+{
+    QTest::addColumn<QString>("path");
+    const auto files = QDir(TRANSLATIONS).entryInfoList({"*.ts"});
+    QVERIFY(!files.isEmpty());
+    for (const QFileInfo& file : files)
+        QTest::addRow("%s", qPrintable(file.fileName())) << file.filePath();
+}
+
+void TestTranslations::texts()
+{
+    QFETCH(QString, path);
+    const auto messages = messagesIn(path);
+    QCOMPARE(messages.keys(), messagesIn(TEXTS_OF_SOURCES).keys());
+    for (const auto& [source, translation] : messages) {
+        QVERIFY2(!translation.isEmpty(), qPrintable(source));
+        QCOMPARE(fixedParts(translation), fixedParts(source));
+    }
+}
+
+void TestTranslations::glyphs()
+{
+    QFETCH(QString, path);
+    QSet<QChar> characters;
+    for (const auto& [source, translation] : messagesIn(path))
+        characters.unite({translation.begin(), translation.end()});
+    characters.remove('\n');
+    for (const QChar character : characters) {
+        QTextLayout layout(character);
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        for (const QGlyphRun& run : layout.glyphRuns()) // 0 stands for what no font has
+            QVERIFY2(!run.glyphIndexes().contains(0), qPrintable(QString(character)));
+    }
+}
+
+QTEST_MAIN(TestTranslations)
+#include "tst_translations.moc"
