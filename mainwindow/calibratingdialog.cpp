@@ -3,6 +3,7 @@
 #include "program.h"
 #include "ui_calibratingdialog.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
@@ -21,13 +22,22 @@ CalibratingDialog::~CalibratingDialog() = default;
 
 void CalibratingDialog::done(int result)
 {
-    // A Return whose move was still under way must not turn the reject after it into an accept.
+    // A click on OK that a move has held up must not turn the reject after it into an accept.
     if (!isVisible())
         return;
     // What is typed is taken over when the box loses the focus, as it does now.
     if (result == QDialog::Rejected)
         ui->spinBox_ThumbRootPos->blockSignals(true);
     QDialog::done(result);
+}
+
+void CalibratingDialog::keyPressEvent(QKeyEvent* event)
+{
+    // Return after a typed number moves the thumb root there. To confirm the stage as well, it
+    // would be too early.
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || !ui->spinBox_ThumbRootPos->hasFocus())
+        QDialog::keyPressEvent(event);
 }
 
 void CalibratingDialog::on_spinBox_ThumbRootPos_valueChanged(int value)

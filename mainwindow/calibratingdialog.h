@@ -22,6 +22,9 @@ public:
 
     void done(int result) override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private slots:
     void on_spinBox_ThumbRootPos_valueChanged(int value);
 

@@ -8,7 +8,7 @@ declare -A packages=(
         qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools"
     # The icons of the themes are SVG; without a font the window shows boxes for letters. The
     # standard buttons are translated by Qt's own catalogues.
-    [window]="libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n"
+    [window]="libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n ca-certificates"
     [test]="libmodbus-dev"
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [fuzz]="clang"

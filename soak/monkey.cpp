@@ -30,6 +30,7 @@ constexpr int SettleMs = 3000; ///< until what was asked for before a still phas
 constexpr int DeepestNesting = 4;
 constexpr int PulledMs = 700;
 constexpr int EndAgainMs = 200;
+constexpr int GiveUpMs = 500;
 
 /// Buttons that may move a finger, by the beginnings of their names.
 bool movesFingers(const QString& name)
@@ -103,9 +104,9 @@ void Monkey::next()
         int ticket = below(
             std::accumulate(actions.begin(), actions.end(), 0,
                             [](int sum, const Action& action) { return sum + action.weight; }));
-        auto chosen =
-            std::find_if(actions.begin(), actions.end(),
-                         [&ticket](const Action& action) { return (ticket -= action.weight) < 0; });
+        auto chosen = std::find_if(actions.begin(), actions.end(), [&ticket](const Action& action) {
+            return (ticket -= action.weight) < 0;
+        });
         if (m_still && chosen->moves)
             return;
         if (find<QComboBox>(QStringLiteral("comboBox_Devices"))->count() == 0 && below(3) == 0)
@@ -146,8 +147,15 @@ void Monkey::changePhase()
 void Monkey::timerEvent(QTimerEvent*)
 {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialog || dialog == m_answered || qobject_cast<QProgressDialog*>(dialog))
+    if (!dialog || qobject_cast<QProgressDialog*>(dialog))
         return;
+    if (dialog == m_answered) {
+        // A file dialog that reads its folder does not take every answer.
+        if (m_answeredAt.hasExpired(GiveUpMs))
+            dialog->reject();
+        return;
+    }
+    m_answeredAt.start();
     m_answered = dialog;
     answer(dialog);
 }

@@ -3,6 +3,7 @@
 #include "handprocess.h"
 #include "mainwindow.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QRandomGenerator>
 
@@ -82,6 +83,7 @@ private:
     QRandomGenerator m_random;
     std::unique_ptr<MainWindow> m_window;
     QPointer<QDialog> m_answered;
+    QElapsedTimer m_answeredAt;
     bool m_still = false;
     bool m_ends = false;
     int m_depth = 0; ///< actions on the stack: each may wait in an event loop of its own

@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -14,15 +14,6 @@ constexpr int SequencePage = 4;
 constexpr int StepsPlayed = 3; ///< from the end
 constexpr int IndexColumn = 2;
 const QString Example = QStringLiteral(VANTO_EXAMPLES "/wave.json");
-
-DialogWatch::Answer chooseFile(Stage& stage, const QString& name)
-{
-    return [&stage, name](QDialog& dialog) {
-        static_cast<QFileDialog&>(dialog).selectFile(name);
-        stage.takePicture(QStringLiteral("-dialog"), &dialog);
-        dialog.accept();
-    };
-}
 
 QByteArray contentOf(const QString& name)
 {

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -15,6 +16,7 @@ namespace
 {
 constexpr int AwaitMs = 20000;
 constexpr int EventSliceMs = 10;
+constexpr int AcceptAgainMs = 100;
 
 QString textOf(const QDialog& dialog)
 {
@@ -142,4 +144,22 @@ void Stage::takePicture(const QString& suffix, QDialog* dialog)
     const QString path = m_folder + QLatin1Char('/') + m_stepName + suffix + QStringLiteral(".png");
     if (!picture.save(path))
         complain(QStringLiteral("cannot write ") + path);
+}
+
+DialogWatch::Answer chooseFile(Stage& stage, const QString& name)
+{
+    return [&stage, name](QDialog& dialog) {
+        // Typed, for selectFile() has no effect while the folder is still being read; and while it
+        // is read, the dialog may not let itself be accepted.
+        auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* again = new QTimer(&dialog);
+        QObject::connect(again, &QTimer::timeout, &dialog, [&dialog, field, name] {
+            field->setText(name);
+            dialog.accept();
+        });
+        field->setText(name);
+        stage.takePicture(QStringLiteral("-file"), &dialog);
+        again->start(AcceptAgainMs);
+        dialog.accept();
+    };
 }

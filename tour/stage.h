@@ -81,3 +81,6 @@ private:
     QStringList m_complaints;
     DialogWatch m_dialogs;
 };
+
+/// Answers a file dialog with this file, after a picture of it.
+DialogWatch::Answer chooseFile(Stage& stage, const QString& name);

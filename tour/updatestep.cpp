@@ -1,7 +1,6 @@
 #include "updatestep.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -23,15 +22,6 @@ void chooseLocal(QDialog& dialog)
 {
     static_cast<QInputDialog&>(dialog).setTextValue(QStringLiteral("local"));
     dialog.accept();
-}
-
-DialogWatch::Answer chooseFile(Stage& stage)
-{
-    return [&stage](QDialog& dialog) {
-        static_cast<QFileDialog&>(dialog).selectFile(UpdateFile);
-        stage.takePicture(QStringLiteral("-file"), &dialog);
-        dialog.accept();
-    };
 }
 
 DialogWatch::Answer switchOff(Stage& stage)
@@ -81,7 +71,7 @@ QString firmwareUpdate(Stage& stage)
     // A moment in which the progress can be looked at.
     stage.askHands(QStringLiteral("fault late stage=record skip=8 ms=300"));
     stage.withDialogs([&] { stage.click(QStringLiteral("pushButton_BasicUpdateFirmware")); },
-                      {chooseLocal, chooseFile(stage), switchOff(stage),
+                      {chooseLocal, chooseFile(stage, UpdateFile), switchOff(stage),
                        [&stage](QDialog& dialog) { expectProgress(stage, dialog); },
                        expectSuccess(stage)});
     QObject::disconnect(connection);

@@ -66,7 +66,7 @@ void TestCalibration::walk(std::function<void(QSpinBox*)> act, int cancelled, QS
         m_dialogs.append(box ? box->text() : dialog->findChild<QLabel*>()->text());
         auto* spinBox = dialog->findChild<QSpinBox*>("spinBox_ThumbRootPos");
         if (spinBox && m_dialogs.size() == cancelled)
-            QTest::keyClicks(spinBox, "25"); // not finished, so not meant
+            QTest::keyClicks(spinBox, "\r25"); // Return is not OK; 25 is not finished
         if (m_dialogs.size() == cancelled)
             return dialog->reject();
         if (box)

@@ -8,6 +8,7 @@
 namespace
 {
 constexpr int SequencePage = 4;
+constexpr int WritePid = 0x45;
 
 /// Results by what is asked: a register or command is read, or written.
 struct Results {
@@ -37,7 +38,7 @@ constexpr FaultRow rows[] = {
     {"noise", {0, 0}, {3, 3}},
     {"garbage", {3, 3}, {3, 3}},
     {"refuse error=0x21", {255, 255}, {16, 16}, "21"},
-    {"refuse-bare", {255, 255}, {3, 3}},
+    {"refuse-bare error=0", {255, 255}, {3, 3}},
     {"wrong-finger", {8, 0}, {0, 0}},
     {"wrong-host", {3, 3}, {0, 0}},
 };
@@ -56,7 +57,7 @@ struct Deed {
 constexpr Deed deeds[] = {
     {0, "pushButton_BasicBeep", "beep", 0x62, 1010, false, "Timeout for %1 node '0x02'..."},
     {1, "pushButton_SettingReadCurrentLimit2", "getFingerCurrentLimit", 0x05, 1097, true},
-    {1, "pushButton_SettingWritePID2", "setFingerPID", 0x45, 1047},
+    {1, "pushButton_SettingWritePID2", "setFingerPID", WritePid, 1047},
     {2, "pushButton_RunSetPos2", "setFingerPos", 0x4C, 1137},
     {SequencePage, "verticalSlider_SeqPos2", "setFingerPos", 0x4C, 1137},
     {SequencePage, "pushButton_SeqRun", "setFingerPos", 0x4C, 1137, false, "TIME OUT"},
@@ -134,11 +135,15 @@ void TestFaults::faults()
         const bool late = QString(row->fault).startsWith("late");
         if (late && !modbus && deed.page == SequencePage)
             continue; // a late reply may pass for the answer to an equal next request
+        if (modbus && deed.command == WritePid)
+            continue; // another write like Beep, and slow when it fails
         tell(QString("fault %1 count=0 ").arg(row->fault) +
              (modbus ? QString("command=%1 register=%2").arg(deed.isRead ? 3 : 6).arg(deed.reg)
                      : QString("command=%1").arg(deed.command)));
         act(deed);
-        const int result = deed.isRead ? results.read : results.write;
+        int result = deed.isRead ? results.read : results.write;
+        if (late && !modbus && deed.command == WritePid)
+            result = 0; // the hand is given longer for it
         QString text = QString("%1(0x02, ...) returned 0x%2 (sub err %3)")
                            .arg(deed.operation)
                            .arg(result, 2, 16, QChar('0'))
