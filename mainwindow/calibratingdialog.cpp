@@ -14,6 +14,7 @@ CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, qui
     setWindowTitle(Program::title());
     ui->label_Prompt->setText(prompt);
     ui->spinBox_ThumbRootPos->setSingleStep(singleStep);
+    ui->spinBox_ThumbRootPos->setFocus();
     const QSignalBlocker notMoved(ui->spinBox_ThumbRootPos);
     ui->spinBox_ThumbRootPos->setValue(value);
 }
@@ -36,7 +37,7 @@ void CalibratingDialog::keyPressEvent(QKeyEvent* event)
     // Return after a typed number moves the thumb root there. To confirm the stage as well, it
     // would be too early.
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isReturn || !ui->spinBox_ThumbRootPos->hasFocus())
+    if (!isReturn || focusWidget() != ui->spinBox_ThumbRootPos)
         QDialog::keyPressEvent(event);
 }
 

@@ -45,7 +45,7 @@ struct ModBusRTUClientQT::Reply {
     QModbusDevice::Error error = QModbusDevice::NoError;
     QString errorText;
     Registers values;
-    QModbusResponse raw{};
+    QByteArray data{}; ///< of the frame, for the trace
 };
 
 /// Waits for the reply and disposes of it. The wait also ends when the application quits or the
@@ -67,7 +67,9 @@ ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
     reply->deleteLater();
     if (!reply->isFinished())
         return {QModbusDevice::ReplyAbortedError, QStringLiteral("Wait ended."), {}, {}};
-    return {reply->error(), reply->errorString(), reply->result().values(), reply->rawResult()};
+    const bool traced = ModbusTrace::log().isDebugEnabled();
+    return {reply->error(), reply->errorString(), reply->result().values(),
+            traced ? reply->rawResult().data() : QByteArray()};
 }
 
 ModBusRTUClientQT::ModBusRTUClientQT()
@@ -130,23 +132,31 @@ ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std
     return exchange({slave, start, true, values}, reply);
 }
 
-/// The request as the Qt client makes it.
+/// The function by which the Qt client reads and writes.
+QModbusPdu::FunctionCode ModBusRTUClientQT::functionOf(const Request& request)
+{
+    if (!request.isWrite)
+        return QModbusPdu::ReadHoldingRegisters;
+    return request.values.size() == 1 ? QModbusPdu::WriteSingleRegister
+                                      : QModbusPdu::WriteMultipleRegisters;
+}
+
 QModbusRequest ModBusRTUClientQT::pduOf(const Request& request)
 {
+    const auto function = functionOf(request);
     const auto count = static_cast<std::uint16_t>(request.values.size());
-    if (!request.isWrite)
-        return QModbusRequest(QModbusPdu::ReadHoldingRegisters, request.start, count);
-    if (count == 1)
-        return QModbusRequest(QModbusPdu::WriteSingleRegister, request.start,
-                              request.values.constFirst());
-    return QModbusRequest(QModbusPdu::WriteMultipleRegisters, request.start, count,
-                          static_cast<std::uint8_t>(2 * count), request.values);
+    if (function == QModbusPdu::ReadHoldingRegisters)
+        return QModbusRequest(function, request.start, count);
+    if (function == QModbusPdu::WriteSingleRegister)
+        return QModbusRequest(function, request.start, request.values.constFirst());
+    return QModbusRequest(function, request.start, count, static_cast<std::uint8_t>(2 * count),
+                          request.values);
 }
 
 QModbusReply* ModBusRTUClientQT::send(const Request& request)
 {
     if (ModbusTrace::log().isDebugEnabled())
-        ModbusTrace::request(request.slave, pduOf(request));
+        ModbusTrace::request(request.slave, functionOf(request), pduOf(request).data());
     const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
     return request.isWrite ? m_client.sendWriteRequest(registers, request.slave)
                            : m_client.sendReadRequest(registers, request.slave);
@@ -175,7 +185,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
         }
         reply = take(pending, m_waiting);
         if (ModbusTrace::log().isDebugEnabled())
-            ModbusTrace::reply(request.slave, reply.raw, reply.error);
+            ModbusTrace::reply(request.slave, functionOf(request), reply.data, reply.error);
         if (reply.error != QModbusDevice::TimeoutError || !alive || Exchange::abandoned())
             break;
     }
@@ -214,7 +224,7 @@ bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
     // A late reply to an earlier request must not pass for the answer to this one; but what comes
     // for a request that is still waiting, further down the stack, has to stay.
     auto* const port = qobject_cast<QSerialPort*>(m_client.device());
-    if (port && *m_waiting == 0)
+    if (port && port->isOpen() && *m_waiting == 0)
         port->clear(QSerialPort::Input);
     return true;
 }

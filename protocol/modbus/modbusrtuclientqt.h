@@ -43,6 +43,7 @@ private:
     struct Reply;
 
     static Reply take(QModbusReply* pending, std::shared_ptr<int> waiting);
+    static QModbusPdu::FunctionCode functionOf(const Request& request);
     static QModbusRequest pduOf(const Request& request);
     QModbusReply* send(const Request& request);
     Error exchange(const Request& request, Reply& reply);

@@ -1,5 +1,7 @@
 #include "modbustrace.h"
 
+#include <QModbusDevice>
+#include <QModbusPdu>
 #include <QTime>
 
 namespace
@@ -10,12 +12,11 @@ constexpr std::uint16_t CrcStart = 0xFFFF;
 constexpr std::uint16_t CrcPolynomial = 0xA001; ///< 0x8005, lowest bit first
 
 /// The frame as it is on the wire: address, function, data, CRC with its low byte first.
-QByteArray frameOf(std::uint8_t slave, const QModbusPdu& pdu)
+QByteArray frameOf(std::uint8_t slave, int function, const QByteArray& data)
 {
     QByteArray frame(1, static_cast<char>(slave));
-    frame +=
-        static_cast<char>(pdu.functionCode() | (pdu.isException() ? QModbusPdu::ExceptionByte : 0));
-    frame += pdu.data();
+    frame += static_cast<char>(function);
+    frame += data;
     std::uint16_t crc = CrcStart;
     for (const char byte : frame) {
         crc = static_cast<std::uint16_t>(crc ^ static_cast<std::uint8_t>(byte));
@@ -38,14 +39,15 @@ const QLoggingCategory& ModbusTrace::log()
     return traceLog();
 }
 
-void ModbusTrace::request(std::uint8_t slave, const QModbusPdu& pdu)
+void ModbusTrace::request(std::uint8_t slave, int function, const QByteArray& data)
 {
-    qCDebug(traceLog).noquote() << now() << "tx" << frameOf(slave, pdu).toHex(' ');
+    qCDebug(traceLog).noquote() << now() << "tx" << frameOf(slave, function, data).toHex(' ');
 }
 
-void ModbusTrace::reply(std::uint8_t slave, const QModbusPdu& pdu, int error)
+void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data, int error)
 {
-    qCDebug(traceLog).noquote() << now() << "rx"
-                                << (pdu.isValid() ? frameOf(slave, pdu).toHex(' ') : QByteArray())
-                                << "error" << error;
+    const int exception = error == QModbusDevice::ProtocolError ? QModbusPdu::ExceptionByte : 0;
+    const QByteArray frame =
+        data.isEmpty() ? QByteArray() : frameOf(slave, function | exception, data);
+    qCDebug(traceLog).noquote() << now() << "rx" << frame.toHex(' ') << "error" << error;
 }

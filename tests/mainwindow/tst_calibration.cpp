@@ -194,6 +194,7 @@ void TestCalibration::duringAWait()
     QFETCH(bool, first);
     QElapsedTimer since;
     const auto disturb = [&] {
+        QVERIFY(Conversation::busy());
         since.start();
         first ? static_cast<void>(m_tool->window()->close()) : m_tool->trigger("action_About");
         m_hand->command(first ? QString() : "unplug");

@@ -420,7 +420,7 @@ void TestSequence::staleRequests()
     QFETCH(QString, change);
     load(TwoSteps);
     select(0);
-    tell("fault late ms=30 count=0");
+    tell("fault late ms=15 count=0");
     QTimer::singleShot(10, m_tool.get(), [&] {
         table()->setCurrentCell(1, 0);
         if (change.isEmpty()) {
