@@ -4,6 +4,7 @@
 #include "ui_calibratingdialog.h"
 
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QSignalBlocker>
 
 CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
@@ -15,6 +16,8 @@ CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, qui
     ui->label_Prompt->setText(prompt);
     ui->spinBox_ThumbRootPos->setSingleStep(singleStep);
     ui->spinBox_ThumbRootPos->setFocus();
+    // A click on it must not take the focus: the box would then take over what is typed, and move.
+    ui->buttonBox->button(QDialogButtonBox::Cancel)->setFocusPolicy(Qt::NoFocus);
     const QSignalBlocker notMoved(ui->spinBox_ThumbRootPos);
     ui->spinBox_ThumbRootPos->setValue(value);
 }

@@ -48,13 +48,20 @@ public:
         const Conversation conversation;
         while (m_wanted && m_session->holds(m_target)) {
             const auto next = std::exchange(m_wanted, std::nullopt);
-            m_reporter->succeeded(
+            m_failed = !m_reporter->succeeded(
                 m_target, "setFingerPosAbs",
                 m_target->setFingerPosAbs(m_target.node, ThumbRoot, *next, ThumbRootSpeed));
         }
     }
 
-    void drop() { m_wanted.reset(); }
+    /// Nothing more is sent, not even the rest of the move that is under way.
+    void drop()
+    {
+        m_wanted.reset();
+        Exchange::abandon();
+    }
+    /// Of the last move.
+    bool failed() const { return m_failed; }
 
 private:
     const DeviceSession::Target& m_target;
@@ -62,6 +69,7 @@ private:
     StatusReporter* m_reporter;
     std::optional<std::uint16_t> m_wanted;
     bool m_moving = false;
+    bool m_failed = false;
 };
 } // namespace
 
@@ -179,10 +187,18 @@ bool CalibrationProcedure::placeThumbRoot(const Target& target, const QString& p
     }
     ThumbRootMover mover(target, m_session, m_reporter);
     // The moves are made inside the dialog's event loop, so it ends after the last of them.
-    CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep,
-                             [&mover](int position) { mover.moveTo(position); });
+    bool failedAfterOk = false;
+    CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
+        mover.moveTo(position);
+        failedAfterOk = mover.failed() && !dialog.isVisible();
+    });
     QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.drop(); });
-    return dialog.exec() == QDialog::Accepted;
+    int answer = QDialog::Rejected;
+    do {
+        failedAfterOk = false;
+        answer = dialog.exec();
+    } while (answer == QDialog::Accepted && failedAfterOk && m_session->holds(target));
+    return answer == QDialog::Accepted;
 }
 
 bool CalibrationProcedure::pressButton(const Target& target, std::uint8_t count)

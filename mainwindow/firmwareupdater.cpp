@@ -27,7 +27,7 @@ class ServerWait
 {
 public:
     ServerWait(QWidget* window, const Ui::MainWindow* ui)
-        : m_lock(window, {ui->pushButton_BasicUpdateFirmware}, {ui->action_Force_Update})
+        : m_lock(window, {ui->tabWidget}, {ui->action_Force_Update})
     {
         QApplication::setOverrideCursor(Qt::BusyCursor);
     }
@@ -193,7 +193,7 @@ QString FirmwareUpdater::write(const QString& path)
     const QString failure = updateFirmware(
         m_connector->currentPortName(), static_cast<QSerialPort::BaudRate>(Program::BaudRate), path,
         [this](const QString& text) { showLog(text); }, m_progress);
-    m_dialog->hide();
+    m_dialog->end();
     return failure;
 }
 

@@ -32,6 +32,12 @@ void UpdateDialog::begin()
     show();
 }
 
+void UpdateDialog::end()
+{
+    reset(); // stops the timer that would show it again
+    hide();
+}
+
 void UpdateDialog::showProgress(int percent)
 {
     if (percent == 0) {

@@ -12,6 +12,7 @@ public:
 
     /// Shows the dialog for another update.
     void begin();
+    void end();
     void showProgress(int percent);
 
     void reject() override {}
