@@ -14,6 +14,7 @@ cmake --build --preset asan --target vanto-soak vanto-hand
 status=0
 for protocol in serialctrl modbus; do
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --seconds $((60 * minutes)) || status=1
+    build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --stops 200 || status=1
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --endings $((10 * minutes)) || status=1
 done
 exit "$status"

@@ -2,8 +2,8 @@
 
 #include "handprocess.h"
 #include "mainwindow.h"
+#include "openhand.h"
 
-#include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -79,18 +79,6 @@ void answerDialogs()
     dialog->accept();
 }
 
-void openHand(MainWindow& window, const QString& port)
-{
-    click(window, "pushButton_RefreshPorts");
-    auto* ports = window.findChild<QComboBox*>(QStringLiteral("comboBox_Ports"));
-    ports->setCurrentIndex(ports->findData(port));
-    auto* scan = window.findChild<QPushButton*>(QStringLiteral("pushButton_ScanDevices"));
-    const auto connection = QObject::connect(
-        window.findChild<QComboBox*>(QStringLiteral("comboBox_Devices"))->model(),
-        &QAbstractItemModel::rowsInserted, scan, [scan] { scan->click(); }, Qt::QueuedConnection);
-    scan->click();
-    QObject::disconnect(connection);
-}
 } // namespace
 
 int Ending::perform(const QString& operation, int afterMs, const QString& protocol)

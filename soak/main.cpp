@@ -2,6 +2,7 @@
 
 #include "ending.h"
 #include "monkey.h"
+#include "stops.h"
 #include "watch.h"
 
 #include <QApplication>
@@ -36,12 +37,15 @@ int main(int argc, char* argv[])
         QStringLiteral("endings"),
         QStringLiteral("Instead of that, end the program N times in the middle of something."),
         QStringLiteral("N"));
+    const QCommandLineOption stops(
+        QStringLiteral("stops"),
+        QStringLiteral("Instead of that, stop a play at N random moments."), QStringLiteral("N"));
     const QCommandLineOption endDuring(QStringLiteral("end-during"),
                                        QStringLiteral("One such end, during this operation."),
                                        QStringLiteral("NAME"));
     const QCommandLineOption after(QStringLiteral("after"), QStringLiteral("Milliseconds."),
                                    QStringLiteral("N"), QStringLiteral("100"));
-    parser.addOptions({seconds, seed, protocol, endings, endDuring, after});
+    parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after});
     parser.process(application);
 
     const QTemporaryDir work;
@@ -49,6 +53,8 @@ int main(int argc, char* argv[])
     const QString kind = parser.value(protocol);
     if (parser.isSet(endings))
         return Ending::campaign(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind);
+    if (parser.isSet(stops))
+        return Stops::campaign(parser.value(stops).toInt(), parser.value(seed).toUInt(), kind);
     if (parser.isSet(endDuring)) {
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return Ending::perform(parser.value(endDuring), parser.value(after).toInt(), kind);

@@ -2,6 +2,7 @@
 
 #include "handprocess.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace
@@ -54,6 +55,12 @@ Watch::Watch(HandProcess& hand, bool slow) : m_hand(hand), m_limitMs(slow ? 2 * 
 Watch::~Watch()
 {
     s_messages = nullptr;
+}
+
+int Watch::motions(const HandProcess& hand)
+{
+    const auto requests = hand.requests();
+    return static_cast<int>(std::count_if(requests.begin(), requests.end(), moves));
 }
 
 void Watch::beginStillness()

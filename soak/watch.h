@@ -16,6 +16,9 @@ public:
     Watch(HandProcess& hand, bool slow);
     ~Watch() override;
 
+    /// How many of the frames that the hand has traced move a finger.
+    static int motions(const HandProcess& hand);
+
     /// Frames from here on must not move anything.
     void beginStillness();
     /// Looks at the frames since then.
