@@ -83,6 +83,11 @@ void answerDialogs()
 
 int Ending::perform(const QString& operation, int afterMs, const QString& protocol)
 {
+    // The debug log tells of every request that fails; what counts here are warnings.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type != QtDebugMsg)
+            std::fprintf(stderr, "%s\n", qPrintable(text));
+    });
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol}))
         return 2;
