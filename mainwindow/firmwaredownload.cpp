@@ -2,13 +2,10 @@
 
 #include <QDebug>
 #include <QDir>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QNetworkReply>
 #include <QSaveFile>
 #include <QUrl>
 
-#include <algorithm>
 #include <memory>
 
 namespace
@@ -25,17 +22,6 @@ QString serverAddress()
     while (address.endsWith(QLatin1Char('/')))
         address.chop(1);
     return address;
-}
-
-/// Whether a text names a file of the folder that it is put into, and nothing elsewhere.
-bool isPlainName(const QString& name)
-{
-    const auto leadsAway = [](QChar character) {
-        return character == QLatin1Char('/') || character == QLatin1Char('\\') ||
-               character.category() == QChar::Other_Control;
-    };
-    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
-           std::none_of(name.begin(), name.end(), leadsAway);
 }
 
 bool writeFile(const QString& path, const QByteArray& content)
@@ -57,7 +43,7 @@ FirmwareDownload::FirmwareDownload(QString hardware, std::chrono::milliseconds m
 FirmwareDownload::Offer FirmwareDownload::latestReleases()
 {
     Offer offer;
-    if (!isPlainName(m_hardware)) {
+    if (!isPlainFileName(m_hardware)) {
         offer.failure = tr("Error when saving firmware file.");
         return offer;
     }
@@ -66,24 +52,18 @@ FirmwareDownload::Offer FirmwareDownload::latestReleases()
         offer.failure = tr("Error when reading version file from server.");
         return offer;
     }
-    const QJsonObject types = QJsonDocument::fromJson(*body).object();
-    for (auto type = types.begin(); type != types.end(); ++type) {
-        const QJsonObject members = type->toObject();
-        const auto text = [&members](QLatin1String name) { return members[name].toString(); };
-        offer.releases[type.key()] = {text(QLatin1String("version")), text(QLatin1String("file")),
-                                      text(QLatin1String("desc"))};
-    }
+    offer.releases = readVersionFile(*body);
     // An answer that is no object, or offers nothing to choose, is as good as none.
     if (offer.releases.isEmpty())
         offer.failure = tr("Error when parsing version file.");
     return offer;
 }
 
-FirmwareDownload::SavedFile FirmwareDownload::save(const Release& release)
+FirmwareDownload::SavedFile FirmwareDownload::save(const FirmwareRelease& release)
 {
     qDebug() << "Select version:" << release.version << ", filename:" << release.file
              << ", desc:" << release.description;
-    if (!isPlainName(m_hardware) || !isPlainName(release.file))
+    if (!isPlainFileName(m_hardware) || !isPlainFileName(release.file))
         return {{}, tr("Error when saving firmware file.")};
     const auto body = get(addressOf(release.file));
     if (!body || body->isEmpty())

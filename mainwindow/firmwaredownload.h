@@ -1,7 +1,8 @@
 #pragma once
 
+#include "versionfile.h"
+
 #include <QEventLoop>
-#include <QMap>
 #include <QNetworkAccessManager>
 
 #include <chrono>
@@ -11,7 +12,7 @@ class QUrl;
 
 /// Gets update files for one kind of hardware from the firmware server, over HTTP or HTTPS:
 ///
-///   /firmwares/HARDWARE/latest_version.json   {"TYPE": {"version": "", "file": "", "desc": ""}}
+///   /firmwares/HARDWARE/latest_version.json   the version file
 ///   /firmwares/HARDWARE/FILE                  the update file
 ///
 /// What can go wrong: any status but 200, redirects too; silence; a connection that is cut; a body
@@ -27,13 +28,8 @@ public:
     /// How long the server may send nothing.
     static constexpr std::chrono::seconds MaxSilence{30};
 
-    struct Release {
-        QString version;
-        QString file;
-        QString description;
-    };
     struct Offer {
-        QMap<QString, Release> releases; ///< by type of firmware
+        QMap<QString, FirmwareRelease> releases; ///< by type of firmware
         QString failure;
     };
     struct SavedFile {
@@ -44,7 +40,7 @@ public:
     explicit FirmwareDownload(QString hardware, std::chrono::milliseconds maxSilence = MaxSilence);
 
     Offer latestReleases();
-    SavedFile save(const Release& release);
+    SavedFile save(const FirmwareRelease& release);
 
     /// Ends the call that waits; its result is of no use then.
     void abandon();

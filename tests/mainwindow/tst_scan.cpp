@@ -1,7 +1,9 @@
 #include "handtest.h"
 
+#include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
+#include <QSerialPort>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -105,29 +107,51 @@ void TestScan::widgetsDuringScan()
 
 void TestScan::portNotOpened_data()
 {
-    QTest::addColumn<QString>("port");
-    QTest::newRow("absent") << "/tmp/no/such%2/port%3";
-    QTest::newRow("no port") << "";
+    QTest::addColumn<QString>("port"); // "hand": that of a hand, for which there is an obstacle
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("absent") << "/tmp/no/such%2/port%3"
+                            << "The port is gone. ";
+    QTest::newRow("no port") << ""
+                             << "No port is selected. ";
+    QTest::newRow("in use") << "hand"
+                            << "Another program uses this port. ";
+    QTest::newRow("no rights") << "hand"
+                               << "You have no right to use this port. ";
 }
 
 void TestScan::portNotOpened()
 {
     QFETCH(QString, port);
+    QFETCH(QString, cause);
+    QSerialPort otherProgram;
+    if (port == "hand") {
+        m_hand = std::make_unique<HandProcess>();
+        QVERIFY2(m_hand->start(), qPrintable(m_hand->errorText()));
+        port = m_hand->portName();
+        if (cause.startsWith("Another")) {
+            otherProgram.setPortName(port);
+            QVERIFY(otherProgram.open(QIODevice::ReadWrite));
+        } else {
+            QVERIFY(QFile::setPermissions(port, {}));
+            if (QFileInfo(port).isReadable())
+                QSKIP("root has every right; tst_scan_unprivileged is run by somebody else");
+        }
+    }
     WindowDriver tool(port.isEmpty() ? QStringList() : QStringList{port});
-    tool.find<QComboBox>("comboBox_Ports")
-        ->setCurrentIndex(port.isEmpty() ? -1
-                                         : tool.find<QComboBox>("comboBox_Ports")->findData(port));
-    QString text;
+    auto* ports = tool.find<QComboBox>("comboBox_Ports");
+    ports->setCurrentIndex(port.isEmpty() ? -1 : ports->findData(port));
+    QStringList texts;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
-        text = box->text();
+        texts << box->text() << box->informativeText();
         QCOMPARE(box->windowTitle(), "VantoSetting");
         QCOMPARE(box->icon(), QMessageBox::Critical);
         QCOMPARE(box->standardButtons(), QMessageBox::Ok);
         box->accept();
     });
     tool.click("pushButton_ScanDevices");
-    QCOMPARE(text, QString("Open port '%1' failed, protocol=1, baudrate=115200").arg(port));
     QCOMPARE(answer.count(), 1);
+    QCOMPARE(texts[0], QString("Open port '%1' failed, protocol=1, baudrate=115200").arg(port));
+    QVERIFY2(texts[1].startsWith(cause), qPrintable(texts[1]));
     QCOMPARE(tool.shownTexts(), QStringList{"Trying node '0x01'..."});
     QVERIFY(tool.enabled("pushButton_RefreshPorts") && tool.enabled("tabWidget"));
     QCOMPARE(tool.find<QPushButton>("pushButton_ScanDevices")->text(), "Scan");

@@ -1,11 +1,15 @@
 #include "windowdriver.h"
 
+#include <QClipboard>
 #include <QFile>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMetaMethod>
+#include <QPlainTextEdit>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTemporaryDir>
 
 /// Start-up, menus, theme, About and the error label.
@@ -19,6 +23,7 @@ private slots:
     void themeDialog();
     void errorLabel_data();
     void errorLabel();
+    void messageList();
     void program_data();
     void program();
 };
@@ -153,6 +158,34 @@ void TestShell::errorLabel()
     // The clearing of the first text is not put off by the second.
     QTRY_COMPARE_WITH_TIMEOUT(tool.errorText(), QString(), 1500);
     qApp->setStyleSheet({});
+}
+
+void TestShell::messageList()
+{
+    WindowDriver tool;
+    for (int i = 0; i < 200; ++i)
+        tool.window()->showErrorOnStatusBar(QString("error %1").arg(i), Qt::red);
+    QVERIFY(tool.find<QStatusBar>("statusBar")
+                ->actions()
+                .contains(tool.find<QAction>("action_Messages")));
+    tool.window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(tool.window()));
+    QTest::keyClick(tool.window(), Qt::Key_L, Qt::ControlModifier);
+    auto* dialog = tool.find<QDialog>("messageList");
+    auto* list = dialog->findChild<QPlainTextEdit*>();
+    tool.window()->showErrorOnStatusBar("the last", Qt::red); // while the list is open
+    const QStringList lines = list->toPlainText().split('\n');
+    QCOMPARE(lines.size(), 200);
+    const QRegularExpression oldest(R"(^\d\d:\d\d:\d\d\.\d{3} ! error 1$)");
+    QVERIFY2(oldest.match(lines.first()).hasMatch(), qPrintable(lines.first()));
+    QVERIFY2(lines.last().endsWith(" ! the last"), qPrintable(lines.last()));
+
+    const auto buttons = dialog->findChildren<QPushButton*>();
+    const auto copy = std::find_if(buttons.begin(), buttons.end(),
+                                   [](const auto* button) { return button->text() == "Copy"; });
+    QVERIFY(copy != buttons.end());
+    (*copy)->click();
+    QCOMPARE(QApplication::clipboard()->text(), list->toPlainText());
 }
 
 void TestShell::program_data()

@@ -6,7 +6,9 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QLoggingCategory>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSerialPort>
 #include <QThread>
 #include <QTimer>
@@ -31,6 +33,7 @@ private slots:
     void hangUp();
     void staleClose();
     void alternation();
+    void trace();
     void lateReplies_data();
     void lateReplies();
     void timeouts();
@@ -197,6 +200,38 @@ void tst_client::alternation()
         QCOMPARE(int(adapter->getBatteryVoltage(77, &voltage)), 3);
         adapter->disconnect();
     }
+}
+
+/// What the log says is what the hand saw, and it is off unless it is asked for.
+void tst_client::trace()
+{
+    static QStringList logged;
+    const auto handler = [](QtMsgType, const QMessageLogContext& context, const QString& text) {
+        const QString line = QLatin1String(context.category) + text.mid(text.indexOf(u' '));
+        if (line.startsWith(u"vanto."))
+            logged += line; // without the time
+    };
+    const auto restore = qScopeGuard(
+        [previous = qInstallMessageHandler(handler)] { qInstallMessageHandler(previous); });
+    m_adapter->disconnect();
+    SerialProtocolV3 other;
+    for (const char* rules : {"vanto.*=true", ""}) {
+        QLoggingCategory::setFilterRules(QLatin1String(rules));
+        for (VantoProtocol* const adapter :
+             {static_cast<VantoProtocol*>(m_adapter.get()), static_cast<VantoProtocol*>(&other)}) {
+            QVERIFY(adapter->connect(m_name.c_str(), BaudRate));
+            QCOMPARE(int(adapter->beep(HandNode, 500)), 0);
+            adapter->disconnect();
+        }
+    }
+    QTRY_COMPARE(m_hand->trace().size(), 8);
+    QStringList expected{QStringLiteral("vanto.modbus tx %1"),
+                         QStringLiteral("vanto.modbus rx %1 error 0"),
+                         QStringLiteral("vanto.serialctrl tx %1"),
+                         QStringLiteral("vanto.serialctrl rx %1 result 0x0")};
+    for (int i = 0; i < 4; ++i)
+        expected[i] = expected[i].arg(QLatin1String(m_hand->trace()[i].bytes.toHex(' ')));
+    QCOMPARE(logged, expected);
 }
 
 void tst_client::lateReplies_data()

@@ -1,0 +1,42 @@
+#include "versionfile.h"
+
+#include "fuzz.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace
+{
+QByteArray written(const QMap<QString, FirmwareRelease>& releases)
+{
+    QJsonObject types;
+    for (auto release = releases.begin(); release != releases.end(); ++release)
+        types[release.key()] = QJsonObject{{QStringLiteral("version"), release->version},
+                                           {QStringLiteral("file"), release->file},
+                                           {QStringLiteral("desc"), release->description}};
+    return QJsonDocument(types).toJson();
+}
+
+/// A name that is taken for one of a file leads to an entry of the folder, whatever it holds.
+void checkName(const QString& name)
+{
+    if (!isPlainFileName(name))
+        return;
+    const QString folder = QStringLiteral("/downloaded/hardware");
+    const QString path = folder + QLatin1Char('/') + name;
+    check(QDir::cleanPath(path) == path, "a name that leads elsewhere");
+    check(!name.contains(QChar::Null), "a name that the system would cut off");
+}
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const QByteArray content(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const auto releases = readVersionFile(content);
+    check(readVersionFile(written(releases)) == releases, "releases that change when written");
+    for (const FirmwareRelease& release : releases)
+        checkName(release.file);
+    checkName(QString::fromUtf8(content));
+    return 0;
+}

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Runs a test program beside the other files that it needs, as nobody if root runs this.
+# usage: unprivileged.sh PROGRAM FILE...
+set -euo pipefail
+
+[[ $EUID -ne 0 ]] && exec "$1"
+
+# Nobody may not enter every folder that root builds in.
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp "$@" "$work"
+if [[ ${LSAN_OPTIONS:-} =~ suppressions=([^:]*) ]]; then
+    cp "${BASH_REMATCH[1]}" "$work/suppressions"
+    export LSAN_OPTIONS="${LSAN_OPTIONS/"${BASH_REMATCH[1]}"/$work/suppressions}"
+fi
+chown -R nobody "$work"
+cd "$work"
+setpriv --reuid=nobody --regid=nogroup --clear-groups env HOME="$work" "./$(basename "$1")"
