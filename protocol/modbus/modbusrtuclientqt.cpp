@@ -77,13 +77,19 @@ ModBusRTUClientQT::ModBusRTUClientQT()
     // Qt warns of every frame that is damaged or late. Those are failures of requests, and told of
     // as such.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus.warning=false"));
-    QObject::connect(&m_client, &QModbusDevice::errorOccurred, &m_client,
-                     [this](QModbusDevice::Error error) { handleError(error); });
+    renewClient();
 }
 
 ModBusRTUClientQT::~ModBusRTUClientQT()
 {
-    disconnect();
+    m_client->disconnectDevice();
+}
+
+void ModBusRTUClientQT::renewClient()
+{
+    m_client = std::make_unique<QModbusRtuSerialClient>();
+    QObject::connect(m_client.get(), &QModbusDevice::errorOccurred, &m_context,
+                     [this](QModbusDevice::Error error) { handleError(error); });
 }
 
 bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
@@ -96,10 +102,10 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
         {QModbusDevice::SerialStopBitsParameter, QSerialPort::OneStop},
     };
     for (const auto& [parameter, value] : parameters)
-        m_client.setConnectionParameter(parameter, value);
-    m_client.setTimeout(ReadTimeoutMs);
-    m_client.setNumberOfRetries(Retries);
-    if (!m_client.connectDevice())
+        m_client->setConnectionParameter(parameter, value);
+    m_client->setTimeout(ReadTimeoutMs);
+    m_client->setNumberOfRetries(Retries);
+    if (!m_client->connectDevice())
         return false;
     ++m_opening;
     m_unsettledUntil.setRemainingTime(0);
@@ -108,7 +114,8 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
 
 void ModBusRTUClientQT::disconnect()
 {
-    m_client.disconnectDevice();
+    m_client->disconnectDevice();
+    renewClient();
 }
 
 ModBusRTUClient::Error ModBusRTUClientQT::readRegisters(std::uint8_t slave, std::uint16_t start,
@@ -158,8 +165,8 @@ QModbusReply* ModBusRTUClientQT::send(const Request& request)
     if (ModbusTrace::log().isDebugEnabled())
         ModbusTrace::request(request.slave, functionOf(request), pduOf(request).data());
     const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
-    return request.isWrite ? m_client.sendWriteRequest(registers, request.slave)
-                           : m_client.sendReadRequest(registers, request.slave);
+    return request.isWrite ? m_client->sendWriteRequest(registers, request.slave)
+                           : m_client->sendReadRequest(registers, request.slave);
 }
 
 ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply& reply)
@@ -167,7 +174,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     const int timeoutMs = request.isWrite ? WriteTimeoutMs : ReadTimeoutMs;
     if (!makeReady(request, timeoutMs))
         return ConnectionError;
-    const QPointer<QModbusRtuSerialClient> alive(&m_client);
+    const QPointer<QModbusRtuSerialClient> alive(m_client.get());
     if (Exchange::abandoned())
         return ReplyAbortedError;
     const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
@@ -175,13 +182,13 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     timer.start();
     // A write may move a finger, and somebody may want the hand to stop meanwhile; the Qt client's
     // own repetition could not be held back.
-    m_client.setNumberOfRetries(request.isWrite ? 0 : Retries);
+    m_client->setNumberOfRetries(request.isWrite ? 0 : Retries);
     const int tries = request.isWrite ? 1 + Retries : 1;
     for (int i = 0; i < tries; ++i) {
         QModbusReply* const pending = send(request);
         if (!pending) {
-            qDebug().noquote() << m_client.errorString();
-            return translateError(m_client.error());
+            qDebug().noquote() << m_client->errorString();
+            return translateError(m_client->error());
         }
         reply = take(pending, m_waiting);
         if (ModbusTrace::log().isDebugEnabled())
@@ -211,19 +218,19 @@ ModBusRTUClient::Error ModBusRTUClientQT::translateError(QModbusDevice::Error e)
 /// False, with the reason on the log, if nothing can be sent; the Qt client would warn.
 bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
 {
-    const QPointer<QModbusRtuSerialClient> alive(&m_client);
+    const QPointer<QModbusRtuSerialClient> alive(m_client.get());
     const unsigned opening = m_opening;
     waitForStragglers(request);
     if (!alive)
         return false;
-    m_client.setTimeout(timeoutMs);
-    if (m_client.state() != QModbusDevice::ConnectedState || opening != m_opening) {
+    m_client->setTimeout(timeoutMs);
+    if (m_client->state() != QModbusDevice::ConnectedState || opening != m_opening) {
         qDebug("Device not connected.");
         return false;
     }
     // A late reply to an earlier request must not pass for the answer to this one; but what comes
     // for a request that is still waiting, further down the stack, has to stay.
-    auto* const port = qobject_cast<QSerialPort*>(m_client.device());
+    auto* const port = qobject_cast<QSerialPort*>(m_client->device());
     if (port && port->isOpen() && *m_waiting == 0)
         port->clear(QSerialPort::Input);
     return true;
@@ -251,14 +258,14 @@ void ModBusRTUClientQT::handleError(QModbusDevice::Error error)
     const bool lineFailed = error == QModbusDevice::ReadError ||
                             error == QModbusDevice::WriteError ||
                             error == QModbusDevice::ConnectionError;
-    if (!lineFailed || m_client.state() != QModbusDevice::ConnectedState ||
+    if (!lineFailed || m_client->state() != QModbusDevice::ConnectedState ||
         m_closingFor == m_opening)
         return;
     m_closingFor = m_opening;
     // Disconnecting inside the client's own signal is not safe; by the time of the queued call the
     // port may have been opened anew, and that opening is not to be closed.
     QMetaObject::invokeMethod(
-        &m_client,
+        &m_context,
         [this, opening = m_opening] {
             if (opening == m_opening)
                 disconnect();

@@ -5,6 +5,8 @@
 #include <QDeadlineTimer>
 #include <QModbusRtuSerialClient>
 
+#include <memory>
+
 class QModbusReply;
 
 /// ModBusRTUClient over QModbusRtuSerialClient: 8 data bits, no parity, one stop bit.
@@ -50,8 +52,12 @@ private:
     bool makeReady(const Request& request, int timeoutMs);
     void waitForStragglers(const Request& next);
     void handleError(QModbusDevice::Error error);
+    void renewClient();
 
-    QModbusRtuSerialClient m_client;
+    QObject m_context; ///< of what is to be called later
+    /// Replaced at every disconnection: the old one may still have a turn of its queue scheduled,
+    /// which would touch the closed port, or that of the next connection.
+    std::unique_ptr<QModbusRtuSerialClient> m_client;
     /// Requests that wait, one below the other on the stack; outlives the client for their sake.
     std::shared_ptr<int> m_waiting = std::make_shared<int>(0);
     unsigned m_opening = 0;    ///< number of the present opening

@@ -62,9 +62,7 @@ void TestBasic::showsWhatTheHandHolds()
 
 void TestBasic::failedReads_data()
 {
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("error");
-    QTest::addColumn<QString>("emptyField");
+    addTextRows({"fault", "error", "emptyField"});
     const auto row = [](const char* fault, const char* error, const char* emptyField) {
         QTest::newRow(fault) << QString(fault) << QString(error) << QString(emptyField);
     };
@@ -111,10 +109,7 @@ void TestBasic::invalidValues()
 
 void TestBasic::commands_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("success");
+    addTextRows({"button", "sent", "name", "success"});
     const auto row = [](const char* button, const char* sent, const char* name,
                         const char* success) {
         QTest::newRow(name) << QString("pushButton_Basic") + button << QString(sent)

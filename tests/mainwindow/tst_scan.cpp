@@ -107,16 +107,11 @@ void TestScan::widgetsDuringScan()
 
 void TestScan::portNotOpened_data()
 {
-    QTest::addColumn<QString>("port"); // "hand": that of a hand, for which there is an obstacle
-    QTest::addColumn<QString>("cause");
-    QTest::newRow("absent") << "/tmp/no/such%2/port%3"
-                            << "The port is gone. ";
-    QTest::newRow("no port") << ""
-                             << "No port is selected. ";
-    QTest::newRow("in use") << "hand"
-                            << "Another program uses this port. ";
-    QTest::newRow("no rights") << "hand"
-                               << "You have no right to use this port. ";
+    // "hand": that of a hand, and there is an obstacle.
+    addTextRows({"port", "cause"}, {{"absent", "/tmp/no/such%2/port%3", "The port is gone. "},
+                                    {"no port", "", "No port is selected. "},
+                                    {"in use", "hand", "Another program uses this port. "},
+                                    {"no rights", "hand", "You have no right to use this port. "}});
 }
 
 void TestScan::portNotOpened()
@@ -192,18 +187,15 @@ void TestScan::forceSensing()
 
 void TestScan::badEntries_data()
 {
-    QTest::addColumn<QString>("entry");
-    QTest::addColumn<QString>("box");
-    QTest::newRow("type") << "0x02 (CANopen V1.2.3, Protocol V3.1)"
-                          << "Unknown device protocol type";
-    QTest::newRow("no version") << "0x02 (SerialCtrl V1.2.3)"
-                                << "Unknown device protocol version";
-    QTest::newRow("one number") << "0x02 (SerialCtrl V1.2.3, Protocol V3)"
-                                << "Unknown device name";
-    QTest::newRow("old SerialCtrl") << "0x02 (SerialCtrl V1.2.3, Protocol V2.9)"
-                                    << "Unsupported protocol version";
-    QTest::newRow("new Modbus") << "0x02 (ModBus-RTU V1.2.3, Protocol V2.0)"
-                                << "Unsupported protocol version";
+    const QString text("0x02 (%1)");
+    const QString old("Unsupported protocol version");
+    addTextRows(
+        {"entry", "box"},
+        {{"type", text.arg("CANopen V1.2.3, Protocol V3.1"), "Unknown device protocol type"},
+         {"no version", text.arg("SerialCtrl V1.2.3"), "Unknown device protocol version"},
+         {"one number", text.arg("SerialCtrl V1.2.3, Protocol V3"), "Unknown device name"},
+         {"old SerialCtrl", text.arg("SerialCtrl V1.2.3, Protocol V2.9"), old},
+         {"new Modbus", text.arg("ModBus-RTU V1.2.3, Protocol V2.0"), old}});
 }
 
 void TestScan::badEntries()

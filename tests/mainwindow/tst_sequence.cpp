@@ -243,10 +243,7 @@ void TestSequence::rowsMoveAndGo()
 
 void TestSequence::editors_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("stored");
+    addTextRows({"field", "typed", "shown", "stored"});
     const auto row = [](const char* field, const char* typed, const char* shown,
                         const char* stored) {
         QTest::addRow("%s %s", field, typed) << QString("lineEdit_Seq") + field << QString(typed)

@@ -84,26 +84,12 @@ void TestShell::about()
 
 void TestShell::themeDialog_data()
 {
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("preselected");
-    QTest::addColumn<QString>("chosen"); // empty: cancelled
-    QTest::addColumn<QString>("storedAfter");
-    QTest::newRow("light chosen") << "dark"
-                                  << "dark"
-                                  << "light"
-                                  << "light";
-    QTest::newRow("dark chosen") << "light"
-                                 << "light"
-                                 << "dark"
-                                 << "dark";
-    QTest::newRow("capitals") << "DARK"
-                              << "dark"
-                              << ""
-                              << "DARK";
-    QTest::newRow("none stored") << ""
-                                 << "dark"
-                                 << ""
-                                 << "dark";
+    // Chosen is empty when the dialog is cancelled.
+    addTextRows({"stored", "preselected", "chosen", "storedAfter"},
+                {{"light chosen", "dark", "dark", "light", "light"},
+                 {"dark chosen", "light", "light", "dark", "dark"},
+                 {"capitals", "DARK", "dark", "", "DARK"},
+                 {"none stored", "", "dark", "", "dark"}});
 }
 
 void TestShell::themeDialog()
@@ -132,9 +118,7 @@ void TestShell::themeDialog()
 
 void TestShell::errorLabel_data()
 {
-    QTest::addColumn<QString>("theme");
-    QTest::newRow("dark") << "dark";
-    QTest::newRow("light") << "light";
+    addTextRows({"theme"}, {{"dark", "dark"}, {"light", "light"}});
 }
 
 void TestShell::errorLabel()

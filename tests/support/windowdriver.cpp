@@ -94,3 +94,14 @@ void WindowDriver::scanFor(int hands) const
     QCOMPARE(devices()->count(), hands);
     QCOMPARE(scan->text(), QStringLiteral("Scan"));
 }
+
+void addTextRows(const QList<const char*>& columns, const QList<QStringList>& rows)
+{
+    for (const char* column : columns)
+        QTest::addColumn<QString>(column);
+    for (const QStringList& row : rows) {
+        QTestData& data = QTest::newRow(qPrintable(row.first()));
+        for (const QString& text : row.sliced(1))
+            data << text;
+    }
+}
