@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds what people use and once more with the sanitizers, and runs all
-# tests on the latter. Arguments go to ctest. With --package it tries the Debian package instead.
+# tests on the latter. Arguments go to ctest. Instead of that, --package tries the Debian package and
+# --coverage reports what the tests do not reach.
 set -euo pipefail
 cd "$(dirname "$0")"
 
 if [[ ${1:-} == --package ]]; then
     shift
     exec scripts/package.sh "$@"
+elif [[ ${1:-} == --coverage ]]; then
+    shift
+    exec scripts/coverage.sh "$@"
 fi
 
 scripts/packages.sh build window test

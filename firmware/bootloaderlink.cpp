@@ -2,6 +2,7 @@
 
 #include "serialwait.h"
 
+#include <QDeadlineTimer>
 #include <QDebug>
 #include <QSerialPort>
 
@@ -56,7 +57,11 @@ QString BootLoaderLink::wakeUp()
 bool BootLoaderLink::hearsPresence()
 {
     bool halfway = false;
-    while (const std::optional<quint8> byte = receive(m_limits.probeMs)) {
+    const QDeadlineTimer end(m_limits.listenMs);
+    while (!end.hasExpired()) {
+        const std::optional<quint8> byte = receive(m_limits.probeMs);
+        if (!byte)
+            return false;
         m_log(heard(*byte));
         qDebug().noquote() << QStringLiteral("Device said: 0x%1['%2']")
                                   .arg(hex(*byte), QString(QLatin1Char(static_cast<char>(*byte))));

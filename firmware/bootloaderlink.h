@@ -11,11 +11,12 @@ using ProgressCallback = std::function<void(int percent)>;
 
 /// How patient an update is.
 struct UpdateLimits {
-    int probes = 10;     ///< attempts to wake the boot loader up
-    int probeMs = 1000;  ///< wait for each byte of the answer to a probe
-    int matchMs = 1000;  ///< wait for the verdict on the hardware
-    int recordMs = 4000; ///< wait for the verdict on a record
-    int rejections = 4;  ///< of the same record, with which the update fails
+    int probes = 10;      ///< attempts to wake the boot loader up
+    int probeMs = 1000;   ///< wait for each byte of the answer to a probe
+    int matchMs = 1000;   ///< wait for the verdict on the hardware
+    int recordMs = 4000;  ///< wait for the verdict on a record
+    int rejections = 4;   ///< of the same record, with which the update fails
+    int listenMs = 10000; ///< to a line that is never silent, until the next probe
 };
 
 /// The tool's side of the talk with a boot loader, over an open port:

@@ -18,6 +18,8 @@ CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, qui
     ui->spinBox_ThumbRootPos->setFocus();
     // A click on it must not take the focus: the box would then take over what is typed, and move.
     ui->buttonBox->button(QDialogButtonBox::Cancel)->setFocusPolicy(Qt::NoFocus);
+    // With a click on OK it moves when the dialog closes, so that a failure can bring that back.
+    ui->buttonBox->button(QDialogButtonBox::Ok)->setFocusPolicy(Qt::TabFocus);
     const QSignalBlocker notMoved(ui->spinBox_ThumbRootPos);
     ui->spinBox_ThumbRootPos->setValue(value);
 }

@@ -48,15 +48,18 @@ public:
         const Conversation conversation;
         while (m_wanted && m_session->holds(m_target)) {
             const auto next = std::exchange(m_wanted, std::nullopt);
-            m_failed = !m_reporter->succeeded(
-                m_target, "setFingerPosAbs",
-                m_target->setFingerPosAbs(m_target.node, ThumbRoot, *next, ThumbRootSpeed));
+            const std::uint8_t result =
+                m_target->setFingerPosAbs(m_target.node, ThumbRoot, *next, ThumbRootSpeed);
+            if (m_dropped)
+                return; // cut short, which is no failure of the hand
+            m_failed = !m_reporter->succeeded(m_target, "setFingerPosAbs", result);
         }
     }
 
     /// Nothing more is sent, not even the rest of the move that is under way.
     void drop()
     {
+        m_dropped = true;
         m_wanted.reset();
         Exchange::abandon();
     }
@@ -69,6 +72,7 @@ private:
     StatusReporter* m_reporter;
     std::optional<std::uint16_t> m_wanted;
     bool m_moving = false;
+    bool m_dropped = false;
     bool m_failed = false;
 };
 } // namespace
@@ -89,6 +93,7 @@ void CalibrationProcedure::recalibrateClicked()
 
 void CalibrationProcedure::walk(const Target& target)
 {
+    m_session->dropRequests(); // minutes later nobody would expect them
     const ControlLock lock(m_window,
                            {m_ui->pushButton_RefreshPorts, m_ui->comboBox_Ports,
                             m_ui->pushButton_ScanDevices, m_ui->comboBox_Devices, m_ui->tabWidget},

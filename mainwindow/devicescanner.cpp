@@ -25,6 +25,26 @@ QList<std::shared_ptr<VantoProtocol>> protocolsToTry()
     protocols.removeAll(nullptr);
     return protocols;
 }
+
+/// The second click of a double click on Stop is no wish for a new scan.
+class DoubleClickGuard : public QObject
+{
+public:
+    explicit DoubleClickGuard(QPushButton* button)
+        : QObject(button), m_button(button), m_idleCaption(button->text())
+    {
+        button->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        return event->type() == QEvent::MouseButtonDblClick && m_button->text() == m_idleCaption;
+    }
+
+private:
+    QPushButton* m_button;
+    QString m_idleCaption;
+};
 } // namespace
 
 DeviceScanner::DeviceScanner(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
@@ -37,6 +57,7 @@ DeviceScanner::DeviceScanner(Ui::MainWindow* ui, QWidget* window, DeviceSession*
       m_progress(new QProgressBar(window)),
       m_idleCaption(ui->pushButton_ScanDevices->text())
 {
+    new DoubleClickGuard(ui->pushButton_ScanDevices);
     m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
     m_progress->setAccessibleName(tr("Scan progress"));
     m_progress->setRange(FirstNode, LastNode);

@@ -77,6 +77,11 @@ void DeviceSession::whenQuiet(Change kind, std::function<void()> action)
     submit({.kind = kind, .target = {}, .stillWanted = {}, .action = std::move(action)});
 }
 
+void DeviceSession::dropRequests()
+{
+    m_waiting.remove_if([](const Job& waiting) { return waiting.target.has_value(); });
+}
+
 void DeviceSession::openWaitingDialogs()
 {
     if (Conversation::busy())

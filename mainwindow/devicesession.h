@@ -81,6 +81,10 @@ public:
     /// `stillWanted` is asked when a request that had to wait gets its turn.
     void ask(std::function<bool()> stillWanted, Request request);
     void whenQuiet(Change kind, std::function<void()> action);
+    /// Forgets the requests that wait, before something that takes long.
+    void dropRequests();
+    /// Ends a play, before dialogs that would keep people from the Stop button.
+    void stopMotion() { emit sig_stopMotion(); }
     /// For long jobs, between two conversations: opens About and Theme if they have been asked
     /// for, so that they need not wait for the end of the job.
     void openWaitingDialogs();
@@ -91,6 +95,7 @@ public:
 signals:
     /// Timers and the player stop now.
     void sig_stop();
+    void sig_stopMotion();
 
 private:
     struct Job {

@@ -27,7 +27,8 @@ class ServerWait
 {
 public:
     ServerWait(QWidget* window, const Ui::MainWindow* ui)
-        : m_lock(window, {ui->tabWidget}, {ui->action_Force_Update})
+        : m_lock(window, {ui->tabWidget},
+                 {ui->action_Force_Update, ui->action_Theme, ui->action_About})
     {
         QApplication::setOverrideCursor(Qt::BusyCursor);
     }
@@ -63,8 +64,10 @@ FirmwareUpdater::FirmwareUpdater(Ui::MainWindow* ui, QWidget* window, DeviceSess
 
 void FirmwareUpdater::updateClicked()
 {
-    if (!m_running)
-        m_session->whenQuiet(DeviceSession::Change::Update, [this] { update(); });
+    if (m_running)
+        return;
+    m_session->stopMotion();
+    m_session->whenQuiet(DeviceSession::Change::Update, [this] { update(); });
 }
 
 void FirmwareUpdater::update()
@@ -85,8 +88,8 @@ void FirmwareUpdater::update()
     const QString failure = headerFailure(path);
     if (!failure.isEmpty()) {
         tellFailure(failure);
-        if (wasOpen)
-            m_connector->forgetDevices(); // closed, and so nothing can be done with it
+        if (wasOpen && wanted())
+            m_connector->openCurrentDevice();
         return;
     }
     tell(tr("Power off the device and remove app other devices from bus, press OK when ready.\n"

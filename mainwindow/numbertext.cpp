@@ -4,6 +4,14 @@
 #include <cmath>
 #include <limits>
 
+namespace
+{
+float realOf(QString text)
+{
+    return text.replace(QLatin1Char(','), QLatin1Char('.')).toFloat();
+}
+} // namespace
+
 std::uint16_t NumberText::toWord(const QString& text)
 {
     return static_cast<std::uint16_t>(text.toInt());
@@ -17,7 +25,7 @@ std::uint8_t NumberText::toByte(const QString& text)
 std::int16_t NumberText::toAngle(const QString& text)
 {
     using Limits = std::numeric_limits<std::int16_t>;
-    const float hundredths = text.toFloat() * 100;
+    const float hundredths = realOf(text) * 100;
     if (std::isnan(hundredths))
         return 0;
     return static_cast<std::int16_t>(
@@ -26,7 +34,7 @@ std::int16_t NumberText::toAngle(const QString& text)
 
 float NumberText::toReal(const QString& text)
 {
-    const float number = text.toFloat();
+    const float number = realOf(text);
     return std::isfinite(number) ? number : 0;
 }
 

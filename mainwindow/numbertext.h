@@ -4,8 +4,9 @@
 
 #include <cstdint>
 
-/// Numbers as fields show and take them, in the C locale. Every text can be typed; what is not a
-/// number, or is one beyond 32 bits, counts as 0.
+/// Numbers as fields show and take them, in the C locale; of a typed number the decimal sign may
+/// also be a comma. Every text can be typed; what is not a number, or is one beyond 32 bits, counts
+/// as 0.
 namespace NumberText
 {
 /// The low 16 bits of the number in the text.

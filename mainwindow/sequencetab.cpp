@@ -53,6 +53,7 @@ SequenceTab::SequenceTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* ses
     QObject::connect(player, &SequencePlayer::sig_ended, window, [this] { playEnded(); });
     QObject::connect(timers, &PageTimers::sig_sequencePageLeft, player, &SequencePlayer::stop);
     QObject::connect(session, &DeviceSession::sig_stop, player, &SequencePlayer::stop);
+    QObject::connect(session, &DeviceSession::sig_stopMotion, player, &SequencePlayer::stop);
 }
 
 SequenceTab::~SequenceTab() = default;
@@ -77,8 +78,9 @@ void SequenceTab::reload()
     enableGroup(Everything, false);
     clear();
     update();
-    // On a page that is not shown the table would take the keys from the page that is.
-    if (pageIsShown())
+    // On a page that is not shown the table would take the keys from the page that is; and the next
+    // key that is meant for the list of devices would move the hand.
+    if (pageIsShown() && !m_ui->comboBox_Devices->hasFocus())
         m_table->setFocus();
 }
 
@@ -143,7 +145,7 @@ void SequenceTab::update()
     // Each control goes straight to its new state: one that is disabled for a moment only would
     // lose the focus, and with it what is being typed.
     enableGroup(Editors, editable && m_table->currentRow() >= 0);
-    m_ui->comboBox_SeqPosOrAngle->setEnabled(editable && !hasSteps);
+    m_ui->comboBox_SeqPosOrAngle->setEnabled(editable && !hasSteps && !m_reading);
     enableGroup(Rows, editable);
     enableGroup(Load, editable);
     enableGroup(Save, editable && hasSteps);
@@ -181,6 +183,9 @@ void SequenceTab::play(const Target& target, int start, int end, bool forEdit)
     m_player->setVantoProtocol(target.adapter, target.node);
     {
         const QScopedValueRollback starting(m_starting, true);
+        // A field that becomes read-only, unlike one that is disabled, does not finish its editing.
+        if (const auto finger = m_editors.typedSpeed())
+            handleSpeedEdit(*finger);
         m_focus = std::make_unique<FocusKeeper>(m_window, m_ui->tab_Sequence);
         update();
         m_focus->noteMove();
@@ -261,8 +266,12 @@ void SequenceTab::insertClicked()
 
 void SequenceTab::insert(const Target& target, quint64 after)
 {
-    m_ui->comboBox_SeqPosOrAngle->setEnabled(false); // the pose is read in its unit
-    const QList<int> pose = readPose(target);
+    QList<int> pose;
+    {
+        const QScopedValueRollback reading(m_reading, true);
+        update();
+        pose = readPose(target);
+    }
     if (!m_session->holds(target))
         return;
     const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
@@ -356,6 +365,8 @@ void SequenceTab::handleSpeedEdit(std::uint8_t finger)
 {
     editShownStep([this, finger](SequenceDataItem& step) {
         QLineEdit* field = m_editors.speed(finger);
+        if (finger >= step.speed.size() && field->text().isEmpty())
+            return; // there is none, and none has been typed
         const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
         store(step.speed, finger, speed);
         field->setText(finger < step.speed.size() ? QString::number(speed) : QString());
@@ -430,18 +441,7 @@ void SequenceTab::modeChanged()
 
 bool SequenceTab::keyPressed(const QKeyEvent& event)
 {
-    const int row = m_table->currentRow();
-    if (event.key() == Qt::Key_Up) {
-        if (row > 0)
-            m_table->setCurrentCell(row - 1, 0);
-        return true;
-    }
-    if (event.key() == Qt::Key_Down) {
-        if (row < m_table->rowCount() - 1)
-            m_table->setCurrentCell(row + 1, 0);
-        return true;
-    }
-    return false;
+    return m_table->keyPressed(event);
 }
 
 void SequenceTab::loadClicked()

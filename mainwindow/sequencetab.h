@@ -60,7 +60,7 @@ public:
     void modeChanged();
     void playEnded();
     void updatePlaying(bool isPlaying, int sequenceIndex, const QString& errMsg);
-    /// Up and Down go from row to row. Whether the key is used up.
+    /// Whether the key is used up.
     bool keyPressed(const QKeyEvent& event);
 
 private:
@@ -106,5 +106,6 @@ private:
     int m_visit = 0;         ///< number of the page's showing
     int m_edition = 0;       ///< changes with the rows
     bool m_starting = false; ///< the first step of a run is being sent
+    bool m_reading = false;  ///< the pose for a new step, in the unit that the box shows
     std::unique_ptr<FocusKeeper> m_focus;
 };

@@ -73,3 +73,13 @@ void StepEditors::setEnabled(bool enabled)
     }
     m_ui->lineEdit_SeqDelay->setEnabled(enabled);
 }
+
+std::optional<std::uint8_t> StepEditors::typedSpeed() const
+{
+    const auto field = std::find_if(m_speeds.begin(), m_speeds.end(), [](const QLineEdit* speed) {
+        return speed->hasFocus() && speed->isModified();
+    });
+    if (field == m_speeds.end())
+        return std::nullopt;
+    return static_cast<std::uint8_t>(field - m_speeds.begin());
+}

@@ -3,6 +3,8 @@
 #include "fingers.h"
 #include "sequencedata.h"
 
+#include <optional>
+
 class QLineEdit;
 class QSlider;
 class QWidget;
@@ -32,6 +34,8 @@ public:
 
     QSlider* slider(std::uint8_t finger) const { return m_sliders[finger]; }
     QLineEdit* speed(std::uint8_t finger) const { return m_speeds[finger]; }
+    /// The finger whose speed somebody is typing, if any.
+    std::optional<std::uint8_t> typedSpeed() const;
 
 private:
     Ui::MainWindow* m_ui;

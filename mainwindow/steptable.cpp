@@ -3,6 +3,7 @@
 #include "fingers.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
@@ -98,4 +99,19 @@ void StepTable::focusInEvent(QFocusEvent* event)
 QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     return m_takesFocus ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
+}
+
+bool StepTable::keyPressed(const QKeyEvent& event)
+{
+    const int row = currentRow();
+    // A key held since before the page came was not meant for a row, which would move the hand.
+    if (row < 0 && event.isAutoRepeat())
+        return true;
+    const bool up = event.key() == Qt::Key_Up;
+    if (!up && event.key() != Qt::Key_Down)
+        return false;
+    const int next = up ? row - 1 : row + 1;
+    if (next >= 0 && next < rowCount())
+        setCurrentCell(next, 0);
+    return true;
 }

@@ -34,6 +34,8 @@ public:
     int rowOf(quint64 id) const { return static_cast<int>(m_ids.indexOf(id)); }
     static constexpr quint64 NoStep = 0;
 
+    /// Up and Down go from row to row. Whether the key is used up.
+    bool keyPressed(const QKeyEvent& event);
     void keyboardSearch(const QString&) override {}
 
 protected:

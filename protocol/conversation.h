@@ -43,7 +43,7 @@ public:
 
     static bool active();
     /// For whoever must have nothing more sent at once: the exchange that is under way, if any,
-    /// sends no further request and repeats none. Its result is a failure, unless what it waits
+    /// sends no further request and repeats no write. Its result is a failure, unless what it waits
     /// for was its last request and is answered.
     static void abandon();
     static bool abandoned();

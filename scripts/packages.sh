@@ -12,6 +12,7 @@ declare -A packages=(
     [test]="libmodbus-dev"
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [fuzz]="clang"
+    [coverage]="gcovr"
 )
 if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
     packages[window]+=" qt6-wayland"

@@ -108,7 +108,6 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
     if (!m_client->connectDevice())
         return false;
     ++m_opening;
-    m_unsettledUntil.setRemainingTime(0);
     return true;
 }
 
@@ -244,8 +243,9 @@ void ModBusRTUClientQT::waitForStragglers(const Request& next)
     QTimer::singleShot(static_cast<int>(m_unsettledUntil.remainingTime()), Qt::PreciseTimer, &loop,
                        &QEventLoop::quit);
     QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &loop, [&loop] {
-        if (Exchange::abandoned())
+    const QPointer<QModbusRtuSerialClient> alive(m_client.get());
+    QObject::connect(&look, &QTimer::timeout, &loop, [&loop, &alive] {
+        if (!alive || Exchange::abandoned())
             loop.quit();
     });
     look.start(LookMs);

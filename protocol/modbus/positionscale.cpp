@@ -9,6 +9,8 @@ namespace
 constexpr std::uint16_t FullRange = 65535;
 constexpr std::uint8_t FullSpeed = 255;
 constexpr double GainScale = 100.0;
+/// A float holds hundredths only nearly: without it 0.29 would be stored as 0.28.
+constexpr double FloatRounding = 1 + 0x1p-23;
 } // namespace
 
 std::uint16_t PositionLimits::toAbsolute(std::uint16_t logical) const
@@ -40,7 +42,8 @@ std::uint16_t gainToRegister(float gain)
     using Limits = std::numeric_limits<std::int32_t>;
     if (std::isnan(gain))
         return 0;
-    const double scaled = std::clamp<double>(gain * GainScale, Limits::min(), Limits::max());
+    const double scaled =
+        std::clamp<double>(gain * GainScale * FloatRounding, Limits::min(), Limits::max());
     return static_cast<std::uint16_t>(static_cast<std::int32_t>(scaled));
 }
 

@@ -17,7 +17,12 @@ std::uint32_t GetMilliSecondsImpl()
 
 void DelayMilliSecondsImpl(std::uint32_t milliseconds)
 {
-    const QTime target = QTime::currentTime().addMSecs(static_cast<int>(milliseconds));
-    while (QTime::currentTime() < target)
+    const auto whole = static_cast<int>(milliseconds);
+    const QTime target = QTime::currentTime().addMSecs(whole);
+    for (;;) {
+        const int left = QTime::currentTime().msecsTo(target);
+        if (left <= 0 || left > whole) // over, or the clock has been set back
+            return;
         QCoreApplication::processEvents(QEventLoop::AllEvents, EventSliceMs);
+    }
 }

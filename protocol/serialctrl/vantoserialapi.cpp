@@ -86,8 +86,10 @@ bool awaitReply(HAND_Context& context, std::uint16_t timeoutMs)
         _delay_milli_seconds_impl(PollIntervalMs);
         if (context.poll)
             context.poll(&context);
-        // As a difference, so that the wrap of the tick after 49.7 days does no harm.
-        if (static_cast<std::int32_t>(_get_milli_seconds_impl() - deadline) > 0) {
+        // As a difference, so that the wrap of the tick after 49.7 days does no harm; nor does a
+        // clock that is set back.
+        const auto late = static_cast<std::int32_t>(_get_milli_seconds_impl() - deadline);
+        if (late > 0 || late < -std::int32_t{timeoutMs}) {
             context.state = context.initialState;
             return false;
         }

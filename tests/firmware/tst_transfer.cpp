@@ -60,6 +60,7 @@ private slots:
     void callbacks();
     void unplug();
     void waiting();
+    void talkingLine();
 
 private:
     static QByteArray sample()
@@ -175,6 +176,17 @@ void tst_transfer::waiting()
     const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
     QVERIFY2(ticks >= 15, "the event loop stood still");
     QVERIFY2(used < 200, qPrintable(QString("%1 ms of processor time").arg(used)));
+}
+
+/// The answer comes behind more than three seconds of noise.
+void tst_transfer::talkingLine()
+{
+    start("--baud 300");
+    QCOMPARE(tell("fault noise stage=probe count=2 bytes=100"), "ok");
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(write("0000", {}, {}, {2, 300, 0, 0, 0, 300}), NoDevice);
+    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
 }
 
 QTEST_GUILESS_MAIN(tst_transfer)

@@ -62,18 +62,17 @@ void TestBasic::showsWhatTheHandHolds()
 
 void TestBasic::failedReads_data()
 {
-    addTextRows({"fault", "error", "emptyField"});
-    const auto row = [](const char* fault, const char* error, const char* emptyField) {
-        QTest::newRow(fault) << QString(fault) << QString(error) << QString(emptyField);
-    };
-    row("refuse command=0x01 error=0x21",
-        "getFirmwareVersion(0x02, ...) returned 0xff (sub err 21)", "FirmwareVersion");
-    row("drop command=0x00", "Timeout for SerialCtrl node '0x02'...", "ProtocolVersion");
-    row("garble command=0x02", "getHardwareVersion(0x02, ...) returned 0x01 (sub err 00)",
-        "BootLoaderVersion");
-    row("over-long command=0x20", "getSelfTestLevel(0x02, ...) returned 0x04 (sub err 00)", "");
-    row("wrong-node command=0x21", "getBeepSwitch(0x02, ...) returned 0x05 (sub err 00)", "");
-    row("short command=0x03", "getCaliData(0x02, ...) returned 0x08 (sub err 00)", "CaliStart0");
+    addTextRows(
+        {"fault", "error", "emptyField"},
+        {{"refuse command=0x01 error=0x21",
+          "getFirmwareVersion(0x02, ...) returned 0xff (sub err 21)", "FirmwareVersion"},
+         {"drop command=0x00", "Timeout for SerialCtrl node '0x02'...", "ProtocolVersion"},
+         {"garble command=0x02", "getHardwareVersion(0x02, ...) returned 0x01 (sub err 00)",
+          "BootLoaderVersion"},
+         {"over-long command=0x20", "getSelfTestLevel(0x02, ...) returned 0x04 (sub err 00)", ""},
+         {"wrong-node command=0x21", "getBeepSwitch(0x02, ...) returned 0x05 (sub err 00)", ""},
+         {"short command=0x03", "getCaliData(0x02, ...) returned 0x08 (sub err 00)",
+          "CaliStart0"}});
 }
 
 void TestBasic::failedReads()
@@ -109,23 +108,19 @@ void TestBasic::invalidValues()
 
 void TestBasic::commands_data()
 {
-    addTextRows({"button", "sent", "name", "success"});
-    const auto row = [](const char* button, const char* sent, const char* name,
-                        const char* success) {
-        QTest::newRow(name) << QString("pushButton_Basic") + button << QString(sent)
-                            << QString(name) << QString(success);
-    };
-    row("Beep", "62 f401", "beep", "Beep succeeded");
-    row("SetSelfTestLevel", "60 00", "setSelfTestLevel", "Set self-test level succeeded");
-    row("SetBeepSwitch", "61 01", "setBeepSwitch", "Set beep switch succeeded");
-    row("StartInit", "64 ", "startInit", "Start init succeeded");
-    row("Reset", "40 00", "reset", "Reset succeeded");
+    addTextRows({"button", "sent", "name", "success"},
+                {{"Beep", "62 f401", "beep", "Beep succeeded"},
+                 {"SetSelfTestLevel", "60 00", "setSelfTestLevel", "Set self-test level succeeded"},
+                 {"SetBeepSwitch", "61 01", "setBeepSwitch", "Set beep switch succeeded"},
+                 {"StartInit", "64 ", "startInit", "Start init succeeded"},
+                 {"Reset", "40 00", "reset", "Reset succeeded"}});
 }
 
 void TestBasic::commands()
 {
     QFETCH(QString, button);
     QFETCH(QString, name);
+    button.prepend("pushButton_Basic");
     m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel")->setCurrentIndex(0);
     m_tool->find<QComboBox>("comboBox_BasicBeepSwitch")->setCurrentIndex(1);
 

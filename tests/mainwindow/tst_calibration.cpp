@@ -1,6 +1,7 @@
 #include "conversation.h"
 #include "handtest.h"
 
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QSpinBox>
@@ -19,6 +20,9 @@ private slots:
     void ends();
     void quickSpinning_data() { addBool("accepted", "rejected"); }
     void quickSpinning();
+    void cancelDuringAMove_data() { addBool("serialctrl", "modbus"); }
+    void cancelDuringAMove();
+    void failureAfterOk();
     void duringAWait_data() { addBool("window closed", "port pulled, About opened"); }
     void duringAWait();
 
@@ -187,6 +191,41 @@ void TestCalibration::quickSpinning()
     }
     QCOMPARE(position == End, first);
     QCOMPARE(sent().endsWith("|63 01"), first);
+}
+
+void TestCalibration::cancelDuringAMove()
+{
+    QFETCH(bool, first);
+    walk([&](QSpinBox* spinBox) {
+        tell("fault late ms=30");
+        QTimer::singleShot(10, static_cast<QDialog*>(spinBox->window()), &QDialog::reject);
+        spinBox->stepUp();
+        QVERIFY(!spinBox->isVisible());
+    });
+    QCOMPARE(shown(), QStringList());
+    QCOMPARE(first ? sent() : writes().join('|'),
+             first ? "43 2b1a|4b 050804ff" : "1012: 1a2b|1130: ffff");
+}
+
+/// A typed number moves with the click on OK, too late for the person to see that it fails.
+void TestCalibration::failureAfterOk()
+{
+    bool back = false;
+    walk([&](QSpinBox* spinBox) {
+        auto* dialog = static_cast<QDialog*>(spinBox->window());
+        tell("fault refuse command=0x4B");
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, "2000");
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok),
+                          Qt::LeftButton);
+        QTimer::singleShot(200, dialog, [&back, dialog] {
+            back = dialog->isVisible();
+            dialog->reject();
+        });
+    });
+    QVERIFY(back);
+    QCOMPARE(shown(), QStringList{Refused.arg("setFingerPosAbs")});
+    QCOMPARE(sent(), "43 2b1a|4b 05d007ff");
 }
 
 void TestCalibration::duringAWait()

@@ -133,31 +133,25 @@ void TestRun::leavingDropsWhatIsPending()
 
 void TestRun::setSendsAtOnce_data()
 {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("speed");
-    QTest::addColumn<QString>("sent");
-    const auto row = [](int mode, const char* typed, const char* speed, const char* sent) {
-        QTest::addRow("%d '%s' '%s'", mode, typed, speed)
-            << mode << QString(typed) << QString(speed) << QString(sent);
-    };
-    row(0, "1000", "255", "4c 04e803ff");
-    row(0, "", "", "4c 04000000");
-    row(0, "70000", "256", "4c 04701100");
-    row(0, "-1", "-1", "4c 04ffffff");
-    row(0, "5000000000", "99999999999", "4c 04000000");
-    row(1, "120.5", "7", "4d 04122f07");
-    row(1, "x", "1", "4d 04000001");
-    row(1, "1e9", "1", "4d 04ff7f01");
-    row(1, "nan", "1", "4d 04000001");
+    addTextRows({"mode", "typed", "speed", "sent"},
+                {{"0", "1000", "255", "4c 04e803ff"},
+                 {"0", "", "", "4c 04000000"},
+                 {"0", "70000", "256", "4c 04701100"},
+                 {"0", "-1", "-1", "4c 04ffffff"},
+                 {"0", "5000000000", "99999999999", "4c 04000000"},
+                 {"1", "120.5", "7", "4d 04122f07"},
+                 {"1", "120,5", "7", "4d 04122f07"},
+                 {"1", "x", "1", "4d 04000001"},
+                 {"1", "1e9", "1", "4d 04ff7f01"},
+                 {"1", "nan", "1", "4d 04000001"}});
 }
 
 void TestRun::setSendsAtOnce()
 {
-    QFETCH(int, mode);
+    QFETCH(QString, mode);
     QFETCH(QString, typed);
     QFETCH(QString, speed);
-    setMode(mode);
+    setMode(mode.toInt());
     setField("lineEdit_RunPos4", typed);
     setField("lineEdit_RunSpeed4", speed);
     m_tool->click("pushButton_RunSetPos4");

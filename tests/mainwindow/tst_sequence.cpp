@@ -1,6 +1,7 @@
 #include "handtest.h"
 
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QRandomGenerator>
 #include <QSlider>
@@ -155,6 +156,9 @@ void TestSequence::selectingPlaysForEdit()
 {
     load(TwoSteps);
     table()->setFocus();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, {}, /*autorep=*/true);
+    QApplication::sendEvent(table(), &held); // since before the page came
+    QCOMPARE(table()->currentRow(), -1);
     QTest::keyClick(table(), Qt::Key_Down);
     QTRY_COMPARE(motions().size(), 11);
     QCOMPARE(motions(), StretchedPose + FirstStep);
@@ -243,21 +247,16 @@ void TestSequence::rowsMoveAndGo()
 
 void TestSequence::editors_data()
 {
-    addTextRows({"field", "typed", "shown", "stored"});
-    const auto row = [](const char* field, const char* typed, const char* shown,
-                        const char* stored) {
-        QTest::addRow("%s %s", field, typed) << QString("lineEdit_Seq") + field << QString(typed)
-                                             << QString(shown) << QString(stored);
-    };
-    row("Delay", "70000", "65535", "65535");
-    row("Delay", "-3", "0", "0");
-    row("Delay", "x", "x", "0");
-    row("Delay", "99999999999", "99999999999", "0");
-    row("Delay", "250", "250", "250");
-    row("Speed4", "0", "1", "1");
-    row("Speed4", "300", "255", "255");
-    row("Speed4", "", "1", "1");
-    row("Speed4", "17", "17", "17");
+    addTextRows({"field", "typed", "shown", "stored"},
+                {{"Delay", "70000", "65535", "65535"},
+                 {"Delay", "-3", "0", "0"},
+                 {"Delay", "x", "x", "0"},
+                 {"Delay", "99999999999", "99999999999", "0"},
+                 {"Delay", "250", "250", "250"},
+                 {"Speed4", "0", "1", "1"},
+                 {"Speed4", "300", "255", "255"},
+                 {"Speed4", "", "1", "1"},
+                 {"Speed4", "17", "17", "17"}});
 }
 
 void TestSequence::editors()
@@ -266,7 +265,7 @@ void TestSequence::editors()
     QFETCH(QString, typed);
     load(TwoSteps);
     select(0);
-    auto* edit = m_tool->find<QLineEdit>(qPrintable(field));
+    auto* edit = m_tool->find<QLineEdit>(qPrintable("lineEdit_Seq" + field));
     edit->setFocus();
     edit->setText(typed);
     QTest::keyClick(edit, Qt::Key_Return);
@@ -351,6 +350,7 @@ void TestSequence::shortSteps()
     QCOMPARE(m_tool->field("lineEdit_SeqPos1") + '|' + m_tool->field("lineEdit_SeqPos2") + '|' +
                  m_tool->field("lineEdit_SeqSpeed1"),
              "6||");
+    QTest::keyClick(m_tool->find<QLineEdit>("lineEdit_SeqSpeed1"), Qt::Key_Return); // still none
     m_tool->click("pushButton_SeqRun");
     QCOMPARE(motions(), QStringList{"4c 00050009"});
 }
@@ -358,7 +358,7 @@ void TestSequence::shortSteps()
 void TestSequence::stopEndsEverything_data()
 {
     QTest::addColumn<QString>("way");
-    for (const char* way : {"Stop", "page", "port", "device", "Refresh"})
+    for (const char* way : {"Stop", "page", "port", "device", "Refresh", "update"})
         QTest::newRow(way) << way;
 }
 
@@ -368,6 +368,7 @@ void TestSequence::stopEndsEverything()
     QFETCH(QString, way);
     tell("fault late ms=15 count=0"); // widens the moments inside of exchanges
     load(TwoSteps);
+    DialogAnswer<QInputDialog> updateSource([](auto* dialog) { dialog->reject(); });
     const int wait = QRandomGenerator::global()->bounded(300);
     QTimer::singleShot(wait, m_tool.get(), [&] {
         if (way == "Stop")
@@ -378,6 +379,8 @@ void TestSequence::stopEndsEverything()
             m_tool->find<QComboBox>("comboBox_Ports")->setCurrentIndex(-1);
         else if (way == "device")
             m_tool->devices()->setCurrentIndex(-1), m_tool->devices()->setCurrentIndex(0);
+        else if (way == "update")
+            m_tool->trigger("action_Force_Update");
         else
             m_tool->click("pushButton_RefreshPorts");
         m_hand->forgetTrace();

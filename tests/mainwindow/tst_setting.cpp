@@ -53,33 +53,18 @@ void TestSetting::showsWhatTheHandHolds()
 
 void TestSetting::writesAndReadsBack_data()
 {
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<QString>("shown");
-    const auto limit = [](const char* name, const char* typed, const char* bytes,
-                          const char* shown) {
-        QTest::addRow("%s %s", name, typed)
-            << QString(name) << QString(typed)
-            << QStringList{QString(name == QString("ForceLimit") ? "47 02" : "46 02") + bytes,
-                           name == QString("ForceLimit") ? "07 02" : "05 02"}
-            << QString(shown);
-    };
-    limit("CurrentLimit", "750", "ee02", "750");
-    limit("CurrentLimit", "abc", "0000", "0");
-    limit("CurrentLimit", "", "0000", "0");
-    limit("CurrentLimit", "-1", "ffff", "65535");
-    limit("CurrentLimit", "70000", "7011", "4464");
-    limit("CurrentLimit", "99999999999", "0000", "0");
-    limit("ForceLimit", "300", "2c01", "300");
-    QTest::newRow("gain") << "P"
-                          << "1.239"
-                          << QStringList{"45 028d979e3f0000004000000040000000c1", "04 02"}
-                          << "1.24";
-    for (const char* gain : {"nan", "inf", "1e99"})
-        QTest::newRow(gain) << "P" << gain
-                            << QStringList{"45 02000000000000004000000040000000c1", "04 02"}
-                            << "0.00";
+    addTextRows({"what", "typed", "sent", "shown"},
+                {{"CurrentLimit", "750", "46 02ee02|05 02", "750"},
+                 {"CurrentLimit", "abc", "46 020000|05 02", "0"},
+                 {"CurrentLimit", "", "46 020000|05 02", "0"},
+                 {"CurrentLimit", "-1", "46 02ffff|05 02", "65535"},
+                 {"CurrentLimit", "70000", "46 027011|05 02", "4464"},
+                 {"CurrentLimit", "99999999999", "46 020000|05 02", "0"},
+                 {"ForceLimit", "300", "47 022c01|07 02", "300"},
+                 {"P", "1.239", "45 028d979e3f0000004000000040000000c1|04 02", "1.24"},
+                 {"P", "nan", "45 02000000000000004000000040000000c1|04 02", "0.00"},
+                 {"P", "inf", "45 02000000000000004000000040000000c1|04 02", "0.00"},
+                 {"P", "1e99", "45 02000000000000004000000040000000c1|04 02", "0.00"}});
 }
 
 void TestSetting::writesAndReadsBack()
@@ -96,7 +81,7 @@ void TestSetting::writesAndReadsBack()
     m_tool->find<QLineEdit>(qPrintable(field))->setText(typed);
     m_tool->click(
         qPrintable("pushButton_SettingWrite" + (what.size() == 1 ? QString("PID") : what) + '2'));
-    QTEST(frames(), "sent");
+    QTEST(frames().join('|'), "sent");
     QTEST(m_tool->field(qPrintable(field)), "shown");
     QCOMPARE(shown(), QStringList());
 }

@@ -100,8 +100,8 @@ void addTextRows(const QList<const char*>& columns, const QList<QStringList>& ro
     for (const char* column : columns)
         QTest::addColumn<QString>(column);
     for (const QStringList& row : rows) {
-        QTestData& data = QTest::newRow(qPrintable(row.first()));
-        for (const QString& text : row.sliced(1))
+        QTestData& data = QTest::newRow(qPrintable(row.join(", ")));
+        for (const QString& text : row)
             data << text;
     }
 }

@@ -56,8 +56,8 @@ private:
     QStringList m_shown;
 };
 
-/// Adds columns of texts to a test's data, and rows: a name, then one text for each column.
-void addTextRows(const QList<const char*>& columns, const QList<QStringList>& rows = {});
+/// Adds columns of texts to a test's data, and rows, which are named by their texts.
+void addTextRows(const QList<const char*>& columns, const QList<QStringList>& rows);
 
 /// Runs `act` on the next modal dialog of type Dialog as soon as it is shown, and counts.
 template<class Dialog>
