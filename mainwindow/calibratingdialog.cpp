@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
@@ -29,8 +30,9 @@ CalibratingDialog::~CalibratingDialog() = default;
 void CalibratingDialog::done(int result)
 {
     // A click on OK that a move has held up must not turn the reject after it into an accept.
-    if (!isVisible())
+    if (!isOpen())
         return;
+    const QScopedValueRollback ending(m_ending, true);
     // What is typed is taken over when the box loses the focus, as it does now.
     if (result == QDialog::Rejected)
         ui->spinBox_ThumbRootPos->blockSignals(true);

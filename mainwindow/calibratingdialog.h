@@ -20,6 +20,8 @@ public:
                       std::function<void(int)> moved);
     ~CalibratingDialog() override;
 
+    /// Shown and neither accepted nor rejected yet.
+    bool isOpen() const { return isVisible() && !m_ending; }
     void done(int result) override;
 
 protected:
@@ -31,4 +33,5 @@ private slots:
 private:
     std::unique_ptr<Ui::CalibratingDialog> ui;
     std::function<void(int)> m_moved;
+    bool m_ending = false; ///< the box gives its value away on the way, with the dialog half hidden
 };

@@ -195,7 +195,7 @@ bool CalibrationProcedure::placeThumbRoot(const Target& target, const QString& p
     bool failedAfterOk = false;
     CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
         mover.moveTo(position);
-        failedAfterOk = mover.failed() && !dialog.isVisible();
+        failedAfterOk = mover.failed() && !dialog.isOpen();
     });
     QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.drop(); });
     int answer = QDialog::Rejected;
