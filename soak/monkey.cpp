@@ -29,6 +29,7 @@ constexpr int PhaseMs = 6000;
 constexpr int SettleMs = 3000; ///< until what was asked for before a still phase has been done
 constexpr int DeepestNesting = 4;
 constexpr int PulledMs = 700;
+constexpr int StuckMs = 60'000; ///< without a chance to do anything; an update takes some of it
 constexpr int EndAgainMs = 200;
 constexpr int GiveUpMs = 500;
 
@@ -41,6 +42,15 @@ bool movesFingers(const QString& name)
         if (name.startsWith(QLatin1String(moving)))
             return true;
     return false;
+}
+
+QString textOf(const QWidget* dialog)
+{
+    if (const auto* box = qobject_cast<const QMessageBox*>(dialog))
+        return box->text();
+    if (const auto* progress = qobject_cast<const QProgressDialog*>(dialog))
+        return progress->labelText();
+    return dialog ? dialog->windowTitle() : QString();
 }
 } // namespace
 
@@ -77,6 +87,7 @@ Monkey::~Monkey() = default;
 void Monkey::start(int seconds)
 {
     startTimer(LookForDialogsMs);
+    m_sinceAction.start();
     QTimer::singleShot(seconds * 1000, this, [this] { end(); });
     connectAgain();
     next();
@@ -113,6 +124,7 @@ void Monkey::next()
             chosen = std::find_if(actions.begin(), actions.end(), [](const Action& action) {
                 return action.run == &Monkey::connectAgain;
             });
+        m_sinceAction.start();
         ++m_actions;
         ++m_counts[QLatin1String(chosen->name)];
         ++m_depth;
@@ -144,8 +156,21 @@ void Monkey::changePhase()
     }
 }
 
+void Monkey::lookWhetherStuck()
+{
+    if (!m_sinceAction.hasExpired(StuckMs))
+        return;
+    m_sinceAction.start();
+    const QWidget* modal = QApplication::activeModalWidget();
+    m_watch.find(QStringLiteral("nobody can do anything; %1 actions wait, %2 is open with '%3'")
+                     .arg(m_depth)
+                     .arg(QLatin1String(modal ? modal->metaObject()->className() : "no dialog"),
+                          textOf(modal)));
+}
+
 void Monkey::timerEvent(QTimerEvent*)
 {
+    lookWhetherStuck();
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (!dialog || qobject_cast<QProgressDialog*>(dialog))
         return;
@@ -157,7 +182,9 @@ void Monkey::timerEvent(QTimerEvent*)
     }
     m_answeredAt.start();
     m_answered = dialog;
-    answer(dialog);
+    // Not from here: an answer may open the next dialog, and this timer is held up until it
+    // returns.
+    QTimer::singleShot(0, dialog, [this, dialog] { answer(dialog); });
 }
 
 void Monkey::answer(QDialog* dialog)

@@ -58,6 +58,7 @@ private:
     void next();
     void end();
     void changePhase();
+    void lookWhetherStuck();
     void answer(QDialog* dialog);
     QString anyText();
     QString anySequenceFile();
@@ -84,6 +85,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     QPointer<QDialog> m_answered;
     QElapsedTimer m_answeredAt;
+    QElapsedTimer m_sinceAction;
     bool m_still = false;
     bool m_ends = false;
     int m_depth = 0; ///< actions on the stack: each may wait in an event loop of its own

@@ -26,13 +26,14 @@ public:
     /// Looks at what the wire carried since the last look, and forgets it.
     void lookAtWire();
 
+    /// Takes down something that must not be.
+    void find(const QString& what);
     const QStringList& findings() const { return m_findings; }
     int exchanges() const { return m_exchanges; }
     qint64 longestGapMs() const { return m_longestGapMs; }
 
 private:
     void beat();
-    void find(const QString& what);
 
     HandProcess& m_hand;
     QTimer m_heart;
