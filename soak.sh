@@ -11,6 +11,9 @@ scripts/packages.sh build window
 cmake --preset asan --log-level=NOTICE
 cmake --build --preset asan --target vanto-soak vanto-hand
 
+export ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
+export LSAN_OPTIONS=suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0
+export UBSAN_OPTIONS=print_stacktrace=1
 status=0
 for protocol in serialctrl modbus; do
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --seconds $((60 * minutes)) || status=1

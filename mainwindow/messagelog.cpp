@@ -9,39 +9,25 @@
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace
 {
 constexpr QLatin1String ListName("messageList");
-
-/// Keeps the place of somebody who reads further up.
-void fill(QPlainTextEdit* list, const QStringList& lines)
-{
-    QScrollBar* bar = list->verticalScrollBar();
-    const bool atEnd = bar->value() == bar->maximum();
-    const int place = bar->value();
-    list->setPlainText(lines.join(QLatin1Char('\n')));
-    bar->setValue(atEnd ? bar->maximum() : place);
-}
 } // namespace
 
 void MessageLog::add(const QString& text, bool isError)
 {
-    if (m_messages.size() == Capacity)
+    if (std::ssize(m_messages) == Capacity)
         m_messages.pop_front();
     m_messages.push_back({QTime::currentTime(), text, isError});
-    emit sig_changed();
+    emit sig_added(lineOf(m_messages.back()));
 }
 
-QStringList MessageLog::lines() const
+QString MessageLog::lineOf(const Message& message)
 {
-    QStringList lines;
-    for (const Message& message : m_messages)
-        lines.append(message.time.toString(QStringLiteral("HH:mm:ss.zzz")) +
-                     QLatin1String(message.isError ? " ! " : "   ") + message.text);
-    return lines;
+    return message.time.toString(QStringLiteral("HH:mm:ss.zzz")) +
+           QLatin1String(message.isError ? " ! " : "   ") + message.text;
 }
 
 void MessageLog::show(QWidget* window)
@@ -57,6 +43,7 @@ void MessageLog::show(QWidget* window)
     dialog->setWindowTitle(Program::title() + QStringLiteral(" - ") + tr("Messages"));
     auto* list = new QPlainTextEdit(dialog);
     list->setReadOnly(true);
+    list->setMaximumBlockCount(Capacity);
     list->setLineWrapMode(QPlainTextEdit::NoWrap);
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     list->setAccessibleName(tr("Messages"));
@@ -65,11 +52,13 @@ void MessageLog::show(QWidget* window)
     connect(copy, &QPushButton::clicked, list,
             [list] { QApplication::clipboard()->setText(list->toPlainText()); });
     connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
-    connect(this, &MessageLog::sig_changed, list, [this, list] { fill(list, lines()); });
+    // Appended, so that what somebody has selected or reads further up stays where it is.
+    connect(this, &MessageLog::sig_added, list, &QPlainTextEdit::appendPlainText);
     auto* layout = new QVBoxLayout(dialog);
     layout->addWidget(list);
     layout->addWidget(buttons);
-    fill(list, lines());
+    for (const Message& message : m_messages)
+        list->appendPlainText(lineOf(message));
     dialog->resize(window->size() * 2 / 3);
     dialog->show();
 }

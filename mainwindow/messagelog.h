@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
+#include <QString>
 #include <QTime>
 
 #include <deque>
@@ -13,18 +13,17 @@ class MessageLog : public QObject
 {
     Q_OBJECT
 public:
-    static constexpr std::size_t Capacity = 200;
+    static constexpr int Capacity = 200;
 
     explicit MessageLog(QObject* parent) : QObject(parent) {}
 
     void add(const QString& text, bool isError);
-    /// One line each, oldest first: time, a mark if it is an error, text.
-    QStringList lines() const;
-    /// Opens the list. The window stays usable beside it.
+    /// Opens the list: a line each, oldest first, with time and a mark if it is an error. The
+    /// window stays usable beside it.
     void show(QWidget* window);
 
 signals:
-    void sig_changed();
+    void sig_added(const QString& line);
 
 private:
     struct Message {
@@ -32,6 +31,8 @@ private:
         QString text;
         bool isError;
     };
+
+    static QString lineOf(const Message& message);
 
     std::deque<Message> m_messages;
 };

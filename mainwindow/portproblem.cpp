@@ -10,6 +10,11 @@ namespace
 struct PortProblem {
     Q_DECLARE_TR_FUNCTIONS(PortProblem)
 };
+
+QString goneText()
+{
+    return PortProblem::tr("The port is gone. Plug the adapter in again and press Refresh.");
+}
 } // namespace
 
 QString portProblem(const QString& portName)
@@ -23,7 +28,7 @@ QString portProblem(const QString& portName)
 #ifdef Q_OS_UNIX
     const QFileInfo device(path);
     if (!device.exists())
-        return PortProblem::tr("The port is gone. Plug the adapter in again and press Refresh.");
+        return goneText();
     if (!device.isReadable() || !device.isWritable())
         return PortProblem::tr(
                    "You have no right to use this port. It belongs to the group \"%1\"; become a "
@@ -39,7 +44,7 @@ QString portProblem(const QString& portName)
             "Another program uses this port. Close it and try again. (ModemManager takes a "
             "new adapter for some seconds.)");
     case QSerialPort::DeviceNotFoundError:
-        return PortProblem::tr("The port is gone. Plug the adapter in again and press Refresh.");
+        return goneText();
     default:
         return {};
     }

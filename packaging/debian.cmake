@@ -26,6 +26,6 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Loaded at run time, so unseen by dpkg-shlibdeps: the plugin for the SVG images of the themes.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
+    "ca-certificates, fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
 
 include(CPack)

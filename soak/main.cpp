@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -17,6 +18,40 @@ constexpr bool Sanitized = true;
 #else
 constexpr bool Sanitized = false;
 #endif
+
+namespace
+{
+/// Fewer than so many actions and requests a second are no use of the window.
+constexpr int LeastPerSecond = 2;
+
+int useAtRandom(int seconds, quint32 seed, const QString& protocol)
+{
+    HandProcess hand;
+    // At the pace of a wire, so that a reply is under way for a while.
+    if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
+                     QStringLiteral("--node"), QStringLiteral("2:") + protocol,
+                     QStringLiteral("--speed"), QStringLiteral("8"), QStringLiteral("--baud"),
+                     QStringLiteral("115200")})) {
+        std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
+        return 2;
+    }
+    qputenv("VANTO_PORTS", hand.portName().toUtf8());
+    Watch watch(hand, Sanitized);
+    Monkey monkey(hand, watch, seed);
+    monkey.start(seconds);
+    QApplication::exec();
+    watch.lookAtWire();
+    if (std::min(monkey.actions(), watch.exchanges()) < LeastPerSecond * seconds)
+        watch.find(QStringLiteral("hardly anything was done"));
+    std::printf("%s, seed %u: %d s, %d actions, %d requests on the wire, longest gap %lld ms, "
+                "%d findings\n",
+                qPrintable(protocol), seed, seconds, monkey.actions(), watch.exchanges(),
+                watch.longestGapMs(), static_cast<int>(watch.findings().size()));
+    for (const auto& [name, count] : monkey.counts())
+        std::printf("    %-18s %d\n", qPrintable(name), count);
+    return watch.findings().isEmpty() ? 0 : 1;
+}
+} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -59,27 +94,5 @@ int main(int argc, char* argv[])
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return Ending::perform(parser.value(endDuring), parser.value(after).toInt(), kind);
     }
-    HandProcess hand;
-    if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + kind,
-                     QStringLiteral("--node"), QStringLiteral("2:") + kind,
-                     QStringLiteral("--speed"), QStringLiteral("8")})) {
-        std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
-        return 2;
-    }
-    qputenv("VANTO_PORTS", hand.portName().toUtf8());
-    Watch watch(hand, Sanitized);
-    {
-        Monkey monkey(hand, watch, parser.value(seed).toUInt());
-        monkey.start(parser.value(seconds).toInt());
-        QApplication::exec();
-        watch.lookAtWire();
-        std::printf("%s, seed %s: %s s, %d actions, %d requests on the wire, longest gap %lld ms, "
-                    "%d findings\n",
-                    qPrintable(kind), qPrintable(parser.value(seed)),
-                    qPrintable(parser.value(seconds)), monkey.actions(), watch.exchanges(),
-                    watch.longestGapMs(), static_cast<int>(watch.findings().size()));
-        for (const auto& [name, count] : monkey.counts())
-            std::printf("    %-18s %d\n", qPrintable(name), count);
-    }
-    return watch.findings().isEmpty() ? 0 : 1;
+    return useAtRandom(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind);
 }

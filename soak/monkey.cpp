@@ -87,6 +87,7 @@ Monkey::~Monkey() = default;
 void Monkey::start(int seconds)
 {
     startTimer(LookForDialogsMs);
+    m_stuckMs = std::min(StuckMs, 1000 * seconds / 2);
     m_sinceAction.start();
     QTimer::singleShot(seconds * 1000, this, [this] { end(); });
     connectAgain();
@@ -158,7 +159,7 @@ void Monkey::changePhase()
 
 void Monkey::lookWhetherStuck()
 {
-    if (!m_sinceAction.hasExpired(StuckMs))
+    if (!m_sinceAction.hasExpired(m_stuckMs))
         return;
     m_sinceAction.start();
     const QWidget* modal = QApplication::activeModalWidget();
@@ -366,7 +367,7 @@ void Monkey::triggerAction()
         action->trigger();
 }
 
-/// One fault for some request soon; on the whole about one request in twenty.
+/// One fault for some request soon; on the whole one request in ten meets one.
 void Monkey::harmHand()
 {
     static const QStringList faults{QStringLiteral("drop"),        QStringLiteral("late"),

@@ -86,6 +86,7 @@ private:
     QPointer<QDialog> m_answered;
     QElapsedTimer m_answeredAt;
     QElapsedTimer m_sinceAction;
+    int m_stuckMs = 0;
     bool m_still = false;
     bool m_ends = false;
     int m_depth = 0; ///< actions on the stack: each may wait in an event loop of its own

@@ -33,13 +33,10 @@ int SendData(u8 /*node*/, const u8* data, u32 length, HAND_Context* context)
     auto& port = portOf(context);
     // A late reply to an earlier request must not pass for the answer to this one.
     port.clear();
-    if (traceLog().isDebugEnabled()) {
-        s_traced.clear();
-        qCDebug(traceLog).noquote()
-            << traceTime() << "tx"
-            << QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(length))
-                   .toHex(' ');
-    }
+    qCDebug(traceLog).noquote() << traceTime() << "tx"
+                                << QByteArray(reinterpret_cast<const char*>(data),
+                                              static_cast<qsizetype>(length))
+                                       .toHex(' ');
     return static_cast<int>(port.write(data, length));
 }
 
@@ -80,6 +77,7 @@ u8 SerialProtocolV3::exchange(Command command, u8 node, Arguments... arguments)
     const Exchange onlyOne;
     const auto port = m_port;
     const auto context = m_context;
+    s_traced.clear();
     u8 subError = 0;
     const u32 result = command(context.get(), node, arguments..., &subError);
     setNodeError(node, subError);

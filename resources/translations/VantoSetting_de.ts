@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>Set beep switch succeeded</source>
-        <translation>Signaltöne eingestellt</translation>
+        <translation>Signalton-Einstellung gesetzt</translation>
     </message>
     <message>
         <source>Start init succeeded</source>
@@ -405,7 +405,7 @@ Gerät nach Aufforderung einschalten.</translation>
     </message>
     <message>
         <source>Set beep switch</source>
-        <translation>Signaltöne einstellen</translation>
+        <translation>Signalton-Einstellung setzen</translation>
     </message>
     <message>
         <source>Pos Calibration:</source>

@@ -64,8 +64,8 @@ constexpr Deed deeds[] = {
 };
 } // namespace
 
-/// Every fault of the hand under what is mainly done on every page, over both protocols: the text,
-/// and that the same works right afterwards.
+/// Replies that are spoilt in every way, under what is mainly done on the pages, over both
+/// protocols: the text, and that the same works right afterwards.
 class TestFaults : public HandTest
 {
     Q_OBJECT
@@ -86,7 +86,9 @@ void TestFaults::faults_data()
     QTest::addColumn<bool>("modbus");
     for (const FaultRow& row : rows)
         for (const bool modbus : {false, true})
-            QTest::addRow("%s %s", row.fault, modbus ? "Modbus" : "SerialCtrl") << &row << modbus;
+            if (!modbus || row.fault != QString("wrong-host")) // there is no host in its frames
+                QTest::addRow("%s %s", row.fault, modbus ? "Modbus" : "SerialCtrl")
+                    << &row << modbus;
 }
 
 void TestFaults::goTo(const Deed& deed) const
