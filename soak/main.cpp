@@ -27,11 +27,9 @@ constexpr int LeastPerSecond = 2;
 int useAtRandom(int seconds, quint32 seed, const QString& protocol)
 {
     HandProcess hand;
-    // At the pace of a wire, so that a reply is under way for a while.
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
                      QStringLiteral("--node"), QStringLiteral("2:") + protocol,
-                     QStringLiteral("--speed"), QStringLiteral("8"), QStringLiteral("--baud"),
-                     QStringLiteral("115200")})) {
+                     QStringLiteral("--speed"), QStringLiteral("8")})) {
         std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
         return 2;
     }

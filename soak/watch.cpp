@@ -9,9 +9,6 @@ namespace
 {
 constexpr int BeatMs = 20;
 constexpr qint64 LimitMs = 500; ///< for which the event loop may stand still
-/// For an answer, before something else is asked; a tenth of the time-out, as the hand's process
-/// may be late to see a request.
-constexpr double ShortestWaitMs = 5;
 
 QStringList* s_messages = nullptr;
 
@@ -82,13 +79,7 @@ void Watch::lookAtWire()
 {
     const auto frames = m_hand.trace();
     m_hand.forgetTrace();
-    double unansweredAt = -1000;
     for (const TracedFrame& frame : frames) {
-        if (frame.direction == QLatin1String("rx") && frame.ms - unansweredAt < ShortestWaitMs)
-            find(QStringLiteral("%1 ms after the one before, unanswered: %2")
-                     .arg(frame.ms - unansweredAt)
-                     .arg(QString::fromLatin1(frame.bytes.toHex(' '))));
-        unansweredAt = frame.direction == QLatin1String("rx") ? frame.ms : -1000;
         if (frame.marks.contains(QLatin1String("overlap")))
             find(QStringLiteral("two exchanges at a time: ") +
                  QString::fromLatin1(frame.bytes.toHex(' ')));
