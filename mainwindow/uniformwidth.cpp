@@ -31,9 +31,8 @@ bool UniformWidth::eventFilter(QObject* watched, QEvent* event)
 
 void UniformWidth::align()
 {
-    int widest = 0;
     for (const QWidget* widget : m_widgets)
-        widest = std::max(widest, widget->sizeHint().width());
+        m_widest = std::max(m_widest, widget->sizeHint().width());
     for (QWidget* widget : m_widgets)
-        widget->setMinimumWidth(widest);
+        widget->setMinimumWidth(m_widest);
 }

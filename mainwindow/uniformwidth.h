@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/// Keeps controls of one kind equally wide, also when texts, font or theme change.
+/// Keeps controls of one kind equally wide, also when font or theme change.
 class UniformWidth : public QObject
 {
     Q_OBJECT
@@ -18,4 +18,7 @@ private:
     void align();
 
     QList<QWidget*> m_widgets;
+    /// Pixels. It never shrinks: a caption that is short for a while, as that of Scan during a scan,
+    /// must not make the others narrow, nor the row jump.
+    int m_widest = 0;
 };
