@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTabWidget>
@@ -47,7 +48,8 @@ void load(const MainWindow& window, const QString& name)
     QTimer answer;
     QObject::connect(&answer, &QTimer::timeout, &window, [&] {
         if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-            dialog->selectFile(name);
+            // selectFile() does nothing until the dialog has read its folder.
+            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
             static_cast<QDialog*>(dialog)->accept();
         }
     });
