@@ -5,6 +5,8 @@
 #include "positionmode.h"
 #include "ui_mainwindow.h"
 
+#include <algorithm>
+
 StepEditors::StepEditors(Ui::MainWindow* ui, QWidget* window)
     : m_ui(ui),
       m_sliders(fingerWidgets<QSlider>(window, "verticalSlider_SeqPos")),
