@@ -2,6 +2,7 @@
 
 #include "bench.h"
 #include "figures.h"
+#include "pageindex.h"
 #include "sequencemanager.h"
 
 #include <QApplication>
@@ -18,7 +19,6 @@
 namespace
 {
 constexpr int Steps = 10'000;
-constexpr int SequencePage = 4;
 constexpr double LimitMs = 1000;
 constexpr double SmoothMs = 100; ///< for a jump to another place and its painting
 constexpr double MsPerNs = 1e-6;

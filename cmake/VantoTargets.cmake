@@ -28,3 +28,32 @@ function(vanto_add_program name)
     add_executable(${name} ${ARGN})
     target_link_libraries(${name} PRIVATE vanto_build_flags)
 endfunction()
+
+option(VANTO_QUICK_BUILD "Precompile the headers of Qt, and link with mold if it is installed" OFF)
+if(VANTO_QUICK_BUILD)
+    find_program(VANTO_MOLD mold)
+    if(VANTO_MOLD)
+        target_link_options(vanto_build_flags INTERFACE -fuse-ld=mold)
+    endif()
+endif()
+
+# vanto_precompile_headers(TARGET): for targets of many files that use Qt Widgets; Qt's headers take
+# longer to read than such a file to be compiled. A build that is not quick shows what a file forgets
+# to include.
+function(vanto_precompile_headers target)
+    if(NOT VANTO_QUICK_BUILD)
+        return()
+    endif()
+    if(NOT TARGET vanto_qt_headers)
+        file(WRITE ${CMAKE_BINARY_DIR}/qtheaders.cpp "")
+        add_library(vanto_qt_headers OBJECT ${CMAKE_BINARY_DIR}/qtheaders.cpp)
+        set_target_properties(vanto_qt_headers PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+        target_link_libraries(vanto_qt_headers PRIVATE vanto_build_flags Qt6::Widgets)
+        target_precompile_headers(vanto_qt_headers PRIVATE <QApplication> <QComboBox> <QDebug>
+            <QDialog> <QElapsedTimer> <QFile> <QJsonDocument> <QLabel> <QLineEdit> <QMainWindow>
+            <QMessageBox> <QPointer> <QProcess> <QPushButton> <QRegularExpression> <QSlider>
+            <QTableWidget> <QTabWidget> <QTimer> <algorithm> <array> <functional> <memory>
+            <optional> <vector>)
+    endif()
+    target_precompile_headers(${target} REUSE_FROM vanto_qt_headers)
+endfunction()

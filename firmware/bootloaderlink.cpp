@@ -44,7 +44,7 @@ void BootLoaderLink::begin()
 QString BootLoaderLink::wakeUp()
 {
     for (int attempt = 0; attempt < m_limits.probes && !hasSerialPortFailed(m_port); ++attempt) {
-        m_port.clear(QSerialPort::Input);
+        clearInput();
         m_log(tr("Waiting for device response, loop %1...").arg(attempt));
         send(Probe);
         if (hearsPresence())
@@ -98,7 +98,7 @@ QString BootLoaderLink::transfer(QByteArrayView image)
                   .arg(QString(QLatin1Char(Spinner[turn])), QString::number(percent)));
         m_progress(percent);
         const QByteArrayView record = updateRecordAt(image, offset);
-        m_port.clear(QSerialPort::Input);
+        clearInput();
         send(record);
         const std::optional<quint8> verdict = receive(m_limits.recordMs);
         if (!verdict)
@@ -115,8 +115,18 @@ QString BootLoaderLink::transfer(QByteArrayView image)
     return {};
 }
 
+// Events are processed in the callbacks too, so the port may have been closed before any of these.
+
+void BootLoaderLink::clearInput()
+{
+    if (m_port.isOpen())
+        m_port.clear(QSerialPort::Input);
+}
+
 void BootLoaderLink::send(QByteArrayView bytes)
 {
+    if (!m_port.isOpen())
+        return;
     m_port.write(bytes.data(), bytes.size());
     m_port.flush();
 }

@@ -43,6 +43,7 @@ public:
 
 private:
     bool hearsPresence();
+    void clearInput();
     void send(QByteArrayView bytes);
     std::optional<quint8> receive(int milliseconds);
     QString heard(quint8 byte) const;

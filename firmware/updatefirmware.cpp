@@ -1,5 +1,7 @@
 #include "updatefirmware.h"
 
+#include "portwatch.h"
+
 #include <QCoreApplication>
 
 namespace
@@ -26,6 +28,9 @@ QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString
     if (!openPort(port, baudRate))
         return QCoreApplication::translate("UpdateFirmware", "Failed when openning port '%1'.")
             .arg(portName);
+    // A wait ends when the port is no longer open.
+    PortWatch watch([&port] { port.close(); });
+    watch.opened(&port);
 
     port.clear(QSerialPort::AllDirections);
     BootLoaderLink bootLoader(port, std::move(log), std::move(progress), limits);

@@ -9,7 +9,7 @@ declare -A packages=(
     # The icons of the themes are SVG; without a font the window shows boxes for letters. The
     # standard buttons are translated by Qt's own catalogues.
     [window]="libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n ca-certificates"
-    [test]="libmodbus-dev"
+    [test]="libmodbus-dev mold"
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [fuzz]="clang"
     [coverage]="gcovr"

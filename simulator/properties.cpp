@@ -11,15 +11,15 @@ namespace simulator
 {
 namespace
 {
-constexpr double maxU8 = 0xFF;
-constexpr double maxU16 = 0xFFFF;
+constexpr double maxByte = 0xFF;
+constexpr double maxWord = 0xFFFF;
 constexpr double maxU32 = 0xFFFFFFFF;
 constexpr double minAngle = -32768;
 constexpr double maxAngle = 32767;
 constexpr double maxGain = 1e6;
 
 // A finger of a hand, at a time; the finger is 0 where a value is the whole hand's.
-struct Place {
+struct PropertyPlace {
     Hand& hand;
     std::size_t finger;
     Moment now;
@@ -32,9 +32,9 @@ struct Property {
     bool ofFinger;
     double min;
     double max;
-    double (*get)(const Place&);
-    void (*set)(const Place&, double);       // null: cannot be set
-    void (*release)(const Place&) = nullptr; // for the value "auto"
+    double (*get)(const PropertyPlace&);
+    void (*set)(const PropertyPlace&, double);       // null: cannot be set
+    void (*release)(const PropertyPlace&) = nullptr; // for the value "auto"
 };
 
 template<auto Member>
@@ -45,8 +45,8 @@ constexpr Property handValue(const char* name, double max)
             false,
             0,
             max,
-            [](const Place& p) { return static_cast<double>(p.hand.*Member); },
-            [](const Place& p, double v) { p.hand.*Member = static_cast<Value>(v); }};
+            [](const PropertyPlace& p) { return static_cast<double>(p.hand.*Member); },
+            [](const PropertyPlace& p, double v) { p.hand.*Member = static_cast<Value>(v); }};
 }
 
 template<auto Member>
@@ -57,8 +57,8 @@ constexpr Property fingerValue(const char* name, double max)
             true,
             0,
             max,
-            [](const Place& p) { return static_cast<double>(p.asked().*Member); },
-            [](const Place& p, double v) { p.asked().*Member = static_cast<Value>(v); }};
+            [](const PropertyPlace& p) { return static_cast<double>(p.asked().*Member); },
+            [](const PropertyPlace& p, double v) { p.asked().*Member = static_cast<Value>(v); }};
 }
 
 template<std::size_t Gain>
@@ -68,8 +68,8 @@ constexpr Property pidGain(const char* name)
             true,
             -maxGain,
             maxGain,
-            [](const Place& p) { return static_cast<double>(p.asked().pid[Gain]); },
-            [](const Place& p, double v) { p.asked().pid[Gain] = static_cast<float>(v); }};
+            [](const PropertyPlace& p) { return static_cast<double>(p.asked().pid[Gain]); },
+            [](const PropertyPlace& p, double v) { p.asked().pid[Gain] = static_cast<float>(v); }};
 }
 
 // Setting a position puts the finger there, at rest.
@@ -81,61 +81,61 @@ constexpr Property positionIn(const char* name, double min, double max)
         true,
         min,
         max,
-        [](const Place& p) { return static_cast<double>(p.hand.position(U, p.finger, p.now)); },
-        [](const Place& p, double v) { p.hand.placeAt(U, p.finger, static_cast<int>(v), p.now); }};
+        [](const PropertyPlace& p) { return static_cast<double>(p.hand.position(U, p.finger, p.now)); },
+        [](const PropertyPlace& p, double v) { p.hand.placeAt(U, p.finger, static_cast<int>(v), p.now); }};
 }
 
 constexpr Property properties[] = {
-    handValue<&Hand::id>("id", maxU8),
+    handValue<&Hand::id>("id", maxByte),
     handValue<&Hand::powered>("powered", 1),
-    handValue<&Hand::selfTestLevel>("selftest", maxU8),
-    handValue<&Hand::beepSwitch>("beepswitch", maxU8),
-    {"buttons", false, 0, maxU8,
-     [](const Place& p) { return static_cast<double>(p.hand.buttonCount); },
-     [](const Place& p, double v) { p.hand.setButtonCount(static_cast<quint8>(v), p.now); }},
+    handValue<&Hand::selfTestLevel>("selftest", maxByte),
+    handValue<&Hand::beepSwitch>("beepswitch", maxByte),
+    {"buttons", false, 0, maxByte,
+     [](const PropertyPlace& p) { return static_cast<double>(p.hand.buttonCount); },
+     [](const PropertyPlace& p, double v) { p.hand.setButtonCount(static_cast<quint8>(v), p.now); }},
     {"calibrating", false, 0, 1,
-     [](const Place& p) { return p.hand.isCalibrating(p.now) ? 1.0 : 0.0; }, nullptr},
-    {"stage", false, 0, maxU8,
-     [](const Place& p) { return static_cast<double>(p.hand.calibrationStage()); }, nullptr},
-    handValue<&Hand::rebootTime>("reboot-time", maxU16),
-    handValue<&Hand::error>("error", maxU8),
-    handValue<&Hand::voltage>("voltage", maxU16),
+     [](const PropertyPlace& p) { return p.hand.isCalibrating(p.now) ? 1.0 : 0.0; }, nullptr},
+    {"stage", false, 0, maxByte,
+     [](const PropertyPlace& p) { return static_cast<double>(p.hand.calibrationStage()); }, nullptr},
+    handValue<&Hand::rebootTime>("reboot-time", maxWord),
+    handValue<&Hand::error>("error", maxByte),
+    handValue<&Hand::voltage>("voltage", maxWord),
     handValue<&Hand::beeps>("beeps", maxU32),
-    handValue<&Hand::beepDuration>("beep-duration", maxU16),
+    handValue<&Hand::beepDuration>("beep-duration", maxWord),
     handValue<&Hand::resets>("resets", maxU32),
     handValue<&Hand::inits>("inits", maxU32),
     handValue<&Hand::calibrations>("calibrations", maxU32),
-    {"revision", false, 0, maxU16,
-     [](const Place& p) { return static_cast<double>(p.hand.traits.firmware.revision); },
-     [](const Place& p, double v) { p.hand.traits.firmware.revision = static_cast<quint16>(v); }},
-    {"current", true, 0, maxU16,
-     [](const Place& p) { return static_cast<double>(p.hand.current(p.finger, p.now)); },
-     [](const Place& p, double v) { p.asked().pinnedCurrent = static_cast<quint16>(v); },
-     [](const Place& p) { p.asked().pinnedCurrent.reset(); }},
-    {"force", true, 0, maxU16,
-     [](const Place& p) { return static_cast<double>(p.hand.force(p.finger, 0, p.now)); },
-     [](const Place& p, double v) { p.asked().pinnedForce = static_cast<quint16>(v); },
-     [](const Place& p) { p.asked().pinnedForce.reset(); }},
-    positionIn<Unit::Logical>("position", 0, maxU16),
-    positionIn<Unit::Raw>("raw", 0, maxU16),
+    {"revision", false, 0, maxWord,
+     [](const PropertyPlace& p) { return static_cast<double>(p.hand.traits.firmware.revision); },
+     [](const PropertyPlace& p, double v) { p.hand.traits.firmware.revision = static_cast<quint16>(v); }},
+    {"current", true, 0, maxWord,
+     [](const PropertyPlace& p) { return static_cast<double>(p.hand.current(p.finger, p.now)); },
+     [](const PropertyPlace& p, double v) { p.asked().pinnedCurrent = static_cast<quint16>(v); },
+     [](const PropertyPlace& p) { p.asked().pinnedCurrent.reset(); }},
+    {"force", true, 0, maxWord,
+     [](const PropertyPlace& p) { return static_cast<double>(p.hand.force(p.finger, 0, p.now)); },
+     [](const PropertyPlace& p, double v) { p.asked().pinnedForce = static_cast<quint16>(v); },
+     [](const PropertyPlace& p) { p.asked().pinnedForce.reset(); }},
+    positionIn<Unit::Logical>("position", 0, maxWord),
+    positionIn<Unit::Raw>("raw", 0, maxWord),
     positionIn<Unit::Angle>("angle", minAngle, maxAngle),
-    {"target", true, 0, maxU16,
-     [](const Place& p) { return static_cast<double>(p.asked().motion.target()); },
-     [](const Place& p, double v) { p.asked().motion.retarget(static_cast<quint16>(v), p.now); }},
+    {"target", true, 0, maxWord,
+     [](const PropertyPlace& p) { return static_cast<double>(p.asked().motion.target()); },
+     [](const PropertyPlace& p, double v) { p.asked().motion.retarget(static_cast<quint16>(v), p.now); }},
     {"moving", true, 0, 1,
-     [](const Place& p) { return p.asked().motion.isMoving(p.now) ? 1.0 : 0.0; }, nullptr},
+     [](const PropertyPlace& p) { return p.asked().motion.isMoving(p.now) ? 1.0 : 0.0; }, nullptr},
     pidGain<0>("pid-p"),
     pidGain<1>("pid-i"),
     pidGain<2>("pid-d"),
     pidGain<3>("pid-g"),
-    fingerValue<&Finger::currentLimit>("current-limit", maxU16),
-    fingerValue<&Finger::forceLimit>("force-limit", maxU16),
-    {"start", true, 0, maxU16,
-     [](const Place& p) { return static_cast<double>(p.asked().raw.atZero); },
-     [](const Place& p, double v) { p.asked().raw.atZero = static_cast<int>(v); }},
-    {"end", true, 0, maxU16,
-     [](const Place& p) { return static_cast<double>(p.asked().raw.atFull); },
-     [](const Place& p, double v) { p.asked().raw.atFull = static_cast<int>(v); }},
+    fingerValue<&Finger::currentLimit>("current-limit", maxWord),
+    fingerValue<&Finger::forceLimit>("force-limit", maxWord),
+    {"start", true, 0, maxWord,
+     [](const PropertyPlace& p) { return static_cast<double>(p.asked().raw.atZero); },
+     [](const PropertyPlace& p, double v) { p.asked().raw.atZero = static_cast<int>(v); }},
+    {"end", true, 0, maxWord,
+     [](const PropertyPlace& p) { return static_cast<double>(p.asked().raw.atFull); },
+     [](const PropertyPlace& p, double v) { p.asked().raw.atFull = static_cast<int>(v); }},
 };
 
 QString failure(const QString& reason)
@@ -218,7 +218,7 @@ QString writeProperty(Hand& hand, const QStringList& words, Moment now)
     if (const QString* const error = std::get_if<QString>(&selected))
         return failure(*error);
     const auto& [property, finger] = std::get<Selection>(selected);
-    const Place place{hand, finger, now};
+    const PropertyPlace place{hand, finger, now};
     const QString& text = words.last();
     if (property->set == nullptr)
         return failure(QStringLiteral("%1 cannot be set").arg(words.first()));

@@ -4,6 +4,7 @@
 #include "handprocess.h"
 #include "mainwindow.h"
 #include "openhand.h"
+#include "pageindex.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,10 +27,8 @@
 namespace
 {
 constexpr int LongestWaitMs = 1500; ///< until the end comes
-constexpr int LimitMs = 1000;       ///< from then to the end of the process
+constexpr int EndLimitMs = 1000;    ///< from then to the end of the process
 constexpr int ChildMs = 30'000;
-constexpr int SequencePage = 4;
-constexpr int RunPage = 2;
 const QByteArray Closing = "closing";
 const QByteArray Midway = "closing midway";
 
@@ -153,7 +152,7 @@ int Ending::campaign(int count, quint32 seed, const QString& protocol)
                 !line.contains("XDG_RUNTIME_DIR"))
                 errors += line + '\n';
         if (ended && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 &&
-            took < LimitMs && errors.isEmpty())
+            took < EndLimitMs && errors.isEmpty())
             continue;
         ++bad;
         std::printf("FINDING: %s, ended after %d ms: status %d in %lld ms\n%s\n",

@@ -3,6 +3,7 @@
 #include "handprocess.h"
 #include "mainwindow.h"
 #include "openhand.h"
+#include "pageindex.h"
 #include "sequencemanager.h"
 #include "watch.h"
 
@@ -20,7 +21,6 @@
 
 namespace
 {
-constexpr int SequencePage = 4;
 constexpr int Steps = 1000;
 constexpr int LongestPlayMs = 150;
 constexpr int AfterwardsMs = 150;

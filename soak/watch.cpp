@@ -8,7 +8,7 @@
 namespace
 {
 constexpr int BeatMs = 20;
-constexpr qint64 LimitMs = 500; ///< for which the event loop may stand still
+constexpr qint64 GapLimitMs = 500; ///< for which the event loop may stand still
 
 QStringList* s_messages = nullptr;
 
@@ -42,7 +42,7 @@ bool moves(const TracedFrame& request)
 }
 } // namespace
 
-Watch::Watch(HandProcess& hand, bool slow) : m_hand(hand), m_limitMs(slow ? 2 * LimitMs : LimitMs)
+Watch::Watch(HandProcess& hand, bool slow) : m_hand(hand), m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs)
 {
     s_messages = &m_findings;
     qInstallMessageHandler(takeMessage);

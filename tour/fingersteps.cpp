@@ -1,5 +1,7 @@
 #include "fingersteps.h"
 
+#include "pageindex.h"
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSlider>
@@ -7,9 +9,6 @@
 
 namespace
 {
-constexpr int BasicPage = 0;
-constexpr int SettingPage = 1;
-constexpr int RunPage = 2;
 constexpr int AngleMode = 1;
 constexpr int Target = 30000;          ///< of the index finger
 constexpr int TargetAngle = 12000;     ///< of the middle finger, hundredths of a degree

@@ -1,5 +1,7 @@
 #include "sequencestep.h"
 
+#include "pageindex.h"
+
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
@@ -9,8 +11,6 @@
 
 namespace
 {
-constexpr int BasicPage = 0;
-constexpr int SequencePage = 4;
 constexpr int StepsPlayed = 3; ///< from the end
 constexpr int IndexColumn = 2;
 const QString Example = QStringLiteral(VANTO_EXAMPLES "/wave.json");

@@ -2,6 +2,7 @@
 
 #include "conversation.h"
 #include "modbustrace.h"
+#include "replylimits.h"
 
 #include <QDebug>
 #include <QElapsedTimer>
@@ -18,19 +19,18 @@
 
 namespace
 {
-constexpr int ReadTimeoutMs = 50;
-constexpr int WriteTimeoutMs = 200; ///< a hand stores some values before it answers
 constexpr int Retries = 1;
 constexpr int LookMs = 5; ///< how often a pause looks whether it still makes sense
 
 /// For how long replies may still come to a request that was repeated, from its end on. Reckoned
 /// with hands that take up to three time-outs of a read.
-constexpr int settlingMs(bool isWrite, bool mayBeStale)
+int settlingMs(bool isWrite, bool mayBeStale)
 {
+    const ReplyLimits& limits = ReplyLimits::current();
     if (isWrite)
-        return WriteTimeoutMs;
+        return limits.modbusWrite;
     // An earlier request may have got this reply, and then its own is still on its way.
-    return mayBeStale ? 3 * ReadTimeoutMs : 2 * ReadTimeoutMs;
+    return mayBeStale ? 3 * limits.modbusRead : 2 * limits.modbusRead;
 }
 
 using Registers = QList<std::uint16_t>;
@@ -103,16 +103,18 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
     };
     for (const auto& [parameter, value] : parameters)
         m_client->setConnectionParameter(parameter, value);
-    m_client->setTimeout(ReadTimeoutMs);
+    m_client->setTimeout(ReplyLimits::current().modbusRead);
     m_client->setNumberOfRetries(Retries);
     if (!m_client->connectDevice())
         return false;
     ++m_opening;
+    m_watch.opened(qobject_cast<QSerialPort*>(m_client->device()));
     return true;
 }
 
 void ModBusRTUClientQT::disconnect()
 {
+    m_watch.closed();
     m_client->disconnectDevice();
     renewClient();
 }
@@ -170,7 +172,8 @@ QModbusReply* ModBusRTUClientQT::send(const Request& request)
 
 ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply& reply)
 {
-    const int timeoutMs = request.isWrite ? WriteTimeoutMs : ReadTimeoutMs;
+    const ReplyLimits& limits = ReplyLimits::current();
+    const int timeoutMs = request.isWrite ? limits.modbusWrite : limits.modbusRead;
     if (!makeReady(request, timeoutMs))
         return ConnectionError;
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
@@ -258,17 +261,6 @@ void ModBusRTUClientQT::handleError(QModbusDevice::Error error)
     const bool lineFailed = error == QModbusDevice::ReadError ||
                             error == QModbusDevice::WriteError ||
                             error == QModbusDevice::ConnectionError;
-    if (!lineFailed || m_client->state() != QModbusDevice::ConnectedState ||
-        m_closingFor == m_opening)
-        return;
-    m_closingFor = m_opening;
-    // Disconnecting inside the client's own signal is not safe; by the time of the queued call the
-    // port may have been opened anew, and that opening is not to be closed.
-    QMetaObject::invokeMethod(
-        &m_context,
-        [this, opening = m_opening] {
-            if (opening == m_opening)
-                disconnect();
-        },
-        Qt::QueuedConnection);
+    if (lineFailed)
+        m_watch.failed();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "modbusrtuclient.h"
+#include "portwatch.h"
 
 #include <QDeadlineTimer>
 #include <QModbusRtuSerialClient>
@@ -11,9 +12,8 @@ class QModbusReply;
 
 /// ModBusRTUClient over QModbusRtuSerialClient: 8 data bits, no parity, one stop bit.
 ///
-/// A port whose far end has gone makes the Qt client report the same error hundreds of thousands
-/// of times a second while it stays "connected". Such a client disconnects itself; requests then
-/// fail at once.
+/// A client whose port has lost its far end disconnects itself, see PortWatch; requests then fail
+/// at once.
 ///
 /// A reply carries no number. After a request that had to be repeated or was given up, a reply to
 /// it may still be on its way, and the Qt client would take it for the answer to the next request.
@@ -55,13 +55,13 @@ private:
     void renewClient();
 
     QObject m_context; ///< of what is to be called later
+    PortWatch m_watch{[this] { disconnect(); }};
     /// Replaced at every disconnection: the old one may still have a turn of its queue scheduled,
     /// which would touch the closed port, or that of the next connection.
     std::unique_ptr<QModbusRtuSerialClient> m_client;
     /// Requests that wait, one below the other on the stack; outlives the client for their sake.
     std::shared_ptr<int> m_waiting = std::make_shared<int>(0);
     unsigned m_opening = 0;    ///< number of the present opening
-    unsigned m_closingFor = 0; ///< the opening for which a close is on its way
     Request m_unsettled{};     ///< a request to which late replies may come
     QDeadlineTimer m_unsettledUntil{0};
 };

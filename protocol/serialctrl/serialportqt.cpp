@@ -41,12 +41,15 @@ bool SerialPortQT::open(const char* name, std::uint32_t baudRate)
     m_port.setDataBits(QSerialPort::Data8);
     m_port.setStopBits(QSerialPort::OneStop);
     m_port.setFlowControl(QSerialPort::NoFlowControl);
-    ++m_opening;
-    return m_port.open(QIODevice::ReadWrite);
+    if (!m_port.open(QIODevice::ReadWrite))
+        return false;
+    m_watch.opened(&m_port);
+    return true;
 }
 
 void SerialPortQT::close()
 {
+    m_watch.closed();
     if (m_port.isOpen())
         m_port.close();
 }
@@ -59,18 +62,6 @@ void SerialPortQT::clear()
 
 void SerialPortQT::handleError(QSerialPort::SerialPortError error)
 {
-    if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !m_port.isOpen())
-        return;
-    if (m_closingFor == m_opening)
-        return;
-    m_closingFor = m_opening;
-    // Closing inside the port's own signal is not safe; by the time of the queued call the port
-    // may have been opened anew, and that opening is not to be closed.
-    QMetaObject::invokeMethod(
-        &m_port,
-        [this, opening = m_opening] {
-            if (opening == m_opening)
-                close();
-        },
-        Qt::QueuedConnection);
+    if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError)
+        m_watch.failed();
 }

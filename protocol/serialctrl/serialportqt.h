@@ -1,14 +1,14 @@
 #pragma once
 
+#include "portwatch.h"
 #include "serialport.h"
 
 #include <QSerialPort>
 
 /// SerialPort over QSerialPort: 8 data bits, no parity, one stop bit, no flow control.
 ///
-/// A port whose far end has gone makes QSerialPort report the same read error hundreds of
-/// thousands of times a second while it stays "open". Such a port closes itself; operations on it
-/// then fail at once and its users run into their ordinary time-outs.
+/// A port whose far end has gone closes itself, see PortWatch; operations on it then fail at once
+/// and its users run into their ordinary time-outs.
 class SerialPortQT : public SerialPort
 {
 public:
@@ -26,6 +26,5 @@ private:
     void handleError(QSerialPort::SerialPortError error);
 
     QSerialPort m_port;
-    unsigned m_opening = 0;    ///< number of the present opening
-    unsigned m_closingFor = 0; ///< the opening for which a close is on its way
+    PortWatch m_watch{[this] { close(); }};
 };

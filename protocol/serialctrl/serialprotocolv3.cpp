@@ -1,6 +1,7 @@
 #include "serialprotocolv3.h"
 
 #include "conversation.h"
+#include "replylimits.h"
 #include "serialport.h"
 #include "timing.h"
 
@@ -20,8 +21,11 @@ QString traceTime()
 }
 
 constexpr u8 HostAddress = 1;
-constexpr std::uint16_t StandardTimeoutMs = 50;
-constexpr std::uint16_t WritePidTimeoutMs = 150; ///< the hand stores the gains before it answers
+
+void setTimeout(HAND_Context* context, int milliseconds)
+{
+    HAND_SetCommandTimeOut(context, static_cast<std::uint16_t>(milliseconds));
+}
 
 SerialPort& portOf(const HAND_Context* context)
 {
@@ -60,7 +64,7 @@ bool SerialProtocolV3::connect(const char* portName, std::uint32_t baudRate)
         HAND_CreateContext(m_port.get(), HAND_MODE_SYNC, HostAddress, SendData, RecvData),
         HAND_FreeContext);
     HAND_SetTimerFunction(GetMilliSecondsImpl, DelayMilliSecondsImpl);
-    HAND_SetCommandTimeOut(m_context.get(), StandardTimeoutMs);
+    setTimeout(m_context.get(), ReplyLimits::current().serialCtrl);
     return m_port && m_port->open(portName, baudRate);
 }
 
@@ -233,9 +237,9 @@ u8 SerialProtocolV3::setCaliData(u8 node, const u16* endPositions, const u16* st
 u8 SerialProtocolV3::setFingerPID(u8 node, u8 finger, float p, float i, float d, float g)
 {
     const auto context = m_context;
-    HAND_SetCommandTimeOut(context.get(), WritePidTimeoutMs);
+    setTimeout(context.get(), ReplyLimits::current().serialCtrlGains);
     const u8 result = exchange(HAND_SetFingerPID, node, finger, p, i, d, g);
-    HAND_SetCommandTimeOut(context.get(), StandardTimeoutMs);
+    setTimeout(context.get(), ReplyLimits::current().serialCtrl);
     return result;
 }
 

@@ -1,4 +1,5 @@
 #include "handprocess.h"
+#include "testmain.h"
 #include "updatefirmware.h"
 
 #include <QElapsedTimer>
@@ -189,5 +190,5 @@ void tst_transfer::talkingLine()
     QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
 }
 
-QTEST_GUILESS_MAIN(tst_transfer)
+VANTO_TEST(tst_transfer)
 #include "tst_transfer.moc"

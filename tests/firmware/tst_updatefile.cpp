@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "updatefile.h"
 
 #include <QTemporaryDir>
@@ -84,5 +85,5 @@ void tst_updatefile::files()
         QCOMPARE(loadUpdateFile(name).failure, "Open file '" + name + "' failed.");
 }
 
-QTEST_GUILESS_MAIN(tst_updatefile)
+VANTO_TEST(tst_updatefile)
 #include "tst_updatefile.moc"

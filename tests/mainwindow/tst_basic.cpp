@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QInputDialog>
 #include <QLabel>
@@ -246,5 +247,5 @@ void TestBasic::handVanishesDuringReload()
     QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
 }
 
-QTEST_MAIN(TestBasic)
+VANTO_TEST(TestBasic)
 #include "tst_basic.moc"

@@ -1,5 +1,6 @@
 #include "conversation.h"
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QDialogButtonBox>
 #include <QInputDialog>
@@ -250,5 +251,5 @@ void TestCalibration::duringAWait()
     QCOMPARE(shown().join('|'), first ? QString() : Timeout);
 }
 
-QTEST_MAIN(TestCalibration)
+VANTO_TEST(TestCalibration)
 #include "tst_calibration.moc"

@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QTimer>
 
@@ -155,5 +156,5 @@ void TestDoors::closingEndsAtOnce()
     m_tool->forgetShownTexts(); // absent nodes time out in a scan
 }
 
-QTEST_MAIN(TestDoors)
+VANTO_TEST(TestDoors)
 #include "tst_doors.moc"

@@ -1,5 +1,7 @@
 #include "conversation.h"
 #include "handtest.h"
+#include "pageindex.h"
+#include "testmain.h"
 
 #include <QSlider>
 #include <QTabWidget>
@@ -7,7 +9,6 @@
 
 namespace
 {
-constexpr int SequencePage = 4;
 constexpr int WritePid = 0x45;
 
 /// Results by what is asked: a register or command is read, or written.
@@ -170,5 +171,5 @@ void TestFaults::faults()
     }
 }
 
-QTEST_MAIN(TestFaults)
+VANTO_TEST(TestFaults)
 #include "tst_faults.moc"

@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "translation.h"
 #include "windowdriver.h"
 
@@ -148,5 +149,5 @@ void TestForm::tabOrder()
     QVERIFY(comesBefore("tableWidget_Seq", "pushButton_SeqInsert"));
 }
 
-QTEST_MAIN(TestForm)
+VANTO_TEST(TestForm)
 #include "tst_form.moc"

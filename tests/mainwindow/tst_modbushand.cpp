@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QInputDialog>
 #include <QSlider>
@@ -147,5 +148,5 @@ void TestModbusHand::failures()
     QCOMPARE(m_tool->statusText(), "Beep succeeded");
 }
 
-QTEST_MAIN(TestModbusHand)
+VANTO_TEST(TestModbusHand)
 #include "tst_modbushand.moc"

@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QLabel>
 #include <QSlider>
@@ -320,5 +321,5 @@ void TestRun::forcePage()
     QCOMPARE(m_hand->requests().size(), 0);
 }
 
-QTEST_MAIN(TestRun)
+VANTO_TEST(TestRun)
 #include "tst_run.moc"

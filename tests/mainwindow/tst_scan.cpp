@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -235,5 +236,5 @@ void TestScan::pageTimers()
     QVERIFY(!run->isActive());
 }
 
-QTEST_MAIN(TestScan)
+VANTO_TEST(TestScan)
 #include "tst_scan.moc"

@@ -1,4 +1,6 @@
 #include "handtest.h"
+#include "pageindex.h"
+#include "testmain.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -11,7 +13,6 @@
 
 namespace
 {
-constexpr int SequencePage = 4;
 constexpr const char* TwoSteps = R"({"version":1,"position_type":"position","sequences":[
  {"delay":0,"position":[1000,2000,3000,4000,5000,6000],"speed":[255,254,253,252,251,250]},
  {"delay":40,"position":[10,20,30,40,50,60],"speed":[1,2,3,4,5,255]}]})";
@@ -455,5 +456,5 @@ void TestSequence::stopInThePose()
     QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // of the row that is current
 }
 
-QTEST_MAIN(TestSequence)
+VANTO_TEST(TestSequence)
 #include "tst_sequence.moc"

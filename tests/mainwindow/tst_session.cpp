@@ -1,5 +1,6 @@
 #include "conversation.h"
 #include "devicesession.h"
+#include "testmain.h"
 
 #include <QTest>
 
@@ -140,5 +141,5 @@ void TestSession::ticks()
     });
 }
 
-QTEST_GUILESS_MAIN(TestSession)
+VANTO_TEST(TestSession)
 #include "tst_session.moc"

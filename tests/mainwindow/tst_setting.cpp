@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QTabWidget>
 
@@ -144,5 +145,5 @@ void TestSetting::failures()
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit1"), "77");
 }
 
-QTEST_MAIN(TestSetting)
+VANTO_TEST(TestSetting)
 #include "tst_setting.moc"

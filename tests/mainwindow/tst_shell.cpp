@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "windowdriver.h"
 
 #include <QClipboard>
@@ -223,5 +224,5 @@ void TestShell::program()
         QVERIFY2(!errors.contains(complaint), errors.constData());
 }
 
-QTEST_MAIN(TestShell)
+VANTO_TEST(TestShell)
 #include "tst_shell.moc"

@@ -1,5 +1,6 @@
 #include "firmwaredownload.h"
 #include "handtest.h"
+#include "testmain.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -301,5 +302,5 @@ void TestUpdate::overtaken()
     QTRY_COMPARE(m_tool->devices()->count(), 0);
 }
 
-QTEST_MAIN(TestUpdate)
+VANTO_TEST(TestUpdate)
 #include "tst_update.moc"

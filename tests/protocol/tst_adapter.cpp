@@ -3,6 +3,7 @@
 #include "operation.h"
 #include "serialport.h"
 #include "serialprotocolv3.h"
+#include "testmain.h"
 
 #include <QTimer>
 
@@ -169,5 +170,5 @@ void tst_adapter::factory()
         QVERIFY2(!get(type, major, 0), qPrintable(QStringLiteral("%1, %2").arg(type).arg(major)));
 }
 
-QTEST_GUILESS_MAIN(tst_adapter)
+VANTO_TEST(tst_adapter)
 #include "tst_adapter.moc"

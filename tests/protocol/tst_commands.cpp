@@ -2,6 +2,7 @@
 #include "handprocess.h"
 #include "operation.h"
 #include "serialprotocolv3.h"
+#include "testmain.h"
 
 namespace
 {
@@ -188,5 +189,5 @@ void tst_commands::commands()
     QCOMPARE(row->call(link.context, row->inputs), QString::fromLatin1(row->outcome));
 }
 
-QTEST_GUILESS_MAIN(tst_commands)
+VANTO_TEST(tst_commands)
 #include "tst_commands.moc"

@@ -1,5 +1,6 @@
 #include "fakelink.h"
 #include "operation.h"
+#include "testmain.h"
 
 namespace
 {
@@ -212,5 +213,5 @@ void tst_frame::halfFrames()
     QVERIFY2(link.context->replyReady, "the receiver did not leave an impossible state");
 }
 
-QTEST_GUILESS_MAIN(tst_frame)
+VANTO_TEST(tst_frame)
 #include "tst_frame.moc"

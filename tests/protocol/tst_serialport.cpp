@@ -2,6 +2,7 @@
 #include "operation.h"
 #include "serialport.h"
 #include "serialprotocolv3.h"
+#include "testmain.h"
 #include "timing.h"
 
 #include <QRegularExpression>
@@ -93,5 +94,5 @@ void tst_serialport::staleClose()
     QVERIFY2(port->bytesAvailable() == -1, "the second hang-up left the port open");
 }
 
-QTEST_GUILESS_MAIN(tst_serialport)
+VANTO_TEST(tst_serialport)
 #include "tst_serialport.moc"

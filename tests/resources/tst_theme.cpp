@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "windowdriver.h"
 
 #include <QFile>
@@ -145,5 +146,5 @@ void TestTheme::paintedText()
     QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
 }
 
-QTEST_MAIN(TestTheme)
+VANTO_TEST(TestTheme)
 #include "tst_theme.moc"

@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "translation.h"
 
 #include <QDir>
@@ -117,5 +118,5 @@ void TestTranslations::glyphs()
     }
 }
 
-QTEST_MAIN(TestTranslations)
+VANTO_TEST(TestTranslations)
 #include "tst_translations.moc"

@@ -1,6 +1,7 @@
 #include "conversation.h"
 #include "handprocess.h"
 #include "sequenceplayer.h"
+#include "testmain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -190,5 +191,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_player)
+VANTO_TEST(tst_player)
 #include "tst_player.moc"

@@ -1,4 +1,5 @@
 #include "sequencemanager.h"
+#include "testmain.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -109,5 +110,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_sequencedata)
+VANTO_TEST(tst_sequencedata)
 #include "tst_sequencedata.moc"

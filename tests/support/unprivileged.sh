@@ -1,18 +1,22 @@
 #!/usr/bin/env bash
-# Runs a test program beside the other files that it needs, as nobody if root runs this.
-# usage: unprivileged.sh PROGRAM FILE...
+# Runs a test of a test program beside the other files that it needs, as nobody if root runs this.
+# usage: unprivileged.sh PROGRAM TEST FILE...
 set -euo pipefail
+program=$1
+test=$2
+shift 2
 
-[[ $EUID -ne 0 ]] && exec "$1"
+[[ $EUID -ne 0 ]] && exec "$program" "$test"
 
 # Nobody may not enter every folder that root builds in.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-cp "$@" "$work"
+cp "$program" "$@" "$work"
 if [[ ${LSAN_OPTIONS:-} =~ suppressions=([^:]*) ]]; then
     cp "${BASH_REMATCH[1]}" "$work/suppressions"
     export LSAN_OPTIONS="${LSAN_OPTIONS/"${BASH_REMATCH[1]}"/$work/suppressions}"
 fi
 chown -R nobody "$work"
 cd "$work"
-setpriv --reuid=nobody --regid=nogroup --clear-groups env HOME="$work" "./$(basename "$1")"
+setpriv --reuid=nobody --regid=nogroup --clear-groups \
+    env HOME="$work" "./$(basename "$program")" "$test"

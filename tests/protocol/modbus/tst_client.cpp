@@ -3,6 +3,7 @@
 #include "modbusrtuprotocolv1.h"
 #include "operation.h"
 #include "serialprotocolv3.h"
+#include "testmain.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
@@ -283,5 +284,5 @@ void tst_client::timeouts()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_client)
+VANTO_TEST(tst_client)
 #include "tst_client.moc"

@@ -1,6 +1,7 @@
 #include "handprocess.h"
 #include "modbusrtuprotocolv1.h"
 #include "operation.h"
+#include "testmain.h"
 
 #include <atomic>
 #include <numeric>
@@ -214,5 +215,5 @@ void tst_interop::master()
     QCOMPARE(hand.command(QStringLiteral("get 3 selftest")), QStringLiteral("ok 2"));
 }
 
-QTEST_GUILESS_MAIN(tst_interop)
+VANTO_TEST(tst_interop)
 #include "tst_interop.moc"

@@ -1,6 +1,7 @@
 #include "handprocess.h"
 #include "modbusrtuprotocolv1.h"
 #include "operation.h"
+#include "testmain.h"
 
 #include <QRegularExpression>
 
@@ -265,5 +266,5 @@ void tst_registers::errorCodes()
                  results[error]);
 }
 
-QTEST_GUILESS_MAIN(tst_registers)
+VANTO_TEST(tst_registers)
 #include "tst_registers.moc"

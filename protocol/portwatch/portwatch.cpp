@@ -1,0 +1,78 @@
+#include "portwatch.h"
+
+#include <QSerialPort>
+
+#include <utility>
+
+#ifdef Q_OS_UNIX
+#include <poll.h>
+#else
+#include <QSerialPortInfo>
+
+#include <algorithm>
+#endif
+
+namespace
+{
+constexpr int LookMs = 200; ///< how often the port is looked at; a look takes some microseconds
+
+#ifdef Q_OS_UNIX
+bool hasHungUp(const QSerialPort& port)
+{
+    // POLLHUP, POLLERR and POLLNVAL are reported without being asked for.
+    pollfd descriptor{port.handle(), 0, 0};
+    return poll(&descriptor, 1, 0) > 0;
+}
+#else
+bool hasHungUp(const QSerialPort& port)
+{
+    const auto ports = QSerialPortInfo::availablePorts();
+    return std::none_of(ports.begin(), ports.end(), [&port](const QSerialPortInfo& listed) {
+        return listed.portName() == port.portName();
+    });
+}
+#endif
+} // namespace
+
+PortWatch::PortWatch(std::function<void()> close) : m_close(std::move(close))
+{
+    m_timer.setInterval(LookMs);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+}
+
+void PortWatch::opened(const QSerialPort* port)
+{
+    ++m_opening;
+    m_closing = false;
+    m_port = port;
+    m_timer.start();
+}
+
+void PortWatch::closed()
+{
+    ++m_opening;
+    m_port = nullptr;
+    m_timer.stop();
+}
+
+void PortWatch::look()
+{
+    if (!m_port || !m_port->isOpen())
+        m_timer.stop();
+    else if (hasHungUp(*m_port))
+        failed();
+}
+
+void PortWatch::failed()
+{
+    if (!m_port || m_closing)
+        return;
+    m_closing = true;
+    QMetaObject::invokeMethod(
+        &m_timer,
+        [this, opening = m_opening] {
+            if (opening == m_opening)
+                m_close();
+        },
+        Qt::QueuedConnection);
+}

@@ -1,0 +1,7 @@
+#include "replylimits.h"
+
+ReplyLimits& ReplyLimits::current()
+{
+    static ReplyLimits limits;
+    return limits;
+}
