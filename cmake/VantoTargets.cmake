@@ -52,7 +52,7 @@ function(vanto_precompile_headers target)
         target_precompile_headers(vanto_qt_headers PRIVATE <QApplication> <QComboBox> <QDebug>
             <QDialog> <QElapsedTimer> <QFile> <QJsonDocument> <QLabel> <QLineEdit> <QMainWindow>
             <QMessageBox> <QPointer> <QProcess> <QPushButton> <QRegularExpression> <QSlider>
-            <QTableWidget> <QTabWidget> <QTimer> <algorithm> <array> <functional> <memory>
+            <QTableWidget> <QTabWidget> <QTemporaryDir> <QTimer> <algorithm> <array> <functional> <memory>
             <optional> <vector>)
     endif()
     target_precompile_headers(${target} REUSE_FROM vanto_qt_headers)
