@@ -25,7 +25,6 @@ constexpr std::uint8_t AlreadyCalibrating = 0x22;
 constexpr int KeyBase = 16;
 constexpr quint16 ThumbRootStep = 32; ///< absolute units
 constexpr std::uint8_t ThumbRootSpeed = 255;
-constexpr int StageMs = 2000;    ///< what the hand needs for a stage
 constexpr int EventSliceMs = 10; ///< longest sleep between two looks at the clock
 
 /// Moves the thumb root to where it is wanted, one move at a time. What is wanted during a move
@@ -218,7 +217,7 @@ bool CalibrationProcedure::pressButtonAndWait(const Target& target, std::uint8_t
     const Conversation conversation; // nobody disturbs the hand at its work
     if (!pressButton(target, count))
         return false;
-    const QDeadlineTimer deadline(StageMs);
+    const QDeadlineTimer deadline(stageMs);
     QTimer slices;
     slices.start(EventSliceMs);
     while (!deadline.hasExpired() && m_session->holds(target))

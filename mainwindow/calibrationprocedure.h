@@ -26,6 +26,9 @@ public:
 
     void recalibrateClicked();
 
+    /// What the hand needs for a stage, in milliseconds. Tests need less.
+    static inline int stageMs = 2000;
+
 private:
     using Target = DeviceSession::Target;
 

@@ -123,7 +123,7 @@ int Ending::perform(const QString& operation, int afterMs, const QString& protoc
     return QApplication::exec();
 }
 
-int Ending::campaign(int count, quint32 seed, const QString& protocol)
+int Ending::campaign(int count, quint32 seed, const QString& protocol, const QString& patience)
 {
     QRandomGenerator random(seed);
     int bad = 0;
@@ -136,7 +136,8 @@ int Ending::campaign(int count, quint32 seed, const QString& protocol)
         QProcess child;
         child.start(QCoreApplication::applicationFilePath(),
                     {QStringLiteral("--end-during"), operation, QStringLiteral("--after"),
-                     QString::number(afterMs), QStringLiteral("--protocol"), protocol});
+                     QString::number(afterMs), QStringLiteral("--protocol"), protocol,
+                     QStringLiteral("--patience"), patience});
         QByteArray output;
         while (!output.contains(Closing) && child.waitForReadyRead(ChildMs))
             output += child.readAllStandardOutput();
@@ -152,7 +153,7 @@ int Ending::campaign(int count, quint32 seed, const QString& protocol)
                 !line.contains("XDG_RUNTIME_DIR"))
                 errors += line + '\n';
         if (ended && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 &&
-            took < EndLimitMs && errors.isEmpty())
+            took < EndLimitMs * patience.toInt() && errors.isEmpty())
             continue;
         ++bad;
         std::printf("FINDING: %s, ended after %d ms: status %d in %lld ms\n%s\n",

@@ -6,7 +6,7 @@
 namespace Ending
 {
 /// Runs `count` of them; the number of those that did not end well.
-int campaign(int count, quint32 seed, const QString& protocol);
+int campaign(int count, quint32 seed, const QString& protocol, const QString& patience);
 /// One of them, in the present process: its exit status.
 int perform(const QString& operation, int afterMs, const QString& protocol);
 } // namespace Ending

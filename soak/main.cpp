@@ -2,6 +2,7 @@
 
 #include "ending.h"
 #include "monkey.h"
+#include "replylimits.h"
 #include "stops.h"
 #include "watch.h"
 
@@ -21,8 +22,16 @@ constexpr bool Sanitized = false;
 
 namespace
 {
+void beginPatience(int factor)
+{
+    ReplyLimits& limits = ReplyLimits::current();
+    for (int* limit :
+         {&limits.serialCtrl, &limits.serialCtrlGains, &limits.modbusRead, &limits.modbusWrite})
+        *limit *= factor;
+}
+
 /// Fewer than so many actions and requests a second are no use of the window.
-constexpr int LeastPerSecond = 2;
+constexpr double LeastPerSecond = 0.5;
 
 int useAtRandom(int seconds, quint32 seed, const QString& protocol)
 {
@@ -78,14 +87,20 @@ int main(int argc, char* argv[])
                                        QStringLiteral("NAME"));
     const QCommandLineOption after(QStringLiteral("after"), QStringLiteral("Milliseconds."),
                                    QStringLiteral("N"), QStringLiteral("100"));
-    parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after});
+    const QCommandLineOption patience(
+        QStringLiteral("patience"),
+        QStringLiteral("Time-outs N times as long, for a machine that does other work as well."),
+        QStringLiteral("N"), QStringLiteral("1"));
+    parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after, patience});
     parser.process(application);
+    beginPatience(parser.value(patience).toInt());
 
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
     const QString kind = parser.value(protocol);
     if (parser.isSet(endings))
-        return Ending::campaign(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind);
+        return Ending::campaign(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind,
+                                parser.value(patience));
     if (parser.isSet(stops))
         return Stops::campaign(parser.value(stops).toInt(), parser.value(seed).toUInt(), kind);
     if (parser.isSet(endDuring)) {

@@ -40,6 +40,7 @@ private:
     QElapsedTimer m_sinceBeat;
     qint64 m_limitMs;
     qint64 m_longestGapMs = 0;
+    qint64 m_workedAtBeat = 0; ///< processor time, ms
     bool m_still = false;
     int m_exchanges = 0;
     QStringList m_findings;

@@ -1,3 +1,5 @@
+#include "calibrationprocedure.h"
+#include "replylimits.h"
 #include "stage.h"
 #include "steps.h"
 #include "theme.h"
@@ -123,6 +125,9 @@ int tour(const QString& theme, const QDir& folder, TourManner manner)
     if (!hands.start(tourHandOptions(manner.modbus)))
         return fail(hands.errorText(), FailedStatus);
     qputenv("VANTO_PORTS", hands.portName().toUtf8());
+    // A window that is painted takes a large part of the time that a hand has for an answer.
+    ReplyLimits::current() = {300, 900, 300, 800};
+    CalibrationProcedure::stageMs = 200;
 
     MainWindow window;
     Theme::applyStored();

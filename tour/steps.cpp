@@ -153,7 +153,7 @@ QString scan(Stage& stage)
 {
     scanFor(stage, HandCount);
     const bool modbus = stage.modbus();
-    expectDevices(stage, {{2, modbus}, {3, !modbus}, {16, true}, {16, false}});
+    expectDevices(stage, {{2, modbus}, {3, !modbus}, {4, true}, {4, false}});
     return QStringLiteral("%1 entries").arg(HandCount);
 }
 
@@ -259,8 +259,8 @@ QString rescan(Stage& stage)
 {
     scanFor(stage, HandCount);
     const bool modbus = stage.modbus();
-    expectDevices(stage, {{3, !modbus}, {5, modbus}, {16, true}, {16, false}});
-    stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).setCurrentIndex(1);
+    expectDevices(stage, {{3, !modbus}, {4, true}, {4, false}, {5, modbus}});
+    stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).setCurrentIndex(HandCount - 1);
     expectVersions(stage);
     expectCalibration(stage, 5);
     return QStringLiteral("the hand is found at 5 and opened");
@@ -272,7 +272,7 @@ QString updated(Stage& stage)
     auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
     stage.expect(QStringLiteral("the other hand"), devices.itemText(0),
                  entryText({3, !stage.modbus()}));
-    devices.setCurrentIndex(1);
+    devices.setCurrentIndex(HandCount - 1);
     const QString version = stage.field(QStringLiteral("lineEdit_BasicFirmwareVersion"));
     stage.expect(QStringLiteral("the firmware version"), version,
                  QLatin1Char('V') + UpdatedFirmware);
@@ -329,7 +329,7 @@ QStringList tourHandOptions(bool modbus)
                         BootLoader};
     const std::array nodes =
         modbus ? std::array{"2:modbus", "3:serialctrl"} : std::array{"2:serialctrl", "3:modbus"};
-    for (const char* node : {nodes[0], nodes[1], "16:serialctrl", "16:modbus"})
+    for (const char* node : {nodes[0], nodes[1], "4:serialctrl", "4:modbus"})
         options += {QStringLiteral("--node"), QLatin1String(node)};
     return options;
 }

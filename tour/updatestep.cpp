@@ -10,7 +10,7 @@ namespace
 {
 const QString UpdateFile = QStringLiteral(VANTO_EXAMPLES "/sample.upd");
 constexpr int UpdatedNode = 5;
-constexpr std::array OtherNodes{3, 16};
+constexpr std::array OtherNodes{3, 4};
 constexpr int PicturePercent = 50;
 
 void switchPower(Stage& stage, int node, bool on)

@@ -30,6 +30,9 @@ private:
 
 void TestBasic::init()
 {
+    const QString test = QTest::currentTestFunction();
+    if (test == "failedReads" || test == "commands" || test == "handVanishesDuringReload")
+        expectTimeouts();
     open({"--node", "2", "--firmware", "1.4.7", "--hardware", "1b0c", "--boot", "3.12",
           "--protocol-version", "3.1"});
     forget();
@@ -230,10 +233,11 @@ void TestBasic::reloadWithoutAdapter()
 void TestBasic::handVanishesDuringReload()
 {
     // The reads after the first are long out on the wire when the answer to it is shown.
+    bool plugged = true;
     connect(m_tool->find<QLineEdit>("lineEdit_BasicFirmwareVersion"), &QLineEdit::textChanged,
-            m_tool.get(), [this](const QString& text) {
-                if (!text.isEmpty())
-                    m_hand->command("unplug");
+            m_tool.get(), [&](const QString& text) {
+                if (!text.isEmpty() && std::exchange(plugged, false))
+                    tell("unplug");
             });
     m_tool->click("pushButton_BasicReloadBasic");
     QCOMPARE(shown().count("Timeout for SerialCtrl node '0x02'..."), 5);
@@ -243,8 +247,8 @@ void TestBasic::handVanishesDuringReload()
     tell("clear");
     m_tool->click("pushButton_RefreshPorts");
     m_tool->choosePort(m_hand->portName());
-    m_tool->scanFor(1);
-    QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7");
+    listAgain();
+    QCOMPARE(m_tool->field("lineEdit_BasicProtocolVersion"), "V3.1");
 }
 
 VANTO_TEST(TestBasic)

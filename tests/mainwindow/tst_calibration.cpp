@@ -1,4 +1,4 @@
-#include "conversation.h"
+#include "calibrationprocedure.h"
 #include "handtest.h"
 #include "testmain.h"
 
@@ -46,6 +46,11 @@ const QString Refused = "%1(0x02, ...) returned 0xff (sub err 21)";
 
 void TestCalibration::init()
 {
+    const QString row = QTest::currentDataTag();
+    if (row.startsWith("fault drop") || row.startsWith("port pulled") ||
+        QTest::currentTestFunction() == QString("quickSpinning"))
+        expectTimeouts();
+    CalibrationProcedure::stageMs = 50;
     open({"--node", QTest::currentDataTag() == QString("modbus") ? "2:modbus" : "2"});
     tell("set 2 raw 5 1000");
     tell("set 2 reboot-time 0");
@@ -199,7 +204,7 @@ void TestCalibration::cancelDuringAMove()
     QFETCH(bool, first);
     walk([&](QSpinBox* spinBox) {
         tell("fault late ms=30");
-        QTimer::singleShot(10, static_cast<QDialog*>(spinBox->window()), &QDialog::reject);
+        duringExchange([=] { static_cast<QDialog*>(spinBox->window())->reject(); });
         spinBox->stepUp();
         QVERIFY(!spinBox->isVisible());
     });
@@ -219,10 +224,14 @@ void TestCalibration::failureAfterOk()
         QTest::keyClicks(spinBox, "2000");
         QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok),
                           Qt::LeftButton);
-        QTimer::singleShot(200, dialog, [&back, dialog] {
-            back = dialog->isVisible();
+        auto* look = new QTimer(dialog);
+        connect(look, &QTimer::timeout, dialog, [&back, dialog, this] {
+            if (shown().isEmpty() || !dialog->isVisible())
+                return;
+            back = true;
             dialog->reject();
         });
+        look->start(10);
     });
     QVERIFY(back);
     QCOMPARE(shown().join("|"), Refused.arg("setFingerPosAbs"));
@@ -232,6 +241,7 @@ void TestCalibration::failureAfterOk()
 void TestCalibration::duringAWait()
 {
     QFETCH(bool, first);
+    CalibrationProcedure::stageMs = 1500;
     QElapsedTimer since;
     const auto disturb = [&] {
         QVERIFY(Conversation::busy());

@@ -40,6 +40,9 @@ private:
 
 void TestRun::init()
 {
+    const QString test = QTest::currentTestFunction();
+    if (test == "failures" || test == "silentHandHonoursClicks" || test == "leavingDropsWhatIsPending")
+        expectTimeouts();
     open();
     m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(2);
     forget();
@@ -108,13 +111,10 @@ void TestRun::releasesAreSentTickByTick()
     setField("lineEdit_RunSpeed1", "300");
     release(1, 3000);
     QTRY_COMPARE(motions(), (QStringList{"4c 00e803ff", "4c 01d007ff", "4c 01b80b2c"}));
-    QList<double> times;
-    for (const TracedFrame& request : m_hand->requests())
-        if (request.bytes[4] == 0x4C)
-            times.append(request.ms);
-    for (int i = 1; i < times.size(); ++i)
-        QVERIFY2(qAbs(times[i] - times[i - 1] - 100) < 45,
-                 qPrintable(QString::number(times[i] - times[i - 1])));
+    // Between two of them all the currents have been read.
+    const QString kinds = frames({0x4C, 0x06}).replaceInStrings(QRegularExpression(" .*"), "").join(' ');
+    QVERIFY2(QRegularExpression("4c( 06){6,} 4c( 06){6,} 4c").match(kinds).hasMatch(),
+             qPrintable(kinds));
 }
 
 void TestRun::leavingDropsWhatIsPending()
@@ -179,7 +179,7 @@ void TestRun::readBacks()
     QFETCH(bool, bySet);
     setMode(mode);
     // The motion's own answer comes late, and by then the target is another one.
-    tell(QString("fault late ms=30 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
+    tell(QString("fault late ms=60 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
     QTimer watch;
     connect(&watch, &QTimer::timeout, this, [&] {
         if (motions().isEmpty())
@@ -195,7 +195,8 @@ void TestRun::readBacks()
         release(2, mode == 0 ? 40000 : 15000);
     }
     QTRY_VERIFY(!watch.isActive());
-    QTest::qWait(50); // the late answer, and the read-back
+    QTRY_VERIFY(!frames({0x0B, 0x0C}).isEmpty());
+    QTRY_VERIFY(idle());
     // Both hold what was asked for until the read-back, but a slider has not moved by Set.
     const QString back = mode == 0 ? "32768" : "134.05";
     const int backValue = mode == 0 ? 32768 : 13405;
@@ -218,8 +219,8 @@ void TestRun::setDuringTick()
     m_tool->click("pushButton_RunSetPos1");
     setField("lineEdit_RunPos1", "2222"); // the click's value counts
     QTRY_COMPARE(motions(), QStringList{"4c 015704ff"});
-    // The tick ends after the exchange that was under way.
-    QCOMPARE(m_hand->requests()[before].bytes[4], char{0x4C});
+    // The tick ends after the exchange that was under way, which may not have been traced before.
+    QVERIFY(frames().mid(before, 2).contains("4c 015704ff"));
     QTRY_VERIFY(!m_tool->field("lineEdit_RunCurrent5").isEmpty());
     QCOMPARE(shown(), QStringList());
 }
@@ -231,7 +232,7 @@ void TestRun::modeChangesMoveNothing()
     setField("lineEdit_RunPos1", "30000");
     slider(2)->setSliderDown(true);
     slider(2)->setSliderPosition(20000);
-    QTimer::singleShot(140, this, [&] { // in the middle of a tick, so that the change has to wait
+    duringExchange([&] { // of a tick, so that the change has to wait
         m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(1);
         m_tool->click("pushButton_RunSetPos1");
     });
@@ -276,16 +277,17 @@ void TestRun::silentHandHonoursClicks()
 {
     m_hand->command("hang");
     QTRY_VERIFY(!m_tool->errorText().isEmpty());
-    QElapsedTimer since;
-    QTimer::singleShot(60, this, [&] {
+    qsizetype before = -1;
+    duringExchange([&] {
         m_tool->click("pushButton_RunSetPos3");
-        since.start();
+        before = m_hand->requests().size();
     });
-    QTRY_VERIFY(since.isValid());
+    QTRY_VERIFY(before >= 0);
     QTRY_COMPARE(motions().size(), 1);
-    QVERIFY2(since.elapsed() < 120, qPrintable(QString::number(since.elapsed())));
+    // At most what was under way comes first.
+    QVERIFY(frames().mid(before, 2).contains(motions().constFirst()));
     m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(0);
-    QTest::qWait(60); // the exchange that was under way ends
+    QTRY_VERIFY(idle());
     m_hand->forgetTrace();
     QTest::qWait(150);
     QCOMPARE(m_hand->requests().size(), 0);
@@ -314,7 +316,7 @@ void TestRun::wheelAndKeys()
 void TestRun::forcePage()
 {
     m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(3);
-    QTest::qWait(20);
+    QTRY_VERIFY(idle());
     m_hand->forgetTrace();
     QTest::ignoreMessage(QtDebugMsg, "MainWindow::updateForce()");
     QTest::qWait(250);

@@ -14,6 +14,7 @@ class TestScan : public HandTest
 {
     Q_OBJECT
 private slots:
+    void init() { expectTimeouts(300); }
     void cleanup() { close(); }
     void listsPorts();
     void findsAllHands();
@@ -44,15 +45,17 @@ void TestScan::listsPorts()
 
 void TestScan::findsAllHands()
 {
-    open({"--node", "2", "--node", "3", "--node", "16", "--firmware", "1.4.300",
+    open({"--node", "2", "--node", "2:modbus", "--node", "4", "--firmware", "1.4.300",
           "--protocol-version", "3.2"},
-         3);
-    const QString text("0x%1 (SerialCtrl V1.4.300, Protocol V3.2)");
-    QCOMPARE(m_tool->deviceTexts(), (QStringList{text.arg("02"), text.arg("03"), text.arg("10")}));
-    QCOMPARE(m_tool->devices()->itemData(2).toInt(), 16);
-    QVERIFY(shown().contains("Trying node '0x10'..."));
-    QVERIFY(shown().contains("Timeout for SerialCtrl node '0x0f'..."));
-    QVERIFY(shown().contains("node '0x10' found, firmware version: 1.4.300"));
+         0);
+    m_tool->scanFor(3);
+    QCOMPARE(m_tool->deviceTexts(), (QStringList{"0x02 (ModBus-RTU V1.4.300, Protocol V1.0)",
+                                                 "0x02 (SerialCtrl V1.4.300, Protocol V3.2)",
+                                                 "0x04 (SerialCtrl V1.4.300, Protocol V3.2)"}));
+    QCOMPARE(m_tool->devices()->itemData(2).toInt(), 4);
+    QVERIFY(shown().contains("Trying node '0x04'..."));
+    QVERIFY(shown().contains("Timeout for SerialCtrl node '0x03'..."));
+    QVERIFY(shown().contains("node '0x04' found, firmware version: 1.4.300"));
     QCOMPARE(m_tool->devices()->currentIndex(), 0);
     QCOMPARE(shown().last(3),
              (QStringList{"Basic info loaded", "Setting loaded", "Running info loaded"}));
@@ -62,11 +65,10 @@ void TestScan::stopFinishesTheNode()
 {
     open({"--node", "2", "--node", "3"}, 0);
     auto* scan = m_tool->find<QPushButton>("pushButton_ScanDevices");
-    m_hand->command("fault late ms=20 count=0");
     connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, scan,
-            [scan](const QString& text) {
+            [=, this](const QString& text) {
                 if (text == "Trying node '0x02'...")
-                    QTimer::singleShot(8, scan, &QPushButton::click);
+                    duringExchange([scan] { scan->click(); });
             });
     scan->click();
     QTest::mouseDClick(scan, Qt::LeftButton); // the second half of one on Stop: no new scan
@@ -82,7 +84,7 @@ void TestScan::widgetsDuringScan()
     auto* progress = m_tool->find<QProgressBar>("progressBar_Scan");
     QVERIFY(!progress->isVisible());
     bool looked = false;
-    QTimer::singleShot(260, this, [&] { // absent nodes take 105 ms and 51 ms
+    const auto look = [&] {
         looked = true;
         QCOMPARE(m_tool->find<QPushButton>("pushButton_ScanDevices")->text(), "Stop");
         QVERIFY(progress->isVisible() && progress->value() >= 2 && progress->maximum() == 255);
@@ -95,7 +97,12 @@ void TestScan::widgetsDuringScan()
         QVERIFY(m_tool->errorText().startsWith("Timeout"));
         QVERIFY(m_tool->statusText().startsWith("Trying"));
         m_tool->trigger("action_About"); // need not wait for the end of the scan
-    });
+    };
+    connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, this,
+            [&](const QString& text) {
+                if (text == "Trying node '0x02'...")
+                    duringExchange(look);
+            });
     DialogAnswer<QMessageBox> about([&](QMessageBox* box) {
         box->accept();
         m_tool->click("pushButton_ScanDevices");
@@ -158,8 +165,8 @@ void TestScan::portNotOpened()
 void TestScan::badAnswers()
 {
     open({"--node", "1", "--node", "2", "--node", "3"}, 0);
-    m_hand->command("fault refuse error=0x21 node=1 command=0x01");
-    m_hand->command("fault garble node=2 command=0x00");
+    tell("fault refuse error=0x21 node=1 command=0x01");
+    tell("fault garble node=2 command=0x00");
     m_tool->scanFor(1);
     QCOMPARE(m_tool->devices()->currentData().toInt(), 3);
     QVERIFY(shown().contains("getFirmwareVersion(0x01, ...) returned 0xff (sub err 21)"));

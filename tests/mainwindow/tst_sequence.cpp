@@ -60,6 +60,8 @@ private:
 
 void TestSequence::init()
 {
+    if (QTest::currentTestFunction() == QString("stopEndsEverything"))
+        expectTimeouts();
     open({"--node", "2", "--speed", "50"});
     pages()->setCurrentIndex(SequencePage);
     forget();
@@ -371,6 +373,7 @@ void TestSequence::stopEndsEverything()
     load(TwoSteps);
     DialogAnswer<QInputDialog> updateSource([](auto* dialog) { dialog->reject(); });
     const int wait = QRandomGenerator::global()->bounded(300);
+    bool acted = false;
     QTimer::singleShot(wait, m_tool.get(), [&] {
         if (way == "Stop")
             m_tool->find<QPushButton>("pushButton_SeqStop")->click();
@@ -385,9 +388,11 @@ void TestSequence::stopEndsEverything()
         else
             m_tool->click("pushButton_RefreshPorts");
         m_hand->forgetTrace();
+        acted = true;
     });
     m_tool->click("pushButton_SeqRun");
-    QTest::qWait(wait + 100);
+    QTRY_VERIFY(acted && idle());
+    QTest::qWait(30);
     // What was on its way at that moment may still be traced.
     QVERIFY2(motions().size() <= 1, qPrintable(QString::number(wait) + motions().join('|')));
     QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
@@ -422,7 +427,7 @@ void TestSequence::staleRequests()
     load(TwoSteps);
     select(0);
     tell("fault late ms=15 count=0");
-    QTimer::singleShot(10, m_tool.get(), [&] {
+    duringExchange([&] {
         table()->setCurrentCell(1, 0);
         if (change.isEmpty()) {
             pages()->setCurrentIndex(0);
@@ -450,7 +455,7 @@ void TestSequence::stopInThePose()
     load(TwoSteps);
     select(0);
     tell("fault late ms=30 count=0");
-    QTimer::singleShot(50, m_tool.get(), [&] { m_tool->click("pushButton_SeqStop"); });
+    duringExchange([&] { m_tool->click("pushButton_SeqStop"); });
     table()->setCurrentCell(1, 0);
     QVERIFY(motions().size() < 5);
     QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // of the row that is current

@@ -130,6 +130,7 @@ void TestSetting::failures_data()
 void TestSetting::failures()
 {
     QFETCH(QString, operation);
+    expectTimeouts();
     open();
     forget();
     const QString button = "pushButton_Setting" +

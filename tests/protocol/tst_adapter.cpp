@@ -30,7 +30,7 @@ struct FaultRow {
 
 constexpr FaultRow faultRows[] = {
     {"drop", {3, 3, 3}},
-    {"late", {3, 3, 3}},
+    {"late ms=300", {3, 3, 3}},
     {"garble", {1, 1, 1}},
     {"truncate", {3, 3, 3}},
     {"wrong-node", {5, 5, 5}},
@@ -51,7 +51,11 @@ class tst_adapter : public QObject
     Q_OBJECT
 private slots:
     void initTestCase() { QVERIFY2(m_hand.start(), qPrintable(m_hand.errorText())); }
-    void init() { QVERIFY(connectToHand()); }
+    void init()
+    {
+        ReplyLimits::current() = {200, 600, 200, 800}; // four times the product's
+        QVERIFY(connectToHand());
+    }
     void cleanup() { m_adapter.disconnect(); }
     void faults_data() { addRows(faultRows); }
     void faults();
@@ -72,8 +76,8 @@ private:
         m_hand.forgetTrace();
         const bool armed = m_hand.command(QStringLiteral("fault ") + QLatin1String(fault)) == u"ok";
         const int result = this->result(operation);
-        return armed && QTest::qWaitFor([this] { return m_hand.trace().size() == 2; }) ? result
-                                                                                       : -1;
+        const bool done = QTest::qWaitFor([this] { return m_hand.trace().size() == 2; });
+        return armed && done ? result : -1;
     }
     bool connectToHand() { return m_adapter.connect(qPrintable(m_hand.portName()), BaudRate); }
 
@@ -99,12 +103,12 @@ void tst_adapter::faults()
 
 void tst_adapter::gainsWaitLonger()
 {
-    QCOMPARE(result("late ms=100", writeGains), 0);
+    QCOMPARE(result("late ms=400", writeGains), 0);
     QCOMPARE(result("drop", writeGains), 3);
-    QCOMPARE(result("late ms=100", writeGains), 0);
-    QCOMPARE(result("late ms=100", readGains), 3);
-    QCOMPARE(result("late ms=250", writeGains), 3);
-    QCOMPARE(result("late ms=100", readGains), 3);
+    QCOMPARE(result("late ms=400", writeGains), 0);
+    QCOMPARE(result("late ms=400", readGains), 3);
+    QCOMPARE(result("late ms=1000", writeGains), 3);
+    QCOMPARE(result("late ms=400", readGains), 3);
 }
 
 void tst_adapter::interruptions()
@@ -144,7 +148,7 @@ void tst_adapter::nodeErrors()
 void tst_adapter::lateReply()
 {
     m_hand.command(QStringLiteral("set 2 current 1 111"));
-    m_hand.command(QStringLiteral("fault late"));
+    m_hand.command(QStringLiteral("fault late ms=300"));
     u16 current = 0;
     QCOMPARE(int(m_adapter.getFingerCurrent(HandNode, 1, &current)), 3);
     const auto port = SerialPort::get("qtserial", qPrintable(m_hand.portName()));

@@ -1,5 +1,6 @@
 #include "handtest.h"
 
+#include <QTimer>
 #include <QtEndian>
 
 namespace
@@ -7,15 +8,30 @@ namespace
 constexpr int NodeAt = 2;
 constexpr int CommandAt = 4;
 constexpr int PayloadAt = 6;
+
+/// The entries of the Devices list for the nodes among the options of a hand.
+QStringList deviceTexts(const QStringList& options)
+{
+    QStringList texts;
+    for (qsizetype i = options.indexOf("--node"); i >= 0; i = options.indexOf("--node", i + 1)) {
+        const QStringList parts = options[i + 1].split(':');
+        texts.append(QString("0x%1 (%2)")
+                         .arg(parts[0].toInt(), 2, 16, QChar('0'))
+                         .arg(parts.value(1) == "modbus" ? "ModBus-RTU V1.4.7, Protocol V1.0"
+                                                         : "SerialCtrl V1.4.7, Protocol V3.0"));
+    }
+    return texts;
+}
 } // namespace
 
 void HandTest::open(const QStringList& options, int hands)
 {
     m_hand = std::make_unique<HandProcess>();
     QVERIFY2(m_hand->start(options), qPrintable(m_hand->errorText()));
+    ReplyLimits::current() = m_limits;
     m_tool = std::make_unique<WindowDriver>(QStringList{m_hand->portName()});
-    if (hands > 0)
-        m_tool->scanFor(hands);
+    m_listed = deviceTexts(options).first(hands);
+    listAgain();
 }
 
 void HandTest::forget()
@@ -31,6 +47,25 @@ void HandTest::close()
             QVERIFY2(!frame.marks.contains("overlap"), frame.bytes.toHex().constData());
     m_tool.reset();
     m_hand.reset();
+    m_limits = PatientLimits;
+}
+
+void HandTest::expectTimeouts(int milliseconds)
+{
+    m_limits = {milliseconds, 3 * milliseconds, milliseconds, milliseconds};
+}
+
+void HandTest::duringExchange(std::function<void()> act) const
+{
+    auto* look = new QTimer(m_tool->window());
+    connect(look, &QTimer::timeout, look, [look, act = std::move(act)] {
+        if (!Exchange::active())
+            return;
+        look->stop();
+        look->deleteLater();
+        act();
+    });
+    look->start(1);
 }
 
 void HandTest::tell(const QString& command) const

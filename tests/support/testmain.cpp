@@ -33,6 +33,7 @@ int main(int argc, char* argv[])
 {
     Application application(argc, argv);
     application.setAttribute(Qt::AA_Use96Dpi, true);
+    ReplyLimits::current() = PatientLimits;
     const auto test = tests().find(application.arguments().value(1));
     if (test != tests().end())
         return test->second(argc - 1, argv + 1);

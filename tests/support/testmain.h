@@ -1,6 +1,12 @@
 #pragma once
 
+#include "replylimits.h"
+
 #include <QObject>
+
+/// Time-outs that are never met, as a simulated hand may have to wait for a processor. Every test
+/// begins with them; those in which a hand does not answer set others.
+constexpr ReplyLimits PatientLimits{20'000, 20'000, 20'000, 20'000};
 
 /// A test class of a program that holds several of them: building, linking and starting one program
 /// is cheaper than thirty. `tests_window tst_run [FUNCTION...]` runs one class of tests_window.

@@ -80,6 +80,12 @@ void WindowDriver::choosePort(const QString& name) const
     ports->setCurrentIndex(index);
 }
 
+void WindowDriver::list(const QStringList& deviceTexts) const
+{
+    for (const QString& text : deviceTexts)
+        devices()->insertItem(devices()->count(), text, text.mid(2, 2).toInt(nullptr, 16));
+}
+
 void WindowDriver::scanFor(int hands) const
 {
     auto* scan = find<QPushButton>("pushButton_ScanDevices");

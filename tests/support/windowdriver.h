@@ -42,6 +42,8 @@ public:
     QString errorText() const;
 
     void choosePort(const QString& name) const;
+    /// Adds devices to the list, as if they had been found, and so opens the first.
+    void list(const QStringList& deviceTexts) const;
     /// Clicks Scan and, once `hands` are listed, Stop; returns when the first hand is open.
     void scanFor(int hands) const;
 
