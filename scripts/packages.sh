@@ -13,6 +13,8 @@ declare -A packages=(
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [fuzz]="clang"
     [coverage]="gcovr"
+    [lint]="clang-format clang-tidy"
+    [bare]="debootstrap"
 )
 if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
     packages[window]+=" qt6-wayland"

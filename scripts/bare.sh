@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Runs a command of this repository on a bare Debian: makes a minimal installation in a folder of its
+# own, puts a clone of the last commit there, runs the command in it and reports. The installation
+# without the clone is kept as an archive for the next time.
+# usage: scripts/bare.sh RELEASE COMMAND...        e.g. scripts/bare.sh trixie ./test.sh
+#        FOLDER is taken from VANTO_BARE, by default /var/tmp/vanto-bare
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+release=${1:?usage: $0 RELEASE COMMAND...}
+shift
+[[ $# -gt 0 ]] || { echo "usage: $0 RELEASE COMMAND..." >&2; exit 2; }
+if [[ $EUID -ne 0 ]]; then
+    exec scripts/as-root.sh env VANTO_BARE="${VANTO_BARE:-}" "$PWD/$0" "$release" "$@"
+fi
+
+folder=${VANTO_BARE:-/var/tmp/vanto-bare}
+mirror=${VANTO_MIRROR:-http://deb.debian.org/debian}
+archive=$folder/$release.tar
+root=$folder/$release-$$
+log=$folder/$release-$(basename "$1").log
+
+clean_up() {
+    # /dev/pts and the like must not be removed together with the folder.
+    local place
+    for place in dev/pts dev proc; do
+        mountpoint --quiet "$root/$place" && umount "$root/$place"
+    done
+    rm -rf --one-file-system "$root"
+}
+
+scripts/packages.sh bare
+mkdir -p "$folder" "$root"
+trap clean_up EXIT
+if [[ ! -e $archive ]]; then
+    echo "Making a minimal $release in $folder"
+    debootstrap --variant=minbase "$release" "$root" "$mirror" >"$folder/$release-debootstrap.log"
+    tar --create --file "$archive.part" --directory "$root" .
+    mv "$archive.part" "$archive"
+else
+    tar --extract --file "$archive" --directory "$root"
+fi
+mount -t proc proc "$root/proc"
+mount --bind /dev "$root/dev"
+mount --bind /dev/pts "$root/dev/pts"
+cp /etc/resolv.conf "$root/etc/resolv.conf"
+git clone --quiet --no-hardlinks . "$root/repository"
+
+commit=$(git rev-parse --short HEAD)
+echo "$release, commit $commit: $*"
+start=$SECONDS
+status=0
+env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
+    ${VANTO_WARNINGS_AS_ERRORS:+VANTO_WARNINGS_AS_ERRORS="$VANTO_WARNINGS_AS_ERRORS"} \
+    chroot "$root" bash -c 'cd /repository && "$@"' bash "$@" >"$log" 2>&1 </dev/null || status=$?
+tail --lines 5 "$log"
+printf '%s, commit %s: %s: status %d after %d:%02d, %d warnings; log: %s\n' "$release" "$commit" \
+    "$*" "$status" $(((SECONDS - start) / 60)) $(((SECONDS - start) % 60)) \
+    "$(grep --count --ignore-case 'warning:' "$log" || true)" "$log"
+exit "$status"
