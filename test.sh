@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds what people use and once more with the sanitizers, and runs all
-# tests on the latter. Arguments go to ctest. Instead of that, --package tries the Debian package and
-# --coverage reports what the tests do not reach.
+# Installs what is missing, builds the programs and once more everything with the sanitizers, and runs
+# all tests on the latter. Arguments go to ctest. Instead of that, --package tries the Debian package,
+# --coverage reports what the tests do not reach, and --lint checks the sources.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -11,6 +11,9 @@ if [[ ${1:-} == --package ]]; then
 elif [[ ${1:-} == --coverage ]]; then
     shift
     exec scripts/coverage.sh "$@"
+elif [[ ${1:-} == --lint ]]; then
+    shift
+    exec scripts/lint.sh "$@"
 fi
 
 scripts/packages.sh build window test

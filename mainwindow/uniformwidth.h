@@ -18,7 +18,7 @@ private:
     void align();
 
     QList<QWidget*> m_widgets;
-    /// Pixels. It never shrinks: a caption that is short for a while, as that of Scan during a scan,
-    /// must not make the others narrow, nor the row jump.
+    /// Pixels. It never shrinks: a caption that is short for a while, as that of Scan during a
+    /// scan, must not make the others narrow, nor the row jump.
     int m_widest = 0;
 };

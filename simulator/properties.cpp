@@ -76,13 +76,16 @@ constexpr Property pidGain(const char* name)
 template<Unit U>
 constexpr Property positionIn(const char* name, double min, double max)
 {
-    return {
-        name,
-        true,
-        min,
-        max,
-        [](const PropertyPlace& p) { return static_cast<double>(p.hand.position(U, p.finger, p.now)); },
-        [](const PropertyPlace& p, double v) { p.hand.placeAt(U, p.finger, static_cast<int>(v), p.now); }};
+    return {name,
+            true,
+            min,
+            max,
+            [](const PropertyPlace& p) {
+                return static_cast<double>(p.hand.position(U, p.finger, p.now));
+            },
+            [](const PropertyPlace& p, double v) {
+                p.hand.placeAt(U, p.finger, static_cast<int>(v), p.now);
+            }};
 }
 
 constexpr Property properties[] = {
@@ -92,11 +95,14 @@ constexpr Property properties[] = {
     handValue<&Hand::beepSwitch>("beepswitch", maxByte),
     {"buttons", false, 0, maxByte,
      [](const PropertyPlace& p) { return static_cast<double>(p.hand.buttonCount); },
-     [](const PropertyPlace& p, double v) { p.hand.setButtonCount(static_cast<quint8>(v), p.now); }},
+     [](const PropertyPlace& p, double v) {
+         p.hand.setButtonCount(static_cast<quint8>(v), p.now);
+     }},
     {"calibrating", false, 0, 1,
      [](const PropertyPlace& p) { return p.hand.isCalibrating(p.now) ? 1.0 : 0.0; }, nullptr},
     {"stage", false, 0, maxByte,
-     [](const PropertyPlace& p) { return static_cast<double>(p.hand.calibrationStage()); }, nullptr},
+     [](const PropertyPlace& p) { return static_cast<double>(p.hand.calibrationStage()); },
+     nullptr},
     handValue<&Hand::rebootTime>("reboot-time", maxWord),
     handValue<&Hand::error>("error", maxByte),
     handValue<&Hand::voltage>("voltage", maxWord),
@@ -107,7 +113,9 @@ constexpr Property properties[] = {
     handValue<&Hand::calibrations>("calibrations", maxU32),
     {"revision", false, 0, maxWord,
      [](const PropertyPlace& p) { return static_cast<double>(p.hand.traits.firmware.revision); },
-     [](const PropertyPlace& p, double v) { p.hand.traits.firmware.revision = static_cast<quint16>(v); }},
+     [](const PropertyPlace& p, double v) {
+         p.hand.traits.firmware.revision = static_cast<quint16>(v);
+     }},
     {"current", true, 0, maxWord,
      [](const PropertyPlace& p) { return static_cast<double>(p.hand.current(p.finger, p.now)); },
      [](const PropertyPlace& p, double v) { p.asked().pinnedCurrent = static_cast<quint16>(v); },
@@ -121,7 +129,9 @@ constexpr Property properties[] = {
     positionIn<Unit::Angle>("angle", minAngle, maxAngle),
     {"target", true, 0, maxWord,
      [](const PropertyPlace& p) { return static_cast<double>(p.asked().motion.target()); },
-     [](const PropertyPlace& p, double v) { p.asked().motion.retarget(static_cast<quint16>(v), p.now); }},
+     [](const PropertyPlace& p, double v) {
+         p.asked().motion.retarget(static_cast<quint16>(v), p.now);
+     }},
     {"moving", true, 0, 1,
      [](const PropertyPlace& p) { return p.asked().motion.isMoving(p.now) ? 1.0 : 0.0; }, nullptr},
     pidGain<0>("pid-p"),

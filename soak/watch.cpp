@@ -49,7 +49,8 @@ bool moves(const TracedFrame& request)
 }
 } // namespace
 
-Watch::Watch(HandProcess& hand, bool slow) : m_hand(hand), m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs)
+Watch::Watch(HandProcess& hand, bool slow)
+    : m_hand(hand), m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs)
 {
     s_messages = &m_findings;
     qInstallMessageHandler(takeMessage);

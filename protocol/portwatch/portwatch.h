@@ -14,8 +14,8 @@ class QSerialPort;
 /// keeps one core busy for ever, and whoever waits runs into a time-out.
 ///
 /// So the port's handle is polled while the port is open, and errors that the port does report are
-/// a second source. Either leads to one queued call of `close`: closing a port inside its own signal
-/// is not safe. A call that is on its way when the port is closed or opened anew is dropped.
+/// a second source. Either leads to one queued call of `close`: closing a port inside its own
+/// signal is not safe. A call that is on its way when the port is closed or opened anew is dropped.
 class PortWatch
 {
 public:

@@ -62,11 +62,10 @@ struct UserAction {
     const char* timeout = nullptr; ///< its text, if it has one of its own
 };
 
-// What a page makes of a result does not depend on the protocol, so over Modbus, where time-outs take
-// long, one of each kind is enough.
+// What a page makes of a result does not depend on the protocol, so over Modbus, where time-outs
+// take long, one of each kind is enough.
 constexpr UserAction actions[] = {
-    {BasicPage, "pushButton_BasicBeep", "beep", 0x62, 1010, false,
-     "Timeout for %1 node '0x02'..."},
+    {BasicPage, "pushButton_BasicBeep", "beep", 0x62, 1010, false, "Timeout for %1 node '0x02'..."},
     {SettingPage, "pushButton_SettingReadCurrentLimit2", "getFingerCurrentLimit", 0x05, 1097, true},
     {SettingPage, "pushButton_SettingWritePID2", "setFingerPID", WritePid, SerialCtrlOnly},
     {RunPage, "pushButton_RunSetPos2", "setFingerPos", 0x4C, SerialCtrlOnly},
@@ -129,7 +128,8 @@ void TestFaults::act(const UserAction& action) const
     } else {
         m_tool->click(action.control);
     }
-    QTRY_VERIFY(isAsked(action) || m_hangs); // on the Run page it may come after an exchange of the timer
+    QTRY_VERIFY(isAsked(action) ||
+                m_hangs); // on the Run page it may come after an exchange of the timer
     QTRY_VERIFY(idle());
 }
 
@@ -174,11 +174,11 @@ void TestFaults::faults()
             continue; // a late reply may pass for the answer to an equal next request
         m_hangs = row->fault == QString("hang");
         tell(m_hangs ? "hang"
-                   : QString("fault %1 count=0 ").arg(row->fault) +
-                         (modbus ? QString("command=%1 register=%2")
-                                       .arg(action.isRead ? 3 : 6)
-                                       .arg(action.reg)
-                                 : QString("command=%1").arg(action.command)));
+                     : QString("fault %1 count=0 ").arg(row->fault) +
+                           (modbus ? QString("command=%1 register=%2")
+                                         .arg(action.isRead ? 3 : 6)
+                                         .arg(action.reg)
+                                   : QString("command=%1").arg(action.command)));
         act(action);
         int result = action.isRead ? results.read : results.write;
         if (late && !modbus && action.command == WritePid)

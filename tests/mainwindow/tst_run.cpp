@@ -41,7 +41,8 @@ private:
 void TestRun::init()
 {
     const QString test = QTest::currentTestFunction();
-    if (test == "failures" || test == "silentHandHonoursClicks" || test == "leavingDropsWhatIsPending")
+    if (test == "failures" || test == "silentHandHonoursClicks" ||
+        test == "leavingDropsWhatIsPending")
         expectTimeouts();
     open();
     m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(2);
@@ -112,7 +113,8 @@ void TestRun::releasesAreSentTickByTick()
     release(1, 3000);
     QTRY_COMPARE(motions(), (QStringList{"4c 00e803ff", "4c 01d007ff", "4c 01b80b2c"}));
     // Between two of them all the currents have been read.
-    const QString kinds = frames({0x4C, 0x06}).replaceInStrings(QRegularExpression(" .*"), "").join(' ');
+    const QString kinds =
+        frames({0x4C, 0x06}).replaceInStrings(QRegularExpression(" .*"), "").join(' ');
     QVERIFY2(QRegularExpression("4c( 06){6,} 4c( 06){6,} 4c").match(kinds).hasMatch(),
              qPrintable(kinds));
 }

@@ -14,8 +14,8 @@ protected:
     void open(const QStringList& options = {"--node", "2"}, int hands = 1);
     /// Lists the same hands again, and opens the first.
     void listAgain() const { m_tool->list(m_listed); }
-    /// For tests in which a hand does not answer: the time-outs of hands that are opened from now on,
-    /// up to close(). Without this call they are so long that a busy machine meets none.
+    /// For tests in which a hand does not answer: the time-outs of hands that are opened from now
+    /// on, up to close(). Without this call they are so long that a busy machine meets none.
     void expectTimeouts(int milliseconds = 600);
     /// Runs `act` as soon as an exchange with a hand is under way, inside its wait.
     void duringExchange(std::function<void()> act) const;
