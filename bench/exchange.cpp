@@ -89,8 +89,7 @@ bool measured(double value, const char* what)
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES",
-            "default.debug=false;default.warning=false"); // that platform warns about every window
+    silenceLog();
     QApplication application(argc, argv);
     const QTemporaryDir work;
     QDir::setCurrent(work.path());

@@ -1,7 +1,15 @@
 #include "figures.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <cstdio>
+
+void silenceLog()
+{
+    // The offscreen platform warns about every window.
+    qputenv("QT_LOGGING_RULES", "default.debug=false;default.warning=false");
+}
 
 double median(std::vector<double> values)
 {

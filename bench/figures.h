@@ -2,6 +2,10 @@
 
 #include <vector>
 
+/// Keeps Qt's lines out of the report, of this program and those that it starts. To be called before
+/// the application object is made.
+void silenceLog();
+
 /// The middle of the values, which must not be empty.
 double median(std::vector<double> values);
 

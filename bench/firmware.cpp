@@ -125,7 +125,7 @@ bool measureReading()
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_LOGGING_RULES", "default.debug=false");
+    silenceLog();
     const QCoreApplication application(argc, argv);
     const bool read = measureReading();
     const bool written = measureTransfer();

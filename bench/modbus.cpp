@@ -135,6 +135,7 @@ void printReference([[maybe_unused]] const char* port)
 
 int main(int argc, char* argv[])
 {
+    silenceLog();
     const QCoreApplication application(argc, argv);
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("%1:modbus").arg(HandNode)})) {

@@ -116,7 +116,7 @@ bool clickSet()
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "default.debug=false;default.warning=false");
+    silenceLog();
     const QApplication application(argc, argv);
     const QTemporaryDir work;
     QDir::setCurrent(work.path());

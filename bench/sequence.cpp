@@ -120,7 +120,7 @@ bool measurePolls(const Line& line)
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_LOGGING_RULES", "default.debug=false");
+    silenceLog();
     const QCoreApplication application(argc, argv);
     const Line lines[] = {
         {"SerialCtrl", PROTOCOL_TYPE_SERIALCTRL, SerialCtrlMajorVersion, QByteArray("\x0F", 1), 4,

@@ -42,6 +42,7 @@ double startOnce(const QString& program)
 
 int main(int argc, char* argv[])
 {
+    silenceLog();
     const QCoreApplication application(argc, argv);
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
