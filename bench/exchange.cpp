@@ -20,7 +20,6 @@ namespace
 {
 constexpr std::uint8_t HandNode = 2;
 constexpr std::uint8_t AbsentNode = 77;
-constexpr std::uint32_t BaudRate = 115'200; ///< a pseudo-terminal takes no notice of it
 constexpr int WarmUps = 50;
 constexpr int Exchanges = 3001;
 constexpr int AbsentTries = 101;

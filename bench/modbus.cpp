@@ -23,7 +23,6 @@ namespace
 constexpr std::uint8_t HandNode = 2;
 constexpr std::uint8_t AbsentNode = 77;
 constexpr int VoltageRegister = 1007;
-constexpr std::uint32_t BaudRate = 115'200; ///< a pseudo-terminal takes no notice of it
 constexpr int TimeoutMs = 50;
 constexpr int Retries = 1;
 constexpr int Rounds = 20; ///< the clients take turns, as the machine has moods

@@ -23,7 +23,6 @@ constexpr std::array Repeats{51, 11, 5};
 constexpr double LinearBar = 1.5; ///< on the time per step, against ten times fewer steps
 
 constexpr int HandNode = 2;
-constexpr std::uint32_t BaudRate = 115'200; ///< a pseudo-terminal takes no notice of it
 constexpr int PlayingMs = 10'000;
 constexpr int LongestDelayMs = 65'535;
 constexpr double MsPerSecond = 1000;

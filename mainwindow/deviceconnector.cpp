@@ -94,7 +94,7 @@ void DeviceConnector::openCurrentDevice()
     if (!target)
         return;
     // Whether the port opens is told by the reads that follow.
-    adapter->connect(currentPortName().toUtf8().constData(), Program::BaudRate);
+    adapter->connect(currentPortName().toUtf8().constData(), BaudRate);
     const bool forceSensing = probeForceSensing(*target);
     if (!m_session->holds(*target))
         return;

@@ -138,10 +138,10 @@ DeviceScanner::Outcome DeviceScanner::tryNodes(const QString& port)
 bool DeviceScanner::tryNode(const QString& port, const DeviceSession::Target& candidate)
 {
     const Conversation conversation;
-    if (!candidate->connect(port.toUtf8().constData(), Program::BaudRate)) {
+    if (!candidate->connect(port.toUtf8().constData(), BaudRate)) {
         m_failure = tr("Open port '%1' failed, protocol=%2, baudrate=%3")
                         .arg(port, QString::number(candidate->protocolType()),
-                             QString::number(Program::BaudRate));
+                             QString::number(BaudRate));
         return false;
     }
     listIfAnswering(candidate);

@@ -194,7 +194,7 @@ QString FirmwareUpdater::write(const QString& path)
     m_dialog->begin();
     m_sinceEvents.start();
     const QString failure = updateFirmware(
-        m_connector->currentPortName(), static_cast<QSerialPort::BaudRate>(Program::BaudRate), path,
+        m_connector->currentPortName(), static_cast<QSerialPort::BaudRate>(BaudRate), path,
         [this](const QString& text) { showLog(text); }, m_progress);
     m_dialog->end();
     return failure;

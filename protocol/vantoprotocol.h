@@ -16,6 +16,9 @@ enum PROTOCOL_TYPE : std::uint8_t {
 inline constexpr int ModbusMajorVersion = 1;
 inline constexpr int SerialCtrlMajorVersion = 3;
 
+/// Bits per second of both device protocols and of the boot loader.
+inline constexpr std::uint32_t BaudRate = 115200;
+
 /// Everything that can be asked of a hand, whichever device protocol it speaks.
 ///
 /// `node` is the hand's address on the bus, `finger` an index 0..5 (Thumb, Index, Middle, Third,

@@ -10,7 +10,6 @@
 // hold afterwards go into one. The text "1 500,600 -" is a number, an array and a null output.
 
 inline constexpr u8 HandNode = 2;
-inline constexpr u32 BaudRate = 115200;
 
 template<class T>
 class Argument
