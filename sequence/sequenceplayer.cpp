@@ -1,7 +1,6 @@
 #include "sequenceplayer.h"
 
-#include "conversation.h"
-#include "fingers.h"
+#include "motionunit.h"
 
 #include <QDateTime>
 #include <QDeadlineTimer>
@@ -15,8 +14,6 @@ namespace
 {
 constexpr int PollIntervalMs = 10;
 constexpr int CurrentLimitMa = 79;  ///< a finger that draws more is stopped
-constexpr int PositionWindow = 256; ///< in logical positions
-constexpr int AngleWindow = 6;      ///< in hundredths of a degree
 constexpr int StretchedFingers = 5; ///< by the preparation pose: all but the thumb root
 constexpr int StretchedPosition = 0;
 constexpr int FullSpeed = 255;
@@ -37,14 +34,6 @@ SequenceDataItem preparationPose()
 {
     return {QList<int>(StretchedFingers, StretchedPosition),
             QList<int>(StretchedFingers, FullSpeed), 0};
-}
-
-template<class T>
-bool allWithin(int window, const PerFinger<T>& targets, const PerFinger<T>& currents)
-{
-    return std::ranges::equal(targets, currents, [window](int target, int current) {
-        return std::abs(target - current) <= window;
-    });
 }
 
 QString hex(unsigned number)
@@ -71,15 +60,15 @@ bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex
     const auto count = static_cast<int>(data.sequences.size());
     if (isPlaying() || Exchange::active() || !m_protocol || startIndex < 0 || startIndex >= count)
         return false;
-    const Conversation conversation;
+    m_run.advance();
+    HandCall call = beginCall();
     const QScopedValueRollback sending(m_sending, true);
-    ++m_run;
     m_playForEdit = playForEdit;
     m_endIndex = endIndex < 0 ? count : std::min(endIndex, count);
     m_data = data;
     m_stepStart = nowMs();
     const bool onlySend = !playForEdit && m_endIndex == startIndex;
-    if (!setupVanto(startIndex, playForEdit, beginTurn()))
+    if (!setupVanto(startIndex, playForEdit, call))
         return false;
     if (onlySend)
         return true;
@@ -91,7 +80,7 @@ bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex
 
 void SequencePlayer::stop()
 {
-    ++m_run;
+    m_run.advance();
     if (m_sending)
         Exchange::abandon();
     if (isPlaying())
@@ -108,9 +97,9 @@ void SequencePlayer::updatePlay()
     }
     const QDeadlineTimer nextBeat(PollIntervalMs, Qt::PreciseTimer);
     {
-        const Conversation conversation;
+        HandCall call = beginCall();
         const QScopedValueRollback sending(m_sending, true);
-        poll(beginTurn());
+        poll(call);
     }
     if (!isPlaying()) {
         emit sig_ended();
@@ -122,36 +111,43 @@ void SequencePlayer::updatePlay()
         QMetaObject::invokeMethod(this, &SequencePlayer::updatePlay, Qt::QueuedConnection);
 }
 
-void SequencePlayer::poll(const Turn& turn)
+/// What a play() or a poll works with from its beginning to its end.
+HandCall SequencePlayer::beginCall()
+{
+    return HandCall({m_protocol, static_cast<quint8>(m_node), m_run.token()}, *this);
+}
+
+void SequencePlayer::poll(HandCall& call)
 {
     const qint64 now = nowMs();
-    if (!currentsAreSafe(turn) || !haveArrived(turn))
+    if (!currentsAreSafe(call) || !haveArrived(call))
         return;
     if (m_preparing) {
-        setupVanto(m_playingIndex, false, turn);
+        setupVanto(m_playingIndex, false, call);
         return;
     }
     if (m_data.sequences.at(m_playingIndex).delay > now - m_stepStart)
         return;
     const int next = m_playingIndex + 1;
     if (next < m_endIndex)
-        setupVanto(next, false, turn);
+        setupVanto(next, false, call);
     else
         _stop({});
 }
 
-bool SequencePlayer::inPositionMode() const
+const MotionUnit& SequencePlayer::unit() const
 {
-    return m_data.position_type == SequenceData::POS_TYPE_POSITION;
+    return m_data.position_type == SequenceData::POS_TYPE_POSITION ? MotionUnit::position()
+                                                                   : MotionUnit::angle();
 }
 
-bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, const Turn& turn)
+bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
 {
     const qint64 previousStart = m_stepStart;
     m_playingIndex = sequenceIndex;
     m_preparing = prepare;
     m_stepStart = nowMs();
-    const bool byPosition = prepare || inPositionMode();
+    const MotionUnit& moved = prepare ? MotionUnit::position() : unit();
     const SequenceDataItem step = prepare ? preparationPose() : m_data.sequences.at(sequenceIndex);
     if (!prepare)
         emit sig_updatePlaying(isPlaying(), sequenceIndex, m_stepStart - previousStart, {});
@@ -159,28 +155,17 @@ bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, const Turn& tur
     // A failure stops the player, but the other fingers are sent for all that.
     bool good = true;
     const auto count = std::min({step.position.size(), step.speed.size(), qsizetype{FingerCount}});
-    for (quint8 finger = 0; finger < count && wanted(turn); ++finger) {
-        const int target = step.position[finger];
-        const auto speed = static_cast<quint8>(step.speed[finger]);
-        good &= byPosition
-                    ? succeeded("setFingerPos",
-                                turn.protocol->setFingerPos(turn.node, finger,
-                                                            static_cast<quint16>(target), speed),
-                                turn)
-                    : succeeded("setFingerAngle",
-                                turn.protocol->setFingerAngle(turn.node, finger,
-                                                              static_cast<qint16>(target), speed),
-                                turn);
-    }
-    return good && wanted(turn);
+    for (quint8 finger = 0; finger < count && call.isCurrent(); ++finger)
+        good &= moved.move(call, finger, step.position[finger],
+                           static_cast<quint8>(step.speed[finger]));
+    return good && call.isCurrent();
 }
 
-bool SequencePlayer::currentsAreSafe(const Turn& turn)
+bool SequencePlayer::currentsAreSafe(HandCall& call)
 {
     for (quint8 finger = 0; finger < FingerCount; ++finger) {
         quint16 current = 0;
-        if (!succeeded("getFingerCurrent",
-                       turn.protocol->getFingerCurrent(turn.node, finger, &current), turn))
+        if (!call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
             return false;
         if (current > CurrentLimitMa) {
             _stop(tr("%s has too big current: %d mA")
@@ -192,37 +177,26 @@ bool SequencePlayer::currentsAreSafe(const Turn& turn)
     return true;
 }
 
-bool SequencePlayer::haveArrived(const Turn& turn)
+bool SequencePlayer::haveArrived(HandCall& call)
 {
-    constexpr auto count = static_cast<quint8>(FingerCount);
-    if (inPositionMode()) {
-        PerFinger<quint16> targets{};
-        PerFinger<quint16> currents{};
-        return succeeded("getFingerPosAll",
-                         turn.protocol->getFingerPosAll(turn.node, targets.data(), currents.data(),
-                                                        count),
-                         turn) &&
-               allWithin(PositionWindow, targets, currents);
-    }
-    PerFinger<qint16> targets{};
-    PerFinger<qint16> currents{};
-    return succeeded(
-               "getFingerAngleAll",
-               turn.protocol->getFingerAngleAll(turn.node, targets.data(), currents.data(), count),
-               turn) &&
-           allWithin(AngleWindow, targets, currents);
+    const auto pose = unit().readPose(call);
+    return pose && std::ranges::equal(pose->targets, pose->currents,
+                                      [window = unit().arrivalWindow()](int target, int current) {
+                                          return std::abs(target - current) <= window;
+                                      });
 }
 
-bool SequencePlayer::succeeded(const char* functionName, quint8 result, const Turn& turn)
+bool SequencePlayer::reportTimeout(const HandTarget&)
 {
-    if (!wanted(turn))
-        return false;
-    if (result == ResultCode::Success)
-        return true;
-    const QString message = _getErrorMsg(QLatin1String(functionName), result, turn);
-    if (wanted(turn))
-        _stop(message);
-    return false;
+    _stop(tr("TIME OUT"));
+    return true;
+}
+
+void SequencePlayer::reportFailure(const HandTarget& target, std::string_view operation,
+                                   quint8 result, quint8 subError)
+{
+    const auto name = QString::fromLatin1(operation.data(), qsizetype(operation.size()));
+    _stop(_getErrorMsg(name, target.node, result, subError));
 }
 
 void SequencePlayer::_stop(const QString& errMsg)
@@ -231,11 +205,9 @@ void SequencePlayer::_stop(const QString& errMsg)
     emit sig_updatePlaying(false, m_playingIndex, nowMs() - m_stepStart, errMsg);
 }
 
-QString SequencePlayer::_getErrorMsg(const QString& functionName, quint8 result, const Turn& turn)
+QString SequencePlayer::_getErrorMsg(const QString& functionName, quint8 node, quint8 result,
+                                     quint8 subError)
 {
-    if (result == ResultCode::Timeout)
-        return tr("TIME OUT");
-    const quint8 subError = turn.protocol->getNodeError(turn.node);
     return tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
-        .arg(functionName, hex(turn.node), hex(result), hex(subError));
+        .arg(functionName, hex(node), hex(result), hex(subError));
 }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "handcall.h"
 #include "sequencedata.h"
-#include "vantoprotocol.h"
 
 #include <QObject>
 #include <QTimer>
 
 #include <memory>
+
+class MotionUnit;
 
 /// Plays a sequence on one hand: sends a step, polls until all fingers have arrived and the step's
 /// delay has run out, goes on to the next. Stops at the end, at a failure of the hand, and when a
@@ -14,10 +16,9 @@
 ///
 /// Every call of the hand processes events while it waits, so stop() can come in the middle of
 /// play(), a poll or a step that is being sent, and stop() and play() from a signal between two of
-/// its calls. Each run has a number; after
-/// each call of the hand, and after each signal, whoever finds that the number has changed leaves
-/// without a word and without sending.
-class SequencePlayer : public QObject
+/// its calls. Each run is a generation of its own: a call for an earlier one sends and reports
+/// nothing.
+class SequencePlayer : public QObject, private CallReport
 {
     Q_OBJECT
 public:
@@ -58,32 +59,26 @@ signals:
     void sig_updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
 private:
-    /// What a play() or a poll works with from its beginning to its end.
-    struct Turn {
-        std::shared_ptr<VantoProtocol> protocol;
-        quint8 node;
-        quint64 run;
-    };
-
-    Turn beginTurn() const { return {m_protocol, static_cast<quint8>(m_node), m_run}; }
-    bool wanted(const Turn& turn) const { return turn.run == m_run; }
-    void poll(const Turn& turn);
-    bool inPositionMode() const;
+    HandCall beginCall();
+    void poll(HandCall& call);
+    const MotionUnit& unit() const;
     /// Sends a step, or the pose before it. False when not all of it was sent.
-    bool setupVanto(int sequenceIndex, bool prepare, const Turn& turn);
-    bool currentsAreSafe(const Turn& turn);
-    bool haveArrived(const Turn& turn);
-    /// False after a failure, which stops the player and is reported, and when no longer wanted.
-    bool succeeded(const char* functionName, quint8 result, const Turn& turn);
+    bool setupVanto(int sequenceIndex, bool prepare, HandCall& call);
+    bool currentsAreSafe(HandCall& call);
+    bool haveArrived(HandCall& call);
+    bool reportTimeout(const HandTarget& target) override;
+    void reportFailure(const HandTarget& target, std::string_view operation, quint8 result,
+                       quint8 subError) override;
     void _stop(const QString& errMsg);
-    static QString _getErrorMsg(const QString& functionName, quint8 result, const Turn& turn);
+    static QString _getErrorMsg(const QString& functionName, quint8 node, quint8 result,
+                                quint8 subError);
 
     std::shared_ptr<VantoProtocol> m_protocol;
     int m_node = 0;
     SequenceData m_data; ///< a copy, so that edits do not reach what is played
     QTimer m_timer;
     bool m_sending = false; ///< one of its own exchanges may be under way
-    quint64 m_run = 0;      ///< raised by every play() and stop()
+    Generation m_run;       ///< advanced by every play() and stop()
     int m_playingIndex = 0;
     int m_endIndex = 0;
     qint64 m_stepStart = 0; ///< ms since the epoch

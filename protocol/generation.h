@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+/// Numbers the states of something that others refer to later: whoever keeps a token of a state can
+/// see whether it has passed. Tokens may outlive their generation; then all of them are stale.
+class Generation
+{
+public:
+    class Token
+    {
+    public:
+        /// Of no state; never current.
+        Token() = default;
+        bool isCurrent() const { return m_now && *m_now == m_number; }
+
+    private:
+        friend Generation;
+        explicit Token(std::shared_ptr<const std::uint64_t> now) : m_now(now), m_number(*now) {}
+
+        std::shared_ptr<const std::uint64_t> m_now;
+        std::uint64_t m_number = 0;
+    };
+
+    Generation() = default;
+    ~Generation() { advance(); }
+    Generation(const Generation&) = delete;
+    Generation& operator=(const Generation&) = delete;
+
+    Token token() const { return Token(m_now); }
+    /// Makes all tokens so far stale.
+    void advance() { ++*m_now; }
+
+private:
+    std::shared_ptr<std::uint64_t> m_now = std::make_shared<std::uint64_t>(0);
+};

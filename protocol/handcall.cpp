@@ -1,0 +1,16 @@
+#include "handcall.h"
+
+bool HandCall::accept(std::string_view operation, std::uint8_t result)
+{
+    if (!isCurrent())
+        return false;
+    if (result == ResultCode::Success)
+        return true;
+    if (result == ResultCode::Timeout && m_report.reportTimeout(m_target))
+        return false;
+    // At once, before any other exchange with the hand.
+    const std::uint8_t error = subError();
+    if (isCurrent())
+        m_report.reportFailure(m_target, operation, result, error);
+    return false;
+}

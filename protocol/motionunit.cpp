@@ -1,0 +1,81 @@
+#include "motionunit.h"
+
+#include <algorithm>
+
+namespace
+{
+template<class Value, auto Set, auto Get, auto GetAll, int Window>
+class Unit : public MotionUnit
+{
+public:
+    bool move(HandCall& call, std::uint8_t finger, int value, std::uint8_t speed) const override
+    {
+        return call.perform<Set>(finger, static_cast<Value>(value), speed);
+    }
+
+    std::optional<int> readTarget(HandCall& call, std::uint8_t finger,
+                                  std::string_view operation) const override
+    {
+        Value target = 0;
+        Value current = 0;
+        const std::uint8_t result = call.attempt<Get>(finger, &target, &current);
+        if (!call.accept(operation.empty() ? operationName<Get>() : operation, result))
+            return {};
+        return target;
+    }
+
+    std::optional<Pose> readPose(HandCall& call) const override
+    {
+        Values values;
+        const std::uint8_t result = values.read(call);
+        return call.accept(operationName<GetAll>(), result) ? std::optional(values.pose())
+                                                            : std::nullopt;
+    }
+
+    Pose readPoseIfPossible(HandCall& call) const override
+    {
+        Values values;
+        return values.read(call) == ResultCode::Success ? values.pose() : Pose{};
+    }
+
+    int arrivalWindow() const override { return Window; }
+
+private:
+    struct Values {
+        PerFinger<Value> targets{};
+        PerFinger<Value> currents{};
+
+        std::uint8_t read(HandCall& call)
+        {
+            return call.attempt<GetAll>(targets.data(), currents.data(),
+                                        static_cast<std::uint8_t>(FingerCount));
+        }
+        Pose pose() const
+        {
+            Pose pose;
+            std::copy(targets.begin(), targets.end(), pose.targets.begin());
+            std::copy(currents.begin(), currents.end(), pose.currents.begin());
+            return pose;
+        }
+    };
+};
+
+constexpr int PositionWindow = 256;
+constexpr int AngleWindow = 6;
+} // namespace
+
+const MotionUnit& MotionUnit::position()
+{
+    static const Unit<std::uint16_t, &VantoProtocol::setFingerPos, &VantoProtocol::getFingerPos,
+                      &VantoProtocol::getFingerPosAll, PositionWindow>
+        unit;
+    return unit;
+}
+
+const MotionUnit& MotionUnit::angle()
+{
+    static const Unit<std::int16_t, &VantoProtocol::setFingerAngle, &VantoProtocol::getFingerAngle,
+                      &VantoProtocol::getFingerAngleAll, AngleWindow>
+        unit;
+    return unit;
+}
