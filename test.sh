@@ -19,7 +19,7 @@ fi
 scripts/packages.sh build window test
 # Optimised code draws warnings of its own.
 cmake --preset release --log-level=NOTICE
-cmake --build --preset release --target VantoSetting vanto-hand
+cmake --build --preset release --target VantoSetting vanto-hand vanto-tour
 cmake --preset asan --log-level=NOTICE
 cmake --build --preset asan
 exec ctest --preset asan "$@"

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-/// Keeps Qt's lines out of the report, of this program and those that it starts. To be called before
-/// the application object is made.
+/// Keeps Qt's lines out of the report, of this program and those that it starts. To be called
+/// before the application object is made.
 void silenceLog();
 
 /// The middle of the values, which must not be empty.

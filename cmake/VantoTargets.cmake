@@ -45,15 +45,17 @@ function(vanto_precompile_headers target)
         return()
     endif()
     if(NOT TARGET vanto_qt_headers)
-        file(WRITE ${CMAKE_BINARY_DIR}/qtheaders.cpp "")
+        if(NOT EXISTS ${CMAKE_BINARY_DIR}/qtheaders.cpp)
+            file(WRITE ${CMAKE_BINARY_DIR}/qtheaders.cpp "")
+        endif()
         add_library(vanto_qt_headers OBJECT ${CMAKE_BINARY_DIR}/qtheaders.cpp)
         set_target_properties(vanto_qt_headers PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
         target_link_libraries(vanto_qt_headers PRIVATE vanto_build_flags Qt6::Widgets)
         target_precompile_headers(vanto_qt_headers PRIVATE <QApplication> <QComboBox> <QDebug>
             <QDialog> <QElapsedTimer> <QFile> <QJsonDocument> <QLabel> <QLineEdit> <QMainWindow>
             <QMessageBox> <QPointer> <QProcess> <QPushButton> <QRegularExpression> <QSlider>
-            <QTableWidget> <QTabWidget> <QTemporaryDir> <QTimer> <algorithm> <array> <functional> <memory>
-            <optional> <vector>)
+            <QTableWidget> <QTabWidget> <QTemporaryDir> <QTimer> <algorithm> <array>
+            <functional> <memory> <optional> <vector>)
     endif()
     target_precompile_headers(${target} REUSE_FROM vanto_qt_headers)
 endfunction()

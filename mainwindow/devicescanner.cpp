@@ -139,9 +139,9 @@ bool DeviceScanner::tryNode(const QString& port, const DeviceSession::Target& ca
 {
     const Conversation conversation;
     if (!candidate->connect(port.toUtf8().constData(), BaudRate)) {
-        m_failure = tr("Open port '%1' failed, protocol=%2, baudrate=%3")
-                        .arg(port, QString::number(candidate->protocolType()),
-                             QString::number(BaudRate));
+        m_failure =
+            tr("Open port '%1' failed, protocol=%2, baudrate=%3")
+                .arg(port, QString::number(candidate->protocolType()), QString::number(BaudRate));
         return false;
     }
     listIfAnswering(candidate);

@@ -25,8 +25,8 @@ public:
 
     /// True if the hand has accepted the motion.
     virtual bool move(HandCall& call, std::uint8_t finger, int value, std::uint8_t speed) const = 0;
-    /// The target of a finger; `operation` is the name that a failure is reported with, if it is not
-    /// that of the operation.
+    /// The target of a finger; `operation` is the name that a failure is reported with, if it is
+    /// not that of the operation.
     virtual std::optional<int> readTarget(HandCall& call, std::uint8_t finger,
                                           std::string_view operation = {}) const = 0;
     virtual std::optional<Pose> readPose(HandCall& call) const = 0;

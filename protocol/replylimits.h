@@ -10,4 +10,10 @@ struct ReplyLimits {
 
     /// The limits of all adapters of this process.
     static ReplyLimits& current();
+    /// The same `factor` times as long.
+    constexpr ReplyLimits stretched(int factor) const
+    {
+        return {factor * serialCtrl, factor * serialCtrlGains, factor * modbusRead,
+                factor * modbusWrite};
+    }
 };

@@ -3,22 +3,25 @@
 # own, puts a clone of the last commit there, runs the command in it and reports. The installation
 # without the clone is kept as an archive for the next time.
 # usage: scripts/bare.sh RELEASE COMMAND...        e.g. scripts/bare.sh trixie ./test.sh
-#        FOLDER is taken from VANTO_BARE, by default /var/tmp/vanto-bare
+# Variables: VANTO_BARE, the folder, by default /var/tmp/vanto-bare; VANTO_MIRROR, where packages come
+# from; VANTO_WARNINGS_AS_ERRORS.
 set -euo pipefail
-cd "$(dirname "$0")/.."
+self=$(realpath "$0")
+cd "$(dirname "$self")/.."
 
 release=${1:?usage: $0 RELEASE COMMAND...}
 shift
 [[ $# -gt 0 ]] || { echo "usage: $0 RELEASE COMMAND..." >&2; exit 2; }
 if [[ $EUID -ne 0 ]]; then
-    exec scripts/as-root.sh env VANTO_BARE="${VANTO_BARE:-}" "$PWD/$0" "$release" "$@"
+    exec scripts/as-root.sh env VANTO_BARE="${VANTO_BARE:-}" VANTO_MIRROR="${VANTO_MIRROR:-}" \
+        VANTO_WARNINGS_AS_ERRORS="${VANTO_WARNINGS_AS_ERRORS:-}" "$self" "$release" "$@"
 fi
 
 folder=${VANTO_BARE:-/var/tmp/vanto-bare}
 mirror=${VANTO_MIRROR:-http://deb.debian.org/debian}
 archive=$folder/$release.tar
 root=$folder/$release-$$
-log=$folder/$release-$(basename "$1").log
+log=$folder/$release$(printf -- '-%s' "$*" | tr --complement --squeeze-repeats '[:alnum:].\n' - | cut --bytes 1-60).log
 
 clean_up() {
     # /dev/pts and the like must not be removed together with the folder.

@@ -13,8 +13,9 @@ declare -A packages=(
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [fuzz]="clang"
     [coverage]="gcovr"
-    [lint]="clang-format clang-tidy"
-    [bare]="debootstrap"
+    [format]="clang-format git"
+    [tidy]="clang-tidy"
+    [bare]="debootstrap debian-archive-keyring git"
 )
 if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
     packages[window]+=" qt6-wayland"

@@ -22,18 +22,10 @@ constexpr bool Sanitized = false;
 
 namespace
 {
-void beginPatience(int factor)
-{
-    ReplyLimits& limits = ReplyLimits::current();
-    for (int* limit :
-         {&limits.serialCtrl, &limits.serialCtrlGains, &limits.modbusRead, &limits.modbusWrite})
-        *limit *= factor;
-}
-
 /// Fewer than so many actions and requests a second are no use of the window.
-constexpr double LeastPerSecond = 0.5;
+constexpr int LeastPerSecond = 2;
 
-int useAtRandom(int seconds, quint32 seed, const QString& protocol)
+int useAtRandom(int seconds, quint32 seed, const QString& protocol, int patience)
 {
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
@@ -43,12 +35,12 @@ int useAtRandom(int seconds, quint32 seed, const QString& protocol)
         return 2;
     }
     qputenv("VANTO_PORTS", hand.portName().toUtf8());
-    Watch watch(hand, Sanitized);
+    Watch watch(hand, Sanitized, patience > 1);
     Monkey monkey(hand, watch, seed);
     monkey.start(seconds);
     QApplication::exec();
     watch.lookAtWire();
-    if (std::min(monkey.actions(), watch.exchanges()) < LeastPerSecond * seconds)
+    if (std::min(monkey.actions(), watch.exchanges()) * patience < LeastPerSecond * seconds)
         watch.find(QStringLiteral("hardly anything was done"));
     std::printf("%s, seed %u: %d s, %d actions, %d requests on the wire, longest gap %lld ms, "
                 "%d findings\n",
@@ -93,7 +85,8 @@ int main(int argc, char* argv[])
         QStringLiteral("N"), QStringLiteral("1"));
     parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after, patience});
     parser.process(application);
-    beginPatience(parser.value(patience).toInt());
+    const int factor = parser.value(patience).toInt();
+    ReplyLimits::current() = ReplyLimits().stretched(factor);
 
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
@@ -107,5 +100,5 @@ int main(int argc, char* argv[])
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return Ending::perform(parser.value(endDuring), parser.value(after).toInt(), kind);
     }
-    return useAtRandom(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind);
+    return useAtRandom(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind, factor);
 }

@@ -49,8 +49,8 @@ bool moves(const TracedFrame& request)
 }
 } // namespace
 
-Watch::Watch(HandProcess& hand, bool slow)
-    : m_hand(hand), m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs)
+Watch::Watch(HandProcess& hand, bool slow, bool busy)
+    : m_hand(hand), m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs), m_busyMachine(busy)
 {
     s_messages = &m_findings;
     qInstallMessageHandler(takeMessage);
@@ -108,8 +108,7 @@ void Watch::beat()
     const qint64 worked = processorMs() - m_workedAtBeat;
     m_workedAtBeat += worked;
     m_longestGapMs = std::max(m_longestGapMs, gap);
-    // On a busy machine the process may have to wait for a processor.
-    if (gap > m_limitMs && (worked > m_limitMs || gap > CertainGapMs))
+    if (gap > m_limitMs && (!m_busyMachine || worked > m_limitMs || gap > CertainGapMs))
         find(QStringLiteral("the event loop stood still for %1 ms").arg(gap));
 }
 

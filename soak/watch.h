@@ -12,8 +12,9 @@ class HandProcess;
 class Watch : public QObject
 {
 public:
-    /// `slow` allows for sanitizers: the limit on a standing event loop is doubled.
-    Watch(HandProcess& hand, bool slow);
+    /// `slow` allows for sanitizers: the limit on a standing event loop is doubled. On a `busy`
+    /// machine the process may have to wait for a processor, so its processor time counts.
+    Watch(HandProcess& hand, bool slow, bool busy);
     ~Watch() override;
 
     /// How many of the frames that the hand has traced move a finger.
@@ -41,6 +42,7 @@ private:
     qint64 m_limitMs;
     qint64 m_longestGapMs = 0;
     qint64 m_workedAtBeat = 0; ///< processor time, ms
+    bool m_busyMachine;
     bool m_still = false;
     int m_exchanges = 0;
     QStringList m_findings;

@@ -126,7 +126,7 @@ int tour(const QString& theme, const QDir& folder, TourManner manner)
         return fail(hands.errorText(), FailedStatus);
     qputenv("VANTO_PORTS", hands.portName().toUtf8());
     // A window that is painted takes a large part of the time that a hand has for an answer.
-    ReplyLimits::current() = {300, 900, 300, 800};
+    ReplyLimits::current() = ReplyLimits().stretched(6);
     CalibrationProcedure::stageMs = 200;
 
     MainWindow window;

@@ -14,7 +14,7 @@
 
 namespace
 {
-constexpr int LookMs = 200; ///< how often the port is looked at; a look takes some microseconds
+constexpr int CheckMs = 200;
 
 #ifdef Q_OS_UNIX
 bool hasHungUp(const QSerialPort& port)
@@ -36,8 +36,8 @@ bool hasHungUp(const QSerialPort& port)
 
 PortWatch::PortWatch(std::function<void()> close) : m_close(std::move(close))
 {
-    m_timer.setInterval(LookMs);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+    m_timer.setInterval(CheckMs);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { check(); });
 }
 
 void PortWatch::opened(const QSerialPort* port)
@@ -55,7 +55,7 @@ void PortWatch::closed()
     m_timer.stop();
 }
 
-void PortWatch::look()
+void PortWatch::check()
 {
     if (!m_port || !m_port->isOpen())
         m_timer.stop();

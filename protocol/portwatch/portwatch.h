@@ -9,9 +9,9 @@ class QSerialPort;
 
 /// Closes a serial port whose far end has gone.
 ///
-/// Qt is no help with it: depending on its version such a port reports the same read error hundreds
-/// of thousands of times a second, or nothing at all. In both cases it stays "open", its notifier
-/// keeps one core busy for ever, and whoever waits runs into a time-out.
+/// Qt does not do it: depending on its version such a port reports the same read error hundreds of
+/// thousands of times a second, or nothing at all. In both cases it stays "open" and keeps one core
+/// busy for ever, and every wait for it ends in a time-out.
 ///
 /// So the port's handle is polled while the port is open, and errors that the port does report are
 /// a second source. Either leads to one queued call of `close`: closing a port inside its own
@@ -21,15 +21,14 @@ class PortWatch
 public:
     explicit PortWatch(std::function<void()> close);
 
-    /// Starts watching `port`, which has been opened. It must be reported by closed() before it is
-    /// destroyed, unless the watch goes first.
+    /// Starts watching `port`, which has been opened.
     void opened(const QSerialPort* port);
     void closed();
     /// The port has reported an error that means the end of the line.
     void failed();
 
 private:
-    void look();
+    void check();
 
     std::function<void()> m_close;
     QPointer<const QSerialPort> m_port; ///< null: nothing is open

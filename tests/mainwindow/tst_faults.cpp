@@ -1,6 +1,7 @@
 #include "conversation.h"
 #include "handtest.h"
 #include "pageindex.h"
+#include "resultcode.h"
 #include "testmain.h"
 
 #include <QSlider>
@@ -11,8 +12,7 @@
 namespace
 {
 constexpr int WritePid = 0x45;
-/// For each reply; for that to a write of gains three times as long. A tenth of a second is too
-/// little for a simulated hand on a busy machine.
+/// For each reply, where one does not come; for that to a write of gains three times as long.
 constexpr int LimitMs = 250;
 
 /// Results by what is asked: a register or command is read, or written.
@@ -34,7 +34,7 @@ constexpr FaultRow rows[] = {
     {"drop", {3, 3}, {3, 3}},
     {"hang", {3, 3}, {3, 3}}, // not this request alone
     {"late ms=320", {3, 3}, {0, 0}},
-    {"late ms=600", {3, 3}, {3, 3}},
+    {"late ms=800", {3, 3}, {3, 3}},
     {"garble", {1, 1}, {3, 3}},
     {"truncate", {3, 3}, {3, 3}},
     {"wrong-node", {5, 5}, {3, 3}},
@@ -162,9 +162,10 @@ void TestFaults::faults()
 {
     QFETCH(const FaultRow*, row);
     QFETCH(bool, modbus);
-    expectTimeouts(LimitMs);
-    open({"--node", modbus ? "2:modbus" : "2", "--speed", "50"});
     const Results& results = modbus ? row->modbus : row->serialCtrl;
+    if (results.read == ResultCode::Timeout || results.write == ResultCode::Timeout)
+        expectTimeouts(LimitMs);
+    open({"--node", modbus ? "2:modbus" : "2", "--speed", "50"});
     for (const UserAction& action : actions) {
         if (modbus && action.reg == SerialCtrlOnly)
             continue;
@@ -181,7 +182,7 @@ void TestFaults::faults()
                                    : QString("command=%1").arg(action.command)));
         act(action);
         int result = action.isRead ? results.read : results.write;
-        if (late && !modbus && action.command == WritePid)
+        if (late && !modbus && action.command == WritePid && !QString(row->fault).endsWith("800"))
             result = 0; // the hand is given longer for it
         QString text = QString("%1(0x02, ...) returned 0x%2 (sub err %3)")
                            .arg(action.operation)

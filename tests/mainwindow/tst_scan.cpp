@@ -1,3 +1,4 @@
+#include "deviceentry.h"
 #include "handtest.h"
 #include "testmain.h"
 
@@ -14,10 +15,17 @@ class TestScan : public HandTest
 {
     Q_OBJECT
 private slots:
-    void init() { expectTimeouts(300); }
+    void init()
+    {
+        for (const char* scans : {"findsAllHands", "stopFinishesTheNode", "widgetsDuringScan",
+                                  "badAnswers", "pageTimers"})
+            if (QTest::currentTestFunction() == QString(scans))
+                expectTimeouts(300); // of nodes that are absent
+    }
     void cleanup() { close(); }
     void listsPorts();
     void findsAllHands();
+    void entryTexts();
     void stopFinishesTheNode();
     void widgetsDuringScan();
     void portNotOpened_data();
@@ -59,6 +67,17 @@ void TestScan::findsAllHands()
     QCOMPARE(m_tool->devices()->currentIndex(), 0);
     QCOMPARE(shown().last(3),
              (QStringList{"Basic info loaded", "Setting loaded", "Running info loaded"}));
+}
+
+/// Node numbers are hexadecimal wherever they are shown.
+void TestScan::entryTexts()
+{
+    DeviceEntry entry{0x1F, "SerialCtrl", 1, 4, 300, 3, 2};
+    QCOMPARE(entry.text(), "0x1f (SerialCtrl V1.4.300, Protocol V3.2)");
+    open({"--node", "31"});
+    tell("fault refuse error=0x21");
+    m_tool->click("pushButton_BasicBeep");
+    QCOMPARE(m_tool->errorText(), "beep(0x1f, ...) returned 0xff (sub err 21)");
 }
 
 void TestScan::stopFinishesTheNode()

@@ -392,10 +392,13 @@ void TestSequence::stopEndsEverything()
     });
     m_tool->click("pushButton_SeqRun");
     QTRY_VERIFY(acted && idle());
-    QTest::qWait(30);
     // What was on its way at that moment may still be traced.
     QVERIFY2(motions().size() <= 1, qPrintable(QString::number(wait) + motions().join('|')));
     QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
+    QTRY_VERIFY(idle());
+    m_hand->forgetTrace();
+    QTest::qWait(150); // longer than a poll and a step's delay
+    QCOMPARE(motions(), QStringList());
 }
 
 void TestSequence::overCurrent()

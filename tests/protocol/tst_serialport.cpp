@@ -92,7 +92,7 @@ void tst_serialport::staleClose()
     unplug();
     port->clear();
     QVERIFY2(port->bytesAvailable() == 0, "closed inside its own signal");
-    QTRY_COMPARE(port->bytesAvailable(), -1); // the second hang-up closes the port
+    QTRY_VERIFY(port->bytesAvailable() == -1); // the second hang-up closes the port
 }
 
 VANTO_TEST(tst_serialport)

@@ -19,6 +19,13 @@ class tst_player : public QObject
     qint64 m_period = 0; ///< of the last signal
 
     void tell(const QByteArray& command) { QCOMPARE(m_hand->command(QString(command)), u"ok"); }
+    /// Where replies are dropped, time-outs may not take long.
+    void limitReplies(int ms)
+    {
+        ReplyLimits::current() = {ms, ms, ms, ms};
+        m_adapter->disconnect();
+        QVERIFY(m_adapter->connect(qPrintable(m_hand->portName()), 115'200));
+    }
     bool play(const QList<SequenceDataItem>& steps, int start, int end, bool forEdit = false,
               const char* type = "position")
     {
@@ -47,15 +54,11 @@ private slots:
     {
         QFETCH_GLOBAL(const PROTOCOL_TYPE, protocol);
         m_modbus = protocol == PROTOCOL_TYPE_MODBUS_RTU;
-        // Where replies are dropped, time-outs may not take long.
-        const QByteArray test = QTest::currentTestFunction();
-        const int limit = test == "failures" || test == "stopping" ? 250 : 20'000;
-        ReplyLimits::current() = {limit, limit, limit, limit};
         m_frames = m_modbus ? 2 : 1;
         m_hand = std::make_unique<HandProcess>();
         QVERIFY(m_hand->start({"--node", "2:modbus", "--node", "2:serialctrl", "--speed", "9"}));
         m_adapter = VantoProtocol::getProtocolInstance(protocol, m_modbus ? 1 : 3, 0);
-        QVERIFY(m_adapter->connect(qPrintable(m_hand->portName()), 115'200));
+        limitReplies(20'000);
         m_player = std::make_unique<SequencePlayer>();
         m_player->setVantoProtocol(m_adapter, 2);
         connect(m_player.get(), &SequencePlayer::sig_updatePlaying, this,
@@ -120,6 +123,7 @@ private slots:
             {"fault refuse skip=6", "getFingerPosAll(0x02, ...) returned 0xff (sub err 21)"}};
         for (const char* type : {"position", "angle"})
             for (auto [command, message] : rows) {
+                limitReplies(message == "TIME OUT" ? 250 : 20'000);
                 QVERIFY(play({{{}, {}, 60}}, 0, 1, false, type));
                 tell(command);
                 message.replace("0xff", m_modbus ? "0x10" : "0xff");
@@ -164,6 +168,7 @@ private slots:
             QVERIFY(motions().size() <= sent + 1); // one frame may have been on its way
         }
         // Nor is a frame repeated that got no answer.
+        limitReplies(500);
         tell("fault drop count=0");
         QTimer::singleShot(60, this, [&] { m_player->stop(); });
         play({m_rest}, 0, 0);

@@ -261,7 +261,7 @@ void tst_client::lateReplies_data()
 void tst_client::lateReplies()
 {
     QFETCH(int, ms);
-    ReplyLimits::current() = {100, 300, 100, 400}; // twice the product's
+    ReplyLimits::current() = ReplyLimits().stretched(2);
     for (const char* value : {"start 5 1000", "end 5 3000", "voltage 1111"})
         command(QStringLiteral("set 2 ") + QLatin1String(value));
     command(QStringLiteral("fault late ms=%1 count=0").arg(ms));
@@ -274,21 +274,21 @@ void tst_client::lateReplies()
     QCOMPARE(int(m_adapter->setFingerPosAbs(HandNode, 5, 2000, 255)), 0);
     QCOMPARE(command(QStringLiteral("get 2 target 5")), QStringLiteral("ok 32767"));
     // Nor one that lay in the port for long.
-    command(QStringLiteral("fault late ms=240 count=2"));
+    command(QStringLiteral("fault late ms=500 count=2"));
     QCOMPARE(readVoltage(), 3);
-    QThread::msleep(400);
+    QThread::msleep(700);
     QVERIFY(m_adapter->getFingerCurrentLimit(HandNode, 1, &limit) != 0 || limit == 410);
 }
 
 /// A write is given longer than a read before it is repeated.
 void tst_client::timeouts()
 {
-    ReplyLimits::current() = {400, 1200, 400, 1600}; // eight times the product's
+    ReplyLimits::current() = ReplyLimits().stretched(16);
     for (const auto& [ask, requests] :
          {std::pair{std::function([&] { return int(m_adapter->beep(HandNode, 1)); }), 1},
           {std::function([&] { return readVoltage(); }), 2}}) {
         m_hand->forgetTrace();
-        command(QStringLiteral("fault late ms=500 count=0"));
+        command(QStringLiteral("fault late ms=1100 count=0"));
         QCOMPARE(ask(), 0);
         QCOMPARE(m_hand->requests().size(), requests);
         command(QStringLiteral("clear"));
