@@ -35,6 +35,7 @@ clean_up() {
 scripts/packages.sh bare
 mkdir -p "$folder" "$root"
 trap clean_up EXIT
+trap 'exit 130' INT TERM
 if [[ ! -e $archive ]]; then
     echo "Making a minimal $release in $folder"
     debootstrap --variant=minbase "$release" "$root" "$mirror" >"$folder/$release-debootstrap.log"
