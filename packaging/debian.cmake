@@ -23,8 +23,15 @@ hardware.")
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Loaded at run time, so unseen by dpkg-shlibdeps: the plugin for the SVG images of the themes.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
+# Loaded at run time, so unseen by dpkg-shlibdeps: the plugin for the SVG images of the themes. Since
+# Debian 13 it is a package of its own.
+execute_process(COMMAND dpkg-query --search */imageformats/libqsvg.so
+    OUTPUT_VARIABLE svg_plugin ERROR_QUIET)
+if(svg_plugin MATCHES "^([a-z0-9-]+):")
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS ${CMAKE_MATCH_1})
+else()
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
+endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "ca-certificates, fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
 
