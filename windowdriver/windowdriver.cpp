@@ -10,10 +10,12 @@
 #include <QStatusBar>
 #include <QTabWidget>
 
-WindowDriver::WindowDriver(const QStringList& ports)
+WindowDriver::WindowDriver(const QStringList& ports, void (*beforeShown)())
 {
     qputenv("VANTO_PORTS", ports.join(QLatin1Char(':')).toUtf8());
     m_window = std::make_unique<MainWindow>();
+    if (beforeShown)
+        beforeShown();
     m_window->show();
 }
 

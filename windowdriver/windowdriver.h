@@ -13,8 +13,8 @@
 class WindowDriver
 {
 public:
-    /// Shows the window with `ports` listed after the system's.
-    explicit WindowDriver(const QStringList& ports = {});
+    /// Shows the window with `ports` listed after the system's; calls `beforeShown` before that.
+    explicit WindowDriver(const QStringList& ports = {}, void (*beforeShown)() = nullptr);
 
     /// The named widget, action or timer, which must exist.
     template<class T>
