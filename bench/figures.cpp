@@ -1,6 +1,6 @@
 #include "figures.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <algorithm>
 #include <cstdio>
