@@ -42,7 +42,6 @@ int useAtRandom(int seconds, quint32 seed, const QString& protocol)
         std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
         return 2;
     }
-    qputenv("VANTO_PORTS", hand.portName().toUtf8());
     Watch watch(hand, Sanitized);
     Monkey monkey(hand, watch, seed);
     monkey.start(seconds);

@@ -20,10 +20,11 @@ DialogWatch::DialogWatch(Answer answer) : m_answer(std::move(answer))
 
 void DialogWatch::timerEvent(QTimerEvent*)
 {
+    m_answered.removeIf([](const auto& known) { return !known || !known->isVisible(); });
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialog || dialog == m_seen || !dialog->isVisible())
+    if (!dialog || !dialog->isVisible() || m_answered.contains(dialog))
         return;
-    m_seen = dialog;
+    m_answered.append(dialog);
     m_answer(*dialog);
 }
 

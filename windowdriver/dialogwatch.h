@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 
@@ -21,7 +22,7 @@ protected:
 
 private:
     Answer m_answer;
-    QPointer<QDialog> m_seen;
+    QList<QPointer<QDialog>> m_answered;
 };
 
 /// Types the name of a file in a file dialog and accepts it soon after the caller has returned.
