@@ -1,16 +1,13 @@
 // What an exchange with a hand costs with the window shown, and what an absent hand costs a scan.
 
+#include "bench.h"
 #include "figures.h"
-#include "handprocess.h"
-#include "mainwindow.h"
 #include "theme.h"
 #include "vantoprotocol.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QPushButton>
 #include <QStatusBar>
 #include <QTemporaryDir>
 
@@ -53,26 +50,23 @@ double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8
 }
 
 /// Median time of a node at which no hand is, from one "Trying node" to the next in a real scan.
-double medianOfScan(MainWindow& window, const QString& port)
+double medianOfScan(const WindowDriver& tool, const QString& port)
 {
-    auto* ports = window.findChild<QComboBox*>(QStringLiteral("comboBox_Ports"));
-    auto* scan = window.findChild<QPushButton*>(QStringLiteral("pushButton_ScanDevices"));
-    ports->setCurrentIndex(ports->findData(port));
-
+    tool.choosePort(port);
     std::vector<double> times;
     QElapsedTimer timer;
     int tried = 0;
     const auto connection = QObject::connect(
-        window.statusBar(), &QStatusBar::messageChanged, scan, [&](const QString& text) {
+        tool.window()->statusBar(), &QStatusBar::messageChanged, [&](const QString& text) {
             if (!text.startsWith(QLatin1String("Trying node")))
                 return;
             if (++tried > HandNode + 1)
                 times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
             timer.start();
             if (times.size() == ScannedNodes)
-                scan->click();
+                tool.click("pushButton_ScanDevices");
         });
-    scan->click();
+    tool.click("pushButton_ScanDevices");
     QObject::disconnect(connection);
     return times.size() >= ScannedNodes ? median(times) : -1;
 }
@@ -92,15 +86,8 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
-    HandProcess hand;
-    if (!hand.start({QStringLiteral("--node"), QString::number(HandNode)})) {
-        std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
-        return 1;
-    }
-    qputenv("VANTO_PORTS", hand.portName().toUtf8());
-    MainWindow window;
-    Theme::applyStored();
-    window.show();
+    const BenchHand hand({QStringLiteral("--node"), QString::number(HandNode)});
+    const WindowDriver tool({hand.portName()}, Theme::applyStored);
 
     const auto adapter = VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0);
     if (!adapter->connect(hand.portName().toUtf8().constData(), BaudRate)) {
@@ -116,7 +103,7 @@ int main(int argc, char* argv[])
     const double modbusAbsent =
         medianOf(*modbus, AbsentNode, ModbusAbsentTries, ResultCode::Timeout);
     modbus->disconnect();
-    const double scanned = medianOfScan(window, hand.portName());
+    const double scanned = medianOfScan(tool, hand.portName());
     if (!measured(exchange, "an exchange") || !measured(absent, "a request to nobody") ||
         !measured(modbusAbsent, "a Modbus request to nobody") || !measured(scanned, "the scan"))
         return 1;

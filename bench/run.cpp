@@ -6,9 +6,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -48,14 +45,14 @@ double medianMs(const std::function<void()>& act)
 
 bool measureCosts()
 {
-    Bench bench({});
-    bench.showPage(2);
-    const double tick = medianMs([&] { bench.window().updateCurrent(); });
-    bench.showPage(0);
-    bench.hand().forgetTrace();
-    bench.window().reloadSettingInfo();
-    const auto exchanges = static_cast<double>(bench.hand().requests().size());
-    const double reload = medianMs([&] { bench.window().reloadSettingInfo(); });
+    Bench bench;
+    bench.tool.showPage(RunPage);
+    const double tick = medianMs([&] { bench.tool.window()->updateCurrent(); });
+    bench.tool.showPage(BasicPage);
+    bench.hand.forgetTrace();
+    bench.tool.window()->reloadSettingInfo();
+    const auto exchanges = static_cast<double>(bench.hand.requests().size());
+    const double reload = medianMs([&] { bench.tool.window()->reloadSettingInfo(); });
     const bool tickGood =
         report({"run tick, six currents", tick, "ms", FingerCount * TickMs, RunTickBar});
     const bool reloadGood =
@@ -67,19 +64,19 @@ bool measureCosts()
 bool clickSet()
 {
     Bench bench({QStringLiteral("--baud"), QString::number(SlowBaud)});
-    bench.showPage(2);
+    bench.tool.showPage(RunPage);
     // The scan's last time-out text is still shown.
-    while (!bench.find<QLabel>("label_StatusError").text().isEmpty())
+    while (!bench.tool.errorText().isEmpty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    bench.hand().forgetTrace();
+    bench.hand.forgetTrace();
     int clicks = 0;
     QStringList errors;
     QTimer clicking;
     QObject::connect(&clicking, &QTimer::timeout, [&] {
         ++clicks;
-        bench.find<QLineEdit>("lineEdit_RunPos3").setText(QString::number(clicks));
-        bench.find<QPushButton>("pushButton_RunSetPos3").click();
-        const QString error = bench.find<QLabel>("label_StatusError").text();
+        bench.tool.setField("lineEdit_RunPos3", QString::number(clicks));
+        bench.tool.click("pushButton_RunSetPos3");
+        const QString error = bench.tool.errorText();
         if (!error.isEmpty())
             errors.append(error);
     });
@@ -91,7 +88,7 @@ bool clickSet()
     std::multiset<int> sent;
     int refreshes = 0;
     int overlaps = 0;
-    for (const TracedFrame& request : bench.hand().requests()) {
+    for (const TracedFrame& request : bench.hand.requests()) {
         const auto byte = [&](int at) { return static_cast<unsigned char>(request.bytes[at]); };
         if (request.bytes[CommandAt] == SetPosition)
             sent.insert(byte(PositionAt) + 256 * byte(PositionAt + 1));

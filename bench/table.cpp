@@ -1,18 +1,17 @@
 // How long a long sequence takes from its file to the table that shows it, and how smooth it is.
 
 #include "bench.h"
+#include "dialogwatch.h"
 #include "figures.h"
-#include "pageindex.h"
 #include "sequencemanager.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileDialog>
 #include <QTableWidget>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <cstdio>
 
@@ -47,32 +46,25 @@ int main(int argc, char* argv[])
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
     const QString name = writeSequence();
-    Bench bench({});
-    bench.showPage(SequencePage);
-    auto& table = bench.find<QTableWidget>(QStringLiteral("tableWidget_Seq"));
+    const Bench bench;
+    bench.tool.showPage(SequencePage);
+    auto* table = bench.tool.find<QTableWidget>("tableWidget_Seq");
 
     QElapsedTimer timer;
-    QTimer answer;
-    QObject::connect(&answer, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        answer.stop();
-        dialog->selectFile(name);
-        timer.start();
-        static_cast<QDialog*>(dialog)->accept();
+    const DialogWatch watch([&](QDialog& dialog) {
+        QObject::connect(&dialog, &QDialog::accepted, [&] { timer.start(); });
+        chooseFile(dialog, name);
     });
-    answer.start(10);
-    bench.find<QPushButton>(QStringLiteral("pushButton_SeqLoad")).click();
-    bench.window().repaint();
+    bench.tool.click("pushButton_SeqLoad");
+    bench.tool.window()->repaint();
     const double loaded = ms(timer);
-    if (table.rowCount() != Steps) {
-        std::fprintf(stderr, "the table shows %d steps\n", table.rowCount());
+    if (table->rowCount() != Steps) {
+        std::fprintf(stderr, "the table shows %d steps\n", table->rowCount());
         return 1;
     }
     timer.start();
-    table.scrollToBottom();
-    bench.window().repaint();
+    table->scrollToBottom();
+    bench.tool.window()->repaint();
     const double scrolled = ms(timer);
 
     bool good = report({"10,000 steps from file to table", loaded, "ms", LimitMs, 1});

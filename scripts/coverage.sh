@@ -14,7 +14,7 @@ ctest --preset coverage "$@" || status=$?
 mkdir -p build/coverage/report
 gcovr --root . --object-directory build/coverage --exclude-throw-branches \
     --exclude build/ --exclude tests/ --exclude bench/ --exclude fuzz/ --exclude soak/ \
-    --exclude tour/ --html-details build/coverage/report/index.html --txt build/coverage/report.txt \
-    --print-summary
+    --exclude tour/ --exclude windowdriver/ --html-details build/coverage/report/index.html \
+    --txt build/coverage/report.txt --print-summary
 cat build/coverage/report.txt
 exit "$status"

@@ -1,22 +1,17 @@
 #include "ending.h"
 
 #include "conversation.h"
+#include "dialogwatch.h"
 #include "handprocess.h"
-#include "mainwindow.h"
-#include "openhand.h"
-#include "pageindex.h"
+#include "windowdriver.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QProcess>
-#include <QPushButton>
 #include <QRandomGenerator>
-#include <QTabWidget>
 #include <QTcpServer>
 #include <QTimer>
 
@@ -32,61 +27,47 @@ constexpr int ChildMs = 30'000;
 const QByteArray Closing = "closing";
 const QByteArray Midway = "closing midway";
 
-void click(const MainWindow& window, const char* name)
+/// What takes long. Dialogs are answered as they come up.
+const std::map<QString, std::function<void(const WindowDriver&)>>& operations()
 {
-    window.findChild<QPushButton*>(QLatin1String(name))->click();
-}
-
-void showPage(const MainWindow& window, int page)
-{
-    window.findChild<QTabWidget*>(QStringLiteral("tabWidget"))->setCurrentIndex(page);
-}
-
-/// What takes long. Dialogs are answered while they come up.
-const std::map<QString, std::function<void(const MainWindow&)>>& operations()
-{
-    static const std::map<QString, std::function<void(const MainWindow&)>> all{
-        {QStringLiteral("scan"), [](const auto& w) { click(w, "pushButton_ScanDevices"); }},
+    static const std::map<QString, std::function<void(const WindowDriver&)>> all{
+        {QStringLiteral("scan"), [](const auto& w) { w.click("pushButton_ScanDevices"); }},
         {QStringLiteral("reload"),
          [](const auto& w) {
              for (int i = 0; i < 100; ++i)
-                 click(w, "pushButton_BasicReloadBasic");
+                 w.click("pushButton_BasicReloadBasic");
          }},
-        {QStringLiteral("run"), [](const auto& w) { showPage(w, RunPage); }},
+        {QStringLiteral("run"), [](const auto& w) { w.showPage(RunPage); }},
         {QStringLiteral("play"),
          [](const auto& w) {
-             showPage(w, SequencePage);
-             click(w, "pushButton_SeqLoad");
-             click(w, "pushButton_SeqRun");
+             w.showPage(SequencePage);
+             w.click("pushButton_SeqLoad");
+             w.click("pushButton_SeqRun");
          }},
         {QStringLiteral("calibration"),
-         [](const auto& w) { click(w, "pushButton_BasicRecalibrate"); }},
+         [](const auto& w) { w.click("pushButton_BasicRecalibrate"); }},
         {QStringLiteral("download"),
-         [](const auto& w) { click(w, "pushButton_BasicUpdateFirmware"); }},
+         [](const auto& w) { w.click("pushButton_BasicUpdateFirmware"); }},
     };
     return all;
 }
 
-void answerDialogs()
+void answerDialog(QDialog& dialog)
 {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialog || !dialog->isVisible())
-        return;
-    if (auto* files = qobject_cast<QFileDialog*>(dialog))
-        files->selectFile(QStringLiteral(VANTO_EXAMPLES "/wave.json"));
-    if (auto* input = qobject_cast<QInputDialog*>(dialog))
+    if (qobject_cast<QFileDialog*>(&dialog))
+        return chooseFile(dialog, QStringLiteral(VANTO_EXAMPLES "/wave.json"));
+    if (auto* input = qobject_cast<QInputDialog*>(&dialog))
         input->setTextValue(input->comboBoxItems().isEmpty() ? QStringLiteral("1A2B")
                                                              : input->comboBoxItems().constLast());
-    dialog->accept();
+    dialog.accept();
 }
 
 /// Whether something is being done. What waits for the server only disables the pages.
-bool isMidway(const MainWindow& window)
+bool isMidway(const WindowDriver& tool)
 {
     return Conversation::busy() || QApplication::activeModalWidget() ||
-           !window.findChild<QTabWidget*>(QStringLiteral("tabWidget"))->isEnabled() ||
-           window.findChild<QPushButton*>(QStringLiteral("pushButton_SeqStop"))->isEnabled() ||
-           window.findChild<QTimer*>(QStringLiteral("runTimer"))->isActive();
+           !tool.enabled("tabWidget") || tool.enabled("pushButton_SeqStop") ||
+           tool.find<QTimer>("runTimer")->isActive();
 }
 } // namespace
 
@@ -100,26 +81,22 @@ int Ending::perform(const QString& operation, int afterMs, const QString& protoc
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol}))
         return 2;
-    qputenv("VANTO_PORTS", hand.portName().toUtf8());
     QTcpServer silent; // takes the download's connection and says nothing
     silent.listen(QHostAddress::LocalHost);
     qputenv("VANTO_FIRMWARE_SERVER",
             QByteArray("http://127.0.0.1:") + QByteArray::number(silent.serverPort()));
-    MainWindow window;
-    window.show();
-    openHand(window, hand.portName());
-    QTimer dialogs;
-    QObject::connect(&dialogs, &QTimer::timeout, &answerDialogs);
-    dialogs.start(20);
-    QTimer::singleShot(afterMs, &window, [&] {
-        std::printf("%s\n", (isMidway(window) ? Midway : Closing).constData());
+    const WindowDriver tool({hand.portName()});
+    tool.openHand(hand.portName());
+    const DialogWatch dialogs(answerDialog);
+    QTimer::singleShot(afterMs, tool.window(), [&] {
+        std::printf("%s\n", (isMidway(tool) ? Midway : Closing).constData());
         std::fflush(stdout);
         if (afterMs % 2 == 0)
-            window.close();
+            tool.window()->close();
         else
-            window.findChild<QAction*>(QStringLiteral("action_Exit"))->trigger();
+            tool.trigger("action_Exit");
     });
-    QTimer::singleShot(0, &window, [&] { operations().at(operation)(window); });
+    QTimer::singleShot(0, tool.window(), [&] { operations().at(operation)(tool); });
     return QApplication::exec();
 }
 

@@ -34,7 +34,6 @@ int useAtRandom(int seconds, quint32 seed, const QString& protocol, int patience
         std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
         return 2;
     }
-    qputenv("VANTO_PORTS", hand.portName().toUtf8());
     Watch watch(hand, Sanitized, patience > 1);
     Monkey monkey(hand, watch, seed);
     monkey.start(seconds);

@@ -2,7 +2,6 @@
 
 #include "watch.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -24,14 +23,13 @@
 namespace
 {
 constexpr int LongestPauseMs = 120;
-constexpr int LookForDialogsMs = 15;
+constexpr int LookMs = 100;
 constexpr int PhaseMs = 6000;
 constexpr int SettleMs = 3000; ///< until what was asked for before a still phase has been done
 constexpr int DeepestNesting = 4;
 constexpr int PulledMs = 700;
 constexpr int StuckMs = 60'000; ///< without a chance to do anything; an update takes some of it
 constexpr int EndAgainMs = 200;
-constexpr int GiveUpMs = 500;
 
 /// Buttons that may move a finger, by the beginnings of their names.
 bool movesFingers(const QString& name)
@@ -77,16 +75,22 @@ const std::vector<Monkey::Action>& Monkey::table()
 }
 
 Monkey::Monkey(HandProcess& hand, Watch& watch, quint32 seed)
-    : m_hand(hand), m_watch(watch), m_random(seed), m_window(std::make_unique<MainWindow>())
+    : m_hand(hand),
+      m_watch(watch),
+      m_random(seed),
+      m_tool({hand.portName()}),
+      m_dialogs([this](QDialog& dialog) {
+          // Not from here: an answer may open the next dialog, and this timer is held up until it
+          // returns.
+          if (!qobject_cast<QProgressDialog*>(&dialog))
+              QTimer::singleShot(0, &dialog, [this, &dialog] { answer(&dialog); });
+      })
 {
-    m_window->show();
 }
-
-Monkey::~Monkey() = default;
 
 void Monkey::start(int seconds)
 {
-    startTimer(LookForDialogsMs);
+    startTimer(LookMs);
     m_stuckMs = std::min(StuckMs, 1000 * seconds / 2);
     m_sinceAction.start();
     QTimer::singleShot(seconds * 1000, this, [this] { end(); });
@@ -99,7 +103,7 @@ void Monkey::start(int seconds)
 void Monkey::end()
 {
     m_ends = true;
-    if (!m_window->close())
+    if (!m_tool.window()->close())
         QTimer::singleShot(EndAgainMs, this, [this] { end(); });
 }
 
@@ -121,7 +125,7 @@ void Monkey::next()
         });
         if (m_still && chosen->moves)
             return;
-        if (find<QComboBox>(QStringLiteral("comboBox_Devices"))->count() == 0 && below(3) == 0)
+        if (m_tool.devices()->count() == 0 && below(3) == 0)
             chosen = std::find_if(actions.begin(), actions.end(), [](const Action& action) {
                 return action.run == &Monkey::connectAgain;
             });
@@ -139,7 +143,7 @@ void Monkey::changePhase()
     m_still = ++m_phase % 2 == 0;
     if (m_still) {
         stopPlay();
-        if (auto* pages = find<QTabWidget>(QStringLiteral("tabWidget")); pages->isEnabled())
+        if (auto* pages = m_tool.find<QTabWidget>("tabWidget"); pages->isEnabled())
             pages->setCurrentIndex(0); // the Run page forgets its queue
         QTimer::singleShot(SettleMs, this, [this] {
             stopPlay();
@@ -157,7 +161,8 @@ void Monkey::changePhase()
     }
 }
 
-void Monkey::lookWhetherStuck()
+/// Looks whether the monkey is stuck.
+void Monkey::timerEvent(QTimerEvent*)
 {
     if (!m_sinceAction.hasExpired(m_stuckMs))
         return;
@@ -167,25 +172,6 @@ void Monkey::lookWhetherStuck()
                      .arg(m_depth)
                      .arg(QLatin1String(modal ? modal->metaObject()->className() : "no dialog"),
                           textOf(modal)));
-}
-
-void Monkey::timerEvent(QTimerEvent*)
-{
-    lookWhetherStuck();
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialog || qobject_cast<QProgressDialog*>(dialog))
-        return;
-    if (dialog == m_answered) {
-        // A file dialog that reads its folder does not take every answer.
-        if (m_answeredAt.hasExpired(GiveUpMs))
-            dialog->reject();
-        return;
-    }
-    m_answeredAt.start();
-    m_answered = dialog;
-    // Not from here: an answer may open the next dialog, and this timer is held up until it
-    // returns.
-    QTimer::singleShot(0, dialog, [this, dialog] { answer(dialog); });
 }
 
 void Monkey::answer(QDialog* dialog)
@@ -203,16 +189,19 @@ void Monkey::answer(QDialog* dialog)
             input->setTextValue(items[below(static_cast<int>(items.size()))]);
         else
             input->setTextValue(below(2) == 0 ? QStringLiteral("1A2B") : anyText());
-    } else if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
-        if (files->acceptMode() == QFileDialog::AcceptOpen)
-            files->selectFile(anySequenceFile());
-        else
-            files->selectFile(QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
     } else if (auto* spin = dialog->findChild<QSpinBox*>()) {
         for (int i = m_still ? 3 : 0; i < 3; ++i)
             below(2) == 0 ? spin->stepUp() : spin->stepDown();
     }
-    below(4) == 0 ? dialog->reject() : dialog->accept();
+    const auto* files = qobject_cast<QFileDialog*>(dialog);
+    if (below(4) == 0)
+        dialog->reject();
+    else if (files)
+        chooseFile(*dialog, files->acceptMode() == QFileDialog::AcceptOpen
+                                ? anySequenceFile()
+                                : QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
+    else
+        dialog->accept();
 }
 
 QString Monkey::anyText()
@@ -241,21 +230,21 @@ QString Monkey::anySequenceFile()
 
 void Monkey::clickAnything()
 {
-    auto* button = any(m_window->findChildren<QPushButton*>());
+    auto* button = any(m_tool.window()->findChildren<QPushButton*>());
     if (button && button->isVisible() && !movesFingers(button->objectName()))
         button->click();
 }
 
 void Monkey::clickMoving()
 {
-    auto* button = any(m_window->findChildren<QPushButton*>());
+    auto* button = any(m_tool.window()->findChildren<QPushButton*>());
     if (button && button->isVisible() && movesFingers(button->objectName()))
         button->click();
 }
 
 void Monkey::changePage()
 {
-    auto* pages = find<QTabWidget>(QStringLiteral("tabWidget"));
+    auto* pages = m_tool.find<QTabWidget>("tabWidget");
     const int page = below(pages->count());
     if (pages->isEnabled() && pages->isTabVisible(page))
         pages->setCurrentIndex(page);
@@ -267,7 +256,7 @@ void Monkey::pressKey()
     constexpr std::array still{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_Escape, Qt::Key_F2};
     constexpr std::array moving{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Return,
                                 Qt::Key_PageUp, Qt::Key_Space, Qt::Key_Home};
-    QWidget* focus = m_window->focusWidget();
+    QWidget* focus = m_tool.window()->focusWidget();
     if (!focus)
         return;
     const bool move = !m_still && below(2) == 0;
@@ -283,7 +272,7 @@ void Monkey::pressKey()
 
 void Monkey::typeSomething()
 {
-    auto* field = any(m_window->findChildren<QLineEdit*>());
+    auto* field = any(m_tool.window()->findChildren<QLineEdit*>());
     if (!field || !field->isVisible() || !field->isEnabled() || field->isReadOnly())
         return;
     field->setFocus();
@@ -292,7 +281,7 @@ void Monkey::typeSomething()
 
 void Monkey::dragSlider()
 {
-    const QPointer<QSlider> slider = any(m_window->findChildren<QSlider*>());
+    const QPointer<QSlider> slider = any(m_tool.window()->findChildren<QSlider*>());
     if (!slider || !slider->isVisible() || !slider->isEnabled())
         return;
     slider->setSliderDown(true);
@@ -305,66 +294,65 @@ void Monkey::dragSlider()
         QTimer::singleShot(below(300), slider, [slider] { slider->setSliderDown(false); });
 }
 
+void Monkey::chooseIn(QComboBox* box)
+{
+    if (box->isEnabled() && box->count() > 0)
+        box->setCurrentIndex(below(box->count()));
+}
+
 void Monkey::chooseItem()
 {
-    auto* page = find<QTabWidget>(QStringLiteral("tabWidget"))->currentWidget();
-    auto* box = any(page->findChildren<QComboBox*>());
-    if (box && box->isEnabled() && box->count() > 0)
-        box->setCurrentIndex(below(box->count()));
+    auto* page = m_tool.find<QTabWidget>("tabWidget")->currentWidget();
+    if (auto* box = any(page->findChildren<QComboBox*>()))
+        chooseIn(box);
 }
 
 void Monkey::changeDevice()
 {
-    auto* devices = find<QComboBox>(QStringLiteral("comboBox_Devices"));
-    if (devices->isEnabled() && devices->count() > 0)
-        devices->setCurrentIndex(below(devices->count()));
+    chooseIn(m_tool.devices());
 }
 
 void Monkey::changePort()
 {
-    auto* ports = find<QComboBox>(QStringLiteral("comboBox_Ports"));
-    if (ports->isEnabled() && ports->count() > 0)
-        ports->setCurrentIndex(below(ports->count()));
+    chooseIn(m_tool.ports());
 }
 
 /// What a person does who wants to go on working: the port, a scan, a stop.
 void Monkey::connectAgain()
 {
-    auto* ports = find<QComboBox>(QStringLiteral("comboBox_Ports"));
-    auto* scan = find<QPushButton>(QStringLiteral("pushButton_ScanDevices"));
-    if (!ports->isEnabled())
+    if (!m_tool.ports()->isEnabled())
         return;
-    find<QPushButton>(QStringLiteral("pushButton_RefreshPorts"))->click();
-    ports->setCurrentIndex(ports->findData(m_hand.portName()));
-    QTimer::singleShot(700, scan, [scan, idle = scan->text()] {
+    m_tool.click("pushButton_RefreshPorts");
+    m_tool.choosePort(m_hand.portName());
+    auto* scan = m_tool.find<QPushButton>("pushButton_ScanDevices");
+    QTimer::singleShot(700, scan, [this, scan, idle = scan->text()] {
         if (scan->text() != idle)
-            scan->click();
+            m_tool.click(scan->objectName());
     });
-    scan->click();
+    m_tool.click(scan->objectName());
 }
 
 void Monkey::selectRow()
 {
-    auto* table = find<QTableWidget>(QStringLiteral("tableWidget_Seq"));
+    auto* table = m_tool.find<QTableWidget>("tableWidget_Seq");
     if (!table->isVisible() || !table->isEnabled())
         return;
     if (table->rowCount() == 0)
-        find<QPushButton>(QStringLiteral("pushButton_SeqLoad"))->click();
+        m_tool.click("pushButton_SeqLoad");
     else
         table->setCurrentCell(below(table->rowCount()), 0);
 }
 
 void Monkey::stopPlay()
 {
-    find<QPushButton>(QStringLiteral("pushButton_SeqStop"))->click();
+    m_tool.click("pushButton_SeqStop");
 }
 
 void Monkey::triggerAction()
 {
     const QString names[] = {QStringLiteral("action_Theme"), QStringLiteral("action_About"),
                              QStringLiteral("action_Messages")};
-    if (auto* action = find<QAction>(names[below(3)]))
-        action->trigger();
+    m_tool.trigger(names[below(3)]);
 }
 
 /// One fault for some request soon; on the whole one request in ten meets one.

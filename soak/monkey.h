@@ -1,15 +1,13 @@
 #pragma once
 
+#include "dialogwatch.h"
 #include "handprocess.h"
-#include "mainwindow.h"
+#include "windowdriver.h"
 
 #include <QElapsedTimer>
-#include <QPointer>
 #include <QRandomGenerator>
 
-#include <functional>
 #include <map>
-#include <memory>
 
 class QDialog;
 class Watch;
@@ -23,7 +21,6 @@ class Monkey : public QObject
 {
 public:
     Monkey(HandProcess& hand, Watch& watch, quint32 seed);
-    ~Monkey() override;
 
     /// Goes on for so long in the event loop, then exit().
     void start(int seconds);
@@ -43,11 +40,6 @@ private:
     };
     static const std::vector<Action>& table();
 
-    template<class T>
-    T* find(const QString& name) const
-    {
-        return m_window->findChild<T*>(name);
-    }
     int below(int limit) { return static_cast<int>(m_random.bounded(limit)); }
     template<class T>
     T* any(const QList<T*>& from)
@@ -58,7 +50,6 @@ private:
     void next();
     void end();
     void changePhase();
-    void lookWhetherStuck();
     void answer(QDialog* dialog);
     QString anyText();
     QString anySequenceFile();
@@ -69,6 +60,7 @@ private:
     void pressKey();
     void typeSomething();
     void dragSlider();
+    void chooseIn(QComboBox* box);
     void chooseItem();
     void changeDevice();
     void changePort();
@@ -82,9 +74,8 @@ private:
     HandProcess& m_hand;
     Watch& m_watch;
     QRandomGenerator m_random;
-    std::unique_ptr<MainWindow> m_window;
-    QPointer<QDialog> m_answered;
-    QElapsedTimer m_answeredAt;
+    WindowDriver m_tool;
+    DialogWatch m_dialogs;
     QElapsedTimer m_sinceAction;
     int m_stuckMs = 0;
     bool m_still = false;

@@ -1,20 +1,15 @@
 #include "stops.h"
 
+#include "dialogwatch.h"
 #include "handprocess.h"
-#include "mainwindow.h"
-#include "openhand.h"
-#include "pageindex.h"
 #include "sequencemanager.h"
 #include "watch.h"
+#include "windowdriver.h"
 
-#include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRandomGenerator>
-#include <QTabWidget>
 #include <QTimer>
 
 #include <cstdio>
@@ -42,20 +37,6 @@ QString writeSequence()
     manager.saveSequenceData(file);
     return file.fileName();
 }
-
-void load(const MainWindow& window, const QString& name)
-{
-    QTimer answer;
-    QObject::connect(&answer, &QTimer::timeout, &window, [&] {
-        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-            // selectFile() does nothing until the dialog has read its folder.
-            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-            static_cast<QDialog*>(dialog)->accept();
-        }
-    });
-    answer.start(50);
-    window.findChild<QPushButton*>(QStringLiteral("pushButton_SeqLoad"))->click();
-}
 } // namespace
 
 int Stops::campaign(int count, quint32 seed, const QString& protocol)
@@ -64,24 +45,22 @@ int Stops::campaign(int count, quint32 seed, const QString& protocol)
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
                      QStringLiteral("--speed"), QStringLiteral("50")}))
         return 1;
-    qputenv("VANTO_PORTS", hand.portName().toUtf8());
-    MainWindow window;
-    window.show();
-    openHand(window, hand.portName());
-    window.findChild<QTabWidget*>(QStringLiteral("tabWidget"))->setCurrentIndex(SequencePage);
-    load(window, writeSequence());
-    auto* run = window.findChild<QPushButton*>(QStringLiteral("pushButton_SeqRun"));
-    auto* stop = window.findChild<QPushButton*>(QStringLiteral("pushButton_SeqStop"));
+    const WindowDriver tool({hand.portName()});
+    tool.openHand(hand.portName());
+    tool.showPage(SequencePage);
+    const DialogWatch files(
+        [name = writeSequence()](QDialog& dialog) { chooseFile(dialog, name); });
+    tool.click("pushButton_SeqLoad");
     QRandomGenerator random(seed);
     int bad = 0;
     int before = 0;
     for (int i = 0; i < count; ++i) {
-        QTimer::singleShot(random.bounded(LongestPlayMs), &window, [&] {
+        QTimer::singleShot(random.bounded(LongestPlayMs), tool.window(), [&] {
             before += Watch::motions(hand);
-            stop->click();
+            tool.click("pushButton_SeqStop");
             hand.forgetTrace();
         });
-        run->click();
+        tool.click("pushButton_SeqRun");
         wait(LongestPlayMs + AfterwardsMs);
         const int after = Watch::motions(hand);
         if (after > 1) {

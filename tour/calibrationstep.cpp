@@ -58,7 +58,7 @@ DialogWatch::Answer place(Stage& stage, const char* beginning, int position, con
 
 void expectNear(Stage& stage, const char* lineEdit, int wanted)
 {
-    const QString seen = stage.field(QLatin1String(lineEdit));
+    const QString seen = stage.field(lineEdit);
     if (qAbs(seen.toInt() - wanted) > Rounding)
         stage.expect(QLatin1String(lineEdit), seen, QString::number(wanted));
 }
@@ -66,17 +66,17 @@ void expectNear(Stage& stage, const char* lineEdit, int wanted)
 
 QString calibration(Stage& stage)
 {
-    const QString before = stage.field(QStringLiteral("lineEdit_BasicCaliStart0"));
+    const QString before = stage.field("lineEdit_BasicCaliStart0");
     stage.withDialogs(
-        [&] { stage.click(QStringLiteral("pushButton_BasicRecalibrate")); },
+        [&] { stage.click("pushButton_BasicRecalibrate"); },
         {box(stage, "Prepare calibration base"), typeKey, box(stage, "Vanto will reboot"),
          rebooted(stage), place(stage, "Put Vanto onto calibration base", FirstPlace, "-first"),
          box(stage, "Take Vanto up"), place(stage, "Move thumb root", LastPlace, "-last"),
          box(stage, "Calibration finished")});
     stage.expect(QStringLiteral("the hand's stage"), property(stage, "stage"), QStringLiteral("3"));
 
-    stage.click(QStringLiteral("pushButton_BasicReloadBasic"));
-    const QString after = stage.field(QStringLiteral("lineEdit_BasicCaliStart0"));
+    stage.click("pushButton_BasicReloadBasic");
+    const QString after = stage.field("lineEdit_BasicCaliStart0");
     stage.expect(QStringLiteral("the thumb's start"), after, property(stage, "start 0"));
     if (after == before)
         stage.complain(QStringLiteral("the thumb's start is still ") + before);

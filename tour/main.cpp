@@ -124,16 +124,12 @@ int tour(const QString& theme, const QDir& folder, TourManner manner)
     HandProcess hands;
     if (!hands.start(tourHandOptions(manner.modbus)))
         return fail(hands.errorText(), FailedStatus);
-    qputenv("VANTO_PORTS", hands.portName().toUtf8());
     // A window that is painted takes a large part of the time that a hand has for an answer.
     ReplyLimits::current() = ReplyLimits().stretched(6);
     CalibrationProcedure::stageMs = 200;
 
-    MainWindow window;
-    Theme::applyStored();
-    window.show();
+    Stage stage(hands, folder.path(), manner);
     ::alarm(LimitSeconds);
-    Stage stage(window, hands, folder.path(), manner);
     const bool passed = stage.play(tourSteps());
     ::alarm(0);
     QDir::setCurrent(QDir::rootPath());

@@ -1,12 +1,9 @@
 #include "sequencestep.h"
 
-#include "pageindex.h"
-
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTableWidget>
 
 namespace
@@ -24,31 +21,28 @@ QByteArray contentOf(const QString& name)
 
 QString sequencePage(Stage& stage)
 {
-    auto& pages = stage.find<QTabWidget>(QStringLiteral("tabWidget"));
-    auto& table = stage.find<QTableWidget>(QStringLiteral("tableWidget_Seq"));
-    const auto& run = stage.find<QPushButton>(QStringLiteral("pushButton_SeqRun"));
-    pages.setCurrentIndex(SequencePage);
-    stage.withDialog([&] { stage.click(QStringLiteral("pushButton_SeqLoad")); },
-                     chooseFile(stage, Example));
-    const int start = table.rowCount() - StepsPlayed;
-    table.setCurrentCell(start, 0);
+    auto* table = stage.find<QTableWidget>("tableWidget_Seq");
+    auto* run = stage.find<QPushButton>("pushButton_SeqRun");
+    stage.showPage(SequencePage);
+    stage.withDialog([&] { stage.click("pushButton_SeqLoad"); }, withFile(stage, Example));
+    const int start = table->rowCount() - StepsPlayed;
+    table->setCurrentCell(start, 0);
     stage.await(QStringLiteral("the hand takes the step's pose"),
-                [&] { return run.isEnabled() && table.currentRow() == start; });
+                [&] { return run->isEnabled() && table->currentRow() == start; });
     stage.takePicture(QStringLiteral("-edit"));
-    stage.click(run.objectName());
+    stage.click(run->objectName());
     stage.await(QStringLiteral("the last step is played"),
-                [&] { return table.currentRow() == table.rowCount() - 1; });
+                [&] { return table->currentRow() == table->rowCount() - 1; });
     stage.takePicture(QStringLiteral("-playing"));
-    stage.await(QStringLiteral("the play ends"), [&] { return run.isEnabled(); });
+    stage.await(QStringLiteral("the play ends"), [&] { return run->isEnabled(); });
     stage.expect(QStringLiteral("the index finger's target"),
                  stage.askHands(QStringLiteral("get 2 target 1")),
-                 table.item(table.rowCount() - 1, IndexColumn)->text());
+                 table->item(table->rowCount() - 1, IndexColumn)->text());
 
     const QString copy = QDir::current().absoluteFilePath(QStringLiteral("copy.json"));
-    stage.withDialog([&] { stage.click(QStringLiteral("pushButton_SeqSave")); },
-                     chooseFile(stage, copy));
+    stage.withDialog([&] { stage.click("pushButton_SeqSave"); }, withFile(stage, copy));
     if (contentOf(copy).isEmpty() || contentOf(copy) != contentOf(Example))
         stage.complain(QStringLiteral("what is saved is not what was loaded"));
-    pages.setCurrentIndex(BasicPage);
-    return QStringLiteral("%1 of %2 steps played").arg(StepsPlayed).arg(table.rowCount());
+    stage.showPage(BasicPage);
+    return QStringLiteral("%1 of %2 steps played").arg(StepsPlayed).arg(table->rowCount());
 }

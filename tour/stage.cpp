@@ -1,14 +1,12 @@
 #include "stage.h"
 
+#include "theme.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
-#include <QPushButton>
-#include <QStatusBar>
-#include <QTimer>
 
 #include <cstdio>
 
@@ -16,7 +14,6 @@ namespace
 {
 constexpr int AwaitMs = 20000;
 constexpr int EventSliceMs = 10;
-constexpr int AcceptAgainMs = 100;
 
 QString textOf(const QDialog& dialog)
 {
@@ -28,15 +25,11 @@ QString textOf(const QDialog& dialog)
 }
 } // namespace
 
-Stage::Stage(MainWindow& window, HandProcess& hands, QString folder, TourManner manner)
-    : m_window(window),
+Stage::Stage(HandProcess& hands, QString folder, TourManner manner)
+    : WindowDriver({hands.portName()}, Theme::applyStored),
       m_hands(hands),
       m_folder(std::move(folder)),
-      m_manner(manner),
-      m_dialogs([this](QDialog& dialog) {
-          takePicture(QStringLiteral("-unexpected"), &dialog);
-          complain(QStringLiteral("unexpected dialog \"%1\"").arg(textOf(dialog)));
-      })
+      m_manner(manner)
 {
 }
 
@@ -81,10 +74,9 @@ void Stage::expectText(const QString& what, const QString& seen, const QString& 
 
 void Stage::click(const QString& button)
 {
-    auto& found = find<QPushButton>(button);
-    if (!found.isEnabled())
+    if (!enabled(button))
         complain(QStringLiteral("%1 is disabled").arg(button));
-    found.click();
+    WindowDriver::click(button);
 }
 
 void Stage::withDialog(const std::function<void()>& open, DialogWatch::Answer answer)
@@ -94,21 +86,24 @@ void Stage::withDialog(const std::function<void()>& open, DialogWatch::Answer an
 
 void Stage::withDialogs(const std::function<void()>& open, std::deque<DialogWatch::Answer> answers)
 {
-    m_dialogs.answerNext(std::move(answers));
+    m_answers = std::move(answers);
     open();
-    if (m_dialogs.waiting() > 0)
-        complain(QStringLiteral("%1 dialogs did not come up").arg(m_dialogs.waiting()));
-    m_dialogs.forget();
+    if (!m_answers.empty())
+        complain(QStringLiteral("%1 dialogs did not come up").arg(m_answers.size()));
+    m_answers.clear();
 }
 
-QString Stage::field(const QString& lineEdit) const
+void Stage::answer(QDialog& dialog)
 {
-    return find<QLineEdit>(lineEdit).text();
-}
-
-QString Stage::statusText() const
-{
-    return m_window.statusBar()->currentMessage();
+    if (m_answers.empty()) {
+        takePicture(QStringLiteral("-unexpected"), &dialog);
+        complain(QStringLiteral("unexpected dialog \"%1\"").arg(textOf(dialog)));
+        dialog.reject();
+        return;
+    }
+    const DialogWatch::Answer answer = std::move(m_answers.front());
+    m_answers.pop_front();
+    answer(dialog);
 }
 
 void Stage::await(const QString& what, const std::function<bool()>& condition)
@@ -133,10 +128,10 @@ QString Stage::askHands(const QString& command)
 
 void Stage::takePicture(const QString& suffix, QDialog* dialog)
 {
-    QPixmap picture = m_window.grab();
+    QPixmap picture = window()->grab();
     if (dialog) {
         QPainter painter(&picture);
-        const QRect place(m_window.mapFromGlobal(dialog->mapToGlobal(QPoint())), dialog->size());
+        const QRect place(window()->mapFromGlobal(dialog->mapToGlobal(QPoint())), dialog->size());
         painter.drawPixmap(place.topLeft(), dialog->grab());
         painter.setPen(dialog->palette().color(QPalette::Mid));
         painter.drawRect(place);
@@ -146,20 +141,10 @@ void Stage::takePicture(const QString& suffix, QDialog* dialog)
         complain(QStringLiteral("cannot write ") + path);
 }
 
-DialogWatch::Answer chooseFile(Stage& stage, const QString& name)
+DialogWatch::Answer withFile(Stage& stage, const QString& name)
 {
     return [&stage, name](QDialog& dialog) {
-        // Typed, for selectFile() has no effect while the folder is still being read; and while it
-        // is read, the dialog may not let itself be accepted.
-        auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        auto* again = new QTimer(&dialog);
-        QObject::connect(again, &QTimer::timeout, &dialog, [&dialog, field, name] {
-            field->setText(name);
-            dialog.accept();
-        });
-        field->setText(name);
+        chooseFile(dialog, name);
         stage.takePicture(QStringLiteral("-file"), &dialog);
-        again->start(AcceptAgainMs);
-        dialog.accept();
     };
 }

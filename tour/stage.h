@@ -2,10 +2,9 @@
 
 #include "dialogwatch.h"
 #include "handprocess.h"
-#include "mainwindow.h"
+#include "windowdriver.h"
 
-#include <QStringList>
-
+#include <deque>
 #include <span>
 
 class Stage;
@@ -24,25 +23,15 @@ struct TourManner {
 };
 
 /// The window and the simulated hands, and what the steps do with them.
-class Stage
+class Stage : public WindowDriver
 {
 public:
     /// Pictures go to `folder`, which must exist.
-    Stage(MainWindow& window, HandProcess& hands, QString folder, TourManner manner);
+    Stage(HandProcess& hands, QString folder, TourManner manner);
 
     /// Runs the steps in order up to the first that fails; a line on standard output and a
     /// picture for each. True when all of them worked.
     bool play(std::span<const Step> steps);
-
-    /// The named widget or action, which must exist.
-    template<class T>
-    T& find(const QString& name) const
-    {
-        T* object = m_window.findChild<T*>(name);
-        if (!object)
-            qFatal("the window has no %s", qPrintable(name));
-        return *object;
-    }
 
     /// The step that runs fails because of this.
     void complain(const QString& what) { m_complaints.append(what); }
@@ -50,13 +39,12 @@ public:
     /// The same for what the window says; in other languages only the pictures tell.
     void expectText(const QString& what, const QString& seen, const QString& wanted);
 
+    /// Complains if the button is disabled.
     void click(const QString& button);
     /// Runs `open`, which shows one dialog, and has it answered.
     void withDialog(const std::function<void()>& open, DialogWatch::Answer answer);
     /// The same with several dialogs that follow each other.
     void withDialogs(const std::function<void()>& open, std::deque<DialogWatch::Answer> answers);
-    QString field(const QString& lineEdit) const;
-    QString statusText() const;
     /// Waits for a condition while events are processed; complains when it never comes true.
     void await(const QString& what, const std::function<bool()>& condition);
 
@@ -72,15 +60,16 @@ public:
 
 private:
     bool playStep(const Step& step);
+    void answer(QDialog& dialog);
 
-    MainWindow& m_window;
     HandProcess& m_hands;
     QString m_folder;
     TourManner m_manner;
     QString m_stepName; ///< number and name, e.g. "03-port"
     QStringList m_complaints;
-    DialogWatch m_dialogs;
+    std::deque<DialogWatch::Answer> m_answers; ///< for the next dialogs, one each
+    DialogWatch m_dialogs{[this](QDialog& dialog) { answer(dialog); }};
 };
 
-/// Answers a file dialog with this file, after a picture of it.
-DialogWatch::Answer chooseFile(Stage& stage, const QString& name);
+/// Answers a file dialog with this file and takes a picture of it.
+DialogWatch::Answer withFile(Stage& stage, const QString& name);

@@ -6,12 +6,9 @@
 #include "theme.h"
 #include "updatestep.h"
 
-#include <QAbstractItemModel>
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QInputDialog>
-#include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -52,40 +49,31 @@ QString entryText(const Hand& hand)
 /// Scans until as many hands are listed, then stops as soon as the present node is finished.
 void scanFor(Stage& stage, int hands)
 {
-    auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
-    auto& scan = stage.find<QPushButton>(QStringLiteral("pushButton_ScanDevices"));
-    const QString idleCaption = scan.text();
-    const auto stopWhenListed = [&] {
-        if (devices.count() != hands)
-            return;
-        stage.expectText(QStringLiteral("the Scan button while scanning"), scan.text(),
+    const auto* button = stage.find<QPushButton>("pushButton_ScanDevices");
+    const QString idleCaption = button->text();
+    stage.scan(hands, [&] {
+        stage.expectText(QStringLiteral("the Scan button while scanning"), button->text(),
                          QStringLiteral("Stop"));
-        if (scan.text() == idleCaption)
+        if (button->text() == idleCaption)
             stage.complain(QStringLiteral("the Scan button keeps its caption"));
         stage.takePicture(QStringLiteral("-running"));
-        scan.click();
-    };
-    // Queued, as the entry is complete only after the signal; the scan returns after the Stop.
-    const auto connection = QObject::connect(devices.model(), &QAbstractItemModel::rowsInserted,
-                                             &scan, stopWhenListed, Qt::QueuedConnection);
-    stage.click(scan.objectName());
-    QObject::disconnect(connection);
-    stage.expect(QStringLiteral("the Scan button afterwards"), scan.text(), idleCaption);
+    });
+    stage.expect(QStringLiteral("the Scan button afterwards"), button->text(), idleCaption);
 }
 
 void expectDevices(Stage& stage, const QList<Hand>& hands)
 {
-    const auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
-    stage.expect(QStringLiteral("the number of hands"), QString::number(devices.count()),
+    auto* devices = stage.devices();
+    stage.expect(QStringLiteral("the number of hands"), QString::number(devices->count()),
                  QString::number(hands.size()));
     for (int i = 0; i < hands.size(); ++i)
-        stage.expect(QStringLiteral("device %1").arg(i + 1), devices.itemText(i),
+        stage.expect(QStringLiteral("device %1").arg(i + 1), devices->itemText(i),
                      entryText(hands[i]));
 }
 
 void chooseTheme(Stage& stage, const QString& name)
 {
-    stage.withDialog([&] { stage.find<QAction>(QStringLiteral("action_Theme")).trigger(); },
+    stage.withDialog([&] { stage.trigger("action_Theme"); },
                      [&](QDialog& dialog) {
                          static_cast<QInputDialog&>(dialog).setTextValue(name);
                          stage.takePicture(QStringLiteral("-dialog"), &dialog);
@@ -95,11 +83,9 @@ void chooseTheme(Stage& stage, const QString& name)
 
 QString start(Stage& stage)
 {
-    const auto& ports = stage.find<QComboBox>(QStringLiteral("comboBox_Ports"));
     stage.await(QStringLiteral("the port is listed"),
-                [&] { return ports.findData(stage.portName()) >= 0; });
-    stage.expect(QStringLiteral("the number of hands"),
-                 QString::number(stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).count()),
+                [&] { return stage.ports()->findData(stage.portName()) >= 0; });
+    stage.expect(QStringLiteral("the number of hands"), QString::number(stage.devices()->count()),
                  QStringLiteral("0"));
     return QStringLiteral("window shown");
 }
@@ -127,26 +113,25 @@ QString theme(Stage& stage)
 
 QString pages(Stage& stage)
 {
-    auto& pages = stage.find<QTabWidget>(QStringLiteral("tabWidget"));
+    auto* pages = stage.find<QTabWidget>("tabWidget");
     int pictures = 0;
     inEveryTheme(stage, [&](const QString& name) {
-        for (int page = 0; page < pages.count(); ++page) {
-            pages.setCurrentIndex(page);
+        for (int page = 0; page < pages->count(); ++page) {
+            pages->setCurrentIndex(page);
             const QString pageName =
-                pages.currentWidget()->objectName().section(QLatin1Char('_'), 1);
+                pages->currentWidget()->objectName().section(QLatin1Char('_'), 1);
             stage.takePicture(QStringLiteral("-%1-%2").arg(pageName.toLower(), name));
             ++pictures;
         }
     });
-    pages.setCurrentIndex(0);
+    pages->setCurrentIndex(0);
     return QStringLiteral("%1 pictures").arg(pictures);
 }
 
 QString port(Stage& stage)
 {
-    auto& ports = stage.find<QComboBox>(QStringLiteral("comboBox_Ports"));
-    ports.setCurrentIndex(ports.findData(stage.portName()));
-    return ports.currentText();
+    stage.choosePort(stage.portName());
+    return stage.ports()->currentText();
 }
 
 QString scan(Stage& stage)
@@ -159,16 +144,14 @@ QString scan(Stage& stage)
 
 QString open(Stage& stage)
 {
-    auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
-    stage.expect(QStringLiteral("the current device"), devices.currentText(),
+    auto* devices = stage.devices();
+    stage.expect(QStringLiteral("the current device"), devices->currentText(),
                  entryText({2, stage.modbus()}));
     stage.expectText(QStringLiteral("the status"), stage.statusText(),
                      QStringLiteral("Running info loaded"));
     stage.await(QStringLiteral("the scan's last time-out text vanishes"),
-                [&error = stage.find<QLabel>(QStringLiteral("label_StatusError"))] {
-                    return error.text().isEmpty();
-                });
-    return devices.currentText();
+                [&] { return stage.errorText().isEmpty(); });
+    return devices->currentText();
 }
 
 void expectVersions(Stage& stage)
@@ -179,7 +162,7 @@ void expectVersions(Stage& stage)
         {"lineEdit_BasicHardwareTypeVersion", Hardware},
         {"lineEdit_BasicBootLoaderVersion", QLatin1Char('V') + BootLoader}};
     for (const auto& [name, wanted] : versions)
-        stage.expect(QLatin1String(name), stage.field(QLatin1String(name)), wanted);
+        stage.expect(QLatin1String(name), stage.field(name), wanted);
 }
 
 void expectCalibration(Stage& stage, int node)
@@ -209,8 +192,7 @@ void expectChoices(Stage& stage, int node)
         {"comboBox_BasicBeepSwitch", "beepswitch"}};
     for (const auto& [name, property] : choices)
         stage.expect(
-            QLatin1String(name),
-            QString::number(stage.find<QComboBox>(QLatin1String(name)).currentIndex()),
+            QLatin1String(name), QString::number(stage.find<QComboBox>(name)->currentIndex()),
             stage.askHands(QStringLiteral("get %1 %2").arg(node).arg(QLatin1String(property))));
 }
 
@@ -219,7 +201,7 @@ QString basic(Stage& stage)
     for (const char* change :
          {"set 2 start 0 417", "set 2 end 5 3210", "set 2 selftest 0", "set 2 beepswitch 0"})
         stage.askHands(QLatin1String(change));
-    stage.click(QStringLiteral("pushButton_BasicReloadBasic"));
+    stage.click("pushButton_BasicReloadBasic");
     expectVersions(stage);
     expectCalibration(stage, 2);
     expectChoices(stage, 2);
@@ -229,7 +211,7 @@ QString basic(Stage& stage)
 QString beep(Stage& stage)
 {
     const int before = stage.askHands(QStringLiteral("get 2 beeps")).toInt();
-    stage.click(QStringLiteral("pushButton_BasicBeep"));
+    stage.click("pushButton_BasicBeep");
     stage.expectText(QStringLiteral("the status"), stage.statusText(),
                      QStringLiteral("Beep succeeded"));
     stage.expect(QStringLiteral("the hand's count of beeps"),
@@ -239,7 +221,7 @@ QString beep(Stage& stage)
 
 QString setId(Stage& stage)
 {
-    stage.withDialog([&] { stage.click(QStringLiteral("pushButton_BasicSetID")); },
+    stage.withDialog([&] { stage.click("pushButton_BasicSetID"); },
                      [&](QDialog& dialog) {
                          auto& input = static_cast<QInputDialog&>(dialog);
                          input.setIntValue(5);
@@ -260,7 +242,7 @@ QString rescan(Stage& stage)
     scanFor(stage, HandCount);
     const bool modbus = stage.modbus();
     expectDevices(stage, {{3, !modbus}, {4, true}, {4, false}, {5, modbus}});
-    stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).setCurrentIndex(HandCount - 1);
+    stage.devices()->setCurrentIndex(HandCount - 1);
     expectVersions(stage);
     expectCalibration(stage, 5);
     return QStringLiteral("the hand is found at 5 and opened");
@@ -269,11 +251,11 @@ QString rescan(Stage& stage)
 QString updated(Stage& stage)
 {
     scanFor(stage, HandCount);
-    auto& devices = stage.find<QComboBox>(QStringLiteral("comboBox_Devices"));
-    stage.expect(QStringLiteral("the other hand"), devices.itemText(0),
+    auto* devices = stage.devices();
+    stage.expect(QStringLiteral("the other hand"), devices->itemText(0),
                  entryText({3, !stage.modbus()}));
-    devices.setCurrentIndex(HandCount - 1);
-    const QString version = stage.field(QStringLiteral("lineEdit_BasicFirmwareVersion"));
+    devices->setCurrentIndex(HandCount - 1);
+    const QString version = stage.field("lineEdit_BasicFirmwareVersion");
     stage.expect(QStringLiteral("the firmware version"), version,
                  QLatin1Char('V') + UpdatedFirmware);
     return QStringLiteral("firmware %1 -> %2").arg(QLatin1Char('V') + Firmware, version);

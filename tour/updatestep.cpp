@@ -1,10 +1,8 @@
 #include "updatestep.h"
 
-#include <QComboBox>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
-#include <QTabWidget>
 
 namespace
 {
@@ -53,11 +51,9 @@ DialogWatch::Answer expectSuccess(Stage& stage)
 
 QString firmwareUpdate(Stage& stage)
 {
-    auto* window =
-        qobject_cast<MainWindow*>(stage.find<QTabWidget>(QStringLiteral("tabWidget")).window());
     QList<int> percentages;
     const auto watchProgress = [&](int percent) {
-        auto* dialog = window->findChild<QProgressDialog*>();
+        auto* dialog = stage.window()->findChild<QProgressDialog*>();
         if (percentages.isEmpty()) {
             stage.takePicture(QStringLiteral("-power-up"), dialog);
             switchPower(stage, UpdatedNode, true);
@@ -66,12 +62,12 @@ QString firmwareUpdate(Stage& stage)
             stage.takePicture(QStringLiteral("-transfer"), dialog);
         percentages.append(percent);
     };
-    const auto connection =
-        QObject::connect(window, &MainWindow::sig_updateProgress, window, watchProgress);
+    const auto connection = QObject::connect(stage.window(), &MainWindow::sig_updateProgress,
+                                             stage.window(), watchProgress);
     // A moment in which the progress can be looked at.
     stage.askHands(QStringLiteral("fault late stage=record skip=8 ms=300"));
-    stage.withDialogs([&] { stage.click(QStringLiteral("pushButton_BasicUpdateFirmware")); },
-                      {chooseLocal, chooseFile(stage, UpdateFile), switchOff(stage),
+    stage.withDialogs([&] { stage.click("pushButton_BasicUpdateFirmware"); },
+                      {chooseLocal, withFile(stage, UpdateFile), switchOff(stage),
                        [&stage](QDialog& dialog) { expectProgress(stage, dialog); },
                        expectSuccess(stage)});
     QObject::disconnect(connection);
@@ -79,8 +75,7 @@ QString firmwareUpdate(Stage& stage)
         switchPower(stage, node, true);
     if (!percentages.contains(PicturePercent) || percentages.constLast() != 100)
         stage.complain(QStringLiteral("the progress stopped before its end"));
-    stage.expect(QStringLiteral("the number of hands"),
-                 QString::number(stage.find<QComboBox>(QStringLiteral("comboBox_Devices")).count()),
+    stage.expect(QStringLiteral("the number of hands"), QString::number(stage.devices()->count()),
                  QStringLiteral("0"));
     return QStringLiteral("%1 steps up to 100 %").arg(percentages.size());
 }

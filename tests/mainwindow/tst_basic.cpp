@@ -55,10 +55,8 @@ void TestBasic::showsWhatTheHandHolds()
         return m_hand->command(QString("get 2 %1 %2").arg(what).arg(place)).mid(3);
     };
     for (int f = 0; f < 6; ++f) {
-        QCOMPARE(m_tool->field(qPrintable(QString("lineEdit_BasicCaliStart%1").arg(f))),
-                 held("start", f));
-        QCOMPARE(m_tool->field(qPrintable(QString("lineEdit_BasicCaliEnd%1").arg(f))),
-                 held("end", f));
+        QCOMPARE(m_tool->field(QString("lineEdit_BasicCaliStart%1").arg(f)), held("start", f));
+        QCOMPARE(m_tool->field(QString("lineEdit_BasicCaliEnd%1").arg(f)), held("end", f));
     }
     QCOMPARE(m_tool->field("lineEdit_BasicThumbRootPos0"), "600");
     QCOMPARE(m_tool->field("lineEdit_BasicThumbRootPos2"), "3300");
@@ -90,7 +88,7 @@ void TestBasic::failedReads()
     QCOMPARE(shown(), (QStringList{error, "Basic info loaded"}));
     QCOMPARE(m_hand->requests().size(), 6); // the other reads still run
     if (!emptyField.isEmpty())
-        QCOMPARE(m_tool->field(qPrintable("lineEdit_Basic" + emptyField)), QString());
+        QCOMPARE(m_tool->field("lineEdit_Basic" + emptyField), QString());
     QCOMPARE(m_tool->enabled("pushButton_BasicBeep"), emptyField != "ProtocolVersion");
     QCOMPARE(m_tool->enabled("pushButton_BasicUpdateFirmware"), emptyField != "BootLoaderVersion");
     QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
@@ -128,15 +126,15 @@ void TestBasic::commands()
     m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel")->setCurrentIndex(0);
     m_tool->find<QComboBox>("comboBox_BasicBeepSwitch")->setCurrentIndex(1);
 
-    m_tool->click(qPrintable(button));
+    m_tool->click(button);
     QTEST(frames().join('|'), "sent");
     QTEST(m_tool->statusText(), "success");
 
     m_tool->forgetShownTexts();
     tell("fault drop");
-    m_tool->click(qPrintable(button));
+    m_tool->click(button);
     tell("fault refuse error=0x0b");
-    m_tool->click(qPrintable(button));
+    m_tool->click(button);
     QCOMPARE(shown(), (QStringList{"Timeout for SerialCtrl node '0x02'...",
                                    name + "(0x02, ...) returned 0xff (sub err 0b)"}));
     QCOMPARE(m_tool->errorText(), shown().constLast());

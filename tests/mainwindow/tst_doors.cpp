@@ -97,7 +97,7 @@ void TestDoors::leavingDuringReload_data()
 void TestDoors::leavingDuringReload()
 {
     QFETCH(bool, refresh);
-    auto* ports = m_tool->find<QComboBox>("comboBox_Ports");
+    auto* ports = m_tool->ports();
     if (ports->count() < 2)
         ports->addItem("another (port)", "another");
     duringExchange([&] {
@@ -138,7 +138,7 @@ void TestDoors::closingEndsAtOnce()
     QFETCH(bool, byMenu);
     qsizetype framesAtEnd = -1;
     QElapsedTimer sinceEnd;
-    QTimer::singleShot(0, m_tool->window(), [&] { m_tool->click(qPrintable(button)); });
+    QTimer::singleShot(0, m_tool->window(), [&] { m_tool->click(button); });
     duringExchange([&] {
         QTRY_VERIFY(!m_hand->requests().isEmpty());
         framesAtEnd = m_hand->requests().size();

@@ -107,7 +107,7 @@ void TestFaults::faults_data()
 
 void TestFaults::goTo(const UserAction& action) const
 {
-    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(action.page);
+    m_tool->showPage(action.page);
     if (action.page != SequencePage)
         return;
     auto* table = m_tool->find<QTableWidget>("tableWidget_Seq");

@@ -1,6 +1,6 @@
 #include "testmain.h"
+#include "testwindow.h"
 #include "translation.h"
-#include "windowdriver.h"
 
 #include <QAccessible>
 #include <QDir>
@@ -56,7 +56,7 @@ QString accessibleName(QWidget* widget)
 
 void TestForm::accessibleNames()
 {
-    WindowDriver tool;
+    TestWindow tool;
     QSet<QString> names;
     const auto all = controls(tool.window());
     QVERIFY(all.size() > 150);
@@ -96,7 +96,7 @@ void TestForm::nothingIsCut()
     QFETCH(QSize, size);
     QFETCH(QString, language);
     QCOMPARE(Translation::install(language), !language.isEmpty());
-    WindowDriver tool;
+    TestWindow tool;
     QFile sheet(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
     if (!theme.isEmpty() && sheet.open(QFile::ReadOnly))
         qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
@@ -131,7 +131,7 @@ void TestForm::nothingIsCut()
 
 void TestForm::tabOrder()
 {
-    WindowDriver tool;
+    TestWindow tool;
     QStringList order;
     QWidget* widget = tool.find<QComboBox>("comboBox_Ports");
     const QWidget* first = widget;

@@ -80,11 +80,11 @@ void TestModbusHand::buttons()
                                       {"SettingForceLimit2", "300"},
                                       {"RunPos2", "70000"},
                                       {"RunSpeed2", "257"}})
-        m_tool->find<QLineEdit>(qPrintable(QString("lineEdit_") + field))->setText(text);
+        m_tool->setField(QString("lineEdit_") + field, text);
     m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel")->setCurrentIndex(0);
     m_tool->find<QComboBox>("comboBox_BasicBeepSwitch")->setCurrentIndex(1);
     forget();
-    m_tool->click(qPrintable(button));
+    m_tool->click(button);
     QTEST(writes(), "written");
     QVERIFY(shown().filter("returned").isEmpty() && shown().filter("Timeout").isEmpty());
     if (button.contains("PID")) // what the hand stores are hundredths without a sign
@@ -95,7 +95,7 @@ void TestModbusHand::buttons()
 void TestModbusHand::sliderAndCurrents()
 {
     open({"--node", "2:modbus"});
-    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(2);
+    m_tool->showPage(2);
     m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(1);
     auto* slider = m_tool->find<QSlider>("verticalSlider_RunPos0");
     QTRY_COMPARE(slider->minimum(), -1269);

@@ -45,13 +45,13 @@ void TestRun::init()
         test == "leavingDropsWhatIsPending")
         expectTimeouts();
     open();
-    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(2);
+    m_tool->showPage(2);
     forget();
 }
 
 QSlider* TestRun::slider(int finger) const
 {
-    return m_tool->find<QSlider>(qPrintable(QString("verticalSlider_RunPos%1").arg(finger)));
+    return m_tool->find<QSlider>(QString("verticalSlider_RunPos%1").arg(finger));
 }
 
 /// What a person's drag does: moves and a release.
@@ -71,7 +71,7 @@ void TestRun::setMode(int mode) const
 
 void TestRun::setField(const QString& name, const QString& text) const
 {
-    m_tool->find<QLineEdit>(qPrintable(name))->setText(text);
+    m_tool->setField(name, text);
 }
 
 void TestRun::modes()
@@ -288,7 +288,7 @@ void TestRun::silentHandHonoursClicks()
     QTRY_COMPARE(motions().size(), 1);
     // At most what was under way comes first.
     QVERIFY(frames().mid(before, 2).contains(motions().constFirst()));
-    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(0);
+    m_tool->showPage(0);
     QTRY_VERIFY(idle());
     m_hand->forgetTrace();
     QTest::qWait(150);
@@ -317,7 +317,7 @@ void TestRun::wheelAndKeys()
 
 void TestRun::forcePage()
 {
-    m_tool->find<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    m_tool->showPage(3);
     QTRY_VERIFY(idle());
     m_hand->forgetTrace();
     QTest::ignoreMessage(QtDebugMsg, "MainWindow::updateForce()");

@@ -40,9 +40,9 @@ private slots:
 
 void TestScan::listsPorts()
 {
-    const int system = static_cast<int>(WindowDriver().find<QComboBox>("comboBox_Ports")->count());
-    WindowDriver tool({"/tmp/first", "/tmp/second"});
-    auto* ports = tool.find<QComboBox>("comboBox_Ports");
+    const int system = static_cast<int>(TestWindow().ports()->count());
+    TestWindow tool({"/tmp/first", "/tmp/second"});
+    auto* ports = tool.ports();
     for (int round = 0; round < 2; ++round) {
         QCOMPARE(ports->count(), system + 2);
         QCOMPARE(ports->itemText(system), "/tmp/first (added by VANTO_PORTS)");
@@ -161,9 +161,8 @@ void TestScan::portNotOpened()
                 QSKIP("root has every right; tst_scan_unprivileged is run by somebody else");
         }
     }
-    WindowDriver tool(port.isEmpty() ? QStringList() : QStringList{port});
-    auto* ports = tool.find<QComboBox>("comboBox_Ports");
-    ports->setCurrentIndex(port.isEmpty() ? -1 : ports->findData(port));
+    TestWindow tool(port.isEmpty() ? QStringList() : QStringList{port});
+    tool.choosePort(port);
     QStringList texts;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
         texts << box->text() << box->informativeText();

@@ -84,8 +84,7 @@ void TestSequence::load(const QByteArray& json) const
     DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
         QCOMPARE(dialog->windowTitle(), "Choose json file");
         QCOMPARE(dialog->nameFilters(), QStringList{"Sequence files (*.json)"});
-        dialog->selectFile(QFileInfo("given.json").absoluteFilePath());
-        static_cast<QDialog*>(dialog)->accept();
+        chooseFile(*dialog, QFileInfo("given.json").absoluteFilePath());
     });
     m_tool->click("pushButton_SeqLoad");
     QCOMPARE(answer.count(), 1);
@@ -134,7 +133,7 @@ void TestSequence::enabling()
     const auto enabled = [&] {
         QString marks;
         for (const QString& name : controls)
-            marks += m_tool->enabled(qPrintable(name)) ? '1' : '0';
+            marks += m_tool->enabled(name) ? '1' : '0';
         return marks + (m_tool->find<QLineEdit>("lineEdit_SeqSpeed2")->isReadOnly() ? 'r' : 'w');
     };
     QCOMPARE(enabled(), "001110001r"); // empty
@@ -143,7 +142,7 @@ void TestSequence::enabling()
     select(0);
     QCOMPARE(enabled(), "111111100w"); // a row
     tell("set 2 position 0 60000");
-    m_tool->find<QLineEdit>("lineEdit_SeqDelay")->setText("60000");
+    m_tool->setField("lineEdit_SeqDelay", "60000");
     emit m_tool->find<QLineEdit>("lineEdit_SeqDelay")->editingFinished();
     m_tool->click("pushButton_SeqRun");
     QCOMPARE(enabled(), "000000010r"); // playing
@@ -219,7 +218,7 @@ void TestSequence::nothingElseMoves()
     table()->clearFocus();
     table()->setFocus();
     for (const char* button : {"ReadFromDev", "WriteToDev", "RunOnDev", "StopOnDev", "Delete"})
-        m_tool->click(qPrintable(QString("pushButton_Seq") + button));
+        m_tool->click(QString("pushButton_Seq") + button);
     QCOMPARE(table()->currentRow(), -1);
     load(TwoSteps);
     select(0);
@@ -268,7 +267,7 @@ void TestSequence::editors()
     QFETCH(QString, typed);
     load(TwoSteps);
     select(0);
-    auto* edit = m_tool->find<QLineEdit>(qPrintable("lineEdit_Seq" + field));
+    auto* edit = m_tool->find<QLineEdit>("lineEdit_Seq" + field);
     edit->setFocus();
     edit->setText(typed);
     QTest::keyClick(edit, Qt::Key_Return);
@@ -331,8 +330,7 @@ void TestSequence::loadAndSave()
     QCOMPARE(shown(), QStringList());
 
     DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
-        dialog->selectFile(QDir::current().absoluteFilePath("saved")); // without the extension
-        static_cast<QDialog*>(dialog)->accept();
+        chooseFile(*dialog, QDir::current().absoluteFilePath("saved")); // without the extension
     });
     m_tool->click("pushButton_SeqSave");
     QFile saved("saved.json");
@@ -380,7 +378,7 @@ void TestSequence::stopEndsEverything()
         else if (way == "page")
             pages()->setCurrentIndex(1);
         else if (way == "port")
-            m_tool->find<QComboBox>("comboBox_Ports")->setCurrentIndex(-1);
+            m_tool->ports()->setCurrentIndex(-1);
         else if (way == "device")
             m_tool->devices()->setCurrentIndex(-1), m_tool->devices()->setCurrentIndex(0);
         else if (way == "update")
@@ -438,7 +436,7 @@ void TestSequence::staleRequests()
         } else if (change == "row") {
             table()->setCurrentCell(0, 0);
         } else {
-            m_tool->click(qPrintable(change));
+            m_tool->click(change);
         }
     });
     auto* slider = m_tool->find<QSlider>("verticalSlider_SeqPos2");

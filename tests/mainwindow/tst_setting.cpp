@@ -37,7 +37,7 @@ void TestSetting::showsWhatTheHandHolds()
             return m_hand->command(QString("get 2 %1 %2").arg(what).arg(f)).mid(3).toDouble();
         };
         const auto shown = [&](const QString& what) {
-            return m_tool->field(qPrintable(QString("lineEdit_Setting%1%2").arg(what).arg(f)));
+            return m_tool->field(QString("lineEdit_Setting%1%2").arg(what).arg(f));
         };
         for (const char* gain : {"p", "i", "d", "g"})
             QCOMPARE(shown(QString(gain).toUpper()),
@@ -75,15 +75,14 @@ void TestSetting::writesAndReadsBack()
     open();
     forget();
     for (const char* gain : {"I", "D"})
-        m_tool->find<QLineEdit>(qPrintable(QString("lineEdit_Setting") + gain + '2'))
-            ->setText("2.00");
-    m_tool->find<QLineEdit>("lineEdit_SettingG2")->setText("-8");
+        m_tool->setField(QString("lineEdit_Setting") + gain + '2', "2.00");
+    m_tool->setField("lineEdit_SettingG2", "-8");
     const QString field = "lineEdit_Setting" + what + '2';
-    m_tool->find<QLineEdit>(qPrintable(field))->setText(typed);
+    m_tool->setField(field, typed);
     m_tool->click(
         qPrintable("pushButton_SettingWrite" + (what.size() == 1 ? QString("PID") : what) + '2'));
     QTEST(frames().join('|'), "sent");
-    QTEST(m_tool->field(qPrintable(field)), "shown");
+    QTEST(m_tool->field(field), "shown");
     QCOMPARE(shown(), QStringList());
 }
 
@@ -93,8 +92,8 @@ void TestSetting::incompletePid()
     forget();
     for (const char* field : {"lineEdit_SettingI4", "lineEdit_SettingG4"})
         m_tool->find<QLineEdit>(field)->clear();
-    m_tool->find<QLineEdit>("lineEdit_SettingP4")->setText("1");
-    m_tool->find<QLineEdit>("lineEdit_SettingD4")->setText("x");
+    m_tool->setField("lineEdit_SettingP4", "1");
+    m_tool->setField("lineEdit_SettingD4", "x");
     QString text;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
         text = box->text();
@@ -136,11 +135,11 @@ void TestSetting::failures()
     const QString button = "pushButton_Setting" +
                            QString(operation.startsWith("get") ? "Read" : "Write") +
                            operation.mid(9) + '1';
-    m_tool->find<QLineEdit>("lineEdit_SettingForceLimit1")->setText("77");
+    m_tool->setField("lineEdit_SettingForceLimit1", "77");
     tell("fault refuse error=0x0b");
-    m_tool->click(qPrintable(button));
+    m_tool->click(button);
     tell("fault drop"); // no text of its own for a time-out here
-    m_tool->click(qPrintable(button));
+    m_tool->click(button);
     QCOMPARE(shown(), (QStringList{operation + "(0x02, ...) returned 0xff (sub err 0b)",
                                    operation + "(0x02, ...) returned 0x03 (sub err 00)"}));
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit1"), "77");

@@ -1,5 +1,5 @@
 #include "testmain.h"
-#include "windowdriver.h"
+#include "testwindow.h"
 
 #include <QClipboard>
 #include <QFile>
@@ -45,7 +45,7 @@ QString storedStyle()
 
 void TestShell::everySlotIsConnected()
 {
-    WindowDriver tool;
+    TestWindow tool;
     // Counted through the objects' own connections, as a slot without its widget is silent.
     int found = 0;
     const QMetaObject* meta = tool.window()->metaObject();
@@ -72,7 +72,7 @@ void TestShell::everySlotIsConnected()
 
 void TestShell::about()
 {
-    WindowDriver tool;
+    TestWindow tool;
     QString text;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
         text = box->text();
@@ -98,7 +98,7 @@ void TestShell::themeDialog()
     QFETCH(QString, stored);
     QFETCH(QString, preselected);
     QFETCH(QString, chosen);
-    WindowDriver tool;
+    TestWindow tool;
     qApp->setStyleSheet({});
     if (!stored.isEmpty())
         QSettings("setting.ini", QSettings::IniFormat).setValue("style", stored);
@@ -125,7 +125,7 @@ void TestShell::errorLabel_data()
 void TestShell::errorLabel()
 {
     QFETCH(QString, theme);
-    WindowDriver tool;
+    TestWindow tool;
     qApp->setStyleSheet(sheetOf(theme));
     QVERIFY(!qApp->styleSheet().isEmpty());
     tool.window()->showErrorOnStatusBar("first", Qt::red);
@@ -147,7 +147,7 @@ void TestShell::errorLabel()
 
 void TestShell::messageList()
 {
-    WindowDriver tool;
+    TestWindow tool;
     for (int i = 0; i < 200; ++i)
         tool.window()->showErrorOnStatusBar(QString("error %1").arg(i), Qt::red);
     QVERIFY(tool.find<QStatusBar>("statusBar")

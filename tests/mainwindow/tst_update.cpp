@@ -175,15 +175,14 @@ void TestUpdate::update(const QString& source, const QByteArray& content, const 
         m_dialogs.append(letter);
         if (letter == 's')
             input->setTextValue(source);
-        if (files)
-            files->selectFile(file.fileName());
+        if (files && content.isEmpty())
+            connect(files, &QDialog::accepted, this, [&] { file.remove(); });
         if (letter == 'p' && !atPower.isEmpty())
             tell(atPower);
         m_dialogs == m_rejectedAt ? dialog->reject()
         : letter == 'q'           ? box->button(QMessageBox::Yes)->click()
+        : files                   ? chooseFile(*files, file.fileName())
                                   : dialog->accept();
-        if (files && content.isEmpty())
-            file.remove();
     });
     source == "local" ? m_tool->click("pushButton_BasicUpdateFirmware")
                       : m_tool->trigger("action_Force_Update");
@@ -226,7 +225,7 @@ void TestUpdate::procedure()
     if (row.setUp == "unread")
         m_tool->find<QLineEdit>("lineEdit_BasicHardwareTypeVersion")->clear();
     if (row.setUp == "no port")
-        m_tool->find<QComboBox>("comboBox_Ports")->setCurrentIndex(-1);
+        m_tool->ports()->setCurrentIndex(-1);
     if (row.setUp == "midway")
         connect(m_tool->window(), &MainWindow::sig_updateProgress, this, [this](int percent) {
             if (percent == 50 && m_dialogs.startsWith("sf"))

@@ -1,5 +1,5 @@
 #include "testmain.h"
-#include "windowdriver.h"
+#include "testwindow.h"
 
 #include <QFile>
 #include <QLabel>
@@ -115,7 +115,7 @@ void TestTheme::tables()
 void TestTheme::paintedText()
 {
     QFETCH(QString, theme);
-    WindowDriver tool;
+    TestWindow tool;
     apply(theme);
     auto* tabs = tool.find<QTabWidget>("tabWidget");
     int looked = 0;

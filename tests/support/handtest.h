@@ -3,7 +3,7 @@
 #include "conversation.h"
 #include "handprocess.h"
 #include "testmain.h"
-#include "windowdriver.h"
+#include "testwindow.h"
 
 /// A test of the real window against simulated hands on a real serial device.
 class HandTest : public QObject
@@ -39,5 +39,5 @@ protected:
     ReplyLimits m_limits = PatientLimits;
     QStringList m_listed; ///< texts in the Devices list
     std::unique_ptr<HandProcess> m_hand;
-    std::unique_ptr<WindowDriver> m_tool;
+    std::unique_ptr<TestWindow> m_tool;
 };

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "mainwindow.h"
+#include "pageindex.h"
+
+#include <QComboBox>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+/// The real window, driven by its widgets as a user drives it.
+class WindowDriver
+{
+public:
+    /// Shows the window with `ports` listed after the system's; calls `beforeShown` before that.
+    explicit WindowDriver(const QStringList& ports = {}, void (*beforeShown)() = nullptr);
+
+    /// The named widget, action or timer, which must exist.
+    template<class T>
+    T* find(const QString& name) const
+    {
+        T* object = m_window->findChild<T*>(name);
+        if (!object)
+            qFatal("the window has no %s", qPrintable(name));
+        return object;
+    }
+
+    MainWindow* window() const { return m_window.get(); }
+    void click(const QString& button) const;
+    void trigger(const QString& action) const;
+    void setField(const QString& lineEdit, const QString& text) const;
+    void showPage(int page) const;
+    QString field(const QString& lineEdit) const;
+    bool enabled(const QString& widget) const { return find<QWidget>(widget)->isEnabled(); }
+    QString statusText() const;
+    QString errorText() const;
+    QComboBox* ports() const { return find<QComboBox>(QStringLiteral("comboBox_Ports")); }
+    QComboBox* devices() const { return find<QComboBox>(QStringLiteral("comboBox_Devices")); }
+
+    /// No port if this one is not listed.
+    void choosePort(const QString& name) const;
+    /// Clicks Scan and, once `hands` are listed, Stop; returns when the first hand is open. Runs
+    /// `listed` before the click on Stop.
+    void scan(int hands = 1, const std::function<void()>& listed = {}) const;
+    /// Refreshes the ports, chooses one of them and opens the first hand that a scan finds there.
+    void openHand(const QString& port) const;
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+};
