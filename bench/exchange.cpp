@@ -2,8 +2,8 @@
 
 #include "bench.h"
 #include "figures.h"
+#include "handcall.h"
 #include "theme.h"
-#include "vantoprotocol.h"
 
 #include <QApplication>
 #include <QDir>
@@ -29,6 +29,7 @@ constexpr double MsPerNs = 1e-6;
 
 std::uint8_t askVersion(VantoProtocol& adapter, std::uint8_t node)
 {
+    const LineHold line;
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
     std::uint16_t revision = 0;

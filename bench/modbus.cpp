@@ -1,8 +1,8 @@
 // What the adapter adds to a Modbus request, against the Qt client alone on the same line.
 
 #include "figures.h"
+#include "handcall.h"
 #include "handprocess.h"
-#include "vantoprotocol.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -45,6 +45,7 @@ Contender adapterOf(const std::shared_ptr<VantoProtocol>& adapter)
 {
     return {[adapter](const char* port) { return adapter->connect(port, BaudRate); },
             [adapter](std::uint8_t node) {
+                const LineHold line;
                 std::uint16_t voltage = 0;
                 return adapter->getBatteryVoltage(node, &voltage) == ResultCode::Success;
             },

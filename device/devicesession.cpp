@@ -1,16 +1,13 @@
 #include "devicesession.h"
 
-#include "conversation.h"
-
-#include <QScopedValueRollback>
-
-#include <algorithm>
+namespace
+{
+constexpr std::uint8_t ForceProbeFinger = 1;
+} // namespace
 
 DeviceSession::DeviceSession(NodeSource currentNode, QObject* parent)
     : QObject(parent), m_currentNode(std::move(currentNode))
 {
-    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_quiet, this,
-            &DeviceSession::scheduleDrain);
 }
 
 DeviceSession::~DeviceSession()
@@ -19,20 +16,38 @@ DeviceSession::~DeviceSession()
         m_adapter->disconnect();
 }
 
-std::optional<DeviceSession::Target> DeviceSession::target() const
+std::optional<HandTarget> DeviceSession::target() const
 {
-    if (!m_adapter || m_epoch != m_openEpoch)
+    if (!m_adapter || !m_opened.isCurrent())
         return {};
     const auto node = m_currentNode();
     if (!node)
         return {};
-    return Target{m_adapter, *node, m_epoch};
+    return HandTarget{m_adapter, *node, m_opened};
 }
 
 void DeviceSession::setAdapter(std::shared_ptr<VantoProtocol> adapter)
 {
     m_adapter = std::move(adapter);
-    m_openEpoch = m_epoch;
+    m_opened = m_epoch.token();
+}
+
+std::optional<HandTarget> DeviceSession::open(std::shared_ptr<VantoProtocol> adapter,
+                                              const QString& port)
+{
+    setAdapter(std::move(adapter));
+    const auto opened = target();
+    if (!opened)
+        return {};
+    HandCall call(*opened);
+    opened->adapter->connect(port.toUtf8().constData(), BaudRate);
+    std::uint16_t force = 0;
+    const std::uint8_t result =
+        call.attempt<&VantoProtocol::getFingerForce>(ForceProbeFinger, &force, std::uint8_t{1});
+    if (!call.isCurrent())
+        return {};
+    m_forceSensing = result == ResultCode::Success;
+    return opened;
 }
 
 void DeviceSession::close()
@@ -50,132 +65,18 @@ void DeviceSession::closeIfConnected()
 
 void DeviceSession::stopAtOnce()
 {
-    ++m_epoch;
+    m_epoch.advance();
     emit sig_stop();
 }
 
 void DeviceSession::shutDown()
 {
-    m_shutDown = true;
-    m_waiting.clear();
+    m_queue.shutDown();
     stopAtOnce();
 }
 
-void DeviceSession::ask(std::function<bool()> stillWanted, Request request)
+void DeviceSession::request(std::function<bool()> isStillWanted, RequestQueue::Request action)
 {
-    const auto asked = target();
-    if (!asked)
-        return;
-    submit({.kind = {},
-            .target = asked,
-            .stillWanted = std::move(stillWanted),
-            .action = [asked = *asked, request = std::move(request)] { request(asked); }});
-}
-
-void DeviceSession::whenQuiet(Change kind, std::function<void()> action)
-{
-    submit({.kind = kind, .target = {}, .stillWanted = {}, .action = std::move(action)});
-}
-
-void DeviceSession::dropRequests()
-{
-    m_waiting.remove_if([](const Job& waiting) { return waiting.target.has_value(); });
-}
-
-void DeviceSession::openWaitingDialogs()
-{
-    if (Conversation::busy())
-        return;
-    for (const Change kind : {Change::About, Change::Theme}) {
-        const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(),
-                                          [kind](const Job& job) { return job.kind == kind; });
-        if (waiting == m_waiting.end())
-            continue;
-        const Job job = std::move(*waiting);
-        m_waiting.erase(waiting);
-        run(job);
-    }
-}
-
-bool DeviceSession::tickMayRun() const
-{
-    return !m_shutDown && !Conversation::busy() && !requestWaits();
-}
-
-bool DeviceSession::idle() const
-{
-    return !Conversation::busy() && m_handling == 0;
-}
-
-void DeviceSession::submit(Job job)
-{
-    if (m_shutDown)
-        return;
-    if (idle() && m_waiting.empty()) {
-        run(job);
-        return;
-    }
-    enqueue(std::move(job));
-}
-
-void DeviceSession::enqueue(Job job)
-{
-    const auto remove = [this](std::optional<Change> kind) {
-        m_waiting.remove_if([kind](const Job& waiting) { return waiting.kind == kind; });
-    };
-    if (!changesConnection(job)) {
-        if (job.kind)
-            remove(job.kind);
-        m_waiting.push_back(std::move(job));
-        return;
-    }
-    remove(job.kind);
-    // What a scan that waits would throw away is not begun, and what would throw the scan's
-    // result away comes before it.
-    if (job.kind == Change::Scan)
-        remove(Change::Device);
-    const auto isScan = [](const Job& waiting) { return waiting.kind == Change::Scan; };
-    if (job.kind == Change::Device && std::ranges::any_of(m_waiting, isScan))
-        return;
-    const auto later = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job& waiting) {
-        return changesConnection(waiting) && *waiting.kind > *job.kind;
-    });
-    m_waiting.insert(later, std::move(job));
-}
-
-bool DeviceSession::changesConnection(const Job& job)
-{
-    return job.kind && *job.kind <= Change::Scan;
-}
-
-void DeviceSession::run(const Job& job)
-{
-    {
-        const QScopedValueRollback handling(m_handling, m_handling + 1);
-        job.action();
-    }
-    scheduleDrain();
-}
-
-void DeviceSession::scheduleDrain()
-{
-    if (m_waiting.empty() || m_drainScheduled)
-        return;
-    m_drainScheduled = true;
-    // Not from here: the conversation that has just ended is still on its way out of its slot.
-    QMetaObject::invokeMethod(this, &DeviceSession::drain, Qt::QueuedConnection);
-}
-
-void DeviceSession::drain()
-{
-    m_drainScheduled = false;
-    while (idle() && !m_waiting.empty()) {
-        const Job job = std::move(m_waiting.front());
-        m_waiting.pop_front();
-        if (job.target && !holds(*job.target))
-            continue;
-        if (job.stillWanted && !job.stillWanted())
-            continue;
-        run(job);
-    }
+    if (const auto asked = target())
+        m_queue.request(*asked, std::move(isStillWanted), std::move(action));
 }

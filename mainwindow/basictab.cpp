@@ -1,6 +1,5 @@
 #include "basictab.h"
 
-#include "conversation.h"
 #include "focuskeeper.h"
 #include "program.h"
 #include "statusreporter.h"
@@ -48,7 +47,7 @@ BasicTab::BasicTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
 
 void BasicTab::reloadClicked()
 {
-    m_session->whenQuiet(DeviceSession::Change::ReloadBasic, [this] { reload(); });
+    m_session->runWhenIdle(DeviceSession::Kind::ReloadBasic, [this] { reload(); });
 }
 
 void BasicTab::reload()
@@ -72,22 +71,22 @@ void BasicTab::reload()
         readAll(*target);
 }
 
-void BasicTab::readAll(const Target& target)
+void BasicTab::readAll(const HandTarget& target)
 {
-    const Conversation conversation;
+    HandCall call(target, m_reporter->namingTimeouts());
     bool protocolRead = false;
     bool hardwareRead = false;
     const std::array<std::function<void()>, 6> reads{
-        [&] { readFirmwareVersion(target); },
-        [&] { protocolRead = readProtocolVersion(target); },
-        [&] { hardwareRead = readHardwareVersion(target); },
-        [&] { readSelfTestLevel(target); },
-        [&] { readBeepSwitch(target); },
-        [&] { readCalibration(target); },
+        [&] { readFirmwareVersion(call); },
+        [&] { protocolRead = readProtocolVersion(call); },
+        [&] { hardwareRead = readHardwareVersion(call); },
+        [&] { readSelfTestLevel(call); },
+        [&] { readBeepSwitch(call); },
+        [&] { readCalibration(call); },
     };
     for (const auto& read : reads) {
         read();
-        if (!m_session->holds(target))
+        if (!target.isCurrent())
             return;
     }
     setWidgetsEnabled(protocolRead);
@@ -95,36 +94,32 @@ void BasicTab::readAll(const Target& target)
     m_reporter->showMessage(tr("Basic info loaded"));
 }
 
-void BasicTab::readFirmwareVersion(const Target& target)
+void BasicTab::readFirmwareVersion(HandCall& call)
 {
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
     std::uint16_t revision = 0;
-    if (m_reporter->succeeded(target, "getFirmwareVersion",
-                              target->getFirmwareVersion(target.node, &major, &minor, &revision)))
+    if (call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
         m_ui->lineEdit_BasicFirmwareVersion->setText(
             QStringLiteral("V%1.%2.%3").arg(major).arg(minor).arg(revision));
 }
 
-bool BasicTab::readProtocolVersion(const Target& target)
+bool BasicTab::readProtocolVersion(HandCall& call)
 {
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
-    if (!m_reporter->succeeded(target, "getProtocolVersion",
-                               target->getProtocolVersion(target.node, &major, &minor)))
+    if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
         return false;
     m_ui->lineEdit_BasicProtocolVersion->setText(QStringLiteral("V%1.%2").arg(major).arg(minor));
     return true;
 }
 
-bool BasicTab::readHardwareVersion(const Target& target)
+bool BasicTab::readHardwareVersion(HandCall& call)
 {
     std::uint8_t type = 0;
     std::uint8_t version = 0;
     std::uint16_t bootLoader = 0;
-    if (!m_reporter->succeeded(
-            target, "getHardwareVersion",
-            target->getHardwareVersion(target.node, &type, &version, &bootLoader)))
+    if (!call.perform<&VantoProtocol::getHardwareVersion>(&type, &version, &bootLoader))
         return false;
     m_ui->lineEdit_BasicHardwareTypeVersion->setText(
         (StatusReporter::hex(type) + StatusReporter::hex(version)).toUpper());
@@ -133,40 +128,39 @@ bool BasicTab::readHardwareVersion(const Target& target)
     return true;
 }
 
-void BasicTab::readSelfTestLevel(const Target& target)
+void BasicTab::readSelfTestLevel(HandCall& call)
 {
     std::uint8_t level = 0;
-    if (!m_reporter->succeeded(target, "getSelfTestLevel",
-                               target->getSelfTestLevel(target.node, &level)))
+    if (!call.perform<&VantoProtocol::getSelfTestLevel>(&level))
         return;
     if (level > MaxSelfTestLevel)
         m_reporter->showError(
             tr("getSelfTestLevel(0x%1, ...) got invalid value '%2'")
-                .arg(StatusReporter::hex(target.node), StatusReporter::hex(level)));
+                .arg(StatusReporter::hex(call.target().node), StatusReporter::hex(level)));
     else
         m_ui->comboBox_BasicSelfTestLevel->setCurrentIndex(level);
 }
 
-void BasicTab::readBeepSwitch(const Target& target)
+void BasicTab::readBeepSwitch(HandCall& call)
 {
     std::uint8_t on = 0;
-    if (!m_reporter->succeeded(target, "getBeepSwitch", target->getBeepSwitch(target.node, &on)))
+    if (!call.perform<&VantoProtocol::getBeepSwitch>(&on))
         return;
     if (on > MaxBeepSwitch) // both places of the text name the node
         m_reporter->showError(tr("getBeepSwitch(0x%1, ...) got invalid value '%1'")
-                                  .arg(StatusReporter::hex(target.node)));
+                                  .arg(StatusReporter::hex(call.target().node)));
     else
         m_ui->comboBox_BasicBeepSwitch->setCurrentIndex(on);
 }
 
-void BasicTab::readCalibration(const Target& target)
+void BasicTab::readCalibration(HandCall& call)
 {
     PerFinger<std::uint16_t> ends{};
     PerFinger<std::uint16_t> starts{};
     std::array<std::uint16_t, ThumbRootCount> thumbRoots{};
-    if (!m_reporter->succeeded(target, "getCaliData",
-                               target->getCaliData(target.node, ends.data(), starts.data(),
-                                                   FingerCount, thumbRoots.data(), ThumbRootCount)))
+    if (!call.perform<&VantoProtocol::getCaliData>(ends.data(), starts.data(),
+                                                   std::uint8_t{FingerCount}, thumbRoots.data(),
+                                                   std::uint8_t{ThumbRootCount}))
         return;
     const auto show = [](const auto& fields, const auto& values) {
         for (std::size_t i = 0; i < fields.size(); ++i)
@@ -214,43 +208,45 @@ void BasicTab::updateDependentWidgets()
                                                   m_ui->comboBox_Devices->currentIndex() >= 0);
 }
 
-void BasicTab::ask(QWidget* button, DeviceSession::Request request)
+void BasicTab::request(QWidget* button, RequestQueue::Request request)
 {
-    m_session->ask([button] { return button->isEnabled(); }, std::move(request));
+    m_session->request([button] { return button->isEnabled(); }, std::move(request));
 }
 
-void BasicTab::perform(const Target& target, const char* name, const QString& success,
-                       const Operation& operation)
+template<auto Operation, class... Arguments>
+void BasicTab::perform(QWidget* button, const QString& success, Arguments... arguments)
 {
-    const Conversation conversation;
-    if (m_reporter->succeeded(target, name, operation(target)))
-        m_reporter->showMessage(success);
+    request(button, [=, this](const HandTarget& target) {
+        HandCall call(target, m_reporter->namingTimeouts());
+        if (call.perform<Operation>(arguments...))
+            m_reporter->showMessage(success);
+    });
 }
 
 void BasicTab::setIdClicked()
 {
-    ask(m_ui->pushButton_BasicSetID, [this](const Target& target) {
+    request(m_ui->pushButton_BasicSetID, [this](const HandTarget& target) {
         bool accepted = false;
         const int chosen =
             QInputDialog::getInt(m_window, Program::title(), tr("Please input new node id:"),
                                  target.node, MinNewId, MaxNewId, 1, &accepted);
         const auto newNode = static_cast<std::uint8_t>(chosen);
-        if (accepted && newNode != target.node && m_session->holds(target))
+        if (accepted && newNode != target.node && target.isCurrent())
             changeId(target, newNode);
     });
 }
 
-void BasicTab::changeId(const Target& target, std::uint8_t newNode)
+void BasicTab::changeId(const HandTarget& target, std::uint8_t newNode)
 {
-    const Conversation conversation;
-    if (!m_reporter->succeeded(target, "setID", target->setID(target.node, newNode)))
+    HandCall call(target, m_reporter->namingTimeouts());
+    if (!call.perform<&VantoProtocol::setID>(newNode))
         return;
     m_session->stopAtOnce(); // nobody answers at the old id any more
     clear();
     m_ui->comboBox_Devices->clear();
     setWidgetsEnabled(false); // they act on the current entry, and there is none
     const QString text =
-        target->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
+        target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
             ? tr("node id changed from '0x%1' to '0x%2', please wait for device rebooting then "
                  "rescan devices")
             : tr("node id changed from '0x%1' to '0x%2', need to rescan devices");
@@ -260,55 +256,46 @@ void BasicTab::changeId(const Target& target, std::uint8_t newNode)
 
 void BasicTab::beepClicked()
 {
-    ask(m_ui->pushButton_BasicBeep, [this](const Target& target) {
-        perform(target, "beep", tr("Beep succeeded"),
-                [](const Target& t) { return t->beep(t.node, BeepMs); });
-    });
+    perform<&VantoProtocol::beep>(m_ui->pushButton_BasicBeep, tr("Beep succeeded"), BeepMs);
 }
 
 void BasicTab::setSelfTestLevelClicked()
 {
     const int level = m_ui->comboBox_BasicSelfTestLevel->currentIndex();
-    ask(m_ui->pushButton_BasicSetSelfTestLevel, [this, level](const Target& target) {
-        if (static_cast<unsigned>(level) > MaxSelfTestLevel) {
-            QMessageBox::information(m_window, Program::title(),
-                                     tr("Invalid self-test level '%1'").arg(level));
-            return;
-        }
-        perform(target, "setSelfTestLevel", tr("Set self-test level succeeded"),
-                [level](const Target& t) {
-                    return t->setSelfTestLevel(t.node, static_cast<std::uint8_t>(level));
-                });
-    });
+    if (static_cast<unsigned>(level) <= MaxSelfTestLevel)
+        perform<&VantoProtocol::setSelfTestLevel>(m_ui->pushButton_BasicSetSelfTestLevel,
+                                                  tr("Set self-test level succeeded"),
+                                                  static_cast<std::uint8_t>(level));
+    else
+        refuse(m_ui->pushButton_BasicSetSelfTestLevel,
+               tr("Invalid self-test level '%1'").arg(level));
 }
 
 void BasicTab::setBeepSwitchClicked()
 {
     const int on = m_ui->comboBox_BasicBeepSwitch->currentIndex();
-    ask(m_ui->pushButton_BasicSetBeepSwitch, [this, on](const Target& target) {
-        if (static_cast<unsigned>(on) > MaxBeepSwitch) {
-            QMessageBox::information(m_window, Program::title(),
-                                     tr("Invalid beep switch level '%d'"));
-            return;
-        }
-        perform(target, "setBeepSwitch", tr("Set beep switch succeeded"), [on](const Target& t) {
-            return t->setBeepSwitch(t.node, static_cast<std::uint8_t>(on));
-        });
+    if (static_cast<unsigned>(on) <= MaxBeepSwitch)
+        perform<&VantoProtocol::setBeepSwitch>(m_ui->pushButton_BasicSetBeepSwitch,
+                                               tr("Set beep switch succeeded"),
+                                               static_cast<std::uint8_t>(on));
+    else
+        refuse(m_ui->pushButton_BasicSetBeepSwitch, tr("Invalid beep switch level '%d'"));
+}
+
+/// Says in the button's turn why nothing is sent.
+void BasicTab::refuse(QWidget* button, const QString& reason)
+{
+    request(button, [=, this](const HandTarget&) {
+        QMessageBox::information(m_window, Program::title(), reason);
     });
 }
 
 void BasicTab::startInitClicked()
 {
-    ask(m_ui->pushButton_BasicStartInit, [this](const Target& target) {
-        perform(target, "startInit", tr("Start init succeeded"),
-                [](const Target& t) { return t->startInit(t.node); });
-    });
+    perform<&VantoProtocol::startInit>(m_ui->pushButton_BasicStartInit, tr("Start init succeeded"));
 }
 
 void BasicTab::resetClicked()
 {
-    ask(m_ui->pushButton_BasicReset, [this](const Target& target) {
-        perform(target, "reset", tr("Reset succeeded"),
-                [](const Target& t) { return t->reset(t.node, ResetMode); });
-    });
+    perform<&VantoProtocol::reset>(m_ui->pushButton_BasicReset, tr("Reset succeeded"), ResetMode);
 }

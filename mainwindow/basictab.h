@@ -39,22 +39,20 @@ public:
     void resetClicked();
 
 private:
-    using Target = DeviceSession::Target;
-    using Operation = std::function<std::uint8_t(const Target&)>;
-
-    void readFirmwareVersion(const Target& target);
-    bool readProtocolVersion(const Target& target);
-    bool readHardwareVersion(const Target& target);
-    void readSelfTestLevel(const Target& target);
-    void readBeepSwitch(const Target& target);
-    void readCalibration(const Target& target);
-    void readAll(const Target& target);
+    void readFirmwareVersion(HandCall& call);
+    bool readProtocolVersion(HandCall& call);
+    bool readHardwareVersion(HandCall& call);
+    void readSelfTestLevel(HandCall& call);
+    void readBeepSwitch(HandCall& call);
+    void readCalibration(HandCall& call);
+    void readAll(const HandTarget& target);
     void clearFields();
 
-    void ask(QWidget* button, DeviceSession::Request request);
-    void perform(const Target& target, const char* name, const QString& success,
-                 const Operation& operation);
-    void changeId(const Target& target, std::uint8_t newNode);
+    void request(QWidget* button, RequestQueue::Request request);
+    template<auto Operation, class... Arguments>
+    void perform(QWidget* button, const QString& success, Arguments... arguments);
+    void refuse(QWidget* button, const QString& reason);
+    void changeId(const HandTarget& target, std::uint8_t newNode);
     void updateDependentWidgets();
 
     Ui::MainWindow* m_ui;

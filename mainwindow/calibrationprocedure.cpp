@@ -2,7 +2,6 @@
 
 #include "calibratingdialog.h"
 #include "controllock.h"
-#include "conversation.h"
 #include "fingers.h"
 #include "program.h"
 #include "statusreporter.h"
@@ -32,9 +31,8 @@ constexpr int EventSliceMs = 10; ///< longest sleep between two looks at the clo
 class ThumbRootMover
 {
 public:
-    ThumbRootMover(const DeviceSession::Target& target, const DeviceSession* session,
-                   StatusReporter* reporter)
-        : m_target(target), m_session(session), m_reporter(reporter)
+    ThumbRootMover(const HandTarget& target, StatusReporter* reporter)
+        : m_target(target), m_reporter(reporter)
     {
     }
 
@@ -44,14 +42,14 @@ public:
         if (m_moving)
             return;
         const QScopedValueRollback moving(m_moving, true);
-        const Conversation conversation;
-        while (m_wanted && m_session->holds(m_target)) {
+        HandCall call(m_target, m_reporter->namingTimeouts());
+        while (m_wanted && call.isCurrent()) {
             const auto next = std::exchange(m_wanted, std::nullopt);
-            const std::uint8_t result =
-                m_target->setFingerPosAbs(m_target.node, ThumbRoot, *next, ThumbRootSpeed);
+            const std::uint8_t result = call.attempt<&VantoProtocol::setFingerPosAbs>(
+                std::uint8_t{ThumbRoot}, *next, ThumbRootSpeed);
             if (m_dropped)
                 return; // cut short, which is no failure of the hand
-            m_failed = !m_reporter->succeeded(m_target, "setFingerPosAbs", result);
+            m_failed = !call.accept<&VantoProtocol::setFingerPosAbs>(result);
         }
     }
 
@@ -66,8 +64,7 @@ public:
     bool failed() const { return m_failed; }
 
 private:
-    const DeviceSession::Target& m_target;
-    const DeviceSession* m_session;
+    const HandTarget& m_target;
     StatusReporter* m_reporter;
     std::optional<std::uint16_t> m_wanted;
     bool m_moving = false;
@@ -86,11 +83,11 @@ void CalibrationProcedure::recalibrateClicked()
 {
     const QWidget* button = m_ui->pushButton_BasicRecalibrate;
     // The other pages have timers that talk to the hand, also under a dialog.
-    m_session->ask([button] { return button->isEnabled() && button->isVisible(); },
-                   [this](const Target& target) { walk(target); });
+    m_session->request([button] { return button->isEnabled() && button->isVisible(); },
+                       [this](const HandTarget& target) { walk(target); });
 }
 
-void CalibrationProcedure::walk(const Target& target)
+void CalibrationProcedure::walk(const HandTarget& target)
 {
     m_session->dropRequests(); // minutes later nobody would expect them
     const ControlLock lock(m_window,
@@ -128,10 +125,10 @@ void CalibrationProcedure::walk(const Target& target)
         [&] { return pressButton(target, 3); },
     };
     for (const auto& step : steps) {
-        if (!step() || !m_session->holds(target))
+        if (!step() || !target.isCurrent())
             return;
         m_session->openWaitingDialogs();
-        if (!m_session->holds(target))
+        if (!target.isCurrent())
             return;
     }
     QMessageBox::information(m_window, Program::title(),
@@ -145,13 +142,13 @@ bool CalibrationProcedure::confirm(const QString& prompt)
                                     QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
-bool CalibrationProcedure::askKey(const Target& target, std::uint16_t& key)
+bool CalibrationProcedure::askKey(const HandTarget& target, std::uint16_t& key)
 {
     bool accepted = false;
     const QString text =
         QInputDialog::getText(m_window, Program::title(), tr("Please input calibration key:"),
                               QLineEdit::Password, {}, &accepted);
-    if (!accepted || !m_session->holds(target))
+    if (!accepted || !target.isCurrent())
         return false;
     bool valid = false;
     key = static_cast<std::uint16_t>(text.toUInt(&valid, KeyBase)); // the hand takes 16 bits
@@ -160,36 +157,36 @@ bool CalibrationProcedure::askKey(const Target& target, std::uint16_t& key)
     return valid;
 }
 
-bool CalibrationProcedure::startCalibrating(const Target& target, std::uint16_t key)
+bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint16_t key)
 {
-    const Conversation conversation;
-    const std::uint8_t result = target->calibrate(target.node, key);
+    HandCall call(target, m_reporter->namingTimeouts());
+    const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
     if (result == AlreadyCalibrating)
         return true;
     if (result == ResultCode::Success || result == ResultCode::Timeout)
-        return m_reporter->succeeded(target, "calibrate", result);
-    if (!m_session->holds(target))
+        return call.accept<&VantoProtocol::calibrate>(result);
+    if (!call.isCurrent())
         return false;
-    const std::uint8_t subError = target->getNodeError(target.node);
+    const std::uint8_t subError = call.subError();
     if (subError == AlreadyCalibrating)
         return true;
-    if (m_session->holds(target))
-        m_reporter->showFailure(target, "calibrate", result, subError);
+    if (call.isCurrent())
+        m_reporter->namingTimeouts().reportFailure(
+            target, operationName<&VantoProtocol::calibrate>(), result, subError);
     return false;
 }
 
-bool CalibrationProcedure::placeThumbRoot(const Target& target, const QString& prompt)
+bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QString& prompt)
 {
     std::uint16_t wanted = 0;
     std::uint16_t current = 0;
     {
-        const Conversation conversation;
-        if (!m_reporter->succeeded(
-                target, "getFingerPosAbs",
-                target->getFingerPosAbs(target.node, ThumbRoot, &wanted, &current)))
+        HandCall call(target, m_reporter->namingTimeouts());
+        if (!call.perform<&VantoProtocol::getFingerPosAbs>(std::uint8_t{ThumbRoot}, &wanted,
+                                                           &current))
             return false;
     }
-    ThumbRootMover mover(target, m_session, m_reporter);
+    ThumbRootMover mover(target, m_reporter);
     // The moves are made inside the dialog's event loop, so it ends after the last of them.
     bool failedAfterOk = false;
     CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
@@ -201,26 +198,25 @@ bool CalibrationProcedure::placeThumbRoot(const Target& target, const QString& p
     do {
         failedAfterOk = false;
         answer = dialog.exec();
-    } while (answer == QDialog::Accepted && failedAfterOk && m_session->holds(target));
+    } while (answer == QDialog::Accepted && failedAfterOk && target.isCurrent());
     return answer == QDialog::Accepted;
 }
 
-bool CalibrationProcedure::pressButton(const Target& target, std::uint8_t count)
+bool CalibrationProcedure::pressButton(const HandTarget& target, std::uint8_t count)
 {
-    const Conversation conversation;
-    return m_reporter->succeeded(target, "setButtonPressedCnt",
-                                 target->setButtonPressedCnt(target.node, count));
+    HandCall call(target, m_reporter->namingTimeouts());
+    return call.perform<&VantoProtocol::setButtonPressedCnt>(count);
 }
 
-bool CalibrationProcedure::pressButtonAndWait(const Target& target, std::uint8_t count)
+bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uint8_t count)
 {
-    const Conversation conversation; // nobody disturbs the hand at its work
+    const LineHold line; // nothing disturbs the hand at its work
     if (!pressButton(target, count))
         return false;
     const QDeadlineTimer deadline(stageMs);
     QTimer slices;
     slices.start(EventSliceMs);
-    while (!deadline.hasExpired() && m_session->holds(target))
+    while (!deadline.hasExpired() && target.isCurrent())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return true;
 }

@@ -30,16 +30,14 @@ public:
     static inline int stageMs = 2000;
 
 private:
-    using Target = DeviceSession::Target;
-
     // The steps; each is true when the next may follow.
-    void walk(const Target& target);
+    void walk(const HandTarget& target);
     bool confirm(const QString& prompt);
-    bool askKey(const Target& target, std::uint16_t& key);
-    bool startCalibrating(const Target& target, std::uint16_t key);
-    bool placeThumbRoot(const Target& target, const QString& prompt);
-    bool pressButton(const Target& target, std::uint8_t count);
-    bool pressButtonAndWait(const Target& target, std::uint8_t count);
+    bool askKey(const HandTarget& target, std::uint16_t& key);
+    bool startCalibrating(const HandTarget& target, std::uint16_t key);
+    bool placeThumbRoot(const HandTarget& target, const QString& prompt);
+    bool pressButton(const HandTarget& target, std::uint8_t count);
+    bool pressButtonAndWait(const HandTarget& target, std::uint8_t count);
 
     Ui::MainWindow* m_ui;
     QWidget* m_window;

@@ -1,6 +1,5 @@
 #include "deviceconnector.h"
 
-#include "conversation.h"
 #include "deviceentry.h"
 #include "pagetimers.h"
 #include "program.h"
@@ -9,11 +8,6 @@
 
 #include <QMessageBox>
 #include <QSignalBlocker>
-
-namespace
-{
-constexpr std::uint8_t ForceProbeFinger = 1;
-}
 
 DeviceConnector::DeviceConnector(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
                                  PageTimers* timers, std::vector<TabRoom*> tabs)
@@ -24,15 +18,15 @@ DeviceConnector::DeviceConnector(Ui::MainWindow* ui, QWidget* window, DeviceSess
 void DeviceConnector::refreshClicked()
 {
     m_session->stopAtOnce();
-    m_session->whenQuiet(DeviceSession::Change::RefreshPorts,
-                         [this] { listPorts(availablePorts()); });
+    m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
+                           [this] { listPorts(availablePorts()); });
 }
 
 void DeviceConnector::listPortsAtStart(const QList<PortEntry>& ports)
 {
     if (m_portsListed)
         return;
-    m_session->whenQuiet(DeviceSession::Change::RefreshPorts, [this, ports] { listPorts(ports); });
+    m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts, [this, ports] { listPorts(ports); });
 }
 
 void DeviceConnector::listPorts(const QList<PortEntry>& ports)
@@ -51,7 +45,7 @@ void DeviceConnector::listPorts(const QList<PortEntry>& ports)
 void DeviceConnector::portChanged()
 {
     m_session->stopAtOnce();
-    m_session->whenQuiet(DeviceSession::Change::Port, [this] { forgetDevices(); });
+    m_session->runWhenIdle(DeviceSession::Kind::ChangePort, [this] { forgetDevices(); });
 }
 
 void DeviceConnector::deviceChanged(int index)
@@ -60,7 +54,7 @@ void DeviceConnector::deviceChanged(int index)
     if (!m_ui->comboBox_Devices->isEnabled() || index < 0)
         return;
     m_session->stopAtOnce();
-    m_session->whenQuiet(DeviceSession::Change::Device, [this] { openCurrentDevice(); });
+    m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
 }
 
 void DeviceConnector::leaveDevice()
@@ -89,19 +83,13 @@ void DeviceConnector::openCurrentDevice()
         showForceSensing(false);
         return;
     }
-    m_session->setAdapter(adapter);
-    const auto target = m_session->target();
+    const auto target = m_session->open(adapter, currentPortName());
     if (!target)
         return;
-    // Whether the port opens is told by the reads that follow.
-    adapter->connect(currentPortName().toUtf8().constData(), BaudRate);
-    const bool forceSensing = probeForceSensing(*target);
-    if (!m_session->holds(*target))
-        return;
-    showForceSensing(forceSensing);
+    showForceSensing(m_session->hasForceSensing());
     for (TabRoom* tab : m_tabs) {
         tab->reload();
-        if (!m_session->holds(*target))
+        if (!target->isCurrent())
             return;
     }
     m_timers->followCurrentPage();
@@ -129,16 +117,10 @@ std::shared_ptr<VantoProtocol> DeviceConnector::adapterOfCurrentEntry()
     return adapter;
 }
 
-bool DeviceConnector::probeForceSensing(const DeviceSession::Target& target)
-{
-    const Conversation conversation;
-    std::uint16_t force = 0;
-    return target->getFingerForce(target.node, ForceProbeFinger, &force, 1) == ResultCode::Success;
-}
-
 void DeviceConnector::showForceSensing(bool present)
 {
-    m_session->setForceSensing(present);
+    if (!present)
+        m_session->forgetForceSensing();
     for (TabRoom* tab : m_tabs)
         tab->setForceSensing(present);
     // Hiding the current page would make its neighbour current.

@@ -41,7 +41,6 @@ public:
 private:
     void listPorts(const QList<PortEntry>& ports);
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
-    bool probeForceSensing(const DeviceSession::Target& target);
     void showForceSensing(bool present);
     void showCritical(const QString& text);
 

@@ -1,8 +1,6 @@
 #include "devicescanner.h"
 
-#include "conversation.h"
 #include "deviceconnector.h"
-#include "deviceentry.h"
 #include "portproblem.h"
 #include "program.h"
 #include "statusreporter.h"
@@ -13,19 +11,6 @@
 
 namespace
 {
-constexpr int FirstNode = 1;
-constexpr int LastNode = 255;
-
-/// The protocols to try on every node, in this order.
-QList<std::shared_ptr<VantoProtocol>> protocolsToTry()
-{
-    QList<std::shared_ptr<VantoProtocol>> protocols{
-        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_MODBUS_RTU, ModbusMajorVersion, 0),
-        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, SerialCtrlMajorVersion, 0)};
-    protocols.removeAll(nullptr);
-    return protocols;
-}
-
 /// The second click of a double click on Stop is no wish for a new scan.
 class DoubleClickGuard : public QObject
 {
@@ -54,46 +39,61 @@ DeviceScanner::DeviceScanner(Ui::MainWindow* ui, QWidget* window, DeviceSession*
       m_session(session),
       m_reporter(reporter),
       m_connector(connector),
+      m_scan(reporter->namingTimeouts()),
       m_progress(new QProgressBar(window)),
       m_idleCaption(ui->pushButton_ScanDevices->text())
 {
     new DoubleClickGuard(ui->pushButton_ScanDevices);
     m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
     m_progress->setAccessibleName(tr("Scan progress"));
-    m_progress->setRange(FirstNode, LastNode);
+    m_progress->setRange(HandScan::FirstNode, HandScan::LastNode);
     m_progress->setTextVisible(false);
     // Else the bar would be as high as the theme makes it, after the first paint.
     m_progress->setMaximumHeight(m_progress->fontMetrics().height());
     m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
     m_ui->statusBar->addPermanentWidget(m_progress);
     m_progress->hide();
+    QObject::connect(&m_scan, &HandScan::sig_nodeBegins, window, [this](int node) {
+        m_progress->setValue(node);
+        m_reporter->showMessage(
+            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));
+    });
+    QObject::connect(&m_scan, &HandScan::sig_found, window,
+                     [this](const DeviceEntry& entry) { list(entry); });
+    QObject::connect(&m_scan, &HandScan::sig_pause, session,
+                     [session] { session->openWaitingDialogs(); });
 }
 
 void DeviceScanner::scanClicked()
 {
     if (m_ui->pushButton_ScanDevices->text() != m_idleCaption) {
-        m_stop = true;
+        m_scan.stop();
         return;
     }
     m_session->stopAtOnce();
-    m_session->whenQuiet(DeviceSession::Change::Scan, [this] { scan(); });
+    m_session->runWhenIdle(DeviceSession::Kind::Scan, [this] { scan(); });
 }
 
 void DeviceScanner::scan()
 {
+    using Outcome = HandScan::Outcome;
     setScanning(true);
-    const Outcome outcome = tryNodes(m_connector->currentPortName());
+    const Outcome outcome = m_scan.run(m_connector->currentPortName(), m_session->token());
     if (outcome == Outcome::PortNotOpened)
-        tellThatPortIsClosed();
+        showPortNotOpened();
     setScanning(false);
     if (outcome == Outcome::AllTried || outcome == Outcome::Stopped)
         m_connector->openCurrentDevice();
 }
 
-void DeviceScanner::tellThatPortIsClosed()
+void DeviceScanner::showPortNotOpened()
 {
-    QMessageBox box(QMessageBox::Critical, Program::title(), m_failure, QMessageBox::Ok, m_window);
-    box.setInformativeText(portProblem(m_connector->currentPortName()));
+    const QString port = m_connector->currentPortName();
+    const QString text =
+        tr("Open port '%1' failed, protocol=%2, baudrate=%3")
+            .arg(port, QString::number(m_scan.failedProtocol()), QString::number(BaudRate));
+    QMessageBox box(QMessageBox::Critical, Program::title(), text, QMessageBox::Ok, m_window);
+    box.setInformativeText(portProblem(port));
     box.exec();
 }
 
@@ -104,65 +104,16 @@ void DeviceScanner::setScanning(bool scanning)
     for (QWidget* widget : topRow)
         widget->setEnabled(!scanning);
     m_ui->pushButton_ScanDevices->setText(scanning ? tr("Stop") : m_idleCaption);
-    if (scanning) {
+    if (scanning)
         m_connector->forgetDevices();
-        m_stop = false;
-    }
     m_ui->tabWidget->setEnabled(!scanning);
     m_ui->action_Force_Update->setEnabled(!scanning);
-    m_progress->setValue(FirstNode);
+    m_progress->setValue(HandScan::FirstNode);
     m_progress->setVisible(scanning);
 }
 
-DeviceScanner::Outcome DeviceScanner::tryNodes(const QString& port)
+void DeviceScanner::list(const DeviceEntry& entry)
 {
-    const auto protocols = protocolsToTry();
-    const auto epoch = m_session->epoch();
-    for (int node = FirstNode; node <= LastNode; ++node) {
-        if (m_stop)
-            return Outcome::Stopped;
-        m_progress->setValue(node);
-        m_reporter->showMessage(
-            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));
-        for (const auto& protocol : protocols) {
-            if (!tryNode(port, {protocol, static_cast<std::uint8_t>(node), epoch}))
-                return Outcome::PortNotOpened;
-            m_session->openWaitingDialogs();
-            if (epoch != m_session->epoch())
-                return Outcome::Superseded;
-        }
-    }
-    return Outcome::AllTried;
-}
-
-bool DeviceScanner::tryNode(const QString& port, const DeviceSession::Target& candidate)
-{
-    const Conversation conversation;
-    if (!candidate->connect(port.toUtf8().constData(), BaudRate)) {
-        m_failure =
-            tr("Open port '%1' failed, protocol=%2, baudrate=%3")
-                .arg(port, QString::number(candidate->protocolType()), QString::number(BaudRate));
-        return false;
-    }
-    listIfAnswering(candidate);
-    candidate->disconnect();
-    return true;
-}
-
-void DeviceScanner::listIfAnswering(const DeviceSession::Target& candidate)
-{
-    DeviceEntry entry;
-    entry.node = candidate.node;
-    entry.protocolName = QLatin1String(candidate->protocolName());
-    if (!m_reporter->succeeded(candidate, "getFirmwareVersion",
-                               candidate->getFirmwareVersion(candidate.node, &entry.firmwareMajor,
-                                                             &entry.firmwareMinor,
-                                                             &entry.firmwareRevision)))
-        return;
-    if (!m_reporter->succeeded(candidate, "getProtocolVersion",
-                               candidate->getProtocolVersion(candidate.node, &entry.protocolMajor,
-                                                             &entry.protocolMinor)))
-        return;
     m_ui->comboBox_Devices->addItem(entry.text(), int{entry.node});
     m_reporter->showMessage(tr("node '0x%1' found, firmware version: %2.%3.%4")
                                 .arg(StatusReporter::hex(entry.node))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devicesession.h"
+#include "handscan.h"
 
 #include <QCoreApplication>
 
@@ -12,7 +13,7 @@ namespace Ui
 class MainWindow;
 }
 
-/// The scan of a port: tries every node with every protocol and lists the hands that answer.
+/// The Scan button: scans the chosen port and lists the hands that answer.
 class DeviceScanner
 {
     Q_DECLARE_TR_FUNCTIONS(DeviceScanner)
@@ -24,14 +25,9 @@ public:
     void scanClicked();
 
 private:
-    enum class Outcome { AllTried, Stopped, PortNotOpened, Superseded };
-
     void scan();
-    Outcome tryNodes(const QString& port);
-    /// False when the port could not be opened.
-    bool tryNode(const QString& port, const DeviceSession::Target& candidate);
-    void listIfAnswering(const DeviceSession::Target& candidate);
-    void tellThatPortIsClosed();
+    void showPortNotOpened();
+    void list(const DeviceEntry& entry);
     void setScanning(bool scanning);
 
     Ui::MainWindow* m_ui;
@@ -39,8 +35,7 @@ private:
     DeviceSession* m_session;
     StatusReporter* m_reporter;
     DeviceConnector* m_connector;
+    HandScan m_scan;
     QProgressBar* m_progress;
     QString m_idleCaption; ///< of the Scan button, by which its state is told
-    QString m_failure;     ///< why the port could not be opened
-    bool m_stop = false;
 };

@@ -1,7 +1,6 @@
 #include "firmwareupdater.h"
 
 #include "controllock.h"
-#include "conversation.h"
 #include "deviceconnector.h"
 #include "firmwaredownload.h"
 #include "program.h"
@@ -67,7 +66,7 @@ void FirmwareUpdater::updateClicked()
     if (m_running)
         return;
     m_session->stopMotion();
-    m_session->whenQuiet(DeviceSession::Change::Update, [this] { update(); });
+    m_session->runWhenIdle(DeviceSession::Kind::Update, [this] { update(); });
 }
 
 void FirmwareUpdater::update()
@@ -77,14 +76,14 @@ void FirmwareUpdater::update()
         tellFailure(tr("Serial port not available"));
         return;
     }
-    m_epoch = m_session->epoch();
+    m_token = m_session->token();
     const QString path = chooseFile();
     if (path.isEmpty())
         return;
 
     const bool wasOpen = m_session->connected();
     m_session->closeIfConnected();
-    m_epoch = m_session->epoch();
+    m_token = m_session->token();
     const QString failure = headerFailure(path);
     if (!failure.isEmpty()) {
         tellFailure(failure);
@@ -188,7 +187,7 @@ QString FirmwareUpdater::write(const QString& path)
                             m_ui->pushButton_ScanDevices, m_ui->comboBox_Devices, m_ui->tabWidget},
                            {m_ui->action_Force_Update});
     const QScopedValueRollback transferring(m_transferring, true);
-    const Conversation conversation;
+    const LineHold line;
     if (!m_dialog)
         m_dialog = new UpdateDialog(m_window);
     m_dialog->begin();

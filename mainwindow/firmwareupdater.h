@@ -48,7 +48,7 @@ private:
     QString write(const QString& path);
     void showLog(const QString& text);
 
-    bool wanted() const { return m_session->epoch() == m_epoch; }
+    bool wanted() const { return m_token.isCurrent(); }
     void tell(const QString& text);
     void tellFailure(const QString& text);
 
@@ -61,7 +61,7 @@ private:
     QStringList m_sources;
     QStringList m_knownHardware;
     UpdateDialog* m_dialog = nullptr;
-    quint64 m_epoch = 0;
+    Generation::Token m_token;
     bool m_running = false;
     bool m_transferring = false;
     QString m_logText; ///< last text of the log

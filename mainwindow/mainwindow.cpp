@@ -43,7 +43,7 @@ MainWindow::MainWindow(QWidget* parent)
                    ? std::optional<std::uint8_t>()
                    : static_cast<std::uint8_t>(devices->currentData().toInt());
     });
-    m_reporter = new StatusReporter(ui->statusBar, m_session.get());
+    m_reporter = new StatusReporter(ui->statusBar);
     m_timers = new PageTimers(ui->tabWidget, m_session.get());
     m_basicTab = std::make_unique<BasicTab>(ui.get(), this, m_session.get(), m_reporter);
     m_settingTab = std::make_unique<SettingTab>(ui.get(), this, m_session.get(), m_reporter);
@@ -144,12 +144,12 @@ void MainWindow::on_action_Force_Update_triggered()
 
 void MainWindow::on_action_Theme_triggered()
 {
-    m_session->whenQuiet(DeviceSession::Change::Theme, [this] { Theme::choose(this); });
+    m_session->runWhenIdle(DeviceSession::Kind::Theme, [this] { Theme::choose(this); });
 }
 
 void MainWindow::on_action_About_triggered()
 {
-    m_session->whenQuiet(DeviceSession::Change::About, [this] { showAbout(); });
+    m_session->runWhenIdle(DeviceSession::Kind::About, [this] { showAbout(); });
 }
 
 void MainWindow::showAbout()
@@ -238,7 +238,7 @@ void MainWindow::on_pushButton_BasicRecalibrate_clicked()
 
 void MainWindow::reloadSettingInfo()
 {
-    m_session->whenQuiet(DeviceSession::Change::ReloadSetting, [this] { m_settingTab->reload(); });
+    m_session->runWhenIdle(DeviceSession::Kind::ReloadSetting, [this] { m_settingTab->reload(); });
 }
 
 void MainWindow::clearSettingInfo()

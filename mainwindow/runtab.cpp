@@ -1,13 +1,12 @@
 #include "runtab.h"
 
-#include "conversation.h"
 #include "fingerwidgets.h"
 #include "focuskeeper.h"
 #include "numbertext.h"
 #include "pagetimers.h"
-#include "positionmode.h"
 #include "statusreporter.h"
 #include "ui_mainwindow.h"
+#include "unitdisplay.h"
 
 #include <utility>
 
@@ -29,14 +28,9 @@ RunTab::RunTab(Ui::MainWindow* ui, QWidget* window, DeviceSession* session,
     QObject::connect(timers, &PageTimers::sig_runPageLeft, window, [this] { dropPending(); });
 }
 
-bool RunTab::succeeded(const Target& target, const char* operation, std::uint8_t result)
-{
-    return m_reporter->succeeded(target, operation, result, StatusReporter::Timeouts::LikeFailures);
-}
-
 void RunTab::modeChanged()
 {
-    m_session->whenQuiet(DeviceSession::Change::ReloadRun, [this] { reload(); });
+    m_session->runWhenIdle(DeviceSession::Kind::ReloadRun, [this] { reload(); });
 }
 
 void RunTab::reload()
@@ -49,9 +43,14 @@ void RunTab::reload()
     const auto target = m_session->target();
     if (!target)
         return;
-    const Conversation conversation;
-    m_inPositions ? readPositions(*target) : readAngles(*target);
-    if (!m_session->holds(*target))
+    HandCall call(*target, m_reporter->plain());
+    if (const auto pose = m_unit->readPose(call)) {
+        for (std::size_t f = 0; f < FingerCount; ++f) {
+            m_positions[f]->setText(UnitDisplay::text(*m_unit, pose->targets[f]));
+            m_sliders[f]->setValue(pose->targets[f]);
+        }
+    }
+    if (!call.isCurrent())
         return;
     setWidgetsEnabled(true);
     m_reporter->showMessage(tr("Running info loaded"));
@@ -59,36 +58,8 @@ void RunTab::reload()
 
 void RunTab::followMode()
 {
-    m_inPositions = PositionMode::isChosen(m_ui->comboBox_RunPosOrAngle);
-    PositionMode::apply(m_inPositions, m_ui->label_RunTicksOrDegree, m_sliders);
-}
-
-void RunTab::readPositions(const Target& target)
-{
-    PerFinger<std::uint16_t> targets{};
-    PerFinger<std::uint16_t> currents{};
-    if (!succeeded(
-            target, "getFingerPosAll",
-            target->getFingerPosAll(target.node, targets.data(), currents.data(), FingerCount)))
-        return;
-    for (std::size_t f = 0; f < FingerCount; ++f) {
-        m_positions[f]->setText(QString::number(targets[f]));
-        m_sliders[f]->setValue(targets[f]);
-    }
-}
-
-void RunTab::readAngles(const Target& target)
-{
-    PerFinger<std::int16_t> targets{};
-    PerFinger<std::int16_t> currents{};
-    if (!succeeded(
-            target, "getFingerAngleAll",
-            target->getFingerAngleAll(target.node, targets.data(), currents.data(), FingerCount)))
-        return;
-    for (std::size_t f = 0; f < FingerCount; ++f) {
-        m_positions[f]->setText(NumberText::fromAngle(targets[f]));
-        m_sliders[f]->setValue(targets[f]);
-    }
+    m_unit = &UnitDisplay::chosen(m_ui->comboBox_RunPosOrAngle);
+    UnitDisplay::apply(*m_unit, m_ui->label_RunTicksOrDegree, m_sliders);
 }
 
 void RunTab::clear()
@@ -115,18 +86,20 @@ void RunTab::setWidgetsEnabled(bool enabled)
 
 void RunTab::handleSliderMoved(std::uint8_t finger, int value)
 {
-    m_positions[finger]->setText(m_inPositions
-                                     ? QString::number(static_cast<std::uint16_t>(value))
-                                     : NumberText::fromAngle(static_cast<std::int16_t>(value)));
+    m_positions[finger]->setText(UnitDisplay::text(*m_unit, value));
 }
 
-POS_INFO RunTab::commandOf(std::uint8_t finger, std::uint8_t node) const
+POS_INFO RunTab::commandOf(std::uint8_t finger, std::uint8_t node, int value) const
 {
     POS_INFO command;
     command.node = node;
     command.finger = finger;
-    command.isPosition = m_inPositions;
+    command.isPosition = m_unit->isPosition();
     command.speed = NumberText::toByte(m_speeds[finger]->text());
+    if (command.isPosition)
+        command.position = static_cast<std::uint16_t>(value);
+    else
+        command.angle = static_cast<std::int16_t>(value);
     return command;
 }
 
@@ -135,13 +108,7 @@ void RunTab::handleSliderReleased(std::uint8_t finger)
     const auto target = m_session->target();
     if (!target)
         return;
-    POS_INFO command = commandOf(finger, target->node);
-    const int value = m_sliders[finger]->sliderPosition();
-    if (command.isPosition)
-        command.position = static_cast<std::uint16_t>(value);
-    else
-        command.angle = static_cast<std::int16_t>(value);
-    m_pending.push_back(command);
+    m_pending.push_back(commandOf(finger, target->node, m_sliders[finger]->sliderPosition()));
     m_pendingCount.release();
 }
 
@@ -157,111 +124,89 @@ void RunTab::handleButtonSetPosClick(std::uint8_t finger)
     const auto asked = m_session->target();
     if (!asked)
         return;
-    POS_INFO command = commandOf(finger, asked->node);
-    if (command.isPosition)
-        command.position = NumberText::toWord(m_positions[finger]->text());
-    else
-        command.angle = NumberText::toAngle(m_positions[finger]->text());
+    const POS_INFO command =
+        commandOf(finger, asked->node, UnitDisplay::value(*m_unit, m_positions[finger]->text()));
     const auto* slider = m_sliders[finger];
-    m_session->ask([slider] { return slider->isEnabled(); },
-                   [this, command](const Target& target) {
-                       const Conversation conversation;
-                       if (!move(target, command))
-                           return;
-                       if (command.isPosition)
-                           readBackPosition(target, command.finger, "getFingerpos", false, true);
-                       else
-                           readBackAngle(target, command.finger);
-                   });
+    m_session->request([slider] { return slider->isEnabled(); },
+                       [this, command](const HandTarget& target) {
+                           HandCall call(target, m_reporter->plain());
+                           if (!move(call, command))
+                               return;
+                           if (command.isPosition)
+                               readBack(call, command, ReadBack::IntoSlider, "getFingerpos");
+                           else
+                               readBack(call, command, ReadBack::IntoBoth);
+                       });
 }
 
-bool RunTab::move(const Target& target, const POS_INFO& command)
+const MotionUnit& RunTab::unitOf(const POS_INFO& command)
 {
-    const auto speed = static_cast<std::uint8_t>(command.speed);
-    if (command.isPosition)
-        return succeeded(
-            target, "setFingerPos",
-            target->setFingerPos(command.node, command.finger, command.position, speed));
-    return succeeded(target, "setFingerAngle",
-                     target->setFingerAngle(command.node, command.finger,
-                                            static_cast<std::int16_t>(command.angle), speed));
+    return command.isPosition ? MotionUnit::position() : MotionUnit::angle();
 }
 
-void RunTab::readBackPosition(const Target& target, std::uint8_t finger, const char* operation,
-                              bool intoField, bool intoSlider)
+bool RunTab::move(HandCall& call, const POS_INFO& command)
 {
-    std::uint16_t reached = 0;
-    std::uint16_t current = 0;
-    const auto result = target->getFingerPos(target.node, finger, &reached, &current);
-    // In the meantime the fields may have become angles, or the slider been taken up again.
-    if (!succeeded(target, operation, result) || !m_inPositions ||
-        m_sliders[finger]->isSliderDown())
+    const int value = command.isPosition ? int{command.position} : static_cast<int>(command.angle);
+    return unitOf(command).move(call, command.finger, value,
+                                static_cast<std::uint8_t>(command.speed));
+}
+
+void RunTab::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
+                      std::string_view operation)
+{
+    const auto reached = unitOf(command).readTarget(call, command.finger, operation);
+    QSlider* slider = m_sliders[command.finger];
+    // Meanwhile the mode may have changed, or the slider is held again.
+    if (!reached || &unitOf(command) != m_unit || slider->isSliderDown())
         return;
-    if (intoField)
-        m_positions[finger]->setText(QString::number(reached));
-    if (intoSlider)
-        m_sliders[finger]->setValue(reached);
-}
-
-void RunTab::readBackAngle(const Target& target, std::uint8_t finger)
-{
-    std::int16_t reached = 0;
-    std::int16_t current = 0;
-    const auto result = target->getFingerAngle(target.node, finger, &reached, &current);
-    if (!succeeded(target, "getFingerAngle", result) || m_inPositions ||
-        m_sliders[finger]->isSliderDown())
-        return;
-    m_positions[finger]->setText(NumberText::fromAngle(reached));
-    m_sliders[finger]->setValue(reached);
+    if (into != ReadBack::IntoSlider)
+        m_positions[command.finger]->setText(UnitDisplay::text(*m_unit, *reached));
+    if (into != ReadBack::IntoField)
+        slider->setValue(*reached);
 }
 
 /// A tick ends between two exchanges when somebody waits for it or its page has been left.
-bool RunTab::tickGoesOn(const Target& target) const
+bool RunTab::tickGoesOn(const HandCall& call) const
 {
-    return m_session->holds(target) && !m_session->requestWaits() && m_timers->runPageTicks();
+    return call.isCurrent() && !m_session->requestWaits() && m_timers->runPageTicks();
 }
 
 void RunTab::updateCurrent()
 {
-    if (!m_session->tickMayRun()) {
+    if (!m_session->canTick()) {
         m_timers->postponeRunTick();
         return;
     }
     const auto target = m_session->target();
     if (!target)
         return;
-    const Conversation conversation;
-    sendPending(*target);
+    HandCall call(*target, m_reporter->plain());
+    sendPending(call);
     // A tick that was cut short is continued by the next, else the last finger would starve.
     const std::size_t first = std::exchange(m_firstCurrent, 0);
     for (std::size_t i = 0; i < FingerCount; ++i) {
         const auto finger = static_cast<std::uint8_t>((first + i) % FingerCount);
-        if (!tickGoesOn(*target)) {
+        if (!tickGoesOn(call)) {
             m_firstCurrent = finger;
             return;
         }
-        readCurrent(*target, finger);
+        readCurrent(call, finger);
     }
 }
 
-void RunTab::sendPending(const Target& target)
+void RunTab::sendPending(HandCall& call)
 {
     if (!m_pendingCount.tryAcquire())
         return;
     const POS_INFO command = m_pending.front();
     m_pending.pop_front();
-    if (!move(target, command) || !tickGoesOn(target))
-        return;
-    if (command.isPosition)
-        readBackPosition(target, command.finger, "getFingerPos", true, false);
-    else
-        readBackAngle(target, command.finger);
+    if (command.node == call.target().node && move(call, command) && tickGoesOn(call))
+        readBack(call, command, command.isPosition ? ReadBack::IntoField : ReadBack::IntoBoth);
 }
 
-void RunTab::readCurrent(const Target& target, std::uint8_t finger)
+void RunTab::readCurrent(HandCall& call, std::uint8_t finger)
 {
     std::uint16_t current = 0;
-    if (succeeded(target, "getFingerCurrent",
-                  target->getFingerCurrent(target.node, finger, &current)))
+    if (call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
         m_currents[finger]->setText(QString::number(current));
 }

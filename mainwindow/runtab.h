@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devicesession.h"
-#include "fingers.h"
+#include "motionunit.h"
 #include "tabroom.h"
 
 #include <QCoreApplication>
@@ -54,20 +54,19 @@ public:
     void dropPending();
 
 private:
-    using Target = DeviceSession::Target;
+    /// What shows a value that has been read back.
+    enum class ReadBack { IntoField, IntoSlider, IntoBoth };
 
-    bool tickGoesOn(const Target& target) const;
-    bool succeeded(const Target& target, const char* operation, std::uint8_t result);
+    bool tickGoesOn(const HandCall& call) const;
     void followMode();
-    void readPositions(const Target& target);
-    void readAngles(const Target& target);
-    POS_INFO commandOf(std::uint8_t finger, std::uint8_t node) const;
-    bool move(const Target& target, const POS_INFO& command);
-    void readBackPosition(const Target& target, std::uint8_t finger, const char* operation,
-                          bool intoField, bool intoSlider);
-    void readBackAngle(const Target& target, std::uint8_t finger);
-    void sendPending(const Target& target);
-    void readCurrent(const Target& target, std::uint8_t finger);
+    POS_INFO commandOf(std::uint8_t finger, std::uint8_t node, int value) const;
+    static const MotionUnit& unitOf(const POS_INFO& command);
+    static bool move(HandCall& call, const POS_INFO& command);
+    /// `operation` as in MotionUnit::readTarget().
+    void readBack(HandCall& call, const POS_INFO& command, ReadBack into,
+                  std::string_view operation = {});
+    void sendPending(HandCall& call);
+    void readCurrent(HandCall& call, std::uint8_t finger);
 
     Ui::MainWindow* m_ui;
     QWidget* m_window;
@@ -79,7 +78,7 @@ private:
     PerFinger<QLineEdit*> m_speeds;
     PerFinger<QLineEdit*> m_currents;
     /// Of what fields and sliders show. The mode selector may be ahead of it for a moment.
-    bool m_inPositions = true;
+    const MotionUnit* m_unit = &MotionUnit::position();
     std::deque<POS_INFO> m_pending;
     QSemaphore m_pendingCount;      ///< counts what is pending
     std::size_t m_firstCurrent = 0; ///< finger whose current the next tick reads first

@@ -1,6 +1,5 @@
 #include "sequencetab.h"
 
-#include "conversation.h"
 #include "focuskeeper.h"
 #include "numbertext.h"
 #include "pagetimers.h"
@@ -66,11 +65,6 @@ bool SequenceTab::isPlaying() const
 bool SequenceTab::pageIsShown() const
 {
     return m_ui->tabWidget->currentWidget() == m_ui->tab_Sequence;
-}
-
-bool SequenceTab::succeeded(const Target& target, const char* operation, std::uint8_t result)
-{
-    return m_reporter->succeeded(target, operation, result, StatusReporter::Timeouts::LikeFailures);
 }
 
 void SequenceTab::reload()
@@ -168,16 +162,16 @@ void SequenceTab::updateEditCell()
 }
 
 /// What a person asks for on this page: dropped when the page has been left meanwhile.
-void SequenceTab::ask(std::function<bool()> stillWanted, DeviceSession::Request request)
+void SequenceTab::request(std::function<bool()> stillWanted, RequestQueue::Request request)
 {
     if (!pageIsShown())
         return;
-    m_session->ask([this, stillWanted = std::move(stillWanted),
-                    visit = m_visit] { return isVisit(visit) && stillWanted(); },
-                   std::move(request));
+    m_session->request([this, stillWanted = std::move(stillWanted),
+                        visit = m_visit] { return isVisit(visit) && stillWanted(); },
+                       std::move(request));
 }
 
-void SequenceTab::play(const Target& target, int start, int end, bool forEdit)
+void SequenceTab::play(const HandTarget& target, int start, int end, bool forEdit)
 {
     // The hand of the click, whatever the Devices list may show by now.
     m_player->setVantoProtocol(target.adapter, target.node);
@@ -199,12 +193,12 @@ void SequenceTab::playRow(int row, bool forEdit)
 {
     if (row < 0)
         return;
-    ask(
+    request(
         [this, step = m_table->idOf(row)] {
             return m_table->isEnabled() && m_table->rowOf(step) >= 0 &&
                    m_table->rowOf(step) == m_table->currentRow();
         },
-        [this, step = m_table->idOf(row), forEdit](const Target& target) {
+        [this, step = m_table->idOf(row), forEdit](const HandTarget& target) {
             const int now = m_table->rowOf(step);
             play(target, now, now, forEdit);
         });
@@ -215,11 +209,11 @@ void SequenceTab::runClicked()
     const int rows = m_table->rowCount();
     const int current = std::max(m_table->currentRow(), 0);
     const int start = current == rows - 1 ? 0 : current;
-    ask(
+    request(
         [this, edition = m_edition] {
             return m_ui->pushButton_SeqRun->isEnabled() && edition == m_edition;
         },
-        [this, start, end = rows == 1 ? start : ToTheEnd](const Target& target) {
+        [this, start, end = rows == 1 ? start : ToTheEnd](const HandTarget& target) {
             play(target, start, end, false);
         });
 }
@@ -260,11 +254,11 @@ void SequenceTab::insertClicked()
 {
     const int current = m_table->currentRow();
     const quint64 after = m_table->idOf(std::max(current, 0)); // the first row if none is current
-    ask([this] { return m_ui->pushButton_SeqInsert->isEnabled(); },
-        [this, after](const Target& target) { insert(target, after); });
+    request([this] { return m_ui->pushButton_SeqInsert->isEnabled(); },
+            [this, after](const HandTarget& target) { insert(target, after); });
 }
 
-void SequenceTab::insert(const Target& target, quint64 after)
+void SequenceTab::insert(const HandTarget& target, quint64 after)
 {
     QList<int> pose;
     {
@@ -272,7 +266,7 @@ void SequenceTab::insert(const Target& target, quint64 after)
         update();
         pose = readPose(target);
     }
-    if (!m_session->holds(target))
+    if (!target.isCurrent())
         return;
     const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
     m_table->insertStep(row, pose);
@@ -282,30 +276,23 @@ void SequenceTab::insert(const Target& target, quint64 after)
     selectSoon(target, row);
 }
 
-QList<int> SequenceTab::readPose(const Target& target)
+/// Zeros if it cannot be read; that is no message.
+QList<int> SequenceTab::readPose(const HandTarget& target)
 {
-    const Conversation conversation;
-    if (m_editors.inPositionMode()) {
-        PerFinger<std::uint16_t> targets{};
-        PerFinger<std::uint16_t> currents{};
-        target->getFingerPosAll(target.node, targets.data(), currents.data(), FingerCount);
-        return {currents.begin(), currents.end()};
-    }
-    PerFinger<std::int16_t> targets{};
-    PerFinger<std::int16_t> currents{};
-    target->getFingerAngleAll(target.node, targets.data(), currents.data(), FingerCount);
-    return {currents.begin(), currents.end()};
+    HandCall call(target);
+    const auto pose = m_editors.unit().readPoseIfPossible(call);
+    return {pose.currents.begin(), pose.currents.end()};
 }
 
-void SequenceTab::selectSoon(const Target& target, int row)
+void SequenceTab::selectSoon(const HandTarget& target, int row)
 {
     QTimer::singleShot(SelectInsertedMs, m_table,
                        [this, target, step = m_table->idOf(row), visit = m_visit] {
                            const int now = m_table->rowOf(step);
                            // Under a dialog it would have to wait, and come when nobody expects it
                            // any more.
-                           if (now >= 0 && isVisit(visit) && m_session->holds(target) &&
-                               !isPlaying() && !QApplication::activeModalWidget())
+                           if (now >= 0 && isVisit(visit) && target.isCurrent() && !isPlaying() &&
+                               !QApplication::activeModalWidget())
                                m_table->setCurrentCell(now, 0);
                        });
 }
@@ -381,41 +368,22 @@ void SequenceTab::handleSliderMoved(std::uint8_t finger, int value)
 void SequenceTab::handleSliderReleased(std::uint8_t finger)
 {
     const QSlider* slider = m_editors.slider(finger);
-    const Release release{finger, m_editors.inPositionMode(), slider->sliderPosition(),
+    const Release release{finger, &m_editors.unit(), slider->sliderPosition(),
                           NumberText::toByte(m_editors.speed(finger)->text()), m_shown};
-    ask([this, slider, release] { return slider->isEnabled() && m_shown == release.step; },
-        [this, release](const Target& target) { moveAndStore(target, release); });
+    request([this, slider, release] { return slider->isEnabled() && m_shown == release.step; },
+            [this, release](const HandTarget& target) { moveAndStore(target, release); });
 }
 
 /// The target that the hand reports after the motion, unless something failed.
-std::optional<int> SequenceTab::move(const Target& target, const Release& release)
+std::optional<int> SequenceTab::move(const HandTarget& target, const Release& release)
 {
-    const Conversation conversation;
-    if (release.byPosition) {
-        std::uint16_t reached = 0;
-        std::uint16_t current = 0;
-        if (!succeeded(target, "setFingerPos",
-                       target->setFingerPos(target.node, release.finger,
-                                            static_cast<std::uint16_t>(release.value),
-                                            release.speed)) ||
-            !succeeded(target, "getFingerPos",
-                       target->getFingerPos(target.node, release.finger, &reached, &current)))
-            return {};
-        return reached;
-    }
-    std::int16_t reached = 0;
-    std::int16_t current = 0;
-    if (!succeeded(target, "setFingerAngle",
-                   target->setFingerAngle(target.node, release.finger,
-                                          static_cast<std::int16_t>(release.value),
-                                          release.speed)) ||
-        !succeeded(target, "getFingerAngle",
-                   target->getFingerAngle(target.node, release.finger, &reached, &current)))
+    HandCall call(target, m_reporter->plain());
+    if (!release.unit->move(call, release.finger, release.value, release.speed))
         return {};
-    return reached;
+    return release.unit->readTarget(call, release.finger);
 }
 
-void SequenceTab::moveAndStore(const Target& target, const Release& release)
+void SequenceTab::moveAndStore(const HandTarget& target, const Release& release)
 {
     const auto reached = move(target, release);
     const int row = m_table->rowOf(release.step);
@@ -435,8 +403,8 @@ void SequenceTab::moveAndStore(const Target& target, const Release& release)
 void SequenceTab::modeChanged()
 {
     m_editors.followMode();
-    m_manager->setPositionType(m_editors.inPositionMode() ? SequenceData::POS_TYPE_POSITION
-                                                          : SequenceData::POS_TYPE_ANGLE);
+    m_manager->setPositionType(m_editors.unit().isPosition() ? SequenceData::POS_TYPE_POSITION
+                                                             : SequenceData::POS_TYPE_ANGLE);
 }
 
 bool SequenceTab::keyPressed(const QKeyEvent& event)
@@ -446,7 +414,7 @@ bool SequenceTab::keyPressed(const QKeyEvent& event)
 
 void SequenceTab::loadClicked()
 {
-    m_session->whenQuiet(DeviceSession::Change::LoadSequence, [this] { load(); });
+    m_session->runWhenIdle(DeviceSession::Kind::LoadSequence, [this] { load(); });
 }
 
 void SequenceTab::load()
@@ -471,7 +439,7 @@ void SequenceTab::load()
 
 void SequenceTab::saveClicked()
 {
-    m_session->whenQuiet(DeviceSession::Change::SaveSequence, [this] { save(); });
+    m_session->runWhenIdle(DeviceSession::Kind::SaveSequence, [this] { save(); });
 }
 
 void SequenceTab::save()

@@ -64,11 +64,10 @@ public:
     bool keyPressed(const QKeyEvent& event);
 
 private:
-    using Target = DeviceSession::Target;
     /// A slider's release, as it was when it happened.
     struct Release {
         std::uint8_t finger;
-        bool byPosition;
+        const MotionUnit* unit;
         int value;
         std::uint8_t speed;
         quint64 step;
@@ -76,17 +75,16 @@ private:
 
     bool isPlaying() const;
     bool pageIsShown() const;
-    bool succeeded(const Target& target, const char* operation, std::uint8_t result);
     /// Whether the page is still shown that was shown then.
     bool isVisit(int visit) const { return pageIsShown() && visit == m_visit; }
-    void ask(std::function<bool()> stillWanted, DeviceSession::Request request);
+    void request(std::function<bool()> stillWanted, RequestQueue::Request request);
     void playRow(int row, bool forEdit);
-    void play(const Target& target, int start, int end, bool forEdit);
-    QList<int> readPose(const Target& target);
-    void insert(const Target& target, quint64 after);
-    void selectSoon(const Target& target, int row);
-    std::optional<int> move(const Target& target, const Release& release);
-    void moveAndStore(const Target& target, const Release& release);
+    void play(const HandTarget& target, int start, int end, bool forEdit);
+    QList<int> readPose(const HandTarget& target);
+    void insert(const HandTarget& target, quint64 after);
+    void selectSoon(const HandTarget& target, int row);
+    std::optional<int> move(const HandTarget& target, const Release& release);
+    void moveAndStore(const HandTarget& target, const Release& release);
     template<class Edit>
     void editShownStep(Edit edit);
     void load();

@@ -1,6 +1,5 @@
 #include "settingtab.h"
 
-#include "conversation.h"
 #include "fingerwidgets.h"
 #include "focuskeeper.h"
 #include "numbertext.h"
@@ -42,16 +41,15 @@ void SettingTab::reload()
     const auto target = m_session->target();
     if (!target)
         return;
-    const Conversation conversation;
+    HandCall call(*target, m_reporter->plain());
     for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
-        readPid(*target, finger);
-        if (m_session->holds(*target))
-            readCurrentLimit(*target, finger);
-        if (m_session->holds(*target) && m_session->hasForceSensing())
-            readForceLimit(*target, finger);
-        if (!m_session->holds(*target))
-            return;
+        readPid(call, finger);
+        readCurrentLimit(call, finger);
+        if (m_session->hasForceSensing())
+            readForceLimit(call, finger);
     }
+    if (!call.isCurrent())
+        return;
     setWidgetsEnabled(true);
     m_reporter->showMessage(tr("Setting loaded"));
 }
@@ -83,21 +81,16 @@ void SettingTab::setForceSensing(bool present)
     m_ui->label_SettingMN->setVisible(present);
 }
 
-void SettingTab::ask(QPushButton* button, DeviceSession::Request request)
+void SettingTab::request(QPushButton* button, RequestQueue::Request action)
 {
-    m_session->ask([button] { return button->isEnabled(); }, std::move(request));
-}
-
-bool SettingTab::succeeded(const Target& target, const char* operation, std::uint8_t result)
-{
-    return m_reporter->succeeded(target, operation, result, StatusReporter::Timeouts::LikeFailures);
+    m_session->request([button] { return button->isEnabled(); }, std::move(action));
 }
 
 void SettingTab::handleReadPID(std::uint8_t finger)
 {
-    ask(m_readButtons[Pid][finger], [this, finger](const Target& target) {
-        const Conversation conversation;
-        readPid(target, finger);
+    request(m_readButtons[Pid][finger], [this, finger](const HandTarget& target) {
+        HandCall call(target, m_reporter->plain());
+        readPid(call, finger);
     });
 }
 
@@ -106,96 +99,92 @@ void SettingTab::handleWritePID(std::uint8_t finger)
     Gains texts;
     std::transform(m_gains.begin(), m_gains.end(), texts.begin(),
                    [finger](const auto& fields) { return fields[finger]->text(); });
-    ask(m_writeButtons[Pid][finger], [this, finger, texts](const Target& target) {
+    request(m_writeButtons[Pid][finger], [this, finger, texts](const HandTarget& target) {
         const auto empty = [](const QString& text) { return text.isEmpty(); };
         // The write follows all the same; an empty field counts as 0.
         if (std::any_of(texts.begin(), texts.end(), empty))
             QMessageBox::critical(m_window, Program::title(),
                                   tr("Please check parameter is complete"));
-        if (m_session->holds(target))
+        if (target.isCurrent())
             writePid(target, finger, texts);
     });
 }
 
-void SettingTab::readPid(const Target& target, std::uint8_t finger)
+void SettingTab::readPid(HandCall& call, std::uint8_t finger)
 {
     std::array<float, GainCount> gains{};
-    if (!succeeded(
-            target, "getFingerPID",
-            target->getFingerPID(target.node, finger, &gains[0], &gains[1], &gains[2], &gains[3])))
+    if (!call.perform<&VantoProtocol::getFingerPID>(finger, &gains[0], &gains[1], &gains[2],
+                                                    &gains[3]))
         return;
     for (std::size_t i = 0; i < GainCount; ++i)
         m_gains[i][finger]->setText(NumberText::fromReal(gains[i]));
 }
 
-void SettingTab::writePid(const Target& target, std::uint8_t finger, const Gains& texts)
+void SettingTab::writePid(const HandTarget& target, std::uint8_t finger, const Gains& texts)
 {
-    const Conversation conversation;
-    if (succeeded(target, "setFingerPID",
-                  target->setFingerPID(target.node, finger, NumberText::toReal(texts[0]),
-                                       NumberText::toReal(texts[1]), NumberText::toReal(texts[2]),
-                                       NumberText::toReal(texts[3]))))
-        readPid(target, finger);
+    HandCall call(target, m_reporter->plain());
+    if (call.perform<&VantoProtocol::setFingerPID>(
+            finger, NumberText::toReal(texts[0]), NumberText::toReal(texts[1]),
+            NumberText::toReal(texts[2]), NumberText::toReal(texts[3])))
+        readPid(call, finger);
 }
 
 void SettingTab::handleReadCurrentLimit(std::uint8_t finger)
 {
-    ask(m_readButtons[CurrentLimit][finger], [this, finger](const Target& target) {
-        const Conversation conversation;
-        readCurrentLimit(target, finger);
+    request(m_readButtons[CurrentLimit][finger], [this, finger](const HandTarget& target) {
+        HandCall call(target, m_reporter->plain());
+        readCurrentLimit(call, finger);
     });
 }
 
 void SettingTab::handleWriteCurrentLimit(std::uint8_t finger)
 {
     const std::uint16_t limit = NumberText::toWord(m_currentLimits[finger]->text());
-    ask(m_writeButtons[CurrentLimit][finger], [this, finger, limit](const Target& target) {
-        const Conversation conversation;
-        if (succeeded(target, "setFingerCurrentLimit",
-                      target->setFingerCurrentLimit(target.node, finger, limit)))
-            readCurrentLimit(target, finger);
+    request(m_writeButtons[CurrentLimit][finger], [this, finger, limit](const HandTarget& target) {
+        HandCall call(target, m_reporter->plain());
+        if (call.perform<&VantoProtocol::setFingerCurrentLimit>(finger, limit))
+            readCurrentLimit(call, finger);
     });
 }
 
-void SettingTab::readCurrentLimit(const Target& target, std::uint8_t finger)
+void SettingTab::readCurrentLimit(HandCall& call, std::uint8_t finger)
 {
     std::uint16_t limit = 0;
-    if (succeeded(target, "getFingerCurrentLimit",
-                  target->getFingerCurrentLimit(target.node, finger, &limit)))
+    if (call.perform<&VantoProtocol::getFingerCurrentLimit>(finger, &limit))
         m_currentLimits[finger]->setText(QString::number(limit));
 }
 
 void SettingTab::handleReadForceLimit(std::uint8_t finger)
 {
-    ask(m_readButtons[ForceLimit][finger], [this, finger](const Target& target) {
-        const Conversation conversation;
-        readForceLimit(target, finger);
+    request(m_readButtons[ForceLimit][finger], [this, finger](const HandTarget& target) {
+        HandCall call(target, m_reporter->plain());
+        readForceLimit(call, finger);
     });
 }
 
 void SettingTab::handleWriteForceLimit(std::uint8_t finger)
 {
     const std::uint16_t limit = NumberText::toWord(m_forceLimits[finger]->text());
-    ask(m_writeButtons[ForceLimit][finger], [this, finger, limit](const Target& target) {
+    request(m_writeButtons[ForceLimit][finger], [this, finger, limit](const HandTarget& target) {
         if (finger == ThumbRoot) {
             m_forceLimits[finger]->setText(QStringLiteral("NULL"));
             return;
         }
-        const Conversation conversation;
-        if (succeeded(target, "setFingerForceLimit",
-                      target->setFingerForceLimit(target.node, finger, limit)))
-            readForceLimit(target, finger);
+        HandCall call(target, m_reporter->plain());
+        if (call.perform<&VantoProtocol::setFingerForceLimit>(finger, limit))
+            readForceLimit(call, finger);
     });
 }
 
-void SettingTab::readForceLimit(const Target& target, std::uint8_t finger)
+void SettingTab::readForceLimit(HandCall& call, std::uint8_t finger)
 {
+    if (!call.isCurrent())
+        return;
     if (finger == ThumbRoot) { // has no force sensor
         m_forceLimits[finger]->setText(QStringLiteral("NA"));
         return;
     }
     std::uint16_t limit = 0;
-    if (succeeded(target, "getFingerForceLimit",
-                  target->getFingerForceLimit(target.node, finger, &limit)))
+    if (call.perform<&VantoProtocol::getFingerForceLimit>(finger, &limit))
         m_forceLimits[finger]->setText(QString::number(limit));
 }

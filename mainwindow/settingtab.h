@@ -36,18 +36,16 @@ public:
     void handleWriteForceLimit(std::uint8_t finger);
 
 private:
-    using Target = DeviceSession::Target;
     static constexpr std::size_t GainCount = 4;
     using Gains = std::array<QString, GainCount>;
     enum Quantity { Pid, CurrentLimit, ForceLimit };
     static constexpr std::size_t QuantityCount = 3;
 
-    void ask(QPushButton* button, DeviceSession::Request request);
-    bool succeeded(const Target& target, const char* operation, std::uint8_t result);
-    void readPid(const Target& target, std::uint8_t finger);
-    void writePid(const Target& target, std::uint8_t finger, const Gains& texts);
-    void readCurrentLimit(const Target& target, std::uint8_t finger);
-    void readForceLimit(const Target& target, std::uint8_t finger);
+    void request(QPushButton* button, RequestQueue::Request action);
+    void readPid(HandCall& call, std::uint8_t finger);
+    void writePid(const HandTarget& target, std::uint8_t finger, const Gains& texts);
+    void readCurrentLimit(HandCall& call, std::uint8_t finger);
+    void readForceLimit(HandCall& call, std::uint8_t finger);
 
     Ui::MainWindow* m_ui;
     QWidget* m_window;

@@ -12,10 +12,9 @@ namespace
 constexpr int ShownMs = 2000;
 }
 
-StatusReporter::StatusReporter(QStatusBar* statusBar, const DeviceSession* session)
+StatusReporter::StatusReporter(QStatusBar* statusBar)
     : QObject(statusBar),
       m_statusBar(statusBar),
-      m_session(session),
       m_errorLabel(new ElidedLabel(statusBar)),
       m_log(new MessageLog(this))
 {
@@ -56,35 +55,21 @@ void StatusReporter::showError(const QString& text, const QColor& colour)
     });
 }
 
-bool StatusReporter::succeeded(const DeviceSession::Target& target, const char* operation,
-                               std::uint8_t result, Timeouts timeouts)
+bool StatusReporter::Report::reportTimeout(const HandTarget& target)
 {
-    if (!m_session->holds(target))
-        return false;
-    if (result == ResultCode::Success)
-        return true;
-    reportFailure(target, operation, result, timeouts);
-    return false;
+    if (m_namesTimeouts)
+        m_reporter.showError(
+            tr("Timeout for %1 node '0x%2'...")
+                .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)));
+    return m_namesTimeouts;
 }
 
-void StatusReporter::reportFailure(const DeviceSession::Target& target, const char* operation,
-                                   std::uint8_t result, Timeouts timeouts)
+void StatusReporter::Report::reportFailure(const HandTarget& target, std::string_view operation,
+                                           std::uint8_t result, std::uint8_t subError)
 {
-    if (result == ResultCode::Timeout && timeouts == Timeouts::Named) {
-        showError(tr("Timeout for %1 node '0x%2'...")
-                      .arg(QLatin1String(target->protocolName()), hex(target.node)));
-        return;
-    }
-    const std::uint8_t subError = target->getNodeError(target.node);
-    if (m_session->holds(target))
-        showFailure(target, operation, result, subError);
-}
-
-void StatusReporter::showFailure(const DeviceSession::Target& target, const char* operation,
-                                 std::uint8_t result, std::uint8_t subError)
-{
-    showError(tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
-                  .arg(QLatin1String(operation), hex(target.node), hex(result), hex(subError)));
+    const QLatin1String name(operation.data(), static_cast<qsizetype>(operation.size()));
+    m_reporter.showError(tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
+                             .arg(name, hex(target.node), hex(result), hex(subError)));
 }
 
 QString StatusReporter::hex(unsigned number)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devicesession.h"
+#include "handcall.h"
 
 #include <QColor>
 #include <QObject>
@@ -15,38 +15,40 @@ class StatusReporter : public QObject
 {
     Q_OBJECT
 public:
-    StatusReporter(QStatusBar* statusBar, const DeviceSession* session);
+    explicit StatusReporter(QStatusBar* statusBar);
 
     void showMessage(const QString& text);
     /// A text that replaces another one vanishes when the time of the earlier one has run out.
     void showError(const QString& text, const QColor& colour = Qt::red);
 
-    /// How a time-out (result 3) is told.
-    enum class Timeouts {
-        Named,       ///< by a text of its own
-        LikeFailures ///< like every other failure
-    };
-
-    /// Whether `result` of the named operation means success. A failure is shown; unless it is a
-    /// named time-out, the device is asked for its sub error, so call this inside the
-    /// conversation in which the operation failed. False and silent when the device is no longer
-    /// wanted: then nothing of it may be shown.
-    bool succeeded(const DeviceSession::Target& target, const char* operation, std::uint8_t result,
-                   Timeouts timeouts = Timeouts::Named);
-
-    /// Tells of a failure whose sub error is already known.
-    void showFailure(const DeviceSession::Target& target, const char* operation,
-                     std::uint8_t result, std::uint8_t subError);
+    /// Reports failed operations, a time-out by a text of its own.
+    CallReport& namingTimeouts() { return m_namingTimeouts; }
+    /// Reports failed operations, a time-out like any other failure.
+    CallReport& plain() { return m_plain; }
 
     /// A number as it stands in status texts: hexadecimal, lower case, at least two digits.
     static QString hex(unsigned number);
 
 private:
-    void reportFailure(const DeviceSession::Target& target, const char* operation,
-                       std::uint8_t result, Timeouts timeouts);
+    class Report : public CallReport
+    {
+    public:
+        Report(StatusReporter& reporter, bool namesTimeouts)
+            : m_reporter(reporter), m_namesTimeouts(namesTimeouts)
+        {
+        }
+        bool reportTimeout(const HandTarget& target) override;
+        void reportFailure(const HandTarget& target, std::string_view operation,
+                           std::uint8_t result, std::uint8_t subError) override;
+
+    private:
+        StatusReporter& m_reporter;
+        bool m_namesTimeouts;
+    };
 
     QStatusBar* m_statusBar;
-    const DeviceSession* m_session;
+    Report m_namingTimeouts{*this, true};
+    Report m_plain{*this, false};
     ElidedLabel* m_errorLabel;
     MessageLog* m_log;
 };

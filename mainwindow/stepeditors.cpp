@@ -1,9 +1,8 @@
 #include "stepeditors.h"
 
 #include "fingerwidgets.h"
-#include "numbertext.h"
-#include "positionmode.h"
 #include "ui_mainwindow.h"
+#include "unitdisplay.h"
 
 #include <algorithm>
 
@@ -22,14 +21,14 @@ StepEditors::StepEditors(Ui::MainWindow* ui, QWidget* window)
     followMode();
 }
 
-bool StepEditors::inPositionMode() const
+const MotionUnit& StepEditors::unit() const
 {
-    return PositionMode::isChosen(m_ui->comboBox_SeqPosOrAngle);
+    return UnitDisplay::chosen(m_ui->comboBox_SeqPosOrAngle);
 }
 
 void StepEditors::followMode()
 {
-    PositionMode::apply(inPositionMode(), m_ui->label_SeqTicksOrDegree, m_sliders);
+    UnitDisplay::apply(unit(), m_ui->label_SeqTicksOrDegree, m_sliders);
 }
 
 void StepEditors::show(const SequenceDataItem& step)
@@ -56,9 +55,7 @@ void StepEditors::clear()
 
 void StepEditors::showValue(std::uint8_t finger, int value)
 {
-    m_positions[finger]->setText(inPositionMode()
-                                     ? QString::number(static_cast<std::uint16_t>(value))
-                                     : NumberText::fromAngle(static_cast<std::int16_t>(value)));
+    m_positions[finger]->setText(UnitDisplay::text(unit(), value));
 }
 
 void StepEditors::setValue(std::uint8_t finger, int value)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fingers.h"
+#include "motionunit.h"
 #include "sequencedata.h"
 
 #include <optional>
@@ -19,7 +19,8 @@ class StepEditors
 public:
     StepEditors(Ui::MainWindow* ui, QWidget* window);
 
-    bool inPositionMode() const;
+    /// Of the mode that is chosen.
+    const MotionUnit& unit() const;
     /// Sets unit and ranges to those of the mode that is chosen.
     void followMode();
 

@@ -31,6 +31,7 @@ ConversationMonitor& ConversationMonitor::instance()
 
 Exchange::Exchange()
 {
+    Q_ASSERT_X(Conversation::busy(), "Exchange", "no conversation holds the line");
     Q_ASSERT_X(!s_exchanging, "Exchange", "another exchange is under way");
     s_exchanging = true;
     s_abandoned = false;

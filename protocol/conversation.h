@@ -4,23 +4,26 @@
 
 /// A stretch of one slot in which exchanges with a hand may happen.
 ///
-/// Everything runs on the user-interface thread and every exchange processes events while it
-/// waits, so any slot or timer can arrive in the middle of any other. Whoever talks to a hand
-/// puts a Conversation on the stack; whoever may not interrupt asks busy() first. A conversation
+/// Everything runs on the user-interface thread and every exchange processes events while it waits,
+/// so any slot or timer can run while another waits. What talks to a hand has a conversation on the
+/// stack, by a HandCall or a LineHold; what may not interrupt asks busy() first. A conversation
 /// never spans a dialog: a dialog opened inside an exchange makes that exchange time out.
 class Conversation
 {
 public:
-    Conversation();
-    ~Conversation();
     Conversation(const Conversation&) = delete;
     Conversation& operator=(const Conversation&) = delete;
 
     /// Whether any conversation of this process is on the stack.
     static bool busy();
+
+private:
+    friend class LineHold; // begins it, so that nothing else does
+    Conversation();
+    ~Conversation();
 };
 
-/// Tells when the outermost conversation has ended.
+/// Reports when the outermost conversation has ended.
 class ConversationMonitor : public QObject
 {
     Q_OBJECT
@@ -32,7 +35,8 @@ signals:
 };
 
 /// One adapter operation, on the stack of that operation. Two at a time would mix up two
-/// conversations on one wire; that is a programming error and asserted.
+/// conversations on one wire, and one outside a conversation could meet another; both are
+/// programming errors and asserted.
 class Exchange
 {
 public:

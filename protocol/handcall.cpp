@@ -6,11 +6,11 @@ bool HandCall::accept(std::string_view operation, std::uint8_t result)
         return false;
     if (result == ResultCode::Success)
         return true;
-    if (result == ResultCode::Timeout && m_report.reportTimeout(m_target))
+    if (!m_report || (result == ResultCode::Timeout && m_report->reportTimeout(m_target)))
         return false;
     // At once, before any other exchange with the hand.
     const std::uint8_t error = subError();
     if (isCurrent())
-        m_report.reportFailure(m_target, operation, result, error);
+        m_report->reportFailure(m_target, operation, result, error);
     return false;
 }

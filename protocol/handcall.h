@@ -58,9 +58,11 @@ constexpr std::string_view operationName()
 class HandCall : public LineHold
 {
 public:
-    HandCall(HandTarget target, CallReport& report) : m_target(std::move(target)), m_report(report)
+    HandCall(HandTarget target, CallReport& report) : m_target(std::move(target)), m_report(&report)
     {
     }
+    /// A conversation of attempts alone.
+    explicit HandCall(HandTarget target) : m_target(std::move(target)) {}
 
     const HandTarget& target() const { return m_target; }
     bool isCurrent() const { return m_target.isCurrent(); }
@@ -70,7 +72,7 @@ public:
     template<auto Operation, class... Arguments>
     bool perform(Arguments... arguments)
     {
-        return accept(operationName<Operation>(), attempt<Operation>(arguments...));
+        return accept<Operation>(attempt<Operation>(arguments...));
     }
 
     /// The same without the report: the result code.
@@ -84,6 +86,11 @@ public:
 
     /// Reports a result that is a failure. True if it is none and still wanted.
     bool accept(std::string_view operation, std::uint8_t result);
+    template<auto Operation>
+    bool accept(std::uint8_t result)
+    {
+        return accept(operationName<Operation>(), result);
+    }
     /// The hand's own error byte of its most recent exchange.
     std::uint8_t subError() { return m_target.adapter->getNodeError(m_target.node); }
 
@@ -91,5 +98,5 @@ private:
     static constexpr std::uint8_t NotSent = 0xFF;
 
     HandTarget m_target;
-    CallReport& m_report;
+    CallReport* m_report = nullptr;
 };

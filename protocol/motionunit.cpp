@@ -27,9 +27,7 @@ public:
     std::optional<Pose> readPose(HandCall& call) const override
     {
         Values values;
-        const std::uint8_t result = values.read(call);
-        return call.accept(operationName<GetAll>(), result) ? std::optional(values.pose())
-                                                            : std::nullopt;
+        return call.accept<GetAll>(values.read(call)) ? std::optional(values.pose()) : std::nullopt;
     }
 
     Pose readPoseIfPossible(HandCall& call) const override

@@ -25,7 +25,7 @@ fi
 
 # Without precompiled headers, which are GCC's; of what is built only generated headers are needed.
 scripts/packages.sh build window test tidy
-cmake --preset debug -B build/lint -DVANTO_QUICK_BUILD=OFF --log-level=NOTICE
+cmake --preset debug -B build/lint -DVANTO_QUICK_BUILD=OFF -DVANTO_BENCH=ON --log-level=NOTICE
 ninja -C build/lint -t targets all | sed --quiet 's/^\([^:]*_autogen\): phony$/\1/p' |
     xargs cmake --build build/lint --target >/dev/null
 echo "clang-tidy: $(list_sources '*.cpp' | wc --lines) files"

@@ -1254,7 +1254,7 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
-    <name>PositionMode</name>
+    <name>UnitDisplay</name>
     <message>
         <source>degree</source>
         <translation>Grad</translation>

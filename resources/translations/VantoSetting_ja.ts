@@ -1254,7 +1254,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>PositionMode</name>
+    <name>UnitDisplay</name>
     <message>
         <source>degree</source>
         <translation>度</translation>

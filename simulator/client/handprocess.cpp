@@ -3,10 +3,21 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QtEndian>
 
 namespace
 {
 constexpr int AnswerMs = 10'000; ///< generous: a loaded machine under sanitizers is slow
+
+// Places in a SerialCtrl frame.
+constexpr int NodeAt = 2;
+constexpr int CommandAt = 4;
+constexpr int PayloadAt = 6;
+
+QString hexOf(const QByteArray& bytes, qsizetype at, qsizetype count)
+{
+    return QString::fromLatin1(bytes.mid(at, count).toHex());
+}
 
 TracedFrame parseTraceLine(const QString& line)
 {
@@ -99,6 +110,43 @@ QList<TracedFrame> HandProcess::requests() const
     frames.removeIf(
         [](const TracedFrame& frame) { return frame.direction != QLatin1String("rx"); });
     return frames;
+}
+
+QStringList HandProcess::frames(const QList<int>& commands) const
+{
+    QStringList frames;
+    for (const TracedFrame& request : requests()) {
+        const QByteArray& bytes = request.bytes;
+        const QByteArray payload = bytes.mid(PayloadAt, bytes.size() - PayloadAt - 1);
+        if (commands.isEmpty() || commands.contains(bytes[CommandAt]))
+            frames.append(hexOf(bytes, CommandAt, 1) + QLatin1Char(' ') +
+                          QString::fromLatin1(payload.toHex()));
+    }
+    return frames;
+}
+
+QStringList HandProcess::addressed() const
+{
+    QStringList frames;
+    for (const TracedFrame& request : requests())
+        frames.append(hexOf(request.bytes, NodeAt, 1) + QLatin1Char(':') +
+                      hexOf(request.bytes, CommandAt, 1));
+    return frames;
+}
+
+QStringList HandProcess::modbusWrites() const
+{
+    QStringList writes;
+    for (const TracedFrame& request : requests()) {
+        const QByteArray& bytes = request.bytes;
+        const auto start = qFromBigEndian<quint16>(bytes.constData() + 2);
+        const QString values = bytes[1] == 6    ? hexOf(bytes, 4, 2)
+                               : bytes[1] == 16 ? hexOf(bytes, 7, bytes[6])
+                                                : QString();
+        if (!values.isEmpty())
+            writes.append(QStringLiteral("%1: %2").arg(start).arg(values));
+    }
+    return writes;
 }
 
 void HandProcess::forgetTrace()

@@ -41,6 +41,13 @@ public:
     QList<TracedFrame> trace() const;
     /// The requests among them.
     QList<TracedFrame> requests() const;
+    /// Command and payload of each SerialCtrl request, e.g. "62 f401"; only those in `commands` if
+    /// there are any.
+    QStringList frames(const QList<int>& commands = {}) const;
+    /// Node and command of each SerialCtrl request, e.g. "02:62".
+    QStringList addressed() const;
+    /// Register and values of each Modbus write, e.g. "1010: 01f4".
+    QStringList modbusWrites() const;
     void forgetTrace();
 
 private:

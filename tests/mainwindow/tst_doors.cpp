@@ -16,7 +16,6 @@ private slots:
     void deviceChangedDuringReload();
     void leavingDuringReload_data();
     void leavingDuringReload();
-    void closedDuringReload();
     void closingEndsAtOnce_data();
     void closingEndsAtOnce();
 
@@ -111,15 +110,6 @@ void TestDoors::leavingDuringReload()
     QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
     QVERIFY(!m_tool->enabled("pushButton_BasicReloadBasic"));
     QCOMPARE(shown(), QStringList());
-}
-
-void TestDoors::closedDuringReload()
-{
-    duringExchange([&] { m_tool->window()->closeDevice(); });
-    m_tool->click("pushButton_BasicReloadBasic");
-    QCOMPARE(addressed(), QStringList{"02:01"});
-    QCOMPARE(shown(), QStringList());
-    QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
 }
 
 void TestDoors::closingEndsAtOnce_data()

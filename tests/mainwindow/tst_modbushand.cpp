@@ -17,7 +17,6 @@ private slots:
     void buttons();
     void sliderAndCurrents();
     void setId();
-    void failures();
 
 private:
     QString held(const QString& what) const { return m_hand->command("get 2 " + what).mid(3); }
@@ -123,27 +122,6 @@ void TestModbusHand::setId()
     QCOMPARE(shown(), QStringList{"node id changed from '0x02' to '0x00', please wait for device "
                                   "rebooting then rescan devices"});
     QCOMPARE(m_tool->devices()->count(), 0);
-}
-
-void TestModbusHand::failures()
-{
-    expectTimeouts(300);
-    open({"--node", "2:modbus"});
-    forget();
-    tell("fault refuse error=0x0b");
-    m_tool->click("pushButton_BasicBeep");
-    tell("fault drop count=2"); // the client asks twice
-    m_tool->click("pushButton_BasicBeep");
-    tell("fault short");
-    m_tool->click("pushButton_SettingReadPID0");
-    tell("fault drop count=4"); // nor does the hand answer when asked for its error
-    m_tool->click("pushButton_SettingReadCurrentLimit0");
-    QCOMPARE(shown(), (QStringList{"beep(0x02, ...) returned 0x10 (sub err 0b)",
-                                   "Timeout for ModBus-RTU node '0x02'...",
-                                   "getFingerPID(0x02, ...) returned 0x10 (sub err 00)",
-                                   "getFingerCurrentLimit(0x02, ...) returned 0x03 (sub err ff)"}));
-    m_tool->click("pushButton_BasicBeep");
-    QCOMPARE(m_tool->statusText(), "Beep succeeded");
 }
 
 VANTO_TEST(TestModbusHand)

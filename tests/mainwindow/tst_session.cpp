@@ -1,10 +1,9 @@
-#include "conversation.h"
 #include "devicesession.h"
 #include "testmain.h"
 
 #include <QTest>
 
-using Change = DeviceSession::Change;
+using Change = RequestQueue::Kind;
 
 /// The doors of the session and the order behind them, without a window.
 class TestSession : public QObject
@@ -38,25 +37,25 @@ void TestSession::init()
 
 void TestSession::ask(const QString& name, bool wanted)
 {
-    m_session->ask([wanted] { return wanted; },
-                   [this, name](const DeviceSession::Target& target) {
-                       const Conversation conversation;
-                       m_done.append(name + QString::number(target.node));
-                   });
+    m_session->request([wanted] { return wanted; },
+                       [this, name](const HandTarget& target) {
+                           const LineHold line;
+                           m_done.append(name + QString::number(target.node));
+                       });
 }
 
 void TestSession::change(Change kind, const QString& name)
 {
-    m_session->whenQuiet(kind, [this, name] { m_done.append(name); });
+    m_session->runWhenIdle(kind, [this, name] { m_done.append(name); });
 }
 
 void TestSession::busyWaitsInOrder()
 {
     {
-        const Conversation outer;
+        const LineHold outer;
         ask("a");
         {
-            const Conversation inner;
+            const LineHold inner;
             change(Change::ReloadBasic, "reload");
         }
         m_node = 8;
@@ -72,11 +71,11 @@ void TestSession::busyWaitsInOrder()
 void TestSession::lastOfAKindWins()
 {
     {
-        const Conversation conversation;
-        change(Change::Device, "device 1");
+        const LineHold line;
+        change(Change::ChangeDevice, "device 1");
         change(Change::Update, "update");
         change(Change::ReloadBasic, "reload 1");
-        change(Change::Device, "device 2");
+        change(Change::ChangeDevice, "device 2");
         change(Change::ReloadBasic, "reload 2");
     }
     QTRY_COMPARE(m_done, (QStringList{"device 2", "update", "reload 2"}));
@@ -85,13 +84,13 @@ void TestSession::lastOfAKindWins()
 void TestSession::scanComesLast()
 {
     {
-        const Conversation conversation;
-        change(Change::Device, "device");
+        const LineHold line;
+        change(Change::ChangeDevice, "device");
         change(Change::Scan, "scan");
-        change(Change::Device, "device");
+        change(Change::ChangeDevice, "device");
         change(Change::ReloadBasic, "reload");
         change(Change::Update, "update");
-        change(Change::Port, "port");
+        change(Change::ChangePort, "port");
         change(Change::RefreshPorts, "refresh");
     }
     QTRY_COMPARE(m_done, (QStringList{"refresh", "port", "update", "scan", "reload"}));
@@ -100,7 +99,7 @@ void TestSession::scanComesLast()
 void TestSession::droppedRequests()
 {
     {
-        const Conversation conversation;
+        const LineHold line;
         ask("disabled meanwhile", false);
         ask("for the old device");
         m_session->stopAtOnce();
@@ -116,7 +115,7 @@ void TestSession::droppedRequests()
 
 void TestSession::nothingRunsInsideAJob()
 {
-    m_session->whenQuiet(Change::Scan, [this] {
+    m_session->runWhenIdle(Change::Scan, [this] {
         ask("waits");
         QCoreApplication::processEvents(); // as a dialog of this job would
         m_done.append("scan");
@@ -126,18 +125,18 @@ void TestSession::nothingRunsInsideAJob()
 
 void TestSession::ticks()
 {
-    QVERIFY(m_session->tickMayRun());
+    QVERIFY(m_session->canTick());
     {
-        const Conversation conversation;
-        QVERIFY(!m_session->tickMayRun());
+        const LineHold line;
+        QVERIFY(!m_session->canTick());
         ask("a");
         QVERIFY(m_session->requestWaits());
     }
-    QVERIFY(!m_session->tickMayRun()); // the person comes first
-    QTRY_VERIFY(m_session->tickMayRun());
-    m_session->whenQuiet(Change::About, [this] {
+    QVERIFY(!m_session->canTick()); // the person comes first
+    QTRY_VERIFY(m_session->canTick());
+    m_session->runWhenIdle(Change::About, [this] {
         ask("b");
-        QVERIFY(m_session->tickMayRun()); // timers go on under a dialog
+        QVERIFY(m_session->canTick()); // timers go on under a dialog
     });
 }
 

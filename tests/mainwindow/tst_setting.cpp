@@ -15,8 +15,6 @@ private slots:
     void writesAndReadsBack();
     void incompletePid();
     void thumbRootForce();
-    void failures_data();
-    void failures();
 };
 
 void TestSetting::showsWhatTheHandHolds_data()
@@ -116,33 +114,6 @@ void TestSetting::thumbRootForce()
     m_tool->click("pushButton_SettingReadForceLimit5");
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NA");
     QCOMPARE(frames(), QStringList());
-}
-
-void TestSetting::failures_data()
-{
-    QTest::addColumn<QString>("operation");
-    for (const char* what : {"PID", "CurrentLimit", "ForceLimit"})
-        for (const char* way : {"get", "set"})
-            QTest::addRow("%s %s", way, what) << QString("%1Finger%2").arg(way, what);
-}
-
-void TestSetting::failures()
-{
-    QFETCH(QString, operation);
-    expectTimeouts();
-    open();
-    forget();
-    const QString button = "pushButton_Setting" +
-                           QString(operation.startsWith("get") ? "Read" : "Write") +
-                           operation.mid(9) + '1';
-    m_tool->setField("lineEdit_SettingForceLimit1", "77");
-    tell("fault refuse error=0x0b");
-    m_tool->click(button);
-    tell("fault drop"); // no text of its own for a time-out here
-    m_tool->click(button);
-    QCOMPARE(shown(), (QStringList{operation + "(0x02, ...) returned 0xff (sub err 0b)",
-                                   operation + "(0x02, ...) returned 0x03 (sub err 00)"}));
-    QCOMPARE(m_tool->field("lineEdit_SettingForceLimit1"), "77");
 }
 
 VANTO_TEST(TestSetting)

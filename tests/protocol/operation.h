@@ -1,7 +1,7 @@
 #pragma once
 
+#include "handcall.h"
 #include "handcommands.h"
-#include "vantoprotocol.h"
 
 #include <QStringList>
 #include <QTest>

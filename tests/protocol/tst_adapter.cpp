@@ -15,48 +15,23 @@ struct Operation {
     const char* inputs;
 };
 
-constexpr Operation readOne{OPERATION(getFingerPos), "1"};
 constexpr Operation readAll{OPERATION(getFingerAngleAll), "6"};
 constexpr Operation writeOne{OPERATION(setFingerPos), "1 1000 20"};
 constexpr Operation readGains{OPERATION(getFingerPID), "1"};
 constexpr Operation writeGains{OPERATION(setFingerPID), "1 1 2 3 4"};
 
-/// What becomes of a reading of one finger, a reading of all and a write if the reply is spoilt.
-struct FaultRow {
-    const char* name;
-    std::array<int, 3> results;
-    int subError = 0;
-};
-
 constexpr ReplyLimits Stretched = ReplyLimits().stretched(6);
-
-constexpr FaultRow faultRows[] = {
-    {"drop", {3, 3, 3}},
-    {"late ms=500", {3, 3, 3}},
-    {"garble", {1, 1, 1}},
-    {"truncate", {3, 3, 3}},
-    {"wrong-node", {5, 5, 5}},
-    {"wrong-command", {6, 6, 6}},
-    {"over-long", {4, 4, 0}},
-    {"short", {8, 8, 0}},
-    {"noise", {0, 0, 0}},
-    {"garbage", {3, 3, 3}},
-    {"refuse error=0x33", {255, 255, 255}, 0x33},
-    {"refuse-bare", {255, 255, 255}},
-    {"wrong-finger", {8, 0, 0}},
-    {"wrong-host", {3, 3, 3}},
-};
 } // namespace
 
 class tst_adapter : public QObject
 {
     Q_OBJECT
+    const LineHold m_line; ///< adapters are called directly
+
 private slots:
     void initTestCase() { QVERIFY2(m_hand.start(), qPrintable(m_hand.errorText())); }
     void init() { QVERIFY(connectToHand(PatientLimits)); }
     void cleanup() { m_adapter.disconnect(); }
-    void faults_data() { addRows(faultRows); }
-    void faults();
     void gainsWaitLonger();
     void interruptions();
     void nodeErrors();
@@ -87,24 +62,6 @@ private:
     HandProcess m_hand;
     SerialProtocolV3 m_adapter;
 };
-
-void tst_adapter::faults()
-{
-    QFETCH(const FaultRow*, row);
-    if (std::ranges::count(row->results, int{ResultCode::Timeout}) > 0)
-        QVERIFY(connectToHand());
-    const QString mark =
-        QStringLiteral("!fault=") + QString::fromLatin1(row->name).section(u' ', 0, 0);
-    std::array<int, 3> results{};
-    for (std::size_t i = 0; const Operation& operation : {readOne, readAll, writeOne}) {
-        results.at(i++) = result(row->name, operation);
-        QCOMPARE(int(m_adapter.getNodeError(HandNode)), row->subError);
-        QCOMPARE(m_hand.trace()[1].marks, mark);
-        QCOMPARE(result(operation), 0);
-        QCOMPARE(int(m_adapter.getNodeError(HandNode)), 0);
-    }
-    QCOMPARE(results, row->results);
-}
 
 void tst_adapter::gainsWaitLonger()
 {

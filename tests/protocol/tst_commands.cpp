@@ -146,6 +146,8 @@ QByteArray replyFrame(char command, const QByteArray& payload)
 class tst_commands : public QObject
 {
     Q_OBJECT
+    const LineHold m_line; ///< adapters are called directly
+
 private slots:
     void exchanges_data() { addRows(exchangeRows); }
     void exchanges();

@@ -13,6 +13,8 @@
 class tst_serialport : public QObject
 {
     Q_OBJECT
+    const LineHold m_line; ///< adapters are called directly
+
 private slots:
     void init()
     {

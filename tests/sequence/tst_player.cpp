@@ -1,4 +1,3 @@
-#include "conversation.h"
 #include "handprocess.h"
 #include "sequenceplayer.h"
 #include "testmain.h"
@@ -63,13 +62,14 @@ private slots:
         m_player->setVantoProtocol(m_adapter, 2);
         connect(m_player.get(), &SequencePlayer::sig_updatePlaying, this,
                 [this](bool playing, int index, qint64 period, const QString& error) {
-                    m_told += u"%1 %2 %3;"_qs.arg(playing).arg(index).arg(error).toLatin1();
+                    m_told +=
+                        QStringLiteral("%1 %2 %3;").arg(playing).arg(index).arg(error).toLatin1();
                     m_period = period;
                 });
     }
     void cleanup()
     {
-        QVERIFY(m_hand->command(u"stats"_qs).contains(u" overlaps=0 "));
+        QVERIFY(m_hand->command(QStringLiteral("stats")).contains(u" overlaps=0 "));
         m_adapter->disconnect();
     }
     void sending()
@@ -87,7 +87,8 @@ private slots:
     {
         const QList<SequenceDataItem> steps{m_rest, {QList<int>(6, 9000), QList<int>(6, 255), 90}};
         QVERIFY(play(steps, 0, -1));
-        QVERIFY(!m_player->play({1, u"angle"_qs, steps}, 1, 1, true) && !m_player->isPlayForEdit());
+        QVERIFY(!m_player->play({1, QStringLiteral("angle"), steps}, 1, 1, true) &&
+                !m_player->isPlayForEdit());
         QTRY_COMPARE(m_told, "0 0 ;1 0 ;1 1 ;0 1 ;");
         QVERIFY(m_period >= 90 && motions().size() == 12 * m_frames);
         QVERIFY(play(steps, 1, 1, true) && m_player->isPlayForEdit());
@@ -180,7 +181,7 @@ private slots:
         connect(m_player.get(), &SequencePlayer::sig_updatePlaying, this, [&] {
             if (m_told.endsWith(";1 1 ;") && !m_told.contains("0 2")) {
                 m_player->stop();
-                m_player->play({1, u"position"_qs, {{}, {}, m_rest}}, 2, 3, false);
+                m_player->play({1, QStringLiteral("position"), {{}, {}, m_rest}}, 2, 3, false);
             }
         });
         QVERIFY(play({m_rest, m_rest}, 0, -1));
@@ -189,7 +190,7 @@ private slots:
     }
     void conversations()
     {
-        auto conversation = std::make_unique<Conversation>();
+        auto conversation = std::make_unique<LineHold>();
         QTimer::singleShot(0, this, [this] { m_player->setVantoProtocol(nullptr, 2); });
         QVERIFY(play({m_rest, m_rest}, 0, -1));
         QTest::qWait(50);

@@ -33,7 +33,7 @@ private slots:
             {"unsupported position_type: ",
              {R"({"version": 1, "position_type": "Angle"})", with("\"angle\"", "1")}},
             {"invalid sequences: ", {R"({"version": 1.0, "position_type": "position"})"}}};
-        const SequenceData before{1, u"angle"_qs, {{{-1, 2}, {3}, 4}}};
+        const SequenceData before{1, QStringLiteral("angle"), {{{-1, 2}, {3}, 4}}};
         for (const auto& [message, inputs] : rows)
             for (const QByteArray& input : inputs) {
                 SequenceData data = before;
@@ -70,7 +70,7 @@ private slots:
         auto& random = *QRandomGenerator::global();
         for (int i = 0; i < 1000; ++i) {
             const int least = i % 2 ? -32768 : 0;
-            SequenceData data{1, i % 2 ? u"angle"_qs : u"position"_qs, {}};
+            SequenceData data{1, i % 2 ? QStringLiteral("angle") : QStringLiteral("position"), {}};
             const auto target = [&] { return random.bounded(65536) + least; };
             for (int steps = random.bounded(20); steps > 0; --steps)
                 data.sequences.append({{target(), target(), target(), target(), target(), target()},
@@ -88,10 +88,10 @@ private slots:
         manager.swapSequenceDataItem(0, 2);
         manager.removeSequenceDataItem(1);
         manager.setPositionType(SequenceData::POS_TYPE_ANGLE);
-        const SequenceData edited{1, u"angle"_qs, {{{}, {}, 2}, {{}, {}, 3}}};
+        const SequenceData edited{1, QStringLiteral("angle"), {{{}, {}, 2}, {{}, {}, 3}}};
         QCOMPARE(manager.sequenceData(), edited);
         const QTemporaryDir folder;
-        QFile file(folder.filePath(u"a.json"_qs));
+        QFile file(folder.filePath(QStringLiteral("a.json")));
         QFile unusable(folder.path());
         for (int i = 0; i < 2; ++i)
             QTest::ignoreMessage(QtDebugMsg, "can't open error!");

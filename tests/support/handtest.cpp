@@ -1,14 +1,9 @@
 #include "handtest.h"
 
 #include <QTimer>
-#include <QtEndian>
 
 namespace
 {
-constexpr int NodeAt = 2;
-constexpr int CommandAt = 4;
-constexpr int PayloadAt = 6;
-
 /// The entries of the Devices list for the nodes among the options of a hand.
 QStringList deviceTexts(const QStringList& options)
 {
@@ -72,41 +67,4 @@ void HandTest::tell(const QString& command) const
 {
     const QString answer = m_hand->command(command);
     QVERIFY2(answer.startsWith("ok"), qPrintable(answer));
-}
-
-QStringList HandTest::frames(const QList<int>& commands) const
-{
-    QStringList frames;
-    for (const TracedFrame& request : m_hand->requests()) {
-        const QByteArray& bytes = request.bytes;
-        if (commands.isEmpty() || commands.contains(bytes[CommandAt]))
-            frames.append(
-                QString::fromLatin1(bytes.sliced(CommandAt, 1).toHex() + ' ' +
-                                    bytes.sliced(PayloadAt, bytes.size() - PayloadAt - 1).toHex()));
-    }
-    return frames;
-}
-
-QStringList HandTest::writes() const
-{
-    QStringList writes;
-    for (const TracedFrame& request : m_hand->requests()) {
-        const QByteArray& bytes = request.bytes;
-        const int start = qFromBigEndian<quint16>(bytes.constData() + 2);
-        const QByteArray values = bytes[1] == 6    ? bytes.sliced(4, 2)
-                                  : bytes[1] == 16 ? bytes.sliced(7, bytes[6])
-                                                   : QByteArray();
-        if (!values.isEmpty())
-            writes.append(QString("%1: %2").arg(start).arg(values.toHex().constData()));
-    }
-    return writes;
-}
-
-QStringList HandTest::addressed() const
-{
-    QStringList frames;
-    for (const TracedFrame& request : m_hand->requests())
-        frames.append(QString::fromLatin1(request.bytes.sliced(NodeAt, 1).toHex() + ':' +
-                                          request.bytes.sliced(CommandAt, 1).toHex()));
-    return frames;
 }

@@ -28,12 +28,9 @@ protected:
 
     /// Gives the hands a command that they must accept.
     void tell(const QString& command) const;
-    /// Command and payload of each request, e.g. "62 f401"; only those in `commands` if given.
-    QStringList frames(const QList<int>& commands = {}) const;
-    /// Register and values of each Modbus write, e.g. "1010: 01f4".
-    QStringList writes() const;
-    /// Node and command of each request, e.g. "02:62".
-    QStringList addressed() const;
+    QStringList frames(const QList<int>& commands = {}) const { return m_hand->frames(commands); }
+    QStringList writes() const { return m_hand->modbusWrites(); }
+    QStringList addressed() const { return m_hand->addressed(); }
     QStringList shown() const { return m_tool->shownTexts(); }
 
     ReplyLimits m_limits = PatientLimits;

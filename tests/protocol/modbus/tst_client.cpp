@@ -26,6 +26,8 @@ using Error = ModBusRTUClient::Error;
 class tst_client : public QObject
 {
     Q_OBJECT
+    const LineHold m_line; ///< adapters are called directly
+
 private slots:
     void init();
     void client();
@@ -33,7 +35,6 @@ private slots:
     void quit();
     void hangUp();
     void staleClose();
-    void alternation();
     void trace();
     void lateReplies_data();
     void lateReplies();
@@ -198,23 +199,6 @@ void tst_client::staleClose()
     QCOMPARE(readVoltage(), 16);
     QCoreApplication::processEvents();
     QVERIFY2(readVoltage() == 0, "the close meant for the earlier opening shut this one");
-}
-
-void tst_client::alternation()
-{
-    m_adapter->disconnect();
-    ReplyLimits::current() = {300, 300, 300, 300};
-    SerialProtocolV3 other;
-    VantoProtocol* const adapters[] = {m_adapter.get(), &other};
-    for (int times = 0; times < 6; ++times) {
-        VantoProtocol* const adapter = adapters[times % 2];
-        QVERIFY(adapter->connect(m_name.c_str(), BaudRate));
-        u16 voltage = 0;
-        QCOMPARE(int(adapter->getBatteryVoltage(HandNode, &voltage)), 0);
-        QCOMPARE(voltage, u16{7400});
-        QCOMPARE(int(adapter->getBatteryVoltage(77, &voltage)), 3);
-        adapter->disconnect();
-    }
 }
 
 /// What the log says is what the hand saw, and it is off unless it is asked for.

@@ -149,6 +149,8 @@ constexpr BrokenRow brokenRows[] = {
 class tst_registers : public QObject
 {
     Q_OBJECT
+    const LineHold m_line; ///< adapters are called directly
+
 private slots:
     void init();
     void exchanges_data() { addRows(exchangeRows); }

@@ -1,0 +1,59 @@
+#include "handscan.h"
+
+#include <vector>
+
+namespace
+{
+/// The protocols to try on every node, in this order.
+std::vector<std::shared_ptr<VantoProtocol>> protocolsToTry()
+{
+    return {
+        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_MODBUS_RTU, ModbusMajorVersion, 0),
+        VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, SerialCtrlMajorVersion, 0)};
+}
+} // namespace
+
+HandScan::HandScan(CallReport& report, QObject* parent) : QObject(parent), m_report(report) {}
+
+HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& token)
+{
+    m_stop = false;
+    for (int node = FirstNode; node <= LastNode; ++node) {
+        if (m_stop)
+            return Outcome::Stopped;
+        emit sig_nodeBegins(node);
+        for (const auto& protocol : protocolsToTry()) {
+            if (!tryNode(port, {protocol, static_cast<std::uint8_t>(node), token}))
+                return Outcome::PortNotOpened;
+            emit sig_pause();
+            if (!token.isCurrent())
+                return Outcome::Superseded;
+        }
+    }
+    return Outcome::AllTried;
+}
+
+/// False when the port could not be opened.
+bool HandScan::tryNode(const QString& port, const HandTarget& candidate)
+{
+    HandCall call(candidate, m_report);
+    if (!candidate.adapter->connect(port.toUtf8().constData(), BaudRate)) {
+        m_failedProtocol = candidate.adapter->protocolType();
+        return false;
+    }
+    reportIfAnswering(call);
+    candidate.adapter->disconnect();
+    return true;
+}
+
+void HandScan::reportIfAnswering(HandCall& call)
+{
+    DeviceEntry entry;
+    entry.node = call.target().node;
+    entry.protocolName = QLatin1String(call.target().adapter->protocolName());
+    if (call.perform<&VantoProtocol::getFirmwareVersion>(&entry.firmwareMajor, &entry.firmwareMinor,
+                                                         &entry.firmwareRevision) &&
+        call.perform<&VantoProtocol::getProtocolVersion>(&entry.protocolMajor,
+                                                         &entry.protocolMinor))
+        emit sig_found(entry);
+}

@@ -1,0 +1,157 @@
+#include "requestqueue.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+using Kind = RequestQueue::Kind;
+
+/// What changes the connection gets its turns in this order, so that a scan comes after what would
+/// throw its result away.
+constexpr std::array ConnectionChanges{Kind::RefreshPorts, Kind::ChangePort, Kind::ChangeDevice,
+                                       Kind::Update, Kind::Scan};
+
+/// The place in that order; its end for everything else.
+std::ptrdiff_t turnOf(std::optional<Kind> kind)
+{
+    const auto* const found = std::find(ConnectionChanges.begin(), ConnectionChanges.end(), kind);
+    return found - ConnectionChanges.begin();
+}
+
+bool changesConnection(std::optional<Kind> kind)
+{
+    return turnOf(kind) < std::ssize(ConnectionChanges);
+}
+} // namespace
+
+RequestQueue::RequestQueue(QObject* parent) : QObject(parent)
+{
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_quiet, this,
+            &RequestQueue::scheduleDrain);
+}
+
+void RequestQueue::request(const HandTarget& target, std::function<bool()> isStillWanted,
+                           Request action)
+{
+    submit({.kind = {},
+            .target = target,
+            .isStillWanted = std::move(isStillWanted),
+            .action = [target, action = std::move(action)] { action(target); }});
+}
+
+void RequestQueue::runWhenIdle(Kind kind, std::function<void()> action)
+{
+    submit({.kind = kind, .target = {}, .isStillWanted = {}, .action = std::move(action)});
+}
+
+void RequestQueue::dropRequests()
+{
+    m_waiting.remove_if([](const Job& waiting) { return waiting.target.has_value(); });
+}
+
+void RequestQueue::openWaitingDialogs()
+{
+    if (Conversation::busy())
+        return;
+    for (const Kind kind : {Kind::About, Kind::Theme}) {
+        const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(),
+                                          [kind](const Job& job) { return job.kind == kind; });
+        if (waiting == m_waiting.end())
+            continue;
+        const Job job = std::move(*waiting);
+        m_waiting.erase(waiting);
+        run(job);
+    }
+}
+
+void RequestQueue::shutDown()
+{
+    m_shutDown = true;
+    m_waiting.clear();
+}
+
+bool RequestQueue::canTick() const
+{
+    return !m_shutDown && !Conversation::busy() && !hasWaiting();
+}
+
+bool RequestQueue::isIdle() const
+{
+    return !Conversation::busy() && m_handling == 0;
+}
+
+void RequestQueue::submit(Job job)
+{
+    if (m_shutDown)
+        return;
+    if (isIdle() && m_waiting.empty())
+        run(job);
+    else
+        enqueue(std::move(job));
+}
+
+void RequestQueue::enqueue(Job job)
+{
+    if (changesConnection(job.kind)) {
+        enqueueConnectionChange(std::move(job));
+        return;
+    }
+    if (job.kind)
+        remove(job.kind);
+    m_waiting.push_back(std::move(job));
+}
+
+void RequestQueue::enqueueConnectionChange(Job job)
+{
+    remove(job.kind);
+    // A scan that waits would throw away what a change of the device opens.
+    if (job.kind == Kind::Scan)
+        remove(Kind::ChangeDevice);
+    const auto isScan = [](const Job& waiting) { return waiting.kind == Kind::Scan; };
+    if (job.kind == Kind::ChangeDevice && std::ranges::any_of(m_waiting, isScan))
+        return;
+    const auto later = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job& waiting) {
+        return changesConnection(waiting.kind) && turnOf(waiting.kind) > turnOf(job.kind);
+    });
+    m_waiting.insert(later, std::move(job));
+}
+
+void RequestQueue::remove(std::optional<Kind> kind)
+{
+    m_waiting.remove_if([kind](const Job& waiting) { return waiting.kind == kind; });
+}
+
+void RequestQueue::run(const Job& job)
+{
+    {
+        const QScopedValueRollback handling(m_handling, m_handling + 1);
+        job.action();
+    }
+    scheduleDrain();
+}
+
+void RequestQueue::scheduleDrain()
+{
+    if (m_waiting.empty() || m_drainScheduled)
+        return;
+    m_drainScheduled = true;
+    // Not from here: the conversation that has just ended is still on its way out of its slot.
+    QMetaObject::invokeMethod(this, &RequestQueue::drain, Qt::QueuedConnection);
+}
+
+void RequestQueue::drain()
+{
+    m_drainScheduled = false;
+    while (isIdle() && !m_waiting.empty()) {
+        const Job job = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        if (job.target && !job.target->isCurrent())
+            continue;
+        if (job.isStillWanted && !job.isStillWanted())
+            continue;
+        run(job);
+    }
+}
