@@ -124,8 +124,9 @@ int tour(const QString& theme, const QDir& folder, TourManner manner)
     HandProcess hands;
     if (!hands.start(tourHandOptions(manner.modbus)))
         return fail(hands.errorText(), FailedStatus);
-    // A window that is painted takes a large part of the time that a hand has for an answer.
-    ReplyLimits::current() = ReplyLimits().stretched(6);
+    // A window that is painted takes a large part of the time that a hand has for an answer, and so
+    // may a busy machine.
+    ReplyLimits::current() = ReplyLimits().stretched(100);
     CalibrationProcedure::stageMs = 200;
 
     Stage stage(hands, folder.path(), manner);

@@ -2,6 +2,7 @@
 
 #include "calibrationstep.h"
 #include "fingersteps.h"
+#include "replylimits.h"
 #include "sequencestep.h"
 #include "theme.h"
 #include "updatestep.h"
@@ -10,6 +11,7 @@
 #include <QComboBox>
 #include <QInputDialog>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 
 #include <array>
@@ -51,6 +53,8 @@ void scanFor(Stage& stage, int hands)
 {
     const auto* button = stage.find<QPushButton>("pushButton_ScanDevices");
     const QString idleCaption = button->text();
+    // Nodes that are absent need not be waited for so long.
+    const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().stretched(6));
     stage.scan(hands, [&] {
         stage.expectText(QStringLiteral("the Scan button while scanning"), button->text(),
                          QStringLiteral("Stop"));

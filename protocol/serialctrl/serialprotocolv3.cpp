@@ -78,9 +78,17 @@ void SerialProtocolV3::disconnect()
 template<class Command, class... Arguments>
 u8 SerialProtocolV3::exchange(Command command, u8 node, Arguments... arguments)
 {
+    return exchangeWithin(ReplyLimits::current().serialCtrl, command, node, arguments...);
+}
+
+template<class Command, class... Arguments>
+u8 SerialProtocolV3::exchangeWithin(int milliseconds, Command command, u8 node,
+                                    Arguments... arguments)
+{
     const Exchange onlyOne;
     const auto port = m_port;
     const auto context = m_context;
+    setTimeout(context.get(), milliseconds);
     s_traced.clear();
     u8 subError = 0;
     const u32 result = command(context.get(), node, arguments..., &subError);
@@ -236,11 +244,8 @@ u8 SerialProtocolV3::setCaliData(u8 node, const u16* endPositions, const u16* st
 
 u8 SerialProtocolV3::setFingerPID(u8 node, u8 finger, float p, float i, float d, float g)
 {
-    const auto context = m_context;
-    setTimeout(context.get(), ReplyLimits::current().serialCtrlGains);
-    const u8 result = exchange(HAND_SetFingerPID, node, finger, p, i, d, g);
-    setTimeout(context.get(), ReplyLimits::current().serialCtrl);
-    return result;
+    return exchangeWithin(ReplyLimits::current().serialCtrlGains, HAND_SetFingerPID, node, finger,
+                          p, i, d, g);
 }
 
 u8 SerialProtocolV3::setFingerCurrentLimit(u8 node, u8 finger, u16 limit)

@@ -78,6 +78,8 @@ public:
 private:
     template<class Command, class... Arguments>
     u8 exchange(Command command, u8 node, Arguments... arguments);
+    template<class Command, class... Arguments>
+    u8 exchangeWithin(int milliseconds, Command command, u8 node, Arguments... arguments);
 
     std::shared_ptr<SerialPort> m_port;
     std::shared_ptr<HAND_Context> m_context;
