@@ -17,6 +17,11 @@ namespace
 constexpr int CheckMs = 200;
 
 #ifdef Q_OS_UNIX
+bool canBeChecked(const QSerialPort&)
+{
+    return true;
+}
+
 bool hasHungUp(const QSerialPort& port)
 {
     // POLLHUP, POLLERR and POLLNVAL are reported without being asked for.
@@ -24,12 +29,18 @@ bool hasHungUp(const QSerialPort& port)
     return poll(&descriptor, 1, 0) > 0;
 }
 #else
-bool hasHungUp(const QSerialPort& port)
+/// A port that the system does not list from the start cannot vanish from its list.
+bool canBeChecked(const QSerialPort& port)
 {
     const auto ports = QSerialPortInfo::availablePorts();
-    return std::none_of(ports.begin(), ports.end(), [&port](const QSerialPortInfo& listed) {
+    return std::any_of(ports.begin(), ports.end(), [&port](const QSerialPortInfo& listed) {
         return listed.portName() == port.portName();
     });
+}
+
+bool hasHungUp(const QSerialPort& port)
+{
+    return !canBeChecked(port);
 }
 #endif
 } // namespace
@@ -45,7 +56,8 @@ void PortWatch::opened(const QSerialPort* port)
     ++m_opening;
     m_closing = false;
     m_port = port;
-    m_timer.start();
+    if (port && canBeChecked(*port))
+        m_timer.start();
 }
 
 void PortWatch::closed()
