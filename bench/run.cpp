@@ -46,9 +46,9 @@ double medianMs(const std::function<void()>& act)
 bool measureCosts()
 {
     Bench bench;
-    bench.tool.showPage(RunPage);
+    bench.tool.showPage(RunTab);
     const double tick = medianMs([&] { bench.tool.window()->updateCurrent(); });
-    bench.tool.showPage(BasicPage);
+    bench.tool.showPage(BasicTab);
     bench.hand.forgetTrace();
     bench.tool.window()->reloadSettingInfo();
     const auto exchanges = static_cast<double>(bench.hand.requests().size());
@@ -64,7 +64,7 @@ bool measureCosts()
 bool clickSet()
 {
     Bench bench({QStringLiteral("--baud"), QString::number(SlowBaud)});
-    bench.tool.showPage(RunPage);
+    bench.tool.showPage(RunTab);
     // The scan's last time-out text is still shown.
     while (!bench.tool.errorText().isEmpty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

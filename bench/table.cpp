@@ -47,7 +47,7 @@ int main(int argc, char* argv[])
     QDir::setCurrent(work.path());
     const QString name = writeSequence();
     const Bench bench;
-    bench.tool.showPage(SequencePage);
+    bench.tool.showPage(SequenceTab);
     auto* table = bench.tool.find<QTableWidget>("tableWidget_Seq");
 
     QElapsedTimer timer;

@@ -23,7 +23,6 @@ public:
         Update,
         Scan,
         ReloadBasic,
-        ReloadSetting,
         ReloadRun,
         LoadSequence,
         SaveSequence,

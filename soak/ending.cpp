@@ -37,10 +37,10 @@ const std::map<QString, std::function<void(const WindowDriver&)>>& operations()
              for (int i = 0; i < 100; ++i)
                  w.click("pushButton_BasicReloadBasic");
          }},
-        {QStringLiteral("run"), [](const auto& w) { w.showPage(RunPage); }},
+        {QStringLiteral("run"), [](const auto& w) { w.showPage(RunTab); }},
         {QStringLiteral("play"),
          [](const auto& w) {
-             w.showPage(SequencePage);
+             w.showPage(SequenceTab);
              w.click("pushButton_SeqLoad");
              w.click("pushButton_SeqRun");
          }},

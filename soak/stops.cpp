@@ -47,7 +47,7 @@ int Stops::campaign(int count, quint32 seed, const QString& protocol)
         return 1;
     const WindowDriver tool({hand.portName()});
     tool.openHand(hand.portName());
-    tool.showPage(SequencePage);
+    tool.showPage(SequenceTab);
     const DialogWatch files(
         [name = writeSequence()](QDialog& dialog) { chooseFile(dialog, name); });
     tool.click("pushButton_SeqLoad");

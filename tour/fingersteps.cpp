@@ -14,7 +14,7 @@ constexpr int LeastMovingCurrent = 20; ///< mA; a finger at rest draws less
 
 QString runPage(Stage& stage)
 {
-    stage.showPage(RunPage);
+    stage.showPage(RunTab);
     auto* slider = stage.find<QSlider>("verticalSlider_RunPos1");
     stage.setField("lineEdit_RunSpeed1", QStringLiteral("120"));
     slider->setSliderDown(true);
@@ -38,7 +38,7 @@ QString runPage(Stage& stage)
     mode->setCurrentIndex(0);
     stage.await(QStringLiteral("the sliders show positions"),
                 [&] { return slider->isEnabled() && slider->value() == Target; });
-    stage.showPage(BasicPage);
+    stage.showPage(BasicTab);
     return QStringLiteral("index finger to %1, middle finger to %2 degrees")
         .arg(Target)
         .arg(TargetAngle / 100);
@@ -46,7 +46,7 @@ QString runPage(Stage& stage)
 
 QString settingPage(Stage& stage)
 {
-    stage.showPage(SettingPage);
+    stage.showPage(SettingTab);
     stage.setField("lineEdit_SettingP0", QStringLiteral("2.5"));
     stage.click("pushButton_SettingWritePID0");
     stage.expect(QStringLiteral("the gain read back"), stage.field("lineEdit_SettingP0"),
@@ -54,6 +54,6 @@ QString settingPage(Stage& stage)
     stage.expect(QStringLiteral("the hand's gain"), stage.askHands(QStringLiteral("get 2 pid-p 0")),
                  QStringLiteral("2.5"));
     stage.takePicture(QStringLiteral("-written"));
-    stage.showPage(BasicPage);
+    stage.showPage(BasicTab);
     return QStringLiteral("gain P of the thumb is 2.50");
 }

@@ -23,7 +23,7 @@ QString sequencePage(Stage& stage)
 {
     auto* table = stage.find<QTableWidget>("tableWidget_Seq");
     auto* run = stage.find<QPushButton>("pushButton_SeqRun");
-    stage.showPage(SequencePage);
+    stage.showPage(SequenceTab);
     stage.withDialog([&] { stage.click("pushButton_SeqLoad"); }, withFile(stage, Example));
     const int start = table->rowCount() - StepsPlayed;
     table->setCurrentCell(start, 0);
@@ -43,6 +43,6 @@ QString sequencePage(Stage& stage)
     stage.withDialog([&] { stage.click("pushButton_SeqSave"); }, withFile(stage, copy));
     if (contentOf(copy).isEmpty() || contentOf(copy) != contentOf(Example))
         stage.complain(QStringLiteral("what is saved is not what was loaded"));
-    stage.showPage(BasicPage);
+    stage.showPage(BasicTab);
     return QStringLiteral("%1 of %2 steps played").arg(StepsPlayed).arg(table->rowCount());
 }

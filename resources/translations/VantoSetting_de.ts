@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
-    <name>BasicTab</name>
+    <name>BasicPage</name>
     <message>
         <source>Wait for command</source>
         <translation>Auf Befehl warten</translation>
@@ -78,274 +78,6 @@
     <message>
         <source>Reset succeeded</source>
         <translation>Zurückgesetzt</translation>
-    </message>
-</context>
-<context>
-    <name>BootLoaderLink</name>
-    <message>
-        <source>Start to update, please keep device power on.</source>
-        <translation>Update beginnt, Gerät eingeschaltet lassen.</translation>
-    </message>
-    <message>
-        <source>Waiting for device response, loop %1...</source>
-        <translation>Warten auf Antwort des Geräts, Versuch %1...</translation>
-    </message>
-    <message>
-        <source>Update failed.</source>
-        <translation>Update fehlgeschlagen.</translation>
-    </message>
-    <message>
-        <source>Error when waiting for device.</source>
-        <translation>Keine Antwort vom Gerät.</translation>
-    </message>
-    <message>
-        <source>Error when waiting for hardware match flag.</source>
-        <translation>Keine Rückmeldung zum Hardware-Vergleich.</translation>
-    </message>
-    <message>
-        <source>Hardware does not match type 0x%1, version 0x%2.</source>
-        <translation>Hardware passt nicht zu Typ 0x%1, Version 0x%2.</translation>
-    </message>
-    <message>
-        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
-        <translation>Hardware-Typ 0x%1, Hardware-Version 0x%2 stimmt.</translation>
-    </message>
-    <message>
-        <source>Transferring... %1 %2% done.</source>
-        <translation>Übertragung... %1 %2%.</translation>
-    </message>
-    <message>
-        <source>Failed: Target is not responding.</source>
-        <translation>Fehlgeschlagen: Das Gerät antwortet nicht.</translation>
-    </message>
-    <message>
-        <source>CRC error. File damaged.</source>
-        <translation>CRC-Fehler. Datei beschädigt.</translation>
-    </message>
-    <message>
-        <source>Transfer 100% done.</source>
-        <translation>Übertragung zu 100% abgeschlossen.</translation>
-    </message>
-    <message>
-        <source>Device said: 0x%1</source>
-        <translation>Antwort des Geräts: 0x%1</translation>
-    </message>
-</context>
-<context>
-    <name>CalibratingDialog</name>
-    <message>
-        <source>Thumb Root Pos:</source>
-        <translation>Daumenwurzel-Pos.:</translation>
-    </message>
-    <message>
-        <source>Thumb root position</source>
-        <translation>Position der Daumenwurzel</translation>
-    </message>
-    <message>
-        <source>The thumb root moves there at once</source>
-        <translation>Die Daumenwurzel fährt sofort dorthin</translation>
-    </message>
-</context>
-<context>
-    <name>CalibrationProcedure</name>
-    <message>
-        <source>Prepare calibration base and take Vanto up then power on,
-presss OK when Vanto is ready.</source>
-        <translation>Kalibriersockel bereitlegen, Vanto hochnehmen und einschalten;
-OK drücken, sobald Vanto bereit ist.</translation>
-    </message>
-    <message>
-        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
-press OK when ready</source>
-        <translation>Ist Vanto nicht im Kalibrierzustand und stimmt der Schlüssel, startet Vanto neu;
-OK drücken, wenn alles bereit ist</translation>
-    </message>
-    <message>
-        <source>Wait for Vanto reboots and beeps 8 times,
-press OK when beep finished</source>
-        <translation>Warten, bis Vanto neu startet und 8-mal piept;
-danach OK drücken</translation>
-    </message>
-    <message>
-        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
-        <translation>Vanto auf den Kalibriersockel setzen und fest andrücken, Daumenwurzel in die richtige Position fahren, dann OK drücken</translation>
-    </message>
-    <message>
-        <source>Take Vanto up,
-press OK when ready</source>
-        <translation>Vanto hochnehmen,
-dann OK drücken</translation>
-    </message>
-    <message>
-        <source>Move thumb root to right position,
-press OK when ready</source>
-        <translation>Daumenwurzel in die richtige Position fahren,
-dann OK drücken</translation>
-    </message>
-    <message>
-        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
-        <translation>Kalibrierung abgeschlossen; Vanto jetzt aus- und wieder einschalten, um das Ergebnis zu sehen</translation>
-    </message>
-    <message>
-        <source>Please input calibration key:</source>
-        <translation>Kalibrierschlüssel:</translation>
-    </message>
-    <message>
-        <source>Invalid calibration key</source>
-        <translation>Ungültiger Kalibrierschlüssel</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceConnector</name>
-    <message>
-        <source>Unknown device protocol type</source>
-        <translation>Unbekannter Protokolltyp des Geräts</translation>
-    </message>
-    <message>
-        <source>Unknown device protocol version</source>
-        <translation>Unbekannte Protokollversion des Geräts</translation>
-    </message>
-    <message>
-        <source>Unknown device name</source>
-        <translation>Unbekannter Gerätename</translation>
-    </message>
-    <message>
-        <source>Unsupported protocol version</source>
-        <translation>Protokollversion wird nicht unterstützt</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceScanner</name>
-    <message>
-        <source>Scan progress</source>
-        <translation>Fortschritt der Suche</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
-    </message>
-    <message>
-        <source>Trying node &apos;0x%1&apos;...</source>
-        <translation>Knoten „0x%1“ wird abgefragt...</translation>
-    </message>
-    <message>
-        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
-        <translation>Öffnen von Port „%1“ fehlgeschlagen, Protokoll=%2, Baudrate=%3</translation>
-    </message>
-    <message>
-        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
-        <translation>Knoten „0x%1“ gefunden, Firmware-Version: %2.%3.%4</translation>
-    </message>
-</context>
-<context>
-    <name>FirmwareDownload</name>
-    <message>
-        <source>Error when saving firmware file.</source>
-        <translation>Fehler beim Speichern der Firmware-Datei.</translation>
-    </message>
-    <message>
-        <source>Error when reading version file from server.</source>
-        <translation>Fehler beim Lesen der Versionsdatei vom Server.</translation>
-    </message>
-    <message>
-        <source>Error when parsing version file.</source>
-        <translation>Fehler beim Auswerten der Versionsdatei.</translation>
-    </message>
-    <message>
-        <source>Error when reading firmware file from server.</source>
-        <translation>Fehler beim Lesen der Firmware-Datei vom Server.</translation>
-    </message>
-</context>
-<context>
-    <name>FirmwareUpdater</name>
-    <message>
-        <source>Serial port not available</source>
-        <translation>Kein serieller Port verfügbar</translation>
-    </message>
-    <message>
-        <source>Power off the device and remove app other devices from bus, press OK when ready.
-Power on the device when prompted.</source>
-        <translation>Gerät ausschalten und alle anderen Geräte vom Bus trennen, dann OK drücken.
-Gerät nach Aufforderung einschalten.</translation>
-    </message>
-    <message>
-        <source>Please select firmware source:</source>
-        <translation>Quelle der Firmware wählen:</translation>
-    </message>
-    <message>
-        <source>Open update file</source>
-        <translation>Update-Datei öffnen</translation>
-    </message>
-    <message>
-        <source>Upgrade firmware file (*.upd)</source>
-        <translation>Firmware-Update-Datei (*.upd)</translation>
-    </message>
-    <message>
-        <source>Hardware &amp; type not read, proceed?</source>
-        <translation>Hardware-Typ und -Version wurden nicht gelesen, fortfahren?</translation>
-    </message>
-    <message>
-        <source>Please select hardware type/version:</source>
-        <translation>Hardware-Typ/-Version wählen:</translation>
-    </message>
-    <message>
-        <source>Please select firmware type:</source>
-        <translation>Art der Firmware wählen:</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
-    </message>
-    <message>
-        <source>Invalid update file</source>
-        <translation>Ungültige Update-Datei</translation>
-    </message>
-    <message>
-        <source>Firmware updated successfully</source>
-        <translation>Firmware erfolgreich aktualisiert</translation>
-    </message>
-    <message>
-        <source>The firmware is being updated, please wait for the end.</source>
-        <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
-    </message>
-</context>
-<context>
-    <name>MainWindow</name>
-    <message>
-        <source>Port:</source>
-        <translation>Port:</translation>
-    </message>
-    <message>
-        <source>Serial port</source>
-        <translation>Serieller Port</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>Aktualisieren</translation>
-    </message>
-    <message>
-        <source>Refresh ports</source>
-        <translation>Ports aktualisieren</translation>
-    </message>
-    <message>
-        <source>Device:</source>
-        <translation>Gerät:</translation>
-    </message>
-    <message>
-        <source>Device</source>
-        <translation>Gerät</translation>
-    </message>
-    <message>
-        <source>Scan</source>
-        <translation>Suchen</translation>
-    </message>
-    <message>
-        <source>Scan for devices</source>
-        <translation>Geräte suchen</translation>
-    </message>
-    <message>
-        <source>Basic</source>
-        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Firmware Version:</source>
@@ -531,9 +263,885 @@ Gerät nach Aufforderung einschalten.</translation>
         <source>Calibrate</source>
         <translation>Kalibrieren</translation>
     </message>
+</context>
+<context>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>Update beginnt, Gerät eingeschaltet lassen.</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>Warten auf Antwort des Geräts, Versuch %1...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>Update fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>Keine Antwort vom Gerät.</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>Keine Rückmeldung zum Hardware-Vergleich.</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>Hardware passt nicht zu Typ 0x%1, Version 0x%2.</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>Hardware-Typ 0x%1, Hardware-Version 0x%2 stimmt.</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>Übertragung... %1 %2%.</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>Fehlgeschlagen: Das Gerät antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC-Fehler. Datei beschädigt.</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>Übertragung zu 100% abgeschlossen.</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>Antwort des Geräts: 0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibratingDialog</name>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>Daumenwurzel-Pos.:</translation>
+    </message>
+    <message>
+        <source>Thumb root position</source>
+        <translation>Position der Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>The thumb root moves there at once</source>
+        <translation>Die Daumenwurzel fährt sofort dorthin</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>Kalibriersockel bereitlegen, Vanto hochnehmen und einschalten;
+OK drücken, sobald Vanto bereit ist.</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>Ist Vanto nicht im Kalibrierzustand und stimmt der Schlüssel, startet Vanto neu;
+OK drücken, wenn alles bereit ist</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>Warten, bis Vanto neu startet und 8-mal piept;
+danach OK drücken</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>Vanto auf den Kalibriersockel setzen und fest andrücken, Daumenwurzel in die richtige Position fahren, dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>Vanto hochnehmen,
+dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>Daumenwurzel in die richtige Position fahren,
+dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>Kalibrierung abgeschlossen; Vanto jetzt aus- und wieder einschalten, um das Ergebnis zu sehen</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>Kalibrierschlüssel:</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>Ungültiger Kalibrierschlüssel</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceBar</name>
+    <message>
+        <source>Unknown device protocol type</source>
+        <translation>Unbekannter Protokolltyp des Geräts</translation>
+    </message>
+    <message>
+        <source>Unknown device protocol version</source>
+        <translation>Unbekannte Protokollversion des Geräts</translation>
+    </message>
+    <message>
+        <source>Unknown device name</source>
+        <translation>Unbekannter Gerätename</translation>
+    </message>
+    <message>
+        <source>Unsupported protocol version</source>
+        <translation>Protokollversion wird nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>Knoten „0x%1“ wird abgefragt...</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>Öffnen von Port „%1“ fehlgeschlagen, Protokoll=%2, Baudrate=%3</translation>
+    </message>
+    <message>
+        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
+        <translation>Knoten „0x%1“ gefunden, Firmware-Version: %2.%3.%4</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Serieller Port</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Refresh ports</source>
+        <translation>Ports aktualisieren</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>Gerät:</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Scan for devices</source>
+        <translation>Geräte suchen</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareDownload</name>
+    <message>
+        <source>Error when saving firmware file.</source>
+        <translation>Fehler beim Speichern der Firmware-Datei.</translation>
+    </message>
+    <message>
+        <source>Error when reading version file from server.</source>
+        <translation>Fehler beim Lesen der Versionsdatei vom Server.</translation>
+    </message>
+    <message>
+        <source>Error when parsing version file.</source>
+        <translation>Fehler beim Auswerten der Versionsdatei.</translation>
+    </message>
+    <message>
+        <source>Error when reading firmware file from server.</source>
+        <translation>Fehler beim Lesen der Firmware-Datei vom Server.</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>Kein serieller Port verfügbar</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>Gerät ausschalten und alle anderen Geräte vom Bus trennen, dann OK drücken.
+Gerät nach Aufforderung einschalten.</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>Quelle der Firmware wählen:</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>Update-Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>Firmware-Update-Datei (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>Hardware-Typ und -Version wurden nicht gelesen, fortfahren?</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>Hardware-Typ/-Version wählen:</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>Art der Firmware wählen:</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>Ungültige Update-Datei</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>Firmware erfolgreich aktualisiert</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
+    </message>
+</context>
+<context>
+    <name>ForcePage</name>
+    <message>
+        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
+        <translation>Diese Hand hat Kraftsensoren. Die Kraftgrenzen werden auf der Seite „Einstellungen“ gesetzt.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Basic</source>
+        <translation>Allgemein</translation>
+    </message>
     <message>
         <source>Setting</source>
         <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <comment>page</comment>
+        <translation>Bewegen</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Kraft</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Sequenz</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Force &amp;Update</source>
+        <translation>&amp;Update erzwingen</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>
+
+Supported protocol:</source>
+        <translation>
+
+Unterstützte Protokolle:</translation>
+    </message>
+    <message>
+        <source>
+    SerialCtrl Protocol Ver %1.x</source>
+        <translation>
+    SerialCtrl-Protokoll, Ver. %1.x</translation>
+    </message>
+    <message>
+        <source>
+    ModBus-RTU Protocol Ver %1.x</source>
+        <translation>
+    ModBus-RTU-Protokoll, Ver. %1.x</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>PortError</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>Kein Port gewählt. Adapter der Hand einstecken und „Aktualisieren“ drücken.</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>Der Port ist nicht mehr da. Adapter wieder einstecken und „Aktualisieren“ drücken.</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>Keine Berechtigung für diesen Port. Er gehört der Gruppe „%1“; ihr beitreten mit
+    sudo usermod -aG %1 $USER
+und neu anmelden.</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>Ein anderes Programm benutzt diesen Port. Es schließen und erneut versuchen. (ModemManager belegt einen neuen Adapter einige Sekunden lang.)</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>Seriennummer %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>aus VANTO_PORTS</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>RunPage</name>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Zeigefinger</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittelfinger</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>Ringfinger</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>Kleiner Finger</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Position or angle</source>
+        <translation>Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>Tempo:</translation>
+    </message>
+    <message>
+        <source>Current:</source>
+        <translation>Strom:</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>Daumen: Ziel</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>Daumen: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Thumb position or angle</source>
+        <translation>Daumen: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>Daumen: Tempo</translation>
+    </message>
+    <message>
+        <source>Thumb current</source>
+        <translation>Daumen: Strom</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>Zeigefinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>Zeigefinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Index position or angle</source>
+        <translation>Zeigefinger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>Zeigefinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Index current</source>
+        <translation>Zeigefinger: Strom</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>Mittelfinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>Mittelfinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Middle position or angle</source>
+        <translation>Mittelfinger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>Mittelfinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Middle current</source>
+        <translation>Mittelfinger: Strom</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>Ringfinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>Ringfinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Third position or angle</source>
+        <translation>Ringfinger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>Ringfinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Third current</source>
+        <translation>Ringfinger: Strom</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>Kleiner Finger: Ziel</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>Kleiner Finger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Little position or angle</source>
+        <translation>Kleiner Finger: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>Kleiner Finger: Tempo</translation>
+    </message>
+    <message>
+        <source>Little current</source>
+        <translation>Kleiner Finger: Strom</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>Daumenwurzel: Ziel</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>Daumenwurzel: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Set Thumb root position or angle</source>
+        <translation>Daumenwurzel: Position oder Winkel setzen</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>Daumenwurzel: Tempo</translation>
+    </message>
+    <message>
+        <source>Thumb root current</source>
+        <translation>Daumenwurzel: Strom</translation>
+    </message>
+    <message>
+        <source>Running info loaded</source>
+        <translation>Betriebsdaten geladen</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePage</name>
+    <message>
+        <source>Position or angle</source>
+        <translation>Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>Tempo:</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>Daumen: Ziel</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>Daumen: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>Daumen: Tempo</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>Zeigefinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>Zeigefinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>Zeigefinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>Mittelfinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>Mittelfinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>Mittelfinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>Ringfinger: Ziel</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>Ringfinger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>Ringfinger: Tempo</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>Kleiner Finger: Ziel</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>Kleiner Finger: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>Kleiner Finger: Tempo</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>Daumenwurzel: Ziel</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>Daumenwurzel: Position oder Winkel</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>Daumenwurzel: Tempo</translation>
+    </message>
+    <message>
+        <source>Steps of the sequence</source>
+        <translation>Schritte der Sequenz</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Schritt einfügen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Schritt löschen</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Move step up</source>
+        <translation>Schritt nach oben verschieben</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Move step down</source>
+        <translation>Schritt nach unten verschieben</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Run sequence</source>
+        <translation>Sequenz starten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Stop sequence</source>
+        <translation>Sequenz stoppen</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>Laden</translation>
+    </message>
+    <message>
+        <source>Load sequence</source>
+        <translation>Sequenz laden</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save sequence</source>
+        <translation>Sequenz speichern</translation>
+    </message>
+    <message>
+        <source>Hands do not store sequences yet</source>
+        <translation>Hände speichern noch keine Sequenzen</translation>
+    </message>
+    <message>
+        <source>From hand</source>
+        <translation>Von der Hand</translation>
+    </message>
+    <message>
+        <source>To hand</source>
+        <translation>An die Hand</translation>
+    </message>
+    <message>
+        <source>Run on hand</source>
+        <translation>Hand: Start</translation>
+    </message>
+    <message>
+        <source>Stop on hand</source>
+        <translation>Hand: Stopp</translation>
+    </message>
+    <message>
+        <source>Delay:</source>
+        <translation>Wartezeit:</translation>
+    </message>
+    <message>
+        <source>Delay of the step in milliseconds</source>
+        <translation>Wartezeit des Schritts in Millisekunden</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Thumb Root</source>
+        <comment>short</comment>
+        <translation>D.-Wurzel</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <comment>short</comment>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <comment>short</comment>
+        <translation>Zeigef.</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <comment>short</comment>
+        <translation>Mittelf.</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <comment>short</comment>
+        <translation>Ringf.</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <comment>short</comment>
+        <translation>Kleinf.</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <comment>short</comment>
+        <translation>D.-Wurzel</translation>
+    </message>
+    <message>
+        <source>Choose json file</source>
+        <translation>JSON-Datei wählen</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>Sequenzdateien (*.json)</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePlayer</name>
+    <message>
+        <source>Thumb</source>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Zeigefinger</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittelfinger</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>Ringfinger</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>Kleiner Finger</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>No VANTO</source>
+        <translation>Kein VANTO</translation>
+    </message>
+    <message>
+        <source>%s has too big current: %d mA</source>
+        <translation>%s: Strom zu hoch: %d mA</translation>
+    </message>
+    <message>
+        <source>TIME OUT</source>
+        <translation>ZEITÜBERSCHREITUNG</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) gab 0x%3 zurück (Unterfehler %4)</translation>
+    </message>
+</context>
+<context>
+    <name>SettingPage</name>
+    <message>
+        <source>Thumb</source>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Zeigefinger</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittelfinger</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>Ringfinger</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>Kleiner Finger</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>Daumenwurzel</translation>
     </message>
     <message>
         <source>P:</source>
@@ -864,473 +1472,6 @@ Gerät nach Aufforderung einschalten.</translation>
         <translation>Daumenwurzel: Kraftgrenze setzen</translation>
     </message>
     <message>
-        <source>Run</source>
-        <comment>page</comment>
-        <translation>Bewegen</translation>
-    </message>
-    <message>
-        <source>Position or angle</source>
-        <translation>Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation>Winkel</translation>
-    </message>
-    <message>
-        <source>ticks</source>
-        <translation>ticks</translation>
-    </message>
-    <message>
-        <source>Speed:</source>
-        <translation>Tempo:</translation>
-    </message>
-    <message>
-        <source>Current:</source>
-        <translation>Strom:</translation>
-    </message>
-    <message>
-        <source>Thumb target</source>
-        <translation>Daumen: Ziel</translation>
-    </message>
-    <message>
-        <source>Thumb position or angle</source>
-        <translation>Daumen: Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Set Thumb position or angle</source>
-        <translation>Daumen: Position oder Winkel setzen</translation>
-    </message>
-    <message>
-        <source>Thumb speed</source>
-        <translation>Daumen: Tempo</translation>
-    </message>
-    <message>
-        <source>Thumb current</source>
-        <translation>Daumen: Strom</translation>
-    </message>
-    <message>
-        <source>Index target</source>
-        <translation>Zeigefinger: Ziel</translation>
-    </message>
-    <message>
-        <source>Index position or angle</source>
-        <translation>Zeigefinger: Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Set Index position or angle</source>
-        <translation>Zeigefinger: Position oder Winkel setzen</translation>
-    </message>
-    <message>
-        <source>Index speed</source>
-        <translation>Zeigefinger: Tempo</translation>
-    </message>
-    <message>
-        <source>Index current</source>
-        <translation>Zeigefinger: Strom</translation>
-    </message>
-    <message>
-        <source>Middle target</source>
-        <translation>Mittelfinger: Ziel</translation>
-    </message>
-    <message>
-        <source>Middle position or angle</source>
-        <translation>Mittelfinger: Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Set Middle position or angle</source>
-        <translation>Mittelfinger: Position oder Winkel setzen</translation>
-    </message>
-    <message>
-        <source>Middle speed</source>
-        <translation>Mittelfinger: Tempo</translation>
-    </message>
-    <message>
-        <source>Middle current</source>
-        <translation>Mittelfinger: Strom</translation>
-    </message>
-    <message>
-        <source>Third target</source>
-        <translation>Ringfinger: Ziel</translation>
-    </message>
-    <message>
-        <source>Third position or angle</source>
-        <translation>Ringfinger: Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Set Third position or angle</source>
-        <translation>Ringfinger: Position oder Winkel setzen</translation>
-    </message>
-    <message>
-        <source>Third speed</source>
-        <translation>Ringfinger: Tempo</translation>
-    </message>
-    <message>
-        <source>Third current</source>
-        <translation>Ringfinger: Strom</translation>
-    </message>
-    <message>
-        <source>Little target</source>
-        <translation>Kleiner Finger: Ziel</translation>
-    </message>
-    <message>
-        <source>Little position or angle</source>
-        <translation>Kleiner Finger: Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Set Little position or angle</source>
-        <translation>Kleiner Finger: Position oder Winkel setzen</translation>
-    </message>
-    <message>
-        <source>Little speed</source>
-        <translation>Kleiner Finger: Tempo</translation>
-    </message>
-    <message>
-        <source>Little current</source>
-        <translation>Kleiner Finger: Strom</translation>
-    </message>
-    <message>
-        <source>Thumb root target</source>
-        <translation>Daumenwurzel: Ziel</translation>
-    </message>
-    <message>
-        <source>Thumb root position or angle</source>
-        <translation>Daumenwurzel: Position oder Winkel</translation>
-    </message>
-    <message>
-        <source>Set Thumb root position or angle</source>
-        <translation>Daumenwurzel: Position oder Winkel setzen</translation>
-    </message>
-    <message>
-        <source>Thumb root speed</source>
-        <translation>Daumenwurzel: Tempo</translation>
-    </message>
-    <message>
-        <source>Thumb root current</source>
-        <translation>Daumenwurzel: Strom</translation>
-    </message>
-    <message>
-        <source>Force</source>
-        <translation>Kraft</translation>
-    </message>
-    <message>
-        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
-        <translation>Diese Hand hat Kraftsensoren. Die Kraftgrenzen werden auf der Seite „Einstellungen“ gesetzt.</translation>
-    </message>
-    <message>
-        <source>Sequence</source>
-        <translation>Sequenz</translation>
-    </message>
-    <message>
-        <source>Steps of the sequence</source>
-        <translation>Schritte der Sequenz</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>Einfügen</translation>
-    </message>
-    <message>
-        <source>Insert step</source>
-        <translation>Schritt einfügen</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>Delete step</source>
-        <translation>Schritt löschen</translation>
-    </message>
-    <message>
-        <source>Up</source>
-        <translation>Auf</translation>
-    </message>
-    <message>
-        <source>Move step up</source>
-        <translation>Schritt nach oben verschieben</translation>
-    </message>
-    <message>
-        <source>Down</source>
-        <translation>Ab</translation>
-    </message>
-    <message>
-        <source>Move step down</source>
-        <translation>Schritt nach unten verschieben</translation>
-    </message>
-    <message>
-        <source>Run</source>
-        <translation>Start</translation>
-    </message>
-    <message>
-        <source>Run sequence</source>
-        <translation>Sequenz starten</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
-    </message>
-    <message>
-        <source>Stop sequence</source>
-        <translation>Sequenz stoppen</translation>
-    </message>
-    <message>
-        <source>Load</source>
-        <translation>Laden</translation>
-    </message>
-    <message>
-        <source>Load sequence</source>
-        <translation>Sequenz laden</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>Speichern</translation>
-    </message>
-    <message>
-        <source>Save sequence</source>
-        <translation>Sequenz speichern</translation>
-    </message>
-    <message>
-        <source>Hands do not store sequences yet</source>
-        <translation>Hände speichern noch keine Sequenzen</translation>
-    </message>
-    <message>
-        <source>From hand</source>
-        <translation>Von der Hand</translation>
-    </message>
-    <message>
-        <source>To hand</source>
-        <translation>An die Hand</translation>
-    </message>
-    <message>
-        <source>Run on hand</source>
-        <translation>Hand: Start</translation>
-    </message>
-    <message>
-        <source>Stop on hand</source>
-        <translation>Hand: Stopp</translation>
-    </message>
-    <message>
-        <source>Delay:</source>
-        <translation>Wartezeit:</translation>
-    </message>
-    <message>
-        <source>Delay of the step in milliseconds</source>
-        <translation>Wartezeit des Schritts in Millisekunden</translation>
-    </message>
-    <message>
-        <source>ms</source>
-        <translation>ms</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>&amp;Datei</translation>
-    </message>
-    <message>
-        <source>&amp;Options</source>
-        <translation>&amp;Optionen</translation>
-    </message>
-    <message>
-        <source>&amp;Help</source>
-        <translation>&amp;Hilfe</translation>
-    </message>
-    <message>
-        <source>E&amp;xit</source>
-        <translation>&amp;Beenden</translation>
-    </message>
-    <message>
-        <source>Force &amp;Update</source>
-        <translation>&amp;Update erzwingen</translation>
-    </message>
-    <message>
-        <source>&amp;Theme</source>
-        <translation>&amp;Farbschema</translation>
-    </message>
-    <message>
-        <source>&amp;About</source>
-        <translation>Ü&amp;ber</translation>
-    </message>
-    <message>
-        <source>
-
-Supported protocol:</source>
-        <translation>
-
-Unterstützte Protokolle:</translation>
-    </message>
-    <message>
-        <source>
-    SerialCtrl Protocol Ver %1.x</source>
-        <translation>
-    SerialCtrl-Protokoll, Ver. %1.x</translation>
-    </message>
-    <message>
-        <source>
-    ModBus-RTU Protocol Ver %1.x</source>
-        <translation>
-    ModBus-RTU-Protokoll, Ver. %1.x</translation>
-    </message>
-    <message>
-        <source>Thumb Root</source>
-        <comment>short</comment>
-        <translation>D.-Wurzel</translation>
-    </message>
-    <message>
-        <source>Thumb</source>
-        <comment>short</comment>
-        <translation>Daumen</translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <comment>short</comment>
-        <translation>Zeigef.</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <comment>short</comment>
-        <translation>Mittelf.</translation>
-    </message>
-    <message>
-        <source>Third</source>
-        <comment>short</comment>
-        <translation>Ringf.</translation>
-    </message>
-    <message>
-        <source>Little</source>
-        <comment>short</comment>
-        <translation>Kleinf.</translation>
-    </message>
-    <message>
-        <source>Thumb root</source>
-        <comment>short</comment>
-        <translation>D.-Wurzel</translation>
-    </message>
-</context>
-<context>
-    <name>MessageLog</name>
-    <message>
-        <source>Messages</source>
-        <translation>Meldungen</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-</context>
-<context>
-    <name>PortList</name>
-    <message>
-        <source>Serial number %1</source>
-        <translation>Seriennummer %1</translation>
-    </message>
-    <message>
-        <source>added by VANTO_PORTS</source>
-        <translation>aus VANTO_PORTS</translation>
-    </message>
-</context>
-<context>
-    <name>PortProblem</name>
-    <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
-        <translation>Kein Port gewählt. Adapter der Hand einstecken und „Aktualisieren“ drücken.</translation>
-    </message>
-    <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
-        <translation>Der Port ist nicht mehr da. Adapter wieder einstecken und „Aktualisieren“ drücken.</translation>
-    </message>
-    <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
-    sudo usermod -aG %1 $USER
-and log in again.</source>
-        <translation>Keine Berechtigung für diesen Port. Er gehört der Gruppe „%1“; ihr beitreten mit
-    sudo usermod -aG %1 $USER
-und neu anmelden.</translation>
-    </message>
-    <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
-        <translation>Ein anderes Programm benutzt diesen Port. Es schließen und erneut versuchen. (ModemManager belegt einen neuen Adapter einige Sekunden lang.)</translation>
-    </message>
-</context>
-<context>
-    <name>UnitDisplay</name>
-    <message>
-        <source>degree</source>
-        <translation>Grad</translation>
-    </message>
-</context>
-<context>
-    <name>Program</name>
-    <message>
-        <source>VantoSetting</source>
-        <translation>VantoSetting</translation>
-    </message>
-</context>
-<context>
-    <name>RunTab</name>
-    <message>
-        <source>Running info loaded</source>
-        <translation>Betriebsdaten geladen</translation>
-    </message>
-</context>
-<context>
-    <name>SequencePlayer</name>
-    <message>
-        <source>Thumb</source>
-        <translation>Daumen</translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <translation>Zeigefinger</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <translation>Mittelfinger</translation>
-    </message>
-    <message>
-        <source>Third</source>
-        <translation>Ringfinger</translation>
-    </message>
-    <message>
-        <source>Little</source>
-        <translation>Kleiner Finger</translation>
-    </message>
-    <message>
-        <source>Thumb root</source>
-        <translation>Daumenwurzel</translation>
-    </message>
-    <message>
-        <source>No VANTO</source>
-        <translation>Kein VANTO</translation>
-    </message>
-    <message>
-        <source>%s has too big current: %d mA</source>
-        <translation>%s: Strom zu hoch: %d mA</translation>
-    </message>
-    <message>
-        <source>TIME OUT</source>
-        <translation>ZEITÜBERSCHREITUNG</translation>
-    </message>
-    <message>
-        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
-        <translation>%1(0x%2, ...) gab 0x%3 zurück (Unterfehler %4)</translation>
-    </message>
-</context>
-<context>
-    <name>SequenceTab</name>
-    <message>
-        <source>Choose json file</source>
-        <translation>JSON-Datei wählen</translation>
-    </message>
-    <message>
-        <source>Sequence files (*.json)</source>
-        <translation>Sequenzdateien (*.json)</translation>
-    </message>
-</context>
-<context>
-    <name>SettingTab</name>
-    <message>
         <source>Setting loaded</source>
         <translation>Einstellungen geladen</translation>
     </message>
@@ -1363,6 +1504,13 @@ und neu anmelden.</translation>
     <message>
         <source>Please select style:</source>
         <translation>Farbschema wählen:</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDisplay</name>
+    <message>
+        <source>degree</source>
+        <translation>Grad</translation>
     </message>
 </context>
 <context>

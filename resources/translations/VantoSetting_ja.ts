@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
-    <name>BasicTab</name>
+    <name>BasicPage</name>
     <message>
         <source>Wait for command</source>
         <translation>コマンド待ち</translation>
@@ -78,274 +78,6 @@
     <message>
         <source>Reset succeeded</source>
         <translation>リセットしました</translation>
-    </message>
-</context>
-<context>
-    <name>BootLoaderLink</name>
-    <message>
-        <source>Start to update, please keep device power on.</source>
-        <translation>アップデートを開始します。デバイスの電源を切らないでください。</translation>
-    </message>
-    <message>
-        <source>Waiting for device response, loop %1...</source>
-        <translation>デバイスの応答を待っています、%1 回目...</translation>
-    </message>
-    <message>
-        <source>Update failed.</source>
-        <translation>アップデートに失敗しました。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for device.</source>
-        <translation>デバイスの応答待ちでエラーが発生しました。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for hardware match flag.</source>
-        <translation>ハードウェア照合結果の待機中にエラーが発生しました。</translation>
-    </message>
-    <message>
-        <source>Hardware does not match type 0x%1, version 0x%2.</source>
-        <translation>ハードウェアがタイプ 0x%1、バージョン 0x%2 と一致しません。</translation>
-    </message>
-    <message>
-        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
-        <translation>ハードウェアタイプ 0x%1、ハードウェアバージョン 0x%2 が一致しました。</translation>
-    </message>
-    <message>
-        <source>Transferring... %1 %2% done.</source>
-        <translation>転送中... %1 %2% 完了。</translation>
-    </message>
-    <message>
-        <source>Failed: Target is not responding.</source>
-        <translation>失敗: デバイスが応答しません。</translation>
-    </message>
-    <message>
-        <source>CRC error. File damaged.</source>
-        <translation>CRC エラー。ファイルが破損しています。</translation>
-    </message>
-    <message>
-        <source>Transfer 100% done.</source>
-        <translation>転送が 100% 完了しました。</translation>
-    </message>
-    <message>
-        <source>Device said: 0x%1</source>
-        <translation>デバイスの応答: 0x%1</translation>
-    </message>
-</context>
-<context>
-    <name>CalibratingDialog</name>
-    <message>
-        <source>Thumb Root Pos:</source>
-        <translation>付け根位置:</translation>
-    </message>
-    <message>
-        <source>Thumb root position</source>
-        <translation>親指付け根の位置</translation>
-    </message>
-    <message>
-        <source>The thumb root moves there at once</source>
-        <translation>親指付け根がすぐにその位置へ動きます</translation>
-    </message>
-</context>
-<context>
-    <name>CalibrationProcedure</name>
-    <message>
-        <source>Prepare calibration base and take Vanto up then power on,
-presss OK when Vanto is ready.</source>
-        <translation>校正台を用意し、Vanto を持ち上げて電源を入れてください。
-Vanto の準備ができたら OK を押してください。</translation>
-    </message>
-    <message>
-        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
-press OK when ready</source>
-        <translation>校正状態でなく校正キーが正しければ Vanto は再起動します。
-準備ができたら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Wait for Vanto reboots and beeps 8 times,
-press OK when beep finished</source>
-        <translation>Vanto が再起動してビープ音が 8 回鳴るまで待ち、
-鳴り終わったら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
-        <translation>Vanto を校正台に載せてしっかり押し付け、親指付け根を正しい位置に動かしてから OK を押してください</translation>
-    </message>
-    <message>
-        <source>Take Vanto up,
-press OK when ready</source>
-        <translation>Vanto を持ち上げ、
-準備ができたら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Move thumb root to right position,
-press OK when ready</source>
-        <translation>親指付け根を正しい位置に動かし、
-準備ができたら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
-        <translation>校正が完了しました。Vanto の電源を入れ直すと結果を確認できます</translation>
-    </message>
-    <message>
-        <source>Please input calibration key:</source>
-        <translation>校正キーを入力してください:</translation>
-    </message>
-    <message>
-        <source>Invalid calibration key</source>
-        <translation>校正キーが無効です</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceConnector</name>
-    <message>
-        <source>Unknown device protocol type</source>
-        <translation>デバイスのプロトコルの種類が不明です</translation>
-    </message>
-    <message>
-        <source>Unknown device protocol version</source>
-        <translation>デバイスのプロトコルバージョンが不明です</translation>
-    </message>
-    <message>
-        <source>Unknown device name</source>
-        <translation>デバイス名が不明です</translation>
-    </message>
-    <message>
-        <source>Unsupported protocol version</source>
-        <translation>対応していないプロトコルバージョンです</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceScanner</name>
-    <message>
-        <source>Scan progress</source>
-        <translation>スキャンの進行状況</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Trying node &apos;0x%1&apos;...</source>
-        <translation>ノード「0x%1」を確認中...</translation>
-    </message>
-    <message>
-        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
-        <translation>ポート「%1」を開けませんでした、プロトコル=%2、ボーレート=%3</translation>
-    </message>
-    <message>
-        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
-        <translation>ノード「0x%1」が見つかりました、ファームウェアバージョン: %2.%3.%4</translation>
-    </message>
-</context>
-<context>
-    <name>FirmwareDownload</name>
-    <message>
-        <source>Error when saving firmware file.</source>
-        <translation>ファームウェアファイルの保存中にエラーが発生しました。</translation>
-    </message>
-    <message>
-        <source>Error when reading version file from server.</source>
-        <translation>サーバーからバージョンファイルを読み込めませんでした。</translation>
-    </message>
-    <message>
-        <source>Error when parsing version file.</source>
-        <translation>バージョンファイルを解析できませんでした。</translation>
-    </message>
-    <message>
-        <source>Error when reading firmware file from server.</source>
-        <translation>サーバーからファームウェアファイルを読み込めませんでした。</translation>
-    </message>
-</context>
-<context>
-    <name>FirmwareUpdater</name>
-    <message>
-        <source>Serial port not available</source>
-        <translation>シリアルポートを使用できません</translation>
-    </message>
-    <message>
-        <source>Power off the device and remove app other devices from bus, press OK when ready.
-Power on the device when prompted.</source>
-        <translation>デバイスの電源を切り、他のデバイスをすべてバスから外してから OK を押してください。
-指示が出たらデバイスの電源を入れてください。</translation>
-    </message>
-    <message>
-        <source>Please select firmware source:</source>
-        <translation>ファームウェアの取得元を選択してください:</translation>
-    </message>
-    <message>
-        <source>Open update file</source>
-        <translation>アップデートファイルを開く</translation>
-    </message>
-    <message>
-        <source>Upgrade firmware file (*.upd)</source>
-        <translation>ファームウェアアップデートファイル (*.upd)</translation>
-    </message>
-    <message>
-        <source>Hardware &amp; type not read, proceed?</source>
-        <translation>ハードウェアのタイプが読み出されていません。続行しますか?</translation>
-    </message>
-    <message>
-        <source>Please select hardware type/version:</source>
-        <translation>ハードウェアのタイプ/バージョンを選択してください:</translation>
-    </message>
-    <message>
-        <source>Please select firmware type:</source>
-        <translation>ファームウェアの種類を選択してください:</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>ファイル「%1」を開けませんでした。</translation>
-    </message>
-    <message>
-        <source>Invalid update file</source>
-        <translation>無効なアップデートファイルです</translation>
-    </message>
-    <message>
-        <source>Firmware updated successfully</source>
-        <translation>ファームウェアをアップデートしました</translation>
-    </message>
-    <message>
-        <source>The firmware is being updated, please wait for the end.</source>
-        <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
-    </message>
-</context>
-<context>
-    <name>MainWindow</name>
-    <message>
-        <source>Port:</source>
-        <translation>ポート:</translation>
-    </message>
-    <message>
-        <source>Serial port</source>
-        <translation>シリアルポート</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>更新</translation>
-    </message>
-    <message>
-        <source>Refresh ports</source>
-        <translation>ポート一覧を更新</translation>
-    </message>
-    <message>
-        <source>Device:</source>
-        <translation>デバイス:</translation>
-    </message>
-    <message>
-        <source>Device</source>
-        <translation>デバイス</translation>
-    </message>
-    <message>
-        <source>Scan</source>
-        <translation>スキャン</translation>
-    </message>
-    <message>
-        <source>Scan for devices</source>
-        <translation>デバイスをスキャン</translation>
-    </message>
-    <message>
-        <source>Basic</source>
-        <translation>基本</translation>
     </message>
     <message>
         <source>Firmware Version:</source>
@@ -531,9 +263,885 @@ Power on the device when prompted.</source>
         <source>Calibrate</source>
         <translation>校正</translation>
     </message>
+</context>
+<context>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>アップデートを開始します。デバイスの電源を切らないでください。</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>デバイスの応答を待っています、%1 回目...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>アップデートに失敗しました。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>デバイスの応答待ちでエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>ハードウェア照合結果の待機中にエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>ハードウェアがタイプ 0x%1、バージョン 0x%2 と一致しません。</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>ハードウェアタイプ 0x%1、ハードウェアバージョン 0x%2 が一致しました。</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>転送中... %1 %2% 完了。</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>失敗: デバイスが応答しません。</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC エラー。ファイルが破損しています。</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>転送が 100% 完了しました。</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>デバイスの応答: 0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibratingDialog</name>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>付け根位置:</translation>
+    </message>
+    <message>
+        <source>Thumb root position</source>
+        <translation>親指付け根の位置</translation>
+    </message>
+    <message>
+        <source>The thumb root moves there at once</source>
+        <translation>親指付け根がすぐにその位置へ動きます</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>校正台を用意し、Vanto を持ち上げて電源を入れてください。
+Vanto の準備ができたら OK を押してください。</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>校正状態でなく校正キーが正しければ Vanto は再起動します。
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>Vanto が再起動してビープ音が 8 回鳴るまで待ち、
+鳴り終わったら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>Vanto を校正台に載せてしっかり押し付け、親指付け根を正しい位置に動かしてから OK を押してください</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>Vanto を持ち上げ、
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>親指付け根を正しい位置に動かし、
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>校正が完了しました。Vanto の電源を入れ直すと結果を確認できます</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>校正キーを入力してください:</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>校正キーが無効です</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceBar</name>
+    <message>
+        <source>Unknown device protocol type</source>
+        <translation>デバイスのプロトコルの種類が不明です</translation>
+    </message>
+    <message>
+        <source>Unknown device protocol version</source>
+        <translation>デバイスのプロトコルバージョンが不明です</translation>
+    </message>
+    <message>
+        <source>Unknown device name</source>
+        <translation>デバイス名が不明です</translation>
+    </message>
+    <message>
+        <source>Unsupported protocol version</source>
+        <translation>対応していないプロトコルバージョンです</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>スキャンの進行状況</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>ノード「0x%1」を確認中...</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>ポート「%1」を開けませんでした、プロトコル=%2、ボーレート=%3</translation>
+    </message>
+    <message>
+        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
+        <translation>ノード「0x%1」が見つかりました、ファームウェアバージョン: %2.%3.%4</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>ポート:</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>シリアルポート</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Refresh ports</source>
+        <translation>ポート一覧を更新</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>デバイス:</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>デバイス</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>スキャン</translation>
+    </message>
+    <message>
+        <source>Scan for devices</source>
+        <translation>デバイスをスキャン</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareDownload</name>
+    <message>
+        <source>Error when saving firmware file.</source>
+        <translation>ファームウェアファイルの保存中にエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Error when reading version file from server.</source>
+        <translation>サーバーからバージョンファイルを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>Error when parsing version file.</source>
+        <translation>バージョンファイルを解析できませんでした。</translation>
+    </message>
+    <message>
+        <source>Error when reading firmware file from server.</source>
+        <translation>サーバーからファームウェアファイルを読み込めませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>シリアルポートを使用できません</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>デバイスの電源を切り、他のデバイスをすべてバスから外してから OK を押してください。
+指示が出たらデバイスの電源を入れてください。</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>ファームウェアの取得元を選択してください:</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>アップデートファイルを開く</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>ファームウェアアップデートファイル (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>ハードウェアのタイプが読み出されていません。続行しますか?</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>ハードウェアのタイプ/バージョンを選択してください:</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>ファームウェアの種類を選択してください:</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>ファイル「%1」を開けませんでした。</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>無効なアップデートファイルです</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>ファームウェアをアップデートしました</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
+    </message>
+</context>
+<context>
+    <name>ForcePage</name>
+    <message>
+        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
+        <translation>このハンドには力センサーがあります。力上限は「設定」ページで設定します。</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Basic</source>
+        <translation>基本</translation>
+    </message>
     <message>
         <source>Setting</source>
         <translation>設定</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <comment>page</comment>
+        <translation>動作</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>シーケンス</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>オプション(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>終了(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Force &amp;Update</source>
+        <translation>強制アップデート(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>テーマ(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>バージョン情報(&amp;A)</translation>
+    </message>
+    <message>
+        <source>
+
+Supported protocol:</source>
+        <translation>
+
+対応プロトコル:</translation>
+    </message>
+    <message>
+        <source>
+    SerialCtrl Protocol Ver %1.x</source>
+        <translation>
+    SerialCtrl プロトコル Ver %1.x</translation>
+    </message>
+    <message>
+        <source>
+    ModBus-RTU Protocol Ver %1.x</source>
+        <translation>
+    ModBus-RTU プロトコル Ver %1.x</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>メッセージ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+</context>
+<context>
+    <name>PortError</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>ポートが選択されていません。ハンドのアダプターを接続し、「更新」を押してください。</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>ポートがなくなりました。アダプターを接続し直し、「更新」を押してください。</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>このポートを使う権限がありません。ポートのグループは「%1」です。次のコマンドでグループに入り、
+    sudo usermod -aG %1 $USER
+ログインし直してください。</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>別のプログラムがこのポートを使用しています。終了してからやり直してください。(新しいアダプターは数秒間 ModemManager に使用されます。)</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>シリアル番号 %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>VANTO_PORTS で追加</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>RunPage</name>
+    <message>
+        <source>Set</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Position or angle</source>
+        <translation>位置または角度</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>速度:</translation>
+    </message>
+    <message>
+        <source>Current:</source>
+        <translation>電流:</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>親指の目標</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>親指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Thumb position or angle</source>
+        <translation>親指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>親指の速度</translation>
+    </message>
+    <message>
+        <source>Thumb current</source>
+        <translation>親指の電流</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>人差し指の目標</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>人差し指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Index position or angle</source>
+        <translation>人差し指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>人差し指の速度</translation>
+    </message>
+    <message>
+        <source>Index current</source>
+        <translation>人差し指の電流</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>中指の目標</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>中指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Middle position or angle</source>
+        <translation>中指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>中指の速度</translation>
+    </message>
+    <message>
+        <source>Middle current</source>
+        <translation>中指の電流</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>薬指の目標</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>薬指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Third position or angle</source>
+        <translation>薬指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>薬指の速度</translation>
+    </message>
+    <message>
+        <source>Third current</source>
+        <translation>薬指の電流</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>小指の目標</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>小指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Little position or angle</source>
+        <translation>小指の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>小指の速度</translation>
+    </message>
+    <message>
+        <source>Little current</source>
+        <translation>小指の電流</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>親指付け根の目標</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>親指付け根の位置または角度</translation>
+    </message>
+    <message>
+        <source>Set Thumb root position or angle</source>
+        <translation>親指付け根の位置または角度を設定</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>親指付け根の速度</translation>
+    </message>
+    <message>
+        <source>Thumb root current</source>
+        <translation>親指付け根の電流</translation>
+    </message>
+    <message>
+        <source>Running info loaded</source>
+        <translation>動作情報を読み込みました</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePage</name>
+    <message>
+        <source>Position or angle</source>
+        <translation>位置または角度</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>速度:</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>親指の目標</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>親指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>親指の速度</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>人差し指の目標</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>人差し指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>人差し指の速度</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>中指の目標</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>中指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>中指の速度</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>薬指の目標</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>薬指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>薬指の速度</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>小指の目標</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>小指の位置または角度</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>小指の速度</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>親指付け根の目標</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>親指付け根の位置または角度</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>親指付け根の速度</translation>
+    </message>
+    <message>
+        <source>Steps of the sequence</source>
+        <translation>シーケンスのステップ</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>挿入</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>ステップを挿入</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>ステップを削除</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上へ</translation>
+    </message>
+    <message>
+        <source>Move step up</source>
+        <translation>ステップを上へ移動</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>下へ</translation>
+    </message>
+    <message>
+        <source>Move step down</source>
+        <translation>ステップを下へ移動</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>実行</translation>
+    </message>
+    <message>
+        <source>Run sequence</source>
+        <translation>シーケンスを実行</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Stop sequence</source>
+        <translation>シーケンスを停止</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>読込</translation>
+    </message>
+    <message>
+        <source>Load sequence</source>
+        <translation>シーケンスを読み込む</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Save sequence</source>
+        <translation>シーケンスを保存</translation>
+    </message>
+    <message>
+        <source>Hands do not store sequences yet</source>
+        <translation>ハンドはまだシーケンスを保存できません</translation>
+    </message>
+    <message>
+        <source>From hand</source>
+        <translation>ハンドから</translation>
+    </message>
+    <message>
+        <source>To hand</source>
+        <translation>ハンドへ</translation>
+    </message>
+    <message>
+        <source>Run on hand</source>
+        <translation>ハンドで実行</translation>
+    </message>
+    <message>
+        <source>Stop on hand</source>
+        <translation>ハンドで停止</translation>
+    </message>
+    <message>
+        <source>Delay:</source>
+        <translation>待ち時間:</translation>
+    </message>
+    <message>
+        <source>Delay of the step in milliseconds</source>
+        <translation>ステップの待ち時間 (ミリ秒)</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Thumb Root</source>
+        <comment>short</comment>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <comment>short</comment>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <comment>short</comment>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <comment>short</comment>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <comment>short</comment>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <comment>short</comment>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <comment>short</comment>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>Choose json file</source>
+        <translation>JSON ファイルを選択</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>シーケンスファイル (*.json)</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePlayer</name>
+    <message>
+        <source>Thumb</source>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>No VANTO</source>
+        <translation>VANTO がありません</translation>
+    </message>
+    <message>
+        <source>%s has too big current: %d mA</source>
+        <translation>%sの電流が大きすぎます: %d mA</translation>
+    </message>
+    <message>
+        <source>TIME OUT</source>
+        <translation>タイムアウト</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) が 0x%3 を返しました (サブエラー %4)</translation>
+    </message>
+</context>
+<context>
+    <name>SettingPage</name>
+    <message>
+        <source>Thumb</source>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>親指付け根</translation>
     </message>
     <message>
         <source>P:</source>
@@ -864,473 +1472,6 @@ Power on the device when prompted.</source>
         <translation>親指付け根の力上限を書き込む</translation>
     </message>
     <message>
-        <source>Run</source>
-        <comment>page</comment>
-        <translation>動作</translation>
-    </message>
-    <message>
-        <source>Position or angle</source>
-        <translation>位置または角度</translation>
-    </message>
-    <message>
-        <source>Position</source>
-        <translation>位置</translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation>角度</translation>
-    </message>
-    <message>
-        <source>ticks</source>
-        <translation>ticks</translation>
-    </message>
-    <message>
-        <source>Speed:</source>
-        <translation>速度:</translation>
-    </message>
-    <message>
-        <source>Current:</source>
-        <translation>電流:</translation>
-    </message>
-    <message>
-        <source>Thumb target</source>
-        <translation>親指の目標</translation>
-    </message>
-    <message>
-        <source>Thumb position or angle</source>
-        <translation>親指の位置または角度</translation>
-    </message>
-    <message>
-        <source>Set Thumb position or angle</source>
-        <translation>親指の位置または角度を設定</translation>
-    </message>
-    <message>
-        <source>Thumb speed</source>
-        <translation>親指の速度</translation>
-    </message>
-    <message>
-        <source>Thumb current</source>
-        <translation>親指の電流</translation>
-    </message>
-    <message>
-        <source>Index target</source>
-        <translation>人差し指の目標</translation>
-    </message>
-    <message>
-        <source>Index position or angle</source>
-        <translation>人差し指の位置または角度</translation>
-    </message>
-    <message>
-        <source>Set Index position or angle</source>
-        <translation>人差し指の位置または角度を設定</translation>
-    </message>
-    <message>
-        <source>Index speed</source>
-        <translation>人差し指の速度</translation>
-    </message>
-    <message>
-        <source>Index current</source>
-        <translation>人差し指の電流</translation>
-    </message>
-    <message>
-        <source>Middle target</source>
-        <translation>中指の目標</translation>
-    </message>
-    <message>
-        <source>Middle position or angle</source>
-        <translation>中指の位置または角度</translation>
-    </message>
-    <message>
-        <source>Set Middle position or angle</source>
-        <translation>中指の位置または角度を設定</translation>
-    </message>
-    <message>
-        <source>Middle speed</source>
-        <translation>中指の速度</translation>
-    </message>
-    <message>
-        <source>Middle current</source>
-        <translation>中指の電流</translation>
-    </message>
-    <message>
-        <source>Third target</source>
-        <translation>薬指の目標</translation>
-    </message>
-    <message>
-        <source>Third position or angle</source>
-        <translation>薬指の位置または角度</translation>
-    </message>
-    <message>
-        <source>Set Third position or angle</source>
-        <translation>薬指の位置または角度を設定</translation>
-    </message>
-    <message>
-        <source>Third speed</source>
-        <translation>薬指の速度</translation>
-    </message>
-    <message>
-        <source>Third current</source>
-        <translation>薬指の電流</translation>
-    </message>
-    <message>
-        <source>Little target</source>
-        <translation>小指の目標</translation>
-    </message>
-    <message>
-        <source>Little position or angle</source>
-        <translation>小指の位置または角度</translation>
-    </message>
-    <message>
-        <source>Set Little position or angle</source>
-        <translation>小指の位置または角度を設定</translation>
-    </message>
-    <message>
-        <source>Little speed</source>
-        <translation>小指の速度</translation>
-    </message>
-    <message>
-        <source>Little current</source>
-        <translation>小指の電流</translation>
-    </message>
-    <message>
-        <source>Thumb root target</source>
-        <translation>親指付け根の目標</translation>
-    </message>
-    <message>
-        <source>Thumb root position or angle</source>
-        <translation>親指付け根の位置または角度</translation>
-    </message>
-    <message>
-        <source>Set Thumb root position or angle</source>
-        <translation>親指付け根の位置または角度を設定</translation>
-    </message>
-    <message>
-        <source>Thumb root speed</source>
-        <translation>親指付け根の速度</translation>
-    </message>
-    <message>
-        <source>Thumb root current</source>
-        <translation>親指付け根の電流</translation>
-    </message>
-    <message>
-        <source>Force</source>
-        <translation>力</translation>
-    </message>
-    <message>
-        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
-        <translation>このハンドには力センサーがあります。力上限は「設定」ページで設定します。</translation>
-    </message>
-    <message>
-        <source>Sequence</source>
-        <translation>シーケンス</translation>
-    </message>
-    <message>
-        <source>Steps of the sequence</source>
-        <translation>シーケンスのステップ</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>挿入</translation>
-    </message>
-    <message>
-        <source>Insert step</source>
-        <translation>ステップを挿入</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>削除</translation>
-    </message>
-    <message>
-        <source>Delete step</source>
-        <translation>ステップを削除</translation>
-    </message>
-    <message>
-        <source>Up</source>
-        <translation>上へ</translation>
-    </message>
-    <message>
-        <source>Move step up</source>
-        <translation>ステップを上へ移動</translation>
-    </message>
-    <message>
-        <source>Down</source>
-        <translation>下へ</translation>
-    </message>
-    <message>
-        <source>Move step down</source>
-        <translation>ステップを下へ移動</translation>
-    </message>
-    <message>
-        <source>Run</source>
-        <translation>実行</translation>
-    </message>
-    <message>
-        <source>Run sequence</source>
-        <translation>シーケンスを実行</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Stop sequence</source>
-        <translation>シーケンスを停止</translation>
-    </message>
-    <message>
-        <source>Load</source>
-        <translation>読込</translation>
-    </message>
-    <message>
-        <source>Load sequence</source>
-        <translation>シーケンスを読み込む</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Save sequence</source>
-        <translation>シーケンスを保存</translation>
-    </message>
-    <message>
-        <source>Hands do not store sequences yet</source>
-        <translation>ハンドはまだシーケンスを保存できません</translation>
-    </message>
-    <message>
-        <source>From hand</source>
-        <translation>ハンドから</translation>
-    </message>
-    <message>
-        <source>To hand</source>
-        <translation>ハンドへ</translation>
-    </message>
-    <message>
-        <source>Run on hand</source>
-        <translation>ハンドで実行</translation>
-    </message>
-    <message>
-        <source>Stop on hand</source>
-        <translation>ハンドで停止</translation>
-    </message>
-    <message>
-        <source>Delay:</source>
-        <translation>待ち時間:</translation>
-    </message>
-    <message>
-        <source>Delay of the step in milliseconds</source>
-        <translation>ステップの待ち時間 (ミリ秒)</translation>
-    </message>
-    <message>
-        <source>ms</source>
-        <translation>ms</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>ファイル(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Options</source>
-        <translation>オプション(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Help</source>
-        <translation>ヘルプ(&amp;H)</translation>
-    </message>
-    <message>
-        <source>E&amp;xit</source>
-        <translation>終了(&amp;X)</translation>
-    </message>
-    <message>
-        <source>Force &amp;Update</source>
-        <translation>強制アップデート(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Theme</source>
-        <translation>テーマ(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;About</source>
-        <translation>バージョン情報(&amp;A)</translation>
-    </message>
-    <message>
-        <source>
-
-Supported protocol:</source>
-        <translation>
-
-対応プロトコル:</translation>
-    </message>
-    <message>
-        <source>
-    SerialCtrl Protocol Ver %1.x</source>
-        <translation>
-    SerialCtrl プロトコル Ver %1.x</translation>
-    </message>
-    <message>
-        <source>
-    ModBus-RTU Protocol Ver %1.x</source>
-        <translation>
-    ModBus-RTU プロトコル Ver %1.x</translation>
-    </message>
-    <message>
-        <source>Thumb Root</source>
-        <comment>short</comment>
-        <translation>親指付け根</translation>
-    </message>
-    <message>
-        <source>Thumb</source>
-        <comment>short</comment>
-        <translation>親指</translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <comment>short</comment>
-        <translation>人差し指</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <comment>short</comment>
-        <translation>中指</translation>
-    </message>
-    <message>
-        <source>Third</source>
-        <comment>short</comment>
-        <translation>薬指</translation>
-    </message>
-    <message>
-        <source>Little</source>
-        <comment>short</comment>
-        <translation>小指</translation>
-    </message>
-    <message>
-        <source>Thumb root</source>
-        <comment>short</comment>
-        <translation>親指付け根</translation>
-    </message>
-</context>
-<context>
-    <name>MessageLog</name>
-    <message>
-        <source>Messages</source>
-        <translation>メッセージ</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>コピー</translation>
-    </message>
-</context>
-<context>
-    <name>PortList</name>
-    <message>
-        <source>Serial number %1</source>
-        <translation>シリアル番号 %1</translation>
-    </message>
-    <message>
-        <source>added by VANTO_PORTS</source>
-        <translation>VANTO_PORTS で追加</translation>
-    </message>
-</context>
-<context>
-    <name>PortProblem</name>
-    <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
-        <translation>ポートが選択されていません。ハンドのアダプターを接続し、「更新」を押してください。</translation>
-    </message>
-    <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
-        <translation>ポートがなくなりました。アダプターを接続し直し、「更新」を押してください。</translation>
-    </message>
-    <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
-    sudo usermod -aG %1 $USER
-and log in again.</source>
-        <translation>このポートを使う権限がありません。ポートのグループは「%1」です。次のコマンドでグループに入り、
-    sudo usermod -aG %1 $USER
-ログインし直してください。</translation>
-    </message>
-    <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
-        <translation>別のプログラムがこのポートを使用しています。終了してからやり直してください。(新しいアダプターは数秒間 ModemManager に使用されます。)</translation>
-    </message>
-</context>
-<context>
-    <name>UnitDisplay</name>
-    <message>
-        <source>degree</source>
-        <translation>度</translation>
-    </message>
-</context>
-<context>
-    <name>Program</name>
-    <message>
-        <source>VantoSetting</source>
-        <translation>VantoSetting</translation>
-    </message>
-</context>
-<context>
-    <name>RunTab</name>
-    <message>
-        <source>Running info loaded</source>
-        <translation>動作情報を読み込みました</translation>
-    </message>
-</context>
-<context>
-    <name>SequencePlayer</name>
-    <message>
-        <source>Thumb</source>
-        <translation>親指</translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <translation>人差し指</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <translation>中指</translation>
-    </message>
-    <message>
-        <source>Third</source>
-        <translation>薬指</translation>
-    </message>
-    <message>
-        <source>Little</source>
-        <translation>小指</translation>
-    </message>
-    <message>
-        <source>Thumb root</source>
-        <translation>親指付け根</translation>
-    </message>
-    <message>
-        <source>No VANTO</source>
-        <translation>VANTO がありません</translation>
-    </message>
-    <message>
-        <source>%s has too big current: %d mA</source>
-        <translation>%sの電流が大きすぎます: %d mA</translation>
-    </message>
-    <message>
-        <source>TIME OUT</source>
-        <translation>タイムアウト</translation>
-    </message>
-    <message>
-        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
-        <translation>%1(0x%2, ...) が 0x%3 を返しました (サブエラー %4)</translation>
-    </message>
-</context>
-<context>
-    <name>SequenceTab</name>
-    <message>
-        <source>Choose json file</source>
-        <translation>JSON ファイルを選択</translation>
-    </message>
-    <message>
-        <source>Sequence files (*.json)</source>
-        <translation>シーケンスファイル (*.json)</translation>
-    </message>
-</context>
-<context>
-    <name>SettingTab</name>
-    <message>
         <source>Setting loaded</source>
         <translation>設定を読み込みました</translation>
     </message>
@@ -1363,6 +1504,13 @@ and log in again.</source>
     <message>
         <source>Please select style:</source>
         <translation>テーマを選択してください:</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDisplay</name>
+    <message>
+        <source>degree</source>
+        <translation>度</translation>
     </message>
 </context>
 <context>

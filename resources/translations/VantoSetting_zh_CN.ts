@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
-    <name>BasicTab</name>
+    <name>BasicPage</name>
     <message>
         <source>Wait for command</source>
         <translation>等待命令</translation>
@@ -78,274 +78,6 @@
     <message>
         <source>Reset succeeded</source>
         <translation>复位成功</translation>
-    </message>
-</context>
-<context>
-    <name>BootLoaderLink</name>
-    <message>
-        <source>Start to update, please keep device power on.</source>
-        <translation>开始更新，请保持设备通电。</translation>
-    </message>
-    <message>
-        <source>Waiting for device response, loop %1...</source>
-        <translation>正在等待设备响应，第 %1 次...</translation>
-    </message>
-    <message>
-        <source>Update failed.</source>
-        <translation>更新失败。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for device.</source>
-        <translation>等待设备时出错。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for hardware match flag.</source>
-        <translation>等待硬件匹配标志时出错。</translation>
-    </message>
-    <message>
-        <source>Hardware does not match type 0x%1, version 0x%2.</source>
-        <translation>硬件与类型 0x%1、版本 0x%2 不匹配。</translation>
-    </message>
-    <message>
-        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
-        <translation>硬件类型 0x%1、硬件版本 0x%2 匹配。</translation>
-    </message>
-    <message>
-        <source>Transferring... %1 %2% done.</source>
-        <translation>正在传输... %1 已完成 %2%。</translation>
-    </message>
-    <message>
-        <source>Failed: Target is not responding.</source>
-        <translation>失败：目标设备无响应。</translation>
-    </message>
-    <message>
-        <source>CRC error. File damaged.</source>
-        <translation>CRC 错误，文件已损坏。</translation>
-    </message>
-    <message>
-        <source>Transfer 100% done.</source>
-        <translation>传输完成 100%。</translation>
-    </message>
-    <message>
-        <source>Device said: 0x%1</source>
-        <translation>设备返回：0x%1</translation>
-    </message>
-</context>
-<context>
-    <name>CalibratingDialog</name>
-    <message>
-        <source>Thumb Root Pos:</source>
-        <translation>拇指根部位置：</translation>
-    </message>
-    <message>
-        <source>Thumb root position</source>
-        <translation>拇指根部位置</translation>
-    </message>
-    <message>
-        <source>The thumb root moves there at once</source>
-        <translation>拇指根部会立即移动到该位置</translation>
-    </message>
-</context>
-<context>
-    <name>CalibrationProcedure</name>
-    <message>
-        <source>Prepare calibration base and take Vanto up then power on,
-presss OK when Vanto is ready.</source>
-        <translation>请准备好校准底座，拿起 Vanto 并通电，
-Vanto 就绪后按“确定”。</translation>
-    </message>
-    <message>
-        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
-press OK when ready</source>
-        <translation>若 Vanto 未处于校准状态且校准密钥正确，将会重启，
-就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Wait for Vanto reboots and beeps 8 times,
-press OK when beep finished</source>
-        <translation>请等待 Vanto 重启并蜂鸣 8 次，
-蜂鸣结束后按“确定”</translation>
-    </message>
-    <message>
-        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
-        <translation>请将 Vanto 放到校准底座上并压紧，把拇指根部移到正确位置，就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Take Vanto up,
-press OK when ready</source>
-        <translation>请拿起 Vanto，
-就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Move thumb root to right position,
-press OK when ready</source>
-        <translation>请将拇指根部移到正确位置，
-就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
-        <translation>校准完成，现在可将 Vanto 断电再通电以查看结果</translation>
-    </message>
-    <message>
-        <source>Please input calibration key:</source>
-        <translation>请输入校准密钥：</translation>
-    </message>
-    <message>
-        <source>Invalid calibration key</source>
-        <translation>校准密钥无效</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceConnector</name>
-    <message>
-        <source>Unknown device protocol type</source>
-        <translation>未知的设备协议类型</translation>
-    </message>
-    <message>
-        <source>Unknown device protocol version</source>
-        <translation>未知的设备协议版本</translation>
-    </message>
-    <message>
-        <source>Unknown device name</source>
-        <translation>未知的设备名称</translation>
-    </message>
-    <message>
-        <source>Unsupported protocol version</source>
-        <translation>不支持的协议版本</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceScanner</name>
-    <message>
-        <source>Scan progress</source>
-        <translation>扫描进度</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Trying node &apos;0x%1&apos;...</source>
-        <translation>正在尝试节点“0x%1”...</translation>
-    </message>
-    <message>
-        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
-        <translation>打开端口“%1”失败，协议=%2，波特率=%3</translation>
-    </message>
-    <message>
-        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
-        <translation>找到节点“0x%1”，固件版本：%2.%3.%4</translation>
-    </message>
-</context>
-<context>
-    <name>FirmwareDownload</name>
-    <message>
-        <source>Error when saving firmware file.</source>
-        <translation>保存固件文件时出错。</translation>
-    </message>
-    <message>
-        <source>Error when reading version file from server.</source>
-        <translation>从服务器读取版本文件时出错。</translation>
-    </message>
-    <message>
-        <source>Error when parsing version file.</source>
-        <translation>解析版本文件时出错。</translation>
-    </message>
-    <message>
-        <source>Error when reading firmware file from server.</source>
-        <translation>从服务器读取固件文件时出错。</translation>
-    </message>
-</context>
-<context>
-    <name>FirmwareUpdater</name>
-    <message>
-        <source>Serial port not available</source>
-        <translation>串口不可用</translation>
-    </message>
-    <message>
-        <source>Power off the device and remove app other devices from bus, press OK when ready.
-Power on the device when prompted.</source>
-        <translation>请关闭设备电源并从总线上移除所有其他设备，就绪后按“确定”。
-出现提示时再给设备通电。</translation>
-    </message>
-    <message>
-        <source>Please select firmware source:</source>
-        <translation>请选择固件来源：</translation>
-    </message>
-    <message>
-        <source>Open update file</source>
-        <translation>打开更新文件</translation>
-    </message>
-    <message>
-        <source>Upgrade firmware file (*.upd)</source>
-        <translation>固件升级文件 (*.upd)</translation>
-    </message>
-    <message>
-        <source>Hardware &amp; type not read, proceed?</source>
-        <translation>尚未读取硬件及类型，是否继续？</translation>
-    </message>
-    <message>
-        <source>Please select hardware type/version:</source>
-        <translation>请选择硬件类型/版本：</translation>
-    </message>
-    <message>
-        <source>Please select firmware type:</source>
-        <translation>请选择固件类型：</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>打开文件“%1”失败。</translation>
-    </message>
-    <message>
-        <source>Invalid update file</source>
-        <translation>无效的更新文件</translation>
-    </message>
-    <message>
-        <source>Firmware updated successfully</source>
-        <translation>固件更新成功</translation>
-    </message>
-    <message>
-        <source>The firmware is being updated, please wait for the end.</source>
-        <translation>正在更新固件，请等待完成。</translation>
-    </message>
-</context>
-<context>
-    <name>MainWindow</name>
-    <message>
-        <source>Port:</source>
-        <translation>端口：</translation>
-    </message>
-    <message>
-        <source>Serial port</source>
-        <translation>串口</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>刷新</translation>
-    </message>
-    <message>
-        <source>Refresh ports</source>
-        <translation>刷新端口列表</translation>
-    </message>
-    <message>
-        <source>Device:</source>
-        <translation>设备：</translation>
-    </message>
-    <message>
-        <source>Device</source>
-        <translation>设备</translation>
-    </message>
-    <message>
-        <source>Scan</source>
-        <translation>扫描</translation>
-    </message>
-    <message>
-        <source>Scan for devices</source>
-        <translation>扫描设备</translation>
-    </message>
-    <message>
-        <source>Basic</source>
-        <translation>基本</translation>
     </message>
     <message>
         <source>Firmware Version:</source>
@@ -531,9 +263,885 @@ Power on the device when prompted.</source>
         <source>Calibrate</source>
         <translation>校准</translation>
     </message>
+</context>
+<context>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>开始更新，请保持设备通电。</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>正在等待设备响应，第 %1 次...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>更新失败。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>等待设备时出错。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>等待硬件匹配标志时出错。</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>硬件与类型 0x%1、版本 0x%2 不匹配。</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>硬件类型 0x%1、硬件版本 0x%2 匹配。</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>正在传输... %1 已完成 %2%。</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>失败：目标设备无响应。</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC 错误，文件已损坏。</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>传输完成 100%。</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>设备返回：0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibratingDialog</name>
+    <message>
+        <source>Thumb Root Pos:</source>
+        <translation>拇指根部位置：</translation>
+    </message>
+    <message>
+        <source>Thumb root position</source>
+        <translation>拇指根部位置</translation>
+    </message>
+    <message>
+        <source>The thumb root moves there at once</source>
+        <translation>拇指根部会立即移动到该位置</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>请准备好校准底座，拿起 Vanto 并通电，
+Vanto 就绪后按“确定”。</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>若 Vanto 未处于校准状态且校准密钥正确，将会重启，
+就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>请等待 Vanto 重启并蜂鸣 8 次，
+蜂鸣结束后按“确定”</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>请将 Vanto 放到校准底座上并压紧，把拇指根部移到正确位置，就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>请拿起 Vanto，
+就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>请将拇指根部移到正确位置，
+就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>校准完成，现在可将 Vanto 断电再通电以查看结果</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>请输入校准密钥：</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>校准密钥无效</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceBar</name>
+    <message>
+        <source>Unknown device protocol type</source>
+        <translation>未知的设备协议类型</translation>
+    </message>
+    <message>
+        <source>Unknown device protocol version</source>
+        <translation>未知的设备协议版本</translation>
+    </message>
+    <message>
+        <source>Unknown device name</source>
+        <translation>未知的设备名称</translation>
+    </message>
+    <message>
+        <source>Unsupported protocol version</source>
+        <translation>不支持的协议版本</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>扫描进度</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>正在尝试节点“0x%1”...</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>打开端口“%1”失败，协议=%2，波特率=%3</translation>
+    </message>
+    <message>
+        <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
+        <translation>找到节点“0x%1”，固件版本：%2.%3.%4</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>端口：</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>串口</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Refresh ports</source>
+        <translation>刷新端口列表</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>设备：</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>扫描</translation>
+    </message>
+    <message>
+        <source>Scan for devices</source>
+        <translation>扫描设备</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareDownload</name>
+    <message>
+        <source>Error when saving firmware file.</source>
+        <translation>保存固件文件时出错。</translation>
+    </message>
+    <message>
+        <source>Error when reading version file from server.</source>
+        <translation>从服务器读取版本文件时出错。</translation>
+    </message>
+    <message>
+        <source>Error when parsing version file.</source>
+        <translation>解析版本文件时出错。</translation>
+    </message>
+    <message>
+        <source>Error when reading firmware file from server.</source>
+        <translation>从服务器读取固件文件时出错。</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>串口不可用</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>请关闭设备电源并从总线上移除所有其他设备，就绪后按“确定”。
+出现提示时再给设备通电。</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>请选择固件来源：</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>打开更新文件</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>固件升级文件 (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>尚未读取硬件及类型，是否继续？</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>请选择硬件类型/版本：</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>请选择固件类型：</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>打开文件“%1”失败。</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>无效的更新文件</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>固件更新成功</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>正在更新固件，请等待完成。</translation>
+    </message>
+</context>
+<context>
+    <name>ForcePage</name>
+    <message>
+        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
+        <translation>此灵巧手带有力传感器，请在“参数”页设置力上限。</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Basic</source>
+        <translation>基本</translation>
+    </message>
     <message>
         <source>Setting</source>
         <translation>参数</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <comment>page</comment>
+        <translation>运行</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>序列</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>选项(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>退出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Force &amp;Update</source>
+        <translation>强制更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
+    </message>
+    <message>
+        <source>
+
+Supported protocol:</source>
+        <translation>
+
+支持的协议：</translation>
+    </message>
+    <message>
+        <source>
+    SerialCtrl Protocol Ver %1.x</source>
+        <translation>
+    SerialCtrl 协议 Ver %1.x</translation>
+    </message>
+    <message>
+        <source>
+    ModBus-RTU Protocol Ver %1.x</source>
+        <translation>
+    ModBus-RTU 协议 Ver %1.x</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
+    <name>PortError</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>未选择端口。请插入灵巧手的适配器，然后按“刷新”。</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>端口已不存在。请重新插入适配器，然后按“刷新”。</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>没有使用此端口的权限。它属于用户组“%1”，请用以下命令加入该组
+    sudo usermod -aG %1 $USER
+然后重新登录。</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>此端口正被其他程序占用，请关闭该程序后重试。（ModemManager 会占用新插入的适配器数秒。）</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>序列号 %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>由 VANTO_PORTS 添加</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>RunPage</name>
+    <message>
+        <source>Set</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>拇指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>食指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>无名指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>拇指根部</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Position or angle</source>
+        <translation>位置或角度</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>速度：</translation>
+    </message>
+    <message>
+        <source>Current:</source>
+        <translation>电流：</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>拇指目标</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>拇指位置或角度</translation>
+    </message>
+    <message>
+        <source>Set Thumb position or angle</source>
+        <translation>设置拇指位置或角度</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>拇指速度</translation>
+    </message>
+    <message>
+        <source>Thumb current</source>
+        <translation>拇指电流</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>食指目标</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>食指位置或角度</translation>
+    </message>
+    <message>
+        <source>Set Index position or angle</source>
+        <translation>设置食指位置或角度</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>食指速度</translation>
+    </message>
+    <message>
+        <source>Index current</source>
+        <translation>食指电流</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>中指目标</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>中指位置或角度</translation>
+    </message>
+    <message>
+        <source>Set Middle position or angle</source>
+        <translation>设置中指位置或角度</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>中指速度</translation>
+    </message>
+    <message>
+        <source>Middle current</source>
+        <translation>中指电流</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>无名指目标</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>无名指位置或角度</translation>
+    </message>
+    <message>
+        <source>Set Third position or angle</source>
+        <translation>设置无名指位置或角度</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>无名指速度</translation>
+    </message>
+    <message>
+        <source>Third current</source>
+        <translation>无名指电流</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>小指目标</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>小指位置或角度</translation>
+    </message>
+    <message>
+        <source>Set Little position or angle</source>
+        <translation>设置小指位置或角度</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>小指速度</translation>
+    </message>
+    <message>
+        <source>Little current</source>
+        <translation>小指电流</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>拇指根部目标</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>拇指根部位置或角度</translation>
+    </message>
+    <message>
+        <source>Set Thumb root position or angle</source>
+        <translation>设置拇指根部位置或角度</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>拇指根部速度</translation>
+    </message>
+    <message>
+        <source>Thumb root current</source>
+        <translation>拇指根部电流</translation>
+    </message>
+    <message>
+        <source>Running info loaded</source>
+        <translation>运行信息已加载</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePage</name>
+    <message>
+        <source>Position or angle</source>
+        <translation>位置或角度</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>ticks</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>速度：</translation>
+    </message>
+    <message>
+        <source>Thumb target</source>
+        <translation>拇指目标</translation>
+    </message>
+    <message>
+        <source>Thumb position or angle</source>
+        <translation>拇指位置或角度</translation>
+    </message>
+    <message>
+        <source>Thumb speed</source>
+        <translation>拇指速度</translation>
+    </message>
+    <message>
+        <source>Index target</source>
+        <translation>食指目标</translation>
+    </message>
+    <message>
+        <source>Index position or angle</source>
+        <translation>食指位置或角度</translation>
+    </message>
+    <message>
+        <source>Index speed</source>
+        <translation>食指速度</translation>
+    </message>
+    <message>
+        <source>Middle target</source>
+        <translation>中指目标</translation>
+    </message>
+    <message>
+        <source>Middle position or angle</source>
+        <translation>中指位置或角度</translation>
+    </message>
+    <message>
+        <source>Middle speed</source>
+        <translation>中指速度</translation>
+    </message>
+    <message>
+        <source>Third target</source>
+        <translation>无名指目标</translation>
+    </message>
+    <message>
+        <source>Third position or angle</source>
+        <translation>无名指位置或角度</translation>
+    </message>
+    <message>
+        <source>Third speed</source>
+        <translation>无名指速度</translation>
+    </message>
+    <message>
+        <source>Little target</source>
+        <translation>小指目标</translation>
+    </message>
+    <message>
+        <source>Little position or angle</source>
+        <translation>小指位置或角度</translation>
+    </message>
+    <message>
+        <source>Little speed</source>
+        <translation>小指速度</translation>
+    </message>
+    <message>
+        <source>Thumb root target</source>
+        <translation>拇指根部目标</translation>
+    </message>
+    <message>
+        <source>Thumb root position or angle</source>
+        <translation>拇指根部位置或角度</translation>
+    </message>
+    <message>
+        <source>Thumb root speed</source>
+        <translation>拇指根部速度</translation>
+    </message>
+    <message>
+        <source>Steps of the sequence</source>
+        <translation>序列步骤</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>插入步骤</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>删除步骤</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Move step up</source>
+        <translation>上移步骤</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>下移</translation>
+    </message>
+    <message>
+        <source>Move step down</source>
+        <translation>下移步骤</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>运行</translation>
+    </message>
+    <message>
+        <source>Run sequence</source>
+        <translation>运行序列</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Stop sequence</source>
+        <translation>停止序列</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>加载</translation>
+    </message>
+    <message>
+        <source>Load sequence</source>
+        <translation>加载序列</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Save sequence</source>
+        <translation>保存序列</translation>
+    </message>
+    <message>
+        <source>Hands do not store sequences yet</source>
+        <translation>灵巧手暂不支持存储序列</translation>
+    </message>
+    <message>
+        <source>From hand</source>
+        <translation>从灵巧手读取</translation>
+    </message>
+    <message>
+        <source>To hand</source>
+        <translation>写入灵巧手</translation>
+    </message>
+    <message>
+        <source>Run on hand</source>
+        <translation>在灵巧手运行</translation>
+    </message>
+    <message>
+        <source>Stop on hand</source>
+        <translation>停止灵巧手</translation>
+    </message>
+    <message>
+        <source>Delay:</source>
+        <translation>延时：</translation>
+    </message>
+    <message>
+        <source>Delay of the step in milliseconds</source>
+        <translation>步骤延时（毫秒）</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Thumb Root</source>
+        <comment>short</comment>
+        <translation>拇指根部</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <comment>short</comment>
+        <translation>拇指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <comment>short</comment>
+        <translation>食指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <comment>short</comment>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <comment>short</comment>
+        <translation>无名指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <comment>short</comment>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <comment>short</comment>
+        <translation>拇指根部</translation>
+    </message>
+    <message>
+        <source>Choose json file</source>
+        <translation>选择 JSON 文件</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>序列文件 (*.json)</translation>
+    </message>
+</context>
+<context>
+    <name>SequencePlayer</name>
+    <message>
+        <source>Thumb</source>
+        <translation>拇指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>食指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>无名指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>拇指根部</translation>
+    </message>
+    <message>
+        <source>No VANTO</source>
+        <translation>无 VANTO</translation>
+    </message>
+    <message>
+        <source>%s has too big current: %d mA</source>
+        <translation>%s电流过大：%d mA</translation>
+    </message>
+    <message>
+        <source>TIME OUT</source>
+        <translation>超时</translation>
+    </message>
+    <message>
+        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
+        <translation>%1(0x%2, ...) 返回 0x%3（子错误 %4）</translation>
+    </message>
+</context>
+<context>
+    <name>SettingPage</name>
+    <message>
+        <source>Thumb</source>
+        <translation>拇指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>食指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>无名指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>拇指根部</translation>
     </message>
     <message>
         <source>P:</source>
@@ -864,473 +1472,6 @@ Power on the device when prompted.</source>
         <translation>写入拇指根部力上限</translation>
     </message>
     <message>
-        <source>Run</source>
-        <comment>page</comment>
-        <translation>运行</translation>
-    </message>
-    <message>
-        <source>Position or angle</source>
-        <translation>位置或角度</translation>
-    </message>
-    <message>
-        <source>Position</source>
-        <translation>位置</translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation>角度</translation>
-    </message>
-    <message>
-        <source>ticks</source>
-        <translation>ticks</translation>
-    </message>
-    <message>
-        <source>Speed:</source>
-        <translation>速度：</translation>
-    </message>
-    <message>
-        <source>Current:</source>
-        <translation>电流：</translation>
-    </message>
-    <message>
-        <source>Thumb target</source>
-        <translation>拇指目标</translation>
-    </message>
-    <message>
-        <source>Thumb position or angle</source>
-        <translation>拇指位置或角度</translation>
-    </message>
-    <message>
-        <source>Set Thumb position or angle</source>
-        <translation>设置拇指位置或角度</translation>
-    </message>
-    <message>
-        <source>Thumb speed</source>
-        <translation>拇指速度</translation>
-    </message>
-    <message>
-        <source>Thumb current</source>
-        <translation>拇指电流</translation>
-    </message>
-    <message>
-        <source>Index target</source>
-        <translation>食指目标</translation>
-    </message>
-    <message>
-        <source>Index position or angle</source>
-        <translation>食指位置或角度</translation>
-    </message>
-    <message>
-        <source>Set Index position or angle</source>
-        <translation>设置食指位置或角度</translation>
-    </message>
-    <message>
-        <source>Index speed</source>
-        <translation>食指速度</translation>
-    </message>
-    <message>
-        <source>Index current</source>
-        <translation>食指电流</translation>
-    </message>
-    <message>
-        <source>Middle target</source>
-        <translation>中指目标</translation>
-    </message>
-    <message>
-        <source>Middle position or angle</source>
-        <translation>中指位置或角度</translation>
-    </message>
-    <message>
-        <source>Set Middle position or angle</source>
-        <translation>设置中指位置或角度</translation>
-    </message>
-    <message>
-        <source>Middle speed</source>
-        <translation>中指速度</translation>
-    </message>
-    <message>
-        <source>Middle current</source>
-        <translation>中指电流</translation>
-    </message>
-    <message>
-        <source>Third target</source>
-        <translation>无名指目标</translation>
-    </message>
-    <message>
-        <source>Third position or angle</source>
-        <translation>无名指位置或角度</translation>
-    </message>
-    <message>
-        <source>Set Third position or angle</source>
-        <translation>设置无名指位置或角度</translation>
-    </message>
-    <message>
-        <source>Third speed</source>
-        <translation>无名指速度</translation>
-    </message>
-    <message>
-        <source>Third current</source>
-        <translation>无名指电流</translation>
-    </message>
-    <message>
-        <source>Little target</source>
-        <translation>小指目标</translation>
-    </message>
-    <message>
-        <source>Little position or angle</source>
-        <translation>小指位置或角度</translation>
-    </message>
-    <message>
-        <source>Set Little position or angle</source>
-        <translation>设置小指位置或角度</translation>
-    </message>
-    <message>
-        <source>Little speed</source>
-        <translation>小指速度</translation>
-    </message>
-    <message>
-        <source>Little current</source>
-        <translation>小指电流</translation>
-    </message>
-    <message>
-        <source>Thumb root target</source>
-        <translation>拇指根部目标</translation>
-    </message>
-    <message>
-        <source>Thumb root position or angle</source>
-        <translation>拇指根部位置或角度</translation>
-    </message>
-    <message>
-        <source>Set Thumb root position or angle</source>
-        <translation>设置拇指根部位置或角度</translation>
-    </message>
-    <message>
-        <source>Thumb root speed</source>
-        <translation>拇指根部速度</translation>
-    </message>
-    <message>
-        <source>Thumb root current</source>
-        <translation>拇指根部电流</translation>
-    </message>
-    <message>
-        <source>Force</source>
-        <translation>力</translation>
-    </message>
-    <message>
-        <source>This hand has force sensors. Set its force limits on the Setting page.</source>
-        <translation>此灵巧手带有力传感器，请在“参数”页设置力上限。</translation>
-    </message>
-    <message>
-        <source>Sequence</source>
-        <translation>序列</translation>
-    </message>
-    <message>
-        <source>Steps of the sequence</source>
-        <translation>序列步骤</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>插入</translation>
-    </message>
-    <message>
-        <source>Insert step</source>
-        <translation>插入步骤</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>删除</translation>
-    </message>
-    <message>
-        <source>Delete step</source>
-        <translation>删除步骤</translation>
-    </message>
-    <message>
-        <source>Up</source>
-        <translation>上移</translation>
-    </message>
-    <message>
-        <source>Move step up</source>
-        <translation>上移步骤</translation>
-    </message>
-    <message>
-        <source>Down</source>
-        <translation>下移</translation>
-    </message>
-    <message>
-        <source>Move step down</source>
-        <translation>下移步骤</translation>
-    </message>
-    <message>
-        <source>Run</source>
-        <translation>运行</translation>
-    </message>
-    <message>
-        <source>Run sequence</source>
-        <translation>运行序列</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Stop sequence</source>
-        <translation>停止序列</translation>
-    </message>
-    <message>
-        <source>Load</source>
-        <translation>加载</translation>
-    </message>
-    <message>
-        <source>Load sequence</source>
-        <translation>加载序列</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Save sequence</source>
-        <translation>保存序列</translation>
-    </message>
-    <message>
-        <source>Hands do not store sequences yet</source>
-        <translation>灵巧手暂不支持存储序列</translation>
-    </message>
-    <message>
-        <source>From hand</source>
-        <translation>从灵巧手读取</translation>
-    </message>
-    <message>
-        <source>To hand</source>
-        <translation>写入灵巧手</translation>
-    </message>
-    <message>
-        <source>Run on hand</source>
-        <translation>在灵巧手运行</translation>
-    </message>
-    <message>
-        <source>Stop on hand</source>
-        <translation>停止灵巧手</translation>
-    </message>
-    <message>
-        <source>Delay:</source>
-        <translation>延时：</translation>
-    </message>
-    <message>
-        <source>Delay of the step in milliseconds</source>
-        <translation>步骤延时（毫秒）</translation>
-    </message>
-    <message>
-        <source>ms</source>
-        <translation>ms</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>文件(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Options</source>
-        <translation>选项(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Help</source>
-        <translation>帮助(&amp;H)</translation>
-    </message>
-    <message>
-        <source>E&amp;xit</source>
-        <translation>退出(&amp;X)</translation>
-    </message>
-    <message>
-        <source>Force &amp;Update</source>
-        <translation>强制更新(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Theme</source>
-        <translation>主题(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;About</source>
-        <translation>关于(&amp;A)</translation>
-    </message>
-    <message>
-        <source>
-
-Supported protocol:</source>
-        <translation>
-
-支持的协议：</translation>
-    </message>
-    <message>
-        <source>
-    SerialCtrl Protocol Ver %1.x</source>
-        <translation>
-    SerialCtrl 协议 Ver %1.x</translation>
-    </message>
-    <message>
-        <source>
-    ModBus-RTU Protocol Ver %1.x</source>
-        <translation>
-    ModBus-RTU 协议 Ver %1.x</translation>
-    </message>
-    <message>
-        <source>Thumb Root</source>
-        <comment>short</comment>
-        <translation>拇指根部</translation>
-    </message>
-    <message>
-        <source>Thumb</source>
-        <comment>short</comment>
-        <translation>拇指</translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <comment>short</comment>
-        <translation>食指</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <comment>short</comment>
-        <translation>中指</translation>
-    </message>
-    <message>
-        <source>Third</source>
-        <comment>short</comment>
-        <translation>无名指</translation>
-    </message>
-    <message>
-        <source>Little</source>
-        <comment>short</comment>
-        <translation>小指</translation>
-    </message>
-    <message>
-        <source>Thumb root</source>
-        <comment>short</comment>
-        <translation>拇指根部</translation>
-    </message>
-</context>
-<context>
-    <name>MessageLog</name>
-    <message>
-        <source>Messages</source>
-        <translation>消息</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
-    </message>
-</context>
-<context>
-    <name>PortList</name>
-    <message>
-        <source>Serial number %1</source>
-        <translation>序列号 %1</translation>
-    </message>
-    <message>
-        <source>added by VANTO_PORTS</source>
-        <translation>由 VANTO_PORTS 添加</translation>
-    </message>
-</context>
-<context>
-    <name>PortProblem</name>
-    <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
-        <translation>未选择端口。请插入灵巧手的适配器，然后按“刷新”。</translation>
-    </message>
-    <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
-        <translation>端口已不存在。请重新插入适配器，然后按“刷新”。</translation>
-    </message>
-    <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
-    sudo usermod -aG %1 $USER
-and log in again.</source>
-        <translation>没有使用此端口的权限。它属于用户组“%1”，请用以下命令加入该组
-    sudo usermod -aG %1 $USER
-然后重新登录。</translation>
-    </message>
-    <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
-        <translation>此端口正被其他程序占用，请关闭该程序后重试。（ModemManager 会占用新插入的适配器数秒。）</translation>
-    </message>
-</context>
-<context>
-    <name>UnitDisplay</name>
-    <message>
-        <source>degree</source>
-        <translation>度</translation>
-    </message>
-</context>
-<context>
-    <name>Program</name>
-    <message>
-        <source>VantoSetting</source>
-        <translation>VantoSetting</translation>
-    </message>
-</context>
-<context>
-    <name>RunTab</name>
-    <message>
-        <source>Running info loaded</source>
-        <translation>运行信息已加载</translation>
-    </message>
-</context>
-<context>
-    <name>SequencePlayer</name>
-    <message>
-        <source>Thumb</source>
-        <translation>拇指</translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <translation>食指</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <translation>中指</translation>
-    </message>
-    <message>
-        <source>Third</source>
-        <translation>无名指</translation>
-    </message>
-    <message>
-        <source>Little</source>
-        <translation>小指</translation>
-    </message>
-    <message>
-        <source>Thumb root</source>
-        <translation>拇指根部</translation>
-    </message>
-    <message>
-        <source>No VANTO</source>
-        <translation>无 VANTO</translation>
-    </message>
-    <message>
-        <source>%s has too big current: %d mA</source>
-        <translation>%s电流过大：%d mA</translation>
-    </message>
-    <message>
-        <source>TIME OUT</source>
-        <translation>超时</translation>
-    </message>
-    <message>
-        <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
-        <translation>%1(0x%2, ...) 返回 0x%3（子错误 %4）</translation>
-    </message>
-</context>
-<context>
-    <name>SequenceTab</name>
-    <message>
-        <source>Choose json file</source>
-        <translation>选择 JSON 文件</translation>
-    </message>
-    <message>
-        <source>Sequence files (*.json)</source>
-        <translation>序列文件 (*.json)</translation>
-    </message>
-</context>
-<context>
-    <name>SettingTab</name>
-    <message>
         <source>Setting loaded</source>
         <translation>参数已加载</translation>
     </message>
@@ -1363,6 +1504,13 @@ and log in again.</source>
     <message>
         <source>Please select style:</source>
         <translation>请选择主题：</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDisplay</name>
+    <message>
+        <source>degree</source>
+        <translation>度</translation>
     </message>
 </context>
 <context>

@@ -65,12 +65,12 @@ struct UserAction {
 // What a page makes of a result does not depend on the protocol, so over Modbus, where time-outs
 // take long, one of each kind is enough.
 constexpr UserAction actions[] = {
-    {BasicPage, "pushButton_BasicBeep", "beep", 0x62, 1010, false, "Timeout for %1 node '0x02'..."},
-    {SettingPage, "pushButton_SettingReadCurrentLimit2", "getFingerCurrentLimit", 0x05, 1097, true},
-    {SettingPage, "pushButton_SettingWritePID2", "setFingerPID", WritePid, SerialCtrlOnly},
-    {RunPage, "pushButton_RunSetPos2", "setFingerPos", 0x4C, SerialCtrlOnly},
-    {SequencePage, "verticalSlider_SeqPos2", "setFingerPos", 0x4C, SerialCtrlOnly},
-    {SequencePage, "pushButton_SeqRun", "setFingerPos", 0x4C, 1137, false, "TIME OUT"},
+    {BasicTab, "pushButton_BasicBeep", "beep", 0x62, 1010, false, "Timeout for %1 node '0x02'..."},
+    {SettingTab, "pushButton_SettingReadCurrentLimit2", "getFingerCurrentLimit", 0x05, 1097, true},
+    {SettingTab, "pushButton_SettingWritePID2", "setFingerPID", WritePid, SerialCtrlOnly},
+    {RunTab, "pushButton_RunSetPos2", "setFingerPos", 0x4C, SerialCtrlOnly},
+    {SequenceTab, "verticalSlider_SeqPos2", "setFingerPos", 0x4C, SerialCtrlOnly},
+    {SequenceTab, "pushButton_SeqRun", "setFingerPos", 0x4C, 1137, false, "TIME OUT"},
 };
 } // namespace
 
@@ -108,7 +108,7 @@ void TestFaults::faults_data()
 void TestFaults::goTo(const UserAction& action) const
 {
     m_tool->showPage(action.page);
-    if (action.page != SequencePage)
+    if (action.page != SequenceTab)
         return;
     auto* table = m_tool->find<QTableWidget>("tableWidget_Seq");
     if (table->rowCount() == 0)
@@ -171,7 +171,7 @@ void TestFaults::faults()
             continue;
         goTo(action);
         const bool late = QString(row->fault).startsWith("late");
-        if (late && !modbus && action.page == SequencePage)
+        if (late && !modbus && action.page == SequenceTab)
             continue; // a late reply may pass for the answer to an equal next request
         m_hangs = row->fault == QString("hang");
         tell(m_hangs ? "hang"

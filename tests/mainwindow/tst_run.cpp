@@ -1,4 +1,5 @@
 #include "handtest.h"
+#include "runpage.h"
 #include "testmain.h"
 
 #include <QLabel>
@@ -77,7 +78,7 @@ void TestRun::setField(const QString& name, const QString& text) const
 void TestRun::modes()
 {
     tell("set 2 position 1 32768");
-    m_tool->window()->reloadRunInfo();
+    m_tool->find<RunPage>("tab_Run")->reloadRunInfo();
     QTRY_COMPARE(m_tool->field("lineEdit_RunPos1"), "32768");
     QCOMPARE(slider(1)->value(), 32768);
     QCOMPARE(slider(1)->maximum(), 65535);

@@ -1,5 +1,6 @@
 #include "handtest.h"
 #include "pageindex.h"
+#include "sequencepage.h"
 #include "testmain.h"
 
 #include <QFileDialog>
@@ -63,7 +64,7 @@ void TestSequence::init()
     if (QTest::currentTestFunction() == QString("stopEndsEverything"))
         expectTimeouts();
     open({"--node", "2", "--speed", "50"});
-    pages()->setCurrentIndex(SequencePage);
+    pages()->setCurrentIndex(SequenceTab);
     forget();
 }
 
@@ -149,7 +150,7 @@ void TestSequence::enabling()
     m_tool->click("pushButton_SeqStop");
     QCOMPARE(enabled(), "111111100w");
     m_tool->window()->closeDevice();
-    m_tool->window()->updateSequenceTab();
+    m_tool->find<SequencePage>("tab_Sequence")->updateSequenceTab();
     QCOMPARE(enabled(), "000000000r"); // no device
     QVERIFY(m_tool->enabled("pushButton_SeqReadFromDev"));
 }
@@ -211,7 +212,7 @@ void TestSequence::nothingElseMoves()
 {
     load(TwoSteps);
     pages()->setCurrentIndex(0);
-    pages()->setCurrentIndex(SequencePage);
+    pages()->setCurrentIndex(SequenceTab);
     QVERIFY(table()->hasFocus());
     for (const auto key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_F2})
         QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : table(), key);
@@ -432,7 +433,7 @@ void TestSequence::staleRequests()
         table()->setCurrentCell(1, 0);
         if (change.isEmpty()) {
             pages()->setCurrentIndex(0);
-            pages()->setCurrentIndex(SequencePage);
+            pages()->setCurrentIndex(SequenceTab);
         } else if (change == "row") {
             table()->setCurrentCell(0, 0);
         } else {

@@ -48,24 +48,29 @@ void TestShell::everySlotIsConnected()
     TestWindow tool;
     // Counted through the objects' own connections, as a slot without its widget is silent.
     int found = 0;
-    const QMetaObject* meta = tool.window()->metaObject();
-    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
-        const QByteArray name = meta->method(i).name();
-        if (!name.startsWith("on_") || name == "on_updateProgress")
-            continue;
-        ++found;
-        const auto end = name.lastIndexOf('_');
-        const QByteArray object = name.sliced(3, end - 3);
-        auto* sender = tool.window()->findChild<QObject*>(QString::fromLatin1(object));
-        QVERIFY2(sender, name.constData());
-        const QByteArray signal = name.sliced(end + 1);
-        bool connected = false;
-        for (int s = 0; s < sender->metaObject()->methodCount(); ++s) {
-            const QMetaMethod method = sender->metaObject()->method(s);
-            if (method.methodType() == QMetaMethod::Signal && method.name() == signal)
-                connected |= QObject::disconnect(sender, method, tool.window(), meta->method(i));
+    QList<QWidget*> owners = tool.window()->findChildren<QWidget*>(QRegularExpression("^tab_"));
+    owners << tool.window() << tool.find<QWidget>("deviceBar");
+    QCOMPARE(owners.size(), 7);
+    for (QWidget* owner : owners) {
+        const QMetaObject* meta = owner->metaObject();
+        for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+            const QByteArray name = meta->method(i).name();
+            if (!name.startsWith("on_") || name == "on_updateProgress")
+                continue;
+            ++found;
+            const auto end = name.lastIndexOf('_');
+            const auto object = QString::fromLatin1(name.sliced(3, end - 3));
+            auto* sender = owner->findChild<QObject*>(object);
+            QVERIFY2(sender, name.constData());
+            const QByteArray signal = name.sliced(end + 1);
+            bool connected = false;
+            for (int s = 0; s < sender->metaObject()->methodCount(); ++s) {
+                const QMetaMethod method = sender->metaObject()->method(s);
+                if (method.methodType() == QMetaMethod::Signal && method.name() == signal)
+                    connected |= QObject::disconnect(sender, method, owner, meta->method(i));
+            }
+            QVERIFY2(connected, name.constData());
         }
-        QVERIFY2(connected, name.constData());
     }
     QCOMPARE(found, 35 + 12 * 6);
 }

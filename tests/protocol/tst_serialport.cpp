@@ -21,7 +21,6 @@ private slots:
         m_hand = std::make_unique<HandProcess>();
         QVERIFY2(m_hand->start(), qPrintable(m_hand->errorText()));
         m_name = m_hand->portName().toStdString();
-        ReplyLimits::current().serialCtrl = 500;
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
     }
     void factory();
@@ -57,13 +56,19 @@ void tst_serialport::factory()
 void tst_serialport::hangUp()
 {
     SerialProtocolV3 adapter;
+    const auto beep = [&adapter](int limitMs) {
+        ReplyLimits::current().serialCtrl = limitMs;
+        return adapter.beep(HandNode, 1);
+    };
+    constexpr int Patient = PatientLimits.serialCtrl;
+    constexpr int Brief = 500;
     for (const bool waiting : {false, true}) {
         QVERIFY(adapter.connect(m_name.c_str(), BaudRate));
-        QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Success);
+        QCOMPARE(beep(Patient), ResultCode::Success);
         if (waiting) {
             m_hand->command(QStringLiteral("fault drop"));
             QTimer::singleShot(5, this, &tst_serialport::unplug);
-            QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Timeout);
+            QCOMPARE(beep(Brief), ResultCode::Timeout);
         } else {
             unplug();
         }
@@ -72,12 +77,12 @@ void tst_serialport::hangUp()
         const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
         // Until the port is closed it may keep a processor busy.
         QVERIFY2(used < 400, qPrintable(QStringLiteral("%1 ms of processor time").arg(used)));
-        QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Timeout);
+        QCOMPARE(beep(Brief), ResultCode::Timeout);
         QVERIFY(!adapter.connect(m_name.c_str(), BaudRate));
         replug();
     }
     QVERIFY(adapter.connect(m_name.c_str(), BaudRate));
-    QCOMPARE(adapter.beep(HandNode, 1), ResultCode::Success);
+    QCOMPARE(beep(Patient), ResultCode::Success);
 }
 
 void tst_serialport::staleClose()

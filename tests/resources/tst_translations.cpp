@@ -76,9 +76,9 @@ void TestTranslations::choice()
     QFETCH(QString, stop);
     const bool installed = Translation::install(QTest::currentDataTag());
     QCOMPARE(installed, stop != "Stop");
-    QCOMPARE(QCoreApplication::translate("DeviceScanner", "Stop"), stop);
+    QCOMPARE(QCoreApplication::translate("DeviceBar", "Stop"), stop);
     QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel") != "Cancel", installed);
-    QVERIFY(QCoreApplication::translate("MainWindow", "Scan") != stop); // the button compares
+    QVERIFY(QCoreApplication::translate("DeviceBar", "Scan") != stop); // the button compares
 }
 
 void TestTranslations::texts_data()

@@ -1,0 +1,210 @@
+#include "calibrationprocedure.h"
+
+#include "calibratingdialog.h"
+#include "devicebar.h"
+#include "fingers.h"
+#include "program.h"
+#include "statusreporter.h"
+
+#include <QDeadlineTimer>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace
+{
+/// Result or sub error of a hand that is in the calibrating state already.
+constexpr std::uint8_t AlreadyCalibrating = 0x22;
+constexpr int KeyBase = 16;
+constexpr quint16 ThumbRootStep = 32; ///< absolute units
+constexpr std::uint8_t ThumbRootSpeed = 255;
+constexpr int EventSliceMs = 10; ///< longest sleep between two looks at the clock
+
+/// Moves the thumb root to where it is wanted, one move at a time. What is wanted during a move
+/// follows it; of several wishes the last counts.
+class ThumbRootMover
+{
+public:
+    ThumbRootMover(const HandTarget& target, StatusReporter* reporter)
+        : m_target(target), m_reporter(reporter)
+    {
+    }
+
+    void moveTo(int position)
+    {
+        m_wanted = static_cast<std::uint16_t>(position);
+        if (m_moving)
+            return;
+        const QScopedValueRollback moving(m_moving, true);
+        HandCall call(m_target, m_reporter->namingTimeouts());
+        while (m_wanted && call.isCurrent()) {
+            const auto next = std::exchange(m_wanted, std::nullopt);
+            const std::uint8_t result = call.attempt<&VantoProtocol::setFingerPosAbs>(
+                std::uint8_t{ThumbRoot}, *next, ThumbRootSpeed);
+            if (m_dropped)
+                return; // cut short, which is no failure of the hand
+            m_failed = !call.accept<&VantoProtocol::setFingerPosAbs>(result);
+        }
+    }
+
+    /// Nothing more is sent, not even the rest of the move that is under way.
+    void drop()
+    {
+        m_dropped = true;
+        m_wanted.reset();
+        Exchange::abandon();
+    }
+    /// Of the last move.
+    bool failed() const { return m_failed; }
+
+private:
+    const HandTarget& m_target;
+    StatusReporter* m_reporter;
+    std::optional<std::uint16_t> m_wanted;
+    bool m_moving = false;
+    bool m_dropped = false;
+    bool m_failed = false;
+};
+} // namespace
+
+CalibrationProcedure::CalibrationProcedure(QWidget* window, DeviceSession* session,
+                                           StatusReporter* reporter, const DeviceBar* deviceBar)
+    : m_window(window), m_session(session), m_reporter(reporter), m_deviceBar(deviceBar)
+{
+}
+
+void CalibrationProcedure::run(const HandTarget& target)
+{
+    m_session->dropRequests(); // minutes later they would come as a surprise
+    const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
+    std::uint16_t key = 0;
+    const std::initializer_list<std::function<bool()>> steps{
+        [&] {
+            return confirm(tr("Prepare calibration base and take Vanto up then power on,\n"
+                              "presss OK when Vanto is ready."));
+        },
+        [&] { return askKey(target, key); },
+        [&] {
+            return confirm(tr("Vanto will reboot if not in calibrating state & calibration key is "
+                              "correct,\npress OK when ready"));
+        },
+        [&] { return startCalibrating(target, key); },
+        [&] {
+            return confirm(tr("Wait for Vanto reboots and beeps 8 times,\n"
+                              "press OK when beep finished"));
+        },
+        [&] {
+            return placeThumbRoot(target,
+                                  tr("Put Vanto onto calibration base & push it tightly, move "
+                                     "thumb root to right pos, press OK when ready"));
+        },
+        [&] { return pressButtonAndWait(target, 1); },
+        [&] { return confirm(tr("Take Vanto up,\npress OK when ready")); },
+        [&] { return pressButtonAndWait(target, 2); },
+        [&] {
+            return placeThumbRoot(target,
+                                  tr("Move thumb root to right position,\npress OK when ready"));
+        },
+        [&] { return pressButton(target, 3); },
+    };
+    for (const auto& step : steps) {
+        if (!step() || !target.isCurrent())
+            return;
+        m_session->openWaitingDialogs();
+        if (!target.isCurrent())
+            return;
+    }
+    QMessageBox::information(m_window, Program::title(),
+                             tr("Calibration finished, you may power off and power on the Vanto "
+                                "now to see the result"));
+}
+
+bool CalibrationProcedure::confirm(const QString& prompt)
+{
+    return QMessageBox::information(m_window, Program::title(), prompt,
+                                    QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
+}
+
+bool CalibrationProcedure::askKey(const HandTarget& target, std::uint16_t& key)
+{
+    bool accepted = false;
+    const QString text =
+        QInputDialog::getText(m_window, Program::title(), tr("Please input calibration key:"),
+                              QLineEdit::Password, {}, &accepted);
+    if (!accepted || !target.isCurrent())
+        return false;
+    bool valid = false;
+    key = static_cast<std::uint16_t>(text.toUInt(&valid, KeyBase)); // the hand takes 16 bits
+    if (!valid)
+        QMessageBox::critical(m_window, Program::title(), tr("Invalid calibration key"));
+    return valid;
+}
+
+bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint16_t key)
+{
+    HandCall call(target, m_reporter->namingTimeouts());
+    const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
+    if (result == AlreadyCalibrating)
+        return true;
+    if (result == ResultCode::Success || result == ResultCode::Timeout)
+        return call.accept<&VantoProtocol::calibrate>(result);
+    if (!call.isCurrent())
+        return false;
+    const std::uint8_t subError = call.subError();
+    if (subError == AlreadyCalibrating)
+        return true;
+    if (call.isCurrent())
+        m_reporter->namingTimeouts().reportFailure(
+            target, operationName<&VantoProtocol::calibrate>(), result, subError);
+    return false;
+}
+
+bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QString& prompt)
+{
+    std::uint16_t wanted = 0;
+    std::uint16_t current = 0;
+    {
+        HandCall call(target, m_reporter->namingTimeouts());
+        if (!call.perform<&VantoProtocol::getFingerPosAbs>(std::uint8_t{ThumbRoot}, &wanted,
+                                                           &current))
+            return false;
+    }
+    ThumbRootMover mover(target, m_reporter);
+    // The moves are made inside the dialog's event loop, so it ends after the last of them.
+    bool failedAfterOk = false;
+    CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
+        mover.moveTo(position);
+        failedAfterOk = mover.failed() && !dialog.isOpen();
+    });
+    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.drop(); });
+    int answer = QDialog::Rejected;
+    do {
+        failedAfterOk = false;
+        answer = dialog.exec();
+    } while (answer == QDialog::Accepted && failedAfterOk && target.isCurrent());
+    return answer == QDialog::Accepted;
+}
+
+bool CalibrationProcedure::pressButton(const HandTarget& target, std::uint8_t count)
+{
+    HandCall call(target, m_reporter->namingTimeouts());
+    return call.perform<&VantoProtocol::setButtonPressedCnt>(count);
+}
+
+bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uint8_t count)
+{
+    const LineHold line; // nothing disturbs the hand at its work
+    if (!pressButton(target, count))
+        return false;
+    const QDeadlineTimer deadline(stageMs);
+    QTimer slices;
+    slices.start(EventSliceMs);
+    while (!deadline.hasExpired() && target.isCurrent())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return true;
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+class MessageLog;
+class QWidget;
+
+namespace MessageList
+{
+/// Opens the list of the latest messages, or raises it. The window stays usable beside it.
+void show(const MessageLog* log, QWidget* window);
+} // namespace MessageList

@@ -1,0 +1,312 @@
+#include "basicpage.h"
+
+#include "devicebar.h"
+#include "fingerwidgets.h"
+#include "focuskeeper.h"
+#include "program.h"
+#include "statusreporter.h"
+#include "ui_basicpage.h"
+
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QScopeGuard>
+
+namespace
+{
+constexpr int MinNewId = 2;
+constexpr int MaxNewId = 256; ///< cut to its low byte, so 256 means 0
+constexpr std::uint16_t BeepMs = 500;
+constexpr std::uint8_t ResetMode = 0;
+constexpr unsigned MaxSelfTestLevel = 2;
+constexpr unsigned MaxBeepSwitch = 1;
+constexpr int WaitForCommandLevel = 0; ///< the self-test level at which the hand waits for Init
+constexpr int NothingSelected = -1;
+} // namespace
+
+BasicPage::BasicPage(QWidget* parent) : DevicePage(parent), ui(std::make_unique<Ui::BasicPage>())
+{
+    ui->setupUi(this);
+    m_starts = fingerWidgets<QLineEdit>(this, "lineEdit_BasicCaliStart");
+    m_ends = fingerWidgets<QLineEdit>(this, "lineEdit_BasicCaliEnd");
+    m_thumbRoots = {ui->lineEdit_BasicThumbRootPos0, ui->lineEdit_BasicThumbRootPos1,
+                    ui->lineEdit_BasicThumbRootPos2};
+    // The index of an item is the value that the device knows it by.
+    ui->comboBox_BasicSelfTestLevel->addItems(
+        {tr("Wait for command"), tr("Stretch only"), tr("Full self-test")});
+    ui->comboBox_BasicBeepSwitch->addItems({tr("Basic Only"), tr("All")});
+}
+
+BasicPage::~BasicPage() = default;
+
+void BasicPage::setUp(DeviceSession* session, StatusReporter* reporter, DeviceBar* deviceBar)
+{
+    DevicePage::setUp(session, reporter);
+    m_deviceBar = deviceBar;
+    connect(ui->comboBox_BasicSelfTestLevel, &QComboBox::currentIndexChanged, this,
+            &BasicPage::updateDependentWidgets);
+    connect(deviceBar, &DeviceBar::sig_currentDeviceChanged, this,
+            &BasicPage::updateDependentWidgets);
+}
+
+void BasicPage::on_pushButton_BasicReloadBasic_clicked()
+{
+    session()->runWhenIdle(DeviceSession::Kind::ReloadBasic, [this] { reloadBasicInfo(); });
+}
+
+void BasicPage::reloadBasicInfo()
+{
+    FocusKeeper focus(window());
+    m_reloading = true;
+    const auto finish = qScopeGuard([this] {
+        m_reloading = false;
+        updateDependentWidgets();
+    });
+    enableWidgetsForBasicTab(false);
+    focus.noteMove();
+    clearFields();
+    if (!m_deviceBar->hasCurrentDevice())
+        return;
+    if (!session()->connected()) {
+        QMessageBox::critical(window(), Program::title(), tr("Unknown protocol"));
+        return;
+    }
+    if (const auto target = session()->target())
+        readAll(*target);
+}
+
+void BasicPage::readAll(const HandTarget& target)
+{
+    HandCall call(target, reporter()->namingTimeouts());
+    bool protocolRead = false;
+    bool hardwareRead = false;
+    const std::array<std::function<void()>, 6> reads{
+        [&] { readFirmwareVersion(call); },
+        [&] { protocolRead = readProtocolVersion(call); },
+        [&] { hardwareRead = readHardwareVersion(call); },
+        [&] { readSelfTestLevel(call); },
+        [&] { readBeepSwitch(call); },
+        [&] { readCalibration(call); },
+    };
+    for (const auto& read : reads) {
+        read();
+        if (!target.isCurrent())
+            return;
+    }
+    enableWidgetsForBasicTab(protocolRead);
+    ui->pushButton_BasicUpdateFirmware->setEnabled(hardwareRead);
+    reporter()->showMessage(tr("Basic info loaded"));
+}
+
+void BasicPage::readFirmwareVersion(HandCall& call)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    std::uint16_t revision = 0;
+    if (call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
+        ui->lineEdit_BasicFirmwareVersion->setText(
+            QStringLiteral("V%1.%2.%3").arg(major).arg(minor).arg(revision));
+}
+
+bool BasicPage::readProtocolVersion(HandCall& call)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
+        return false;
+    ui->lineEdit_BasicProtocolVersion->setText(QStringLiteral("V%1.%2").arg(major).arg(minor));
+    return true;
+}
+
+bool BasicPage::readHardwareVersion(HandCall& call)
+{
+    std::uint8_t type = 0;
+    std::uint8_t version = 0;
+    std::uint16_t bootLoader = 0;
+    if (!call.perform<&VantoProtocol::getHardwareVersion>(&type, &version, &bootLoader))
+        return false;
+    ui->lineEdit_BasicHardwareTypeVersion->setText(
+        (StatusReporter::hex(type) + StatusReporter::hex(version)).toUpper());
+    ui->lineEdit_BasicBootLoaderVersion->setText(
+        QStringLiteral("V%1.%2").arg(bootLoader >> 8).arg(bootLoader & 0xFF));
+    return true;
+}
+
+void BasicPage::readSelfTestLevel(HandCall& call)
+{
+    std::uint8_t level = 0;
+    if (!call.perform<&VantoProtocol::getSelfTestLevel>(&level))
+        return;
+    if (level > MaxSelfTestLevel)
+        reporter()->showError(
+            tr("getSelfTestLevel(0x%1, ...) got invalid value '%2'")
+                .arg(StatusReporter::hex(call.target().node), StatusReporter::hex(level)));
+    else
+        ui->comboBox_BasicSelfTestLevel->setCurrentIndex(level);
+}
+
+void BasicPage::readBeepSwitch(HandCall& call)
+{
+    std::uint8_t on = 0;
+    if (!call.perform<&VantoProtocol::getBeepSwitch>(&on))
+        return;
+    if (on > MaxBeepSwitch) // both places of the text name the node
+        reporter()->showError(tr("getBeepSwitch(0x%1, ...) got invalid value '%1'")
+                                  .arg(StatusReporter::hex(call.target().node)));
+    else
+        ui->comboBox_BasicBeepSwitch->setCurrentIndex(on);
+}
+
+void BasicPage::readCalibration(HandCall& call)
+{
+    PerFinger<std::uint16_t> ends{};
+    PerFinger<std::uint16_t> starts{};
+    std::array<std::uint16_t, ThumbRootCount> thumbRoots{};
+    if (!call.perform<&VantoProtocol::getCaliData>(ends.data(), starts.data(),
+                                                   std::uint8_t{FingerCount}, thumbRoots.data(),
+                                                   std::uint8_t{ThumbRootCount}))
+        return;
+    const auto show = [](const auto& fields, const auto& values) {
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            fields[i]->setText(QString::number(values[i]));
+    };
+    show(m_starts, starts);
+    show(m_ends, ends);
+    show(m_thumbRoots, thumbRoots);
+}
+
+void BasicPage::clearFields()
+{
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        field->clear();
+}
+
+void BasicPage::clearBasicInfo()
+{
+    clearFields();
+    // So that nothing of another hand stays when the new one's cannot be read.
+    ui->comboBox_BasicSelfTestLevel->setCurrentIndex(NothingSelected);
+    ui->comboBox_BasicBeepSwitch->setCurrentIndex(NothingSelected);
+}
+
+void BasicPage::enableWidgetsForBasicTab(bool enable)
+{
+    m_enabled = enable;
+    const std::initializer_list<QWidget*> controls{
+        ui->comboBox_BasicSelfTestLevel, ui->pushButton_BasicSetSelfTestLevel,
+        ui->comboBox_BasicBeepSwitch,    ui->pushButton_BasicSetBeepSwitch,
+        ui->pushButton_BasicSetID,       ui->pushButton_BasicBeep,
+        ui->pushButton_BasicReset,       ui->pushButton_BasicUpdateFirmware,
+        ui->pushButton_BasicRecalibrate};
+    for (QWidget* control : controls)
+        control->setEnabled(enable);
+    updateDependentWidgets();
+}
+
+void BasicPage::updateDependentWidgets()
+{
+    ui->pushButton_BasicStartInit->setEnabled(
+        m_enabled && ui->comboBox_BasicSelfTestLevel->currentIndex() == WaitForCommandLevel);
+    // Also when the device could not be read: it is the way to try again.
+    ui->pushButton_BasicReloadBasic->setEnabled(!m_reloading && m_deviceBar->hasCurrentDevice());
+}
+
+template<auto Operation, class... Arguments>
+void BasicPage::perform(QWidget* button, const QString& success, Arguments... arguments)
+{
+    request(button, [=, this](const HandTarget& target) {
+        HandCall call(target, reporter()->namingTimeouts());
+        if (call.perform<Operation>(arguments...))
+            reporter()->showMessage(success);
+    });
+}
+
+void BasicPage::on_pushButton_BasicSetID_clicked()
+{
+    request(ui->pushButton_BasicSetID, [this](const HandTarget& target) {
+        bool accepted = false;
+        const int chosen =
+            QInputDialog::getInt(window(), Program::title(), tr("Please input new node id:"),
+                                 target.node, MinNewId, MaxNewId, 1, &accepted);
+        const auto newNode = static_cast<std::uint8_t>(chosen);
+        if (accepted && newNode != target.node && target.isCurrent())
+            changeId(target, newNode);
+    });
+}
+
+void BasicPage::changeId(const HandTarget& target, std::uint8_t newNode)
+{
+    HandCall call(target, reporter()->namingTimeouts());
+    if (!call.perform<&VantoProtocol::setID>(newNode))
+        return;
+    session()->stopAtOnce(); // nobody answers at the old id any more
+    clearBasicInfo();
+    m_deviceBar->clearDevices();
+    enableWidgetsForBasicTab(false); // they act on the current entry, and there is none
+    const QString text =
+        target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
+            ? tr("node id changed from '0x%1' to '0x%2', please wait for device rebooting then "
+                 "rescan devices")
+            : tr("node id changed from '0x%1' to '0x%2', need to rescan devices");
+    reporter()->showMessage(
+        text.arg(StatusReporter::hex(target.node), StatusReporter::hex(newNode)));
+}
+
+void BasicPage::on_pushButton_BasicBeep_clicked()
+{
+    perform<&VantoProtocol::beep>(ui->pushButton_BasicBeep, tr("Beep succeeded"), BeepMs);
+}
+
+void BasicPage::on_pushButton_BasicSetSelfTestLevel_clicked()
+{
+    const int level = ui->comboBox_BasicSelfTestLevel->currentIndex();
+    if (static_cast<unsigned>(level) <= MaxSelfTestLevel)
+        perform<&VantoProtocol::setSelfTestLevel>(ui->pushButton_BasicSetSelfTestLevel,
+                                                  tr("Set self-test level succeeded"),
+                                                  static_cast<std::uint8_t>(level));
+    else
+        refuse(ui->pushButton_BasicSetSelfTestLevel, tr("Invalid self-test level '%1'").arg(level));
+}
+
+void BasicPage::on_pushButton_BasicSetBeepSwitch_clicked()
+{
+    const int on = ui->comboBox_BasicBeepSwitch->currentIndex();
+    if (static_cast<unsigned>(on) <= MaxBeepSwitch)
+        perform<&VantoProtocol::setBeepSwitch>(ui->pushButton_BasicSetBeepSwitch,
+                                               tr("Set beep switch succeeded"),
+                                               static_cast<std::uint8_t>(on));
+    else
+        refuse(ui->pushButton_BasicSetBeepSwitch, tr("Invalid beep switch level '%d'"));
+}
+
+/// Says in the button's turn why nothing is sent.
+void BasicPage::refuse(QWidget* button, const QString& reason)
+{
+    request(button, [=, this](const HandTarget&) {
+        QMessageBox::information(window(), Program::title(), reason);
+    });
+}
+
+void BasicPage::on_pushButton_BasicStartInit_clicked()
+{
+    perform<&VantoProtocol::startInit>(ui->pushButton_BasicStartInit, tr("Start init succeeded"));
+}
+
+void BasicPage::on_pushButton_BasicReset_clicked()
+{
+    perform<&VantoProtocol::reset>(ui->pushButton_BasicReset, tr("Reset succeeded"), ResetMode);
+}
+
+QString BasicPage::hardware() const
+{
+    return ui->lineEdit_BasicHardwareTypeVersion->text();
+}
+
+void BasicPage::requestRecalibration(RequestQueue::Request action)
+{
+    // The other pages have timers that talk to the hand, also under a dialog.
+    session()->request(
+        [button = ui->pushButton_BasicRecalibrate] {
+            return button->isEnabled() && button->isVisible();
+        },
+        std::move(action));
+}

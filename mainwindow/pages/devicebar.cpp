@@ -1,0 +1,303 @@
+#include "devicebar.h"
+
+#include "devicepage.h"
+#include "equalwidthgroup.h"
+#include "handscan.h"
+#include "porterror.h"
+#include "program.h"
+#include "statusreporter.h"
+#include "ui_devicebar.h"
+
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QSignalBlocker>
+#include <QTabWidget>
+
+namespace
+{
+/// The second click of a double click on Stop does not start a new scan.
+class DoubleClickGuard : public QObject
+{
+public:
+    explicit DoubleClickGuard(QPushButton* button)
+        : QObject(button), m_button(button), m_idleCaption(button->text())
+    {
+        button->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        return event->type() == QEvent::MouseButtonDblClick && m_button->text() == m_idleCaption;
+    }
+
+private:
+    QPushButton* m_button;
+    QString m_idleCaption;
+};
+} // namespace
+
+DeviceBar::DeviceBar(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::DeviceBar>())
+{
+    ui->setupUi(this);
+    m_idleCaption = ui->pushButton_ScanDevices->text();
+    new EqualWidthGroup({ui->pushButton_RefreshPorts, ui->pushButton_ScanDevices});
+    new DoubleClickGuard(ui->pushButton_ScanDevices);
+    connect(ui->comboBox_Devices, &QComboBox::currentIndexChanged, this,
+            &DeviceBar::sig_currentDeviceChanged);
+}
+
+DeviceBar::~DeviceBar() = default;
+
+void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
+                      QAction* update)
+{
+    m_session = session;
+    m_reporter = reporter;
+    m_tabs = pages;
+    m_update = update;
+    for (int i = 0; i < pages->count(); ++i)
+        m_pages.append(qobject_cast<DevicePage*>(pages->widget(i)));
+    makeScan();
+    forgetDevices();
+}
+
+void DeviceBar::makeScan()
+{
+    m_scan = new HandScan(m_reporter->namingTimeouts(), this);
+    m_progress = new QProgressBar(this);
+    m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
+    m_progress->setAccessibleName(tr("Scan progress"));
+    m_progress->setRange(HandScan::FirstNode, HandScan::LastNode);
+    m_progress->setTextVisible(false);
+    // Else the bar would be as high as the theme makes it, after the first paint.
+    m_progress->setMaximumHeight(m_progress->fontMetrics().height());
+    m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
+    m_reporter->addToStatusBar(m_progress);
+    m_progress->hide();
+    connect(m_scan, &HandScan::sig_nodeBegins, this, [this](int node) {
+        m_progress->setValue(node);
+        m_reporter->showMessage(
+            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));
+    });
+    connect(m_scan, &HandScan::sig_found, this, &DeviceBar::addDevice);
+    connect(m_scan, &HandScan::sig_pause, m_session, &DeviceSession::openWaitingDialogs);
+}
+
+void DeviceBar::listPortsAtStart()
+{
+    // The system takes longer to list its ports than Qt to build the form.
+    m_portListing = std::async(std::launch::async, [this] {
+        QMetaObject::invokeMethod(this, [this, ports = availablePorts()] {
+            if (!m_portsListed) // else a Refresh has been quicker
+                m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
+                                       [this, ports] { listPorts(ports); });
+        });
+    });
+}
+
+bool DeviceBar::hasPort() const
+{
+    return ui->comboBox_Ports->currentIndex() >= 0;
+}
+
+QString DeviceBar::portName() const
+{
+    return ui->comboBox_Ports->currentData().toString();
+}
+
+std::optional<std::uint8_t> DeviceBar::currentNode() const
+{
+    if (ui->comboBox_Devices->currentIndex() < 0)
+        return {};
+    return static_cast<std::uint8_t>(ui->comboBox_Devices->currentData().toInt());
+}
+
+void DeviceBar::on_pushButton_RefreshPorts_clicked()
+{
+    m_session->stopAtOnce();
+    m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
+                           [this] { listPorts(availablePorts()); });
+}
+
+void DeviceBar::listPorts(const QList<PortEntry>& ports)
+{
+    m_portsListed = true;
+    const QSignalBlocker noPortChange(ui->comboBox_Ports);
+    ui->comboBox_Ports->clear();
+    forgetDevices();
+    for (const PortEntry& port : ports) {
+        ui->comboBox_Ports->addItem(port.text(), port.name);
+        ui->comboBox_Ports->setItemData(ui->comboBox_Ports->count() - 1, port.details,
+                                        Qt::ToolTipRole);
+    }
+}
+
+void DeviceBar::on_comboBox_Ports_currentIndexChanged(int)
+{
+    m_session->stopAtOnce();
+    m_session->runWhenIdle(DeviceSession::Kind::ChangePort, [this] { forgetDevices(); });
+}
+
+void DeviceBar::on_comboBox_Devices_currentIndexChanged(int index)
+{
+    // While a scan fills the list it is disabled, and filling it opens nothing.
+    if (!ui->comboBox_Devices->isEnabled() || index < 0)
+        return;
+    m_session->stopAtOnce();
+    m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
+}
+
+void DeviceBar::leaveDevice()
+{
+    m_session->closeIfConnected();
+    for (DevicePage* page : m_pages)
+        page->clear();
+    for (DevicePage* page : m_pages)
+        page->enableWidgets(false);
+}
+
+void DeviceBar::forgetDevices()
+{
+    leaveDevice();
+    clearDevices();
+    showForceSensing(false);
+}
+
+void DeviceBar::clearDevices()
+{
+    ui->comboBox_Devices->clear();
+}
+
+void DeviceBar::openCurrentDevice()
+{
+    if (!hasCurrentDevice())
+        return;
+    leaveDevice();
+    const auto adapter = adapterOfCurrentEntry();
+    if (!adapter) {
+        showForceSensing(false);
+        return;
+    }
+    const auto target = m_session->open(adapter, portName());
+    if (!target)
+        return;
+    showForceSensing(m_session->hasForceSensing());
+    for (DevicePage* page : m_pages) {
+        page->reload();
+        if (!target->isCurrent())
+            return;
+    }
+    followCurrentPage();
+}
+
+std::shared_ptr<VantoProtocol> DeviceBar::adapterOfCurrentEntry()
+{
+    DeviceAddress address;
+    switch (parseDeviceEntry(ui->comboBox_Devices->currentText(), address)) {
+    case EntryFault::UnknownProtocolType:
+        showCritical(tr("Unknown device protocol type"));
+        return {};
+    case EntryFault::UnknownProtocolVersion:
+        showCritical(tr("Unknown device protocol version"));
+        return {};
+    case EntryFault::UnknownDeviceName:
+        showCritical(tr("Unknown device name"));
+        return {};
+    case EntryFault::None:
+        break;
+    }
+    auto adapter = VantoProtocol::getProtocolInstance(address.type, address.major, address.minor);
+    if (!adapter)
+        showCritical(tr("Unsupported protocol version"));
+    return adapter;
+}
+
+void DeviceBar::showForceSensing(bool present)
+{
+    if (!present)
+        m_session->forgetForceSensing();
+    for (DevicePage* page : m_pages)
+        page->setForceSensing(present);
+    // Hiding the current page would make its neighbour current.
+    if (!present && qobject_cast<DevicePage*>(m_tabs->currentWidget())->needsForceSensing())
+        m_tabs->setCurrentIndex(0);
+    for (int i = 0; i < m_pages.size(); ++i)
+        if (m_pages[i]->needsForceSensing())
+            m_tabs->setTabVisible(i, present);
+}
+
+void DeviceBar::followCurrentPage()
+{
+    for (DevicePage* page : m_pages)
+        page->follow(page == m_tabs->currentWidget());
+}
+
+ControlLock DeviceBar::lockWindow(Usable usable, QList<QAction*> actions) const
+{
+    QList<QWidget*> widgets{m_tabs};
+    if (usable != Usable::TopRow)
+        widgets << ui->pushButton_RefreshPorts << ui->comboBox_Ports << ui->comboBox_Devices;
+    if (usable == Usable::Nothing)
+        widgets << ui->pushButton_ScanDevices;
+    actions.append(m_update);
+    return ControlLock(window(), widgets, actions);
+}
+
+void DeviceBar::on_pushButton_ScanDevices_clicked()
+{
+    if (ui->pushButton_ScanDevices->text() != m_idleCaption) {
+        m_scan->stop();
+        return;
+    }
+    m_session->stopAtOnce();
+    m_session->runWhenIdle(DeviceSession::Kind::Scan, [this] { scan(); });
+}
+
+void DeviceBar::scan()
+{
+    using Outcome = HandScan::Outcome;
+    const Outcome outcome = [this] {
+        const ControlLock lock = lockWindow(Usable::Stop);
+        showScanning(true);
+        forgetDevices();
+        const Outcome ended = m_scan->run(portName(), m_session->token());
+        if (ended == Outcome::PortNotOpened)
+            showPortNotOpened();
+        return ended;
+    }();
+    showScanning(false);
+    if (outcome == Outcome::AllTried || outcome == Outcome::Stopped)
+        openCurrentDevice();
+}
+
+void DeviceBar::showScanning(bool scanning)
+{
+    ui->pushButton_ScanDevices->setText(scanning ? tr("Stop") : m_idleCaption);
+    m_progress->setValue(HandScan::FirstNode);
+    m_progress->setVisible(scanning);
+}
+
+void DeviceBar::showPortNotOpened()
+{
+    const QString text =
+        tr("Open port '%1' failed, protocol=%2, baudrate=%3")
+            .arg(portName(), QString::number(m_scan->failedProtocol()), QString::number(BaudRate));
+    QMessageBox box(QMessageBox::Critical, Program::title(), text, QMessageBox::Ok, window());
+    box.setInformativeText(describePortError(portName()));
+    box.exec();
+}
+
+void DeviceBar::addDevice(const DeviceEntry& entry)
+{
+    ui->comboBox_Devices->addItem(entry.text(), int{entry.node});
+    m_reporter->showMessage(tr("node '0x%1' found, firmware version: %2.%3.%4")
+                                .arg(StatusReporter::hex(entry.node))
+                                .arg(entry.firmwareMajor)
+                                .arg(entry.firmwareMinor)
+                                .arg(entry.firmwareRevision));
+}
+
+void DeviceBar::showCritical(const QString& text)
+{
+    QMessageBox::critical(window(), Program::title(), text);
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "controllock.h"
+#include "deviceentry.h"
+#include "devicesession.h"
+#include "portlist.h"
+
+#include <QWidget>
+
+#include <future>
+
+class DevicePage;
+class HandScan;
+class QProgressBar;
+class QTabWidget;
+class StatusReporter;
+namespace Ui
+{
+class DeviceBar;
+}
+
+/// The row above the pages: lists the ports, scans the chosen one for hands, and opens the hand of
+/// the current Devices entry.
+class DeviceBar : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit DeviceBar(QWidget* parent = nullptr);
+    ~DeviceBar() override;
+
+    /// `pages` are reloaded in their order; they and `update`, the action of a firmware update, are
+    /// locked with this row.
+    void setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
+               QAction* update);
+    /// Lists the ports for the first time.
+    void listPortsAtStart();
+
+    bool hasPort() const;
+    /// What the current Ports entry is opened by.
+    QString portName() const;
+    bool hasCurrentDevice() const { return currentNode().has_value(); }
+    /// The node of the current Devices entry.
+    std::optional<std::uint8_t> currentNode() const;
+
+    /// Opens the device of the current entry and reloads all pages.
+    void openCurrentDevice();
+    /// Closes what is open and forgets the devices that have been found.
+    void forgetDevices();
+    /// Empties the list alone.
+    void clearDevices();
+    /// Calls follow() of all pages.
+    void followCurrentPage();
+
+    /// What can be used during long work.
+    enum class Usable { Nothing, Stop, TopRow };
+    /// Disables everything else in the window for as long as the result exists; `actions` too.
+    [[nodiscard]] ControlLock lockWindow(Usable usable, QList<QAction*> actions = {}) const;
+
+signals:
+    void sig_currentDeviceChanged();
+
+private slots:
+    void on_pushButton_RefreshPorts_clicked();
+    void on_comboBox_Ports_currentIndexChanged(int index);
+    void on_pushButton_ScanDevices_clicked();
+    void on_comboBox_Devices_currentIndexChanged(int index);
+
+private:
+    void makeScan();
+    void listPorts(const QList<PortEntry>& ports);
+    void leaveDevice();
+    std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
+    void showForceSensing(bool present);
+    void scan();
+    void showScanning(bool scanning);
+    void showPortNotOpened();
+    void addDevice(const DeviceEntry& entry);
+    void showCritical(const QString& text);
+
+    std::unique_ptr<Ui::DeviceBar> ui;
+    DeviceSession* m_session = nullptr;
+    StatusReporter* m_reporter = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    QAction* m_update = nullptr;
+    QList<DevicePage*> m_pages;
+    HandScan* m_scan = nullptr;
+    QProgressBar* m_progress = nullptr;
+    QString m_idleCaption; ///< of the Scan button, which shows its state
+    bool m_portsListed = false;
+    std::future<void> m_portListing; ///< ends before the object does
+};

@@ -1,0 +1,241 @@
+#include "runpage.h"
+
+#include "fingerwidgets.h"
+#include "focuskeeper.h"
+#include "numbertext.h"
+#include "statusreporter.h"
+#include "ui_runpage.h"
+#include "unitdisplay.h"
+
+#include <utility>
+
+namespace
+{
+constexpr int IntervalMs = 100;
+constexpr int PostponedMs = 20;
+} // namespace
+
+RunPage::RunPage(QWidget* parent)
+    : DevicePage(parent), ui(std::make_unique<Ui::RunPage>()), m_timer(this)
+{
+    ui->setupUi(this);
+    m_sliders = fingerWidgets<QSlider>(this, "verticalSlider_RunPos");
+    m_positions = fingerWidgets<QLineEdit>(this, "lineEdit_RunPos");
+    m_speeds = fingerWidgets<QLineEdit>(this, "lineEdit_RunSpeed");
+    m_currents = fingerWidgets<QLineEdit>(this, "lineEdit_RunCurrent");
+    for (QLineEdit* speed : m_speeds)
+        speed->setText(QStringLiteral("255"));
+    m_timer.setObjectName(QStringLiteral("runTimer"));
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        if (m_timer.interval() != IntervalMs)
+            m_timer.start(IntervalMs);
+        updateCurrent();
+    });
+}
+
+RunPage::~RunPage() = default;
+
+void RunPage::setUp(DeviceSession* session, StatusReporter* reporter)
+{
+    DevicePage::setUp(session, reporter);
+    connect(session, &DeviceSession::sig_stop, &m_timer, &QTimer::stop);
+}
+
+void RunPage::follow(bool isCurrent)
+{
+    // Commands from an earlier visit are not sent.
+    dropPending();
+    if (isCurrent && session()->connected())
+        m_timer.start(IntervalMs);
+    else
+        m_timer.stop();
+}
+
+/// A tick that cannot be used comes a little later: one that always met the same clicks would never
+/// be of use.
+void RunPage::postponeTick()
+{
+    if (m_timer.isActive())
+        m_timer.start(PostponedMs);
+}
+
+void RunPage::on_comboBox_RunPosOrAngle_currentIndexChanged()
+{
+    session()->runWhenIdle(DeviceSession::Kind::ReloadRun, [this] { reloadRunInfo(); });
+}
+
+void RunPage::reloadRunInfo()
+{
+    FocusKeeper focus(window());
+    enableWidgetsForRunTab(false);
+    focus.noteMove();
+    clearRunInfo();
+    followMode();
+    const auto target = session()->target();
+    if (!target)
+        return;
+    HandCall call(*target, reporter()->plain());
+    if (const auto pose = m_unit->readPose(call)) {
+        for (std::size_t f = 0; f < FingerCount; ++f) {
+            m_positions[f]->setText(UnitDisplay::text(*m_unit, pose->targets[f]));
+            m_sliders[f]->setValue(pose->targets[f]);
+        }
+    }
+    if (!call.isCurrent())
+        return;
+    enableWidgetsForRunTab(true);
+    reporter()->showMessage(tr("Running info loaded"));
+}
+
+void RunPage::followMode()
+{
+    m_unit = &UnitDisplay::chosen(ui->comboBox_RunPosOrAngle);
+    UnitDisplay::apply(*m_unit, ui->label_RunTicksOrDegree, m_sliders);
+}
+
+void RunPage::clearRunInfo()
+{
+    for (std::size_t f = 0; f < FingerCount; ++f) {
+        m_positions[f]->clear();
+        m_currents[f]->clear();
+        m_sliders[f]->setValue(0);
+    }
+}
+
+void RunPage::enableWidgetsForRunTab(bool enable)
+{
+    const auto apply = [enable](const auto& widgets) {
+        for (QWidget* widget : widgets)
+            widget->setEnabled(enable);
+    };
+    apply(m_sliders);
+    apply(m_positions);
+    apply(m_speeds);
+    apply(m_currents);
+    apply(findChildren<QPushButton*>());
+}
+
+void RunPage::tabRun_handleSliderMoved(unsigned char finger, int value)
+{
+    m_positions[finger]->setText(UnitDisplay::text(*m_unit, value));
+}
+
+POS_INFO RunPage::commandOf(std::uint8_t finger, std::uint8_t node, int value) const
+{
+    POS_INFO command;
+    command.node = node;
+    command.finger = finger;
+    command.isPosition = m_unit->isPosition();
+    command.speed = NumberText::toByte(m_speeds[finger]->text());
+    if (command.isPosition)
+        command.position = static_cast<std::uint16_t>(value);
+    else
+        command.angle = static_cast<std::int16_t>(value);
+    return command;
+}
+
+void RunPage::tabRun_handleSliderReleased(unsigned char finger)
+{
+    const auto target = session()->target();
+    if (!target)
+        return;
+    m_pending.push_back(commandOf(finger, target->node, m_sliders[finger]->sliderPosition()));
+    m_pendingCount.release();
+}
+
+void RunPage::dropPending()
+{
+    m_pendingCount.tryAcquire(m_pendingCount.available());
+    m_pending.clear();
+    m_firstCurrent = 0;
+}
+
+void RunPage::tabRun_handleButtonSetPosClick(unsigned char finger)
+{
+    const auto asked = session()->target();
+    if (!asked)
+        return;
+    const POS_INFO command =
+        commandOf(finger, asked->node, UnitDisplay::value(*m_unit, m_positions[finger]->text()));
+    request(m_sliders[finger], [this, command](const HandTarget& target) {
+        HandCall call(target, reporter()->plain());
+        if (!move(call, command))
+            return;
+        if (command.isPosition)
+            readBack(call, command, ReadBack::IntoSlider, "getFingerpos");
+        else
+            readBack(call, command, ReadBack::IntoBoth);
+    });
+}
+
+const MotionUnit& RunPage::unitOf(const POS_INFO& command)
+{
+    return command.isPosition ? MotionUnit::position() : MotionUnit::angle();
+}
+
+bool RunPage::move(HandCall& call, const POS_INFO& command)
+{
+    const int value = command.isPosition ? int{command.position} : static_cast<int>(command.angle);
+    return unitOf(command).move(call, command.finger, value,
+                                static_cast<std::uint8_t>(command.speed));
+}
+
+void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
+                       std::string_view operation)
+{
+    const auto reached = unitOf(command).readTarget(call, command.finger, operation);
+    QSlider* slider = m_sliders[command.finger];
+    // Meanwhile the mode may have changed, or the slider is held again.
+    if (!reached || &unitOf(command) != m_unit || slider->isSliderDown())
+        return;
+    if (into != ReadBack::IntoSlider)
+        m_positions[command.finger]->setText(UnitDisplay::text(*m_unit, *reached));
+    if (into != ReadBack::IntoField)
+        slider->setValue(*reached);
+}
+
+/// A tick ends between two exchanges when somebody waits for it or its page has been left.
+bool RunPage::tickGoesOn(const HandCall& call) const
+{
+    return call.isCurrent() && !session()->requestWaits() && m_timer.isActive();
+}
+
+void RunPage::updateCurrent()
+{
+    if (!session()->canTick()) {
+        postponeTick();
+        return;
+    }
+    const auto target = session()->target();
+    if (!target)
+        return;
+    HandCall call(*target, reporter()->plain());
+    sendPending(call);
+    // A tick that was cut short is continued by the next, else the last finger would starve.
+    const std::size_t first = std::exchange(m_firstCurrent, 0);
+    for (std::size_t i = 0; i < FingerCount; ++i) {
+        const auto finger = static_cast<std::uint8_t>((first + i) % FingerCount);
+        if (!tickGoesOn(call)) {
+            m_firstCurrent = finger;
+            return;
+        }
+        readCurrent(call, finger);
+    }
+}
+
+void RunPage::sendPending(HandCall& call)
+{
+    if (!m_pendingCount.tryAcquire())
+        return;
+    const POS_INFO command = m_pending.front();
+    m_pending.pop_front();
+    if (command.node == call.target().node && move(call, command) && tickGoesOn(call))
+        readBack(call, command, command.isPosition ? ReadBack::IntoField : ReadBack::IntoBoth);
+}
+
+void RunPage::readCurrent(HandCall& call, std::uint8_t finger)
+{
+    std::uint16_t current = 0;
+    if (call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
+        m_currents[finger]->setText(QString::number(current));
+}

@@ -1,0 +1,472 @@
+#include "sequencepage.h"
+
+#include "equalwidthgroup.h"
+#include "focuskeeper.h"
+#include "numbertext.h"
+#include "statusreporter.h"
+#include "steptable.h"
+#include "ui_sequencepage.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+namespace
+{
+constexpr int MaxDelayMs = 65535;
+constexpr int MinSpeed = 1;
+constexpr int MaxSpeed = 255;
+constexpr int SelectInsertedMs = 100;
+constexpr int ToTheEnd = -1; ///< end index of a run over all steps that follow
+
+/// Stores a finger's value. A list that lacks it grows by it, but leaves no gap: a value that
+/// nobody has chosen would move a finger.
+void store(QList<int>& values, std::uint8_t finger, int value)
+{
+    if (finger < values.size())
+        values[finger] = value;
+    else if (finger == values.size())
+        values.append(value);
+}
+} // namespace
+
+SequencePage::SequencePage(QWidget* parent)
+    : DevicePage(parent),
+      ui(std::make_unique<Ui::SequencePage>()),
+      m_player(new SequencePlayer(this))
+{
+    ui->setupUi(this);
+    m_table = ui->tableWidget_Seq;
+    m_editors = std::make_unique<StepEditors>(
+        this, ui->lineEdit_SeqDelay, ui->comboBox_SeqPosOrAngle, ui->label_SeqTicksOrDegree);
+    layOut();
+    connect(m_player, &SequencePlayer::sig_updatePlaying, this, &SequencePage::updatePlaying);
+    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::playEnded);
+}
+
+SequencePage::~SequencePage() = default;
+
+void SequencePage::layOut()
+{
+    // The one long header gets the width that it needs, the other columns share the rest.
+    auto* columns = m_table->horizontalHeader();
+    columns->setSectionResizeMode(QHeaderView::Stretch);
+    columns->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    columns->setHighlightSections(false); // rows are selected
+    QList<QWidget*> buttons;
+    for (QPushButton* button : findChildren<QPushButton*>())
+        buttons.append(button);
+    new EqualWidthGroup(buttons);
+}
+
+void SequencePage::setUp(DeviceSession* session, StatusReporter* reporter)
+{
+    DevicePage::setUp(session, reporter);
+    m_table->installEventFilter(window());
+    connect(session, &DeviceSession::sig_stop, m_player, &SequencePlayer::stop);
+    connect(session, &DeviceSession::sig_stopMotion, m_player, &SequencePlayer::stop);
+}
+
+void SequencePage::follow(bool isCurrent)
+{
+    if (isCurrent) {
+        reloadSequenceInfo();
+    } else {
+        m_visit.advance();
+        m_player->stop();
+    }
+}
+
+bool SequencePage::isPlaying() const
+{
+    return m_starting || m_player->isPlaying() || m_player->isSending();
+}
+
+void SequencePage::reloadSequenceInfo()
+{
+    enableWidgetsForSequenceTab(Everything, false);
+    clearSequenceInfo();
+    updateSequenceTab();
+}
+
+void SequencePage::focusTable()
+{
+    m_table->setFocus();
+}
+
+void SequencePage::clearSequenceInfo()
+{
+    m_table->clearCurrent();
+    m_visit.advance(); // nothing that was selected before is
+    m_shown = StepTable::NoStep;
+    m_editors->clear();
+}
+
+void SequencePage::enableWidgets(bool enable)
+{
+    if (enable)
+        updateSequenceTab();
+    else
+        enableWidgetsForSequenceTab(Everything, false);
+}
+
+void SequencePage::enableWidgetsForSequenceTab(int group, bool enable)
+{
+    switch (group) {
+    case Everything:
+        for (const Group each : {Editors, Rows, Load, Save, Run, Stop})
+            enableWidgetsForSequenceTab(each, enable);
+        break;
+    case Editors:
+        m_editors->setEnabled(enable);
+        ui->comboBox_SeqPosOrAngle->setEnabled(enable);
+        break;
+    case Rows:
+        for (QWidget* control :
+             {static_cast<QWidget*>(m_table), static_cast<QWidget*>(ui->pushButton_SeqInsert),
+              static_cast<QWidget*>(ui->pushButton_SeqDelete),
+              static_cast<QWidget*>(ui->pushButton_SeqUp),
+              static_cast<QWidget*>(ui->pushButton_SeqDown)})
+            control->setEnabled(enable);
+        break;
+    case Load:
+        ui->pushButton_SeqLoad->setEnabled(enable);
+        break;
+    case Save:
+        ui->pushButton_SeqSave->setEnabled(enable);
+        break;
+    case Run:
+        ui->pushButton_SeqRun->setEnabled(enable);
+        break;
+    case Stop:
+        ui->pushButton_SeqStop->setEnabled(enable);
+        break;
+    }
+}
+
+void SequencePage::updateSequenceTab()
+{
+    const bool open = session()->target().has_value();
+    if (!open)
+        m_player->stop();
+    const bool playing = open && isPlaying();
+    const bool editable = open && !playing;
+    const bool hasSteps = !m_manager.sequenceData().sequences.isEmpty();
+    // Each control goes straight to its new state: one that is disabled for a moment only would
+    // lose the focus, and with it what is being typed.
+    enableWidgetsForSequenceTab(Editors, editable && m_table->currentRow() >= 0);
+    ui->comboBox_SeqPosOrAngle->setEnabled(editable && !hasSteps && !m_reading);
+    enableWidgetsForSequenceTab(Rows, editable);
+    enableWidgetsForSequenceTab(Load, editable);
+    enableWidgetsForSequenceTab(Save, editable && hasSteps);
+    enableWidgetsForSequenceTab(Run, editable && hasSteps);
+    enableWidgetsForSequenceTab(Stop, playing);
+    if (!playing)
+        m_focus.reset();
+}
+
+void SequencePage::updateEditCell()
+{
+    const int row = m_table->currentRow();
+    if (row < 0) {
+        m_shown = StepTable::NoStep;
+        m_editors->clear();
+        return;
+    }
+    m_shown = m_table->idOf(row);
+    m_editors->show(m_manager.sequenceData().sequences[row]);
+}
+
+/// What a person asks for on this page: dropped when the page has been left meanwhile.
+void SequencePage::requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action)
+{
+    if (!isShown())
+        return;
+    session()->request([this, stillWanted = std::move(stillWanted),
+                        visit = m_visit.token()] { return isVisit(visit) && stillWanted(); },
+                       std::move(action));
+}
+
+void SequencePage::play(const HandTarget& target, int start, int end, Purpose purpose)
+{
+    // The hand of the click, whatever the Devices list may show by now.
+    m_player->setVantoProtocol(target.adapter, target.node);
+    {
+        const QScopedValueRollback starting(m_starting, true);
+        // A field that becomes read-only, unlike one that is disabled, does not finish its editing.
+        if (const auto finger = m_editors->typedSpeed())
+            tabSequence_handleSpeedEdit(*finger);
+        m_focus = std::make_unique<FocusKeeper>(window(), this);
+        updateSequenceTab();
+        m_focus->noteMove();
+        m_player->play(m_manager.sequenceData(), start, end, purpose == Purpose::Edit);
+    }
+    playEnded();
+}
+
+/// The row that is meant may go elsewhere or away, or another one be chosen, before its turn comes.
+void SequencePage::playRow(int row, Purpose purpose)
+{
+    if (row < 0)
+        return;
+    requestOnPage(
+        [this, step = m_table->idOf(row)] {
+            return m_table->isEnabled() && m_table->rowOf(step) >= 0 &&
+                   m_table->rowOf(step) == m_table->currentRow();
+        },
+        [this, step = m_table->idOf(row), purpose](const HandTarget& target) {
+            const int now = m_table->rowOf(step);
+            play(target, now, now, purpose);
+        });
+}
+
+void SequencePage::on_pushButton_SeqRun_clicked()
+{
+    const int rows = m_table->rowCount();
+    const int current = std::max(m_table->currentRow(), 0);
+    const int start = current == rows - 1 ? 0 : current;
+    requestOnPage(
+        [this, edition = m_edition.token()] {
+            return ui->pushButton_SeqRun->isEnabled() && edition.isCurrent();
+        },
+        [this, start, end = rows == 1 ? start : ToTheEnd](const HandTarget& target) {
+            play(target, start, end, Purpose::Run);
+        });
+}
+
+void SequencePage::on_tableWidget_Seq_cellDoubleClicked(int row, int)
+{
+    playRow(row, Purpose::Run);
+}
+
+void SequencePage::on_tableWidget_Seq_currentCellChanged(int row, int, int, int)
+{
+    playRow(row, Purpose::Edit);
+}
+
+void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QString errMsg)
+{
+    if (isPlaying && !m_player->isPlayForEdit())
+        m_table->selectSilently(sequenceIndex);
+    if (!errMsg.isEmpty())
+        reporter()->showError(errMsg);
+    playEnded();
+}
+
+/// After a run, too, has another row become current than the one that the editors show.
+void SequencePage::playEnded()
+{
+    if (!isPlaying() && session()->target())
+        updateEditCell();
+    updateSequenceTab();
+}
+
+void SequencePage::on_pushButton_SeqInsert_clicked()
+{
+    const int current = m_table->currentRow();
+    const quint64 after = m_table->idOf(std::max(current, 0)); // the first row if none is current
+    requestOnPage([this] { return ui->pushButton_SeqInsert->isEnabled(); },
+                  [this, after](const HandTarget& target) { insert(target, after); });
+}
+
+void SequencePage::insert(const HandTarget& target, quint64 after)
+{
+    QList<int> pose;
+    {
+        const QScopedValueRollback reading(m_reading, true);
+        updateSequenceTab();
+        pose = readPose(target);
+    }
+    if (!target.isCurrent())
+        return;
+    const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
+    m_manager.insertSequenceDataItem(row, {pose, QList<int>(FingerCount, MaxSpeed), 0});
+    m_table->insertStep(row, pose);
+    m_edition.advance();
+    updateSequenceTab();
+    selectSoon(target, row);
+}
+
+/// Zeros if it cannot be read; that is no message.
+QList<int> SequencePage::readPose(const HandTarget& target)
+{
+    HandCall call(target);
+    const auto pose = m_editors->unit().readPoseIfPossible(call);
+    return {pose.currents.begin(), pose.currents.end()};
+}
+
+void SequencePage::selectSoon(const HandTarget& target, int row)
+{
+    QTimer::singleShot(SelectInsertedMs, m_table,
+                       [this, target, step = m_table->idOf(row), visit = m_visit.token()] {
+                           const int now = m_table->rowOf(step);
+                           // Under a dialog it would have to wait, and come when nobody expects it
+                           // any more.
+                           if (now >= 0 && isVisit(visit) && target.isCurrent() && !isPlaying() &&
+                               !QApplication::activeModalWidget())
+                               m_table->setCurrentCell(now, 0);
+                       });
+}
+
+void SequencePage::on_pushButton_SeqDelete_clicked()
+{
+    const int row = m_table->currentRow();
+    if (row < 0)
+        return;
+    m_manager.removeSequenceDataItem(row);
+    m_table->removeStep(row);
+    m_edition.advance();
+    updateEditCell();
+    updateSequenceTab();
+}
+
+void SequencePage::moveCurrentRow(int distance)
+{
+    const int row = m_table->currentRow();
+    const int other = row + distance;
+    if (row < 0 || other < 0 || other >= m_table->rowCount())
+        return;
+    m_manager.swapSequenceDataItem(row, other);
+    SwapSequenceRow(row, other);
+    m_table->setCurrentCell(other, 0);
+}
+
+void SequencePage::SwapSequenceRow(int row, int other)
+{
+    const auto& steps = m_manager.sequenceData().sequences;
+    m_table->swapSteps(row, other);
+    m_table->showPositions(row, steps[row].position);
+    m_table->showPositions(other, steps[other].position);
+    m_edition.advance();
+}
+
+/// The one way in which a step's values change: in the sequence, from which its row is shown.
+template<class Edit>
+void SequencePage::editStep(quint64 id, Edit edit)
+{
+    const int row = m_table->rowOf(id);
+    if (row < 0)
+        return;
+    SequenceDataItem step = m_manager.sequenceData().sequences[row];
+    edit(step);
+    m_manager.updateSequenceDataItem(row, step);
+    m_table->showPositions(row, step.position);
+}
+
+void SequencePage::on_lineEdit_SeqDelay_editingFinished()
+{
+    editStep(m_shown, [this](SequenceDataItem& step) {
+        const int typed = ui->lineEdit_SeqDelay->text().toInt();
+        step.delay = std::clamp(typed, 0, MaxDelayMs);
+        if (step.delay != typed)
+            ui->lineEdit_SeqDelay->setText(QString::number(step.delay));
+    });
+}
+
+void SequencePage::tabSequence_handleSpeedEdit(unsigned char finger)
+{
+    editStep(m_shown, [this, finger](SequenceDataItem& step) {
+        QLineEdit* field = m_editors->speed(finger);
+        if (finger >= step.speed.size() && field->text().isEmpty())
+            return; // there is none, and none has been typed
+        const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
+        store(step.speed, finger, speed);
+        field->setText(finger < step.speed.size() ? QString::number(speed) : QString());
+    });
+}
+
+void SequencePage::tabSequence_handleSliderMoved(unsigned char finger, int value)
+{
+    m_editors->showValue(finger, value);
+}
+
+void SequencePage::tabSequence_handleSliderReleased(unsigned char finger)
+{
+    const QSlider* slider = m_editors->slider(finger);
+    const Release release{finger, &m_editors->unit(), slider->sliderPosition(),
+                          NumberText::toByte(m_editors->speed(finger)->text()), m_shown};
+    requestOnPage(
+        [this, slider, release] { return slider->isEnabled() && m_shown == release.step; },
+        [this, release](const HandTarget& target) { moveAndStore(target, release); });
+}
+
+/// The target that the hand reports after the motion, unless something failed.
+std::optional<int> SequencePage::move(const HandTarget& target, const Release& release)
+{
+    HandCall call(target, reporter()->plain());
+    if (!release.unit->move(call, release.finger, release.value, release.speed))
+        return {};
+    return release.unit->readTarget(call, release.finger);
+}
+
+void SequencePage::moveAndStore(const HandTarget& target, const Release& release)
+{
+    const auto reached = move(target, release);
+    if (!reached)
+        return;
+    editStep(release.step, [this, &release, &reached](SequenceDataItem& step) {
+        store(step.position, release.finger, *reached);
+        // The user may have gone to another row meanwhile, or taken the slider up again.
+        if (m_shown == release.step && !m_editors->slider(release.finger)->isSliderDown())
+            m_editors->setValue(release.finger, *reached);
+    });
+}
+
+void SequencePage::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
+{
+    m_editors->followMode();
+    m_manager.setPositionType(m_editors->unit().isPosition() ? SequenceData::POS_TYPE_POSITION
+                                                             : SequenceData::POS_TYPE_ANGLE);
+}
+
+bool SequencePage::keyPressed(const QKeyEvent& event)
+{
+    return m_table->keyPressed(event);
+}
+
+void SequencePage::on_pushButton_SeqLoad_clicked()
+{
+    session()->runWhenIdle(DeviceSession::Kind::LoadSequence, [this] { load(); });
+}
+
+void SequencePage::load()
+{
+    if (!ui->pushButton_SeqLoad->isEnabled())
+        return;
+    const QString name = QFileDialog::getOpenFileName(window(), tr("Choose json file"), QString(),
+                                                      tr("Sequence files (*.json)"));
+    if (name.isEmpty())
+        return;
+    QFile file(name);
+    if (m_manager.loadSequenceData(file)) {
+        const SequenceData& loaded = m_manager.sequenceData();
+        const bool angles = loaded.position_type == SequenceData::POS_TYPE_ANGLE;
+        ui->comboBox_SeqPosOrAngle->setCurrentIndex(angles ? 1 : 0);
+        m_table->setSteps(loaded.sequences);
+        m_edition.advance();
+        updateEditCell();
+    }
+    updateSequenceTab();
+}
+
+void SequencePage::on_pushButton_SeqSave_clicked()
+{
+    session()->runWhenIdle(DeviceSession::Kind::SaveSequence, [this] { save(); });
+}
+
+void SequencePage::save()
+{
+    if (!ui->pushButton_SeqSave->isEnabled())
+        return;
+    QFileDialog dialog(window(), tr("Choose json file"), QString(), tr("Sequence files (*.json)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("json"));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    QFile file(dialog.selectedFiles().constFirst());
+    m_manager.saveSequenceData(file);
+}

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "devicepage.h"
+#include "fingerslots.h"
+#include "sequencemanager.h"
+#include "sequenceplayer.h"
+#include "stepeditors.h"
+
+#include <memory>
+#include <optional>
+
+class FocusKeeper;
+class QKeyEvent;
+class StepTable;
+namespace Ui
+{
+class SequencePage;
+}
+
+/// The Sequence page: edits, plays, loads and saves a motion sequence.
+///
+/// The hand moves when a row is selected (the hand is stretched and put into that step's pose),
+/// when a slider is released, and by Run, a double click or Insert, which selects its row; by
+/// nothing else.
+class SequencePage : public DevicePage
+{
+    Q_OBJECT
+public:
+    /// Groups of controls that are enabled together.
+    enum Group { Everything, Editors, Rows, Load, Save, Run, Stop };
+
+    explicit SequencePage(QWidget* parent = nullptr);
+    ~SequencePage() override;
+
+    void setUp(DeviceSession* session, StatusReporter* reporter);
+    void reloadSequenceInfo();
+    void clearSequenceInfo();
+    /// Enables what makes sense now.
+    void updateSequenceTab();
+    void enableWidgetsForSequenceTab(int group, bool enable);
+    /// Shows the current row's step in the editors.
+    void updateEditCell();
+    /// Shows two steps in their rows, which have been exchanged.
+    void SwapSequenceRow(int row, int other);
+    void tabSequence_handleSpeedEdit(unsigned char finger);
+    void tabSequence_handleSliderMoved(unsigned char finger, int value);
+    void tabSequence_handleSliderReleased(unsigned char finger);
+    void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
+
+    void reload() override { reloadSequenceInfo(); }
+    void clear() override { clearSequenceInfo(); }
+    void enableWidgets(bool enable) override;
+    void follow(bool isCurrent) override;
+
+    void focusTable();
+    /// A key pressed in the table. Whether it is consumed.
+    bool keyPressed(const QKeyEvent& event);
+
+private slots:
+    void on_pushButton_SeqInsert_clicked();
+    void on_pushButton_SeqDelete_clicked();
+    void on_pushButton_SeqUp_clicked() { moveCurrentRow(-1); }
+    void on_pushButton_SeqDown_clicked() { moveCurrentRow(1); }
+    void on_pushButton_SeqRun_clicked();
+    void on_pushButton_SeqStop_clicked() { m_player->stop(); }
+    void on_pushButton_SeqLoad_clicked();
+    void on_pushButton_SeqSave_clicked();
+    // Hands do not store sequences yet.
+    void on_pushButton_SeqReadFromDev_clicked() {}
+    void on_pushButton_SeqWriteToDev_clicked() {}
+    void on_pushButton_SeqRunOnDev_clicked() {}
+    void on_pushButton_SeqStopOnDev_clicked() {}
+    void on_tableWidget_Seq_cellDoubleClicked(int row, int column);
+    void on_tableWidget_Seq_currentCellChanged(int row, int column, int previousRow,
+                                               int previousColumn);
+    void on_lineEdit_SeqDelay_editingFinished();
+    void on_comboBox_SeqPosOrAngle_currentIndexChanged(int index);
+    VANTO_FINGER_SLOTS(lineEdit_SeqSpeed, editingFinished, tabSequence_handleSpeedEdit)
+    VANTO_FINGER_VALUE_SLOTS(verticalSlider_SeqPos, sliderMoved, tabSequence_handleSliderMoved)
+    VANTO_FINGER_SLOTS(verticalSlider_SeqPos, sliderReleased, tabSequence_handleSliderReleased)
+
+private:
+    enum class Purpose { Run, Edit };
+    /// A slider's release, as it was when it happened.
+    struct Release {
+        std::uint8_t finger;
+        const MotionUnit* unit;
+        int value;
+        std::uint8_t speed;
+        quint64 step;
+    };
+
+    void layOut();
+    bool isPlaying() const;
+    bool isShown() const { return !isHidden(); }
+    /// Whether the page is still shown as it was then.
+    bool isVisit(const Generation::Token& visit) const { return isShown() && visit.isCurrent(); }
+    void requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action);
+    void playRow(int row, Purpose purpose);
+    void play(const HandTarget& target, int start, int end, Purpose purpose);
+    void playEnded();
+    QList<int> readPose(const HandTarget& target);
+    void insert(const HandTarget& target, quint64 after);
+    void selectSoon(const HandTarget& target, int row);
+    void moveCurrentRow(int distance);
+    std::optional<int> move(const HandTarget& target, const Release& release);
+    void moveAndStore(const HandTarget& target, const Release& release);
+    template<class Edit>
+    void editStep(quint64 id, Edit edit);
+    void load();
+    void save();
+
+    std::unique_ptr<Ui::SequencePage> ui;
+    StepTable* m_table;
+    std::unique_ptr<StepEditors> m_editors;
+    SequenceManager m_manager{nullptr};
+    SequencePlayer* m_player;
+    /// The row whose step the editors show: what is typed into them belongs to it, even when
+    /// another row has become current meanwhile.
+    quint64 m_shown = 0;
+    Generation m_visit;      ///< advanced when the page is left or cleared
+    Generation m_edition;    ///< advanced when rows come, go or change places
+    bool m_starting = false; ///< the first step of a run is being sent
+    bool m_reading = false;  ///< the pose for a new step, in the unit that the box shows
+    std::unique_ptr<FocusKeeper> m_focus;
+};

@@ -1,0 +1,81 @@
+#include "statusreporter.h"
+
+#include "elidedlabel.h"
+#include "messagelog.h"
+
+#include <QAction>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace
+{
+constexpr int ShownMs = 2000;
+}
+
+StatusReporter::StatusReporter(QStatusBar* statusBar)
+    : QObject(statusBar),
+      m_statusBar(statusBar),
+      m_errorLabel(new ElidedLabel(statusBar)),
+      m_log(new MessageLog(this))
+{
+    // The name exempts the label from the colours of the style sheets.
+    m_errorLabel->setObjectName("label_StatusError");
+    m_errorLabel->setAccessibleName(tr("Error"));
+    m_statusBar->addPermanentWidget(m_errorLabel);
+    auto* showLog = new QAction(tr("Messages..."), this);
+    showLog->setObjectName("action_Messages");
+    showLog->setShortcut(Qt::CTRL | Qt::Key_L);
+    connect(showLog, &QAction::triggered, this, &StatusReporter::sig_logRequested);
+    // The label has no width while there is no error, so the whole bar opens the list.
+    for (QWidget* bar : {static_cast<QWidget*>(m_statusBar), static_cast<QWidget*>(m_errorLabel)}) {
+        bar->setContextMenuPolicy(Qt::ActionsContextMenu);
+        bar->addAction(showLog);
+    }
+}
+
+void StatusReporter::addToStatusBar(QWidget* widget)
+{
+    m_statusBar->addPermanentWidget(widget);
+}
+
+void StatusReporter::showMessage(const QString& text)
+{
+    // Shown again, the same text would keep the time that is left of the first showing.
+    m_statusBar->clearMessage();
+    m_statusBar->showMessage(text, ShownMs);
+    m_log->add(MessageLog::Kind::Message, text);
+}
+
+void StatusReporter::showError(const QString& text, const QColor& colour)
+{
+    QPalette palette = m_errorLabel->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    m_errorLabel->setPalette(palette);
+    m_errorLabel->setText(text);
+    m_errorLabel->setAccessibleName(text);
+    m_log->add(MessageLog::Kind::Error, text);
+    QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] {
+        label->setText({});
+        label->setAccessibleName(tr("Error"));
+    });
+}
+
+bool StatusReporter::NamingReport::reportTimeout(const HandTarget& target)
+{
+    m_reporter.showError(tr("Timeout for %1 node '0x%2'...")
+                             .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)));
+    return true;
+}
+
+void StatusReporter::Report::reportFailure(const HandTarget& target, std::string_view operation,
+                                           std::uint8_t result, std::uint8_t subError)
+{
+    const QLatin1String name(operation.data(), static_cast<qsizetype>(operation.size()));
+    m_reporter.showError(tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
+                             .arg(name, hex(target.node), hex(result), hex(subError)));
+}
+
+QString StatusReporter::hex(unsigned number)
+{
+    return QStringLiteral("%1").arg(number, 2, 16, QLatin1Char('0'));
+}

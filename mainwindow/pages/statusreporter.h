@@ -1,0 +1,64 @@
+#pragma once
+
+#include "handcall.h"
+
+#include <QColor>
+#include <QObject>
+
+class ElidedLabel;
+class MessageLog;
+class QStatusBar;
+
+/// The only maker of status texts. Ordinary texts go to the status bar; errors go to a label of
+/// their own beside them, in red. Both vanish after two seconds.
+class StatusReporter : public QObject
+{
+    Q_OBJECT
+public:
+    explicit StatusReporter(QStatusBar* statusBar);
+
+    void showMessage(const QString& text);
+    /// A text that replaces another one vanishes when the time of the earlier one has run out.
+    void showError(const QString& text, const QColor& colour = Qt::red);
+
+    /// Adds a widget to the right end of the status bar.
+    void addToStatusBar(QWidget* widget);
+    const MessageLog* log() const { return m_log; }
+
+    /// Reports failed operations, a time-out by a text of its own.
+    CallReport& namingTimeouts() { return m_namingTimeouts; }
+    /// Reports failed operations, a time-out like any other failure.
+    CallReport& plain() { return m_plain; }
+
+    /// A number as it stands in status texts: hexadecimal, lower case, at least two digits.
+    static QString hex(unsigned number);
+
+signals:
+    /// The user wants to see the list of messages.
+    void sig_logRequested();
+
+private:
+    class Report : public CallReport
+    {
+    public:
+        explicit Report(StatusReporter& reporter) : m_reporter(reporter) {}
+        bool reportTimeout(const HandTarget&) override { return false; }
+        void reportFailure(const HandTarget& target, std::string_view operation,
+                           std::uint8_t result, std::uint8_t subError) override;
+
+    protected:
+        StatusReporter& m_reporter;
+    };
+    class NamingReport : public Report
+    {
+    public:
+        using Report::Report;
+        bool reportTimeout(const HandTarget& target) override;
+    };
+
+    QStatusBar* m_statusBar;
+    NamingReport m_namingTimeouts{*this};
+    Report m_plain{*this};
+    ElidedLabel* m_errorLabel;
+    MessageLog* m_log;
+};
