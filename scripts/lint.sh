@@ -13,6 +13,27 @@ list_sources() {
     printf '%s\n' "$files"
 }
 
+# A form is used by the class of its name only, and a conversation is begun by the call object only.
+check_structure() {
+    local file match name failed=
+    while IFS=: read -r file match; do
+        name=${match#*::} name=${name#ui_}
+        if [[ $(basename "${file%.*}") != "${name,,}" ]]; then
+            echo "$file: uses $match, the form of another class" >&2
+            failed=yes
+        fi
+    done < <(git grep --only-matching --extended-regexp '\<Ui::[A-Za-z]+|\<ui_[a-z]+' -- \
+        '*.cpp' '*.h' ':!bench')
+    if git grep --line-number --extended-regexp '\<Conversation +[a-z_]+ *[;({]|\<Conversation *[({]' -- \
+        '*.cpp' '*.h' ':!protocol/conversation.*' ':!protocol/handcall.h' >&2; then
+        echo "These begin a conversation themselves; HandCall or LineHold does it." >&2
+        failed=yes
+    fi
+    [[ -z $failed ]] || exit 1
+    echo "Structure: forms and conversations are used where they belong."
+}
+
+check_structure
 scripts/packages.sh format
 formatter=$(command -v clang-format-$format_version || command -v clang-format)
 if [[ $("$formatter" --version) == *"version $format_version."* ]]; then

@@ -7,9 +7,11 @@
 #include "updatedialog.h"
 #include "updatefirmware.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace
@@ -18,16 +20,6 @@ constexpr QLatin1String LocalSource("local");
 constexpr QLatin1String RemoteSource("remote");
 constexpr qint64 MaxHeaderLength = 1024; ///< bytes
 constexpr int EventsEveryMs = 10;        ///< while a file is read
-
-/// Shows a busy cursor: the program works but still listens.
-class BusyCursor
-{
-public:
-    BusyCursor() { QApplication::setOverrideCursor(Qt::BusyCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
-    BusyCursor(const BusyCursor&) = delete;
-    BusyCursor& operator=(const BusyCursor&) = delete;
-};
 
 void showBox(QWidget* parent, QMessageBox::Icon icon, const QString& text)
 {
@@ -113,15 +105,21 @@ QString FirmwareUpdater::chooseHardware()
     return choose(tr("Please select hardware type/version:"), m_knownHardware);
 }
 
+/// Shows that the program works but still listens, and keeps a second update from starting.
+template<class Work>
+auto FirmwareUpdater::waitFor(Work work) const
+{
+    const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::TopRow, m_disabled);
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+    const auto restore = qScopeGuard(&QApplication::restoreOverrideCursor);
+    return work();
+}
+
 QString FirmwareUpdater::download(const QString& hardware)
 {
     FirmwareDownload server(hardware);
     QObject::connect(m_session, &DeviceSession::sig_stop, &server, &FirmwareDownload::abandon);
-    const auto offer = [&] {
-        const ControlLock lock = lockForDownload();
-        const BusyCursor cursor;
-        return server.latestReleases();
-    }();
+    const auto offer = waitFor([&] { return server.latestReleases(); });
     if (!wanted())
         return {};
     if (!offer.failure.isEmpty()) {
@@ -131,22 +129,12 @@ QString FirmwareUpdater::download(const QString& hardware)
     const QString type = choose(tr("Please select firmware type:"), offer.releases.keys());
     if (type.isEmpty())
         return {};
-    const auto saved = [&] {
-        const ControlLock lock = lockForDownload();
-        const BusyCursor cursor;
-        return server.save(offer.releases.value(type));
-    }();
+    const auto saved = waitFor([&] { return server.save(offer.releases.value(type)); });
     if (!wanted())
         return {};
     if (!saved.failure.isEmpty())
         tellFailure(saved.failure);
     return saved.path;
-}
-
-/// Keeps a second update from starting.
-ControlLock FirmwareUpdater::lockForDownload() const
-{
-    return m_deviceBar->lockWindow(DeviceBar::Usable::TopRow, m_disabled);
 }
 
 QString FirmwareUpdater::choose(const QString& prompt, const QStringList& items)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controllock.h"
 #include "devicesession.h"
 
 #include <QCoreApplication>
@@ -40,7 +39,8 @@ private:
     QString chooseFile();
     QString chooseHardware();
     QString download(const QString& hardware);
-    ControlLock lockForDownload() const;
+    template<class Work>
+    auto waitFor(Work work) const;
     QString choose(const QString& prompt, const QStringList& items);
 
     /// Why the file is none for an update; empty if it is one.

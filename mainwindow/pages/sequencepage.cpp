@@ -3,6 +3,7 @@
 #include "equalwidthgroup.h"
 #include "focuskeeper.h"
 #include "numbertext.h"
+#include "sequenceeditor.h"
 #include "statusreporter.h"
 #include "steptable.h"
 #include "ui_sequencepage.h"
@@ -17,21 +18,9 @@
 
 namespace
 {
-constexpr int MaxDelayMs = 65535;
-constexpr int MinSpeed = 1;
-constexpr int MaxSpeed = 255;
+constexpr int InsertedSpeed = 255;
 constexpr int SelectInsertedMs = 100;
 constexpr int ToTheEnd = -1; ///< end index of a run over all steps that follow
-
-/// Stores a finger's value. A list that lacks it grows by it, but leaves no gap: a value that
-/// nobody has chosen would move a finger.
-void store(QList<int>& values, std::uint8_t finger, int value)
-{
-    if (finger < values.size())
-        values[finger] = value;
-    else if (finger == values.size())
-        values.append(value);
-}
 } // namespace
 
 SequencePage::SequencePage(QWidget* parent)
@@ -41,8 +30,16 @@ SequencePage::SequencePage(QWidget* parent)
 {
     ui->setupUi(this);
     m_table = ui->tableWidget_Seq;
+    m_sequence = std::make_unique<SequenceEditor>(m_table);
     m_editors = std::make_unique<StepEditors>(
         this, ui->lineEdit_SeqDelay, ui->comboBox_SeqPosOrAngle, ui->label_SeqTicksOrDegree);
+    m_groups[Editors] = {ui->comboBox_SeqPosOrAngle};
+    m_groups[Rows] = {m_table, ui->pushButton_SeqInsert, ui->pushButton_SeqDelete,
+                      ui->pushButton_SeqUp, ui->pushButton_SeqDown};
+    m_groups[Load] = {ui->pushButton_SeqLoad};
+    m_groups[Save] = {ui->pushButton_SeqSave};
+    m_groups[Run] = {ui->pushButton_SeqRun};
+    m_groups[Stop] = {ui->pushButton_SeqStop};
     layOut();
     connect(m_player, &SequencePlayer::sig_updatePlaying, this, &SequencePage::updatePlaying);
     connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::playEnded);
@@ -116,36 +113,13 @@ void SequencePage::enableWidgets(bool enable)
 
 void SequencePage::enableWidgetsForSequenceTab(int group, bool enable)
 {
-    switch (group) {
-    case Everything:
+    if (group == Everything)
         for (const Group each : {Editors, Rows, Load, Save, Run, Stop})
             enableWidgetsForSequenceTab(each, enable);
-        break;
-    case Editors:
+    if (group == Editors)
         m_editors->setEnabled(enable);
-        ui->comboBox_SeqPosOrAngle->setEnabled(enable);
-        break;
-    case Rows:
-        for (QWidget* control :
-             {static_cast<QWidget*>(m_table), static_cast<QWidget*>(ui->pushButton_SeqInsert),
-              static_cast<QWidget*>(ui->pushButton_SeqDelete),
-              static_cast<QWidget*>(ui->pushButton_SeqUp),
-              static_cast<QWidget*>(ui->pushButton_SeqDown)})
-            control->setEnabled(enable);
-        break;
-    case Load:
-        ui->pushButton_SeqLoad->setEnabled(enable);
-        break;
-    case Save:
-        ui->pushButton_SeqSave->setEnabled(enable);
-        break;
-    case Run:
-        ui->pushButton_SeqRun->setEnabled(enable);
-        break;
-    case Stop:
-        ui->pushButton_SeqStop->setEnabled(enable);
-        break;
-    }
+    for (QWidget* control : m_groups[static_cast<std::size_t>(group)])
+        control->setEnabled(enable);
 }
 
 void SequencePage::updateSequenceTab()
@@ -155,7 +129,7 @@ void SequencePage::updateSequenceTab()
         m_player->stop();
     const bool playing = open && isPlaying();
     const bool editable = open && !playing;
-    const bool hasSteps = !m_manager.sequenceData().sequences.isEmpty();
+    const bool hasSteps = !m_sequence->isEmpty();
     // Each control goes straight to its new state: one that is disabled for a moment only would
     // lose the focus, and with it what is being typed.
     enableWidgetsForSequenceTab(Editors, editable && m_table->currentRow() >= 0);
@@ -178,10 +152,10 @@ void SequencePage::updateEditCell()
         return;
     }
     m_shown = m_table->idOf(row);
-    m_editors->show(m_manager.sequenceData().sequences[row]);
+    m_editors->show(m_sequence->data().sequences[row]);
 }
 
-/// What a person asks for on this page: dropped when the page has been left meanwhile.
+/// A request made on this page. It is dropped if the page has been left meanwhile.
 void SequencePage::requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action)
 {
     if (!isShown())
@@ -203,7 +177,7 @@ void SequencePage::play(const HandTarget& target, int start, int end, Purpose pu
         m_focus = std::make_unique<FocusKeeper>(window(), this);
         updateSequenceTab();
         m_focus->noteMove();
-        m_player->play(m_manager.sequenceData(), start, end, purpose == Purpose::Edit);
+        m_player->play(m_sequence->data(), start, end, purpose == Purpose::Edit);
     }
     playEnded();
 }
@@ -230,22 +204,12 @@ void SequencePage::on_pushButton_SeqRun_clicked()
     const int current = std::max(m_table->currentRow(), 0);
     const int start = current == rows - 1 ? 0 : current;
     requestOnPage(
-        [this, edition = m_edition.token()] {
+        [this, edition = m_sequence->edition()] {
             return ui->pushButton_SeqRun->isEnabled() && edition.isCurrent();
         },
         [this, start, end = rows == 1 ? start : ToTheEnd](const HandTarget& target) {
             play(target, start, end, Purpose::Run);
         });
-}
-
-void SequencePage::on_tableWidget_Seq_cellDoubleClicked(int row, int)
-{
-    playRow(row, Purpose::Run);
-}
-
-void SequencePage::on_tableWidget_Seq_currentCellChanged(int row, int, int, int)
-{
-    playRow(row, Purpose::Edit);
 }
 
 void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QString errMsg)
@@ -284,9 +248,7 @@ void SequencePage::insert(const HandTarget& target, quint64 after)
     if (!target.isCurrent())
         return;
     const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
-    m_manager.insertSequenceDataItem(row, {pose, QList<int>(FingerCount, MaxSpeed), 0});
-    m_table->insertStep(row, pose);
-    m_edition.advance();
+    m_sequence->insert(row, {pose, QList<int>(FingerCount, InsertedSpeed), 0});
     updateSequenceTab();
     selectSoon(target, row);
 }
@@ -304,8 +266,7 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
     QTimer::singleShot(SelectInsertedMs, m_table,
                        [this, target, step = m_table->idOf(row), visit = m_visit.token()] {
                            const int now = m_table->rowOf(step);
-                           // Under a dialog it would have to wait, and come when nobody expects it
-                           // any more.
+                           // Under a dialog it would have to wait and then come unexpectedly.
                            if (now >= 0 && isVisit(visit) && target.isCurrent() && !isPlaying() &&
                                !QApplication::activeModalWidget())
                                m_table->setCurrentCell(now, 0);
@@ -317,9 +278,7 @@ void SequencePage::on_pushButton_SeqDelete_clicked()
     const int row = m_table->currentRow();
     if (row < 0)
         return;
-    m_manager.removeSequenceDataItem(row);
-    m_table->removeStep(row);
-    m_edition.advance();
+    m_sequence->remove(row);
     updateEditCell();
     updateSequenceTab();
 }
@@ -330,53 +289,24 @@ void SequencePage::moveCurrentRow(int distance)
     const int other = row + distance;
     if (row < 0 || other < 0 || other >= m_table->rowCount())
         return;
-    m_manager.swapSequenceDataItem(row, other);
     SwapSequenceRow(row, other);
     m_table->setCurrentCell(other, 0);
 }
 
 void SequencePage::SwapSequenceRow(int row, int other)
 {
-    const auto& steps = m_manager.sequenceData().sequences;
-    m_table->swapSteps(row, other);
-    m_table->showPositions(row, steps[row].position);
-    m_table->showPositions(other, steps[other].position);
-    m_edition.advance();
-}
-
-/// The one way in which a step's values change: in the sequence, from which its row is shown.
-template<class Edit>
-void SequencePage::editStep(quint64 id, Edit edit)
-{
-    const int row = m_table->rowOf(id);
-    if (row < 0)
-        return;
-    SequenceDataItem step = m_manager.sequenceData().sequences[row];
-    edit(step);
-    m_manager.updateSequenceDataItem(row, step);
-    m_table->showPositions(row, step.position);
+    m_sequence->swap(row, other);
 }
 
 void SequencePage::on_lineEdit_SeqDelay_editingFinished()
 {
-    editStep(m_shown, [this](SequenceDataItem& step) {
-        const int typed = ui->lineEdit_SeqDelay->text().toInt();
-        step.delay = std::clamp(typed, 0, MaxDelayMs);
-        if (step.delay != typed)
-            ui->lineEdit_SeqDelay->setText(QString::number(step.delay));
-    });
+    m_sequence->edit(m_shown, [this](SequenceDataItem& step) { m_editors->takeDelay(step); });
 }
 
 void SequencePage::tabSequence_handleSpeedEdit(unsigned char finger)
 {
-    editStep(m_shown, [this, finger](SequenceDataItem& step) {
-        QLineEdit* field = m_editors->speed(finger);
-        if (finger >= step.speed.size() && field->text().isEmpty())
-            return; // there is none, and none has been typed
-        const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
-        store(step.speed, finger, speed);
-        field->setText(finger < step.speed.size() ? QString::number(speed) : QString());
-    });
+    m_sequence->edit(m_shown,
+                     [=, this](SequenceDataItem& step) { m_editors->takeSpeed(finger, step); });
 }
 
 void SequencePage::tabSequence_handleSliderMoved(unsigned char finger, int value)
@@ -408,8 +338,8 @@ void SequencePage::moveAndStore(const HandTarget& target, const Release& release
     const auto reached = move(target, release);
     if (!reached)
         return;
-    editStep(release.step, [this, &release, &reached](SequenceDataItem& step) {
-        store(step.position, release.finger, *reached);
+    m_sequence->edit(release.step, [this, &release, &reached](SequenceDataItem& step) {
+        SequenceEditor::store(step.position, release.finger, *reached);
         // The user may have gone to another row meanwhile, or taken the slider up again.
         if (m_shown == release.step && !m_editors->slider(release.finger)->isSliderDown())
             m_editors->setValue(release.finger, *reached);
@@ -419,8 +349,8 @@ void SequencePage::moveAndStore(const HandTarget& target, const Release& release
 void SequencePage::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
 {
     m_editors->followMode();
-    m_manager.setPositionType(m_editors->unit().isPosition() ? SequenceData::POS_TYPE_POSITION
-                                                             : SequenceData::POS_TYPE_ANGLE);
+    m_sequence->setPositionType(m_editors->unit().isPosition() ? SequenceData::POS_TYPE_POSITION
+                                                               : SequenceData::POS_TYPE_ANGLE);
 }
 
 bool SequencePage::keyPressed(const QKeyEvent& event)
@@ -442,12 +372,10 @@ void SequencePage::load()
     if (name.isEmpty())
         return;
     QFile file(name);
-    if (m_manager.loadSequenceData(file)) {
-        const SequenceData& loaded = m_manager.sequenceData();
+    if (m_sequence->load(file)) {
+        const SequenceData& loaded = m_sequence->data();
         const bool angles = loaded.position_type == SequenceData::POS_TYPE_ANGLE;
         ui->comboBox_SeqPosOrAngle->setCurrentIndex(angles ? 1 : 0);
-        m_table->setSteps(loaded.sequences);
-        m_edition.advance();
         updateEditCell();
     }
     updateSequenceTab();
@@ -468,5 +396,5 @@ void SequencePage::save()
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     QFile file(dialog.selectedFiles().constFirst());
-    m_manager.saveSequenceData(file);
+    m_sequence->save(file);
 }

@@ -2,7 +2,6 @@
 
 #include "devicepage.h"
 #include "fingerslots.h"
-#include "sequencemanager.h"
 #include "sequenceplayer.h"
 #include "stepeditors.h"
 
@@ -11,6 +10,7 @@
 
 class FocusKeeper;
 class QKeyEvent;
+class SequenceEditor;
 class StepTable;
 namespace Ui
 {
@@ -70,9 +70,11 @@ private slots:
     void on_pushButton_SeqWriteToDev_clicked() {}
     void on_pushButton_SeqRunOnDev_clicked() {}
     void on_pushButton_SeqStopOnDev_clicked() {}
-    void on_tableWidget_Seq_cellDoubleClicked(int row, int column);
-    void on_tableWidget_Seq_currentCellChanged(int row, int column, int previousRow,
-                                               int previousColumn);
+    void on_tableWidget_Seq_cellDoubleClicked(int row, int) { playRow(row, Purpose::Run); }
+    void on_tableWidget_Seq_currentCellChanged(int row, int, int, int)
+    {
+        playRow(row, Purpose::Edit);
+    }
     void on_lineEdit_SeqDelay_editingFinished();
     void on_comboBox_SeqPosOrAngle_currentIndexChanged(int index);
     VANTO_FINGER_SLOTS(lineEdit_SeqSpeed, editingFinished, tabSequence_handleSpeedEdit)
@@ -105,21 +107,19 @@ private:
     void moveCurrentRow(int distance);
     std::optional<int> move(const HandTarget& target, const Release& release);
     void moveAndStore(const HandTarget& target, const Release& release);
-    template<class Edit>
-    void editStep(quint64 id, Edit edit);
     void load();
     void save();
 
     std::unique_ptr<Ui::SequencePage> ui;
     StepTable* m_table;
+    std::unique_ptr<SequenceEditor> m_sequence;
     std::unique_ptr<StepEditors> m_editors;
-    SequenceManager m_manager{nullptr};
     SequencePlayer* m_player;
+    std::array<QList<QWidget*>, Stop + 1> m_groups;
     /// The row whose step the editors show: what is typed into them belongs to it, even when
     /// another row has become current meanwhile.
     quint64 m_shown = 0;
     Generation m_visit;      ///< advanced when the page is left or cleared
-    Generation m_edition;    ///< advanced when rows come, go or change places
     bool m_starting = false; ///< the first step of a run is being sent
     bool m_reading = false;  ///< the pose for a new step, in the unit that the box shows
     std::unique_ptr<FocusKeeper> m_focus;

@@ -1,6 +1,7 @@
 #include "stepeditors.h"
 
 #include "fingerwidgets.h"
+#include "sequenceeditor.h"
 #include "unitdisplay.h"
 
 #include <QComboBox>
@@ -9,6 +10,13 @@
 #include <QSlider>
 
 #include <algorithm>
+
+namespace
+{
+constexpr int MaxDelayMs = 65535;
+constexpr int MinSpeed = 1;
+constexpr int MaxSpeed = 255;
+} // namespace
 
 StepEditors::StepEditors(const QWidget* page, QLineEdit* delay, QComboBox* mode, QLabel* unitName)
     : m_delay(delay),
@@ -77,6 +85,24 @@ void StepEditors::setEnabled(bool enabled)
         m_sliders[f]->setEnabled(enabled);
     }
     m_delay->setEnabled(enabled);
+}
+
+void StepEditors::takeDelay(SequenceDataItem& step)
+{
+    const int typed = m_delay->text().toInt();
+    step.delay = std::clamp(typed, 0, MaxDelayMs);
+    if (step.delay != typed)
+        m_delay->setText(QString::number(step.delay));
+}
+
+void StepEditors::takeSpeed(std::uint8_t finger, SequenceDataItem& step)
+{
+    QLineEdit* field = m_speeds[finger];
+    if (finger >= step.speed.size() && field->text().isEmpty())
+        return; // there is none, and none has been typed
+    const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
+    SequenceEditor::store(step.speed, finger, speed);
+    field->setText(finger < step.speed.size() ? QString::number(speed) : QString());
 }
 
 std::optional<std::uint8_t> StepEditors::typedSpeed() const

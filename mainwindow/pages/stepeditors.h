@@ -32,9 +32,13 @@ public:
     void setValue(std::uint8_t finger, int value);
     void setEnabled(bool enabled);
 
+    /// Store what has been typed, brought into range, and show it as it is stored.
+    void takeDelay(SequenceDataItem& step);
+    void takeSpeed(std::uint8_t finger, SequenceDataItem& step);
+
     QSlider* slider(std::uint8_t finger) const { return m_sliders[finger]; }
     QLineEdit* speed(std::uint8_t finger) const { return m_speeds[finger]; }
-    /// The finger whose speed somebody is typing, if any.
+    /// The finger whose speed is being typed, if any.
     std::optional<std::uint8_t> typedSpeed() const;
 
 private:

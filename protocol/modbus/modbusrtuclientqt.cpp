@@ -107,7 +107,7 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
     m_client->setNumberOfRetries(Retries);
     if (!m_client->connectDevice())
         return false;
-    ++m_opening;
+    m_opening.advance();
     m_watch.opened(qobject_cast<QSerialPort*>(m_client->device()));
     return true;
 }
@@ -221,12 +221,12 @@ ModBusRTUClient::Error ModBusRTUClientQT::translateError(QModbusDevice::Error e)
 bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
 {
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
-    const unsigned opening = m_opening;
+    const Generation::Token opening = m_opening.token();
     waitForStragglers(request);
     if (!alive)
         return false;
     m_client->setTimeout(timeoutMs);
-    if (m_client->state() != QModbusDevice::ConnectedState || opening != m_opening) {
+    if (m_client->state() != QModbusDevice::ConnectedState || !opening.isCurrent()) {
         qDebug("Device not connected.");
         return false;
     }

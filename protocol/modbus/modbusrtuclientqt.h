@@ -1,5 +1,6 @@
 #pragma once
 
+#include "generation.h"
 #include "modbusrtuclient.h"
 #include "portwatch.h"
 
@@ -61,7 +62,7 @@ private:
     std::unique_ptr<QModbusRtuSerialClient> m_client;
     /// Requests that wait, one below the other on the stack; outlives the client for their sake.
     std::shared_ptr<int> m_waiting = std::make_shared<int>(0);
-    unsigned m_opening = 0; ///< number of the present opening
-    Request m_unsettled{};  ///< a request to which late replies may come
+    Generation m_opening;
+    Request m_unsettled{}; ///< a request to which late replies may come
     QDeadlineTimer m_unsettledUntil{0};
 };

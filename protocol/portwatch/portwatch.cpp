@@ -53,7 +53,7 @@ PortWatch::PortWatch(std::function<void()> close) : m_close(std::move(close))
 
 void PortWatch::opened(const QSerialPort* port)
 {
-    ++m_opening;
+    m_opening.advance();
     m_closing = false;
     m_port = port;
     if (port && canBeChecked(*port))
@@ -62,7 +62,7 @@ void PortWatch::opened(const QSerialPort* port)
 
 void PortWatch::closed()
 {
-    ++m_opening;
+    m_opening.advance();
     m_port = nullptr;
     m_timer.stop();
 }
@@ -82,8 +82,8 @@ void PortWatch::failed()
     m_closing = true;
     QMetaObject::invokeMethod(
         &m_timer,
-        [this, opening = m_opening] {
-            if (opening == m_opening)
+        [this, opening = m_opening.token()] {
+            if (opening.isCurrent())
                 m_close();
         },
         Qt::QueuedConnection);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "generation.h"
+
 #include <QPointer>
 #include <QTimer>
 
@@ -33,6 +35,6 @@ private:
     std::function<void()> m_close;
     QPointer<const QSerialPort> m_port; ///< null: nothing is open
     QTimer m_timer;
-    unsigned m_opening = 0; ///< changes with every opened() and closed()
+    Generation m_opening;   ///< advanced by every opened() and closed()
     bool m_closing = false; ///< the close of the present opening is on its way
 };
