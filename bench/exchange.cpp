@@ -53,6 +53,7 @@ double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8
 /// Median time of a node at which no hand is, from one "Trying node" to the next in a real scan.
 double medianOfScan(const WindowDriver& tool, const QString& port)
 {
+    tool.click("pushButton_RefreshPorts"); // the first listing may still be on its way
     tool.choosePort(port);
     std::vector<double> times;
     QElapsedTimer timer;

@@ -2,6 +2,8 @@
 
 #include "bench.h"
 #include "figures.h"
+#include "runpage.h"
+#include "settingpage.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,12 +49,14 @@ bool measureCosts()
 {
     Bench bench;
     bench.tool.showPage(RunTab);
-    const double tick = medianMs([&] { bench.tool.window()->updateCurrent(); });
+    auto* runPage = bench.tool.find<RunPage>(QStringLiteral("tab_Run"));
+    const double tick = medianMs([&] { runPage->updateCurrent(); });
     bench.tool.showPage(BasicTab);
     bench.hand.forgetTrace();
-    bench.tool.window()->reloadSettingInfo();
+    auto* settingPage = bench.tool.find<SettingPage>(QStringLiteral("tab_Setting"));
+    settingPage->reloadSettingInfo();
     const auto exchanges = static_cast<double>(bench.hand.requests().size());
-    const double reload = medianMs([&] { bench.tool.window()->reloadSettingInfo(); });
+    const double reload = medianMs([&] { settingPage->reloadSettingInfo(); });
     const bool tickGood =
         report({"run tick, six currents", tick, "ms", FingerCount * TickMs, RunTickBar});
     const bool reloadGood =

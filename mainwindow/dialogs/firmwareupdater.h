@@ -4,11 +4,13 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QList>
 #include <QStringList>
 
 #include <functional>
 
 class DeviceBar;
+class QAction;
 class QWidget;
 class StatusReporter;
 class UpdateDialog;
