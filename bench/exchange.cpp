@@ -53,7 +53,6 @@ double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8
 /// Median time of a node at which no hand is, from one "Trying node" to the next in a real scan.
 double medianOfScan(const WindowDriver& tool, const QString& port)
 {
-    tool.click("pushButton_RefreshPorts"); // the first listing may still be on its way
     tool.choosePort(port);
     std::vector<double> times;
     QElapsedTimer timer;
@@ -90,6 +89,8 @@ int main(int argc, char* argv[])
     QDir::setCurrent(work.path());
     const BenchHand hand({QStringLiteral("--node"), QString::number(HandNode)});
     const WindowDriver tool({hand.portName()}, Theme::applyStored);
+    while (tool.ports()->findData(hand.portName()) < 0)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 
     const auto adapter = VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0);
     if (!adapter->connect(hand.portName().toUtf8().constData(), BaudRate)) {
