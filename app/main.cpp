@@ -5,10 +5,25 @@
 #include <QApplication>
 #include <QLocale>
 
+#include <chrono>
 #include <cstdlib>
+#include <thread>
 
 namespace
 {
+constexpr std::chrono::seconds LongestEnd{1};
+
+/// Lets the program end in the orderly way, so that text copied from it stays on the clipboard.
+/// That waits for a pending look-up of the firmware server's name, which can take many seconds;
+/// then the program ends at once.
+void endSoon(int status)
+{
+    std::thread([status] {
+        std::this_thread::sleep_for(LongestEnd);
+        std::_Exit(status);
+    }).detach();
+}
+
 int runWindow()
 {
     MainWindow window;
@@ -25,6 +40,6 @@ int main(int argc, char* argv[])
     Translation::install(QLocale::system().name());
 
     const int status = runWindow();
-    // Qt's own end waits for a look-up of the firmware server's name, which can take many seconds.
-    std::_Exit(status);
+    endSoon(status);
+    return status;
 }

@@ -15,24 +15,19 @@
 
 namespace
 {
-/// The second click of a double click on Stop does not start a new scan.
+/// A double click on Scan or Stop counts as one click: it starts a scan or ends it, not both.
 class DoubleClickGuard : public QObject
 {
 public:
-    explicit DoubleClickGuard(QPushButton* button)
-        : QObject(button), m_button(button), m_idleCaption(button->text())
+    explicit DoubleClickGuard(QPushButton* button) : QObject(button)
     {
         button->installEventFilter(this);
     }
 
     bool eventFilter(QObject*, QEvent* event) override
     {
-        return event->type() == QEvent::MouseButtonDblClick && m_button->text() == m_idleCaption;
+        return event->type() == QEvent::MouseButtonDblClick;
     }
-
-private:
-    QPushButton* m_button;
-    QString m_idleCaption;
 };
 } // namespace
 
@@ -55,8 +50,10 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     m_reporter = reporter;
     m_tabs = pages;
     m_update = update;
-    for (int i = 0; i < pages->count(); ++i)
+    for (int i = 0; i < pages->count(); ++i) {
         m_pages.append(qobject_cast<DevicePage*>(pages->widget(i)));
+        Q_ASSERT(m_pages.constLast());
+    }
     makeScan();
     forgetDevices();
 }
@@ -257,9 +254,9 @@ void DeviceBar::scan()
 {
     using Outcome = HandScan::Outcome;
     const Outcome outcome = [this] {
+        forgetDevices();
         const ControlLock lock = lockWindow(Usable::Stop);
         showScanning(true);
-        forgetDevices();
         const Outcome ended = m_scan->run(portName(), m_session->token());
         if (ended == Outcome::PortNotOpened)
             showPortNotOpened();

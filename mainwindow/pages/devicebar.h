@@ -53,7 +53,8 @@ public:
 
     /// What can be used during long work.
     enum class Usable { Nothing, Stop, TopRow };
-    /// Disables everything else in the window for as long as the result exists; `actions` too.
+    /// Disables the rest of this row, the pages, the update action and `actions` for as long as the
+    /// result exists.
     [[nodiscard]] ControlLock lockWindow(Usable usable, QList<QAction*> actions = {}) const;
 
 signals:

@@ -18,7 +18,7 @@ public:
 
     void setUp(DeviceSession* session, StatusReporter* reporter);
 
-    /// Reads everything that the page shows from the open device.
+    /// Reads everything that the page shows from the open device; only while the line is idle.
     virtual void reload() {}
     /// Empties what the page shows of a device.
     virtual void clear() {}

@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr int IntervalMs = 100;
+constexpr int ForceIntervalMs = 100;
 } // namespace
 
 ForcePage::ForcePage(QWidget* parent)
@@ -14,7 +14,7 @@ ForcePage::ForcePage(QWidget* parent)
 {
     ui->setupUi(this);
     m_timer.setObjectName(QStringLiteral("forceTimer"));
-    m_timer.setInterval(IntervalMs);
+    m_timer.setInterval(ForceIntervalMs);
     connect(&m_timer, &QTimer::timeout, this, &ForcePage::updateForce);
 }
 

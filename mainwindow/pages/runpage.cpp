@@ -11,7 +11,7 @@
 
 namespace
 {
-constexpr int IntervalMs = 100;
+constexpr int RunIntervalMs = 100;
 constexpr int PostponedMs = 20;
 } // namespace
 
@@ -27,8 +27,8 @@ RunPage::RunPage(QWidget* parent)
         speed->setText(QStringLiteral("255"));
     m_timer.setObjectName(QStringLiteral("runTimer"));
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        if (m_timer.interval() != IntervalMs)
-            m_timer.start(IntervalMs);
+        if (m_timer.interval() != RunIntervalMs)
+            m_timer.start(RunIntervalMs);
         updateCurrent();
     });
 }
@@ -46,7 +46,7 @@ void RunPage::follow(bool isCurrent)
     // Commands from an earlier visit are not sent.
     dropPending();
     if (isCurrent && session()->connected())
-        m_timer.start(IntervalMs);
+        m_timer.start(RunIntervalMs);
     else
         m_timer.stop();
 }

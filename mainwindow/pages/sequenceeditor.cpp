@@ -19,7 +19,7 @@ void SequenceEditor::remove(int row)
 void SequenceEditor::swap(int row, int other)
 {
     m_manager.swapSequenceDataItem(row, other);
-    m_table->swapSteps(row, other);
+    m_table->swapIds(row, other);
     m_table->showPositions(row, data().sequences[row].position);
     m_table->showPositions(other, data().sequences[other].position);
     m_edition.advance();

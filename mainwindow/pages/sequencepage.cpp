@@ -90,6 +90,13 @@ void SequencePage::reloadSequenceInfo()
     updateSequenceTab();
 }
 
+void SequencePage::reload()
+{
+    if (const auto target = session()->target())
+        m_player->setVantoProtocol(target->adapter, target->node);
+    reloadSequenceInfo();
+}
+
 void SequencePage::focusTable()
 {
     m_table->setFocus();
@@ -239,26 +246,20 @@ void SequencePage::on_pushButton_SeqInsert_clicked()
 
 void SequencePage::insert(const HandTarget& target, quint64 after)
 {
-    QList<int> pose;
-    {
+    const MotionUnit::Pose pose = [&] {
         const QScopedValueRollback reading(m_reading, true);
         updateSequenceTab();
-        pose = readPose(target);
-    }
+        HandCall call(target);
+        return m_editors->unit().readPoseIfPossible(call); // zeros if that fails, without a message
+    }();
     if (!target.isCurrent())
         return;
     const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
-    m_sequence->insert(row, {pose, QList<int>(FingerCount, InsertedSpeed), 0});
+    m_sequence->insert(
+        row,
+        {{pose.currents.begin(), pose.currents.end()}, QList<int>(FingerCount, InsertedSpeed), 0});
     updateSequenceTab();
     selectSoon(target, row);
-}
-
-/// Zeros if it cannot be read; that is no message.
-QList<int> SequencePage::readPose(const HandTarget& target)
-{
-    HandCall call(target);
-    const auto pose = m_editors->unit().readPoseIfPossible(call);
-    return {pose.currents.begin(), pose.currents.end()};
 }
 
 void SequencePage::selectSoon(const HandTarget& target, int row)
@@ -281,6 +282,7 @@ void SequencePage::on_pushButton_SeqDelete_clicked()
     m_sequence->remove(row);
     updateEditCell();
     updateSequenceTab();
+    playRow(m_table->currentRow(), Purpose::Edit); // the row that has become current
 }
 
 void SequencePage::moveCurrentRow(int distance)

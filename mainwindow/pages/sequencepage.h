@@ -20,7 +20,7 @@ class SequencePage;
 /// The Sequence page: edits, plays, loads and saves a motion sequence.
 ///
 /// The hand moves when a row is selected (the hand is stretched and put into that step's pose),
-/// when a slider is released, and by Run, a double click or Insert, which selects its row; by
+/// when a slider is released, and by Run, a double click, Insert and Delete, which select a row; by
 /// nothing else.
 class SequencePage : public DevicePage
 {
@@ -40,14 +40,14 @@ public:
     void enableWidgetsForSequenceTab(int group, bool enable);
     /// Shows the current row's step in the editors.
     void updateEditCell();
-    /// Shows two steps in their rows, which have been exchanged.
+    /// Exchanges two steps, in the sequence and in the table.
     void SwapSequenceRow(int row, int other);
     void tabSequence_handleSpeedEdit(unsigned char finger);
     void tabSequence_handleSliderMoved(unsigned char finger, int value);
     void tabSequence_handleSliderReleased(unsigned char finger);
     void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
-    void reload() override { reloadSequenceInfo(); }
+    void reload() override;
     void clear() override { clearSequenceInfo(); }
     void enableWidgets(bool enable) override;
     void follow(bool isCurrent) override;
@@ -94,6 +94,7 @@ private:
 
     void layOut();
     bool isPlaying() const;
+    /// Whether the page is the current one; isVisible() would also ask for the window.
     bool isShown() const { return !isHidden(); }
     /// Whether the page is still shown as it was then.
     bool isVisit(const Generation::Token& visit) const { return isShown() && visit.isCurrent(); }
@@ -101,7 +102,6 @@ private:
     void playRow(int row, Purpose purpose);
     void play(const HandTarget& target, int start, int end, Purpose purpose);
     void playEnded();
-    QList<int> readPose(const HandTarget& target);
     void insert(const HandTarget& target, quint64 after);
     void selectSoon(const HandTarget& target, int row);
     void moveCurrentRow(int distance);

@@ -4,7 +4,6 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 namespace
@@ -51,7 +50,7 @@ void StepTable::removeStep(int row)
     m_ids.removeAt(row);
 }
 
-void StepTable::swapSteps(int row, int other)
+void StepTable::swapIds(int row, int other)
 {
     m_ids.swapItemsAt(row, other);
 }
@@ -66,11 +65,14 @@ void StepTable::showPositions(int row, const QList<int>& positions)
             delete takeItem(row, column);
             continue;
         }
-        if (!item(row, column)) {
-            setItem(row, column, new MyQTableWidgetItem);
-            item(row, column)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        const QString text = QString::number(positions[index]);
+        if (item(row, column)) {
+            item(row, column)->setText(text);
+            continue;
         }
-        item(row, column)->setText(QString::number(positions[index]));
+        auto* cell = new MyQTableWidgetItem(text);
+        cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        setItem(row, column, cell);
     }
 }
 
@@ -87,27 +89,22 @@ void StepTable::clearCurrent()
     setCurrentCell(-1, -1);
 }
 
-void StepTable::focusInEvent(QFocusEvent* event)
-{
-    // Without a current cell the view would look for a first one.
-    const QScopedValueRollback taking(m_takesFocus, true);
-    QTableWidget::focusInEvent(event);
-}
-
 QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    return m_takesFocus ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
+    // Without a current cell the view would look for a first one, also when it gets the focus.
+    return currentRow() < 0 ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
 }
 
 bool StepTable::keyPressed(const QKeyEvent& event)
 {
-    const int row = currentRow();
-    // A key held since before the page came was not meant for a row, which would move the hand.
-    if (row < 0 && event.isAutoRepeat())
-        return true;
     const bool up = event.key() == Qt::Key_Up;
     if (!up && event.key() != Qt::Key_Down)
         return false;
+    const int row = currentRow();
+    // A key held since before the page was shown was not meant for a row, which would move the
+    // hand.
+    if (row < 0 && event.isAutoRepeat())
+        return true;
     const int next = up ? row - 1 : row + 1;
     if (next >= 0 && next < rowCount())
         setCurrentCell(next, 0);

@@ -12,8 +12,8 @@ public:
 };
 
 /// The steps of a sequence, a row each. Selecting a row moves the hand, so a row becomes current
-/// only when the person or the program means it: not by getting the focus, not by typing, and the
-/// changes below tell nobody when Qt makes another row current in the course of them.
+/// only when the user or the program means it: not by getting the focus, not by typing. The changes
+/// below emit no signal when Qt makes another row current in the course of them.
 class StepTable : public QTableWidget
 {
     Q_OBJECT
@@ -23,8 +23,8 @@ public:
     void setSteps(const QList<SequenceDataItem>& steps);
     void insertStep(int row, const QList<int>& positions);
     void removeStep(int row);
-    /// The rows still show what they showed.
-    void swapSteps(int row, int other);
+    /// Of two steps that have changed places; the rows still show what they showed.
+    void swapIds(int row, int other);
     /// What a step lacks is shown empty.
     void showPositions(int row, const QList<int>& positions);
     /// Makes the row current without a signal.
@@ -36,16 +36,14 @@ public:
     int rowOf(quint64 id) const { return static_cast<int>(m_ids.indexOf(id)); }
     static constexpr quint64 NoStep = 0;
 
-    /// Up and Down go from row to row. Whether the key is used up.
+    /// Up and Down go from row to row. Whether the key is consumed.
     bool keyPressed(const QKeyEvent& event);
     void keyboardSearch(const QString&) override {}
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     QList<quint64> m_ids; ///< of the rows
     quint64 m_lastId = NoStep;
-    bool m_takesFocus = false;
 };

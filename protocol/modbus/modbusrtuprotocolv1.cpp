@@ -26,7 +26,7 @@ std::uint8_t readVersion(RegisterAccess&& access, int address, std::uint8_t* maj
                          std::uint8_t* minor, std::uint16_t* revision, std::uint16_t count)
 {
     std::array<std::uint16_t, 2> words{};
-    if (!access.readAll(address, words.data(), count).good())
+    if (!access.read(address, words.data(), count).good())
         return access.result();
     store(major, words[0] >> 8U);
     store(minor, words[0] & 0xFFU);
@@ -98,9 +98,9 @@ u8 ModBusRTUProtocolV1::getCaliData(u8 node, u16* endPositions, u16* startPositi
                                     u16* thumbRootPositions, u8 thumbRootCount)
 {
     return access(node)
-        .readAll(Register::FingerUpperLimit, endPositions, fingerCount)
-        .readAll(Register::FingerLowerLimit, startPositions, fingerCount)
-        .readAll(Register::ThumbRootPreset, thumbRootPositions, thumbRootCount)
+        .output(Register::FingerUpperLimit, endPositions, fingerCount)
+        .output(Register::FingerLowerLimit, startPositions, fingerCount)
+        .output(Register::ThumbRootPreset, thumbRootPositions, thumbRootCount)
         .result();
 }
 
@@ -119,31 +119,31 @@ u8 ModBusRTUProtocolV1::getFingerPID(u8 node, u8 finger, float* p, float* i, flo
 
 u8 ModBusRTUProtocolV1::getFingerCurrentLimit(u8 node, u8 finger, u16* limit)
 {
-    return access(node).read(Register::FingerCurrentLimit + finger, limit).result();
+    return access(node).output(Register::FingerCurrentLimit + finger, limit).result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerCurrent(u8 node, u8 finger, u16* current)
 {
-    return access(node).read(Register::FingerCurrent + finger, current).result();
+    return access(node).output(Register::FingerCurrent + finger, current).result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerForceLimit(u8 node, u8 finger, u16* limit)
 {
-    return access(node).read(Register::FingerForceLimit + finger, limit).result();
+    return access(node).output(Register::FingerForceLimit + finger, limit).result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerForce(u8 node, u8 finger, u16* force, u8 count)
 {
     return access(node)
-        .readAll(Register::FingerForce + Register::ForceBlockSize * finger, force, count)
+        .output(Register::FingerForce + Register::ForceBlockSize * finger, force, count)
         .result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerPosLimit(u8 node, u8 finger, u16* lower, u16* upper)
 {
     return access(node)
-        .read(Register::FingerUpperLimit + finger, upper)
-        .read(Register::FingerLowerLimit + finger, lower)
+        .output(Register::FingerUpperLimit + finger, upper)
+        .output(Register::FingerLowerLimit + finger, lower)
         .result();
 }
 
@@ -151,29 +151,27 @@ u8 ModBusRTUProtocolV1::getFingerPosAbs(u8 node, u8 finger, u16* target, u16* cu
 {
     auto requests = access(node);
     const PositionLimits scale = limits(requests, node, finger);
-    const std::pair<int, u16*> reads[] = {{Register::FingerTargetPosition, target},
-                                          {Register::FingerPosition, current}};
-    for (const auto& [address, output] : reads) {
-        u16 logical = 0;
-        if (output && requests.read(address + finger, &logical).good())
-            *output = scale.toAbsolute(logical);
-    }
+    const auto toAbsolute = [scale](qsizetype, u16 logical) { return scale.toAbsolute(logical); };
+    if (target)
+        requests.output(Register::FingerTargetPosition + finger, target, 1, toAbsolute);
+    if (current)
+        requests.output(Register::FingerPosition + finger, current, 1, toAbsolute);
     return requests.result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerPos(u8 node, u8 finger, u16* target, u16* current)
 {
     return access(node)
-        .read(Register::FingerTargetPosition + finger, target)
-        .read(Register::FingerPosition + finger, current)
+        .output(Register::FingerTargetPosition + finger, target)
+        .output(Register::FingerPosition + finger, current)
         .result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerAngle(u8 node, u8 finger, s16* target, s16* current)
 {
     return access(node)
-        .read(Register::FingerTargetAngle + finger, target)
-        .read(Register::FingerAngle + finger, current)
+        .output(Register::FingerTargetAngle + finger, target)
+        .output(Register::FingerAngle + finger, current)
         .result();
 }
 
@@ -182,7 +180,7 @@ u8 ModBusRTUProtocolV1::getThumbRootPos(u8 node, u16* position, u8* index)
     auto requests = access(node);
     auto& presets = m_thumbRootPresets[node];
     if (presets[0] == 0)
-        requests.readAll(Register::ThumbRootPreset, presets.data(), PresetCount);
+        requests.read(Register::ThumbRootPreset, presets.data(), PresetCount);
     u16 actual = 0;
     if (!requests.read(Register::ThumbRootPosition, &actual).good())
         return requests.result();
@@ -197,46 +195,43 @@ u8 ModBusRTUProtocolV1::getFingerPosAbsAll(u8 node, u16* targets, u16* currents,
 {
     auto requests = access(node);
     const std::vector<PositionLimits> scales = allLimits(requests, node, count);
-    const std::pair<int, u16*> reads[] = {{Register::FingerTargetPosition, targets},
-                                          {Register::FingerPosition, currents}};
-    for (const auto& [address, outputs] : reads) {
-        std::vector<u16> logical(count);
-        if (!requests.readAll(address, logical.data(), count).good() || !outputs)
-            continue;
-        std::ranges::transform(scales, logical, outputs, &PositionLimits::toAbsolute);
-    }
-    return requests.result();
+    const auto toAbsolute = [&scales](qsizetype finger, u16 logical) {
+        return scales[static_cast<std::size_t>(finger)].toAbsolute(logical);
+    };
+    return requests.output(Register::FingerTargetPosition, targets, count, toAbsolute)
+        .output(Register::FingerPosition, currents, count, toAbsolute)
+        .result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerPosAll(u8 node, u16* targets, u16* currents, u8 count)
 {
     return access(node)
-        .readAll(Register::FingerTargetPosition, targets, count)
-        .readAll(Register::FingerPosition, currents, count)
+        .output(Register::FingerTargetPosition, targets, count)
+        .output(Register::FingerPosition, currents, count)
         .result();
 }
 
 u8 ModBusRTUProtocolV1::getFingerAngleAll(u8 node, s16* targets, s16* currents, u8 count)
 {
     return access(node)
-        .readAll(Register::FingerTargetAngle, targets, count)
-        .readAll(Register::FingerAngle, currents, count)
+        .output(Register::FingerTargetAngle, targets, count)
+        .output(Register::FingerAngle, currents, count)
         .result();
 }
 
 u8 ModBusRTUProtocolV1::getSelfTestLevel(u8 node, u8* level)
 {
-    return access(node).read(Register::SelfTestLevel, level).result();
+    return access(node).output(Register::SelfTestLevel, level).result();
 }
 
 u8 ModBusRTUProtocolV1::getBeepSwitch(u8 node, u8* on)
 {
-    return access(node).read(Register::BeepSwitch, on).result();
+    return access(node).output(Register::BeepSwitch, on).result();
 }
 
 u8 ModBusRTUProtocolV1::getButtonPressedCnt(u8 node, u8* count)
 {
-    return access(node).read(Register::ButtonCount, count).result();
+    return access(node).output(Register::ButtonCount, count).result();
 }
 
 u8 ModBusRTUProtocolV1::getUID(u8 /*node*/, u32* /*word0*/, u32* /*word1*/, u32* /*word2*/)
@@ -246,7 +241,7 @@ u8 ModBusRTUProtocolV1::getUID(u8 /*node*/, u32* /*word0*/, u32* /*word1*/, u32*
 
 u8 ModBusRTUProtocolV1::getBatteryVoltage(u8 node, u16* voltage)
 {
-    return access(node).read(Register::BatteryVoltage, voltage).result();
+    return access(node).output(Register::BatteryVoltage, voltage).result();
 }
 
 u8 ModBusRTUProtocolV1::getUsageStat(u8 /*node*/, u32* /*total*/, u32* /*perFinger*/, u8 /*count*/)

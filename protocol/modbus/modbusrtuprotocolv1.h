@@ -13,7 +13,8 @@ class RegisterAccess;
 
 /// The adapter for hands that speak Modbus-RTU, register map version 1. The node is the slave's
 /// address; every operation is one or more reads or writes of holding registers, of which the
-/// first failure ends it. Outputs that were read before that failure are written.
+/// first failure ends it. Outputs are written when all reads have succeeded; only getFingerPID()
+/// keeps the gains that it has read before a failure.
 ///
 /// Limits and presets that an operation converts by are read once from each node and then kept for
 /// the life of the adapter, whatever is written to the hand.

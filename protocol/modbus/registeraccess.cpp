@@ -10,6 +10,14 @@ bool RegisterAccess::good() const
     return m_result == ResultCode::Success;
 }
 
+std::uint8_t RegisterAccess::result() const
+{
+    if (good())
+        for (const auto& write : m_outputs)
+            write();
+    return m_result;
+}
+
 bool RegisterAccess::goesOn()
 {
     if (Exchange::abandoned())

@@ -4,12 +4,13 @@
 #include "modbusrtuclient.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
-/// The requests of one adapter operation, in a row. The first one that fails decides the result;
-/// those after it are not sent, and their outputs stay as they are. Outputs may be null: what was
-/// read is then dropped.
+/// The requests of one adapter operation, in a row. The first one that fails decides the result,
+/// and those after it are not sent.
 ///
 /// Keeps the client alive, so that the adapter may be disconnected in the middle.
 class RegisterAccess
@@ -20,19 +21,34 @@ public:
     {
     }
 
+    /// Reads what the operation itself needs; `values` are written at once.
     template<class T>
-    RegisterAccess& read(int address, T* value)
-    {
-        return readAll(address, value, 1);
-    }
-
-    template<class T>
-    RegisterAccess& readAll(int address, T* values, std::uint16_t count)
+    RegisterAccess& read(int address, T* values, std::uint16_t count = 1)
     {
         const QList<std::uint16_t> received = fetch(address, count);
-        for (std::uint16_t i = 0; values && good() && i < count; ++i)
+        for (std::uint16_t i = 0; good() && i < count; ++i)
             values[i] = static_cast<T>(received[i]);
         return *this;
+    }
+
+    /// Reads an output of the operation, which result() writes if all requests have succeeded. It
+    /// may be null. `convert` makes a value of its index and the register.
+    template<class T, class Convert>
+    RegisterAccess& output(int address, T* values, std::uint16_t count, Convert convert)
+    {
+        const QList<std::uint16_t> received = fetch(address, count);
+        if (values)
+            m_outputs.push_back([values, received, convert] {
+                for (qsizetype i = 0; i < received.size(); ++i)
+                    values[i] = convert(i, received[i]);
+            });
+        return *this;
+    }
+    template<class T>
+    RegisterAccess& output(int address, T* values, std::uint16_t count = 1)
+    {
+        return output(address, values, count,
+                      [](qsizetype, std::uint16_t value) { return static_cast<T>(value); });
     }
 
     RegisterAccess& write(int address, std::uint16_t value) { return writeAll(address, &value, 1); }
@@ -57,7 +73,8 @@ public:
     }
 
     bool good() const;
-    std::uint8_t result() const { return m_result; }
+    /// Writes the outputs, if all requests have succeeded.
+    std::uint8_t result() const;
 
 private:
     /// Whether the next request is to be sent.
@@ -68,6 +85,7 @@ private:
     void sendSpeeds(std::uint8_t firstFinger, const std::uint8_t* speeds, std::uint8_t count);
 
     Exchange m_onlyOne;
+    std::vector<std::function<void()>> m_outputs;
     std::shared_ptr<ModBusRTUClient> m_client;
     std::uint8_t m_node;
     std::uint8_t m_result = 0;

@@ -1,3 +1,4 @@
+#include "devicebar.h"
 #include "handtest.h"
 #include "pageindex.h"
 #include "sequencepage.h"
@@ -157,6 +158,12 @@ void TestSequence::enabling()
 
 void TestSequence::selectingPlaysForEdit()
 {
+    // The player knows the hand from its opening on.
+    const SequenceData wave{.sequences = {{{1}, {2}, 0}}};
+    QVERIFY(m_tool->window()->findChild<SequencePlayer*>()->play(wave, 0, 0, false));
+    QCOMPARE(motions(), QStringList{"4c 00010002"});
+    forget();
+    m_tool->find<SequencePage>("tab_Sequence")->updateSequenceTab();
     load(TwoSteps);
     table()->setFocus();
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, {}, /*autorep=*/true);
@@ -211,22 +218,25 @@ void TestSequence::runs()
 void TestSequence::nothingElseMoves()
 {
     load(TwoSteps);
+    m_tool->devices()->setFocus();
+    m_tool->find<DeviceBar>("deviceBar")->openCurrentDevice();
+    QVERIFY(m_tool->devices()->hasFocus());
+    forget();
     pages()->setCurrentIndex(0);
     pages()->setCurrentIndex(SequenceTab);
     QVERIFY(table()->hasFocus());
-    for (const auto key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_F2})
-        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : table(), key);
-    table()->clearFocus();
-    table()->setFocus();
+    for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp,
+                           Qt::Key_PageDown, Qt::Key_1, Qt::Key_F2, Qt::Key_Tab, Qt::Key_Backtab}) {
+        for (const bool held : {false, true}) {
+            table()->setFocus();
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, {}, held);
+            QApplication::sendEvent(table(), &press);
+            QCOMPARE(table()->hasFocus(), key != Qt::Key_Tab && key != Qt::Key_Backtab);
+        }
+    }
     for (const char* button : {"ReadFromDev", "WriteToDev", "RunOnDev", "StopOnDev", "Delete"})
         m_tool->click(QString("pushButton_Seq") + button);
     QCOMPARE(table()->currentRow(), -1);
-    load(TwoSteps);
-    select(0);
-    m_tool->click("pushButton_SeqDelete");
-    QCOMPARE(table()->rowCount(), 1);
-    QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // the row that has come up
-    QTest::qWait(50);
     QCOMPARE(frames(), QStringList());
 }
 
@@ -246,6 +256,12 @@ void TestSequence::rowsMoveAndGo()
     QTRY_COMPARE(motions().size(), 11);
     QCOMPARE(row(1), "60 10 20 30 40 50");
     QTRY_COMPARE(m_tool->field("lineEdit_SeqPos0"), "1000");
+    QTRY_VERIFY(table()->isEnabled());
+    m_hand->forgetTrace();
+    m_tool->click("pushButton_SeqDelete");
+    QTRY_COMPARE(motions().size(), 11);
+    QCOMPARE(motions()[5], "4c 000a0001"); // of the row that is current then
+    QCOMPARE(table()->rowCount(), 1);
 }
 
 void TestSequence::editors_data()
@@ -355,6 +371,11 @@ void TestSequence::shortSteps()
     QTest::keyClick(m_tool->find<QLineEdit>("lineEdit_SeqSpeed1"), Qt::Key_Return); // still none
     m_tool->click("pushButton_SeqRun");
     QCOMPARE(motions(), QStringList{"4c 00050009"});
+    load(R"({"version":1,"position_type":"position","sequences":[{"position":[5,6]},
+        {"position":[1,2,3,4,5,6]}]})");
+    select(0);
+    m_tool->click("pushButton_SeqDown");
+    QCOMPARE(row(0) + '|' + row(1), "6 1 2 3 4 5|- 5 6 - - -");
 }
 
 void TestSequence::stopEndsEverything_data()
@@ -415,7 +436,7 @@ void TestSequence::staleRequests_data()
     QTest::addColumn<int>("motions");
     QTest::addColumn<QString>("rows");
     const QString released = "6000 1000 2000 30000 4000 5000";
-    QTest::newRow("deleted") << "pushButton_SeqDelete" << 1 << released + '|';
+    QTest::newRow("deleted, the other row plays") << "pushButton_SeqDelete" << 12 << released + '|';
     QTest::newRow("page left") << "" << 1 << released + "|60 10 20 30 40 50";
     QTest::newRow("other row") << "row" << 12 << released + "|60 10 20 30 40 50";
     // What was released belongs to the step, wherever its row goes.

@@ -128,12 +128,12 @@ struct BrokenRow {
 
 constexpr BrokenRow brokenRows[] = {
     {OPERATION(getFirmwareVersion), "", "fault short", 1, "255"},
-    {OPERATION(getCaliData), "1 1", "fault refuse skip=1", 2, "16 3600"},
+    {OPERATION(getCaliData), "1 1", "fault refuse skip=1", 2, "16"},
     {OPERATION(getFingerPID), "0", "fault refuse skip=2", 3, "16 1.5 0.05"},
-    {OPERATION(getFingerPosLimit), "0", "fault refuse skip=1", 2, "16 3600"},
-    {OPERATION(getFingerAngleAll), "2", "fault drop skip=1 count=0", 3, "3 -1269,9100"},
+    {OPERATION(getFingerPosLimit), "0", "fault refuse skip=1", 2, "16"},
+    {OPERATION(getFingerAngleAll), "2", "fault drop skip=1 count=0", 3, "3"},
     {OPERATION(getFingerPosAbs), "0", "fault over-long skip=1", 2, "255"},
-    {OPERATION(getFingerPosAbsAll), "2", "fault refuse skip=5", 6, "16 400,413"},
+    {OPERATION(getFingerPosAbsAll), "2", "fault refuse skip=5", 6, "16"},
     {OPERATION(getThumbRootPos), "", "fault refuse skip=1", 2, "16"},
     {OPERATION(getNodeError), "", "fault refuse error=0x33", 1, "255"},
     {OPERATION(getNodeError), "", "fault drop count=0", 2, "255"},
