@@ -9,6 +9,9 @@
 #include <cstdlib>
 #include <thread>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::chrono::seconds LongestEnd{1};
@@ -33,7 +36,7 @@ int runWindow()
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("org.example.vantosetting"));
@@ -42,4 +45,11 @@ int main(int argc, char* argv[])
     const int status = runWindow();
     endSoon(status);
     return status;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

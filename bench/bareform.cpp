@@ -6,7 +6,10 @@
 #include <QFile>
 #include <QMainWindow>
 
-int main(int argc, char* argv[])
+namespace vanto
+{
+
+int runProgram(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QMainWindow window;
@@ -18,4 +21,11 @@ int main(int argc, char* argv[])
     application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
     window.show();
     return QApplication::exec();
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -3,6 +3,9 @@
 #include "handprocess.h"
 #include "windowdriver.h"
 
+namespace vanto
+{
+
 /// A simulated hand that has been started with these options.
 struct BenchHand : HandProcess {
     explicit BenchHand(const QStringList& options)
@@ -23,3 +26,5 @@ struct Bench {
     BenchHand hand;
     WindowDriver tool{{hand.portName()}};
 };
+
+} // namespace vanto

@@ -13,6 +13,9 @@
 
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::uint8_t HandNode = 2;
@@ -80,7 +83,7 @@ bool measured(double value, const char* what)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     silenceLog();
@@ -116,4 +119,11 @@ int main(int argc, char* argv[])
     good &= report(
         {"absent node in a scan, both protocols", scanned, "ms", TimeoutMs + modbusAbsent, Bar});
     return good ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

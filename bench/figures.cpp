@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cstdio>
 
+namespace vanto
+{
+
 void silenceLog()
 {
     // The offscreen platform warns about every window.
@@ -27,3 +30,5 @@ bool report(const Figure& figure)
     std::fflush(stdout);
     return holds;
 }
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 #include <vector>
 
+namespace vanto
+{
+
 /// Keeps Qt's lines out of the report, of this program and those that it starts. To be called
 /// before the application object is made.
 void silenceLog();
@@ -20,3 +23,5 @@ struct Figure {
 
 /// Prints the line and tells whether the bar holds.
 bool report(const Figure& figure);
+
+} // namespace vanto

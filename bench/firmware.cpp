@@ -11,6 +11,9 @@
 
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr double BaudRate = 115'200;
@@ -123,11 +126,18 @@ bool measureReading()
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     silenceLog();
     const QCoreApplication application(argc, argv);
     const bool read = measureReading();
     const bool written = measureTransfer();
     return read && written ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -18,6 +18,9 @@
 #include <cstdio>
 #include <functional>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::uint8_t HandNode = 2;
@@ -133,7 +136,7 @@ void printReference([[maybe_unused]] const char* port)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     silenceLog();
     const QCoreApplication application(argc, argv);
@@ -158,4 +161,11 @@ int main(int argc, char* argv[])
                     median(base.absent), AbsentBar});
     printReference(port.constData());
     return good ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -8,6 +8,9 @@
 #include <chrono>
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 class PaintClock : public QObject
@@ -46,3 +49,5 @@ void watchApplication()
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(watchApplication)
+
+} // namespace vanto

@@ -14,6 +14,9 @@
 #include <cstdio>
 #include <set>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int Repeats = 201;
@@ -114,7 +117,7 @@ bool clickSet()
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     silenceLog();
@@ -124,4 +127,11 @@ int main(int argc, char* argv[])
     const bool cheap = measureCosts();
     const bool fair = clickSet();
     return cheap && fair ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

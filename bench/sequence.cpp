@@ -15,6 +15,9 @@
 #include <array>
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr double MsPerNs = 1e-6;
@@ -117,7 +120,7 @@ bool measurePolls(const Line& line)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     silenceLog();
     const QCoreApplication application(argc, argv);
@@ -131,4 +134,11 @@ int main(int argc, char* argv[])
     for (const Line& line : lines)
         good &= measurePolls(line);
     return good ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -12,6 +12,9 @@
 #include <chrono>
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int Starts = 31;
@@ -40,7 +43,7 @@ double startOnce(const QString& program)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     silenceLog();
     const QCoreApplication application(argc, argv);
@@ -66,4 +69,11 @@ int main(int argc, char* argv[])
     const bool holds = report({"start to first paint, against the bare form", median(times[0]),
                                "ms", median(times[1]), Bar});
     return holds ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

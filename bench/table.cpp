@@ -15,6 +15,9 @@
 
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int Steps = 10'000;
@@ -38,7 +41,7 @@ double ms(const QElapsedTimer& timer)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     silenceLog();
@@ -70,4 +73,11 @@ int main(int argc, char* argv[])
     bool good = report({"10,000 steps from file to table", loaded, "ms", LimitMs, 1});
     good &= report({"to the end of 10,000 steps", scrolled, "ms", SmoothMs, 1});
     return good ? 0 : 1;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

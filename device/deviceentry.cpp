@@ -2,6 +2,9 @@
 
 #include <QRegularExpression>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr QLatin1String VersionMark("Protocol V");
@@ -39,3 +42,5 @@ EntryFault parseDeviceEntry(const QString& text, DeviceAddress& address)
     address.minor = static_cast<std::uint8_t>(match.captured(2).toInt());
     return EntryFault::None;
 }
+
+} // namespace vanto

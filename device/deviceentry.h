@@ -4,6 +4,9 @@
 
 #include <QString>
 
+namespace vanto
+{
+
 /// One hand in the Devices list. The entry's text is made here and read back here.
 struct DeviceEntry {
     std::uint8_t node = 0;
@@ -28,3 +31,5 @@ enum class EntryFault { None, UnknownProtocolType, UnknownProtocolVersion, Unkno
 
 /// Reads an entry's text. `address` is complete only when the result is None.
 EntryFault parseDeviceEntry(const QString& text, DeviceAddress& address);
+
+} // namespace vanto

@@ -1,5 +1,8 @@
 #include "devicesession.h"
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::uint8_t ForceProbeFinger = 1;
@@ -80,3 +83,5 @@ void DeviceSession::request(std::function<bool()> isStillWanted, RequestQueue::R
     if (const auto asked = target())
         m_queue.request(*asked, std::move(isStillWanted), std::move(action));
 }
+
+} // namespace vanto

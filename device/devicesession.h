@@ -4,6 +4,9 @@
 
 #include <optional>
 
+namespace vanto
+{
+
 /// The connection to a hand, and the entries through which everything that concerns it passes.
 ///
 /// Every exchange with a hand processes events while it waits, so a click or a timer can arrive
@@ -76,3 +79,5 @@ private:
     bool m_forceSensing = false;
     RequestQueue m_queue;
 };
+
+} // namespace vanto

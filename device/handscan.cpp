@@ -2,6 +2,9 @@
 
 #include <vector>
 
+namespace vanto
+{
+
 namespace
 {
 /// The protocols to try on every node, in this order.
@@ -57,3 +60,5 @@ void HandScan::reportIfAnswering(HandCall& call)
                                                          &entry.protocolMinor))
         emit sig_found(entry);
 }
+
+} // namespace vanto

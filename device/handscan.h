@@ -5,6 +5,9 @@
 
 #include <QObject>
 
+namespace vanto
+{
+
 /// Tries every node of a port with every protocol and reports the hands that answer.
 class HandScan : public QObject
 {
@@ -40,3 +43,5 @@ private:
     bool m_stop = false;
     PROTOCOL_TYPE m_failedProtocol{};
 };
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 #include <QSerialPort>
 #include <QSerialPortInfo>
 
+namespace vanto
+{
+
 namespace
 {
 struct PortError {
@@ -49,3 +52,5 @@ QString describePortError(const QString& portName)
         return {};
     }
 }
+
+} // namespace vanto

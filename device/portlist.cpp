@@ -3,6 +3,9 @@
 #include <QCoreApplication>
 #include <QSerialPortInfo>
 
+namespace vanto
+{
+
 namespace
 {
 QString detailsOf(const QSerialPortInfo& info)
@@ -33,3 +36,5 @@ QList<PortEntry> availablePorts()
         ports.append({path, QCoreApplication::translate("PortList", "added by VANTO_PORTS")});
     return ports;
 }
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include <QList>
 #include <QString>
 
+namespace vanto
+{
+
 /// A serial port as the Ports list shows it.
 struct PortEntry {
     QString name;        ///< what the port is opened by
@@ -16,3 +19,5 @@ struct PortEntry {
 /// paths separated by ':' for ports that the system does not list (pseudo-terminals, links under
 /// /dev/serial/by-id, links made by serial-over-network tools).
 QList<PortEntry> availablePorts();
+
+} // namespace vanto

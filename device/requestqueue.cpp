@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <array>
 
+namespace vanto
+{
+
 namespace
 {
 using Kind = RequestQueue::Kind;
@@ -155,3 +158,5 @@ void RequestQueue::drain()
         run(job);
     }
 }
+
+} // namespace vanto

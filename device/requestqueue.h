@@ -6,6 +6,9 @@
 
 #include <list>
 
+namespace vanto
+{
+
 /// What waits for its turn while a conversation with a hand is under way.
 ///
 /// Requests of the user run in the order of the clicks, for the hand that was open at the click.
@@ -74,3 +77,5 @@ private:
     int m_handling = 0; ///< jobs on the stack; a job may show dialogs between its conversations
     std::list<Job> m_waiting;
 };
+
+} // namespace vanto

@@ -9,6 +9,9 @@
 #include <array>
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::array Probe{'\x00', '\xFF', '\xAA', '\x55'};
@@ -143,3 +146,5 @@ QString BootLoaderLink::heard(quint8 byte) const
 {
     return tr("Device said: 0x%1").arg(hex(byte));
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 
 class QSerialPort;
 
+namespace vanto
+{
+
 /// Takes a percentage.
 using ProgressCallback = std::function<void(int percent)>;
 
@@ -53,3 +56,5 @@ private:
     ProgressCallback m_progress;
     UpdateLimits m_limits;
 };
+
+} // namespace vanto

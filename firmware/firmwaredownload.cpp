@@ -8,6 +8,9 @@
 
 #include <memory>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int StatusOk = 200;
@@ -113,3 +116,5 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address)
         return std::nullopt;
     return reply->readAll();
 }
+
+} // namespace vanto

@@ -10,6 +10,9 @@
 
 class QUrl;
 
+namespace vanto
+{
+
 /// Gets update files for one kind of hardware from the firmware server, over HTTP or HTTPS:
 ///
 ///   /firmwares/HARDWARE/latest_version.json   the version file
@@ -54,3 +57,5 @@ private:
     QNetworkAccessManager m_network;
     QEventLoop m_wait;
 };
+
+} // namespace vanto

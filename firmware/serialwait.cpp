@@ -5,6 +5,9 @@
 #include <QSerialPort>
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int EventSliceMs = 10; ///< longest sleep before the clock is read
@@ -29,3 +32,5 @@ bool waitForSerialPortReadyRead(QSerialPort& port, int milliseconds)
     }
     return port.bytesAvailable() > 0;
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes; hands have a thousandth of that
@@ -172,3 +175,5 @@ QByteArrayView updateRecordAt(QByteArrayView image, qsizetype offset)
     const qsizetype length = static_cast<quint8>(rest[0]) * 0x100 + static_cast<quint8>(rest[1]);
     return rest.first(std::min(rest.size(), LengthFieldSize + length));
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <functional>
 #include <optional>
 
+namespace vanto
+{
+
 // Update file (".upd"), text:
 //
 //   HW:1B,01          optional header: hardware type, hardware version
@@ -49,3 +52,5 @@ UpdateFile loadUpdateFile(const QString& path, const LogCallback& log = {});
 /// The record that starts at `offset` of the image, its length field included; of one that the
 /// image ends within, the bytes that there are.
 QByteArrayView updateRecordAt(QByteArrayView image, qsizetype offset);
+
+} // namespace vanto

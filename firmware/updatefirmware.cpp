@@ -4,6 +4,9 @@
 
 #include <QCoreApplication>
 
+namespace vanto
+{
+
 namespace
 {
 bool openPort(QSerialPort& port, QSerialPort::BaudRate baudRate)
@@ -42,3 +45,5 @@ QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString
         failure = bootLoader.transfer(file.image);
     return failure;
 }
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 
 #include <QSerialPort>
 
+namespace vanto
+{
+
 /// Writes the firmware of an update file into the hand whose boot loader listens on the port, and
 /// returns why that failed, or nothing.
 ///
@@ -12,3 +15,5 @@
 /// The function keeps nothing between calls, and the port is closed when it returns.
 QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
                        LogCallback log, ProgressCallback progress, UpdateLimits limits = {});
+
+} // namespace vanto

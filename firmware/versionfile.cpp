@@ -5,6 +5,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 QMap<QString, FirmwareRelease> readVersionFile(const QByteArray& content)
 {
     QMap<QString, FirmwareRelease> releases;
@@ -27,3 +30,5 @@ bool isPlainFileName(const QString& name)
     return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
            std::none_of(name.begin(), name.end(), leadsAway);
 }
+
+} // namespace vanto

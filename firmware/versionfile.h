@@ -4,6 +4,9 @@
 #include <QMap>
 #include <QString>
 
+namespace vanto
+{
+
 // Version file ("latest_version.json"), which says what a firmware server has for one kind of
 // hardware:
 //
@@ -26,3 +29,5 @@ QMap<QString, FirmwareRelease> readVersionFile(const QByteArray& content);
 
 /// Whether a text names a file of the folder that it is put into, and nothing elsewhere.
 bool isPlainFileName(const QString& name);
+
+} // namespace vanto

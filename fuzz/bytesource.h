@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <span>
 
+namespace vanto
+{
+
 /// Takes an input apart from front to back; behind its end there are zeros.
 class ByteSource
 {
@@ -30,3 +33,5 @@ public:
 private:
     std::span<const std::uint8_t> m_rest;
 };
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include "bytesource.h"
 #include "fuzz.h"
 
+namespace vanto
+{
+
 namespace
 {
 /// The text of an entry is read back as what it was made from.
@@ -38,3 +41,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
           "a version that is not in the text");
     return 0;
 }
+
+} // namespace vanto

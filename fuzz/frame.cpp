@@ -5,6 +5,9 @@
 #include <numeric>
 #include <utility>
 
+namespace vanto
+{
+
 // Input: the mode of the link, then for every exchange
 //   | call | way of arrival | length | bytes that arrive | null outputs | node | arguments |
 
@@ -119,3 +122,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
           "an output that has not been received");
     return 0;
 }
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include "bytesource.h"
 #include "fuzz.h"
 
+namespace vanto
+{
+
 // Input: after how many bytes each there is silence (0: never), then the bytes.
 
 namespace
@@ -45,3 +48,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     }
     return 0;
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace vanto
+{
+
 /// Tries one input; called again and again in the same process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -16,3 +19,5 @@ inline void check(bool holds, const char* finding)
     std::fprintf(stderr, "Finding: %s\n", finding);
     std::abort();
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 #include <tuple>
 #include <type_traits>
 
+namespace vanto
+{
+
 CallArguments::CallArguments(ByteSource& source, u8 fill)
     : m_source(source),
       m_fill(fill),
@@ -219,3 +222,5 @@ std::span<const HandCall> handCalls()
 {
     return Calls;
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <memory>
 #include <vector>
 
+namespace vanto
+{
+
 /// The arguments of one call. Outputs are buffers of their exact size, full of `fill`, so that a
 /// write beside them is noticed and a write into them can be told.
 class CallArguments
@@ -49,3 +52,5 @@ using HandCall = u32 (*)(HAND_Context*, CallArguments&);
 
 /// One for every command.
 std::span<const HandCall> handCalls();
+
+} // namespace vanto

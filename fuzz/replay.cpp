@@ -5,6 +5,9 @@
 
 #include <vector>
 
+namespace vanto
+{
+
 // usage: replay_TARGET FOLDER...
 // Tries every file of the folders once. A finding ends the process; the name above it is its file.
 
@@ -27,7 +30,7 @@ bool replay(const QString& path)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     int replayed = 0;
     for (int i = 1; i < argc; ++i) {
@@ -39,4 +42,11 @@ int main(int argc, char* argv[])
     }
     std::printf("%d inputs\n", replayed);
     return replayed > 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

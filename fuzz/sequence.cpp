@@ -6,6 +6,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 namespace
 {
 bool inRange(const SequenceData& data)
@@ -41,3 +44,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     check(second.toJSON() == text, "another text after saving, loading and saving");
     return 0;
 }
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 
 #include <vector>
 
+namespace vanto
+{
+
 namespace
 {
 void walkRecords(QByteArrayView image)
@@ -40,3 +43,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     check(texts == file.image.size() + (file.hardware ? 1 : 0), "a log of other than every byte");
     return 0;
 }
+
+} // namespace vanto

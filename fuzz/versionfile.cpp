@@ -6,6 +6,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace vanto
+{
+
 namespace
 {
 QByteArray written(const QMap<QString, FirmwareRelease>& releases)
@@ -40,3 +43,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     checkName(QString::fromUtf8(content));
     return 0;
 }
+
+} // namespace vanto

@@ -12,6 +12,9 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 
+namespace vanto
+{
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
 {
@@ -142,3 +145,5 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
         return true;
     return QMainWindow::eventFilter(watched, event);
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 
 #include <memory>
 
+namespace vanto
+{
+
 class CalibrationProcedure;
 class DeviceSession;
 class FirmwareUpdater;
@@ -61,3 +64,5 @@ private:
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;
 };
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+namespace vanto
+{
+
 namespace
 {
 /// The name may end in more than the file's does: of "de_AT" the file for "de" is found.
@@ -30,3 +33,5 @@ bool Translation::install(const QString& locale)
                 locale);
     return true;
 }
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 class QString;
 
+namespace vanto
+{
+
 /// Texts in another language than English.
 namespace Translation
 {
@@ -9,3 +12,5 @@ namespace Translation
 /// come before the window is built. False, and nothing is installed, when the program has none.
 bool install(const QString& locale);
 } // namespace Translation
+
+} // namespace vanto

@@ -1,5 +1,8 @@
 #include "conversation.h"
 
+namespace vanto
+{
+
 namespace
 {
 int s_depth = 0;
@@ -57,3 +60,5 @@ bool Exchange::abandoned()
 {
     return s_abandoned;
 }
+
+} // namespace vanto

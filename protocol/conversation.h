@@ -2,6 +2,9 @@
 
 #include <QObject>
 
+namespace vanto
+{
+
 /// A stretch of one slot in which exchanges with a hand may happen.
 ///
 /// Everything runs on the user-interface thread and every exchange processes events while it waits,
@@ -52,3 +55,5 @@ public:
     static void abandon();
     static bool abandoned();
 };
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include <array>
 #include <cstddef>
 
+namespace vanto
+{
+
 /// The hand's fingers; all per-finger arrays are in this order.
 enum Finger : unsigned char { Thumb, Index, Middle, Third, Little, ThumbRoot };
 
@@ -10,3 +13,5 @@ inline constexpr std::size_t FingerCount = 6;
 
 template<class T>
 using PerFinger = std::array<T, FingerCount>;
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include <cstdint>
 #include <memory>
 
+namespace vanto
+{
+
 /// Numbers the states of something that others refer to later: whoever keeps a token of a state can
 /// see whether it has passed. Tokens may outlive their generation; then all of them are stale.
 class Generation
@@ -35,3 +38,5 @@ public:
 private:
     std::shared_ptr<std::uint64_t> m_now = std::make_shared<std::uint64_t>(0);
 };
+
+} // namespace vanto

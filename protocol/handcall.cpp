@@ -1,5 +1,8 @@
 #include "handcall.h"
 
+namespace vanto
+{
+
 bool HandCall::accept(std::string_view operation, std::uint8_t result)
 {
     if (!isCurrent())
@@ -14,3 +17,5 @@ bool HandCall::accept(std::string_view operation, std::uint8_t result)
         m_report->reportFailure(m_target, operation, result, error);
     return false;
 }
+
+} // namespace vanto

@@ -7,6 +7,9 @@
 #include <functional>
 #include <string_view>
 
+namespace vanto
+{
+
 /// A hand as it was when something was asked of it.
 struct HandTarget {
     std::shared_ptr<VantoProtocol> adapter;
@@ -100,3 +103,5 @@ private:
     HandTarget m_target;
     CallReport* m_report = nullptr;
 };
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 namespace
 {
 template<class Value, auto Set, auto Get, auto GetAll, int Window>
@@ -77,3 +80,5 @@ const MotionUnit& MotionUnit::angle()
         unit;
     return unit;
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 
 #include <optional>
 
+namespace vanto
+{
+
 /// In what fingers are moved: logical positions (0..65535) or angles (hundredths of a degree). Both
 /// are used alike; values are plain integers here and cut to the 16 bits of the unit when they are
 /// sent. There are two objects, so a reference says which unit is meant.
@@ -40,3 +43,5 @@ public:
 protected:
     MotionUnit() = default;
 };
+
+} // namespace vanto

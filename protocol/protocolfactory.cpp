@@ -4,6 +4,9 @@
 
 #include <atomic>
 
+namespace vanto
+{
+
 std::mutex VantoProtocol::_mutex;
 
 namespace
@@ -36,3 +39,5 @@ VantoProtocol::getProtocolInstance(PROTOCOL_TYPE type, unsigned char major, unsi
         return filled<SerialProtocolV3>(serialCtrlSlot, _mutex);
     return {};
 }
+
+} // namespace vanto

@@ -1,7 +1,12 @@
 #include "replylimits.h"
 
+namespace vanto
+{
+
 ReplyLimits& ReplyLimits::current()
 {
     static ReplyLimits limits;
     return limits;
 }
+
+} // namespace vanto

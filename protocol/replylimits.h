@@ -1,5 +1,8 @@
 #pragma once
 
+namespace vanto
+{
+
 /// How long a hand is given for its reply, in milliseconds. Set-up for tests: on a busy machine a
 /// simulated hand may not get a processor for longer than the limits of a real one.
 struct ReplyLimits {
@@ -17,3 +20,5 @@ struct ReplyLimits {
                 factor * modbusWrite};
     }
 };
+
+} // namespace vanto

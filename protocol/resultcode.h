@@ -2,6 +2,9 @@
 
 #include <cstdint>
 
+namespace vanto
+{
+
 /// Result codes that mean the same for every adapter. All other non-zero codes are failures whose
 /// numbering belongs to the adapter that returned them.
 namespace ResultCode
@@ -9,3 +12,5 @@ namespace ResultCode
 inline constexpr std::uint8_t Success = 0;
 inline constexpr std::uint8_t Timeout = 3;
 } // namespace ResultCode
+
+} // namespace vanto

@@ -1,3 +1,8 @@
 #include "vantoprotocol.h"
 
+namespace vanto
+{
+
 VantoProtocol::~VantoProtocol() = default;
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <memory>
 #include <mutex>
 
+namespace vanto
+{
+
 /// Numbers of the device protocols, as they appear in messages to the user.
 enum PROTOCOL_TYPE : std::uint8_t {
     PROTOCOL_TYPE_MODBUS_RTU = 1,
@@ -142,3 +145,5 @@ public:
 private:
     static std::mutex _mutex; ///< guards the first filling of the factory's slots
 };
+
+} // namespace vanto

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr QLatin1StringView VersionKey{"version"};
@@ -96,3 +99,5 @@ bool SequenceData::fromJSON(const QByteArray& bytes)
     *this = {FormatVersion, type, steps};
     return true;
 }
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include <QList>
 #include <QString>
 
+namespace vanto
+{
+
 /// One step of a motion sequence. Lists are indexed by finger; a list that is too short leaves out
 /// the fingers at its end, entries beyond the sixth are kept but have no meaning.
 struct SequenceDataItem {
@@ -48,3 +51,5 @@ public:
     QString position_type = POS_TYPE_POSITION;
     QList<SequenceDataItem> sequences;
 };
+
+} // namespace vanto

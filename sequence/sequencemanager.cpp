@@ -4,6 +4,9 @@
 
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 bool openFile(QFile& file, QIODevice::OpenMode mode)
@@ -59,3 +62,5 @@ bool SequenceManager::saveSequenceData(QFile& file) const
     file.close();
     return true;
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 
 class QFile;
 
+namespace vanto
+{
+
 /// Owns the sequence that is being edited. Indices are those of steps that exist; a wrong one is a
 /// mistake of the caller and not looked for.
 class SequenceManager : public QObject
@@ -35,3 +38,5 @@ public:
 private:
     SequenceData m_data;
 };
+
+} // namespace vanto

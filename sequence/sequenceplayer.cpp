@@ -10,6 +10,9 @@
 #include <cstdlib>
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int PollIntervalMs = 10;
@@ -18,12 +21,13 @@ constexpr int StretchedFingers = 5; ///< by the preparation pose: all but the th
 constexpr int StretchedPosition = 0;
 constexpr int FullSpeed = 255;
 
-constexpr PerFinger<const char*> FingerNames{QT_TRANSLATE_NOOP("SequencePlayer", "Thumb"),
-                                             QT_TRANSLATE_NOOP("SequencePlayer", "Index"),
-                                             QT_TRANSLATE_NOOP("SequencePlayer", "Middle"),
-                                             QT_TRANSLATE_NOOP("SequencePlayer", "Third"),
-                                             QT_TRANSLATE_NOOP("SequencePlayer", "Little"),
-                                             QT_TRANSLATE_NOOP("SequencePlayer", "Thumb root")};
+constexpr PerFinger<const char*> FingerNames{
+    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Thumb"),
+    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Index"),
+    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Middle"),
+    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Third"),
+    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Little"),
+    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Thumb root")};
 
 qint64 nowMs()
 {
@@ -211,3 +215,5 @@ QString SequencePlayer::_getErrorMsg(const QString& functionName, quint8 node, q
     return tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
         .arg(functionName, hex(node), hex(result), hex(subError));
 }
+
+} // namespace vanto

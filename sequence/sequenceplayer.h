@@ -8,6 +8,9 @@
 
 #include <memory>
 
+namespace vanto
+{
+
 class MotionUnit;
 
 /// Plays a sequence on one hand: sends a step, polls until all fingers have arrived and the step's
@@ -85,3 +88,5 @@ private:
     bool m_playForEdit = false;
     bool m_preparing = false;
 };
+
+} // namespace vanto

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -230,4 +230,4 @@ void BootLoader::startApplicationAnyway()
     startApplication();
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -7,7 +7,7 @@
 
 #include <chrono>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 struct BootOptions {
@@ -67,7 +67,7 @@ public:
     void startApplicationAnyway();
 
 signals:
-    void received(const simulator::ReceivedFrame& request);
+    void received(const vanto::simulator::ReceivedFrame& request);
 
 private:
     void enter(Hand& hand);
@@ -95,4 +95,4 @@ private:
     BootStatistics m_statistics;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 enum class BootStage { Probe, Hardware, Record };
@@ -28,4 +28,4 @@ inline QByteArray bootProbe()
     return QByteArrayLiteral("\x00\xFF\xAA\x55");
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -247,4 +247,4 @@ void Bus::forgetReplies()
     m_bootLoader.lineLost();
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 struct Node {
@@ -72,4 +72,4 @@ private:
     std::unique_ptr<QObject> m_delayedReplies; // context of their timers
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

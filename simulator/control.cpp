@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -229,4 +229,4 @@ Hand* Control::findNode(const QString& word)
     return id ? m_bus.find(static_cast<quint8>(*id)) : nullptr;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -2,7 +2,7 @@
 
 #include "bus.h"
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // Carries out the commands a user or a test gives to the simulation, one per line.
@@ -45,4 +45,4 @@ private:
     Line& m_line;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

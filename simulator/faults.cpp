@@ -6,7 +6,7 @@
 #include <array>
 #include <iterator>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -335,4 +335,4 @@ QString faultHelp()
     return names.join(QLatin1Char(' '));
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

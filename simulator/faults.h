@@ -12,7 +12,7 @@
 #include <list>
 #include <optional>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 struct FaultKind;
@@ -71,4 +71,4 @@ private:
 // One line per fault for the user.
 QString faultHelp();
 
-} // namespace simulator
+} // namespace vanto::simulator

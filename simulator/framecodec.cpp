@@ -4,7 +4,7 @@
 #include <array>
 #include <numeric>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -65,4 +65,4 @@ Frame decode(QByteArrayView bytes)
             unsignedAt(bytes, CommandAt), bytes.sliced(PayloadAt).chopped(1).toByteArray()};
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

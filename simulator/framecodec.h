@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // SerialCtrl frame: 55 AA, destination, source, command, length N, N payload bytes, checksum.
@@ -27,4 +27,4 @@ std::optional<qsizetype> serialCtrlRequestLength(QByteArrayView start);
 // Of a whole frame; its checksum is not looked at.
 Frame decode(QByteArrayView bytes);
 
-} // namespace simulator
+} // namespace vanto::simulator

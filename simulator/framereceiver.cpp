@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -97,4 +97,4 @@ ReceivedFrame FrameReceiver::takeProbe()
     return received;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -9,7 +9,7 @@
 #include <optional>
 #include <variant>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 struct ReceivedFrame {
@@ -47,4 +47,4 @@ private:
     Moment m_lastByte;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

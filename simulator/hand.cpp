@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -171,4 +171,4 @@ Scale Hand::scale(Unit unit, std::size_t finger) const
     return {};
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -5,7 +5,7 @@
 #include <array>
 #include <optional>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 constexpr std::size_t fingerCount = 6;
@@ -119,4 +119,4 @@ private:
     int m_measuredShift = 24; // raw units by which the next calibration differs
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

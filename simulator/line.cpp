@@ -1,6 +1,6 @@
 #include "line.h"
 
-namespace simulator
+namespace vanto::simulator
 {
 
 Line::Line(quint32 baud, const QString& linkPath, QObject* parent)
@@ -31,4 +31,4 @@ void Line::unplug()
     emit unplugged();
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -4,7 +4,7 @@
 #include "pseudoterminal.h"
 #include "wire.h"
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // The cable between tool and hand: pseudo-terminal, lasting name and the bytes on it.
@@ -33,4 +33,4 @@ private:
     Wire m_wire;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

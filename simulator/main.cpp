@@ -10,6 +10,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int usageStatus = 2;
@@ -70,7 +73,7 @@ int serve(const simulator::Options& options)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     keepStandardStreams();
     std::signal(SIGPIPE, SIG_IGN);
@@ -86,4 +89,11 @@ int main(int argc, char* argv[])
         return 0;
     }
     return serve(std::get<simulator::Options>(parsed));
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

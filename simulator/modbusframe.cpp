@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -73,4 +73,4 @@ std::optional<quint16> firstRegister(const ModbusFrame& request)
     return static_cast<quint16>(unsignedAt(request.data, 0) * 0x100 + unsignedAt(request.data, 1));
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

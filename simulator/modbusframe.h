@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // Modbus RTU frame: node, function, data, CRC-16 (low byte first) of all before it. There is no
@@ -41,4 +41,4 @@ ModbusFrame decodeModbus(QByteArrayView bytes);
 // Nothing if the request names none.
 std::optional<quint16> firstRegister(const ModbusFrame& request);
 
-} // namespace simulator
+} // namespace vanto::simulator

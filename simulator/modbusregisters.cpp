@@ -6,7 +6,7 @@
 #include <cmath>
 #include <iterator>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -283,4 +283,4 @@ ModbusFrame modbusRefusal(Hand& hand, const ModbusFrame& request, quint8 error)
             QByteArray(1, code)};
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -3,7 +3,7 @@
 #include "hand.h"
 #include "modbusframe.h"
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // Lets the hand carry out one Modbus request. What is refused comes back as an exception.
@@ -12,4 +12,4 @@ ModbusFrame modbusAnswer(Hand& hand, const ModbusFrame& request, Moment now);
 // The exception that refuses the request; the hand's error register tells the reason.
 ModbusFrame modbusRefusal(Hand& hand, const ModbusFrame& request, quint8 error);
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -2,10 +2,10 @@
 
 #include <chrono>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 using Clock = std::chrono::steady_clock;
 using Moment = Clock::time_point;
 
-} // namespace simulator
+} // namespace vanto::simulator

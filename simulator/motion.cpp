@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -83,4 +83,4 @@ void FingerMotion::rebase(Moment now)
     m_since = now;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

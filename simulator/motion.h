@@ -4,7 +4,7 @@
 
 #include <QtGlobal>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // A linear scale over the logical positions 0..65535 of a finger.
@@ -46,4 +46,4 @@ private:
     bool m_stopped = false;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

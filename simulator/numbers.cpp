@@ -1,6 +1,6 @@
 #include "numbers.h"
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -31,4 +31,4 @@ std::optional<qint64> parseHex(const QString& text, qint64 min, qint64 max)
     return parse(text, hexadecimal, min, max);
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

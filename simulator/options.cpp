@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -234,4 +234,4 @@ std::variant<Options, OptionError, OptionText> parseOptions(const QStringList& a
     return options;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -4,7 +4,7 @@
 
 #include <variant>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 struct Options {
@@ -32,4 +32,4 @@ struct OptionText {
 
 std::variant<Options, OptionError, OptionText> parseOptions(const QStringList& arguments);
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -9,7 +9,7 @@
 
 #include <unistd.h>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 QString PortLink::pointTo(const QString& device)
@@ -42,4 +42,4 @@ void PortLink::remove()
     m_device.clear();
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

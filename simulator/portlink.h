@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // A symbolic link with a lasting name for a device whose own name changes from run to run.
@@ -23,4 +23,4 @@ private:
     QString m_device;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

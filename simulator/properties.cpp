@@ -7,7 +7,7 @@
 #include <iterator>
 #include <variant>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -255,4 +255,4 @@ QStringList fingerPropertyNames()
     return names(true);
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

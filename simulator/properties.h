@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // One value of a hand that can be read and set by name. `words` are NAME [FINGER] [VALUE].
@@ -16,4 +16,4 @@ QString writeProperty(Hand& hand, const QStringList& words, Moment now);
 QStringList handPropertyNames();
 QStringList fingerPropertyNames();
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // Boot is no protocol that a hand is given: all of them have a boot loader.
@@ -40,4 +40,4 @@ inline std::optional<Protocol> protocolNamed(const QString& name)
     return std::nullopt;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -17,7 +17,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -175,4 +175,4 @@ void PseudoTerminal::tidyAfterUser()
     m_used = false;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

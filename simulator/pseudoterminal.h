@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // A pseudo-terminal whose far side is opened by the tool as its serial port. An own descriptor of
@@ -44,4 +44,4 @@ private:
     std::unique_ptr<QSocketNotifier> m_usersChanged;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -4,7 +4,7 @@
 #include <bit>
 #include <iterator>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -404,4 +404,4 @@ Answer serialCtrlAnswer(Hand& hand, quint8 command, QByteArrayView payload, Mome
     return entry->carryOut(call);
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

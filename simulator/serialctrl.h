@@ -4,7 +4,7 @@
 
 #include <QByteArray>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // What a hand answers: a payload on success, else a sub error. Numbers are little-endian.
@@ -22,4 +22,4 @@ struct Answer {
 // Lets the hand carry out one SerialCtrl command.
 Answer serialCtrlAnswer(Hand& hand, quint8 command, QByteArrayView payload, Moment now);
 
-} // namespace simulator
+} // namespace vanto::simulator

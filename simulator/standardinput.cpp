@@ -6,6 +6,9 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::size_t readChunk = 4096;
@@ -68,3 +71,5 @@ TerminationWatch::~TerminationWatch()
     m_readable.setEnabled(false);
     ::close(m_descriptor);
 }
+
+} // namespace vanto

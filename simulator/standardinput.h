@@ -4,6 +4,9 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+namespace vanto
+{
+
 // Lines of standard input as signals, without blocking.
 class StandardInput : public QObject
 {
@@ -40,3 +43,5 @@ private:
     int m_descriptor;
     QSocketNotifier m_readable;
 };
+
+} // namespace vanto

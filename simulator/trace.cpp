@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 QString Trace::open(const QString& path)
@@ -51,4 +51,4 @@ QString faultMark(const QString& fault)
     return QStringLiteral("!fault=") + fault;
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QStringList>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // Writes one line per frame: milliseconds since the start, direction as the hand sees it,
@@ -33,4 +33,4 @@ private:
 
 QString faultMark(const QString& fault);
 
-} // namespace simulator
+} // namespace vanto::simulator

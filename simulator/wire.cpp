@@ -7,7 +7,7 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
-namespace simulator
+namespace vanto::simulator
 {
 namespace
 {
@@ -176,4 +176,4 @@ void Wire::armTimer(Moment now)
     ::timerfd_settime(m_timer, 0, &setting, nullptr);
 }
 
-} // namespace simulator
+} // namespace vanto::simulator

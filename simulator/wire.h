@@ -10,7 +10,7 @@
 #include <functional>
 #include <memory>
 
-namespace simulator
+namespace vanto::simulator
 {
 
 // Carries bytes over a descriptor in both directions: at once, or no faster than a serial wire.
@@ -37,7 +37,7 @@ signals:
     void aboutToRead();
     void written();
     // `began` is when the first of the bytes started on the wire.
-    void received(const QByteArray& bytes, simulator::Moment began);
+    void received(const QByteArray& bytes, vanto::simulator::Moment began);
 
 private:
     struct Incoming {
@@ -71,4 +71,4 @@ private:
     Moment m_outgoingFree;
 };
 
-} // namespace simulator
+} // namespace vanto::simulator

@@ -19,6 +19,9 @@
 #include <functional>
 #include <map>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int LongestWaitMs = 1500; ///< until the end comes
@@ -140,3 +143,5 @@ int Ending::campaign(int count, quint32 seed, const QString& protocol, const QSt
                 qPrintable(protocol), seed, count, midway, longest, bad);
     return 2 * midway < count ? bad + 1 : bad;
 }
+
+} // namespace vanto

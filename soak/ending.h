@@ -2,6 +2,9 @@
 
 #include <QString>
 
+namespace vanto
+{
+
 /// Ends the program at random moments of long operations, each in a process of its own.
 namespace Ending
 {
@@ -10,3 +13,5 @@ int campaign(int count, quint32 seed, const QString& protocol, const QString& pa
 /// One of them, in the present process: its exit status.
 int perform(const QString& operation, int afterMs, const QString& protocol);
 } // namespace Ending
+
+} // namespace vanto

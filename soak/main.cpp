@@ -14,6 +14,9 @@
 #include <algorithm>
 #include <cstdio>
 
+namespace vanto
+{
+
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool Sanitized = true;
 #else
@@ -51,7 +54,7 @@ int useAtRandom(int seconds, quint32 seed, const QString& protocol, int patience
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -100,4 +103,11 @@ int main(int argc, char* argv[])
         return Ending::perform(parser.value(endDuring), parser.value(after).toInt(), kind);
     }
     return useAtRandom(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind, factor);
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -20,6 +20,9 @@
 
 #include <numeric>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int LongestPauseMs = 120;
@@ -381,3 +384,5 @@ void Monkey::pullCable()
             connectAgain();
     });
 }
+
+} // namespace vanto

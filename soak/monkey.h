@@ -10,6 +10,10 @@
 #include <map>
 
 class QDialog;
+
+namespace vanto
+{
+
 class Watch;
 
 /// Does at random what people do to the window, and to the cable. The same seed gives the same
@@ -85,3 +89,5 @@ private:
     int m_actions = 0;
     std::map<QString, int> m_counts;
 };
+
+} // namespace vanto

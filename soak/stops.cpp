@@ -14,6 +14,9 @@
 
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int Steps = 1000;
@@ -72,3 +75,5 @@ int Stops::campaign(int count, quint32 seed, const QString& protocol)
                 qPrintable(protocol), seed, count, before, bad);
     return bad + (before < count ? 1 : 0);
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <cstdio>
 #include <ctime>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int BeatMs = 20;
@@ -117,3 +120,5 @@ void Watch::find(const QString& what)
     std::fprintf(stderr, "FINDING: %s\n", qPrintable(what));
     m_findings.append(what);
 }
+
+} // namespace vanto

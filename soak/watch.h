@@ -5,6 +5,9 @@
 #include <QStringList>
 #include <QTimer>
 
+namespace vanto
+{
+
 class HandProcess;
 
 /// What must hold whatever the monkey does: no warning of Qt, no event loop that stands still, no
@@ -47,3 +50,5 @@ private:
     int m_exchanges = 0;
     QStringList m_findings;
 };
+
+} // namespace vanto

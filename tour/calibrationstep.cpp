@@ -6,6 +6,9 @@
 #include <QPushButton>
 #include <QSpinBox>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int FirstPlace = 1500; ///< of the thumb root, absolute
@@ -84,3 +87,5 @@ QString calibration(Stage& stage)
     expectNear(stage, "lineEdit_BasicThumbRootPos2", LastPlace);
     return QStringLiteral("thumb's start %1 -> %2").arg(before, after);
 }
+
+} // namespace vanto

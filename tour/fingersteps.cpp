@@ -3,6 +3,9 @@
 #include <QComboBox>
 #include <QSlider>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int AngleMode = 1;
@@ -57,3 +60,5 @@ QString settingPage(Stage& stage)
     stage.showPage(BasicTab);
     return QStringLiteral("gain P of the thumb is 2.50");
 }
+
+} // namespace vanto

@@ -19,6 +19,9 @@
 
 #include <unistd.h>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr unsigned LimitSeconds = 120; ///< for one theme
@@ -138,7 +141,7 @@ int tour(const QString& theme, const QDir& folder, TourManner manner)
 }
 } // namespace
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     choosePlatform(argc, argv);
     std::signal(SIGALRM, endLateTour);
@@ -163,4 +166,11 @@ int main(int argc, char* argv[])
     }
     std::printf("pictures in %s\n", qPrintable(options.output.path()));
     return 0;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -6,6 +6,9 @@
 #include <QPushButton>
 #include <QTableWidget>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int StepsPlayed = 3; ///< from the end
@@ -46,3 +49,5 @@ QString sequencePage(Stage& stage)
     stage.showPage(BasicTab);
     return QStringLiteral("%1 of %2 steps played").arg(StepsPlayed).arg(table->rowCount());
 }
+
+} // namespace vanto

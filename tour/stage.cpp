@@ -10,6 +10,9 @@
 
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int AwaitMs = 20000;
@@ -148,3 +151,5 @@ DialogWatch::Answer withFile(Stage& stage, const QString& name)
         stage.takePicture(QStringLiteral("-file"), &dialog);
     };
 }
+
+} // namespace vanto

@@ -7,6 +7,9 @@
 #include <deque>
 #include <span>
 
+namespace vanto
+{
+
 class Stage;
 
 /// One stop of the tour. `run` drives the window, complains to the stage of what is wrong and
@@ -73,3 +76,5 @@ private:
 
 /// Answers a file dialog with this file and takes a picture of it.
 DialogWatch::Answer withFile(Stage& stage, const QString& name);
+
+} // namespace vanto

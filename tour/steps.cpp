@@ -17,6 +17,9 @@
 #include <array>
 #include <functional>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int FingerCount = 6;
@@ -319,3 +322,5 @@ QStringList tourHandOptions(bool modbus)
         options += {QStringLiteral("--node"), QLatin1String(node)};
     return options;
 }
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 
+namespace vanto
+{
+
 namespace
 {
 const QString UpdateFile = QStringLiteral(VANTO_EXAMPLES "/sample.upd");
@@ -79,3 +82,5 @@ QString firmwareUpdate(Stage& stage)
                  QStringLiteral("0"));
     return QStringLiteral("%1 steps up to 100 %").arg(percentages.size());
 }
+
+} // namespace vanto

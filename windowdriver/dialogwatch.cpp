@@ -7,6 +7,9 @@
 
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int LookMs = 5;
@@ -39,3 +42,5 @@ void chooseFile(QDialog& dialog, const QString& name)
             chooseFile(dialog, name);
     });
 }
+
+} // namespace vanto

@@ -8,6 +8,9 @@
 
 class QDialog;
 
+namespace vanto
+{
+
 /// Answers the modal dialogs of the window, each as soon as it is shown. The timer goes on in the
 /// event loops of the dialogs.
 class DialogWatch : public QObject
@@ -27,3 +30,5 @@ private:
 
 /// Types the name of a file in a file dialog and accepts it soon after the caller has returned.
 void chooseFile(QDialog& dialog, const QString& name);
+
+} // namespace vanto

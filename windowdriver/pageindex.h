@@ -1,4 +1,9 @@
 #pragma once
 
+namespace vanto
+{
+
 /// The pages of the window's tab widget, in their order.
 enum PageIndex { BasicTab, SettingTab, RunTab, ForceTab, SequenceTab };
+
+} // namespace vanto

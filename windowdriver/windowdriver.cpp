@@ -10,6 +10,9 @@
 #include <QStatusBar>
 #include <QTabWidget>
 
+namespace vanto
+{
+
 WindowDriver::WindowDriver(const QStringList& ports, void (*beforeShown)())
 {
     qputenv("VANTO_PORTS", ports.join(QLatin1Char(':')).toUtf8());
@@ -90,3 +93,5 @@ void WindowDriver::openHand(const QString& port) const
     choosePort(port);
     scan();
 }
+
+} // namespace vanto

@@ -9,6 +9,9 @@
 #include <functional>
 #include <memory>
 
+namespace vanto
+{
+
 /// The real window, driven by its widgets as a user drives it.
 class WindowDriver
 {
@@ -49,3 +52,5 @@ public:
 private:
     std::unique_ptr<MainWindow> m_window;
 };
+
+} // namespace vanto

@@ -8,6 +8,9 @@
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
+namespace vanto
+{
+
 CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
                                      quint16 singleStep, std::function<void(int)> moved)
     : QDialog(parent), ui(std::make_unique<Ui::CalibratingDialog>()), m_moved(std::move(moved))
@@ -53,3 +56,5 @@ void CalibratingDialog::on_spinBox_ThumbRootPos_valueChanged(int value)
     Q_ASSERT(m_moved);
     m_moved(value);
 }
+
+} // namespace vanto

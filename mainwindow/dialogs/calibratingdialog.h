@@ -5,6 +5,9 @@
 #include <functional>
 #include <memory>
 
+namespace vanto
+{
+
 namespace Ui
 {
 class CalibratingDialog;
@@ -35,3 +38,5 @@ private:
     std::function<void(int)> m_moved;
     bool m_ending = false; ///< the box gives its value away on the way, with the dialog half hidden
 };
+
+} // namespace vanto

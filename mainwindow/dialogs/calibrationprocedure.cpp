@@ -16,6 +16,9 @@
 #include <optional>
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 /// Result or sub error of a hand that is in the calibrating state already.
@@ -208,3 +211,5 @@ bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uin
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return true;
 }
+
+} // namespace vanto

@@ -4,8 +4,12 @@
 
 #include <QCoreApplication>
 
-class DeviceBar;
 class QWidget;
+
+namespace vanto
+{
+
+class DeviceBar;
 class StatusReporter;
 
 /// Walks the person through the calibration of the hand. The hand measures and stores by itself;
@@ -40,3 +44,5 @@ private:
     StatusReporter* m_reporter;
     const DeviceBar* m_deviceBar;
 };
+
+} // namespace vanto

@@ -14,6 +14,9 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr QLatin1String LocalSource("local");
@@ -217,3 +220,5 @@ void FirmwareUpdater::tellFailure(const QString& text)
 {
     showBox(m_window, QMessageBox::Critical, text);
 }
+
+} // namespace vanto

@@ -9,9 +9,13 @@
 
 #include <functional>
 
-class DeviceBar;
 class QAction;
 class QWidget;
+
+namespace vanto
+{
+
+class DeviceBar;
 class StatusReporter;
 class UpdateDialog;
 
@@ -71,3 +75,5 @@ private:
     QString m_logText; ///< last text of the log
     QElapsedTimer m_sinceEvents;
 };
+
+} // namespace vanto

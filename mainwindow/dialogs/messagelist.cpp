@@ -13,6 +13,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr QLatin1String ListName("messageList");
@@ -52,3 +55,5 @@ void MessageList::show(const MessageLog* log, QWidget* window)
     dialog->resize(window->size() * 2 / 3);
     dialog->show();
 }
+
+} // namespace vanto

@@ -10,6 +10,9 @@
 
 #include <cstdio>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr QLatin1String StyleKey("style");
@@ -62,3 +65,5 @@ void Theme::choose(QWidget* parent)
     settings.setValue(StyleKey, name);
     apply(name);
 }
+
+} // namespace vanto

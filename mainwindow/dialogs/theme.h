@@ -4,6 +4,9 @@
 
 class QWidget;
 
+namespace vanto
+{
+
 /// The colour theme: a style sheet among the program's resources, its name kept in setting.ini
 /// in the working directory.
 namespace Theme
@@ -15,3 +18,5 @@ void applyStored();
 /// Lets the user choose a theme, stores it and applies it.
 void choose(QWidget* parent);
 } // namespace Theme
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 
 #include <chrono>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int DonePercent = 100;
@@ -54,3 +57,5 @@ void UpdateDialog::closeEvent(QCloseEvent* event)
 {
     event->ignore();
 }
+
+} // namespace vanto

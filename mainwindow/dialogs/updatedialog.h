@@ -2,6 +2,9 @@
 
 #include <QProgressDialog>
 
+namespace vanto
+{
+
 /// Shows how far a firmware update has come. Only the update itself takes it away again: closing
 /// it or pressing Escape would not stop the transfer.
 class UpdateDialog : public QProgressDialog
@@ -23,3 +26,5 @@ protected:
 private:
     bool m_transferBegun = false;
 };
+
+} // namespace vanto

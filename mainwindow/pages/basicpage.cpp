@@ -11,6 +11,9 @@
 #include <QMessageBox>
 #include <QScopeGuard>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int MinNewId = 2;
@@ -310,3 +313,5 @@ void BasicPage::requestRecalibration(RequestQueue::Request action)
         },
         std::move(action));
 }
+
+} // namespace vanto

@@ -3,8 +3,12 @@
 #include "devicepage.h"
 #include "fingers.h"
 
-class DeviceBar;
 class QLineEdit;
+
+namespace vanto
+{
+
+class DeviceBar;
 namespace Ui
 {
 class BasicPage;
@@ -67,3 +71,5 @@ private:
     bool m_enabled = false;
     bool m_reloading = false;
 };
+
+} // namespace vanto

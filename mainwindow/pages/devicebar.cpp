@@ -13,6 +13,9 @@
 #include <QSignalBlocker>
 #include <QTabWidget>
 
+namespace vanto
+{
+
 namespace
 {
 /// A double click on Scan or Stop counts as one click: it starts a scan or ends it, not both.
@@ -298,3 +301,5 @@ void DeviceBar::showCritical(const QString& text)
 {
     QMessageBox::critical(window(), Program::title(), text);
 }
+
+} // namespace vanto

@@ -9,10 +9,14 @@
 
 #include <future>
 
-class DevicePage;
-class HandScan;
 class QProgressBar;
 class QTabWidget;
+
+namespace vanto
+{
+
+class DevicePage;
+class HandScan;
 class StatusReporter;
 namespace Ui
 {
@@ -90,3 +94,5 @@ private:
     bool m_portsListed = false;
     std::future<void> m_portListing; ///< ends before the object does
 };
+
+} // namespace vanto

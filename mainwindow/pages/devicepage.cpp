@@ -1,5 +1,8 @@
 #include "devicepage.h"
 
+namespace vanto
+{
+
 void DevicePage::setUp(DeviceSession* session, StatusReporter* reporter)
 {
     m_session = session;
@@ -10,3 +13,5 @@ void DevicePage::request(const QWidget* control, RequestQueue::Request action)
 {
     m_session->request([control] { return control->isEnabled(); }, std::move(action));
 }
+
+} // namespace vanto

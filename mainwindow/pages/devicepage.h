@@ -4,6 +4,9 @@
 
 #include <QWidget>
 
+namespace vanto
+{
+
 class StatusReporter;
 
 /// A page about the open device.
@@ -43,3 +46,5 @@ private:
     DeviceSession* m_session = nullptr;
     StatusReporter* m_reporter = nullptr;
 };
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 #include <QString>
 #include <QWidget>
 
+namespace vanto
+{
+
 /// The widgets of a row, one per finger: those named `prefix`0 to `prefix`5.
 template<class Widget>
 PerFinger<Widget*> fingerWidgets(const QWidget* page, const char* prefix)
@@ -16,3 +19,5 @@ PerFinger<Widget*> fingerWidgets(const QWidget* page, const char* prefix)
     }
     return widgets;
 }
+
+} // namespace vanto

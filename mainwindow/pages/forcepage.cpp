@@ -4,6 +4,9 @@
 
 #include <QDebug>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int ForceIntervalMs = 100;
@@ -38,3 +41,5 @@ void ForcePage::updateForce()
 {
     qDebug() << "MainWindow::updateForce()"; // what readers of the log search for
 }
+
+} // namespace vanto

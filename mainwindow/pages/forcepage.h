@@ -4,6 +4,9 @@
 
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace Ui
 {
 class ForcePage;
@@ -27,3 +30,5 @@ private:
     std::unique_ptr<Ui::ForcePage> ui;
     QTimer m_timer;
 };
+
+} // namespace vanto

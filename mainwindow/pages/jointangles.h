@@ -4,6 +4,9 @@
 
 #include <cstdint>
 
+namespace vanto
+{
+
 // Ranges of the joints in hundredths of a degree. The first joint of a row is the one that the
 // sliders in angle mode move.
 
@@ -27,3 +30,5 @@ inline constexpr JointAngles Max_Joint_Angle{{
     {17733, 16938, 14610, 17173},
     {9200, 9200, 9200, 9200},
 }};
+
+} // namespace vanto

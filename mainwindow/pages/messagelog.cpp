@@ -1,5 +1,8 @@
 #include "messagelog.h"
 
+namespace vanto
+{
+
 void MessageLog::add(Kind kind, const QString& text)
 {
     if (m_lines.size() == Capacity)
@@ -8,3 +11,5 @@ void MessageLog::add(Kind kind, const QString& text)
                    QLatin1String(kind == Kind::Error ? " ! " : "   ") + text);
     emit sig_added(m_lines.constLast());
 }
+
+} // namespace vanto

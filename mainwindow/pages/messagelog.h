@@ -4,6 +4,9 @@
 #include <QStringList>
 #include <QTime>
 
+namespace vanto
+{
+
 /// The latest messages of the status bar, which shows each for two seconds only.
 class MessageLog : public QObject
 {
@@ -24,3 +27,5 @@ signals:
 private:
     QStringList m_lines;
 };
+
+} // namespace vanto

@@ -9,6 +9,9 @@
 
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int RunIntervalMs = 100;
@@ -239,3 +242,5 @@ void RunPage::readCurrent(HandCall& call, std::uint8_t finger)
     if (call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
         m_currents[finger]->setText(QString::number(current));
 }
+
+} // namespace vanto

@@ -11,6 +11,10 @@
 
 class QLineEdit;
 class QSlider;
+
+namespace vanto
+{
+
 namespace Ui
 {
 class RunPage;
@@ -87,3 +91,5 @@ private:
     QSemaphore m_pendingCount;      ///< counts what is pending
     std::size_t m_firstCurrent = 0; ///< finger whose current the next tick reads first
 };
+
+} // namespace vanto

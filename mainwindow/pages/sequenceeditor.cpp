@@ -2,6 +2,9 @@
 
 #include "steptable.h"
 
+namespace vanto
+{
+
 void SequenceEditor::insert(int row, const SequenceDataItem& step)
 {
     m_manager.insertSequenceDataItem(row, step);
@@ -52,3 +55,5 @@ bool SequenceEditor::load(QFile& file)
     m_edition.advance();
     return true;
 }
+
+} // namespace vanto

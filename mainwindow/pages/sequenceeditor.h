@@ -5,6 +5,9 @@
 
 #include <functional>
 
+namespace vanto
+{
+
 class StepTable;
 
 /// Changes the sequence and then shows the change in the table of its steps; nothing else changes
@@ -39,3 +42,5 @@ private:
     SequenceManager m_manager{nullptr};
     Generation m_edition;
 };
+
+} // namespace vanto

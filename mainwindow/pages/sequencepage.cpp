@@ -16,6 +16,9 @@
 #include <QScopedValueRollback>
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int InsertedSpeed = 255;
@@ -108,14 +111,6 @@ void SequencePage::clearSequenceInfo()
     m_visit.advance(); // nothing that was selected before is
     m_shown = StepTable::NoStep;
     m_editors->clear();
-}
-
-void SequencePage::enableWidgets(bool enable)
-{
-    if (enable)
-        updateSequenceTab();
-    else
-        enableWidgetsForSequenceTab(Everything, false);
 }
 
 void SequencePage::enableWidgetsForSequenceTab(int group, bool enable)
@@ -400,3 +395,5 @@ void SequencePage::save()
     QFile file(dialog.selectedFiles().constFirst());
     m_sequence->save(file);
 }
+
+} // namespace vanto

@@ -8,8 +8,12 @@
 #include <memory>
 #include <optional>
 
-class FocusKeeper;
 class QKeyEvent;
+
+namespace vanto
+{
+
+class FocusKeeper;
 class SequenceEditor;
 class StepTable;
 namespace Ui
@@ -49,7 +53,10 @@ public:
 
     void reload() override;
     void clear() override { clearSequenceInfo(); }
-    void enableWidgets(bool enable) override;
+    void enableWidgets(bool enable) override
+    {
+        enable ? updateSequenceTab() : enableWidgetsForSequenceTab(Everything, false);
+    }
     void follow(bool isCurrent) override;
 
     void focusTable();
@@ -124,3 +131,5 @@ private:
     bool m_reading = false;  ///< the pose for a new step, in the unit that the box shows
     std::unique_ptr<FocusKeeper> m_focus;
 };
+
+} // namespace vanto

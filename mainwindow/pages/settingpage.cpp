@@ -11,6 +11,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 SettingPage::SettingPage(QWidget* parent)
     : DevicePage(parent), ui(std::make_unique<Ui::SettingPage>())
 {
@@ -182,3 +185,5 @@ void SettingPage::readForceLimit(HandCall& call, std::uint8_t finger)
     if (call.perform<&VantoProtocol::getFingerForceLimit>(finger, &limit))
         m_forceLimits[finger]->setText(QString::number(limit));
 }
+
+} // namespace vanto

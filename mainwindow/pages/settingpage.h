@@ -6,6 +6,10 @@
 
 class QLineEdit;
 class QPushButton;
+
+namespace vanto
+{
+
 namespace Ui
 {
 class SettingPage;
@@ -63,3 +67,5 @@ private:
     std::array<PerFinger<QPushButton*>, QuantityCount> m_readButtons;
     std::array<PerFinger<QPushButton*>, QuantityCount> m_writeButtons;
 };
+
+} // namespace vanto

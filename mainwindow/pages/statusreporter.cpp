@@ -7,6 +7,9 @@
 #include <QStatusBar>
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int ShownMs = 2000;
@@ -79,3 +82,5 @@ QString StatusReporter::hex(unsigned number)
 {
     return QStringLiteral("%1").arg(number, 2, 16, QLatin1Char('0'));
 }
+
+} // namespace vanto

@@ -5,9 +5,13 @@
 #include <QColor>
 #include <QObject>
 
+class QStatusBar;
+
+namespace vanto
+{
+
 class ElidedLabel;
 class MessageLog;
-class QStatusBar;
 
 /// The only maker of status texts. Ordinary texts go to the status bar; errors go to a label of
 /// their own beside them, in red. Both vanish after two seconds.
@@ -62,3 +66,5 @@ private:
     ElidedLabel* m_errorLabel;
     MessageLog* m_log;
 };
+
+} // namespace vanto

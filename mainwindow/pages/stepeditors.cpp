@@ -11,6 +11,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int MaxDelayMs = 65535;
@@ -114,3 +117,5 @@ std::optional<std::uint8_t> StepEditors::typedSpeed() const
         return std::nullopt;
     return static_cast<std::uint8_t>(field - m_speeds.begin());
 }
+
+} // namespace vanto

@@ -11,6 +11,9 @@ class QLineEdit;
 class QSlider;
 class QWidget;
 
+namespace vanto
+{
+
 /// The fields and sliders that show one step of the sequence.
 class StepEditors
 {
@@ -49,3 +52,5 @@ private:
     PerFinger<QLineEdit*> m_positions;
     PerFinger<QLineEdit*> m_speeds;
 };
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
+namespace vanto
+{
+
 namespace
 {
 /// By finger: the thumb root stands first, as it does on the hand.
@@ -110,3 +113,5 @@ bool StepTable::keyPressed(const QKeyEvent& event)
         setCurrentCell(next, 0);
     return true;
 }
+
+} // namespace vanto

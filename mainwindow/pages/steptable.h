@@ -4,6 +4,9 @@
 
 #include <QTableWidget>
 
+namespace vanto
+{
+
 class MyQTableWidgetItem : public QTableWidgetItem
 {
 public:
@@ -47,3 +50,5 @@ private:
     QList<quint64> m_ids; ///< of the rows
     quint64 m_lastId = NoStep;
 };
+
+} // namespace vanto

@@ -10,6 +10,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int PositionItem = 0;
@@ -46,3 +49,5 @@ int UnitDisplay::value(const MotionUnit& unit, const QString& text)
 {
     return unit.isPosition() ? int{NumberText::toWord(text)} : int{NumberText::toAngle(text)};
 }
+
+} // namespace vanto

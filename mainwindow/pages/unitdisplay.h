@@ -9,6 +9,9 @@ class QComboBox;
 class QLabel;
 class QSlider;
 
+namespace vanto
+{
+
 /// How positions, in ticks, and angles, in degrees, are shown and typed.
 namespace UnitDisplay
 {
@@ -21,3 +24,5 @@ QString text(const MotionUnit& unit, int value);
 /// A value from what was typed.
 int value(const MotionUnit& unit, const QString& text);
 } // namespace UnitDisplay
+
+} // namespace vanto

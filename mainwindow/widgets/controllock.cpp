@@ -1,5 +1,8 @@
 #include "controllock.h"
 
+namespace vanto
+{
+
 ControlLock::ControlLock(QWidget* window, const QList<QWidget*>& widgets,
                          const QList<QAction*>& actions)
     : m_focus(window)
@@ -26,3 +29,5 @@ ControlLock::~ControlLock()
     for (QAction* action : m_actions)
         action->setEnabled(true);
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 #include <QAction>
 #include <QList>
 
+namespace vanto
+{
+
 /// Disables controls for as long as it exists. Afterwards each is as it was before, and the
 /// keyboard focus is where it was.
 class ControlLock
@@ -20,3 +23,5 @@ private:
     QList<QWidget*> m_widgets; ///< that were enabled
     QList<QAction*> m_actions;
 };
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include <QPainter>
 #include <QStyle>
 
+namespace vanto
+{
+
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -35,3 +38,5 @@ void ElidedLabel::paintEvent(QPaintEvent*)
     painter.setPen(palette().color(foregroundRole()));
     painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeft, shown);
 }
+
+} // namespace vanto

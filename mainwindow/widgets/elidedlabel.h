@@ -2,6 +2,9 @@
 
 #include <QLabel>
 
+namespace vanto
+{
+
 /// One line of text that is shortened with an ellipsis where there is no room for it. text()
 /// stays whole and is also the tool tip. The label never widens its window.
 class ElidedLabel : public QLabel
@@ -17,3 +20,5 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 };
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 
+namespace vanto
+{
+
 EqualWidthGroup::EqualWidthGroup(QList<QWidget*> widgets)
     : QObject(widgets.constFirst()), m_widgets(std::move(widgets))
 {
@@ -36,3 +39,5 @@ void EqualWidthGroup::align()
     for (QWidget* widget : m_widgets)
         widget->setMinimumWidth(m_widest);
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 
 class QWidget;
 
+namespace vanto
+{
+
 /// Keeps controls of one kind equally wide, also when font or theme change.
 class EqualWidthGroup : public QObject
 {
@@ -22,3 +25,5 @@ private:
     /// scan, must not make the others narrow, nor the row jump.
     int m_widest = 0;
 };
+
+} // namespace vanto

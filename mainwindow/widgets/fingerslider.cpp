@@ -4,6 +4,9 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+namespace vanto
+{
+
 FingerSlider::FingerSlider(QWidget* parent) : QSlider(parent)
 {
     connect(this, &QSlider::actionTriggered, this, [this](int action) {
@@ -31,3 +34,5 @@ void FingerSlider::changeEvent(QEvent* event)
     const QSignalBlocker noRelease(event->type() == QEvent::EnabledChange ? this : nullptr);
     QSlider::changeEvent(event);
 }
+
+} // namespace vanto

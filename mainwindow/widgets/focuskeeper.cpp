@@ -1,5 +1,8 @@
 #include "focuskeeper.h"
 
+namespace vanto
+{
+
 FocusKeeper::FocusKeeper(QWidget* window, const QWidget* region)
     : m_window(window), m_region(region), m_owner(window->focusWidget()), m_movedTo(m_owner)
 {
@@ -13,3 +16,5 @@ FocusKeeper::~FocusKeeper()
     if (m_owner && m_owner->isEnabled() && m_owner->isVisible() && leftAlone)
         m_owner->setFocus();
 }
+
+} // namespace vanto

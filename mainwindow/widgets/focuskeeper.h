@@ -3,6 +3,9 @@
 #include <QPointer>
 #include <QWidget>
 
+namespace vanto
+{
+
 /// Gives the keyboard focus back to a control that lost it by being disabled for a while, so that
 /// the next key press does not land on another control. Nothing is done when the person has moved
 /// the focus meanwhile.
@@ -25,3 +28,5 @@ private:
     QPointer<QWidget> m_owner;
     QPointer<QWidget> m_movedTo;
 };
+
+} // namespace vanto

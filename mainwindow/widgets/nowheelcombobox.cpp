@@ -5,6 +5,9 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+namespace vanto
+{
+
 NoWheelComboBox::NoWheelComboBox(QWidget* parent) : QComboBox(parent) {}
 
 bool NoWheelComboBox::event(QEvent* event)
@@ -36,3 +39,5 @@ void NoWheelComboBox::wheelEvent(QWheelEvent* event)
 {
     event->ignore();
 }
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 #include <QComboBox>
 
+namespace vanto
+{
+
 /// A box whose choice opens a device or changes a unit: a turn of the wheel over it is left to the
 /// page, and a text that is too long ends in an ellipsis and is whole in the tool tip.
 class NoWheelComboBox : public QComboBox
@@ -15,3 +18,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
+
+} // namespace vanto

@@ -1,5 +1,8 @@
 #include "numberfield.h"
 
+namespace vanto
+{
+
 namespace
 {
 constexpr QLatin1String LongestValue("-327.68");
@@ -19,3 +22,5 @@ QSize NumberField::sizeHint() const
                      DefaultWidthInX * metrics.horizontalAdvance(QLatin1Char('x'));
     return hint;
 }
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 #include <QLineEdit>
 
+namespace vanto
+{
+
 /// A field for one number: right-aligned and just wide enough for the longest value of any
 /// quantity, whatever font and style are in force.
 class NumberField : public QLineEdit
@@ -13,3 +16,5 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 };
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <limits>
 
+namespace vanto
+{
+
 namespace
 {
 float realOf(QString text)
@@ -47,3 +50,5 @@ QString NumberText::fromAngle(std::int16_t hundredths)
 {
     return fromReal(hundredths / 100.0);
 }
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 
 #include <cstdint>
 
+namespace vanto
+{
+
 /// Numbers as fields show and take them, in the C locale; of a typed number the decimal sign may
 /// also be a comma. Every text can be typed; what is not a number, or is one beyond 32 bits, counts
 /// as 0.
@@ -24,3 +27,5 @@ QString fromReal(double value);
 /// Hundredths of a degree as degrees with two decimals.
 QString fromAngle(std::int16_t hundredths);
 } // namespace NumberText
+
+} // namespace vanto

@@ -3,6 +3,9 @@
 #include <QCoreApplication>
 #include <QString>
 
+namespace vanto
+{
+
 namespace Program
 {
 inline constexpr const char* Version = "V0.0-103-9fa94a8";
@@ -13,3 +16,5 @@ inline QString title()
     return QCoreApplication::translate("Program", "VantoSetting");
 }
 } // namespace Program
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 #include <cstdint>
 
+namespace vanto
+{
+
 /// Addresses of the hand's holding registers. Those named after a finger are the first of six, one
 /// for each finger; unless said otherwise a register holds one whole number of 16 bits.
 namespace Register
@@ -46,3 +49,5 @@ enum Address : std::uint16_t {
 inline constexpr int ForceBlockSize = 25;
 inline constexpr std::uint16_t Start = 1; ///< what StartInit is written with
 } // namespace Register
+
+} // namespace vanto

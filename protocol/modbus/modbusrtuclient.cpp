@@ -4,6 +4,9 @@
 
 #include <string_view>
 
+namespace vanto
+{
+
 ModBusRTUClient::~ModBusRTUClient() = default;
 
 std::shared_ptr<ModBusRTUClient> ModBusRTUClient::create(const char* name)
@@ -12,3 +15,5 @@ std::shared_ptr<ModBusRTUClient> ModBusRTUClient::create(const char* name)
         return {};
     return std::make_shared<ModBusRTUClientQT>();
 }
+
+} // namespace vanto

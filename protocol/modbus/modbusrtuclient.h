@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <memory>
 
+namespace vanto
+{
+
 /// The master of a Modbus RTU line: reads and writes blocks of holding registers of one slave.
 ///
 /// Every request blocks until the reply has come or the request has failed, while events are
@@ -44,3 +47,5 @@ public:
     /// like every other name it yields an empty pointer.
     static std::shared_ptr<ModBusRTUClient> create(const char* name);
 };
+
+} // namespace vanto

@@ -17,6 +17,9 @@
 #include <algorithm>
 #include <utility>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int Retries = 1;
@@ -264,3 +267,5 @@ void ModBusRTUClientQT::handleError(QModbusDevice::Error error)
     if (lineFailed)
         m_watch.failed();
 }
+
+} // namespace vanto

@@ -11,6 +11,9 @@
 
 class QModbusReply;
 
+namespace vanto
+{
+
 /// ModBusRTUClient over QModbusRtuSerialClient: 8 data bits, no parity, one stop bit.
 ///
 /// A client whose port has lost its far end disconnects itself, see PortWatch; requests then fail
@@ -66,3 +69,5 @@ private:
     Request m_unsettled{}; ///< a request to which late replies may come
     QDeadlineTimer m_unsettledUntil{0};
 };
+
+} // namespace vanto

@@ -8,6 +8,9 @@
 #include <cstdlib>
 #include <vector>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int PresetWindow = 1024; ///< to either side of a preset
@@ -404,3 +407,5 @@ std::vector<PositionLimits> ModBusRTUProtocolV1::allLimits(RegisterAccess& reque
         all.push_back(limits(requests, node, finger));
     return all;
 }
+
+} // namespace vanto

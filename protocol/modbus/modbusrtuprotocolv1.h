@@ -9,6 +9,9 @@
 #include <array>
 #include <vector>
 
+namespace vanto
+{
+
 class RegisterAccess;
 
 /// The adapter for hands that speak Modbus-RTU, register map version 1. The node is the slave's
@@ -60,3 +63,5 @@ private:
     PerNode<u16, FingerCount> m_upperLimits{};      ///< 0: not known
     PerNode<u16, PresetCount> m_thumbRootPresets{}; ///< the first being 0: not known
 };
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 #include <QModbusPdu>
 #include <QTime>
 
+namespace vanto
+{
+
 namespace
 {
 Q_LOGGING_CATEGORY(traceLog, "vanto.modbus", QtWarningMsg)
@@ -51,3 +54,5 @@ void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data
         data.isEmpty() ? QByteArray() : frameOf(slave, function | exception, data);
     qCDebug(traceLog).noquote() << now() << "rx" << frame.toHex(' ') << "error" << error;
 }
+
+} // namespace vanto

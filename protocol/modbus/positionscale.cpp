@@ -4,6 +4,9 @@
 #include <cmath>
 #include <limits>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::uint16_t FullRange = 65535;
@@ -51,3 +54,5 @@ float gainFromRegister(std::uint16_t value)
 {
     return static_cast<float>(static_cast<float>(value) / GainScale);
 }
+
+} // namespace vanto

@@ -2,6 +2,9 @@
 
 #include <cstdint>
 
+namespace vanto
+{
+
 /// Conversions between what the operations take and what the registers hold.
 
 /// Raw positions at which a finger's logical positions 0 and 65535 lie. A lower limit of 0 means
@@ -21,3 +24,5 @@ std::uint16_t speedToRegister(std::uint8_t speed);
 /// Gains in hundredths, truncated, of which the register takes the low 16 bits.
 std::uint16_t gainToRegister(float gain);
 float gainFromRegister(std::uint16_t value);
+
+} // namespace vanto

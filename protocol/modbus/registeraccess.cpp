@@ -5,6 +5,9 @@
 #include "positionscale.h"
 #include "resultcode.h"
 
+namespace vanto
+{
+
 bool RegisterAccess::good() const
 {
     return m_result == ResultCode::Success;
@@ -52,3 +55,5 @@ void RegisterAccess::sendSpeeds(std::uint8_t firstFinger, const std::uint8_t* sp
     std::transform(speeds, speeds + count, scaled.begin(), speedToRegister);
     send(Register::FingerSpeed + firstFinger, scaled);
 }
+
+} // namespace vanto

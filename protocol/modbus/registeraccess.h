@@ -9,6 +9,9 @@
 #include <utility>
 #include <vector>
 
+namespace vanto
+{
+
 /// The requests of one adapter operation, in a row. The first one that fails decides the result,
 /// and those after it are not sent.
 ///
@@ -90,3 +93,5 @@ private:
     std::uint8_t m_node;
     std::uint8_t m_result = 0;
 };
+
+} // namespace vanto

@@ -12,6 +12,9 @@
 #include <algorithm>
 #endif
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int CheckMs = 200;
@@ -88,3 +91,5 @@ void PortWatch::failed()
         },
         Qt::QueuedConnection);
 }
+
+} // namespace vanto

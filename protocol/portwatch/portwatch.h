@@ -9,6 +9,9 @@
 
 class QSerialPort;
 
+namespace vanto
+{
+
 /// Closes a serial port whose far end has gone.
 ///
 /// Qt does not do it: depending on its version such a port reports the same read error hundreds of
@@ -38,3 +41,5 @@ private:
     Generation m_opening;   ///< advanced by every opened() and closed()
     bool m_closing = false; ///< the close of the present opening is on its way
 };
+
+} // namespace vanto

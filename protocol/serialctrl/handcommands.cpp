@@ -3,6 +3,9 @@
 #include "fingers.h"
 #include "payload.h"
 
+namespace vanto
+{
+
 namespace
 {
 enum Command : u8 {
@@ -455,3 +458,5 @@ u32 HAND_StartInit(HAND_Context* c, u8 node, u8* subError)
 {
     return write({c, node, subError}, StartInit);
 }
+
+} // namespace vanto

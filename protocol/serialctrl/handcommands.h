@@ -2,6 +2,9 @@
 
 #include "vantoserialapi.h"
 
+namespace vanto
+{
+
 // VantoSerialAPI, command set: one function per command of the hand. Each sends one request and
 // waits for its reply with the context's time-out. Outputs are written only when the result is
 // HAND_SUCCESS; null outputs are passed over. `node` HAND_ANY_NODE accepts a reply from any node.
@@ -84,3 +87,5 @@ u32 HAND_SetBeepSwitch(HAND_Context*, u8 node, u8 on, u8* subError);
 u32 HAND_Beep(HAND_Context*, u8 node, u16 duration, u8* subError);
 u32 HAND_SetButtonPressedCnt(HAND_Context*, u8 node, u8 count, u8* subError);
 u32 HAND_StartInit(HAND_Context*, u8 node, u8* subError);
+
+} // namespace vanto

@@ -8,6 +8,9 @@
 #include <span>
 #include <type_traits>
 
+namespace vanto
+{
+
 // Packing of request payloads and unpacking of reply payloads; both little-endian.
 
 /// A number as it stands on the wire: integers of 1, 2 or 4 bytes and single-precision floats.
@@ -93,3 +96,5 @@ public:
 private:
     std::span<const std::uint8_t> m_bytes;
 };
+
+} // namespace vanto

@@ -8,6 +8,9 @@
 #include <string>
 #include <string_view>
 
+namespace vanto
+{
+
 namespace
 {
 std::mutex s_portsMutex;
@@ -33,3 +36,5 @@ std::shared_ptr<SerialPort> SerialPort::get(const char* type, const char* name)
         return {};
     return _ports.emplace(name, std::make_shared<SerialPortQT>()).first->second;
 }
+
+} // namespace vanto

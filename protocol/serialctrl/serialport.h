@@ -3,6 +3,9 @@
 #include <cstdint>
 #include <memory>
 
+namespace vanto
+{
+
 /// A byte stream over a serial line. No operation waits: `read` and `write` do what can be done
 /// at once and return the number of bytes, which may be short, or a negative number on error.
 class SerialPort
@@ -28,3 +31,5 @@ public:
     /// call from any thread.
     static std::shared_ptr<SerialPort> get(const char* type, const char* name);
 };
+
+} // namespace vanto

@@ -1,5 +1,8 @@
 #include "serialportqt.h"
 
+namespace vanto
+{
+
 namespace
 {
 constexpr std::int64_t Failed = -1;
@@ -65,3 +68,5 @@ void SerialPortQT::handleError(QSerialPort::SerialPortError error)
     if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError)
         m_watch.failed();
 }
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 
 #include <QSerialPort>
 
+namespace vanto
+{
+
 /// SerialPort over QSerialPort: 8 data bits, no parity, one stop bit, no flow control.
 ///
 /// A port whose far end has gone closes itself, see PortWatch; operations on it then fail at once
@@ -28,3 +31,5 @@ private:
     QSerialPort m_port;
     PortWatch m_watch{[this] { close(); }};
 };
+
+} // namespace vanto

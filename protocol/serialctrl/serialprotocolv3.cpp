@@ -9,6 +9,9 @@
 #include <QLoggingCategory>
 #include <QTime>
 
+namespace vanto
+{
+
 namespace
 {
 /// Each frame with time, direction and, for a reply, the result.
@@ -327,3 +330,5 @@ u8 SerialProtocolV3::startInit(u8 node)
 {
     return exchange(HAND_StartInit, node);
 }
+
+} // namespace vanto

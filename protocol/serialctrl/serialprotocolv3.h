@@ -6,6 +6,9 @@
 
 #include <map>
 
+namespace vanto
+{
+
 class SerialPort;
 
 /// The adapter for SerialCtrl hands, major version 3. Every operation is one command of the
@@ -40,3 +43,5 @@ private:
     std::shared_ptr<HAND_Context> m_context;
     std::map<u8, u8> m_nodeErrors; ///< sub error of the most recent exchange with each node
 };
+
+} // namespace vanto

@@ -4,6 +4,9 @@
 #include <QDateTime>
 #include <QEventLoop>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int EventSliceMs = 10; ///< longest stretch of event processing before the clock is read
@@ -26,3 +29,5 @@ void DelayMilliSecondsImpl(std::uint32_t milliseconds)
         QCoreApplication::processEvents(QEventLoop::AllEvents, EventSliceMs);
     }
 }
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <numeric>
 #include <span>
 
+namespace vanto
+{
+
 namespace
 {
 HAND_TickFunction _get_milli_seconds_impl = nullptr;
@@ -253,3 +256,5 @@ std::uint32_t HAND_GetResponse(HAND_Context* context, std::uint8_t node, std::ui
     }
     return collectPayload(*context, reply, length);
 }
+
+} // namespace vanto

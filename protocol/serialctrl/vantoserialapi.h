@@ -4,6 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace vanto
+{
+
 // VantoSerialAPI, frame layer: frames requests, feeds received bytes through a state machine and
 // waits for the matching reply. It owns no port and no thread.
 //
@@ -84,3 +87,5 @@ void HAND_OnData(HAND_Context* context, std::uint8_t byte);
 std::uint32_t HAND_GetResponse(HAND_Context* context, std::uint8_t node, std::uint8_t command,
                                std::uint16_t timeoutMs, std::uint8_t* reply, std::uint8_t* length,
                                std::uint8_t* subError);
+
+} // namespace vanto

@@ -2,7 +2,256 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
-    <name>BasicPage</name>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>Update beginnt, Gerät eingeschaltet lassen.</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>Warten auf Antwort des Geräts, Versuch %1...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>Update fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>Keine Antwort vom Gerät.</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>Keine Rückmeldung zum Hardware-Vergleich.</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>Hardware passt nicht zu Typ 0x%1, Version 0x%2.</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>Hardware-Typ 0x%1, Hardware-Version 0x%2 stimmt.</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>Übertragung... %1 %2%.</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>Fehlgeschlagen: Das Gerät antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC-Fehler. Datei beschädigt.</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>Übertragung zu 100% abgeschlossen.</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>Antwort des Geräts: 0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>Kalibriersockel bereitlegen, Vanto hochnehmen und einschalten;
+OK drücken, sobald Vanto bereit ist.</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>Ist Vanto nicht im Kalibrierzustand und stimmt der Schlüssel, startet Vanto neu;
+OK drücken, wenn alles bereit ist</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>Warten, bis Vanto neu startet und 8-mal piept;
+danach OK drücken</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>Vanto auf den Kalibriersockel setzen und fest andrücken, Daumenwurzel in die richtige Position fahren, dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>Vanto hochnehmen,
+dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>Daumenwurzel in die richtige Position fahren,
+dann OK drücken</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>Kalibrierung abgeschlossen; Vanto jetzt aus- und wieder einschalten, um das Ergebnis zu sehen</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>Kalibrierschlüssel:</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>Ungültiger Kalibrierschlüssel</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>Kein serieller Port verfügbar</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>Gerät ausschalten und alle anderen Geräte vom Bus trennen, dann OK drücken.
+Gerät nach Aufforderung einschalten.</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>Quelle der Firmware wählen:</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>Update-Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>Firmware-Update-Datei (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>Hardware-Typ und -Version wurden nicht gelesen, fortfahren?</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>Hardware-Typ/-Version wählen:</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>Art der Firmware wählen:</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>Ungültige Update-Datei</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>Firmware erfolgreich aktualisiert</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>PortError</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>Kein Port gewählt. Adapter der Hand einstecken und „Aktualisieren“ drücken.</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>Der Port ist nicht mehr da. Adapter wieder einstecken und „Aktualisieren“ drücken.</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>Keine Berechtigung für diesen Port. Er gehört der Gruppe „%1“; ihr beitreten mit
+    sudo usermod -aG %1 $USER
+und neu anmelden.</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>Ein anderes Programm benutzt diesen Port. Es schließen und erneut versuchen. (ModemManager belegt einen neuen Adapter einige Sekunden lang.)</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>Seriennummer %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>aus VANTO_PORTS</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>Theme</name>
+    <message>
+        <source>Please select style:</source>
+        <translation>Farbschema wählen:</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDisplay</name>
+    <message>
+        <source>degree</source>
+        <translation>Grad</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFile</name>
+    <message>
+        <source>Processing update file - %1%...</source>
+        <translation>Update-Datei wird verarbeitet - %1%...</translation>
+    </message>
+    <message>
+        <source>Hardware type: 0x%1, ver: 0x%2</source>
+        <translation>Hardware-Typ: 0x%1, Version: 0x%2</translation>
+    </message>
+    <message>
+        <source>Invalid update file.</source>
+        <translation>Ungültige Update-Datei.</translation>
+    </message>
+    <message>
+        <source>File damaged.</source>
+        <translation>Datei beschädigt.</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFirmware</name>
+    <message>
+        <source>Failed when openning port &apos;%1&apos;.</source>
+        <translation>Öffnen von Port „%1“ fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::BasicPage</name>
     <message>
         <source>Wait for command</source>
         <translation>Auf Befehl warten</translation>
@@ -265,58 +514,7 @@
     </message>
 </context>
 <context>
-    <name>BootLoaderLink</name>
-    <message>
-        <source>Start to update, please keep device power on.</source>
-        <translation>Update beginnt, Gerät eingeschaltet lassen.</translation>
-    </message>
-    <message>
-        <source>Waiting for device response, loop %1...</source>
-        <translation>Warten auf Antwort des Geräts, Versuch %1...</translation>
-    </message>
-    <message>
-        <source>Update failed.</source>
-        <translation>Update fehlgeschlagen.</translation>
-    </message>
-    <message>
-        <source>Error when waiting for device.</source>
-        <translation>Keine Antwort vom Gerät.</translation>
-    </message>
-    <message>
-        <source>Error when waiting for hardware match flag.</source>
-        <translation>Keine Rückmeldung zum Hardware-Vergleich.</translation>
-    </message>
-    <message>
-        <source>Hardware does not match type 0x%1, version 0x%2.</source>
-        <translation>Hardware passt nicht zu Typ 0x%1, Version 0x%2.</translation>
-    </message>
-    <message>
-        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
-        <translation>Hardware-Typ 0x%1, Hardware-Version 0x%2 stimmt.</translation>
-    </message>
-    <message>
-        <source>Transferring... %1 %2% done.</source>
-        <translation>Übertragung... %1 %2%.</translation>
-    </message>
-    <message>
-        <source>Failed: Target is not responding.</source>
-        <translation>Fehlgeschlagen: Das Gerät antwortet nicht.</translation>
-    </message>
-    <message>
-        <source>CRC error. File damaged.</source>
-        <translation>CRC-Fehler. Datei beschädigt.</translation>
-    </message>
-    <message>
-        <source>Transfer 100% done.</source>
-        <translation>Übertragung zu 100% abgeschlossen.</translation>
-    </message>
-    <message>
-        <source>Device said: 0x%1</source>
-        <translation>Antwort des Geräts: 0x%1</translation>
-    </message>
-</context>
-<context>
-    <name>CalibratingDialog</name>
+    <name>vanto::CalibratingDialog</name>
     <message>
         <source>Thumb Root Pos:</source>
         <translation>Daumenwurzel-Pos.:</translation>
@@ -331,56 +529,7 @@
     </message>
 </context>
 <context>
-    <name>CalibrationProcedure</name>
-    <message>
-        <source>Prepare calibration base and take Vanto up then power on,
-presss OK when Vanto is ready.</source>
-        <translation>Kalibriersockel bereitlegen, Vanto hochnehmen und einschalten;
-OK drücken, sobald Vanto bereit ist.</translation>
-    </message>
-    <message>
-        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
-press OK when ready</source>
-        <translation>Ist Vanto nicht im Kalibrierzustand und stimmt der Schlüssel, startet Vanto neu;
-OK drücken, wenn alles bereit ist</translation>
-    </message>
-    <message>
-        <source>Wait for Vanto reboots and beeps 8 times,
-press OK when beep finished</source>
-        <translation>Warten, bis Vanto neu startet und 8-mal piept;
-danach OK drücken</translation>
-    </message>
-    <message>
-        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
-        <translation>Vanto auf den Kalibriersockel setzen und fest andrücken, Daumenwurzel in die richtige Position fahren, dann OK drücken</translation>
-    </message>
-    <message>
-        <source>Take Vanto up,
-press OK when ready</source>
-        <translation>Vanto hochnehmen,
-dann OK drücken</translation>
-    </message>
-    <message>
-        <source>Move thumb root to right position,
-press OK when ready</source>
-        <translation>Daumenwurzel in die richtige Position fahren,
-dann OK drücken</translation>
-    </message>
-    <message>
-        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
-        <translation>Kalibrierung abgeschlossen; Vanto jetzt aus- und wieder einschalten, um das Ergebnis zu sehen</translation>
-    </message>
-    <message>
-        <source>Please input calibration key:</source>
-        <translation>Kalibrierschlüssel:</translation>
-    </message>
-    <message>
-        <source>Invalid calibration key</source>
-        <translation>Ungültiger Kalibrierschlüssel</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceBar</name>
+    <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
         <translation>Unbekannter Protokolltyp des Geräts</translation>
@@ -451,7 +600,7 @@ dann OK drücken</translation>
     </message>
 </context>
 <context>
-    <name>FirmwareDownload</name>
+    <name>vanto::FirmwareDownload</name>
     <message>
         <source>Error when saving firmware file.</source>
         <translation>Fehler beim Speichern der Firmware-Datei.</translation>
@@ -470,67 +619,14 @@ dann OK drücken</translation>
     </message>
 </context>
 <context>
-    <name>FirmwareUpdater</name>
-    <message>
-        <source>Serial port not available</source>
-        <translation>Kein serieller Port verfügbar</translation>
-    </message>
-    <message>
-        <source>Power off the device and remove app other devices from bus, press OK when ready.
-Power on the device when prompted.</source>
-        <translation>Gerät ausschalten und alle anderen Geräte vom Bus trennen, dann OK drücken.
-Gerät nach Aufforderung einschalten.</translation>
-    </message>
-    <message>
-        <source>Please select firmware source:</source>
-        <translation>Quelle der Firmware wählen:</translation>
-    </message>
-    <message>
-        <source>Open update file</source>
-        <translation>Update-Datei öffnen</translation>
-    </message>
-    <message>
-        <source>Upgrade firmware file (*.upd)</source>
-        <translation>Firmware-Update-Datei (*.upd)</translation>
-    </message>
-    <message>
-        <source>Hardware &amp; type not read, proceed?</source>
-        <translation>Hardware-Typ und -Version wurden nicht gelesen, fortfahren?</translation>
-    </message>
-    <message>
-        <source>Please select hardware type/version:</source>
-        <translation>Hardware-Typ/-Version wählen:</translation>
-    </message>
-    <message>
-        <source>Please select firmware type:</source>
-        <translation>Art der Firmware wählen:</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
-    </message>
-    <message>
-        <source>Invalid update file</source>
-        <translation>Ungültige Update-Datei</translation>
-    </message>
-    <message>
-        <source>Firmware updated successfully</source>
-        <translation>Firmware erfolgreich aktualisiert</translation>
-    </message>
-    <message>
-        <source>The firmware is being updated, please wait for the end.</source>
-        <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
-    </message>
-</context>
-<context>
-    <name>ForcePage</name>
+    <name>vanto::ForcePage</name>
     <message>
         <source>This hand has force sensors. Set its force limits on the Setting page.</source>
         <translation>Diese Hand hat Kraftsensoren. Die Kraftgrenzen werden auf der Seite „Einstellungen“ gesetzt.</translation>
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>vanto::MainWindow</name>
     <message>
         <source>Basic</source>
         <translation>Allgemein</translation>
@@ -602,59 +698,7 @@ Unterstützte Protokolle:</translation>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>Messages</source>
-        <translation>Meldungen</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-</context>
-<context>
-    <name>PortError</name>
-    <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
-        <translation>Kein Port gewählt. Adapter der Hand einstecken und „Aktualisieren“ drücken.</translation>
-    </message>
-    <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
-        <translation>Der Port ist nicht mehr da. Adapter wieder einstecken und „Aktualisieren“ drücken.</translation>
-    </message>
-    <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
-    sudo usermod -aG %1 $USER
-and log in again.</source>
-        <translation>Keine Berechtigung für diesen Port. Er gehört der Gruppe „%1“; ihr beitreten mit
-    sudo usermod -aG %1 $USER
-und neu anmelden.</translation>
-    </message>
-    <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
-        <translation>Ein anderes Programm benutzt diesen Port. Es schließen und erneut versuchen. (ModemManager belegt einen neuen Adapter einige Sekunden lang.)</translation>
-    </message>
-</context>
-<context>
-    <name>PortList</name>
-    <message>
-        <source>Serial number %1</source>
-        <translation>Seriennummer %1</translation>
-    </message>
-    <message>
-        <source>added by VANTO_PORTS</source>
-        <translation>aus VANTO_PORTS</translation>
-    </message>
-</context>
-<context>
-    <name>Program</name>
-    <message>
-        <source>VantoSetting</source>
-        <translation>VantoSetting</translation>
-    </message>
-</context>
-<context>
-    <name>RunPage</name>
+    <name>vanto::RunPage</name>
     <message>
         <source>Set</source>
         <translation>Setzen</translation>
@@ -837,7 +881,7 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
-    <name>SequencePage</name>
+    <name>vanto::SequencePage</name>
     <message>
         <source>Position or angle</source>
         <translation>Position oder Winkel</translation>
@@ -1075,7 +1119,7 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
-    <name>SequencePlayer</name>
+    <name>vanto::SequencePlayer</name>
     <message>
         <source>Thumb</source>
         <translation>Daumen</translation>
@@ -1118,7 +1162,7 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
-    <name>SettingPage</name>
+    <name>vanto::SettingPage</name>
     <message>
         <source>Thumb</source>
         <translation>Daumen</translation>
@@ -1481,7 +1525,7 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
-    <name>StatusReporter</name>
+    <name>vanto::StatusReporter</name>
     <message>
         <source>Error</source>
         <translation>Fehler</translation>
@@ -1500,21 +1544,7 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
-    <name>Theme</name>
-    <message>
-        <source>Please select style:</source>
-        <translation>Farbschema wählen:</translation>
-    </message>
-</context>
-<context>
-    <name>UnitDisplay</name>
-    <message>
-        <source>degree</source>
-        <translation>Grad</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateDialog</name>
+    <name>vanto::UpdateDialog</name>
     <message>
         <source>Wait a moment...</source>
         <translation>Einen Moment...</translation>
@@ -1526,36 +1556,6 @@ und neu anmelden.</translation>
     <message>
         <source>Updating device firmware...</source>
         <translation>Firmware des Geräts wird aktualisiert...</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateFile</name>
-    <message>
-        <source>Processing update file - %1%...</source>
-        <translation>Update-Datei wird verarbeitet - %1%...</translation>
-    </message>
-    <message>
-        <source>Hardware type: 0x%1, ver: 0x%2</source>
-        <translation>Hardware-Typ: 0x%1, Version: 0x%2</translation>
-    </message>
-    <message>
-        <source>Invalid update file.</source>
-        <translation>Ungültige Update-Datei.</translation>
-    </message>
-    <message>
-        <source>File damaged.</source>
-        <translation>Datei beschädigt.</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>Öffnen der Datei „%1“ fehlgeschlagen.</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateFirmware</name>
-    <message>
-        <source>Failed when openning port &apos;%1&apos;.</source>
-        <translation>Öffnen von Port „%1“ fehlgeschlagen.</translation>
     </message>
 </context>
 </TS>

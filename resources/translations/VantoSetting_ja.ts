@@ -2,7 +2,256 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
-    <name>BasicPage</name>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>アップデートを開始します。デバイスの電源を切らないでください。</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>デバイスの応答を待っています、%1 回目...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>アップデートに失敗しました。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>デバイスの応答待ちでエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>ハードウェア照合結果の待機中にエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>ハードウェアがタイプ 0x%1、バージョン 0x%2 と一致しません。</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>ハードウェアタイプ 0x%1、ハードウェアバージョン 0x%2 が一致しました。</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>転送中... %1 %2% 完了。</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>失敗: デバイスが応答しません。</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC エラー。ファイルが破損しています。</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>転送が 100% 完了しました。</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>デバイスの応答: 0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>校正台を用意し、Vanto を持ち上げて電源を入れてください。
+Vanto の準備ができたら OK を押してください。</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>校正状態でなく校正キーが正しければ Vanto は再起動します。
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>Vanto が再起動してビープ音が 8 回鳴るまで待ち、
+鳴り終わったら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>Vanto を校正台に載せてしっかり押し付け、親指付け根を正しい位置に動かしてから OK を押してください</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>Vanto を持ち上げ、
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>親指付け根を正しい位置に動かし、
+準備ができたら OK を押してください</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>校正が完了しました。Vanto の電源を入れ直すと結果を確認できます</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>校正キーを入力してください:</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>校正キーが無効です</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>シリアルポートを使用できません</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>デバイスの電源を切り、他のデバイスをすべてバスから外してから OK を押してください。
+指示が出たらデバイスの電源を入れてください。</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>ファームウェアの取得元を選択してください:</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>アップデートファイルを開く</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>ファームウェアアップデートファイル (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>ハードウェアのタイプが読み出されていません。続行しますか?</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>ハードウェアのタイプ/バージョンを選択してください:</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>ファームウェアの種類を選択してください:</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>ファイル「%1」を開けませんでした。</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>無効なアップデートファイルです</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>ファームウェアをアップデートしました</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>メッセージ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+</context>
+<context>
+    <name>PortError</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>ポートが選択されていません。ハンドのアダプターを接続し、「更新」を押してください。</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>ポートがなくなりました。アダプターを接続し直し、「更新」を押してください。</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>このポートを使う権限がありません。ポートのグループは「%1」です。次のコマンドでグループに入り、
+    sudo usermod -aG %1 $USER
+ログインし直してください。</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>別のプログラムがこのポートを使用しています。終了してからやり直してください。(新しいアダプターは数秒間 ModemManager に使用されます。)</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>シリアル番号 %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>VANTO_PORTS で追加</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>Theme</name>
+    <message>
+        <source>Please select style:</source>
+        <translation>テーマを選択してください:</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDisplay</name>
+    <message>
+        <source>degree</source>
+        <translation>度</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFile</name>
+    <message>
+        <source>Processing update file - %1%...</source>
+        <translation>アップデートファイルを処理中 - %1%...</translation>
+    </message>
+    <message>
+        <source>Hardware type: 0x%1, ver: 0x%2</source>
+        <translation>ハードウェアタイプ: 0x%1、バージョン: 0x%2</translation>
+    </message>
+    <message>
+        <source>Invalid update file.</source>
+        <translation>無効なアップデートファイルです。</translation>
+    </message>
+    <message>
+        <source>File damaged.</source>
+        <translation>ファイルが破損しています。</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>ファイル「%1」を開けませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFirmware</name>
+    <message>
+        <source>Failed when openning port &apos;%1&apos;.</source>
+        <translation>ポート「%1」を開けませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::BasicPage</name>
     <message>
         <source>Wait for command</source>
         <translation>コマンド待ち</translation>
@@ -265,58 +514,7 @@
     </message>
 </context>
 <context>
-    <name>BootLoaderLink</name>
-    <message>
-        <source>Start to update, please keep device power on.</source>
-        <translation>アップデートを開始します。デバイスの電源を切らないでください。</translation>
-    </message>
-    <message>
-        <source>Waiting for device response, loop %1...</source>
-        <translation>デバイスの応答を待っています、%1 回目...</translation>
-    </message>
-    <message>
-        <source>Update failed.</source>
-        <translation>アップデートに失敗しました。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for device.</source>
-        <translation>デバイスの応答待ちでエラーが発生しました。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for hardware match flag.</source>
-        <translation>ハードウェア照合結果の待機中にエラーが発生しました。</translation>
-    </message>
-    <message>
-        <source>Hardware does not match type 0x%1, version 0x%2.</source>
-        <translation>ハードウェアがタイプ 0x%1、バージョン 0x%2 と一致しません。</translation>
-    </message>
-    <message>
-        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
-        <translation>ハードウェアタイプ 0x%1、ハードウェアバージョン 0x%2 が一致しました。</translation>
-    </message>
-    <message>
-        <source>Transferring... %1 %2% done.</source>
-        <translation>転送中... %1 %2% 完了。</translation>
-    </message>
-    <message>
-        <source>Failed: Target is not responding.</source>
-        <translation>失敗: デバイスが応答しません。</translation>
-    </message>
-    <message>
-        <source>CRC error. File damaged.</source>
-        <translation>CRC エラー。ファイルが破損しています。</translation>
-    </message>
-    <message>
-        <source>Transfer 100% done.</source>
-        <translation>転送が 100% 完了しました。</translation>
-    </message>
-    <message>
-        <source>Device said: 0x%1</source>
-        <translation>デバイスの応答: 0x%1</translation>
-    </message>
-</context>
-<context>
-    <name>CalibratingDialog</name>
+    <name>vanto::CalibratingDialog</name>
     <message>
         <source>Thumb Root Pos:</source>
         <translation>付け根位置:</translation>
@@ -331,56 +529,7 @@
     </message>
 </context>
 <context>
-    <name>CalibrationProcedure</name>
-    <message>
-        <source>Prepare calibration base and take Vanto up then power on,
-presss OK when Vanto is ready.</source>
-        <translation>校正台を用意し、Vanto を持ち上げて電源を入れてください。
-Vanto の準備ができたら OK を押してください。</translation>
-    </message>
-    <message>
-        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
-press OK when ready</source>
-        <translation>校正状態でなく校正キーが正しければ Vanto は再起動します。
-準備ができたら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Wait for Vanto reboots and beeps 8 times,
-press OK when beep finished</source>
-        <translation>Vanto が再起動してビープ音が 8 回鳴るまで待ち、
-鳴り終わったら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
-        <translation>Vanto を校正台に載せてしっかり押し付け、親指付け根を正しい位置に動かしてから OK を押してください</translation>
-    </message>
-    <message>
-        <source>Take Vanto up,
-press OK when ready</source>
-        <translation>Vanto を持ち上げ、
-準備ができたら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Move thumb root to right position,
-press OK when ready</source>
-        <translation>親指付け根を正しい位置に動かし、
-準備ができたら OK を押してください</translation>
-    </message>
-    <message>
-        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
-        <translation>校正が完了しました。Vanto の電源を入れ直すと結果を確認できます</translation>
-    </message>
-    <message>
-        <source>Please input calibration key:</source>
-        <translation>校正キーを入力してください:</translation>
-    </message>
-    <message>
-        <source>Invalid calibration key</source>
-        <translation>校正キーが無効です</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceBar</name>
+    <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
         <translation>デバイスのプロトコルの種類が不明です</translation>
@@ -451,7 +600,7 @@ press OK when ready</source>
     </message>
 </context>
 <context>
-    <name>FirmwareDownload</name>
+    <name>vanto::FirmwareDownload</name>
     <message>
         <source>Error when saving firmware file.</source>
         <translation>ファームウェアファイルの保存中にエラーが発生しました。</translation>
@@ -470,67 +619,14 @@ press OK when ready</source>
     </message>
 </context>
 <context>
-    <name>FirmwareUpdater</name>
-    <message>
-        <source>Serial port not available</source>
-        <translation>シリアルポートを使用できません</translation>
-    </message>
-    <message>
-        <source>Power off the device and remove app other devices from bus, press OK when ready.
-Power on the device when prompted.</source>
-        <translation>デバイスの電源を切り、他のデバイスをすべてバスから外してから OK を押してください。
-指示が出たらデバイスの電源を入れてください。</translation>
-    </message>
-    <message>
-        <source>Please select firmware source:</source>
-        <translation>ファームウェアの取得元を選択してください:</translation>
-    </message>
-    <message>
-        <source>Open update file</source>
-        <translation>アップデートファイルを開く</translation>
-    </message>
-    <message>
-        <source>Upgrade firmware file (*.upd)</source>
-        <translation>ファームウェアアップデートファイル (*.upd)</translation>
-    </message>
-    <message>
-        <source>Hardware &amp; type not read, proceed?</source>
-        <translation>ハードウェアのタイプが読み出されていません。続行しますか?</translation>
-    </message>
-    <message>
-        <source>Please select hardware type/version:</source>
-        <translation>ハードウェアのタイプ/バージョンを選択してください:</translation>
-    </message>
-    <message>
-        <source>Please select firmware type:</source>
-        <translation>ファームウェアの種類を選択してください:</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>ファイル「%1」を開けませんでした。</translation>
-    </message>
-    <message>
-        <source>Invalid update file</source>
-        <translation>無効なアップデートファイルです</translation>
-    </message>
-    <message>
-        <source>Firmware updated successfully</source>
-        <translation>ファームウェアをアップデートしました</translation>
-    </message>
-    <message>
-        <source>The firmware is being updated, please wait for the end.</source>
-        <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
-    </message>
-</context>
-<context>
-    <name>ForcePage</name>
+    <name>vanto::ForcePage</name>
     <message>
         <source>This hand has force sensors. Set its force limits on the Setting page.</source>
         <translation>このハンドには力センサーがあります。力上限は「設定」ページで設定します。</translation>
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>vanto::MainWindow</name>
     <message>
         <source>Basic</source>
         <translation>基本</translation>
@@ -602,59 +698,7 @@ Supported protocol:</source>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>Messages</source>
-        <translation>メッセージ</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>コピー</translation>
-    </message>
-</context>
-<context>
-    <name>PortError</name>
-    <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
-        <translation>ポートが選択されていません。ハンドのアダプターを接続し、「更新」を押してください。</translation>
-    </message>
-    <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
-        <translation>ポートがなくなりました。アダプターを接続し直し、「更新」を押してください。</translation>
-    </message>
-    <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
-    sudo usermod -aG %1 $USER
-and log in again.</source>
-        <translation>このポートを使う権限がありません。ポートのグループは「%1」です。次のコマンドでグループに入り、
-    sudo usermod -aG %1 $USER
-ログインし直してください。</translation>
-    </message>
-    <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
-        <translation>別のプログラムがこのポートを使用しています。終了してからやり直してください。(新しいアダプターは数秒間 ModemManager に使用されます。)</translation>
-    </message>
-</context>
-<context>
-    <name>PortList</name>
-    <message>
-        <source>Serial number %1</source>
-        <translation>シリアル番号 %1</translation>
-    </message>
-    <message>
-        <source>added by VANTO_PORTS</source>
-        <translation>VANTO_PORTS で追加</translation>
-    </message>
-</context>
-<context>
-    <name>Program</name>
-    <message>
-        <source>VantoSetting</source>
-        <translation>VantoSetting</translation>
-    </message>
-</context>
-<context>
-    <name>RunPage</name>
+    <name>vanto::RunPage</name>
     <message>
         <source>Set</source>
         <translation>設定</translation>
@@ -837,7 +881,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>SequencePage</name>
+    <name>vanto::SequencePage</name>
     <message>
         <source>Position or angle</source>
         <translation>位置または角度</translation>
@@ -1075,7 +1119,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>SequencePlayer</name>
+    <name>vanto::SequencePlayer</name>
     <message>
         <source>Thumb</source>
         <translation>親指</translation>
@@ -1118,7 +1162,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>SettingPage</name>
+    <name>vanto::SettingPage</name>
     <message>
         <source>Thumb</source>
         <translation>親指</translation>
@@ -1481,7 +1525,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>StatusReporter</name>
+    <name>vanto::StatusReporter</name>
     <message>
         <source>Error</source>
         <translation>エラー</translation>
@@ -1500,21 +1544,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>Theme</name>
-    <message>
-        <source>Please select style:</source>
-        <translation>テーマを選択してください:</translation>
-    </message>
-</context>
-<context>
-    <name>UnitDisplay</name>
-    <message>
-        <source>degree</source>
-        <translation>度</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateDialog</name>
+    <name>vanto::UpdateDialog</name>
     <message>
         <source>Wait a moment...</source>
         <translation>しばらくお待ちください...</translation>
@@ -1526,36 +1556,6 @@ and log in again.</source>
     <message>
         <source>Updating device firmware...</source>
         <translation>デバイスのファームウェアをアップデートしています...</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateFile</name>
-    <message>
-        <source>Processing update file - %1%...</source>
-        <translation>アップデートファイルを処理中 - %1%...</translation>
-    </message>
-    <message>
-        <source>Hardware type: 0x%1, ver: 0x%2</source>
-        <translation>ハードウェアタイプ: 0x%1、バージョン: 0x%2</translation>
-    </message>
-    <message>
-        <source>Invalid update file.</source>
-        <translation>無効なアップデートファイルです。</translation>
-    </message>
-    <message>
-        <source>File damaged.</source>
-        <translation>ファイルが破損しています。</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>ファイル「%1」を開けませんでした。</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateFirmware</name>
-    <message>
-        <source>Failed when openning port &apos;%1&apos;.</source>
-        <translation>ポート「%1」を開けませんでした。</translation>
     </message>
 </context>
 </TS>

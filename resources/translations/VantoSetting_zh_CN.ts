@@ -2,7 +2,256 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
-    <name>BasicPage</name>
+    <name>BootLoaderLink</name>
+    <message>
+        <source>Start to update, please keep device power on.</source>
+        <translation>开始更新，请保持设备通电。</translation>
+    </message>
+    <message>
+        <source>Waiting for device response, loop %1...</source>
+        <translation>正在等待设备响应，第 %1 次...</translation>
+    </message>
+    <message>
+        <source>Update failed.</source>
+        <translation>更新失败。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for device.</source>
+        <translation>等待设备时出错。</translation>
+    </message>
+    <message>
+        <source>Error when waiting for hardware match flag.</source>
+        <translation>等待硬件匹配标志时出错。</translation>
+    </message>
+    <message>
+        <source>Hardware does not match type 0x%1, version 0x%2.</source>
+        <translation>硬件与类型 0x%1、版本 0x%2 不匹配。</translation>
+    </message>
+    <message>
+        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
+        <translation>硬件类型 0x%1、硬件版本 0x%2 匹配。</translation>
+    </message>
+    <message>
+        <source>Transferring... %1 %2% done.</source>
+        <translation>正在传输... %1 已完成 %2%。</translation>
+    </message>
+    <message>
+        <source>Failed: Target is not responding.</source>
+        <translation>失败：目标设备无响应。</translation>
+    </message>
+    <message>
+        <source>CRC error. File damaged.</source>
+        <translation>CRC 错误，文件已损坏。</translation>
+    </message>
+    <message>
+        <source>Transfer 100% done.</source>
+        <translation>传输完成 100%。</translation>
+    </message>
+    <message>
+        <source>Device said: 0x%1</source>
+        <translation>设备返回：0x%1</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProcedure</name>
+    <message>
+        <source>Prepare calibration base and take Vanto up then power on,
+presss OK when Vanto is ready.</source>
+        <translation>请准备好校准底座，拿起 Vanto 并通电，
+Vanto 就绪后按“确定”。</translation>
+    </message>
+    <message>
+        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
+press OK when ready</source>
+        <translation>若 Vanto 未处于校准状态且校准密钥正确，将会重启，
+就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Wait for Vanto reboots and beeps 8 times,
+press OK when beep finished</source>
+        <translation>请等待 Vanto 重启并蜂鸣 8 次，
+蜂鸣结束后按“确定”</translation>
+    </message>
+    <message>
+        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
+        <translation>请将 Vanto 放到校准底座上并压紧，把拇指根部移到正确位置，就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Take Vanto up,
+press OK when ready</source>
+        <translation>请拿起 Vanto，
+就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Move thumb root to right position,
+press OK when ready</source>
+        <translation>请将拇指根部移到正确位置，
+就绪后按“确定”</translation>
+    </message>
+    <message>
+        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
+        <translation>校准完成，现在可将 Vanto 断电再通电以查看结果</translation>
+    </message>
+    <message>
+        <source>Please input calibration key:</source>
+        <translation>请输入校准密钥：</translation>
+    </message>
+    <message>
+        <source>Invalid calibration key</source>
+        <translation>校准密钥无效</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdater</name>
+    <message>
+        <source>Serial port not available</source>
+        <translation>串口不可用</translation>
+    </message>
+    <message>
+        <source>Power off the device and remove app other devices from bus, press OK when ready.
+Power on the device when prompted.</source>
+        <translation>请关闭设备电源并从总线上移除所有其他设备，就绪后按“确定”。
+出现提示时再给设备通电。</translation>
+    </message>
+    <message>
+        <source>Please select firmware source:</source>
+        <translation>请选择固件来源：</translation>
+    </message>
+    <message>
+        <source>Open update file</source>
+        <translation>打开更新文件</translation>
+    </message>
+    <message>
+        <source>Upgrade firmware file (*.upd)</source>
+        <translation>固件升级文件 (*.upd)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp; type not read, proceed?</source>
+        <translation>尚未读取硬件及类型，是否继续？</translation>
+    </message>
+    <message>
+        <source>Please select hardware type/version:</source>
+        <translation>请选择硬件类型/版本：</translation>
+    </message>
+    <message>
+        <source>Please select firmware type:</source>
+        <translation>请选择固件类型：</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>打开文件“%1”失败。</translation>
+    </message>
+    <message>
+        <source>Invalid update file</source>
+        <translation>无效的更新文件</translation>
+    </message>
+    <message>
+        <source>Firmware updated successfully</source>
+        <translation>固件更新成功</translation>
+    </message>
+    <message>
+        <source>The firmware is being updated, please wait for the end.</source>
+        <translation>正在更新固件，请等待完成。</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
+    <name>PortError</name>
+    <message>
+        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <translation>未选择端口。请插入灵巧手的适配器，然后按“刷新”。</translation>
+    </message>
+    <message>
+        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <translation>端口已不存在。请重新插入适配器，然后按“刷新”。</translation>
+    </message>
+    <message>
+        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+    sudo usermod -aG %1 $USER
+and log in again.</source>
+        <translation>没有使用此端口的权限。它属于用户组“%1”，请用以下命令加入该组
+    sudo usermod -aG %1 $USER
+然后重新登录。</translation>
+    </message>
+    <message>
+        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <translation>此端口正被其他程序占用，请关闭该程序后重试。（ModemManager 会占用新插入的适配器数秒。）</translation>
+    </message>
+</context>
+<context>
+    <name>PortList</name>
+    <message>
+        <source>Serial number %1</source>
+        <translation>序列号 %1</translation>
+    </message>
+    <message>
+        <source>added by VANTO_PORTS</source>
+        <translation>由 VANTO_PORTS 添加</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>VantoSetting</source>
+        <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>Theme</name>
+    <message>
+        <source>Please select style:</source>
+        <translation>请选择主题：</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDisplay</name>
+    <message>
+        <source>degree</source>
+        <translation>度</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFile</name>
+    <message>
+        <source>Processing update file - %1%...</source>
+        <translation>正在处理更新文件 - %1%...</translation>
+    </message>
+    <message>
+        <source>Hardware type: 0x%1, ver: 0x%2</source>
+        <translation>硬件类型：0x%1，版本：0x%2</translation>
+    </message>
+    <message>
+        <source>Invalid update file.</source>
+        <translation>无效的更新文件。</translation>
+    </message>
+    <message>
+        <source>File damaged.</source>
+        <translation>文件已损坏。</translation>
+    </message>
+    <message>
+        <source>Open file &apos;%1&apos; failed.</source>
+        <translation>打开文件“%1”失败。</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFirmware</name>
+    <message>
+        <source>Failed when openning port &apos;%1&apos;.</source>
+        <translation>打开端口“%1”时失败。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::BasicPage</name>
     <message>
         <source>Wait for command</source>
         <translation>等待命令</translation>
@@ -265,58 +514,7 @@
     </message>
 </context>
 <context>
-    <name>BootLoaderLink</name>
-    <message>
-        <source>Start to update, please keep device power on.</source>
-        <translation>开始更新，请保持设备通电。</translation>
-    </message>
-    <message>
-        <source>Waiting for device response, loop %1...</source>
-        <translation>正在等待设备响应，第 %1 次...</translation>
-    </message>
-    <message>
-        <source>Update failed.</source>
-        <translation>更新失败。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for device.</source>
-        <translation>等待设备时出错。</translation>
-    </message>
-    <message>
-        <source>Error when waiting for hardware match flag.</source>
-        <translation>等待硬件匹配标志时出错。</translation>
-    </message>
-    <message>
-        <source>Hardware does not match type 0x%1, version 0x%2.</source>
-        <translation>硬件与类型 0x%1、版本 0x%2 不匹配。</translation>
-    </message>
-    <message>
-        <source>Hardware type 0x%1, hardware version 0x%2 matched.</source>
-        <translation>硬件类型 0x%1、硬件版本 0x%2 匹配。</translation>
-    </message>
-    <message>
-        <source>Transferring... %1 %2% done.</source>
-        <translation>正在传输... %1 已完成 %2%。</translation>
-    </message>
-    <message>
-        <source>Failed: Target is not responding.</source>
-        <translation>失败：目标设备无响应。</translation>
-    </message>
-    <message>
-        <source>CRC error. File damaged.</source>
-        <translation>CRC 错误，文件已损坏。</translation>
-    </message>
-    <message>
-        <source>Transfer 100% done.</source>
-        <translation>传输完成 100%。</translation>
-    </message>
-    <message>
-        <source>Device said: 0x%1</source>
-        <translation>设备返回：0x%1</translation>
-    </message>
-</context>
-<context>
-    <name>CalibratingDialog</name>
+    <name>vanto::CalibratingDialog</name>
     <message>
         <source>Thumb Root Pos:</source>
         <translation>拇指根部位置：</translation>
@@ -331,56 +529,7 @@
     </message>
 </context>
 <context>
-    <name>CalibrationProcedure</name>
-    <message>
-        <source>Prepare calibration base and take Vanto up then power on,
-presss OK when Vanto is ready.</source>
-        <translation>请准备好校准底座，拿起 Vanto 并通电，
-Vanto 就绪后按“确定”。</translation>
-    </message>
-    <message>
-        <source>Vanto will reboot if not in calibrating state &amp; calibration key is correct,
-press OK when ready</source>
-        <translation>若 Vanto 未处于校准状态且校准密钥正确，将会重启，
-就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Wait for Vanto reboots and beeps 8 times,
-press OK when beep finished</source>
-        <translation>请等待 Vanto 重启并蜂鸣 8 次，
-蜂鸣结束后按“确定”</translation>
-    </message>
-    <message>
-        <source>Put Vanto onto calibration base &amp; push it tightly, move thumb root to right pos, press OK when ready</source>
-        <translation>请将 Vanto 放到校准底座上并压紧，把拇指根部移到正确位置，就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Take Vanto up,
-press OK when ready</source>
-        <translation>请拿起 Vanto，
-就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Move thumb root to right position,
-press OK when ready</source>
-        <translation>请将拇指根部移到正确位置，
-就绪后按“确定”</translation>
-    </message>
-    <message>
-        <source>Calibration finished, you may power off and power on the Vanto now to see the result</source>
-        <translation>校准完成，现在可将 Vanto 断电再通电以查看结果</translation>
-    </message>
-    <message>
-        <source>Please input calibration key:</source>
-        <translation>请输入校准密钥：</translation>
-    </message>
-    <message>
-        <source>Invalid calibration key</source>
-        <translation>校准密钥无效</translation>
-    </message>
-</context>
-<context>
-    <name>DeviceBar</name>
+    <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
         <translation>未知的设备协议类型</translation>
@@ -451,7 +600,7 @@ press OK when ready</source>
     </message>
 </context>
 <context>
-    <name>FirmwareDownload</name>
+    <name>vanto::FirmwareDownload</name>
     <message>
         <source>Error when saving firmware file.</source>
         <translation>保存固件文件时出错。</translation>
@@ -470,67 +619,14 @@ press OK when ready</source>
     </message>
 </context>
 <context>
-    <name>FirmwareUpdater</name>
-    <message>
-        <source>Serial port not available</source>
-        <translation>串口不可用</translation>
-    </message>
-    <message>
-        <source>Power off the device and remove app other devices from bus, press OK when ready.
-Power on the device when prompted.</source>
-        <translation>请关闭设备电源并从总线上移除所有其他设备，就绪后按“确定”。
-出现提示时再给设备通电。</translation>
-    </message>
-    <message>
-        <source>Please select firmware source:</source>
-        <translation>请选择固件来源：</translation>
-    </message>
-    <message>
-        <source>Open update file</source>
-        <translation>打开更新文件</translation>
-    </message>
-    <message>
-        <source>Upgrade firmware file (*.upd)</source>
-        <translation>固件升级文件 (*.upd)</translation>
-    </message>
-    <message>
-        <source>Hardware &amp; type not read, proceed?</source>
-        <translation>尚未读取硬件及类型，是否继续？</translation>
-    </message>
-    <message>
-        <source>Please select hardware type/version:</source>
-        <translation>请选择硬件类型/版本：</translation>
-    </message>
-    <message>
-        <source>Please select firmware type:</source>
-        <translation>请选择固件类型：</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>打开文件“%1”失败。</translation>
-    </message>
-    <message>
-        <source>Invalid update file</source>
-        <translation>无效的更新文件</translation>
-    </message>
-    <message>
-        <source>Firmware updated successfully</source>
-        <translation>固件更新成功</translation>
-    </message>
-    <message>
-        <source>The firmware is being updated, please wait for the end.</source>
-        <translation>正在更新固件，请等待完成。</translation>
-    </message>
-</context>
-<context>
-    <name>ForcePage</name>
+    <name>vanto::ForcePage</name>
     <message>
         <source>This hand has force sensors. Set its force limits on the Setting page.</source>
         <translation>此灵巧手带有力传感器，请在“参数”页设置力上限。</translation>
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>vanto::MainWindow</name>
     <message>
         <source>Basic</source>
         <translation>基本</translation>
@@ -602,59 +698,7 @@ Supported protocol:</source>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>Messages</source>
-        <translation>消息</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
-    </message>
-</context>
-<context>
-    <name>PortError</name>
-    <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
-        <translation>未选择端口。请插入灵巧手的适配器，然后按“刷新”。</translation>
-    </message>
-    <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
-        <translation>端口已不存在。请重新插入适配器，然后按“刷新”。</translation>
-    </message>
-    <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
-    sudo usermod -aG %1 $USER
-and log in again.</source>
-        <translation>没有使用此端口的权限。它属于用户组“%1”，请用以下命令加入该组
-    sudo usermod -aG %1 $USER
-然后重新登录。</translation>
-    </message>
-    <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
-        <translation>此端口正被其他程序占用，请关闭该程序后重试。（ModemManager 会占用新插入的适配器数秒。）</translation>
-    </message>
-</context>
-<context>
-    <name>PortList</name>
-    <message>
-        <source>Serial number %1</source>
-        <translation>序列号 %1</translation>
-    </message>
-    <message>
-        <source>added by VANTO_PORTS</source>
-        <translation>由 VANTO_PORTS 添加</translation>
-    </message>
-</context>
-<context>
-    <name>Program</name>
-    <message>
-        <source>VantoSetting</source>
-        <translation>VantoSetting</translation>
-    </message>
-</context>
-<context>
-    <name>RunPage</name>
+    <name>vanto::RunPage</name>
     <message>
         <source>Set</source>
         <translation>设置</translation>
@@ -837,7 +881,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>SequencePage</name>
+    <name>vanto::SequencePage</name>
     <message>
         <source>Position or angle</source>
         <translation>位置或角度</translation>
@@ -1075,7 +1119,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>SequencePlayer</name>
+    <name>vanto::SequencePlayer</name>
     <message>
         <source>Thumb</source>
         <translation>拇指</translation>
@@ -1118,7 +1162,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>SettingPage</name>
+    <name>vanto::SettingPage</name>
     <message>
         <source>Thumb</source>
         <translation>拇指</translation>
@@ -1481,7 +1525,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>StatusReporter</name>
+    <name>vanto::StatusReporter</name>
     <message>
         <source>Error</source>
         <translation>错误</translation>
@@ -1500,21 +1544,7 @@ and log in again.</source>
     </message>
 </context>
 <context>
-    <name>Theme</name>
-    <message>
-        <source>Please select style:</source>
-        <translation>请选择主题：</translation>
-    </message>
-</context>
-<context>
-    <name>UnitDisplay</name>
-    <message>
-        <source>degree</source>
-        <translation>度</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateDialog</name>
+    <name>vanto::UpdateDialog</name>
     <message>
         <source>Wait a moment...</source>
         <translation>请稍候...</translation>
@@ -1526,36 +1556,6 @@ and log in again.</source>
     <message>
         <source>Updating device firmware...</source>
         <translation>正在更新设备固件...</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateFile</name>
-    <message>
-        <source>Processing update file - %1%...</source>
-        <translation>正在处理更新文件 - %1%...</translation>
-    </message>
-    <message>
-        <source>Hardware type: 0x%1, ver: 0x%2</source>
-        <translation>硬件类型：0x%1，版本：0x%2</translation>
-    </message>
-    <message>
-        <source>Invalid update file.</source>
-        <translation>无效的更新文件。</translation>
-    </message>
-    <message>
-        <source>File damaged.</source>
-        <translation>文件已损坏。</translation>
-    </message>
-    <message>
-        <source>Open file &apos;%1&apos; failed.</source>
-        <translation>打开文件“%1”失败。</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateFirmware</name>
-    <message>
-        <source>Failed when openning port &apos;%1&apos;.</source>
-        <translation>打开端口“%1”时失败。</translation>
     </message>
 </context>
 </TS>

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QtEndian>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int AnswerMs = 10'000; ///< generous: a loaded machine under sanitizers is slow
@@ -153,3 +156,5 @@ void HandProcess::forgetTrace()
 {
     m_forgotten = QFile(m_folder.filePath(QStringLiteral("trace"))).size();
 }
+
+} // namespace vanto

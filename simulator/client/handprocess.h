@@ -6,6 +6,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+namespace vanto
+{
+
 /// One line of a simulated hand's trace.
 struct TracedFrame {
     double ms = 0;     ///< since the hand's start
@@ -58,3 +61,5 @@ private:
     QString m_errorText;
     qint64 m_forgotten = 0; ///< bytes at the front of the trace file
 };
+
+} // namespace vanto

@@ -5,6 +5,9 @@
 
 #include <QTest>
 
+namespace vanto
+{
+
 namespace
 {
 struct Report : CallReport {
@@ -98,4 +101,7 @@ void TestHandScan::endings()
 }
 
 VANTO_TEST(TestHandScan)
+
+} // namespace vanto
+
 #include "tst_handscan.moc"

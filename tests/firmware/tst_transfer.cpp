@@ -9,6 +9,9 @@
 
 #include <ctime>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr UpdateLimits Short{2, 600, 600, 1200, 4};
@@ -192,4 +195,7 @@ void tst_transfer::talkingLine()
 }
 
 VANTO_TEST(tst_transfer)
+
+} // namespace vanto
+
 #include "tst_transfer.moc"

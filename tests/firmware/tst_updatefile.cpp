@@ -4,6 +4,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+namespace vanto
+{
+
 class tst_updatefile : public QObject
 {
     Q_OBJECT
@@ -86,4 +89,7 @@ void tst_updatefile::files()
 }
 
 VANTO_TEST(tst_updatefile)
+
+} // namespace vanto
+
 #include "tst_updatefile.moc"

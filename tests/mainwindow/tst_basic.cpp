@@ -5,6 +5,9 @@
 #include <QLabel>
 #include <QTimer>
 
+namespace vanto
+{
+
 /// The Basic tab in the real window, with a simulated hand at node 2 on a real serial device.
 class TestBasic : public HandTest
 {
@@ -240,4 +243,7 @@ void TestBasic::handVanishesDuringReload()
 }
 
 VANTO_TEST(TestBasic)
+
+} // namespace vanto
+
 #include "tst_basic.moc"

@@ -8,6 +8,9 @@
 #include <QSpinBox>
 #include <QTimer>
 
+namespace vanto
+{
+
 /// The guided calibration in the real window.
 class TestCalibration : public HandTest
 {
@@ -262,4 +265,7 @@ void TestCalibration::duringAWait()
 }
 
 VANTO_TEST(TestCalibration)
+
+} // namespace vanto
+
 #include "tst_calibration.moc"

@@ -3,6 +3,9 @@
 
 #include <QTimer>
 
+namespace vanto
+{
+
 /// What may arrive while an exchange waits, in the real window. The hands at nodes 2 and 3
 /// answer late, so that there is time to do it.
 class TestDoors : public HandTest
@@ -142,4 +145,7 @@ void TestDoors::closingEndsAtOnce()
 }
 
 VANTO_TEST(TestDoors)
+
+} // namespace vanto
+
 #include "tst_doors.moc"

@@ -9,6 +9,9 @@
 #include <QTableWidget>
 #include <QtEndian>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int WritePid = 0x45;
@@ -203,4 +206,7 @@ void TestFaults::faults()
 }
 
 VANTO_TEST(TestFaults)
+
+} // namespace vanto
+
 #include "tst_faults.moc"

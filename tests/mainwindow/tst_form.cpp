@@ -13,6 +13,9 @@
 #include <QTableWidget>
 #include <QTranslator>
 
+namespace vanto
+{
+
 /// The form: every named widget is there, has a name for assistive tools, a place in the tab
 /// order and room for its text.
 class TestForm : public QObject
@@ -150,4 +153,7 @@ void TestForm::tabOrder()
 }
 
 VANTO_TEST(TestForm)
+
+} // namespace vanto
+
 #include "tst_form.moc"

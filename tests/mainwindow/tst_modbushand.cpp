@@ -5,6 +5,9 @@
 #include <QSlider>
 #include <QTabWidget>
 
+namespace vanto
+{
+
 /// The window on a hand that speaks Modbus RTU; its frames begin with node and function.
 class TestModbusHand : public HandTest
 {
@@ -125,4 +128,7 @@ void TestModbusHand::setId()
 }
 
 VANTO_TEST(TestModbusHand)
+
+} // namespace vanto
+
 #include "tst_modbushand.moc"

@@ -8,6 +8,9 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+namespace vanto
+{
+
 /// The Run and Force tabs in the real window.
 class TestRun : public HandTest
 {
@@ -327,4 +330,7 @@ void TestRun::forcePage()
 }
 
 VANTO_TEST(TestRun)
+
+} // namespace vanto
+
 #include "tst_run.moc"

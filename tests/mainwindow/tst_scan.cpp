@@ -10,6 +10,9 @@
 #include <QTabWidget>
 #include <QTimer>
 
+namespace vanto
+{
+
 /// Port listing, scan and opening of devices in the real window.
 class TestScan : public HandTest
 {
@@ -267,4 +270,7 @@ void TestScan::pageTimers()
 }
 
 VANTO_TEST(TestScan)
+
+} // namespace vanto
+
 #include "tst_scan.moc"

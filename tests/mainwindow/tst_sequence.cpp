@@ -13,6 +13,9 @@
 #include <QTableWidget>
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr const char* TwoSteps = R"({"version":1,"position_type":"position","sequences":[
@@ -485,4 +488,7 @@ void TestSequence::stopInThePose()
 }
 
 VANTO_TEST(TestSequence)
+
+} // namespace vanto
+
 #include "tst_sequence.moc"

@@ -3,6 +3,9 @@
 
 #include <QTest>
 
+namespace vanto
+{
+
 using Change = RequestQueue::Kind;
 
 /// The doors of the session and the order behind them, without a window.
@@ -141,4 +144,7 @@ void TestSession::ticks()
 }
 
 VANTO_TEST(TestSession)
+
+} // namespace vanto
+
 #include "tst_session.moc"

@@ -3,6 +3,9 @@
 
 #include <QTabWidget>
 
+namespace vanto
+{
+
 /// The Setting tab in the real window.
 class TestSetting : public HandTest
 {
@@ -117,4 +120,7 @@ void TestSetting::thumbRootForce()
 }
 
 VANTO_TEST(TestSetting)
+
+} // namespace vanto
+
 #include "tst_setting.moc"

@@ -13,6 +13,9 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 
+namespace vanto
+{
+
 /// Start-up, menus, theme, About and the error label.
 class TestShell : public QObject
 {
@@ -234,4 +237,7 @@ void TestShell::program()
 }
 
 VANTO_TEST(TestShell)
+
+} // namespace vanto
+
 #include "tst_shell.moc"

@@ -10,6 +10,9 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr const char* Ok = "200 OK";
@@ -303,4 +306,7 @@ void TestUpdate::overtaken()
 }
 
 VANTO_TEST(TestUpdate)
+
+} // namespace vanto
+
 #include "tst_update.moc"

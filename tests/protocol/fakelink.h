@@ -6,6 +6,9 @@
 
 #include <memory>
 
+namespace vanto
+{
+
 /// A serial link in memory, with a clock that only the waiting moves on.
 struct FakeLink {
     explicit FakeLink(std::uint32_t mode = HAND_MODE_SYNC)
@@ -42,3 +45,5 @@ struct FakeLink {
     static inline std::uint32_t now = 0;
     static inline std::uint32_t stride = 1; ///< by how much a delay of 1 ms moves the clock on
 };
+
+} // namespace vanto

@@ -6,6 +6,9 @@
 #include <QStringList>
 #include <QTest>
 
+namespace vanto
+{
+
 // Operations as rows of a table: the arguments come from a text, the result and what the outputs
 // hold afterwards go into one. The text "1 500,600 -" is a number, an array and a null output.
 
@@ -100,3 +103,5 @@ void addRows(const Row (&table)[N])
             QTest::newRow(row.name) << &row;
     }
 }
+
+} // namespace vanto

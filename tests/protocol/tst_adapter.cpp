@@ -7,6 +7,9 @@
 
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 struct Operation {
@@ -140,4 +143,7 @@ void tst_adapter::factory()
 }
 
 VANTO_TEST(tst_adapter)
+
+} // namespace vanto
+
 #include "tst_adapter.moc"

@@ -4,6 +4,9 @@
 #include "serialprotocolv3.h"
 #include "testmain.h"
 
+namespace vanto
+{
+
 namespace
 {
 /// An operation of the adapter and the hand. Frames are given from the command byte on.
@@ -192,4 +195,7 @@ void tst_commands::commands()
 }
 
 VANTO_TEST(tst_commands)
+
+} // namespace vanto
+
 #include "tst_commands.moc"

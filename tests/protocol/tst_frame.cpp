@@ -2,6 +2,9 @@
 #include "operation.h"
 #include "testmain.h"
 
+namespace vanto
+{
+
 namespace
 {
 constexpr u8 Asked = 0x0B;
@@ -214,4 +217,7 @@ void tst_frame::halfFrames()
 }
 
 VANTO_TEST(tst_frame)
+
+} // namespace vanto
+
 #include "tst_frame.moc"

@@ -10,6 +10,9 @@
 
 #include <ctime>
 
+namespace vanto
+{
+
 class tst_serialport : public QObject
 {
     Q_OBJECT
@@ -103,4 +106,7 @@ void tst_serialport::staleClose()
 }
 
 VANTO_TEST(tst_serialport)
+
+} // namespace vanto
+
 #include "tst_serialport.moc"

@@ -8,6 +8,9 @@
 
 #include <cmath>
 
+namespace vanto
+{
+
 /// Whether both themes can be read: on their tables of colours and on what is painted.
 class TestTheme : public QObject
 {
@@ -147,4 +150,7 @@ void TestTheme::paintedText()
 }
 
 VANTO_TEST(TestTheme)
+
+} // namespace vanto
+
 #include "tst_theme.moc"

@@ -8,6 +8,9 @@
 #include <QTranslator>
 #include <QXmlStreamReader>
 
+namespace vanto
+{
+
 /// The catalogues: complete, with every placeholder, and shown by fonts that have every character.
 class TestTranslations : public QObject
 {
@@ -76,9 +79,9 @@ void TestTranslations::choice()
     QFETCH(QString, stop);
     const bool installed = Translation::install(QTest::currentDataTag());
     QCOMPARE(installed, stop != "Stop");
-    QCOMPARE(QCoreApplication::translate("DeviceBar", "Stop"), stop);
+    QCOMPARE(QCoreApplication::translate("vanto::DeviceBar", "Stop"), stop);
     QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel") != "Cancel", installed);
-    QVERIFY(QCoreApplication::translate("DeviceBar", "Scan") != stop); // the button compares
+    QVERIFY(QCoreApplication::translate("vanto::DeviceBar", "Scan") != stop); // the button compares
 }
 
 void TestTranslations::texts_data()
@@ -119,4 +122,7 @@ void TestTranslations::glyphs()
 }
 
 VANTO_TEST(TestTranslations)
+
+} // namespace vanto
+
 #include "tst_translations.moc"

@@ -5,6 +5,9 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+namespace vanto
+{
+
 class tst_player : public QObject
 {
     Q_OBJECT
@@ -202,4 +205,7 @@ private slots:
 };
 
 VANTO_TEST(tst_player)
+
+} // namespace vanto
+
 #include "tst_player.moc"

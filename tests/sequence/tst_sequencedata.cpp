@@ -5,6 +5,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+namespace vanto
+{
+
 class tst_sequencedata : public QObject
 {
     Q_OBJECT
@@ -111,4 +114,7 @@ private slots:
 };
 
 VANTO_TEST(tst_sequencedata)
+
+} // namespace vanto
+
 #include "tst_sequencedata.moc"

@@ -2,6 +2,9 @@
 
 #include <QTimer>
 
+namespace vanto
+{
+
 namespace
 {
 /// The entries of the Devices list for the nodes among the options of a hand.
@@ -68,3 +71,5 @@ void HandTest::tell(const QString& command) const
     const QString answer = m_hand->command(command);
     QVERIFY2(answer.startsWith("ok"), qPrintable(answer));
 }
+
+} // namespace vanto

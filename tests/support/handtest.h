@@ -5,6 +5,9 @@
 #include "testmain.h"
 #include "testwindow.h"
 
+namespace vanto
+{
+
 /// A test of the real window against simulated hands on a real serial device.
 class HandTest : public QObject
 {
@@ -38,3 +41,5 @@ protected:
     std::unique_ptr<HandProcess> m_hand;
     std::unique_ptr<TestWindow> m_tool;
 };
+
+} // namespace vanto

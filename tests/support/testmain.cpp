@@ -13,6 +13,9 @@ using Application = QApplication;
 #include <cstdio>
 #include <map>
 
+namespace vanto
+{
+
 namespace
 {
 constexpr int UsageError = 2;
@@ -29,7 +32,7 @@ RegisteredTest::RegisteredTest(const char* sourceFile, Run run)
     tests().emplace(QFileInfo(QString::fromUtf8(sourceFile)).baseName(), run);
 }
 
-int main(int argc, char* argv[])
+int runProgram(int argc, char* argv[])
 {
     Application application(argc, argv);
     application.setAttribute(Qt::AA_Use96Dpi, true);
@@ -41,4 +44,11 @@ int main(int argc, char* argv[])
     for (const auto& [name, run] : tests())
         std::fprintf(stderr, "    %s\n", qPrintable(name));
     return UsageError;
+}
+
+} // namespace vanto
+
+int main(int argc, char* argv[])
+{
+    return vanto::runProgram(argc, argv);
 }

@@ -4,6 +4,9 @@
 
 #include <QObject>
 
+namespace vanto
+{
+
 /// Time-outs that are never met, as a simulated hand may have to wait for a processor. Every test
 /// begins with them; those in which a hand does not answer set others.
 constexpr ReplyLimits PatientLimits{20'000, 20'000, 20'000, 20'000};
@@ -29,3 +32,5 @@ public:
         return QTest::qExec(&test, argc, argv);                                                    \
     });                                                                                            \
     }
+
+} // namespace vanto

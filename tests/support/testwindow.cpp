@@ -4,6 +4,9 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 
+namespace vanto
+{
+
 namespace
 {
 /// Settings land in the working directory, so each window gets a fresh one.
@@ -69,3 +72,5 @@ void addTextRows(const QList<const char*>& columns, const QList<QStringList>& ro
             data << text;
     }
 }
+
+} // namespace vanto

@@ -11,6 +11,9 @@
 #include <QPushButton>
 #include <QTest>
 
+namespace vanto
+{
+
 /// The window in a test: fails on warnings of Qt and records what the window shows.
 class TestWindow : public QObject, public WindowDriver
 {
@@ -58,3 +61,5 @@ public:
 private:
     int m_count = 0;
 };
+
+} // namespace vanto

@@ -17,6 +17,9 @@
 #include <ctime>
 #include <optional>
 
+namespace vanto
+{
+
 namespace
 {
 using Error = ModBusRTUClient::Error;
@@ -280,4 +283,7 @@ void tst_client::timeouts()
 }
 
 VANTO_TEST(tst_client)
+
+} // namespace vanto
+
 #include "tst_client.moc"

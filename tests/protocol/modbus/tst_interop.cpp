@@ -11,6 +11,9 @@
 #include <pty.h>
 #include <unistd.h>
 
+namespace vanto
+{
+
 // Both sides against an implementation that is not ours: the adapter against a slave made with
 // libmodbus, and libmodbus as the master of the simulated hand.
 
@@ -220,4 +223,7 @@ void tst_interop::master()
 }
 
 VANTO_TEST(tst_interop)
+
+} // namespace vanto
+
 #include "tst_interop.moc"

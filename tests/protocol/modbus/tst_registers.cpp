@@ -5,6 +5,9 @@
 
 #include <QRegularExpression>
 
+namespace vanto
+{
+
 namespace
 {
 /// An operation and the bytes of its requests. The CRCs were worked out by a program of their own.
@@ -271,4 +274,7 @@ void tst_registers::errorCodes()
 }
 
 VANTO_TEST(tst_registers)
+
+} // namespace vanto
+
 #include "tst_registers.moc"
