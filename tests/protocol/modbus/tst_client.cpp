@@ -137,7 +137,7 @@ void tst_client::interruptions()
         u16 target = 0x77;
         u16 current = 0x77;
         QCOMPARE(int(m_adapter->getFingerPos(HandNode, 1, &target, &current)), 16);
-        QCOMPARE(target, u16{0});
+        QCOMPARE(target, u16{0x77}); // not all reads have succeeded
         QCOMPARE(current, u16{0x77});
         QCOMPARE(readVoltage(), reconnect ? 0 : 16);
         m_adapter->disconnect();
