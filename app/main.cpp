@@ -16,9 +16,8 @@ namespace
 {
 constexpr std::chrono::seconds LongestEnd{1};
 
-/// Lets the program end in the orderly way, so that text copied from it stays on the clipboard.
-/// That waits for a pending look-up of the firmware server's name, which can take many seconds;
-/// then the program ends at once.
+/// A regular exit keeps copied text on the clipboard, but it waits for a pending name look-up of
+/// the firmware server, which can take many seconds. So this limits its time.
 void endSoon(int status)
 {
     std::thread([status] {

@@ -36,7 +36,7 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
     return Outcome::AllTried;
 }
 
-/// False when the port could not be opened.
+/// Returns false if the port could not be opened.
 bool HandScan::tryNode(const QString& port, const HandTarget& candidate)
 {
     HandCall call(candidate, m_report);

@@ -12,12 +12,12 @@ namespace
 {
 using Kind = RequestQueue::Kind;
 
-/// What changes the connection gets its turns in this order, so that a scan comes after what would
-/// throw its result away.
+/// Changes of the connection run in this order, so that a scan follows those that would discard its
+/// result.
 constexpr std::array ConnectionChanges{Kind::RefreshPorts, Kind::ChangePort, Kind::ChangeDevice,
                                        Kind::Update, Kind::Scan};
 
-/// The place in that order; its end for everything else.
+/// The index in that order; the number of entries for all other jobs.
 std::ptrdiff_t turnOf(std::optional<Kind> kind)
 {
     const auto* const found = std::find(ConnectionChanges.begin(), ConnectionChanges.end(), kind);
@@ -110,7 +110,7 @@ void RequestQueue::enqueue(Job job)
 void RequestQueue::enqueueConnectionChange(Job job)
 {
     remove(job.kind);
-    // A scan that waits would throw away what a change of the device opens.
+    // A waiting scan would close what a change of the device opens.
     if (job.kind == Kind::Scan)
         remove(Kind::ChangeDevice);
     const auto isScan = [](const Job& waiting) { return waiting.kind == Kind::Scan; };
@@ -141,7 +141,7 @@ void RequestQueue::scheduleDrain()
     if (m_waiting.empty() || m_drainScheduled)
         return;
     m_drainScheduled = true;
-    // Not from here: the conversation that has just ended is still on its way out of its slot.
+    // Queued, because the conversation that has just ended is still returning from its slot.
     QMetaObject::invokeMethod(this, &RequestQueue::drain, Qt::QueuedConnection);
 }
 

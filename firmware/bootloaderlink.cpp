@@ -70,7 +70,7 @@ bool BootLoaderLink::hearsPresence()
                                   .arg(hex(*byte), QString(QLatin1Char(static_cast<char>(*byte))));
         if (halfway && *byte == Presence2)
             return true;
-        // As with the hand's own frames, 55 55 AA is no start.
+        // As in the hand's own frames, 55 55 AA is not a start.
         halfway = !halfway && *byte == Presence1;
     }
     return false;
@@ -118,7 +118,7 @@ QString BootLoaderLink::transfer(QByteArrayView image)
     return {};
 }
 
-// Events are processed in the callbacks too, so the port may have been closed before any of these.
+// Callbacks process events too, so the port may be closed in any of these functions.
 
 void BootLoaderLink::clearInput()
 {

@@ -56,7 +56,7 @@ FirmwareDownload::Offer FirmwareDownload::latestReleases()
         return offer;
     }
     offer.releases = readVersionFile(*body);
-    // An answer that is no object, or offers nothing to choose, is as good as none.
+    // An answer that is not an object, or offers no release, counts as none.
     if (offer.releases.isEmpty())
         offer.failure = tr("Error when parsing version file.");
     return offer;
@@ -96,7 +96,7 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address)
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
-    // Starts anew with every byte that comes.
+    // Restarts with every byte received.
     request.setTransferTimeout(static_cast<int>(m_maxSilence.count()));
     const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
     connect(reply.get(), &QNetworkReply::finished, &m_wait, &QEventLoop::quit);

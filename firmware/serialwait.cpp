@@ -10,7 +10,7 @@ namespace vanto
 
 namespace
 {
-constexpr int EventSliceMs = 10; ///< longest sleep before the clock is read
+constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clock
 }
 
 bool hasSerialPortFailed(const QSerialPort& port)

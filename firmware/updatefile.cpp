@@ -11,7 +11,8 @@ namespace vanto
 
 namespace
 {
-constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes; hands have a thousandth of that
+constexpr qint64 MaxFileSize =
+    64LL * 1024 * 1024; ///< bytes; a thousand times the size of a real image
 constexpr qsizetype DigitsPerByte = 2;
 constexpr qsizetype LengthFieldSize = 2; ///< bytes
 constexpr int NoDigit = -1;
@@ -54,7 +55,7 @@ std::optional<quint8> takeValue(QByteArrayView& rest)
     return static_cast<quint8>(value);
 }
 
-/// Tells how much of the data line is done; makes a text only when the percentage has changed.
+/// Reports the progress in the data line; creates a text only if the percentage has changed.
 class ProcessingLog
 {
 public:
@@ -87,7 +88,7 @@ QByteArrayView lineAt(QByteArrayView content)
     return lineBreak < 0 ? content : content.first(lineBreak + 1);
 }
 
-/// None if the line is anything but pairs of digits.
+/// Returns nothing unless the line consists of pairs of digits.
 std::optional<QByteArray> parseImage(QByteArrayView line, const LogCallback& log)
 {
     ProcessingLog processing(log, line.size());
@@ -151,8 +152,8 @@ UpdateFile loadUpdateFile(const QString& path, const LogCallback& log)
 {
     UpdateFile file;
     QFile source(path);
-    // A device or a pipe could keep the reader waiting for ever. Text mode would drop carriage
-    // returns, and with them what is wrong with the file.
+    // A device or a pipe could block forever. Text mode would drop carriage returns and so hide
+    // errors in the file.
     if (!QFileInfo(path).isFile() || !source.open(QIODevice::ReadOnly)) {
         file.failure =
             QCoreApplication::translate("UpdateFile", "Open file '%1' failed.").arg(path);

@@ -52,7 +52,7 @@ void MainWindow::setUpPages()
 MainWindow::~MainWindow()
 {
     m_session->shutDown();
-    // Widgets emit signals while they are destroyed; then their page is no longer whole.
+    // Widgets emit signals during destruction, when their page is already partly destroyed.
     QList<QObject*> receivers{this, ui->deviceBar};
     for (int i = 0; i < ui->tabWidget->count(); ++i)
         receivers.append(ui->tabWidget->widget(i));

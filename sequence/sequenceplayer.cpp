@@ -17,7 +17,7 @@ namespace
 {
 constexpr int PollIntervalMs = 10;
 constexpr int CurrentLimitMa = 79;  ///< a finger that draws more is stopped
-constexpr int StretchedFingers = 5; ///< by the preparation pose: all but the thumb root
+constexpr int StretchedFingers = 5; ///< in the preparation pose: all but the thumb root
 constexpr int StretchedPosition = 0;
 constexpr int FullSpeed = 255;
 
@@ -109,13 +109,13 @@ void SequencePlayer::updatePlay()
         emit sig_ended();
         return;
     }
-    // The beats that fell into a long poll are lost. Posted after the end of the conversation, so
-    // that whoever waited for it comes first.
+    // Ticks during a long poll are lost. Posted after the end of the conversation, so that jobs
+    // waiting for it run first.
     if (nextBeat.hasExpired())
         QMetaObject::invokeMethod(this, &SequencePlayer::updatePlay, Qt::QueuedConnection);
 }
 
-/// What a play() or a poll works with from its beginning to its end.
+/// The conversation of one play() or one poll.
 HandCall SequencePlayer::beginCall()
 {
     return HandCall({m_protocol, static_cast<quint8>(m_node), m_run.token()}, *this);
@@ -156,7 +156,7 @@ bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
     if (!prepare)
         emit sig_updatePlaying(isPlaying(), sequenceIndex, m_stepStart - previousStart, {});
 
-    // A failure stops the player, but the other fingers are sent for all that.
+    // A failure stops the player, but the other fingers are still sent.
     bool good = true;
     const auto count = std::min({step.position.size(), step.speed.size(), qsizetype{FingerCount}});
     for (quint8 finger = 0; finger < count && call.isCurrent(); ++finger)

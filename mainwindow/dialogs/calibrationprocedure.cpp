@@ -21,15 +21,15 @@ namespace vanto
 
 namespace
 {
-/// Result or sub error of a hand that is in the calibrating state already.
+/// Result or sub error of a hand that is already calibrating.
 constexpr std::uint8_t AlreadyCalibrating = 0x22;
 constexpr int KeyBase = 16;
 constexpr quint16 ThumbRootStep = 32; ///< absolute units
 constexpr std::uint8_t ThumbRootSpeed = 255;
-constexpr int EventSliceMs = 10; ///< longest sleep between two looks at the clock
+constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clock
 
-/// Moves the thumb root to where it is wanted, one move at a time. What is wanted during a move
-/// follows it; of several wishes the last counts.
+/// Moves the thumb root, one move at a time. A position requested during a move follows it; of
+/// several only the last one counts.
 class ThumbRootMover
 {
 public:
@@ -50,19 +50,19 @@ public:
             const std::uint8_t result = call.attempt<&VantoProtocol::setFingerPosAbs>(
                 std::uint8_t{ThumbRoot}, *next, ThumbRootSpeed);
             if (m_dropped)
-                return; // cut short, which is no failure of the hand
+                return; // cancelled, which is not a failure of the hand
             m_failed = !call.accept<&VantoProtocol::setFingerPosAbs>(result);
         }
     }
 
-    /// Nothing more is sent, not even the rest of the move that is under way.
+    /// Sends nothing more, not even the rest of the current move.
     void drop()
     {
         m_dropped = true;
         m_wanted.reset();
         Exchange::abandon();
     }
-    /// Of the last move.
+    /// Whether the last move has failed.
     bool failed() const { return m_failed; }
 
 private:
@@ -83,7 +83,7 @@ CalibrationProcedure::CalibrationProcedure(QWidget* window, DeviceSession* sessi
 
 void CalibrationProcedure::run(const HandTarget& target)
 {
-    m_session->dropRequests(); // minutes later they would come as a surprise
+    m_session->dropRequests(); // minutes later the user would not expect them
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
     std::uint16_t key = 0;
     const std::initializer_list<std::function<bool()>> steps{
@@ -178,7 +178,7 @@ bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QStrin
             return false;
     }
     ThumbRootMover mover(target, m_reporter);
-    // The moves are made inside the dialog's event loop, so it ends after the last of them.
+    // Moves run in the dialog's event loop, so it ends after the last of them.
     bool failedAfterOk = false;
     CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
         mover.moveTo(position);
@@ -201,7 +201,7 @@ bool CalibrationProcedure::pressButton(const HandTarget& target, std::uint8_t co
 
 bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uint8_t count)
 {
-    const LineHold line; // nothing disturbs the hand at its work
+    const LineHold line; // keeps other requests from the busy hand
     if (!pressButton(target, count))
         return false;
     const QDeadlineTimer deadline(stageMs);

@@ -27,7 +27,7 @@ constexpr int EventsEveryMs = 10;        ///< while a file is read
 void showBox(QWidget* parent, QMessageBox::Icon icon, const QString& text)
 {
     QMessageBox box(icon, Program::title(), text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText); // names of files are shown, whatever they look like
+    box.setTextFormat(Qt::PlainText); // file names may look like markup
     box.exec();
 }
 } // namespace
@@ -108,7 +108,7 @@ QString FirmwareUpdater::chooseHardware()
     return choose(tr("Please select hardware type/version:"), m_knownHardware);
 }
 
-/// Shows that the program works but still listens, and keeps a second update from starting.
+/// Runs `work` with a busy cursor, and prevents a second update meanwhile.
 template<class Work>
 auto FirmwareUpdater::waitFor(Work work) const
 {
@@ -187,7 +187,7 @@ QString FirmwareUpdater::write(const QString& path)
 
 void FirmwareUpdater::showLog(const QString& text)
 {
-    // Called a million times for a large file, mostly with the very text of the last time.
+    // Called a million times for a large file, mostly with the same text object.
     if (!text.isSharedWith(m_logText)) {
         m_logText = text;
         m_reporter->showMessage(text);

@@ -19,8 +19,8 @@ class DeviceBar;
 class StatusReporter;
 class UpdateDialog;
 
-/// The firmware update as the person goes through it: where the file comes from, switching the
-/// hand off and on, the transfer, its outcome.
+/// The firmware update as the user sees it: selection of the file, power cycle of the hand,
+/// transfer, result.
 class FirmwareUpdater
 {
     Q_DECLARE_TR_FUNCTIONS(FirmwareUpdater)
@@ -30,18 +30,18 @@ public:
     FirmwareUpdater(QWidget* window, DeviceSession* session, StatusReporter* reporter,
                     DeviceBar* deviceBar, std::function<QString()> hardware,
                     std::function<void(int)> progress);
-    /// These actions are disabled during a download.
+    /// Sets the actions that are disabled during a download.
     void disableDuringDownload(const QList<QAction*>& actions) { m_disabled = actions; }
 
     void updateClicked();
     void showProgress(int percent);
-    /// Whether the program may end. During a transfer it may not, and the person is told so.
+    /// Whether the program may end. If not, during a transfer, shows a message.
     bool canClose();
 
 private:
     void update();
-    // Each of these is empty when the person has cancelled, when it has failed, which has been
-    // told then, or when another wish has overtaken the update.
+    // Each of these returns an empty string if the user has cancelled, if it has reported a
+    // failure, or if another request has superseded the update.
     QString chooseFile();
     QString chooseHardware();
     QString download(const QString& hardware);
@@ -49,7 +49,7 @@ private:
     auto waitFor(Work work) const;
     QString choose(const QString& prompt, const QStringList& items);
 
-    /// Why the file is none for an update; empty if it is one.
+    /// Why the file is not an update file; empty if it is one.
     static QString headerFailure(const QString& path);
     void writeAndTell(const QString& path);
     QString write(const QString& path);

@@ -69,7 +69,7 @@ void DeviceBar::makeScan()
     m_progress->setAccessibleName(tr("Scan progress"));
     m_progress->setRange(HandScan::FirstNode, HandScan::LastNode);
     m_progress->setTextVisible(false);
-    // Else the bar would be as high as the theme makes it, after the first paint.
+    // Otherwise the theme would change the height after the first paint.
     m_progress->setMaximumHeight(m_progress->fontMetrics().height());
     m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
     m_reporter->addToStatusBar(m_progress);
@@ -85,10 +85,10 @@ void DeviceBar::makeScan()
 
 void DeviceBar::listPortsAtStart()
 {
-    // The system takes longer to list its ports than Qt to build the form.
+    // Listing the ports takes longer than building the form.
     m_portListing = std::async(std::launch::async, [this] {
         QMetaObject::invokeMethod(this, [this, ports = availablePorts()] {
-            if (!m_portsListed) // else a Refresh has been quicker
+            if (!m_portsListed) // otherwise a Refresh was faster
                 m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
                                        [this, ports] { listPorts(ports); });
         });
@@ -140,7 +140,7 @@ void DeviceBar::on_comboBox_Ports_currentIndexChanged(int)
 
 void DeviceBar::on_comboBox_Devices_currentIndexChanged(int index)
 {
-    // While a scan fills the list it is disabled, and filling it opens nothing.
+    // A scan disables the list while filling it; entries that it adds open nothing.
     if (!ui->comboBox_Devices->isEnabled() || index < 0)
         return;
     m_session->stopAtOnce();

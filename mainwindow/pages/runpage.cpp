@@ -46,7 +46,7 @@ void RunPage::setUp(DeviceSession* session, StatusReporter* reporter)
 
 void RunPage::follow(bool isCurrent)
 {
-    // Commands from an earlier visit are not sent.
+    // Pending commands of an earlier visit must not be sent.
     dropPending();
     if (isCurrent && session()->connected())
         m_timer.start(RunIntervalMs);
@@ -54,8 +54,8 @@ void RunPage::follow(bool isCurrent)
         m_timer.stop();
 }
 
-/// A tick that cannot be used comes a little later: one that always met the same clicks would never
-/// be of use.
+/// Postpones a tick that cannot run now; one that always coincided with the same clicks would never
+/// run.
 void RunPage::postponeTick()
 {
     if (m_timer.isActive())
@@ -188,7 +188,7 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
 {
     const auto reached = unitOf(command).readTarget(call, command.finger, operation);
     QSlider* slider = m_sliders[command.finger];
-    // Meanwhile the mode may have changed, or the slider is held again.
+    // Meanwhile the mode may have changed, or the user may be dragging the slider again.
     if (!reached || &unitOf(command) != m_unit || slider->isSliderDown())
         return;
     if (into != ReadBack::IntoSlider)
@@ -197,7 +197,7 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
         slider->setValue(*reached);
 }
 
-/// A tick ends between two exchanges when somebody waits for it or its page has been left.
+/// A tick ends early if a request is waiting or the user has left the page.
 bool RunPage::tickGoesOn(const HandCall& call) const
 {
     return call.isCurrent() && !session()->requestWaits() && m_timer.isActive();
@@ -214,7 +214,7 @@ void RunPage::updateCurrent()
         return;
     HandCall call(*target, reporter()->plain());
     sendPending(call);
-    // A tick that was cut short is continued by the next, else the last finger would starve.
+    // The next tick continues one that ended early; otherwise the last finger would starve.
     const std::size_t first = std::exchange(m_firstCurrent, 0);
     for (std::size_t i = 0; i < FingerCount; ++i) {
         const auto finger = static_cast<std::uint8_t>((first + i) % FingerCount);

@@ -23,7 +23,7 @@ namespace
 {
 constexpr int InsertedSpeed = 255;
 constexpr int SelectInsertedMs = 100;
-constexpr int ToTheEnd = -1; ///< end index of a run over all steps that follow
+constexpr int ToTheEnd = -1; ///< end index for all remaining steps
 } // namespace
 
 SequencePage::SequencePage(QWidget* parent)
@@ -52,11 +52,11 @@ SequencePage::~SequencePage() = default;
 
 void SequencePage::layOut()
 {
-    // The one long header gets the width that it needs, the other columns share the rest.
+    // The long header gets the width that it needs; the other columns share the rest.
     auto* columns = m_table->horizontalHeader();
     columns->setSectionResizeMode(QHeaderView::Stretch);
     columns->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    columns->setHighlightSections(false); // rows are selected
+    columns->setHighlightSections(false); // whole rows are selected
     QList<QWidget*> buttons;
     for (QPushButton* button : findChildren<QPushButton*>())
         buttons.append(button);
@@ -108,7 +108,7 @@ void SequencePage::focusTable()
 void SequencePage::clearSequenceInfo()
 {
     m_table->clearCurrent();
-    m_visit.advance(); // nothing that was selected before is
+    m_visit.advance(); // invalidates requests for earlier selections
     m_shown = StepTable::NoStep;
     m_editors->clear();
 }
@@ -132,8 +132,8 @@ void SequencePage::updateSequenceTab()
     const bool playing = open && isPlaying();
     const bool editable = open && !playing;
     const bool hasSteps = !m_sequence->isEmpty();
-    // Each control goes straight to its new state: one that is disabled for a moment only would
-    // lose the focus, and with it what is being typed.
+    // Each control gets its final state directly: disabling one even briefly would take its focus
+    // and interrupt the user typing.
     enableWidgetsForSequenceTab(Editors, editable && m_table->currentRow() >= 0);
     ui->comboBox_SeqPosOrAngle->setEnabled(editable && !hasSteps && !m_reading);
     enableWidgetsForSequenceTab(Rows, editable);
@@ -157,7 +157,7 @@ void SequencePage::updateEditCell()
     m_editors->show(m_sequence->data().sequences[row]);
 }
 
-/// A request made on this page. It is dropped if the page has been left meanwhile.
+/// Makes a request of this page. It is dropped if the user has left the page meanwhile.
 void SequencePage::requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action)
 {
     if (!isShown())
@@ -169,11 +169,11 @@ void SequencePage::requestOnPage(std::function<bool()> stillWanted, RequestQueue
 
 void SequencePage::play(const HandTarget& target, int start, int end, Purpose purpose)
 {
-    // The hand of the click, whatever the Devices list may show by now.
+    // The hand at the time of the click, whatever the Devices list shows now.
     m_player->setVantoProtocol(target.adapter, target.node);
     {
         const QScopedValueRollback starting(m_starting, true);
-        // A field that becomes read-only, unlike one that is disabled, does not finish its editing.
+        // Unlike a field that is disabled, one that becomes read-only does not finish editing.
         if (const auto finger = m_editors->typedSpeed())
             tabSequence_handleSpeedEdit(*finger);
         m_focus = std::make_unique<FocusKeeper>(window(), this);
@@ -184,7 +184,7 @@ void SequencePage::play(const HandTarget& target, int start, int end, Purpose pu
     playEnded();
 }
 
-/// The row that is meant may go elsewhere or away, or another one be chosen, before its turn comes.
+/// Until the request runs, the row may be moved, removed or no longer current.
 void SequencePage::playRow(int row, Purpose purpose)
 {
     if (row < 0)
@@ -223,7 +223,7 @@ void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QStr
     playEnded();
 }
 
-/// After a run, too, has another row become current than the one that the editors show.
+/// After a run, too, the current row may not be the one that the editors show.
 void SequencePage::playEnded()
 {
     if (!isPlaying() && session()->target())
@@ -249,7 +249,7 @@ void SequencePage::insert(const HandTarget& target, quint64 after)
     }();
     if (!target.isCurrent())
         return;
-    const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
+    const int row = m_table->rowOf(after) + 1; // at the top if that row no longer exists
     m_sequence->insert(
         row,
         {{pose.currents.begin(), pose.currents.end()}, QList<int>(FingerCount, InsertedSpeed), 0});
@@ -262,7 +262,8 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
     QTimer::singleShot(SelectInsertedMs, m_table,
                        [this, target, step = m_table->idOf(row), visit = m_visit.token()] {
                            const int now = m_table->rowOf(step);
-                           // Under a dialog it would have to wait and then come unexpectedly.
+                           // While a dialog is open the move would have to wait and then surprise
+                           // the user.
                            if (now >= 0 && isVisit(visit) && target.isCurrent() && !isPlaying() &&
                                !QApplication::activeModalWidget())
                                m_table->setCurrentCell(now, 0);
@@ -321,7 +322,7 @@ void SequencePage::tabSequence_handleSliderReleased(unsigned char finger)
         [this, release](const HandTarget& target) { moveAndStore(target, release); });
 }
 
-/// The target that the hand reports after the motion, unless something failed.
+/// The target that the hand reports after the motion, or nothing on a failure.
 std::optional<int> SequencePage::move(const HandTarget& target, const Release& release)
 {
     HandCall call(target, reporter()->plain());
@@ -337,7 +338,7 @@ void SequencePage::moveAndStore(const HandTarget& target, const Release& release
         return;
     m_sequence->edit(release.step, [this, &release, &reached](SequenceDataItem& step) {
         SequenceEditor::store(step.position, release.finger, *reached);
-        // The user may have gone to another row meanwhile, or taken the slider up again.
+        // Meanwhile the user may have selected another row, or be dragging the slider again.
         if (m_shown == release.step && !m_editors->slider(release.finger)->isSliderDown())
             m_editors->setValue(release.finger, *reached);
     });

@@ -98,7 +98,7 @@ void SettingPage::tabSetting_handleWritePID(unsigned char finger)
                    [finger](const auto& fields) { return fields[finger]->text(); });
     request(m_writeButtons[Pid][finger], [this, finger, texts](const HandTarget& target) {
         const auto empty = [](const QString& text) { return text.isEmpty(); };
-        // The write follows all the same; an empty field counts as 0.
+        // The write follows nevertheless; an empty field counts as 0.
         if (std::any_of(texts.begin(), texts.end(), empty))
             QMessageBox::critical(window(), Program::title(),
                                   tr("Please check parameter is complete"));

@@ -21,7 +21,7 @@ StatusReporter::StatusReporter(QStatusBar* statusBar)
       m_errorLabel(new ElidedLabel(statusBar)),
       m_log(new MessageLog(this))
 {
-    // The name exempts the label from the colours of the style sheets.
+    // The name exempts the label from the colors of the style sheets.
     m_errorLabel->setObjectName("label_StatusError");
     m_errorLabel->setAccessibleName(tr("Error"));
     m_statusBar->addPermanentWidget(m_errorLabel);
@@ -29,7 +29,7 @@ StatusReporter::StatusReporter(QStatusBar* statusBar)
     showLog->setObjectName("action_Messages");
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);
     connect(showLog, &QAction::triggered, this, &StatusReporter::sig_logRequested);
-    // The label has no width while there is no error, so the whole bar opens the list.
+    // The label has no width while there is no error, so the whole status bar opens the list.
     for (QWidget* bar : {static_cast<QWidget*>(m_statusBar), static_cast<QWidget*>(m_errorLabel)}) {
         bar->setContextMenuPolicy(Qt::ActionsContextMenu);
         bar->addAction(showLog);
@@ -43,7 +43,7 @@ void StatusReporter::addToStatusBar(QWidget* widget)
 
 void StatusReporter::showMessage(const QString& text)
 {
-    // Shown again, the same text would keep the time that is left of the first showing.
+    // Otherwise an identical text would keep the remaining time of the previous one.
     m_statusBar->clearMessage();
     m_statusBar->showMessage(text, ShownMs);
     m_log->add(MessageLog::Kind::Message, text);

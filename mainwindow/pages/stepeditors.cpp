@@ -102,7 +102,7 @@ void StepEditors::takeSpeed(std::uint8_t finger, SequenceDataItem& step)
 {
     QLineEdit* field = m_speeds[finger];
     if (finger >= step.speed.size() && field->text().isEmpty())
-        return; // there is none, and none has been typed
+        return; // no speed is stored, and none has been typed
     const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
     SequenceEditor::store(step.speed, finger, speed);
     field->setText(finger < step.speed.size() ? QString::number(speed) : QString());

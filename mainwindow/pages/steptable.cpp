@@ -11,7 +11,7 @@ namespace vanto
 
 namespace
 {
-/// By finger: the thumb root stands first, as it does on the hand.
+/// Columns by finger: the thumb root comes first, as on the hand.
 constexpr PerFinger<int> ColumnOf{1, 2, 3, 4, 5, 0};
 } // namespace
 
@@ -19,7 +19,7 @@ MyQTableWidgetItem::~MyQTableWidgetItem() = default;
 
 StepTable::StepTable(QWidget* parent) : QTableWidget(parent)
 {
-    // A height of its own for every row would be asked of every cell of a long sequence.
+    // Individual row heights would query every cell of a long sequence.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 }
 
@@ -94,7 +94,7 @@ void StepTable::clearCurrent()
 
 QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    // Without a current cell the view would look for a first one, also when it gets the focus.
+    // Without a current cell the view would search for a first one, even when it gets the focus.
     return currentRow() < 0 ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
 }
 
@@ -104,8 +104,7 @@ bool StepTable::keyPressed(const QKeyEvent& event)
     if (!up && event.key() != Qt::Key_Down)
         return false;
     const int row = currentRow();
-    // A key held since before the page was shown was not meant for a row, which would move the
-    // hand.
+    // A key held since before the page was shown must not select a row, which would move the hand.
     if (row < 0 && event.isAutoRepeat())
         return true;
     const int next = up ? row - 1 : row + 1;

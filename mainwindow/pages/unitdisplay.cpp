@@ -30,7 +30,7 @@ void UnitDisplay::apply(const MotionUnit& unit, QLabel* name, const PerFinger<QS
     const QString ticks = QStringLiteral("ticks");
     const QString degree = QCoreApplication::translate("UnitDisplay", "degree");
     name->setText(positions ? ticks : degree);
-    // Room for either, so that nothing moves when the mode changes.
+    // Wide enough for both, so that the layout does not change with the mode.
     const QFontMetrics metrics = name->fontMetrics();
     name->setMinimumWidth(
         std::max(metrics.horizontalAdvance(ticks), metrics.horizontalAdvance(degree)));

@@ -23,16 +23,16 @@ namespace vanto
 namespace
 {
 constexpr int Retries = 1;
-constexpr int LookMs = 5; ///< how often a pause looks whether it still makes sense
+constexpr int LookMs = 5; ///< interval of the checks for an abandoned exchange
 
-/// For how long replies may still come to a request that was repeated, from its end on. Reckoned
-/// with hands that take up to three time-outs of a read.
+/// How long replies to a repeated request may still arrive after its end. Allows for hands that
+/// take up to three read time-outs to answer.
 int settlingMs(bool isWrite, bool mayBeStale)
 {
     const ReplyLimits& limits = ReplyLimits::current();
     if (isWrite)
         return limits.modbusWrite;
-    // An earlier request may have got this reply, and then its own is still on its way.
+    // This reply may belong to an earlier request; then the request's own reply is still to come.
     return mayBeStale ? 3 * limits.modbusRead : 2 * limits.modbusRead;
 }
 
@@ -48,11 +48,11 @@ struct ModBusRTUClientQT::Reply {
     QModbusDevice::Error error = QModbusDevice::NoError;
     QString errorText;
     Registers values;
-    QByteArray data{}; ///< of the frame, for the trace
+    QByteArray data{}; ///< data of the frame, for the trace
 };
 
-/// Waits for the reply and disposes of it. The wait also ends when the application quits or the
-/// client is destroyed; what is unfinished then has failed. `waiting` counts the waits.
+/// Waits for the reply and deletes it. The wait also ends when the application quits or the client
+/// is destroyed; an unfinished reply then counts as failed. `waiting` counts the nested waits.
 ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
                                                  std::shared_ptr<int> waiting)
 {
@@ -77,8 +77,7 @@ ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
 
 ModBusRTUClientQT::ModBusRTUClientQT()
 {
-    // Qt warns of every frame that is damaged or late. Those are failures of requests, and told of
-    // as such.
+    // Qt warns of every damaged or late frame. They are reported as failures of their requests.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus.warning=false"));
     renewClient();
 }
@@ -143,7 +142,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std
     return exchange({slave, start, true, values}, reply);
 }
 
-/// The function by which the Qt client reads and writes.
+/// The function code that the Qt client uses for the request.
 QModbusPdu::FunctionCode ModBusRTUClientQT::functionOf(const Request& request)
 {
     if (!request.isWrite)
@@ -185,8 +184,8 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
     QElapsedTimer timer;
     timer.start();
-    // A write may move a finger, and somebody may want the hand to stop meanwhile; the Qt client's
-    // own repetition could not be held back.
+    // A write may move a finger, and the user may stop the hand meanwhile. The Qt client's own
+    // retry could not be prevented.
     m_client->setNumberOfRetries(request.isWrite ? 0 : Retries);
     const int tries = request.isWrite ? 1 + Retries : 1;
     for (int i = 0; i < tries; ++i) {
@@ -220,7 +219,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::translateError(QModbusDevice::Error e)
     return static_cast<Error>(std::min<int>(e, UnknownError));
 }
 
-/// False, with the reason on the log, if nothing can be sent; the Qt client would warn.
+/// Returns false and logs the reason if nothing can be sent; the Qt client would warn.
 bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
 {
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
@@ -233,8 +232,8 @@ bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
         qDebug("Device not connected.");
         return false;
     }
-    // A late reply to an earlier request must not pass for the answer to this one; but what comes
-    // for a request that is still waiting, further down the stack, has to stay.
+    // A late reply to an earlier request must not be taken for the reply to this one. Input for
+    // requests that still wait, deeper in the stack, must be kept.
     auto* const port = qobject_cast<QSerialPort*>(m_client->device());
     if (port && port->isOpen() && *m_waiting == 0)
         port->clear(QSerialPort::Input);
@@ -260,7 +259,7 @@ void ModBusRTUClientQT::waitForStragglers(const Request& next)
 
 void ModBusRTUClientQT::handleError(QModbusDevice::Error error)
 {
-    // A request that cannot be sent is no fault of the line.
+    // A request that cannot be sent is not a failure of the line.
     const bool lineFailed = error == QModbusDevice::ReadError ||
                             error == QModbusDevice::WriteError ||
                             error == QModbusDevice::ConnectionError;

@@ -13,7 +13,7 @@ namespace vanto
 
 namespace
 {
-constexpr int PresetWindow = 1024; ///< to either side of a preset
+constexpr int PresetWindow = 1024; ///< on either side of a preset
 constexpr std::uint8_t NoPreset = 255;
 
 template<class T>
@@ -23,8 +23,8 @@ void store(T* output, unsigned value)
         *output = static_cast<T>(value);
 }
 
-/// A register with the major version in its high byte, and for the longer form one more with the
-/// revision.
+/// Reads a register with the major version in its high byte and, in the longer form, a second one
+/// with the revision.
 std::uint8_t readVersion(RegisterAccess&& access, int address, std::uint8_t* major,
                          std::uint8_t* minor, std::uint16_t* revision, std::uint16_t count)
 {
@@ -36,7 +36,7 @@ std::uint8_t readVersion(RegisterAccess&& access, int address, std::uint8_t* maj
     store(revision, words[1]);
     return ResultCode::Success;
 }
-/// The registers of the four gains, each with what it is read into or written with.
+/// The registers of the four gains, each with its output or value.
 template<class T>
 std::array<std::pair<int, T>, 4> gains(T p, T i, T d, T g)
 {
@@ -384,12 +384,11 @@ u8 ModBusRTUProtocolV1::startInit(u8 node)
     return access(node).write(Register::StartInit, Register::Start).result();
 }
 
-/// From the caches, which are filled as far as they are needed. What a request that failed has not
-/// brought is 0.
+/// Reads what the caches do not hold yet. A limit that could not be read is 0.
 PositionLimits ModBusRTUProtocolV1::limits(RegisterAccess& requests, u8 node, u8 finger)
 {
     const auto known = [&](int address, auto& cache) {
-        u16 beyondFingers = 0; // not kept
+        u16 beyondFingers = 0; // for an index beyond the fingers
         u16& limit = finger < FingerCount ? cache[node][finger] : beyondFingers;
         if (limit == 0)
             requests.read(address + finger, &limit);

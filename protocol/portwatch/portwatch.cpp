@@ -27,12 +27,12 @@ bool canBeChecked(const QSerialPort&)
 
 bool hasHungUp(const QSerialPort& port)
 {
-    // POLLHUP, POLLERR and POLLNVAL are reported without being asked for.
+    // POLLHUP, POLLERR and POLLNVAL are reported without being requested.
     pollfd descriptor{port.handle(), 0, 0};
     return poll(&descriptor, 1, 0) > 0;
 }
 #else
-/// A port that the system does not list from the start cannot vanish from its list.
+/// A port that the system never listed cannot disappear from its list.
 bool canBeChecked(const QSerialPort& port)
 {
     const auto ports = QSerialPortInfo::availablePorts();

@@ -14,9 +14,9 @@ namespace vanto
 
 namespace
 {
-/// Each frame with time, direction and, for a reply, the result.
+/// Logs each frame with its time, direction and, for a reply, result.
 Q_LOGGING_CATEGORY(traceLog, "vanto.serialctrl", QtWarningMsg)
-QByteArray s_traced; ///< what has come in since the request, if that is logged
+QByteArray s_traced; ///< bytes received since the request, if logging is enabled
 
 QString traceTime()
 {
@@ -38,7 +38,7 @@ SerialPort& portOf(const HAND_Context* context)
 int SendData(u8 /*node*/, const u8* data, u32 length, HAND_Context* context)
 {
     auto& port = portOf(context);
-    // A late reply to an earlier request must not pass for the answer to this one.
+    // A late reply to an earlier request must not be taken for the reply to this one.
     port.clear();
     qCDebug(traceLog).noquote() << traceTime() << "tx"
                                 << QByteArray(reinterpret_cast<const char*>(data),
