@@ -14,14 +14,14 @@ namespace vanto
 
 namespace
 {
-constexpr std::chrono::seconds LongestEnd{1};
+constexpr std::chrono::seconds ExitTimeout{1};
 
 /// A regular exit keeps copied text on the clipboard, but it waits for a pending name look-up of
-/// the firmware server, which can take many seconds. So this limits its time.
-void endSoon(int status)
+/// the firmware server, which can take many seconds. So its time is limited.
+void exitWithinTimeout(int status)
 {
     std::thread([status] {
-        std::this_thread::sleep_for(LongestEnd);
+        std::this_thread::sleep_for(ExitTimeout);
         std::_Exit(status);
     }).detach();
 }
@@ -42,7 +42,7 @@ int runProgram(int argc, char* argv[])
     Translation::install(QLocale::system().name());
 
     const int status = runWindow();
-    endSoon(status);
+    exitWithinTimeout(status);
     return status;
 }
 

@@ -38,7 +38,7 @@ public:
     Generation::Token token() const { return m_epoch.token(); }
 
     /// Sets the adapter, opens the port for the current Devices entry and detects force sensing.
-    /// Whether the port opens shows in the reads that follow. Returns nothing if there is no
+    /// The reads that follow show whether the port has opened. Returns nothing if there is no
     /// current entry, or if another hand has been requested meanwhile.
     std::optional<HandTarget> open(std::shared_ptr<VantoProtocol> adapter, const QString& port);
     void setAdapter(std::shared_ptr<VantoProtocol> adapter);
@@ -47,7 +47,7 @@ public:
     void closeIfConnected();
 
     bool hasForceSensing() const { return m_forceSensing; }
-    void forgetForceSensing() { m_forceSensing = false; }
+    void clearForceSensing() { m_forceSensing = false; }
 
     void stopAtOnce();
     /// Like stopAtOnce(), but permanent: waiting jobs are dropped and new ones ignored.
@@ -64,7 +64,7 @@ public:
     void dropRequests() { m_queue.dropRequests(); }
     void openWaitingDialogs() { m_queue.openWaitingDialogs(); }
     bool canTick() const { return m_queue.canTick(); }
-    bool requestWaits() const { return m_queue.hasWaiting(); }
+    bool requestWaits() const { return m_queue.hasWaitingJobs(); }
 
 signals:
     /// Timers and the player must stop now.

@@ -33,7 +33,7 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
                 return Outcome::Superseded;
         }
     }
-    return Outcome::AllTried;
+    return Outcome::Completed;
 }
 
 /// Returns false if the port could not be opened.

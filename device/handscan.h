@@ -16,7 +16,7 @@ public:
     static constexpr int FirstNode = 1;
     static constexpr int LastNode = 255;
 
-    enum class Outcome { AllTried, Stopped, PortNotOpened, Superseded };
+    enum class Outcome { Completed, Stopped, PortNotOpened, Superseded };
 
     /// Time-outs of absent nodes are reported like any failure.
     explicit HandScan(CallReport& report, QObject* parent = nullptr);

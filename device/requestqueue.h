@@ -53,7 +53,7 @@ public:
     /// Whether periodic work may run now; otherwise it skips a tick.
     bool canTick() const;
     /// Whether a job waits for the current conversation to end.
-    bool hasWaiting() const { return m_handling == 0 && !m_waiting.empty(); }
+    bool hasWaitingJobs() const { return m_runningJobs == 0 && !m_waiting.empty(); }
 
 private:
     struct Job {
@@ -74,7 +74,7 @@ private:
 
     bool m_shutDown = false;
     bool m_drainScheduled = false;
-    int m_handling = 0; ///< on the stack; a job may show dialogs between its conversations
+    int m_runningJobs = 0; ///< on the stack; a job may show dialogs between its conversations
     std::list<Job> m_waiting;
 };
 

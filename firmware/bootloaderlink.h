@@ -15,9 +15,9 @@ using ProgressCallback = std::function<void(int percent)>;
 /// Attempts and time-outs of an update.
 struct UpdateLimits {
     int probes = 10;      ///< attempts to wake the boot loader up
-    int probeMs = 1000;   ///< wait for each byte of the answer to a probe
-    int matchMs = 1000;   ///< wait for the verdict on the hardware
-    int recordMs = 4000;  ///< wait for the verdict on a record
+    int probeMs = 1000;   ///< wait for each byte of the reply to a probe
+    int matchMs = 1000;   ///< wait for the reply to the hardware type and version
+    int recordMs = 4000;  ///< wait for the reply to a record
     int rejections = 4;   ///< of one record, after which the update fails
     int listenMs = 10000; ///< on a line that is never silent, until the next probe
 };
@@ -30,8 +30,8 @@ struct UpdateLimits {
 ///   a record                     11 if accepted; the next record, or the same one again
 ///
 /// The last record is not marked. Silence, any other byte and a port that disappears end the
-/// update. The functions are called in this order; each returns the reason of a failure, or an
-/// empty string.
+/// update. Call the functions in this order; each returns the reason of a failure, or an empty
+/// string.
 class BootLoaderLink
 {
     Q_DECLARE_TR_FUNCTIONS(BootLoaderLink)
@@ -46,11 +46,11 @@ public:
     QString transfer(QByteArrayView image);
 
 private:
-    bool hearsPresence();
+    bool receivePresence();
     void clearInput();
     void send(QByteArrayView bytes);
-    std::optional<quint8> receive(int milliseconds);
-    QString heard(quint8 byte) const;
+    std::optional<std::uint8_t> receive(int milliseconds);
+    QString receivedText(std::uint8_t byte) const;
 
     QSerialPort& m_port;
     LogCallback m_log;

@@ -50,7 +50,7 @@ FirmwareDownload::Offer FirmwareDownload::latestReleases()
         offer.failure = tr("Error when saving firmware file.");
         return offer;
     }
-    const auto body = get(addressOf(QStringLiteral("latest_version.json")));
+    const auto body = get(fileUrl(QStringLiteral("latest_version.json")));
     if (!body) {
         offer.failure = tr("Error when reading version file from server.");
         return offer;
@@ -68,7 +68,7 @@ FirmwareDownload::SavedFile FirmwareDownload::save(const FirmwareRelease& releas
              << ", desc:" << release.description;
     if (!isPlainFileName(m_hardware) || !isPlainFileName(release.file))
         return {{}, tr("Error when saving firmware file.")};
-    const auto body = get(addressOf(release.file));
+    const auto body = get(fileUrl(release.file));
     if (!body || body->isEmpty())
         return {{}, tr("Error when reading firmware file from server.")};
     const QString path = QStringLiteral("downloaded/%1/%2").arg(m_hardware, release.file);
@@ -82,7 +82,7 @@ void FirmwareDownload::abandon()
     m_wait.quit();
 }
 
-QUrl FirmwareDownload::addressOf(const QString& file) const
+QUrl FirmwareDownload::fileUrl(const QString& file) const
 {
     const auto encoded = [](const QString& part) {
         return QString::fromLatin1(QUrl::toPercentEncoding(part));

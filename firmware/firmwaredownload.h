@@ -49,7 +49,7 @@ public:
     void abandon();
 
 private:
-    QUrl addressOf(const QString& file) const;
+    QUrl fileUrl(const QString& file) const;
     std::optional<QByteArray> get(const QUrl& address);
 
     QString m_hardware;

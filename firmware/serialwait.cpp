@@ -15,9 +15,9 @@ constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clo
 
 bool hasSerialPortFailed(const QSerialPort& port)
 {
-    const bool atFault =
+    const bool hasError =
         port.error() != QSerialPort::NoError && port.error() != QSerialPort::TimeoutError;
-    return atFault || !port.isOpen();
+    return hasError || !port.isOpen();
 }
 
 bool waitForSerialPortReadyRead(QSerialPort& port, int milliseconds)

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -27,8 +28,8 @@ using LogCallback = std::function<void(const QString& text)>;
 
 /// The hardware that an update file is made for.
 struct UpdateHardware {
-    quint8 type = 0;
-    quint8 version = 0;
+    std::uint8_t type = 0;
+    std::uint8_t version = 0;
 };
 
 struct UpdateFile {
@@ -50,8 +51,7 @@ UpdateFile readUpdateFile(QByteArrayView content, const LogCallback& log = {});
 /// Reads an update file from disk. Files of more than 64 MiB are refused.
 UpdateFile loadUpdateFile(const QString& path, const LogCallback& log = {});
 
-/// The record at `offset` of the image, including its length field; cut off at the end of the
-/// image.
+/// The record at `offset` of the image, including its length field; cut off where the image ends.
 QByteArrayView updateRecordAt(QByteArrayView image, qsizetype offset);
 
 } // namespace vanto

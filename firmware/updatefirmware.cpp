@@ -33,7 +33,7 @@ QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString
             .arg(portName);
     // Closing the port ends a wait.
     PortWatch watch([&port] { port.close(); });
-    watch.opened(&port);
+    watch.start(&port);
 
     port.clear(QSerialPort::AllDirections);
     BootLoaderLink bootLoader(port, std::move(log), std::move(progress), limits);

@@ -10,8 +10,7 @@ namespace vanto
 /// Everything runs on the user-interface thread, and every exchange processes events while it
 /// waits, so any slot or timer can run during the wait. Code that communicates with a hand has a
 /// conversation on the stack, by a HandCall or a LineHold; code that must not interrupt one checks
-/// busy() first. A conversation never spans a dialog: an exchange that a dialog interrupts times
-/// out.
+/// busy() first. A conversation never spans a dialog: an exchange behind a dialog times out.
 class Conversation
 {
 public:

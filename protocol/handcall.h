@@ -87,8 +87,7 @@ public:
         return std::invoke(Operation, *m_target.adapter, m_target.node, arguments...);
     }
 
-    /// Reports `result` if it is a failure. Returns true on success, if the target is still
-    /// current.
+    /// Reports `result` if it is a failure. Returns true on success, if the target is current.
     bool accept(std::string_view operation, std::uint8_t result);
     template<auto Operation>
     bool accept(std::uint8_t result)

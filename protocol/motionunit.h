@@ -34,10 +34,10 @@ public:
                                           std::string_view operation = {}) const = 0;
     virtual std::optional<Pose> readPose(HandCall& call) const = 0;
     /// Like readPose(), but returns zeros on a failure and does not report it.
-    virtual Pose readPoseIfPossible(HandCall& call) const = 0;
+    virtual Pose readPoseOrZeros(HandCall& call) const = 0;
 
     /// Distance from the target within which a finger has arrived.
-    virtual int arrivalWindow() const = 0;
+    virtual int arrivalTolerance() const = 0;
     bool isPosition() const { return this == &position(); }
 
 protected:

@@ -66,14 +66,14 @@ private:
     const MotionUnit& unit() const;
     /// Sends a step, or the preparation pose. Returns false if not all of it was sent.
     bool setupVanto(int sequenceIndex, bool prepare, HandCall& call);
-    bool currentsAreSafe(HandCall& call);
-    bool haveArrived(HandCall& call);
+    bool areCurrentsSafe(HandCall& call);
+    bool haveFingersArrived(HandCall& call);
     bool reportTimeout(const HandTarget& target) override;
-    void reportFailure(const HandTarget& target, std::string_view operation, quint8 result,
-                       quint8 subError) override;
+    void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,
+                       std::uint8_t subError) override;
     void _stop(const QString& errMsg);
-    static QString _getErrorMsg(const QString& functionName, quint8 node, quint8 result,
-                                quint8 subError);
+    static QString _getErrorMsg(const QString& functionName, std::uint8_t node, std::uint8_t result,
+                                std::uint8_t subError);
 
     std::shared_ptr<VantoProtocol> m_protocol;
     int m_node = 0;

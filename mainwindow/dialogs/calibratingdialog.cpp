@@ -11,8 +11,8 @@
 namespace vanto
 {
 
-CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
-                                     quint16 singleStep, std::function<void(int)> moved)
+CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, std::uint16_t value,
+                                     std::uint16_t singleStep, std::function<void(int)> moved)
     : QDialog(parent), ui(std::make_unique<Ui::CalibratingDialog>()), m_moved(std::move(moved))
 {
     ui->setupUi(this);
@@ -25,7 +25,7 @@ CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, qui
     ui->buttonBox->button(QDialogButtonBox::Cancel)->setFocusPolicy(Qt::NoFocus);
     // With a click on OK it moves when the dialog closes, so that a failure can reopen the dialog.
     ui->buttonBox->button(QDialogButtonBox::Ok)->setFocusPolicy(Qt::TabFocus);
-    const QSignalBlocker notMoved(ui->spinBox_ThumbRootPos);
+    const QSignalBlocker blocker(ui->spinBox_ThumbRootPos);
     ui->spinBox_ThumbRootPos->setValue(value);
 }
 
@@ -36,7 +36,7 @@ void CalibratingDialog::done(int result)
     // A click on OK that a move has delayed must not turn the reject after it into an accept.
     if (!isOpen())
         return;
-    const QScopedValueRollback ending(m_ending, true);
+    const QScopedValueRollback closing(m_closing, true);
     // The spin box loses the focus now and would apply the typed value.
     if (result == QDialog::Rejected)
         ui->spinBox_ThumbRootPos->blockSignals(true);

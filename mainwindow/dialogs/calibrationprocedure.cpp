@@ -24,7 +24,7 @@ namespace
 /// Result or sub error of a hand that is already calibrating.
 constexpr std::uint8_t AlreadyCalibrating = 0x22;
 constexpr int KeyBase = 16;
-constexpr quint16 ThumbRootStep = 32; ///< absolute units
+constexpr std::uint16_t ThumbRootStep = 32; ///< absolute units
 constexpr std::uint8_t ThumbRootSpeed = 255;
 constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clock
 
@@ -40,26 +40,26 @@ public:
 
     void moveTo(int position)
     {
-        m_wanted = static_cast<std::uint16_t>(position);
+        m_requested = static_cast<std::uint16_t>(position);
         if (m_moving)
             return;
         const QScopedValueRollback moving(m_moving, true);
-        HandCall call(m_target, m_reporter->namingTimeouts());
-        while (m_wanted && call.isCurrent()) {
-            const auto next = std::exchange(m_wanted, std::nullopt);
+        HandCall call(m_target, m_reporter->timeoutReport());
+        while (m_requested && call.isCurrent()) {
+            const auto next = std::exchange(m_requested, std::nullopt);
             const std::uint8_t result = call.attempt<&VantoProtocol::setFingerPosAbs>(
                 std::uint8_t{ThumbRoot}, *next, ThumbRootSpeed);
-            if (m_dropped)
+            if (m_cancelled)
                 return; // cancelled, which is not a failure of the hand
             m_failed = !call.accept<&VantoProtocol::setFingerPosAbs>(result);
         }
     }
 
     /// Sends nothing more, not even the rest of the current move.
-    void drop()
+    void cancel()
     {
-        m_dropped = true;
-        m_wanted.reset();
+        m_cancelled = true;
+        m_requested.reset();
         Exchange::abandon();
     }
     /// Whether the last move has failed.
@@ -68,9 +68,9 @@ public:
 private:
     const HandTarget& m_target;
     StatusReporter* m_reporter;
-    std::optional<std::uint16_t> m_wanted;
+    std::optional<std::uint16_t> m_requested;
     bool m_moving = false;
-    bool m_dropped = false;
+    bool m_cancelled = false;
     bool m_failed = false;
 };
 } // namespace
@@ -91,7 +91,7 @@ void CalibrationProcedure::run(const HandTarget& target)
             return confirm(tr("Prepare calibration base and take Vanto up then power on,\n"
                               "presss OK when Vanto is ready."));
         },
-        [&] { return askKey(target, key); },
+        [&] { return requestKey(target, key); },
         [&] {
             return confirm(tr("Vanto will reboot if not in calibrating state & calibration key is "
                               "correct,\npress OK when ready"));
@@ -102,16 +102,16 @@ void CalibrationProcedure::run(const HandTarget& target)
                               "press OK when beep finished"));
         },
         [&] {
-            return placeThumbRoot(target,
-                                  tr("Put Vanto onto calibration base & push it tightly, move "
-                                     "thumb root to right pos, press OK when ready"));
+            return positionThumbRoot(target,
+                                     tr("Put Vanto onto calibration base & push it tightly, move "
+                                        "thumb root to right pos, press OK when ready"));
         },
         [&] { return pressButtonAndWait(target, 1); },
         [&] { return confirm(tr("Take Vanto up,\npress OK when ready")); },
         [&] { return pressButtonAndWait(target, 2); },
         [&] {
-            return placeThumbRoot(target,
-                                  tr("Move thumb root to right position,\npress OK when ready"));
+            return positionThumbRoot(target,
+                                     tr("Move thumb root to right position,\npress OK when ready"));
         },
         [&] { return pressButton(target, 3); },
     };
@@ -133,7 +133,7 @@ bool CalibrationProcedure::confirm(const QString& prompt)
                                     QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
-bool CalibrationProcedure::askKey(const HandTarget& target, std::uint16_t& key)
+bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& key)
 {
     bool accepted = false;
     const QString text =
@@ -150,7 +150,7 @@ bool CalibrationProcedure::askKey(const HandTarget& target, std::uint16_t& key)
 
 bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint16_t key)
 {
-    HandCall call(target, m_reporter->namingTimeouts());
+    HandCall call(target, m_reporter->timeoutReport());
     const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
     if (result == AlreadyCalibrating)
         return true;
@@ -162,18 +162,18 @@ bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint1
     if (subError == AlreadyCalibrating)
         return true;
     if (call.isCurrent())
-        m_reporter->namingTimeouts().reportFailure(
+        m_reporter->timeoutReport().reportFailure(
             target, operationName<&VantoProtocol::calibrate>(), result, subError);
     return false;
 }
 
-bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QString& prompt)
+bool CalibrationProcedure::positionThumbRoot(const HandTarget& target, const QString& prompt)
 {
-    std::uint16_t wanted = 0;
+    std::uint16_t unusedTarget = 0;
     std::uint16_t current = 0;
     {
-        HandCall call(target, m_reporter->namingTimeouts());
-        if (!call.perform<&VantoProtocol::getFingerPosAbs>(std::uint8_t{ThumbRoot}, &wanted,
+        HandCall call(target, m_reporter->timeoutReport());
+        if (!call.perform<&VantoProtocol::getFingerPosAbs>(std::uint8_t{ThumbRoot}, &unusedTarget,
                                                            &current))
             return false;
     }
@@ -184,7 +184,7 @@ bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QStrin
         mover.moveTo(position);
         failedAfterOk = mover.failed() && !dialog.isOpen();
     });
-    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.drop(); });
+    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.cancel(); });
     int answer = QDialog::Rejected;
     do {
         failedAfterOk = false;
@@ -195,7 +195,7 @@ bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QStrin
 
 bool CalibrationProcedure::pressButton(const HandTarget& target, std::uint8_t count)
 {
-    HandCall call(target, m_reporter->namingTimeouts());
+    HandCall call(target, m_reporter->timeoutReport());
     return call.perform<&VantoProtocol::setButtonPressedCnt>(count);
 }
 

@@ -33,9 +33,9 @@ public:
 private:
     // Each step returns true if the next one may follow.
     bool confirm(const QString& prompt);
-    bool askKey(const HandTarget& target, std::uint16_t& key);
+    bool requestKey(const HandTarget& target, std::uint16_t& key);
     bool startCalibrating(const HandTarget& target, std::uint16_t key);
-    bool placeThumbRoot(const HandTarget& target, const QString& prompt);
+    bool positionThumbRoot(const HandTarget& target, const QString& prompt);
     bool pressButton(const HandTarget& target, std::uint8_t count);
     bool pressButtonAndWait(const HandTarget& target, std::uint8_t count);
 

@@ -31,9 +31,9 @@ public:
                     DeviceBar* deviceBar, std::function<QString()> hardware,
                     std::function<void(int)> progress);
     /// Sets the actions that are disabled during a download.
-    void disableDuringDownload(const QList<QAction*>& actions) { m_disabled = actions; }
+    void disableDuringDownload(const QList<QAction*>& actions) { m_disabledActions = actions; }
 
-    void updateClicked();
+    void requestUpdate();
     void showProgress(int percent);
     /// Whether the program may end. If not, during a transfer, shows a message.
     bool canClose();
@@ -51,20 +51,20 @@ private:
 
     /// Why the file is not an update file; empty if it is one.
     static QString headerFailure(const QString& path);
-    void writeAndTell(const QString& path);
+    void writeAndReport(const QString& path);
     QString write(const QString& path);
     void showLog(const QString& text);
 
-    bool wanted() const { return m_token.isCurrent(); }
-    void tell(const QString& text);
-    void tellFailure(const QString& text);
+    bool isCurrent() const { return m_token.isCurrent(); }
+    void showInformation(const QString& text);
+    void showFailure(const QString& text);
 
     QWidget* m_window;
     DeviceSession* m_session;
     StatusReporter* m_reporter;
     DeviceBar* m_deviceBar;
     std::function<QString()> m_hardware;
-    QList<QAction*> m_disabled;
+    QList<QAction*> m_disabledActions;
     std::function<void(int)> m_progress;
     QStringList m_sources;
     QStringList m_knownHardware;
@@ -73,7 +73,7 @@ private:
     bool m_running = false;
     bool m_transferring = false;
     QString m_logText; ///< last text of the log
-    QElapsedTimer m_sinceEvents;
+    QElapsedTimer m_eventTimer;
 };
 
 } // namespace vanto

@@ -65,7 +65,7 @@ void BasicPage::reloadBasicInfo()
         updateDependentWidgets();
     });
     enableWidgetsForBasicTab(false);
-    focus.noteMove();
+    focus.recordFocusMove();
     clearFields();
     if (!m_deviceBar->hasCurrentDevice())
         return;
@@ -79,7 +79,7 @@ void BasicPage::reloadBasicInfo()
 
 void BasicPage::readAll(const HandTarget& target)
 {
-    HandCall call(target, reporter()->namingTimeouts());
+    HandCall call(target, reporter()->timeoutReport());
     bool protocolRead = false;
     bool hardwareRead = false;
     const std::array<std::function<void()>, 6> reads{
@@ -217,7 +217,7 @@ template<auto Operation, class... Arguments>
 void BasicPage::perform(QWidget* button, const QString& success, Arguments... arguments)
 {
     request(button, [=, this](const HandTarget& target) {
-        HandCall call(target, reporter()->namingTimeouts());
+        HandCall call(target, reporter()->timeoutReport());
         if (call.perform<Operation>(arguments...))
             reporter()->showMessage(success);
     });
@@ -238,7 +238,7 @@ void BasicPage::on_pushButton_BasicSetID_clicked()
 
 void BasicPage::changeId(const HandTarget& target, std::uint8_t newNode)
 {
-    HandCall call(target, reporter()->namingTimeouts());
+    HandCall call(target, reporter()->timeoutReport());
     if (!call.perform<&VantoProtocol::setID>(newNode))
         return;
     session()->stopAtOnce(); // the old id no longer answers
@@ -267,7 +267,8 @@ void BasicPage::on_pushButton_BasicSetSelfTestLevel_clicked()
                                                   tr("Set self-test level succeeded"),
                                                   static_cast<std::uint8_t>(level));
     else
-        refuse(ui->pushButton_BasicSetSelfTestLevel, tr("Invalid self-test level '%1'").arg(level));
+        showRefusal(ui->pushButton_BasicSetSelfTestLevel,
+                    tr("Invalid self-test level '%1'").arg(level));
 }
 
 void BasicPage::on_pushButton_BasicSetBeepSwitch_clicked()
@@ -278,11 +279,11 @@ void BasicPage::on_pushButton_BasicSetBeepSwitch_clicked()
                                                tr("Set beep switch succeeded"),
                                                static_cast<std::uint8_t>(on));
     else
-        refuse(ui->pushButton_BasicSetBeepSwitch, tr("Invalid beep switch level '%d'"));
+        showRefusal(ui->pushButton_BasicSetBeepSwitch, tr("Invalid beep switch level '%d'"));
 }
 
 /// Shows why nothing is sent, when the request of the button runs.
-void BasicPage::refuse(QWidget* button, const QString& reason)
+void BasicPage::showRefusal(QWidget* button, const QString& reason)
 {
     request(button, [=, this](const HandTarget&) {
         QMessageBox::information(window(), Program::title(), reason);

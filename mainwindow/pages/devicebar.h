@@ -37,7 +37,7 @@ public:
     void setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
                QAction* update);
     /// Lists the ports for the first time, in the background.
-    void listPortsAtStart();
+    void listPortsInBackground();
 
     bool hasPort() const;
     /// The name of the current port.
@@ -49,7 +49,7 @@ public:
     /// Opens the device of the current entry and reloads all pages.
     void openCurrentDevice();
     /// Closes the open device and clears the list of devices.
-    void forgetDevices();
+    void resetDevices();
     /// Only clears the list.
     void clearDevices();
     /// Calls follow() of all pages.
@@ -71,9 +71,9 @@ private slots:
     void on_comboBox_Devices_currentIndexChanged(int index);
 
 private:
-    void makeScan();
+    void createScan();
     void listPorts(const QList<PortEntry>& ports);
-    void leaveDevice();
+    void closeCurrentDevice();
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
     void showForceSensing(bool present);
     void scan();
@@ -86,7 +86,7 @@ private:
     DeviceSession* m_session = nullptr;
     StatusReporter* m_reporter = nullptr;
     QTabWidget* m_tabs = nullptr;
-    QAction* m_update = nullptr;
+    QAction* m_updateAction = nullptr;
     QList<DevicePage*> m_pages;
     HandScan* m_scan = nullptr;
     QProgressBar* m_progress = nullptr;

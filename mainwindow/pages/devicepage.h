@@ -20,8 +20,7 @@ public:
 
     void setUp(DeviceSession* session, StatusReporter* reporter);
 
-    /// Reads everything that the page shows from the open device; call this only while the line is
-    /// idle.
+    /// Reads everything that the page shows from the open device. The line must be idle.
     virtual void reload() {}
     /// Clears everything that the page shows of a device.
     virtual void clear() {}

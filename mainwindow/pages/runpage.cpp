@@ -15,7 +15,7 @@ namespace vanto
 namespace
 {
 constexpr int RunIntervalMs = 100;
-constexpr int PostponedMs = 20;
+constexpr int PostponedTickMs = 20;
 } // namespace
 
 RunPage::RunPage(QWidget* parent)
@@ -59,7 +59,7 @@ void RunPage::follow(bool isCurrent)
 void RunPage::postponeTick()
 {
     if (m_timer.isActive())
-        m_timer.start(PostponedMs);
+        m_timer.start(PostponedTickMs);
 }
 
 void RunPage::on_comboBox_RunPosOrAngle_currentIndexChanged()
@@ -71,9 +71,9 @@ void RunPage::reloadRunInfo()
 {
     FocusKeeper focus(window());
     enableWidgetsForRunTab(false);
-    focus.noteMove();
+    focus.recordFocusMove();
     clearRunInfo();
-    followMode();
+    applyMode();
     const auto target = session()->target();
     if (!target)
         return;
@@ -90,9 +90,9 @@ void RunPage::reloadRunInfo()
     reporter()->showMessage(tr("Running info loaded"));
 }
 
-void RunPage::followMode()
+void RunPage::applyMode()
 {
-    m_unit = &UnitDisplay::chosen(ui->comboBox_RunPosOrAngle);
+    m_unit = &UnitDisplay::selectedUnit(ui->comboBox_RunPosOrAngle);
     UnitDisplay::apply(*m_unit, ui->label_RunTicksOrDegree, m_sliders);
 }
 
@@ -123,7 +123,7 @@ void RunPage::tabRun_handleSliderMoved(unsigned char finger, int value)
     m_positions[finger]->setText(UnitDisplay::text(*m_unit, value));
 }
 
-POS_INFO RunPage::commandOf(std::uint8_t finger, std::uint8_t node, int value) const
+POS_INFO RunPage::makeCommand(std::uint8_t finger, std::uint8_t node, int value) const
 {
     POS_INFO command;
     command.node = node;
@@ -142,7 +142,7 @@ void RunPage::tabRun_handleSliderReleased(unsigned char finger)
     const auto target = session()->target();
     if (!target)
         return;
-    m_pending.push_back(commandOf(finger, target->node, m_sliders[finger]->sliderPosition()));
+    m_pending.push_back(makeCommand(finger, target->node, m_sliders[finger]->sliderPosition()));
     m_pendingCount.release();
 }
 
@@ -155,11 +155,11 @@ void RunPage::dropPending()
 
 void RunPage::tabRun_handleButtonSetPosClick(unsigned char finger)
 {
-    const auto asked = session()->target();
-    if (!asked)
+    const auto currentTarget = session()->target();
+    if (!currentTarget)
         return;
-    const POS_INFO command =
-        commandOf(finger, asked->node, UnitDisplay::value(*m_unit, m_positions[finger]->text()));
+    const POS_INFO command = makeCommand(finger, currentTarget->node,
+                                         UnitDisplay::value(*m_unit, m_positions[finger]->text()));
     request(m_sliders[finger], [this, command](const HandTarget& target) {
         HandCall call(target, reporter()->plain());
         if (!move(call, command))
@@ -198,7 +198,7 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
 }
 
 /// A tick ends early if a request is waiting or the user has left the page.
-bool RunPage::tickGoesOn(const HandCall& call) const
+bool RunPage::canContinueTick(const HandCall& call) const
 {
     return call.isCurrent() && !session()->requestWaits() && m_timer.isActive();
 }
@@ -218,7 +218,7 @@ void RunPage::updateCurrent()
     const std::size_t first = std::exchange(m_firstCurrent, 0);
     for (std::size_t i = 0; i < FingerCount; ++i) {
         const auto finger = static_cast<std::uint8_t>((first + i) % FingerCount);
-        if (!tickGoesOn(call)) {
+        if (!canContinueTick(call)) {
             m_firstCurrent = finger;
             return;
         }
@@ -232,7 +232,7 @@ void RunPage::sendPending(HandCall& call)
         return;
     const POS_INFO command = m_pending.front();
     m_pending.pop_front();
-    if (command.node == call.target().node && move(call, command) && tickGoesOn(call))
+    if (command.node == call.target().node && move(call, command) && canContinueTick(call))
         readBack(call, command, command.isPosition ? ReadBack::IntoField : ReadBack::IntoBoth);
 }
 

@@ -67,10 +67,10 @@ private:
     enum class ReadBack { IntoField, IntoSlider, IntoBoth };
 
     void postponeTick();
-    bool tickGoesOn(const HandCall& call) const;
+    bool canContinueTick(const HandCall& call) const;
     void dropPending();
-    void followMode();
-    POS_INFO commandOf(std::uint8_t finger, std::uint8_t node, int value) const;
+    void applyMode();
+    POS_INFO makeCommand(std::uint8_t finger, std::uint8_t node, int value) const;
     static const MotionUnit& unitOf(const POS_INFO& command);
     static bool move(HandCall& call, const POS_INFO& command);
     /// `operation` as in MotionUnit::readTarget().

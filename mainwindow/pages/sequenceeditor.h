@@ -27,7 +27,7 @@ public:
     void remove(int row);
     void swap(int row, int other);
     /// Changes the values of a step, whatever its row; does nothing if the step no longer exists.
-    void edit(quint64 step, const std::function<void(SequenceDataItem&)>& change);
+    void edit(std::uint64_t step, const std::function<void(SequenceDataItem&)>& change);
 
     /// Stores a finger's value. Appends it if the list ends just before it, but leaves no gap: a
     /// value that was never chosen would move a finger.

@@ -43,14 +43,14 @@ SequencePage::SequencePage(QWidget* parent)
     m_groups[Save] = {ui->pushButton_SeqSave};
     m_groups[Run] = {ui->pushButton_SeqRun};
     m_groups[Stop] = {ui->pushButton_SeqStop};
-    layOut();
+    setUpLayout();
     connect(m_player, &SequencePlayer::sig_updatePlaying, this, &SequencePage::updatePlaying);
-    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::playEnded);
+    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::updateAfterPlay);
 }
 
 SequencePage::~SequencePage() = default;
 
-void SequencePage::layOut()
+void SequencePage::setUpLayout()
 {
     // The long header gets the width that it needs; the other columns share the rest.
     auto* columns = m_table->horizontalHeader();
@@ -109,7 +109,7 @@ void SequencePage::clearSequenceInfo()
 {
     m_table->clearCurrent();
     m_visit.advance(); // invalidates requests for earlier selections
-    m_shown = StepTable::NoStep;
+    m_shownStep = StepTable::NoStep;
     m_editors->clear();
 }
 
@@ -149,11 +149,11 @@ void SequencePage::updateEditCell()
 {
     const int row = m_table->currentRow();
     if (row < 0) {
-        m_shown = StepTable::NoStep;
+        m_shownStep = StepTable::NoStep;
         m_editors->clear();
         return;
     }
-    m_shown = m_table->idOf(row);
+    m_shownStep = m_table->idOf(row);
     m_editors->show(m_sequence->data().sequences[row]);
 }
 
@@ -163,7 +163,7 @@ void SequencePage::requestOnPage(std::function<bool()> stillWanted, RequestQueue
     if (!isShown())
         return;
     session()->request([this, stillWanted = std::move(stillWanted),
-                        visit = m_visit.token()] { return isVisit(visit) && stillWanted(); },
+                        visit = m_visit.token()] { return isSameVisit(visit) && stillWanted(); },
                        std::move(action));
 }
 
@@ -174,14 +174,14 @@ void SequencePage::play(const HandTarget& target, int start, int end, Purpose pu
     {
         const QScopedValueRollback starting(m_starting, true);
         // Unlike a field that is disabled, one that becomes read-only does not finish editing.
-        if (const auto finger = m_editors->typedSpeed())
+        if (const auto finger = m_editors->fingerOfEditedSpeed())
             tabSequence_handleSpeedEdit(*finger);
         m_focus = std::make_unique<FocusKeeper>(window(), this);
         updateSequenceTab();
-        m_focus->noteMove();
+        m_focus->recordFocusMove();
         m_player->play(m_sequence->data(), start, end, purpose == Purpose::Edit);
     }
-    playEnded();
+    updateAfterPlay();
 }
 
 /// Until the request runs, the row may be moved, removed or no longer current.
@@ -220,11 +220,11 @@ void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QStr
         m_table->selectSilently(sequenceIndex);
     if (!errMsg.isEmpty())
         reporter()->showError(errMsg);
-    playEnded();
+    updateAfterPlay();
 }
 
 /// After a run, too, the current row may not be the one that the editors show.
-void SequencePage::playEnded()
+void SequencePage::updateAfterPlay()
 {
     if (!isPlaying() && session()->target())
         updateEditCell();
@@ -234,18 +234,18 @@ void SequencePage::playEnded()
 void SequencePage::on_pushButton_SeqInsert_clicked()
 {
     const int current = m_table->currentRow();
-    const quint64 after = m_table->idOf(std::max(current, 0)); // the first row if none is current
+    const std::uint64_t after = m_table->idOf(std::max(current, 0)); // first row if none
     requestOnPage([this] { return ui->pushButton_SeqInsert->isEnabled(); },
                   [this, after](const HandTarget& target) { insert(target, after); });
 }
 
-void SequencePage::insert(const HandTarget& target, quint64 after)
+void SequencePage::insert(const HandTarget& target, std::uint64_t after)
 {
     const MotionUnit::Pose pose = [&] {
         const QScopedValueRollback reading(m_reading, true);
         updateSequenceTab();
         HandCall call(target);
-        return m_editors->unit().readPoseIfPossible(call); // zeros if that fails, without a message
+        return m_editors->unit().readPoseOrZeros(call);
     }();
     if (!target.isCurrent())
         return;
@@ -262,10 +262,9 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
     QTimer::singleShot(SelectInsertedMs, m_table,
                        [this, target, step = m_table->idOf(row), visit = m_visit.token()] {
                            const int now = m_table->rowOf(step);
-                           // While a dialog is open the move would have to wait and then surprise
-                           // the user.
-                           if (now >= 0 && isVisit(visit) && target.isCurrent() && !isPlaying() &&
-                               !QApplication::activeModalWidget())
+                           // Behind a dialog the move would be delayed, and unexpected then.
+                           if (now >= 0 && isSameVisit(visit) && target.isCurrent() &&
+                               !isPlaying() && !QApplication::activeModalWidget())
                                m_table->setCurrentCell(now, 0);
                        });
 }
@@ -298,13 +297,13 @@ void SequencePage::SwapSequenceRow(int row, int other)
 
 void SequencePage::on_lineEdit_SeqDelay_editingFinished()
 {
-    m_sequence->edit(m_shown, [this](SequenceDataItem& step) { m_editors->takeDelay(step); });
+    m_sequence->edit(m_shownStep, [this](SequenceDataItem& step) { m_editors->storeDelay(step); });
 }
 
 void SequencePage::tabSequence_handleSpeedEdit(unsigned char finger)
 {
-    m_sequence->edit(m_shown,
-                     [=, this](SequenceDataItem& step) { m_editors->takeSpeed(finger, step); });
+    m_sequence->edit(m_shownStep,
+                     [=, this](SequenceDataItem& step) { m_editors->storeSpeed(finger, step); });
 }
 
 void SequencePage::tabSequence_handleSliderMoved(unsigned char finger, int value)
@@ -316,9 +315,9 @@ void SequencePage::tabSequence_handleSliderReleased(unsigned char finger)
 {
     const QSlider* slider = m_editors->slider(finger);
     const Release release{finger, &m_editors->unit(), slider->sliderPosition(),
-                          NumberText::toByte(m_editors->speed(finger)->text()), m_shown};
+                          NumberText::toByte(m_editors->speed(finger)->text()), m_shownStep};
     requestOnPage(
-        [this, slider, release] { return slider->isEnabled() && m_shown == release.step; },
+        [this, slider, release] { return slider->isEnabled() && m_shownStep == release.step; },
         [this, release](const HandTarget& target) { moveAndStore(target, release); });
 }
 
@@ -339,21 +338,21 @@ void SequencePage::moveAndStore(const HandTarget& target, const Release& release
     m_sequence->edit(release.step, [this, &release, &reached](SequenceDataItem& step) {
         SequenceEditor::store(step.position, release.finger, *reached);
         // Meanwhile the user may have selected another row, or be dragging the slider again.
-        if (m_shown == release.step && !m_editors->slider(release.finger)->isSliderDown())
+        if (m_shownStep == release.step && !m_editors->slider(release.finger)->isSliderDown())
             m_editors->setValue(release.finger, *reached);
     });
 }
 
 void SequencePage::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
 {
-    m_editors->followMode();
+    m_editors->applyMode();
     m_sequence->setPositionType(m_editors->unit().isPosition() ? SequenceData::POS_TYPE_POSITION
                                                                : SequenceData::POS_TYPE_ANGLE);
 }
 
-bool SequencePage::keyPressed(const QKeyEvent& event)
+bool SequencePage::handleKeyPress(const QKeyEvent& event)
 {
-    return m_table->keyPressed(event);
+    return m_table->handleKeyPress(event);
 }
 
 void SequencePage::on_pushButton_SeqLoad_clicked()

@@ -5,6 +5,7 @@
 #include "sequenceplayer.h"
 #include "stepeditors.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -61,7 +62,7 @@ public:
 
     void focusTable();
     /// Handles a key pressed in the table; returns whether it is consumed.
-    bool keyPressed(const QKeyEvent& event);
+    bool handleKeyPress(const QKeyEvent& event);
 
 private slots:
     void on_pushButton_SeqInsert_clicked();
@@ -96,20 +97,23 @@ private:
         const MotionUnit* unit;
         int value;
         std::uint8_t speed;
-        quint64 step;
+        std::uint64_t step;
     };
 
-    void layOut();
+    void setUpLayout();
     bool isPlaying() const;
     /// Whether the page is the current one; isVisible() also depends on the window.
     bool isShown() const { return !isHidden(); }
     /// Whether the page is shown and has not been left or cleared since `visit`.
-    bool isVisit(const Generation::Token& visit) const { return isShown() && visit.isCurrent(); }
+    bool isSameVisit(const Generation::Token& visit) const
+    {
+        return isShown() && visit.isCurrent();
+    }
     void requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action);
     void playRow(int row, Purpose purpose);
     void play(const HandTarget& target, int start, int end, Purpose purpose);
-    void playEnded();
-    void insert(const HandTarget& target, quint64 after);
+    void updateAfterPlay();
+    void insert(const HandTarget& target, std::uint64_t after);
     void selectSoon(const HandTarget& target, int row);
     void moveCurrentRow(int distance);
     std::optional<int> move(const HandTarget& target, const Release& release);
@@ -124,7 +128,7 @@ private:
     SequencePlayer* m_player;
     std::array<QList<QWidget*>, Stop + 1> m_groups;
     /// The step that the editors show. Input belongs to it, even if another row has become current.
-    quint64 m_shown = 0;
+    std::uint64_t m_shownStep = 0;
     Generation m_visit;      ///< advanced when the page is left or cleared
     bool m_starting = false; ///< the first step of a run is being sent
     bool m_reading = false;  ///< the pose for a new step is being read, in the unit of the mode box

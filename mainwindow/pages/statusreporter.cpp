@@ -12,7 +12,7 @@ namespace vanto
 
 namespace
 {
-constexpr int ShownMs = 2000;
+constexpr int MessageDurationMs = 2000;
 }
 
 StatusReporter::StatusReporter(QStatusBar* statusBar)
@@ -45,25 +45,25 @@ void StatusReporter::showMessage(const QString& text)
 {
     // Otherwise an identical text would keep the remaining time of the previous one.
     m_statusBar->clearMessage();
-    m_statusBar->showMessage(text, ShownMs);
+    m_statusBar->showMessage(text, MessageDurationMs);
     m_log->add(MessageLog::Kind::Message, text);
 }
 
-void StatusReporter::showError(const QString& text, const QColor& colour)
+void StatusReporter::showError(const QString& text, const QColor& color)
 {
     QPalette palette = m_errorLabel->palette();
-    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::WindowText, color);
     m_errorLabel->setPalette(palette);
     m_errorLabel->setText(text);
     m_errorLabel->setAccessibleName(text);
     m_log->add(MessageLog::Kind::Error, text);
-    QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] {
+    QTimer::singleShot(MessageDurationMs, m_errorLabel, [label = m_errorLabel] {
         label->setText({});
         label->setAccessibleName(tr("Error"));
     });
 }
 
-bool StatusReporter::NamingReport::reportTimeout(const HandTarget& target)
+bool StatusReporter::TimeoutReport::reportTimeout(const HandTarget& target)
 {
     m_reporter.showError(tr("Timeout for %1 node '0x%2'...")
                              .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)));

@@ -23,14 +23,14 @@ public:
 
     void showMessage(const QString& text);
     /// A text that replaces another one disappears when the time of the earlier one has elapsed.
-    void showError(const QString& text, const QColor& colour = Qt::red);
+    void showError(const QString& text, const QColor& color = Qt::red);
 
     /// Adds a widget to the right end of the status bar.
     void addToStatusBar(QWidget* widget);
     const MessageLog* log() const { return m_log; }
 
     /// Reports failed operations; a time-out has a text of its own.
-    CallReport& namingTimeouts() { return m_namingTimeouts; }
+    CallReport& timeoutReport() { return m_timeoutReport; }
     /// Reports failed operations, including time-outs, in the same way.
     CallReport& plain() { return m_plain; }
 
@@ -53,7 +53,7 @@ private:
     protected:
         StatusReporter& m_reporter;
     };
-    class NamingReport : public Report
+    class TimeoutReport : public Report
     {
     public:
         using Report::Report;
@@ -61,7 +61,7 @@ private:
     };
 
     QStatusBar* m_statusBar;
-    NamingReport m_namingTimeouts{*this};
+    TimeoutReport m_timeoutReport{*this};
     Report m_plain{*this};
     ElidedLabel* m_errorLabel;
     MessageLog* m_log;

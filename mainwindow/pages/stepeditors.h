@@ -24,7 +24,7 @@ public:
     /// The unit of the selected mode.
     const MotionUnit& unit() const;
     /// Sets unit and ranges to those of the selected mode.
-    void followMode();
+    void applyMode();
 
     /// Shows a step; missing values are left empty.
     void show(const SequenceDataItem& step);
@@ -36,13 +36,13 @@ public:
     void setEnabled(bool enabled);
 
     /// Store the typed value, clamped to its range, and show the stored one.
-    void takeDelay(SequenceDataItem& step);
-    void takeSpeed(std::uint8_t finger, SequenceDataItem& step);
+    void storeDelay(SequenceDataItem& step);
+    void storeSpeed(std::uint8_t finger, SequenceDataItem& step);
 
     QSlider* slider(std::uint8_t finger) const { return m_sliders[finger]; }
     QLineEdit* speed(std::uint8_t finger) const { return m_speeds[finger]; }
     /// The finger whose speed the user is typing, if any.
-    std::optional<std::uint8_t> typedSpeed() const;
+    std::optional<std::uint8_t> fingerOfEditedSpeed() const;
 
 private:
     QLineEdit* m_delay;

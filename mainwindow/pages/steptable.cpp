@@ -25,12 +25,12 @@ StepTable::StepTable(QWidget* parent) : QTableWidget(parent)
 
 void StepTable::setSteps(const QList<SequenceDataItem>& steps)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     setUpdatesEnabled(false);
     setRowCount(0);
     setRowCount(static_cast<int>(steps.size()));
     m_ids.resize(steps.size());
-    for (quint64& id : m_ids)
+    for (std::uint64_t& id : m_ids)
         id = ++m_lastId;
     for (int row = 0; row < rowCount(); ++row)
         showPositions(row, steps[row].position);
@@ -40,7 +40,7 @@ void StepTable::setSteps(const QList<SequenceDataItem>& steps)
 
 void StepTable::insertStep(int row, const QList<int>& positions)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     insertRow(row);
     m_ids.insert(row, ++m_lastId);
     showPositions(row, positions);
@@ -48,7 +48,7 @@ void StepTable::insertStep(int row, const QList<int>& positions)
 
 void StepTable::removeStep(int row)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     removeRow(row);
     m_ids.removeAt(row);
 }
@@ -60,7 +60,7 @@ void StepTable::swapIds(int row, int other)
 
 void StepTable::showPositions(int row, const QList<int>& positions)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     for (std::size_t finger = 0; finger < FingerCount; ++finger) {
         const auto index = static_cast<qsizetype>(finger);
         const int column = ColumnOf[finger];
@@ -81,13 +81,13 @@ void StepTable::showPositions(int row, const QList<int>& positions)
 
 void StepTable::selectSilently(int row)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     setCurrentCell(row, 0);
 }
 
 void StepTable::clearCurrent()
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     clearSelection();
     setCurrentCell(-1, -1);
 }
@@ -98,7 +98,7 @@ QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
     return currentRow() < 0 ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
 }
 
-bool StepTable::keyPressed(const QKeyEvent& event)
+bool StepTable::handleKeyPress(const QKeyEvent& event)
 {
     const bool up = event.key() == Qt::Key_Up;
     if (!up && event.key() != Qt::Key_Down)

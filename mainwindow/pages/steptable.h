@@ -4,6 +4,8 @@
 
 #include <QTableWidget>
 
+#include <cstdint>
+
 namespace vanto
 {
 
@@ -34,21 +36,21 @@ public:
     void selectSilently(int row);
     void clearCurrent();
     /// The id of a step, which stays the same when its row moves; NoStep for no row.
-    quint64 idOf(int row) const { return m_ids.value(row, NoStep); }
+    std::uint64_t idOf(int row) const { return m_ids.value(row, NoStep); }
     /// -1 if the step no longer exists.
-    int rowOf(quint64 id) const { return static_cast<int>(m_ids.indexOf(id)); }
-    static constexpr quint64 NoStep = 0;
+    int rowOf(std::uint64_t id) const { return static_cast<int>(m_ids.indexOf(id)); }
+    static constexpr std::uint64_t NoStep = 0;
 
     /// Moves between rows on Up and Down; returns whether the key is consumed.
-    bool keyPressed(const QKeyEvent& event);
+    bool handleKeyPress(const QKeyEvent& event);
     void keyboardSearch(const QString&) override {}
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
-    QList<quint64> m_ids; ///< of the rows
-    quint64 m_lastId = NoStep;
+    QList<std::uint64_t> m_ids; ///< of the rows
+    std::uint64_t m_lastId = NoStep;
 };
 
 } // namespace vanto

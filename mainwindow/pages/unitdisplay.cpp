@@ -19,7 +19,7 @@ constexpr int PositionItem = 0;
 constexpr int MaxPosition = 65535;
 } // namespace
 
-const MotionUnit& UnitDisplay::chosen(const QComboBox* mode)
+const MotionUnit& UnitDisplay::selectedUnit(const QComboBox* mode)
 {
     return mode->currentIndex() == PositionItem ? MotionUnit::position() : MotionUnit::angle();
 }

@@ -16,7 +16,7 @@ namespace vanto
 namespace UnitDisplay
 {
 /// The unit selected in a mode box.
-const MotionUnit& chosen(const QComboBox* mode);
+const MotionUnit& selectedUnit(const QComboBox* mode);
 /// Sets the unit's name and the ranges of the sliders.
 void apply(const MotionUnit& unit, QLabel* name, const PerFinger<QSlider*>& sliders);
 /// A value as text for a field.

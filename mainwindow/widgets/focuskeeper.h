@@ -20,7 +20,7 @@ public:
     FocusKeeper& operator=(const FocusKeeper&) = delete;
 
     /// Call this right after disabling the controls.
-    void noteMove() { m_movedTo = m_window->focusWidget(); }
+    void recordFocusMove() { m_movedTo = m_window->focusWidget(); }
 
 private:
     QWidget* m_window;

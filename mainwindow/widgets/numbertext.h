@@ -19,10 +19,10 @@ std::uint8_t toByte(const QString& text);
 std::int16_t toAngle(const QString& text);
 
 /// A finite number; anything else counts as 0.
-float toReal(const QString& text);
+float toFloat(const QString& text);
 
 /// "%.2f"
-QString fromReal(double value);
+QString fromDouble(double value);
 /// Hundredths of a degree as degrees with two decimals.
 QString fromAngle(std::int16_t hundredths);
 } // namespace NumberText

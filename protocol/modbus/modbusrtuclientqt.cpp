@@ -23,7 +23,7 @@ namespace vanto
 namespace
 {
 constexpr int Retries = 1;
-constexpr int LookMs = 5; ///< interval of the checks for an abandoned exchange
+constexpr int AbandonCheckMs = 5; ///< interval of the checks for an abandoned exchange
 
 /// How long replies to a repeated request may still arrive after its end. Allows for hands that
 /// take up to three read time-outs to answer.
@@ -53,8 +53,8 @@ struct ModBusRTUClientQT::Reply {
 
 /// Waits for the reply and deletes it. The wait also ends when the application quits or the client
 /// is destroyed; an unfinished reply then counts as failed. `waiting` counts the nested waits.
-ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
-                                                 std::shared_ptr<int> waiting)
+ModBusRTUClientQT::Reply ModBusRTUClientQT::waitForReply(QModbusReply* pending,
+                                                         std::shared_ptr<int> waiting)
 {
     const QPointer<QModbusReply> reply(pending);
     if (!reply->isFinished()) {
@@ -110,13 +110,13 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
     if (!m_client->connectDevice())
         return false;
     m_opening.advance();
-    m_watch.opened(qobject_cast<QSerialPort*>(m_client->device()));
+    m_watch.start(qobject_cast<QSerialPort*>(m_client->device()));
     return true;
 }
 
 void ModBusRTUClientQT::disconnect()
 {
-    m_watch.closed();
+    m_watch.stop();
     m_client->disconnectDevice();
     renewClient();
 }
@@ -143,7 +143,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std
 }
 
 /// The function code that the Qt client uses for the request.
-QModbusPdu::FunctionCode ModBusRTUClientQT::functionOf(const Request& request)
+QModbusPdu::FunctionCode ModBusRTUClientQT::functionCode(const Request& request)
 {
     if (!request.isWrite)
         return QModbusPdu::ReadHoldingRegisters;
@@ -151,9 +151,9 @@ QModbusPdu::FunctionCode ModBusRTUClientQT::functionOf(const Request& request)
                                       : QModbusPdu::WriteMultipleRegisters;
 }
 
-QModbusRequest ModBusRTUClientQT::pduOf(const Request& request)
+QModbusRequest ModBusRTUClientQT::toPdu(const Request& request)
 {
-    const auto function = functionOf(request);
+    const auto function = functionCode(request);
     const auto count = static_cast<std::uint16_t>(request.values.size());
     if (function == QModbusPdu::ReadHoldingRegisters)
         return QModbusRequest(function, request.start, count);
@@ -166,7 +166,7 @@ QModbusRequest ModBusRTUClientQT::pduOf(const Request& request)
 QModbusReply* ModBusRTUClientQT::send(const Request& request)
 {
     if (ModbusTrace::log().isDebugEnabled())
-        ModbusTrace::request(request.slave, functionOf(request), pduOf(request).data());
+        ModbusTrace::request(request.slave, functionCode(request), toPdu(request).data());
     const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
     return request.isWrite ? m_client->sendWriteRequest(registers, request.slave)
                            : m_client->sendReadRequest(registers, request.slave);
@@ -176,7 +176,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
 {
     const ReplyLimits& limits = ReplyLimits::current();
     const int timeoutMs = request.isWrite ? limits.modbusWrite : limits.modbusRead;
-    if (!makeReady(request, timeoutMs))
+    if (!prepareRequest(request, timeoutMs))
         return ConnectionError;
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
     if (Exchange::abandoned())
@@ -194,9 +194,9 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
             qDebug().noquote() << m_client->errorString();
             return translateError(m_client->error());
         }
-        reply = take(pending, m_waiting);
+        reply = waitForReply(pending, m_waiting);
         if (ModbusTrace::log().isDebugEnabled())
-            ModbusTrace::reply(request.slave, functionOf(request), reply.data, reply.error);
+            ModbusTrace::reply(request.slave, functionCode(request), reply.data, reply.error);
         if (reply.error != QModbusDevice::TimeoutError || !alive || Exchange::abandoned())
             break;
     }
@@ -220,11 +220,11 @@ ModBusRTUClient::Error ModBusRTUClientQT::translateError(QModbusDevice::Error e)
 }
 
 /// Returns false and logs the reason if nothing can be sent; the Qt client would warn.
-bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
+bool ModBusRTUClientQT::prepareRequest(const Request& request, int timeoutMs)
 {
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
     const Generation::Token opening = m_opening.token();
-    waitForStragglers(request);
+    waitForLateReplies(request);
     if (!alive)
         return false;
     m_client->setTimeout(timeoutMs);
@@ -240,20 +240,20 @@ bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
     return true;
 }
 
-void ModBusRTUClientQT::waitForStragglers(const Request& next)
+void ModBusRTUClientQT::waitForLateReplies(const Request& next)
 {
     if (m_unsettledUntil.hasExpired() || next.slave != m_unsettled.slave || next == m_unsettled)
         return;
     QEventLoop loop;
     QTimer::singleShot(static_cast<int>(m_unsettledUntil.remainingTime()), Qt::PreciseTimer, &loop,
                        &QEventLoop::quit);
-    QTimer look;
+    QTimer checkTimer;
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
-    QObject::connect(&look, &QTimer::timeout, &loop, [&loop, &alive] {
+    QObject::connect(&checkTimer, &QTimer::timeout, &loop, [&loop, &alive] {
         if (!alive || Exchange::abandoned())
             loop.quit();
     });
-    look.start(LookMs);
+    checkTimer.start(AbandonCheckMs);
     loop.exec();
 }
 
@@ -264,7 +264,7 @@ void ModBusRTUClientQT::handleError(QModbusDevice::Error error)
                             error == QModbusDevice::WriteError ||
                             error == QModbusDevice::ConnectionError;
     if (lineFailed)
-        m_watch.failed();
+        m_watch.closeLater();
 }
 
 } // namespace vanto

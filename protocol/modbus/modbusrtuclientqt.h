@@ -47,13 +47,13 @@ private:
     };
     struct Reply;
 
-    static Reply take(QModbusReply* pending, std::shared_ptr<int> waiting);
-    static QModbusPdu::FunctionCode functionOf(const Request& request);
-    static QModbusRequest pduOf(const Request& request);
+    static Reply waitForReply(QModbusReply* pending, std::shared_ptr<int> waiting);
+    static QModbusPdu::FunctionCode functionCode(const Request& request);
+    static QModbusRequest toPdu(const Request& request);
     QModbusReply* send(const Request& request);
     Error exchange(const Request& request, Reply& reply);
-    bool makeReady(const Request& request, int timeoutMs);
-    void waitForStragglers(const Request& next);
+    bool prepareRequest(const Request& request, int timeoutMs);
+    void waitForLateReplies(const Request& next);
     void handleError(QModbusDevice::Error error);
     void renewClient();
 

@@ -16,8 +16,7 @@ class RegisterAccess;
 
 /// The adapter for Modbus RTU hands, register map version 1. The node is the slave address. Every
 /// operation reads or writes holding registers and ends at the first failure. Outputs are written
-/// when all reads have succeeded; only getFingerPID() keeps the gains that it has read before a
-/// failure.
+/// when all reads have succeeded; only getFingerPID() keeps gains that it read before a failure.
 ///
 /// Limits and presets used for conversions are read once from each node and cached for the lifetime
 /// of the adapter, whatever is written to the hand.

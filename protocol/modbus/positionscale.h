@@ -5,7 +5,7 @@
 namespace vanto
 {
 
-/// Conversions between values of operations and values of registers.
+// Conversions between values of operations and values of registers.
 
 /// Raw positions of a finger's logical positions 0 and 65535. With a lower limit of 0 nothing is
 /// converted.

@@ -29,7 +29,7 @@ public:
     RegisterAccess& read(int address, T* values, std::uint16_t count = 1)
     {
         const QList<std::uint16_t> received = fetch(address, count);
-        for (std::uint16_t i = 0; good() && i < count; ++i)
+        for (std::uint16_t i = 0; succeeded() && i < count; ++i)
             values[i] = static_cast<T>(received[i]);
         return *this;
     }
@@ -75,19 +75,19 @@ public:
         return writeAll(targetAddress + firstFinger, targets, count);
     }
 
-    bool good() const;
+    bool succeeded() const;
     /// Writes the outputs if all requests have succeeded.
     std::uint8_t result() const;
 
 private:
     /// Whether the next request may be sent.
-    bool goesOn();
+    bool canContinue();
     /// Empty once a request has failed.
     QList<std::uint16_t> fetch(int address, std::uint16_t count);
     void send(int address, const QList<std::uint16_t>& values);
     void sendSpeeds(std::uint8_t firstFinger, const std::uint8_t* speeds, std::uint8_t count);
 
-    Exchange m_onlyOne;
+    Exchange m_exchange;
     std::vector<std::function<void()>> m_outputs;
     std::shared_ptr<ModBusRTUClient> m_client;
     std::uint8_t m_node;

@@ -27,10 +27,10 @@ public:
     explicit PortWatch(std::function<void()> close);
 
     /// Starts watching `port`, which must be open.
-    void opened(const QSerialPort* port);
-    void closed();
+    void start(const QSerialPort* port);
+    void stop();
     /// Call this when the port has reported a fatal error.
-    void failed();
+    void closeLater();
 
 private:
     void check();
@@ -38,7 +38,7 @@ private:
     std::function<void()> m_close;
     QPointer<const QSerialPort> m_port; ///< null: no port is open
     QTimer m_timer;
-    Generation m_opening;   ///< advanced by every opened() and closed()
+    Generation m_opening;   ///< advanced by every start() and stop()
     bool m_closing = false; ///< the call of `close` for this opening is queued
 };
 

@@ -355,8 +355,7 @@ u32 HAND_SetCaliData(HAND_Context* c, u8 node, const u16* firstRange, const u16*
 {
     const std::size_t length = 2 + sizeof(u16) * (2U * fingerCount + thumbRootCount);
     if (length > HAND_MAX_REQUEST_PAYLOAD)
-        return HAND_SendCmd(c, node, SetCaliData, nullptr,
-                            length); // refused without reading the arrays
+        return HAND_SendCmd(c, node, SetCaliData, nullptr, length); // refused, arrays not read
     RequestPayload request;
     request.put(static_cast<u8>(fingerCount));
     request.put(std::span(firstRange, fingerCount)).put(std::span(secondRange, fingerCount));

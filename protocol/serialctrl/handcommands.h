@@ -9,8 +9,7 @@ namespace vanto
 // and waits for its reply with the time-out of the context. Outputs are written only if the result
 // is HAND_SUCCESS; null outputs are skipped. `node` HAND_ANY_NODE accepts a reply from any node. A
 // reply that is shorter than the layout of the command, or echoes another finger, gives
-// HAND_BAD_ARGUMENT. With HAND_REFUSED, `subError` (may be null) receives the error number of the
-// hand.
+// HAND_BAD_ARGUMENT. With HAND_REFUSED, `subError` (may be null) receives the hand's error number.
 
 using u8 = std::uint8_t;
 using u16 = std::uint16_t;

@@ -7,8 +7,7 @@ namespace vanto
 {
 
 /// A byte stream over a serial line. No operation blocks: `read` and `write` transfer what they can
-/// at once and return the number of bytes, which may be less than `length`, or a negative number on
-/// error.
+/// at once and return the number of bytes, which may be fewer, or a negative number on error.
 class SerialPort
 {
 public:

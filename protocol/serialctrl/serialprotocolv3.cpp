@@ -16,7 +16,7 @@ namespace
 {
 /// Logs each frame with its time, direction and, for a reply, result.
 Q_LOGGING_CATEGORY(traceLog, "vanto.serialctrl", QtWarningMsg)
-QByteArray s_traced; ///< bytes received since the request, if logging is enabled
+QByteArray s_receivedBytes; ///< bytes received since the request, if logging is enabled
 
 QString traceTime()
 {
@@ -53,7 +53,7 @@ int RecvData(HAND_Context* context)
     u8 byte = 0;
     while (port.bytesAvailable() >= 1 && port.read(&byte, 1) == 1) {
         if (traceLog().isDebugEnabled())
-            s_traced += static_cast<char>(byte);
+            s_receivedBytes += static_cast<char>(byte);
         HAND_OnData(context, byte);
     }
     return 0;
@@ -88,16 +88,16 @@ template<class Command, class... Arguments>
 u8 SerialProtocolV3::exchangeWithin(int milliseconds, Command command, u8 node,
                                     Arguments... arguments)
 {
-    const Exchange onlyOne;
+    const Exchange guard;
     const auto port = m_port;
     const auto context = m_context;
     setTimeout(context.get(), milliseconds);
-    s_traced.clear();
+    s_receivedBytes.clear();
     u8 subError = 0;
     const u32 result = command(context.get(), node, arguments..., &subError);
     setNodeError(node, subError);
-    qCDebug(traceLog).noquote() << traceTime() << "rx" << s_traced.toHex(' ') << "result" << Qt::hex
-                                << Qt::showbase << (result & 0xFF);
+    qCDebug(traceLog).noquote() << traceTime() << "rx" << s_receivedBytes.toHex(' ') << "result"
+                                << Qt::hex << Qt::showbase << (result & 0xFF);
     return translateError(result);
 }
 
