@@ -25,7 +25,7 @@ class SequencePage;
 /// The Sequence page: edits, plays, loads and saves a motion sequence.
 ///
 /// The hand moves only when a row is selected (the fingers are stretched, then take the pose of
-/// that step), when a slider is released, and on Run, a double click, Insert and Delete, which
+/// that step), when a slider is released, and on Run or a double click. Insert, Delete, Up and Down
 /// select a row.
 class SequencePage : public DevicePage
 {
