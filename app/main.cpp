@@ -14,15 +14,14 @@ namespace vanto
 
 namespace
 {
-constexpr std::chrono::seconds LongestEnd{1};
+constexpr std::chrono::seconds ExitTimeout{1};
 
-/// Lets the program end in the orderly way, so that text copied from it stays on the clipboard.
-/// That waits for a pending look-up of the firmware server's name, which can take many seconds;
-/// then the program ends at once.
-void endSoon(int status)
+/// A regular exit keeps copied text on the clipboard, but it waits for a pending name look-up of
+/// the firmware server, which can take many seconds. So its time is limited.
+void exitWithinTimeout(int status)
 {
     std::thread([status] {
-        std::this_thread::sleep_for(LongestEnd);
+        std::this_thread::sleep_for(ExitTimeout);
         std::_Exit(status);
     }).detach();
 }
@@ -43,7 +42,7 @@ int runProgram(int argc, char* argv[])
     Translation::install(QLocale::system().name());
 
     const int status = runWindow();
-    endSoon(status);
+    exitWithinTimeout(status);
     return status;
 }
 

@@ -7,7 +7,7 @@
 namespace vanto
 {
 
-/// One hand in the Devices list. The entry's text is made here and read back here.
+/// One hand in the Devices list. text() formats the list entry, parseDeviceEntry() parses it.
 struct DeviceEntry {
     std::uint8_t node = 0;
     QString protocolName;
@@ -20,7 +20,7 @@ struct DeviceEntry {
     QString text() const;
 };
 
-/// What is needed to open the device of an entry.
+/// The data needed to open the device of an entry.
 struct DeviceAddress {
     PROTOCOL_TYPE type = PROTOCOL_TYPE_SERIALCTRL;
     std::uint8_t major = 0;
@@ -29,7 +29,7 @@ struct DeviceAddress {
 
 enum class EntryFault { None, UnknownProtocolType, UnknownProtocolVersion, UnknownDeviceName };
 
-/// Reads an entry's text. `address` is complete only when the result is None.
+/// Parses the text of an entry. `address` is complete only if the result is None.
 EntryFault parseDeviceEntry(const QString& text, DeviceAddress& address);
 
 } // namespace vanto

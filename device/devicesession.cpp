@@ -80,8 +80,8 @@ void DeviceSession::shutDown()
 
 void DeviceSession::request(std::function<bool()> isStillWanted, RequestQueue::Request action)
 {
-    if (const auto asked = target())
-        m_queue.request(*asked, std::move(isStillWanted), std::move(action));
+    if (const auto currentTarget = target())
+        m_queue.request(*currentTarget, std::move(isStillWanted), std::move(action));
 }
 
 } // namespace vanto

@@ -7,39 +7,39 @@
 namespace vanto
 {
 
-/// The connection to a hand, and the entries through which everything that concerns it passes.
+/// The connection to a hand, and the functions through which all access to it passes.
 ///
 /// Every exchange with a hand processes events while it waits, so a click or a timer can arrive
-/// while another is handled. The rules that keep this safe:
-/// - stopAtOnce() acts at any depth: it makes all targets stale, by which loops for the old hand
-///   see that they are no longer wanted, and has timers and player stopped. It exchanges nothing.
-/// - What changes the connection goes through runWhenIdle(): at once when nothing is under way,
-///   else when the line is idle; of each kind the last one wins.
-/// - What the user asks of the hand goes through request(): at once, or later in the order of the
-///   clicks, and always for the hand that was open at the click.
-/// - Timers ask canTick() and otherwise skip a tick.
+/// while another one is handled. These rules keep that safe:
+/// - stopAtOnce() acts at any depth: it makes all targets stale, so that loops for the old hand
+///   end, and stops timers and the player. It exchanges nothing.
+/// - Changes of the connection go through runWhenIdle(): at once if the line is idle, otherwise
+///   when it becomes idle; of each kind only the last one runs.
+/// - Requests of the user go through request(): at once, or later in the order of the clicks, and
+///   always to the hand that was open at the click.
+/// - Timers check canTick() and otherwise skip a tick.
 class DeviceSession : public QObject
 {
     Q_OBJECT
 public:
     using Kind = RequestQueue::Kind;
-    /// The node that the current Devices entry stands for, if there is one.
+    /// The node of the current Devices entry, if any.
     using NodeSource = std::function<std::optional<std::uint8_t>()>;
 
     explicit DeviceSession(NodeSource currentNode, QObject* parent = nullptr);
     ~DeviceSession() override;
 
-    /// Whether an adapter is open. What closes asks this.
+    /// Whether an adapter is open. Check this before closing.
     bool connected() const { return m_adapter != nullptr; }
-    /// The hand that may be sent to: an adapter is open, a Devices entry is current and nothing has
-    /// asked for another hand since. What sends asks this.
+    /// The hand to send to: an adapter is open, a Devices entry is current and no other hand has
+    /// been requested since. Check this before sending.
     std::optional<HandTarget> target() const;
-    /// Of the present connection: stale after stopAtOnce().
+    /// The token of the current connection; stale after stopAtOnce().
     Generation::Token token() const { return m_epoch.token(); }
 
-    /// Takes the adapter and opens the port for the current Devices entry; finds out whether the
-    /// hand has force sensing. Whether the port opens is shown by the reads that follow. None if
-    /// there is no current entry, or something has asked for another hand meanwhile.
+    /// Sets the adapter, opens the port for the current Devices entry and detects force sensing.
+    /// The reads that follow show whether the port has opened. Returns nothing if there is no
+    /// current entry, or if another hand has been requested meanwhile.
     std::optional<HandTarget> open(std::shared_ptr<VantoProtocol> adapter, const QString& port);
     void setAdapter(std::shared_ptr<VantoProtocol> adapter);
     /// Stops everything at once and closes the adapter, which must be open.
@@ -47,15 +47,15 @@ public:
     void closeIfConnected();
 
     bool hasForceSensing() const { return m_forceSensing; }
-    void forgetForceSensing() { m_forceSensing = false; }
+    void clearForceSensing() { m_forceSensing = false; }
 
     void stopAtOnce();
-    /// stopAtOnce() for good: nothing that waits is done any more.
+    /// Like stopAtOnce(), but permanent: waiting jobs are dropped and new ones ignored.
     void shutDown();
-    /// Ends a play, before dialogs that would cover the Stop button.
+    /// Stops playback, before dialogs that would cover the Stop button.
     void stopMotion() { emit sig_stopMotion(); }
 
-    /// `isStillWanted` is asked when a request that had to wait gets its turn.
+    /// `isStillWanted` is checked before a request that had to wait runs.
     void request(std::function<bool()> isStillWanted, RequestQueue::Request action);
     void runWhenIdle(Kind kind, std::function<void()> action)
     {
@@ -64,10 +64,10 @@ public:
     void dropRequests() { m_queue.dropRequests(); }
     void openWaitingDialogs() { m_queue.openWaitingDialogs(); }
     bool canTick() const { return m_queue.canTick(); }
-    bool requestWaits() const { return m_queue.hasWaiting(); }
+    bool requestWaits() const { return m_queue.hasWaitingJobs(); }
 
 signals:
-    /// Timers and the player stop now.
+    /// Timers and the player must stop now.
     void sig_stop();
     void sig_stopMotion();
 

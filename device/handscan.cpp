@@ -33,10 +33,10 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
                 return Outcome::Superseded;
         }
     }
-    return Outcome::AllTried;
+    return Outcome::Completed;
 }
 
-/// False when the port could not be opened.
+/// Returns false if the port could not be opened.
 bool HandScan::tryNode(const QString& port, const HandTarget& candidate)
 {
     HandCall call(candidate, m_report);

@@ -16,15 +16,15 @@ public:
     static constexpr int FirstNode = 1;
     static constexpr int LastNode = 255;
 
-    enum class Outcome { AllTried, Stopped, PortNotOpened, Superseded };
+    enum class Outcome { Completed, Stopped, PortNotOpened, Superseded };
 
-    /// Time-outs of nodes that are absent are reported like all failures.
+    /// Time-outs of absent nodes are reported like any failure.
     explicit HandScan(CallReport& report, QObject* parent = nullptr);
 
-    /// Returns when all nodes have been tried, at the stop, when the port cannot be opened, or when
-    /// `token` has become stale. Events are processed meanwhile.
+    /// Returns after the last node, after stop(), if the port cannot be opened, or once `token` is
+    /// stale. Processes events meanwhile.
     Outcome run(const QString& port, const Generation::Token& token);
-    /// Ends the scan after the present node.
+    /// Ends the scan after the current node.
     void stop() { m_stop = true; }
     /// The protocol with which the port could not be opened.
     PROTOCOL_TYPE failedProtocol() const { return m_failedProtocol; }
@@ -32,7 +32,7 @@ public:
 signals:
     void sig_nodeBegins(int node);
     void sig_found(const DeviceEntry& entry);
-    /// Between two conversations: what waits may be done.
+    /// Between two conversations, when waiting jobs may run.
     void sig_pause();
 
 private:

@@ -14,7 +14,7 @@ struct PortError {
     Q_DECLARE_TR_FUNCTIONS(PortError)
 };
 
-QString goneText()
+QString unavailableText()
 {
     return PortError::tr("The port is gone. Plug the adapter in again and press Refresh.");
 }
@@ -31,7 +31,7 @@ QString describePortError(const QString& portName)
 #ifdef Q_OS_UNIX
     const QFileInfo device(path);
     if (!device.exists())
-        return goneText();
+        return unavailableText();
     if (!device.isReadable() || !device.isWritable())
         return PortError::tr(
                    "You have no right to use this port. It belongs to the group \"%1\"; become a "
@@ -47,7 +47,7 @@ QString describePortError(const QString& portName)
             "Another program uses this port. Close it and try again. (ModemManager takes a "
             "new adapter for some seconds.)");
     case QSerialPort::DeviceNotFoundError:
-        return goneText();
+        return unavailableText();
     default:
         return {};
     }

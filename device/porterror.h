@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// Why a serial port cannot be opened and what to do about it, in plain words; empty where that
-/// cannot be known. Looks at the port for a moment.
+/// Explains to the user why a serial port cannot be opened and how to fix that; empty if the reason
+/// is unknown. Opens the port briefly.
 QString describePortError(const QString& portName);
 
 } // namespace vanto

@@ -8,7 +8,7 @@ namespace vanto
 
 namespace
 {
-QString detailsOf(const QSerialPortInfo& info)
+QString portDetails(const QSerialPortInfo& info)
 {
     QStringList lines;
     if (!info.manufacturer().isEmpty() || !info.description().isEmpty())
@@ -29,7 +29,7 @@ QList<PortEntry> availablePorts()
 {
     QList<PortEntry> ports;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
-        ports.append({info.portName(), info.description(), detailsOf(info)});
+        ports.append({info.portName(), info.description(), portDetails(info)});
     const auto added =
         qEnvironmentVariable("VANTO_PORTS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
     for (const QString& path : added)

@@ -8,9 +8,9 @@ namespace vanto
 
 /// A serial port as the Ports list shows it.
 struct PortEntry {
-    QString name;        ///< what the port is opened by
-    QString description; ///< shown in brackets
-    QString details{};   ///< product, serial number and ids of the adapter, a line each
+    QString name;        ///< name to open the port by
+    QString description; ///< shown in parentheses
+    QString details{};   ///< product, serial number and ids of the adapter, one per line
 
     QString text() const { return QStringLiteral("%1 (%2)").arg(name, description); }
 };

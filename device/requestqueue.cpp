@@ -12,13 +12,13 @@ namespace
 {
 using Kind = RequestQueue::Kind;
 
-/// What changes the connection gets its turns in this order, so that a scan comes after what would
-/// throw its result away.
+/// Changes of the connection run in this order, so that a scan follows those that would discard its
+/// result.
 constexpr std::array ConnectionChanges{Kind::RefreshPorts, Kind::ChangePort, Kind::ChangeDevice,
                                        Kind::Update, Kind::Scan};
 
-/// The place in that order; its end for everything else.
-std::ptrdiff_t turnOf(std::optional<Kind> kind)
+/// The index in that order; the number of entries for all other jobs.
+std::ptrdiff_t changeIndex(std::optional<Kind> kind)
 {
     const auto* const found = std::find(ConnectionChanges.begin(), ConnectionChanges.end(), kind);
     return found - ConnectionChanges.begin();
@@ -26,7 +26,7 @@ std::ptrdiff_t turnOf(std::optional<Kind> kind)
 
 bool changesConnection(std::optional<Kind> kind)
 {
-    return turnOf(kind) < std::ssize(ConnectionChanges);
+    return changeIndex(kind) < std::ssize(ConnectionChanges);
 }
 } // namespace
 
@@ -78,12 +78,12 @@ void RequestQueue::shutDown()
 
 bool RequestQueue::canTick() const
 {
-    return !m_shutDown && !Conversation::busy() && !hasWaiting();
+    return !m_shutDown && !Conversation::busy() && !hasWaitingJobs();
 }
 
 bool RequestQueue::isIdle() const
 {
-    return !Conversation::busy() && m_handling == 0;
+    return !Conversation::busy() && m_runningJobs == 0;
 }
 
 void RequestQueue::submit(Job job)
@@ -110,14 +110,14 @@ void RequestQueue::enqueue(Job job)
 void RequestQueue::enqueueConnectionChange(Job job)
 {
     remove(job.kind);
-    // A scan that waits would throw away what a change of the device opens.
+    // A waiting scan would close what a change of the device opens.
     if (job.kind == Kind::Scan)
         remove(Kind::ChangeDevice);
     const auto isScan = [](const Job& waiting) { return waiting.kind == Kind::Scan; };
     if (job.kind == Kind::ChangeDevice && std::ranges::any_of(m_waiting, isScan))
         return;
     const auto later = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job& waiting) {
-        return changesConnection(waiting.kind) && turnOf(waiting.kind) > turnOf(job.kind);
+        return changesConnection(waiting.kind) && changeIndex(waiting.kind) > changeIndex(job.kind);
     });
     m_waiting.insert(later, std::move(job));
 }
@@ -130,7 +130,7 @@ void RequestQueue::remove(std::optional<Kind> kind)
 void RequestQueue::run(const Job& job)
 {
     {
-        const QScopedValueRollback handling(m_handling, m_handling + 1);
+        const QScopedValueRollback running(m_runningJobs, m_runningJobs + 1);
         job.action();
     }
     scheduleDrain();
@@ -141,7 +141,7 @@ void RequestQueue::scheduleDrain()
     if (m_waiting.empty() || m_drainScheduled)
         return;
     m_drainScheduled = true;
-    // Not from here: the conversation that has just ended is still on its way out of its slot.
+    // Queued, because the conversation that has just ended is still returning from its slot.
     QMetaObject::invokeMethod(this, &RequestQueue::drain, Qt::QueuedConnection);
 }
 

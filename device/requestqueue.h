@@ -9,16 +9,16 @@
 namespace vanto
 {
 
-/// What waits for its turn while a conversation with a hand is under way.
+/// Queues jobs while a conversation with a hand is in progress.
 ///
-/// Requests of the user run in the order of the clicks, for the hand that was open at the click.
-/// Of everything else only the last of a kind is kept. What waits runs when the outermost
-/// conversation has ended and nothing else is being handled.
+/// Requests of the user run in the order of the clicks, for the hand that was open at the click. Of
+/// all other jobs only the last of each kind is kept. Waiting jobs run when the outermost
+/// conversation has ended and no other job is running.
 class RequestQueue : public QObject
 {
     Q_OBJECT
 public:
-    /// What is not a request to a hand, and so needs no open hand.
+    /// Jobs that are not requests to a hand, and so need no open hand.
     enum class Kind {
         RefreshPorts,
         ChangePort,
@@ -36,24 +36,24 @@ public:
 
     explicit RequestQueue(QObject* parent = nullptr);
 
-    /// Runs a request to a hand, at once or in its turn. Dropped if by then the target is no longer
-    /// current or `isStillWanted` says no.
+    /// Runs a request to a hand, at once or after the jobs that wait. It is dropped if by then the
+    /// target is stale or `isStillWanted` returns false.
     void request(const HandTarget& target, std::function<bool()> isStillWanted, Request action);
-    /// Runs an action that may change what is connected.
+    /// Runs an action that may change the connection.
     void runWhenIdle(Kind kind, std::function<void()> action);
 
-    /// Forgets the requests that wait, before something that takes long.
+    /// Drops waiting requests to a hand, before a long operation.
     void dropRequests();
-    /// For long work, between two conversations: opens About and Theme if they have been asked for,
-    /// so that they need not wait for its end.
+    /// Opens About and Theme if they are waiting. Long operations call this between two
+    /// conversations, so that these dialogs need not wait for their end.
     void openWaitingDialogs();
-    /// Forgets all that waits and takes nothing more.
+    /// Drops all waiting jobs and accepts no new ones.
     void shutDown();
 
-    /// Whether periodic work may be done now; if not it skips a tick.
+    /// Whether periodic work may run now; otherwise it skips a tick.
     bool canTick() const;
-    /// Whether a user's request waits for the present conversation to end.
-    bool hasWaiting() const { return m_handling == 0 && !m_waiting.empty(); }
+    /// Whether a job waits for the current conversation to end.
+    bool hasWaitingJobs() const { return m_runningJobs == 0 && !m_waiting.empty(); }
 
 private:
     struct Job {
@@ -74,7 +74,7 @@ private:
 
     bool m_shutDown = false;
     bool m_drainScheduled = false;
-    int m_handling = 0; ///< jobs on the stack; a job may show dialogs between its conversations
+    int m_runningJobs = 0; ///< on the stack; a job may show dialogs between its conversations
     std::list<Job> m_waiting;
 };
 

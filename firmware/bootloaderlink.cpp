@@ -15,14 +15,14 @@ namespace vanto
 namespace
 {
 constexpr std::array Probe{'\x00', '\xFF', '\xAA', '\x55'};
-constexpr quint8 Presence1 = 0x55;
-constexpr quint8 Presence2 = 0xAA;
-constexpr quint8 HardwareMatches = 'Y';
-constexpr quint8 RecordAccepted = 0x11;
+constexpr std::uint8_t Presence1 = 0x55;
+constexpr std::uint8_t Presence2 = 0xAA;
+constexpr std::uint8_t HardwareMatches = 'Y';
+constexpr std::uint8_t RecordAccepted = 0x11;
 
 constexpr std::array Spinner{'-', '-', '\\', '\\', '|', '|', '/', '/'};
 
-QString hex(quint8 value)
+QString hex(std::uint8_t value)
 {
     constexpr int base = 16;
     return QStringLiteral("%1").arg(value, 2, base, QLatin1Char('0'));
@@ -50,27 +50,27 @@ QString BootLoaderLink::wakeUp()
         clearInput();
         m_log(tr("Waiting for device response, loop %1...").arg(attempt));
         send(Probe);
-        if (hearsPresence())
+        if (receivePresence())
             return {};
     }
     m_log(tr("Update failed."));
     return tr("Error when waiting for device.");
 }
 
-bool BootLoaderLink::hearsPresence()
+bool BootLoaderLink::receivePresence()
 {
     bool halfway = false;
     const QDeadlineTimer end(m_limits.listenMs);
     while (!end.hasExpired()) {
-        const std::optional<quint8> byte = receive(m_limits.probeMs);
+        const std::optional<std::uint8_t> byte = receive(m_limits.probeMs);
         if (!byte)
             return false;
-        m_log(heard(*byte));
+        m_log(receivedText(*byte));
         qDebug().noquote() << QStringLiteral("Device said: 0x%1['%2']")
                                   .arg(hex(*byte), QString(QLatin1Char(static_cast<char>(*byte))));
         if (halfway && *byte == Presence2)
             return true;
-        // As with the hand's own frames, 55 55 AA is no start.
+        // As in the hand's own frames, 55 55 AA is not a start.
         halfway = !halfway && *byte == Presence1;
     }
     return false;
@@ -79,13 +79,13 @@ bool BootLoaderLink::hearsPresence()
 QString BootLoaderLink::checkHardware(UpdateHardware hardware)
 {
     send(std::array{static_cast<char>(hardware.type), static_cast<char>(hardware.version)});
-    const std::optional<quint8> verdict = receive(m_limits.matchMs);
-    if (!verdict)
+    const std::optional<std::uint8_t> reply = receive(m_limits.matchMs);
+    if (!reply)
         return tr("Error when waiting for hardware match flag.");
-    m_log(heard(*verdict));
+    m_log(receivedText(*reply));
     const QString type = hex(hardware.type);
     const QString version = hex(hardware.version);
-    if (*verdict != HardwareMatches)
+    if (*reply != HardwareMatches)
         return tr("Hardware does not match type 0x%1, version 0x%2.").arg(type, version);
     m_log(tr("Hardware type 0x%1, hardware version 0x%2 matched.").arg(type, version));
     return {};
@@ -95,18 +95,18 @@ QString BootLoaderLink::transfer(QByteArrayView image)
 {
     qsizetype offset = 0;
     int rejections = 0;
-    for (std::size_t turn = 0; offset < image.size(); turn = (turn + 1) % Spinner.size()) {
+    for (std::size_t frame = 0; offset < image.size(); frame = (frame + 1) % Spinner.size()) {
         const auto percent = static_cast<int>(100 * qint64{offset} / image.size());
         m_log(tr("Transferring... %1 %2% done.")
-                  .arg(QString(QLatin1Char(Spinner[turn])), QString::number(percent)));
+                  .arg(QString(QLatin1Char(Spinner[frame])), QString::number(percent)));
         m_progress(percent);
         const QByteArrayView record = updateRecordAt(image, offset);
         clearInput();
         send(record);
-        const std::optional<quint8> verdict = receive(m_limits.recordMs);
-        if (!verdict)
+        const std::optional<std::uint8_t> reply = receive(m_limits.recordMs);
+        if (!reply)
             return tr("Failed: Target is not responding.");
-        if (*verdict == RecordAccepted) {
+        if (*reply == RecordAccepted) {
             offset += record.size();
             rejections = 0;
         } else if (++rejections >= m_limits.rejections) {
@@ -118,7 +118,7 @@ QString BootLoaderLink::transfer(QByteArrayView image)
     return {};
 }
 
-// Events are processed in the callbacks too, so the port may have been closed before any of these.
+// Callbacks process events too, so the port may be closed in any of these functions.
 
 void BootLoaderLink::clearInput()
 {
@@ -134,15 +134,15 @@ void BootLoaderLink::send(QByteArrayView bytes)
     m_port.flush();
 }
 
-std::optional<quint8> BootLoaderLink::receive(int milliseconds)
+std::optional<std::uint8_t> BootLoaderLink::receive(int milliseconds)
 {
     char byte = 0;
     if (!waitForSerialPortReadyRead(m_port, milliseconds) || !m_port.getChar(&byte))
         return std::nullopt;
-    return static_cast<quint8>(byte);
+    return static_cast<std::uint8_t>(byte);
 }
 
-QString BootLoaderLink::heard(quint8 byte) const
+QString BootLoaderLink::receivedText(std::uint8_t byte) const
 {
     return tr("Device said: 0x%1").arg(hex(byte));
 }

@@ -9,28 +9,29 @@ class QSerialPort;
 namespace vanto
 {
 
-/// Takes a percentage.
+/// Receives the progress as a percentage.
 using ProgressCallback = std::function<void(int percent)>;
 
-/// How patient an update is.
+/// Attempts and time-outs of an update.
 struct UpdateLimits {
     int probes = 10;      ///< attempts to wake the boot loader up
-    int probeMs = 1000;   ///< wait for each byte of the answer to a probe
-    int matchMs = 1000;   ///< wait for the verdict on the hardware
-    int recordMs = 4000;  ///< wait for the verdict on a record
-    int rejections = 4;   ///< of the same record, with which the update fails
-    int listenMs = 10000; ///< to a line that is never silent, until the next probe
+    int probeMs = 1000;   ///< wait for each byte of the reply to a probe
+    int matchMs = 1000;   ///< wait for the reply to the hardware type and version
+    int recordMs = 4000;  ///< wait for the reply to a record
+    int rejections = 4;   ///< of one record, after which the update fails
+    int listenMs = 10000; ///< on a line that is never silent, until the next probe
 };
 
-/// The tool's side of the talk with a boot loader, over an open port:
+/// The tool's side of the boot loader protocol, over an open port:
 ///
 ///   tool                         boot loader
-///   00 FF AA 55                  55 AA, whatever comes before it
-///   hardware type, version       59 ("Y") if they are the hand's; only for files with a header
+///   00 FF AA 55                  55 AA, possibly after other bytes
+///   hardware type, version       59 ("Y") if they match the hand; only for files with a header
 ///   a record                     11 if accepted; the next record, or the same one again
 ///
-/// Nothing says that the last record was the last. Silence, any other byte and a port that goes
-/// away end the talk. The steps are called in this order; each returns why it failed, or nothing.
+/// The last record is not marked. Silence, any other byte and a port that disappears end the
+/// update. Call the functions in this order; each returns the reason of a failure, or an empty
+/// string.
 class BootLoaderLink
 {
     Q_DECLARE_TR_FUNCTIONS(BootLoaderLink)
@@ -45,11 +46,11 @@ public:
     QString transfer(QByteArrayView image);
 
 private:
-    bool hearsPresence();
+    bool receivePresence();
     void clearInput();
     void send(QByteArrayView bytes);
-    std::optional<quint8> receive(int milliseconds);
-    QString heard(quint8 byte) const;
+    std::optional<std::uint8_t> receive(int milliseconds);
+    QString receivedText(std::uint8_t byte) const;
 
     QSerialPort& m_port;
     LogCallback m_log;

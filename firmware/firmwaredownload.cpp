@@ -50,13 +50,13 @@ FirmwareDownload::Offer FirmwareDownload::latestReleases()
         offer.failure = tr("Error when saving firmware file.");
         return offer;
     }
-    const auto body = get(addressOf(QStringLiteral("latest_version.json")));
+    const auto body = get(fileUrl(QStringLiteral("latest_version.json")));
     if (!body) {
         offer.failure = tr("Error when reading version file from server.");
         return offer;
     }
     offer.releases = readVersionFile(*body);
-    // An answer that is no object, or offers nothing to choose, is as good as none.
+    // An answer that is not an object, or offers no release, counts as none.
     if (offer.releases.isEmpty())
         offer.failure = tr("Error when parsing version file.");
     return offer;
@@ -68,7 +68,7 @@ FirmwareDownload::SavedFile FirmwareDownload::save(const FirmwareRelease& releas
              << ", desc:" << release.description;
     if (!isPlainFileName(m_hardware) || !isPlainFileName(release.file))
         return {{}, tr("Error when saving firmware file.")};
-    const auto body = get(addressOf(release.file));
+    const auto body = get(fileUrl(release.file));
     if (!body || body->isEmpty())
         return {{}, tr("Error when reading firmware file from server.")};
     const QString path = QStringLiteral("downloaded/%1/%2").arg(m_hardware, release.file);
@@ -82,7 +82,7 @@ void FirmwareDownload::abandon()
     m_wait.quit();
 }
 
-QUrl FirmwareDownload::addressOf(const QString& file) const
+QUrl FirmwareDownload::fileUrl(const QString& file) const
 {
     const auto encoded = [](const QString& part) {
         return QString::fromLatin1(QUrl::toPercentEncoding(part));
@@ -96,7 +96,7 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address)
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
-    // Starts anew with every byte that comes.
+    // Restarts with every byte received.
     request.setTransferTimeout(static_cast<int>(m_maxSilence.count()));
     const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
     connect(reply.get(), &QNetworkReply::finished, &m_wait, &QEventLoop::quit);

@@ -13,22 +13,22 @@ class QUrl;
 namespace vanto
 {
 
-/// Gets update files for one kind of hardware from the firmware server, over HTTP or HTTPS:
+/// Downloads update files for one kind of hardware from the firmware server, by HTTP or HTTPS:
 ///
 ///   /firmwares/HARDWARE/latest_version.json   the version file
 ///   /firmwares/HARDWARE/FILE                  the update file
 ///
-/// What can go wrong: any status but 200, redirects too; silence; a connection that is cut; a body
-/// that is empty, endless or no JSON; members that are missing or no texts; names that would lead
-/// out of the folder for downloads.
+/// Possible errors: any status but 200, including redirects; silence; a broken connection; a body
+/// that is empty, endless or not JSON; members that are missing or not strings; file names that
+/// lead out of the download folder.
 ///
-/// The calls wait for the server while events are processed. Their results have a failure, in
-/// words for the person, or what was asked for.
+/// The functions process events while they wait for the server. Their results hold either a
+/// failure, as text for the user, or the requested data.
 class FirmwareDownload : public QObject
 {
     Q_OBJECT
 public:
-    /// How long the server may send nothing.
+    /// How long the server may stay silent.
     static constexpr std::chrono::seconds MaxSilence{30};
 
     struct Offer {
@@ -45,11 +45,11 @@ public:
     Offer latestReleases();
     SavedFile save(const FirmwareRelease& release);
 
-    /// Ends the call that waits; its result is of no use then.
+    /// Ends the waiting call; its result must not be used.
     void abandon();
 
 private:
-    QUrl addressOf(const QString& file) const;
+    QUrl fileUrl(const QString& file) const;
     std::optional<QByteArray> get(const QUrl& address);
 
     QString m_hardware;

@@ -10,14 +10,14 @@ namespace vanto
 
 namespace
 {
-constexpr int EventSliceMs = 10; ///< longest sleep before the clock is read
+constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clock
 }
 
 bool hasSerialPortFailed(const QSerialPort& port)
 {
-    const bool atFault =
+    const bool hasError =
         port.error() != QSerialPort::NoError && port.error() != QSerialPort::TimeoutError;
-    return atFault || !port.isOpen();
+    return hasError || !port.isOpen();
 }
 
 bool waitForSerialPortReadyRead(QSerialPort& port, int milliseconds)

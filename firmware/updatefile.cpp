@@ -11,10 +11,10 @@ namespace vanto
 
 namespace
 {
-constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes; hands have a thousandth of that
+constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes; a thousand times a real image
 constexpr qsizetype DigitsPerByte = 2;
 constexpr qsizetype LengthFieldSize = 2; ///< bytes
-constexpr int NoDigit = -1;
+constexpr int InvalidDigit = -1;
 constexpr int HexBase = 16;
 
 constexpr int digitValue(char digit)
@@ -25,7 +25,7 @@ constexpr int digitValue(char digit)
         return digit - 'A' + 10;
     if (digit >= 'a' && digit <= 'f')
         return digit - 'a' + 10;
-    return NoDigit;
+    return InvalidDigit;
 }
 
 bool takeText(QByteArrayView& rest, QByteArrayView text)
@@ -37,24 +37,24 @@ bool takeText(QByteArrayView& rest, QByteArrayView text)
 }
 
 /// One or two hexadecimal digits after any blanks.
-std::optional<quint8> takeValue(QByteArrayView& rest)
+std::optional<std::uint8_t> takeValue(QByteArrayView& rest)
 {
     constexpr QByteArrayView blanks(" \t\n\v\f\r");
     const auto* const start = std::ranges::find_if(
         rest, [&blanks](char character) { return !blanks.contains(character); });
     const auto* const limit = start + std::min<qsizetype>(DigitsPerByte, rest.end() - start);
-    const auto* const end =
-        std::find_if(start, limit, [](char character) { return digitValue(character) == NoDigit; });
+    const auto* const end = std::find_if(
+        start, limit, [](char character) { return digitValue(character) == InvalidDigit; });
     if (end == start)
         return std::nullopt;
     int value = 0;
     for (const auto* digit = start; digit != end; ++digit)
         value = value * HexBase + digitValue(*digit);
     rest = rest.sliced(end - rest.begin());
-    return static_cast<quint8>(value);
+    return static_cast<std::uint8_t>(value);
 }
 
-/// Tells how much of the data line is done; makes a text only when the percentage has changed.
+/// Reports the progress in the data line; creates a text only if the percentage has changed.
 class ProcessingLog
 {
 public:
@@ -62,7 +62,7 @@ public:
     {
     }
 
-    void tell(qint64 bytesDone)
+    void report(qint64 bytesDone)
     {
         if (!m_log)
             return;
@@ -87,7 +87,7 @@ QByteArrayView lineAt(QByteArrayView content)
     return lineBreak < 0 ? content : content.first(lineBreak + 1);
 }
 
-/// None if the line is anything but pairs of digits.
+/// Returns nothing unless the line consists of pairs of digits.
 std::optional<QByteArray> parseImage(QByteArrayView line, const LogCallback& log)
 {
     ProcessingLog processing(log, line.size());
@@ -95,18 +95,18 @@ std::optional<QByteArray> parseImage(QByteArrayView line, const LogCallback& log
     image.reserve(line.size() / DigitsPerByte);
     for (; !line.isEmpty(); line = line.sliced(DigitsPerByte)) {
         const int high = digitValue(line.front());
-        const int low = line.size() < DigitsPerByte ? NoDigit : digitValue(line[1]);
-        if (high == NoDigit || low == NoDigit)
+        const int low = line.size() < DigitsPerByte ? InvalidDigit : digitValue(line[1]);
+        if (high == InvalidDigit || low == InvalidDigit)
             return std::nullopt;
         image.append(static_cast<char>(high * HexBase + low));
-        processing.tell(image.size());
+        processing.report(image.size());
     }
     return image;
 }
 
 void logHardware(const UpdateHardware& hardware, const LogCallback& log)
 {
-    const auto hex = [](quint8 value) {
+    const auto hex = [](std::uint8_t value) {
         return QString::number(value, HexBase).toUpper().rightJustified(DigitsPerByte, u'0');
     };
     if (log)
@@ -119,10 +119,10 @@ std::optional<UpdateHardware> parseUpdateHeader(QByteArrayView line)
 {
     if (!takeText(line, "HW:"))
         return std::nullopt;
-    const std::optional<quint8> type = takeValue(line);
+    const std::optional<std::uint8_t> type = takeValue(line);
     if (!type || !takeText(line, ","))
         return std::nullopt;
-    const std::optional<quint8> version = takeValue(line);
+    const std::optional<std::uint8_t> version = takeValue(line);
     return version ? std::optional(UpdateHardware{*type, *version}) : std::nullopt;
 }
 
@@ -151,8 +151,8 @@ UpdateFile loadUpdateFile(const QString& path, const LogCallback& log)
 {
     UpdateFile file;
     QFile source(path);
-    // A device or a pipe could keep the reader waiting for ever. Text mode would drop carriage
-    // returns, and with them what is wrong with the file.
+    // A device or a pipe could block forever. Text mode would drop carriage returns and so hide
+    // errors in the file.
     if (!QFileInfo(path).isFile() || !source.open(QIODevice::ReadOnly)) {
         file.failure =
             QCoreApplication::translate("UpdateFile", "Open file '%1' failed.").arg(path);
@@ -172,7 +172,8 @@ QByteArrayView updateRecordAt(QByteArrayView image, qsizetype offset)
     const QByteArrayView rest = image.sliced(offset);
     if (rest.size() < LengthFieldSize)
         return rest;
-    const qsizetype length = static_cast<quint8>(rest[0]) * 0x100 + static_cast<quint8>(rest[1]);
+    const qsizetype length =
+        static_cast<std::uint8_t>(rest[0]) * 0x100 + static_cast<std::uint8_t>(rest[1]);
     return rest.first(std::min(rest.size(), LengthFieldSize + length));
 }
 

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -14,43 +15,43 @@ namespace vanto
 //   HW:1B,01          optional header: hardware type, hardware version
 //   0102A5B6...       data line: the image, two hexadecimal digits per byte, up to the end of file
 //
-// Image: records one after the other, each
+// Image: consecutive records, each
 //
-//   | length L, 2 bytes, big-endian | body, L bytes, meant for the boot loader alone |
+//   | length L, 2 bytes, big-endian | body, L bytes, for the boot loader only |
 //
-// What can go wrong: without a good header the first line is the data line; a line break after the
-// data, an odd number of digits or any other character damages the file; nothing says that the
-// last record ends where the image does, or that a length field is left for it.
+// Possible errors: without a valid header the first line is the data line; a line break after the
+// data, an odd number of digits or any other character damages the file; the image may end within
+// the last record or its length field.
 
-/// Takes a line of text for the user.
+/// Receives a line of text for the user.
 using LogCallback = std::function<void(const QString& text)>;
 
 /// The hardware that an update file is made for.
 struct UpdateHardware {
-    quint8 type = 0;
-    quint8 version = 0;
+    std::uint8_t type = 0;
+    std::uint8_t version = 0;
 };
 
 struct UpdateFile {
-    std::optional<UpdateHardware> hardware; ///< none: the file has no header
+    std::optional<UpdateHardware> hardware; ///< not set: the file has no header
     QByteArray image;                       ///< empty after a failure
     QString failure;                        ///< empty if the file is good
 };
 
-/// What a header line says; none if the line is no header. `HW:` is in capitals, the digits in
-/// either case, blanks may stand before each value, and whatever follows the values is ignored.
+/// Parses a header line; returns nothing if the line is not a header. `HW:` is upper case, the
+/// digits are of either case, blanks may precede each value, and anything after the values is
+/// ignored.
 std::optional<UpdateHardware> parseUpdateHeader(QByteArrayView line);
 
-/// Reads an update file from its bytes. `log` is called once per byte of the image, a million
-/// times for a large one, so it must be cheap: successive texts that are equal share their data.
-/// It may process events; nobody else does so meanwhile.
+/// Reads an update file from its bytes. `log` is called once per byte of the image, a million times
+/// for a large one, so it must be cheap: successive texts that are equal share their data. Only
+/// `log` may process events meanwhile.
 UpdateFile readUpdateFile(QByteArrayView content, const LogCallback& log = {});
 
-/// The same from a file. Files of more than 64 MiB are refused.
+/// Reads an update file from disk. Files of more than 64 MiB are refused.
 UpdateFile loadUpdateFile(const QString& path, const LogCallback& log = {});
 
-/// The record that starts at `offset` of the image, its length field included; of one that the
-/// image ends within, the bytes that there are.
+/// The record at `offset` of the image, including its length field; cut off where the image ends.
 QByteArrayView updateRecordAt(QByteArrayView image, qsizetype offset);
 
 } // namespace vanto

@@ -31,9 +31,9 @@ QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString
     if (!openPort(port, baudRate))
         return QCoreApplication::translate("UpdateFirmware", "Failed when openning port '%1'.")
             .arg(portName);
-    // A wait ends when the port is no longer open.
+    // Closing the port ends a wait.
     PortWatch watch([&port] { port.close(); });
-    watch.opened(&port);
+    watch.start(&port);
 
     port.clear(QSerialPort::AllDirections);
     BootLoaderLink bootLoader(port, std::move(log), std::move(progress), limits);

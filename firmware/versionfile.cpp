@@ -23,12 +23,12 @@ QMap<QString, FirmwareRelease> readVersionFile(const QByteArray& content)
 
 bool isPlainFileName(const QString& name)
 {
-    const auto leadsAway = [](QChar character) {
+    const auto isForbidden = [](QChar character) {
         return character == QLatin1Char('/') || character == QLatin1Char('\\') ||
                character.category() == QChar::Other_Control;
     };
     return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
-           std::none_of(name.begin(), name.end(), leadsAway);
+           std::none_of(name.begin(), name.end(), isForbidden);
 }
 
 } // namespace vanto

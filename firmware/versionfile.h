@@ -7,27 +7,27 @@
 namespace vanto
 {
 
-// Version file ("latest_version.json"), which says what a firmware server has for one kind of
+// Version file ("latest_version.json"), the releases that a firmware server has for one kind of
 // hardware:
 //
 //   {"TYPE": {"version": "1.2.3", "file": "NAME.upd", "desc": "..."}, ...}
 //
-// What can go wrong: no JSON; JSON that is no object; members that are missing or no texts, which
-// are then empty; names of files that lead out of the folder that they are put into.
+// Possible errors: not JSON; JSON that is not an object; members that are missing or not strings,
+// which count as empty; file names that lead out of their folder.
 
-/// A version of firmware that the server offers.
+/// A firmware version that the server offers.
 struct FirmwareRelease {
     QString version;
-    QString file; ///< its name on the server, not to be trusted
+    QString file; ///< name on the server, untrusted
     QString description;
 
     bool operator==(const FirmwareRelease&) const = default;
 };
 
-/// What a version file offers, by type of firmware; nothing if it cannot be read.
+/// The releases in a version file, by type of firmware; empty if it cannot be read.
 QMap<QString, FirmwareRelease> readVersionFile(const QByteArray& content);
 
-/// Whether a text names a file of the folder that it is put into, and nothing elsewhere.
+/// Whether `name` is a file name that cannot lead out of its folder.
 bool isPlainFileName(const QString& name);
 
 } // namespace vanto

@@ -36,7 +36,7 @@ MainWindow::MainWindow(QWidget* parent)
         [this](int percent) { emit sig_updateProgress(percent); });
     m_updater->disableDuringDownload({ui->action_Theme, ui->action_About});
     connect(this, &MainWindow::sig_updateProgress, this, &MainWindow::on_updateProgress);
-    ui->deviceBar->listPortsAtStart();
+    ui->deviceBar->listPortsInBackground();
 }
 
 void MainWindow::setUpPages()
@@ -52,7 +52,7 @@ void MainWindow::setUpPages()
 MainWindow::~MainWindow()
 {
     m_session->shutDown();
-    // Widgets emit signals while they are destroyed; then their page is no longer whole.
+    // Widgets emit signals during destruction, when their page is already partly destroyed.
     QList<QObject*> receivers{this, ui->deviceBar};
     for (int i = 0; i < ui->tabWidget->count(); ++i)
         receivers.append(ui->tabWidget->widget(i));
@@ -124,7 +124,7 @@ void MainWindow::on_tabWidget_currentChanged(int)
 
 void MainWindow::on_pushButton_BasicUpdateFirmware_clicked()
 {
-    m_updater->updateClicked();
+    m_updater->requestUpdate();
 }
 
 void MainWindow::on_updateProgress(int percent)
@@ -141,7 +141,7 @@ void MainWindow::on_pushButton_BasicRecalibrate_clicked()
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress &&
-        ui->tab_Sequence->keyPressed(static_cast<const QKeyEvent&>(*event)))
+        ui->tab_Sequence->handleKeyPress(static_cast<const QKeyEvent&>(*event)))
         return true;
     return QMainWindow::eventFilter(watched, event);
 }

@@ -17,8 +17,8 @@ namespace Ui
 class MainWindow;
 }
 
-/// The program's window: menus, the row above the pages, the pages, the status bar. It creates what
-/// these work with; what a page does is in the page.
+/// The main window: menus, the device bar, the pages, the status bar. It creates the objects that
+/// these share; what a page does is in its class.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -26,13 +26,13 @@ public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    /// Ends the device connection; a device must be open.
+    /// Closes the device connection; a device must be open.
     void closeDevice();
-    /// Ends the device connection, if there is one.
+    /// Closes the device connection, if any.
     void closeDeviceIfOpen();
     void showErrorOnStatusBar(const QString& text, const QColor& color);
 
-    /// Passes the keys of the sequence table to the Sequence page.
+    /// Passes key presses in the sequence table to the Sequence page.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
@@ -50,7 +50,7 @@ private slots:
     void on_action_Theme_triggered();
     void on_action_About_triggered();
     void on_tabWidget_currentChanged(int index);
-    // These two go through dialogs that concern the whole window.
+    // These two open dialogs for the whole window.
     void on_pushButton_BasicUpdateFirmware_clicked();
     void on_pushButton_BasicRecalibrate_clicked();
 

@@ -10,7 +10,7 @@ namespace vanto
 
 namespace
 {
-/// The name may end in more than the file's does: of "de_AT" the file for "de" is found.
+/// A less specific file is found too: for "de_AT" the file for "de".
 bool installFile(const QString& name)
 {
     auto* translator = new QTranslator(qApp);
@@ -28,7 +28,7 @@ bool Translation::install(const QString& locale)
     qDebug() << "translation:" << own;
     if (!installFile(own))
         return false;
-    // Standard buttons and file dialogs; the program is of use without them.
+    // Standard buttons and file dialogs; optional.
     installFile(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qtbase_") +
                 locale);
     return true;

@@ -5,11 +5,11 @@ class QString;
 namespace vanto
 {
 
-/// Texts in another language than English.
+/// Translations of the user interface.
 namespace Translation
 {
-/// Installs the program's catalogue for a locale, such as "de_AT", and Qt's own beside it. Must
-/// come before the window is built. False, and nothing is installed, when the program has none.
+/// Installs the program's translations for a locale, such as "de_AT", and those of Qt. Call this
+/// before the window is created. Returns false, and installs nothing, if the program has none.
 bool install(const QString& locale);
 } // namespace Translation
 

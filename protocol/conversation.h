@@ -5,12 +5,12 @@
 namespace vanto
 {
 
-/// A stretch of one slot in which exchanges with a hand may happen.
+/// A scope in which exchanges with a hand may happen.
 ///
-/// Everything runs on the user-interface thread and every exchange processes events while it waits,
-/// so any slot or timer can run while another waits. What talks to a hand has a conversation on the
-/// stack, by a HandCall or a LineHold; what may not interrupt asks busy() first. A conversation
-/// never spans a dialog: a dialog opened inside an exchange makes that exchange time out.
+/// Everything runs on the user-interface thread, and every exchange processes events while it
+/// waits, so any slot or timer can run during the wait. Code that communicates with a hand has a
+/// conversation on the stack, by a HandCall or a LineHold; code that must not interrupt one checks
+/// busy() first. A conversation never spans a dialog: an exchange behind a dialog times out.
 class Conversation
 {
 public:
@@ -21,12 +21,12 @@ public:
     static bool busy();
 
 private:
-    friend class LineHold; // begins it, so that nothing else does
+    friend class LineHold; // the only class that may start one
     Conversation();
     ~Conversation();
 };
 
-/// Reports when the outermost conversation has ended.
+/// Emits a signal when the outermost conversation ends.
 class ConversationMonitor : public QObject
 {
     Q_OBJECT
@@ -37,9 +37,9 @@ signals:
     void sig_quiet();
 };
 
-/// One adapter operation, on the stack of that operation. Two at a time would mix up two
-/// conversations on one wire, and one outside a conversation could meet another; both are
-/// programming errors and asserted.
+/// One adapter operation, on the stack of that operation. Two exchanges at a time would mix their
+/// frames on one line, and an exchange outside a conversation could overlap another one. Both are
+/// programming errors and are asserted.
 class Exchange
 {
 public:
@@ -49,9 +49,8 @@ public:
     Exchange& operator=(const Exchange&) = delete;
 
     static bool active();
-    /// For whoever must have nothing more sent at once: the exchange that is under way, if any,
-    /// sends no further request and repeats no write. Its result is a failure, unless what it waits
-    /// for was its last request and is answered.
+    /// Stops the current exchange, if any: it sends no further request and repeats no write. Its
+    /// result is a failure, unless it waits for its last request and the hand answers that.
     static void abandon();
     static bool abandoned();
 };

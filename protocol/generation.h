@@ -6,15 +6,15 @@
 namespace vanto
 {
 
-/// Numbers the states of something that others refer to later: whoever keeps a token of a state can
-/// see whether it has passed. Tokens may outlive their generation; then all of them are stale.
+/// Counts the states of an object. A token refers to one state and becomes stale when the object
+/// advances to the next one. Tokens may outlive the object; they are stale then.
 class Generation
 {
 public:
     class Token
     {
     public:
-        /// Of no state; never current.
+        /// Refers to no state; never current.
         Token() = default;
         bool isCurrent() const { return m_now && *m_now == m_number; }
 
@@ -32,7 +32,7 @@ public:
     Generation& operator=(const Generation&) = delete;
 
     Token token() const { return Token(m_now); }
-    /// Makes all tokens so far stale.
+    /// Makes all existing tokens stale.
     void advance() { ++*m_now; }
 
 private:

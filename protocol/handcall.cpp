@@ -11,7 +11,7 @@ bool HandCall::accept(std::string_view operation, std::uint8_t result)
         return true;
     if (!m_report || (result == ResultCode::Timeout && m_report->reportTimeout(m_target)))
         return false;
-    // At once, before any other exchange with the hand.
+    // Must precede any other exchange with the hand.
     const std::uint8_t error = subError();
     if (isCurrent())
         m_report->reportFailure(m_target, operation, result, error);

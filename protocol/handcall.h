@@ -10,38 +10,38 @@
 namespace vanto
 {
 
-/// A hand as it was when something was asked of it.
+/// The hand that was open when a request was made.
 struct HandTarget {
     std::shared_ptr<VantoProtocol> adapter;
     std::uint8_t node = 0;
     Generation::Token token;
 
-    /// Whether nothing has changed or stopped the connection since.
+    /// Whether the connection has been neither changed nor stopped since.
     bool isCurrent() const { return token.isCurrent(); }
 };
 
-/// Keeps the line for one conversation: until it is destroyed, timers skip and requests wait. See
-/// Conversation for what may not happen meanwhile.
+/// Reserves the line for one conversation: while it exists, timers skip their ticks and requests
+/// wait. See Conversation for the restrictions.
 class LineHold
 {
 private:
     Conversation m_conversation;
 };
 
-/// Where the failures of a conversation are reported.
+/// Receives the failures of a conversation.
 class CallReport
 {
 public:
     virtual ~CallReport() = default;
 
-    /// A time-out. False if it is to be reported like every other failure.
+    /// Reports a time-out. Returns false to have it reported like any other failure.
     virtual bool reportTimeout(const HandTarget& target) = 0;
     /// `operation` is a name like "setFingerPos".
     virtual void reportFailure(const HandTarget& target, std::string_view operation,
                                std::uint8_t result, std::uint8_t subError) = 0;
 };
 
-/// The name of an operation of VantoProtocol, which is given by its member pointer.
+/// The name of an operation of VantoProtocol, given by its member pointer.
 template<auto Operation>
 constexpr std::string_view operationName()
 {
@@ -57,28 +57,28 @@ constexpr std::string_view operationName()
 ///     if (call.perform<&VantoProtocol::setFingerPos>(finger, position, speed))
 ///         ...
 ///
-/// Nothing is sent, and nothing reported, once the target is no longer current.
+/// Once the target is no longer current, nothing is sent or reported.
 class HandCall : public LineHold
 {
 public:
     HandCall(HandTarget target, CallReport& report) : m_target(std::move(target)), m_report(&report)
     {
     }
-    /// A conversation of attempts alone.
+    /// Without a report, for attempt() only.
     explicit HandCall(HandTarget target) : m_target(std::move(target)) {}
 
     const HandTarget& target() const { return m_target; }
     bool isCurrent() const { return m_target.isCurrent(); }
 
-    /// Calls the operation and reports its failure. True if it has succeeded; only then may its
-    /// outputs be read.
+    /// Calls the operation and reports a failure. Returns true on success; only then are the
+    /// outputs valid.
     template<auto Operation, class... Arguments>
     bool perform(Arguments... arguments)
     {
         return accept<Operation>(attempt<Operation>(arguments...));
     }
 
-    /// The same without the report: the result code.
+    /// Calls the operation without a report and returns the result code.
     template<auto Operation, class... Arguments>
     std::uint8_t attempt(Arguments... arguments)
     {
@@ -87,14 +87,14 @@ public:
         return std::invoke(Operation, *m_target.adapter, m_target.node, arguments...);
     }
 
-    /// Reports a result that is a failure. True if it is none and still wanted.
+    /// Reports `result` if it is a failure. Returns true on success, if the target is current.
     bool accept(std::string_view operation, std::uint8_t result);
     template<auto Operation>
     bool accept(std::uint8_t result)
     {
         return accept(operationName<Operation>(), result);
     }
-    /// The hand's own error byte of its most recent exchange.
+    /// The hand's own error byte for its most recent exchange.
     std::uint8_t subError() { return m_target.adapter->getNodeError(m_target.node); }
 
 private:

@@ -7,7 +7,7 @@ namespace vanto
 
 namespace
 {
-template<class Value, auto Set, auto Get, auto GetAll, int Window>
+template<class Value, auto Set, auto Get, auto GetAll, int Tolerance>
 class Unit : public MotionUnit
 {
 public:
@@ -33,13 +33,13 @@ public:
         return call.accept<GetAll>(values.read(call)) ? std::optional(values.pose()) : std::nullopt;
     }
 
-    Pose readPoseIfPossible(HandCall& call) const override
+    Pose readPoseOrZeros(HandCall& call) const override
     {
         Values values;
         return values.read(call) == ResultCode::Success ? values.pose() : Pose{};
     }
 
-    int arrivalWindow() const override { return Window; }
+    int arrivalTolerance() const override { return Tolerance; }
 
 private:
     struct Values {
@@ -61,14 +61,14 @@ private:
     };
 };
 
-constexpr int PositionWindow = 256;
-constexpr int AngleWindow = 6;
+constexpr int PositionTolerance = 256;
+constexpr int AngleTolerance = 6;
 } // namespace
 
 const MotionUnit& MotionUnit::position()
 {
     static const Unit<std::uint16_t, &VantoProtocol::setFingerPos, &VantoProtocol::getFingerPos,
-                      &VantoProtocol::getFingerPosAll, PositionWindow>
+                      &VantoProtocol::getFingerPosAll, PositionTolerance>
         unit;
     return unit;
 }
@@ -76,7 +76,7 @@ const MotionUnit& MotionUnit::position()
 const MotionUnit& MotionUnit::angle()
 {
     static const Unit<std::int16_t, &VantoProtocol::setFingerAngle, &VantoProtocol::getFingerAngle,
-                      &VantoProtocol::getFingerAngleAll, AngleWindow>
+                      &VantoProtocol::getFingerAngleAll, AngleTolerance>
         unit;
     return unit;
 }

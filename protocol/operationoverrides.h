@@ -1,7 +1,7 @@
 #pragma once
 
-/// Declares an adapter's overrides of all operations on a hand. The class needs the short names u8,
-/// u16, u32 and s16 of the integer types.
+/// Declares an adapter's overrides of all operations on a hand. The class needs the short integer
+/// type names u8, u16, u32 and s16.
 #define VANTO_OVERRIDE_OPERATIONS                                                                  \
     u8 getProtocolVersion(u8 node, u8* major, u8* minor) override;                                 \
     u8 getFirmwareVersion(u8 node, u8* major, u8* minor, u16* revision) override;                  \

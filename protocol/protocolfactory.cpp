@@ -14,7 +14,7 @@ namespace
 using Slot = std::atomic<std::shared_ptr<VantoProtocol>>;
 
 template<class Adapter>
-std::shared_ptr<VantoProtocol> filled(Slot& slot, std::mutex& mutex)
+std::shared_ptr<VantoProtocol> loadOrCreate(Slot& slot, std::mutex& mutex)
 {
     if (auto adapter = slot.load())
         return adapter;
@@ -34,9 +34,9 @@ VantoProtocol::getProtocolInstance(PROTOCOL_TYPE type, unsigned char major, unsi
     static Slot modbusSlot;
     static Slot serialCtrlSlot;
     if (type == PROTOCOL_TYPE_MODBUS_RTU && major == ModbusMajorVersion)
-        return filled<ModBusRTUProtocolV1>(modbusSlot, _mutex);
+        return loadOrCreate<ModBusRTUProtocolV1>(modbusSlot, _mutex);
     if (type == PROTOCOL_TYPE_SERIALCTRL && major == SerialCtrlMajorVersion)
-        return filled<SerialProtocolV3>(serialCtrlSlot, _mutex);
+        return loadOrCreate<SerialProtocolV3>(serialCtrlSlot, _mutex);
     return {};
 }
 

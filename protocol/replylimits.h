@@ -3,17 +3,17 @@
 namespace vanto
 {
 
-/// How long a hand is given for its reply, in milliseconds. Set-up for tests: on a busy machine a
-/// simulated hand may not get a processor for longer than the limits of a real one.
+/// Time-outs for the replies of a hand, in milliseconds. Variable for tests: on a busy machine a
+/// simulated hand may wait for a processor longer than the limits of a real hand allow.
 struct ReplyLimits {
     int serialCtrl = 50;
     int serialCtrlGains = 150; ///< the hand stores the gains before it answers
-    int modbusRead = 50;       ///< each of two attempts
+    int modbusRead = 50;       ///< for each of two attempts
     int modbusWrite = 200;     ///< likewise; a hand stores some values before it answers
 
     /// The limits of all adapters of this process.
     static ReplyLimits& current();
-    /// The same `factor` times as long.
+    /// These limits multiplied by `factor`.
     constexpr ReplyLimits stretched(int factor) const
     {
         return {factor * serialCtrl, factor * serialCtrlGains, factor * modbusRead,

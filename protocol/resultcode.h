@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// Result codes that mean the same for every adapter. All other non-zero codes are failures whose
-/// numbering belongs to the adapter that returned them.
+/// Result codes common to all adapters. All other non-zero codes are failures, numbered by the
+/// adapter that returns them.
 namespace ResultCode
 {
 inline constexpr std::uint8_t Success = 0;

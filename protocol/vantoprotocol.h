@@ -15,23 +15,23 @@ enum PROTOCOL_TYPE : std::uint8_t {
     PROTOCOL_TYPE_SERIALCTRL = 2,
 };
 
-/// Major versions of the device protocols that there are adapters for.
+/// Supported major versions of the device protocols.
 inline constexpr int ModbusMajorVersion = 1;
 inline constexpr int SerialCtrlMajorVersion = 3;
 
 /// Bits per second of both device protocols and of the boot loader.
 inline constexpr std::uint32_t BaudRate = 115200;
 
-/// Everything that can be asked of a hand, whichever device protocol it speaks.
+/// The operations of a hand, independent of its device protocol.
 ///
 /// `node` is the hand's address on the bus, `finger` an index 0..5 (Thumb, Index, Middle, Third,
 /// Little, Thumb root); arrays are indexed by finger. Logical positions span 0..65535, angles are
 /// hundredths of a degree, speeds 0..255. Currents, forces, voltages and absolute positions are in
 /// the device's own units.
 ///
-/// Every device operation blocks until the answer or a time-out while events are processed, and
-/// returns a result code (see ResultCode). On failure the outputs must not be read. Only one
-/// operation may be under way at a time; see Conversation.
+/// Every device operation processes events until the hand answers or a time-out elapses, and
+/// returns a result code (see ResultCode). On failure the outputs are undefined. Only one operation
+/// may run at a time; see Conversation.
 class VantoProtocol
 {
 public:
@@ -40,8 +40,8 @@ public:
     VantoProtocol(const VantoProtocol&) = delete;
     VantoProtocol& operator=(const VantoProtocol&) = delete;
 
-    /// The shared adapter for a protocol and major version, empty when there is none. Every minor
-    /// version of a supported major version is served. Safe to call from any thread.
+    /// Returns the shared adapter for a protocol and major version, or null if it is not supported.
+    /// Any minor version is accepted. Thread-safe.
     static std::shared_ptr<VantoProtocol>
     getProtocolInstance(PROTOCOL_TYPE type, unsigned char major, unsigned char minor);
 
@@ -49,11 +49,11 @@ public:
     virtual const char* protocolName() const = 0;
     virtual int protocolVersion() const = 0;
 
-    /// Opens the named port (UTF-8). Unlike the operations below it returns a truth value.
+    /// Opens the named port (UTF-8). Unlike the operations below, returns true on success.
     virtual bool connect(const char* portName, std::uint32_t baudRate) = 0;
     virtual void disconnect() = 0;
 
-    /// The device's own error byte ("sub error") of the most recent exchange with the node.
+    /// The device's own error byte ("sub error") for the most recent exchange with the node.
     virtual std::uint8_t getNodeError(std::uint8_t node) = 0;
 
     virtual std::uint8_t getProtocolVersion(std::uint8_t node, std::uint8_t* major,
@@ -85,7 +85,7 @@ public:
                                       std::uint16_t* current) = 0;
     virtual std::uint8_t getFingerAngle(std::uint8_t node, std::uint8_t finger,
                                         std::int16_t* target, std::int16_t* current) = 0;
-    /// `index` is the number of the preset position that the thumb root stands at.
+    /// `index` is the number of the preset that the thumb root is at.
     virtual std::uint8_t getThumbRootPos(std::uint8_t node, std::uint16_t* position,
                                          std::uint8_t* index) = 0;
     virtual std::uint8_t getFingerPosAbsAll(std::uint8_t node, std::uint16_t* targets,
@@ -143,7 +143,7 @@ public:
     virtual std::uint8_t startInit(std::uint8_t node) = 0;
 
 private:
-    static std::mutex _mutex; ///< guards the first filling of the factory's slots
+    static std::mutex _mutex; ///< guards the creation of adapters
 };
 
 } // namespace vanto

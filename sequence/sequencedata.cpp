@@ -49,7 +49,7 @@ QList<int> toNumbers(const QJsonValue& value, const Range& range)
     return numbers;
 }
 
-bool refuse(const char* message, const QByteArray& input)
+bool rejectDocument(const char* message, const QByteArray& input)
 {
     qDebug().noquote().nospace() << message << input;
     return false;
@@ -73,18 +73,18 @@ bool SequenceData::fromJSON(const QByteArray& bytes)
     QJsonParseError error;
     const QJsonObject document = QJsonDocument::fromJson(bytes, &error).object();
     if (error.error != QJsonParseError::NoError)
-        return refuse("Invalid json: parse fail: ", bytes);
+        return rejectDocument("Invalid json: parse fail: ", bytes);
     if (!document.contains(VersionKey))
-        return refuse("Invalid json: invalid version: ", bytes);
+        return rejectDocument("Invalid json: invalid version: ", bytes);
     if (document.value(VersionKey).toInt() != FormatVersion)
-        return refuse("Invalid json: unsupported version: ", bytes);
+        return rejectDocument("Invalid json: unsupported version: ", bytes);
     if (!document.contains(PositionTypeKey))
-        return refuse("Invalid json: invalid position_type: ", bytes);
+        return rejectDocument("Invalid json: invalid position_type: ", bytes);
     const QString type = document.value(PositionTypeKey).toString();
     if (type != POS_TYPE_POSITION && type != POS_TYPE_ANGLE)
-        return refuse("Invalid json: unsupported position_type: ", bytes);
+        return rejectDocument("Invalid json: unsupported position_type: ", bytes);
     if (!document.contains(SequencesKey))
-        return refuse("Invalid json: invalid sequences: ", bytes);
+        return rejectDocument("Invalid json: invalid sequences: ", bytes);
 
     const Range& targets = type == POS_TYPE_POSITION ? Positions : Angles;
     const QJsonArray array = document.value(SequencesKey).toArray();

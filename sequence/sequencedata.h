@@ -6,13 +6,13 @@
 namespace vanto
 {
 
-/// One step of a motion sequence. Lists are indexed by finger; a list that is too short leaves out
-/// the fingers at its end, entries beyond the sixth are kept but have no meaning.
+/// One step of a motion sequence. Lists are indexed by finger. A short list omits the last fingers;
+/// entries beyond the sixth are kept but ignored.
 struct SequenceDataItem {
-    /// Logical positions 0..65535 or angles -32768..32767, by the type of the sequence.
+    /// Logical positions 0..65535 or angles -32768..32767, depending on the type of the sequence.
     QList<int> position;
     QList<int> speed; ///< 1..255
-    int delay = 0;    ///< least duration in ms, 0..65535
+    int delay = 0;    ///< minimum duration in ms, 0..65535
 
     bool operator==(const SequenceDataItem&) const = default;
 };
@@ -31,7 +31,7 @@ struct SequenceDataItem {
 ///         "version": 1
 ///     }
 ///
-/// Numbers out of range are brought into it; what is not a whole number of 32 bits counts as 0.
+/// Numbers out of range are clamped; a value that is not a 32-bit integer counts as 0.
 class SequenceData
 {
 public:
@@ -41,8 +41,7 @@ public:
 
     /// UTF-8, indented.
     QByteArray toJSON() const;
-    /// False when the bytes are no sequence; the reason is on the debug log and all stays as it
-    /// was.
+    /// Returns false, logs the reason and changes nothing if the bytes are not a valid sequence.
     bool fromJSON(const QByteArray& bytes);
 
     bool operator==(const SequenceData&) const = default;

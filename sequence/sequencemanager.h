@@ -9,8 +9,7 @@ class QFile;
 namespace vanto
 {
 
-/// Owns the sequence that is being edited. Indices are those of steps that exist; a wrong one is a
-/// mistake of the caller and not looked for.
+/// Owns the sequence being edited. Indices must be those of existing steps; they are not checked.
 class SequenceManager : public QObject
 {
     Q_OBJECT
@@ -21,7 +20,7 @@ public:
     /// One of the two types of SequenceData. Stored values are not converted.
     void setPositionType(const QString& type) { m_data.position_type = type; }
 
-    /// No steps, by position.
+    /// Removes all steps and resets the type to positions.
     void clearSequenceData();
     /// `index` may be the number of steps, which appends.
     void insertSequenceDataItem(int index, SequenceDataItem item);
@@ -29,10 +28,10 @@ public:
     void swapSequenceDataItem(int index1, int index2);
     void removeSequenceDataItem(int index);
 
-    /// False when there is no such file, or it does not open or holds no sequence; then the
-    /// sequence stays as it was.
+    /// Returns false, leaving the sequence unchanged, if the file does not exist, does not open or
+    /// is not a valid sequence.
     bool loadSequenceData(QFile& file);
-    /// False when the file does not open. Whether all was written is not looked at.
+    /// Returns false if the file does not open. Write errors are not checked.
     bool saveSequenceData(QFile& file) const;
 
 private:

@@ -17,7 +17,7 @@ namespace
 {
 constexpr int PollIntervalMs = 10;
 constexpr int CurrentLimitMa = 79;  ///< a finger that draws more is stopped
-constexpr int StretchedFingers = 5; ///< by the preparation pose: all but the thumb root
+constexpr int StretchedFingers = 5; ///< in the preparation pose: all but the thumb root
 constexpr int StretchedPosition = 0;
 constexpr int FullSpeed = 255;
 
@@ -99,7 +99,7 @@ void SequencePlayer::updatePlay()
         _stop(tr("No VANTO"));
         return;
     }
-    const QDeadlineTimer nextBeat(PollIntervalMs, Qt::PreciseTimer);
+    const QDeadlineTimer nextTick(PollIntervalMs, Qt::PreciseTimer);
     {
         HandCall call = beginCall();
         const QScopedValueRollback sending(m_sending, true);
@@ -109,22 +109,22 @@ void SequencePlayer::updatePlay()
         emit sig_ended();
         return;
     }
-    // The beats that fell into a long poll are lost. Posted after the end of the conversation, so
-    // that whoever waited for it comes first.
-    if (nextBeat.hasExpired())
+    // Ticks during a long poll are lost. Posted after the end of the conversation, so that jobs
+    // waiting for it run first.
+    if (nextTick.hasExpired())
         QMetaObject::invokeMethod(this, &SequencePlayer::updatePlay, Qt::QueuedConnection);
 }
 
-/// What a play() or a poll works with from its beginning to its end.
+/// The conversation of one play() or one poll.
 HandCall SequencePlayer::beginCall()
 {
-    return HandCall({m_protocol, static_cast<quint8>(m_node), m_run.token()}, *this);
+    return HandCall({m_protocol, static_cast<std::uint8_t>(m_node), m_run.token()}, *this);
 }
 
 void SequencePlayer::poll(HandCall& call)
 {
     const qint64 now = nowMs();
-    if (!currentsAreSafe(call) || !haveArrived(call))
+    if (!areCurrentsSafe(call) || !haveFingersArrived(call))
         return;
     if (m_preparing) {
         setupVanto(m_playingIndex, false, call);
@@ -156,19 +156,19 @@ bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
     if (!prepare)
         emit sig_updatePlaying(isPlaying(), sequenceIndex, m_stepStart - previousStart, {});
 
-    // A failure stops the player, but the other fingers are sent for all that.
-    bool good = true;
+    // A failure stops the player, but the other fingers are still sent.
+    bool allSent = true;
     const auto count = std::min({step.position.size(), step.speed.size(), qsizetype{FingerCount}});
-    for (quint8 finger = 0; finger < count && call.isCurrent(); ++finger)
-        good &= moved.move(call, finger, step.position[finger],
-                           static_cast<quint8>(step.speed[finger]));
-    return good && call.isCurrent();
+    for (std::uint8_t finger = 0; finger < count && call.isCurrent(); ++finger)
+        allSent &= moved.move(call, finger, step.position[finger],
+                              static_cast<std::uint8_t>(step.speed[finger]));
+    return allSent && call.isCurrent();
 }
 
-bool SequencePlayer::currentsAreSafe(HandCall& call)
+bool SequencePlayer::areCurrentsSafe(HandCall& call)
 {
-    for (quint8 finger = 0; finger < FingerCount; ++finger) {
-        quint16 current = 0;
+    for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
+        std::uint16_t current = 0;
         if (!call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
             return false;
         if (current > CurrentLimitMa) {
@@ -181,13 +181,14 @@ bool SequencePlayer::currentsAreSafe(HandCall& call)
     return true;
 }
 
-bool SequencePlayer::haveArrived(HandCall& call)
+bool SequencePlayer::haveFingersArrived(HandCall& call)
 {
     const auto pose = unit().readPose(call);
-    return pose && std::ranges::equal(pose->targets, pose->currents,
-                                      [window = unit().arrivalWindow()](int target, int current) {
-                                          return std::abs(target - current) <= window;
-                                      });
+    return pose &&
+           std::ranges::equal(pose->targets, pose->currents,
+                              [tolerance = unit().arrivalTolerance()](int target, int current) {
+                                  return std::abs(target - current) <= tolerance;
+                              });
 }
 
 bool SequencePlayer::reportTimeout(const HandTarget&)
@@ -197,7 +198,7 @@ bool SequencePlayer::reportTimeout(const HandTarget&)
 }
 
 void SequencePlayer::reportFailure(const HandTarget& target, std::string_view operation,
-                                   quint8 result, quint8 subError)
+                                   std::uint8_t result, std::uint8_t subError)
 {
     const auto name = QString::fromLatin1(operation.data(), qsizetype(operation.size()));
     _stop(_getErrorMsg(name, target.node, result, subError));
@@ -209,8 +210,8 @@ void SequencePlayer::_stop(const QString& errMsg)
     emit sig_updatePlaying(false, m_playingIndex, nowMs() - m_stepStart, errMsg);
 }
 
-QString SequencePlayer::_getErrorMsg(const QString& functionName, quint8 node, quint8 result,
-                                     quint8 subError)
+QString SequencePlayer::_getErrorMsg(const QString& functionName, std::uint8_t node,
+                                     std::uint8_t result, std::uint8_t subError)
 {
     return tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
         .arg(functionName, hex(node), hex(result), hex(subError));

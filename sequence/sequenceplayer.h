@@ -14,73 +14,72 @@ namespace vanto
 class MotionUnit;
 
 /// Plays a sequence on one hand: sends a step, polls until all fingers have arrived and the step's
-/// delay has run out, goes on to the next. Stops at the end, at a failure of the hand, and when a
-/// finger draws too much current.
+/// delay has elapsed, then sends the next step. Stops at the end, on a failure of the hand, and
+/// when a finger draws too much current.
 ///
-/// Every call of the hand processes events while it waits, so stop() can come in the middle of
-/// play(), a poll or a step that is being sent, and stop() and play() from a signal between two of
-/// its calls. Each run is a generation of its own: a call for an earlier one sends and reports
-/// nothing.
+/// Every call of the hand processes events while it waits, so stop() can be called during play(), a
+/// poll or the sending of a step, and slots can call stop() and play() between two calls of the
+/// hand. Each run has its own generation: a call for an earlier run sends and reports nothing.
 class SequencePlayer : public QObject, private CallReport
 {
     Q_OBJECT
 public:
     explicit SequencePlayer(QObject* parent = nullptr);
 
-    /// Does not stop a run: a poll that is under way ends on the hand that it began with, the next
-    /// one asks the new hand.
+    /// Does not stop a run: the current poll ends on the hand that it started with, the next one
+    /// uses the new hand.
     void setVantoProtocol(std::shared_ptr<VantoProtocol> protocol, int node);
 
-    /// Plays the steps from `startIndex` to before `endIndex`, or to the last one if that is
-    /// negative. With `playForEdit` the fingers but the thumb root are stretched first. If both
-    /// indices are the same the step is sent, and only when playing for edit waited for.
-    /// False when it is playing already or an exchange is under way, there is no hand or no such
-    /// step, when the first step could not be sent whole or stop() came meanwhile; then it does not
-    /// play.
+    /// Plays the steps from `startIndex` up to, but not including, `endIndex`; up to the last one
+    /// if that is negative. With `playForEdit` all fingers but the thumb root are stretched first.
+    /// If both indices are equal, one step is sent, and awaited only with `playForEdit`.
+    /// Returns false, and does not play, if a run or an exchange is in progress, if there is no
+    /// hand or no such step, if the first step could not be sent completely, or if stop() was
+    /// called meanwhile.
     bool play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit);
-    /// From here on nothing more is sent, whatever is under way. Told by the signal if it played.
+    /// Sends nothing more, whatever is in progress. Emits sig_updatePlaying() if a run was playing.
     void stop();
 
     bool isPlaying() const { return m_timer.isActive(); }
-    /// Whether a step is being sent or a poll is under way; after a failure, too, when the other
+    /// Whether a step is being sent or a poll is in progress; also after a failure, while the other
     /// fingers are still sent.
     bool isSending() const { return m_sending; }
     int getPlayingSequenceIndex() const { return m_playingIndex; }
-    /// Of the last play().
+    /// The argument of the last play().
     bool isPlayForEdit() const { return m_playForEdit; }
 
 public slots:
-    /// One poll. Skipped while another conversation is under way. A poll that takes longer than the
-    /// timer's interval is followed by the next one at once.
+    /// Polls once. Skipped while another conversation is in progress. A poll that takes longer than
+    /// the interval of the timer is followed by the next one at once.
     void updatePlay();
 
 signals:
-    /// A poll in which the play has stopped is over; nothing is being sent any more.
+    /// The poll in which the run stopped has ended; nothing is being sent any more.
     void sig_ended();
-    /// `periodInMS` is the time since the previous step was sent, or at a stop since the present
-    /// one was. `errMsg` is why it stopped, empty at the end and when somebody stopped it.
+    /// `periodInMS` is the time since the previous step was sent or, on a stop, since the current
+    /// one was. `errMsg` is the reason of a stop, empty at the end and after stop().
     void sig_updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
 private:
     HandCall beginCall();
     void poll(HandCall& call);
     const MotionUnit& unit() const;
-    /// Sends a step, or the pose before it. False when not all of it was sent.
+    /// Sends a step, or the preparation pose. Returns false if not all of it was sent.
     bool setupVanto(int sequenceIndex, bool prepare, HandCall& call);
-    bool currentsAreSafe(HandCall& call);
-    bool haveArrived(HandCall& call);
+    bool areCurrentsSafe(HandCall& call);
+    bool haveFingersArrived(HandCall& call);
     bool reportTimeout(const HandTarget& target) override;
-    void reportFailure(const HandTarget& target, std::string_view operation, quint8 result,
-                       quint8 subError) override;
+    void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,
+                       std::uint8_t subError) override;
     void _stop(const QString& errMsg);
-    static QString _getErrorMsg(const QString& functionName, quint8 node, quint8 result,
-                                quint8 subError);
+    static QString _getErrorMsg(const QString& functionName, std::uint8_t node, std::uint8_t result,
+                                std::uint8_t subError);
 
     std::shared_ptr<VantoProtocol> m_protocol;
     int m_node = 0;
-    SequenceData m_data; ///< a copy, so that edits do not reach what is played
+    SequenceData m_data; ///< a copy, so that edits do not affect the run
     QTimer m_timer;
-    bool m_sending = false; ///< one of its own exchanges may be under way
+    bool m_sending = false; ///< one of its own exchanges may be in progress
     Generation m_run;       ///< advanced by every play() and stop()
     int m_playingIndex = 0;
     int m_endIndex = 0;

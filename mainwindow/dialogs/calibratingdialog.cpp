@@ -11,8 +11,8 @@
 namespace vanto
 {
 
-CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value,
-                                     quint16 singleStep, std::function<void(int)> moved)
+CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, std::uint16_t value,
+                                     std::uint16_t singleStep, std::function<void(int)> moved)
     : QDialog(parent), ui(std::make_unique<Ui::CalibratingDialog>()), m_moved(std::move(moved))
 {
     ui->setupUi(this);
@@ -20,11 +20,12 @@ CalibratingDialog::CalibratingDialog(QWidget* parent, const QString& prompt, qui
     ui->label_Prompt->setText(prompt);
     ui->spinBox_ThumbRootPos->setSingleStep(singleStep);
     ui->spinBox_ThumbRootPos->setFocus();
-    // A click on it must not take the focus: the box would then take over what is typed, and move.
+    // A click on Cancel must not take the focus: the spin box would apply the typed value, and
+    // move.
     ui->buttonBox->button(QDialogButtonBox::Cancel)->setFocusPolicy(Qt::NoFocus);
-    // With a click on OK it moves when the dialog closes, so that a failure can bring that back.
+    // With a click on OK it moves when the dialog closes, so that a failure can reopen the dialog.
     ui->buttonBox->button(QDialogButtonBox::Ok)->setFocusPolicy(Qt::TabFocus);
-    const QSignalBlocker notMoved(ui->spinBox_ThumbRootPos);
+    const QSignalBlocker blocker(ui->spinBox_ThumbRootPos);
     ui->spinBox_ThumbRootPos->setValue(value);
 }
 
@@ -32,11 +33,11 @@ CalibratingDialog::~CalibratingDialog() = default;
 
 void CalibratingDialog::done(int result)
 {
-    // A click on OK that a move has held up must not turn the reject after it into an accept.
+    // A click on OK that a move has delayed must not turn the reject after it into an accept.
     if (!isOpen())
         return;
-    const QScopedValueRollback ending(m_ending, true);
-    // What is typed is taken over when the box loses the focus, as it does now.
+    const QScopedValueRollback closing(m_closing, true);
+    // The spin box loses the focus now and would apply the typed value.
     if (result == QDialog::Rejected)
         ui->spinBox_ThumbRootPos->blockSignals(true);
     QDialog::done(result);
@@ -44,8 +45,7 @@ void CalibratingDialog::done(int result)
 
 void CalibratingDialog::keyPressEvent(QKeyEvent* event)
 {
-    // Return after a typed number moves the thumb root there. To confirm the stage as well, it
-    // would be too early.
+    // Return after a typed number moves the thumb root. It must not confirm the stage as well.
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isReturn || focusWidget() != ui->spinBox_ThumbRootPos)
         QDialog::keyPressEvent(event);

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -13,18 +14,18 @@ namespace Ui
 class CalibratingDialog;
 }
 
-/// Shows a prompt and lets the thumb root be moved by a spin box as long as it is open.
+/// Shows a prompt and a spin box that moves the thumb root.
 class CalibratingDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /// `moved` is called with each new value; not with the initial one, and not after a reject.
-    CalibratingDialog(QWidget* parent, const QString& prompt, quint16 value, quint16 singleStep,
-                      std::function<void(int)> moved);
+    /// `moved` is called with each new value, but not with the initial one and not after a reject.
+    CalibratingDialog(QWidget* parent, const QString& prompt, std::uint16_t value,
+                      std::uint16_t singleStep, std::function<void(int)> moved);
     ~CalibratingDialog() override;
 
-    /// Shown and neither accepted nor rejected yet.
-    bool isOpen() const { return isVisible() && !m_ending; }
+    /// Whether it is shown and neither accepted nor rejected yet.
+    bool isOpen() const { return isVisible() && !m_closing; }
     void done(int result) override;
 
 protected:
@@ -36,7 +37,7 @@ private slots:
 private:
     std::unique_ptr<Ui::CalibratingDialog> ui;
     std::function<void(int)> m_moved;
-    bool m_ending = false; ///< the box gives its value away on the way, with the dialog half hidden
+    bool m_closing = false; ///< while closing, the spin box may still apply its value
 };
 
 } // namespace vanto

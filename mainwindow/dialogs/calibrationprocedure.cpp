@@ -21,15 +21,15 @@ namespace vanto
 
 namespace
 {
-/// Result or sub error of a hand that is in the calibrating state already.
+/// Result or sub error of a hand that is already calibrating.
 constexpr std::uint8_t AlreadyCalibrating = 0x22;
 constexpr int KeyBase = 16;
-constexpr quint16 ThumbRootStep = 32; ///< absolute units
+constexpr std::uint16_t ThumbRootStep = 32; ///< absolute units
 constexpr std::uint8_t ThumbRootSpeed = 255;
-constexpr int EventSliceMs = 10; ///< longest sleep between two looks at the clock
+constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clock
 
-/// Moves the thumb root to where it is wanted, one move at a time. What is wanted during a move
-/// follows it; of several wishes the last counts.
+/// Moves the thumb root, one move at a time. A position requested during a move follows it; of
+/// several only the last one counts.
 class ThumbRootMover
 {
 public:
@@ -40,37 +40,37 @@ public:
 
     void moveTo(int position)
     {
-        m_wanted = static_cast<std::uint16_t>(position);
+        m_requested = static_cast<std::uint16_t>(position);
         if (m_moving)
             return;
         const QScopedValueRollback moving(m_moving, true);
-        HandCall call(m_target, m_reporter->namingTimeouts());
-        while (m_wanted && call.isCurrent()) {
-            const auto next = std::exchange(m_wanted, std::nullopt);
+        HandCall call(m_target, m_reporter->timeoutReport());
+        while (m_requested && call.isCurrent()) {
+            const auto next = std::exchange(m_requested, std::nullopt);
             const std::uint8_t result = call.attempt<&VantoProtocol::setFingerPosAbs>(
                 std::uint8_t{ThumbRoot}, *next, ThumbRootSpeed);
-            if (m_dropped)
-                return; // cut short, which is no failure of the hand
+            if (m_cancelled)
+                return; // cancelled, which is not a failure of the hand
             m_failed = !call.accept<&VantoProtocol::setFingerPosAbs>(result);
         }
     }
 
-    /// Nothing more is sent, not even the rest of the move that is under way.
-    void drop()
+    /// Sends nothing more, not even the rest of the current move.
+    void cancel()
     {
-        m_dropped = true;
-        m_wanted.reset();
+        m_cancelled = true;
+        m_requested.reset();
         Exchange::abandon();
     }
-    /// Of the last move.
+    /// Whether the last move has failed.
     bool failed() const { return m_failed; }
 
 private:
     const HandTarget& m_target;
     StatusReporter* m_reporter;
-    std::optional<std::uint16_t> m_wanted;
+    std::optional<std::uint16_t> m_requested;
     bool m_moving = false;
-    bool m_dropped = false;
+    bool m_cancelled = false;
     bool m_failed = false;
 };
 } // namespace
@@ -83,7 +83,7 @@ CalibrationProcedure::CalibrationProcedure(QWidget* window, DeviceSession* sessi
 
 void CalibrationProcedure::run(const HandTarget& target)
 {
-    m_session->dropRequests(); // minutes later they would come as a surprise
+    m_session->dropRequests(); // minutes later the user would not expect them
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
     std::uint16_t key = 0;
     const std::initializer_list<std::function<bool()>> steps{
@@ -91,7 +91,7 @@ void CalibrationProcedure::run(const HandTarget& target)
             return confirm(tr("Prepare calibration base and take Vanto up then power on,\n"
                               "presss OK when Vanto is ready."));
         },
-        [&] { return askKey(target, key); },
+        [&] { return requestKey(target, key); },
         [&] {
             return confirm(tr("Vanto will reboot if not in calibrating state & calibration key is "
                               "correct,\npress OK when ready"));
@@ -102,16 +102,16 @@ void CalibrationProcedure::run(const HandTarget& target)
                               "press OK when beep finished"));
         },
         [&] {
-            return placeThumbRoot(target,
-                                  tr("Put Vanto onto calibration base & push it tightly, move "
-                                     "thumb root to right pos, press OK when ready"));
+            return positionThumbRoot(target,
+                                     tr("Put Vanto onto calibration base & push it tightly, move "
+                                        "thumb root to right pos, press OK when ready"));
         },
         [&] { return pressButtonAndWait(target, 1); },
         [&] { return confirm(tr("Take Vanto up,\npress OK when ready")); },
         [&] { return pressButtonAndWait(target, 2); },
         [&] {
-            return placeThumbRoot(target,
-                                  tr("Move thumb root to right position,\npress OK when ready"));
+            return positionThumbRoot(target,
+                                     tr("Move thumb root to right position,\npress OK when ready"));
         },
         [&] { return pressButton(target, 3); },
     };
@@ -133,7 +133,7 @@ bool CalibrationProcedure::confirm(const QString& prompt)
                                     QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
-bool CalibrationProcedure::askKey(const HandTarget& target, std::uint16_t& key)
+bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& key)
 {
     bool accepted = false;
     const QString text =
@@ -150,7 +150,7 @@ bool CalibrationProcedure::askKey(const HandTarget& target, std::uint16_t& key)
 
 bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint16_t key)
 {
-    HandCall call(target, m_reporter->namingTimeouts());
+    HandCall call(target, m_reporter->timeoutReport());
     const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
     if (result == AlreadyCalibrating)
         return true;
@@ -162,29 +162,29 @@ bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint1
     if (subError == AlreadyCalibrating)
         return true;
     if (call.isCurrent())
-        m_reporter->namingTimeouts().reportFailure(
+        m_reporter->timeoutReport().reportFailure(
             target, operationName<&VantoProtocol::calibrate>(), result, subError);
     return false;
 }
 
-bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QString& prompt)
+bool CalibrationProcedure::positionThumbRoot(const HandTarget& target, const QString& prompt)
 {
-    std::uint16_t wanted = 0;
+    std::uint16_t unusedTarget = 0;
     std::uint16_t current = 0;
     {
-        HandCall call(target, m_reporter->namingTimeouts());
-        if (!call.perform<&VantoProtocol::getFingerPosAbs>(std::uint8_t{ThumbRoot}, &wanted,
+        HandCall call(target, m_reporter->timeoutReport());
+        if (!call.perform<&VantoProtocol::getFingerPosAbs>(std::uint8_t{ThumbRoot}, &unusedTarget,
                                                            &current))
             return false;
     }
     ThumbRootMover mover(target, m_reporter);
-    // The moves are made inside the dialog's event loop, so it ends after the last of them.
+    // Moves run in the dialog's event loop, so it ends after the last of them.
     bool failedAfterOk = false;
     CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
         mover.moveTo(position);
         failedAfterOk = mover.failed() && !dialog.isOpen();
     });
-    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.drop(); });
+    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.cancel(); });
     int answer = QDialog::Rejected;
     do {
         failedAfterOk = false;
@@ -195,13 +195,13 @@ bool CalibrationProcedure::placeThumbRoot(const HandTarget& target, const QStrin
 
 bool CalibrationProcedure::pressButton(const HandTarget& target, std::uint8_t count)
 {
-    HandCall call(target, m_reporter->namingTimeouts());
+    HandCall call(target, m_reporter->timeoutReport());
     return call.perform<&VantoProtocol::setButtonPressedCnt>(count);
 }
 
 bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uint8_t count)
 {
-    const LineHold line; // nothing disturbs the hand at its work
+    const LineHold line; // keeps other requests from the busy hand
     if (!pressButton(target, count))
         return false;
     const QDeadlineTimer deadline(stageMs);

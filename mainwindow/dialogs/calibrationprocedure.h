@@ -12,12 +12,12 @@ namespace vanto
 class DeviceBar;
 class StatusReporter;
 
-/// Walks the person through the calibration of the hand. The hand measures and stores by itself;
-/// what it is told is the key that lets it begin, where the thumb root shall stand, and, by the
-/// count of its button, that a stage is prepared.
+/// Guides the user through the calibration of the hand. The hand measures and stores by itself; it
+/// receives the key that starts the calibration, the position of the thumb root and, as its button
+/// count, the number of the prepared stage.
 ///
-/// Whatever ends the walk leaves the hand at the stage that it has reached; the next walk starts
-/// from the beginning.
+/// If the procedure ends early, the hand stays at the stage that it has reached; the next run
+/// starts from the beginning.
 class CalibrationProcedure
 {
     Q_DECLARE_TR_FUNCTIONS(CalibrationProcedure)
@@ -27,15 +27,15 @@ public:
 
     void run(const HandTarget& target);
 
-    /// What the hand needs for a stage, in milliseconds. Tests need less.
+    /// Time that the hand needs for a stage, in milliseconds. Tests need less.
     static inline int stageMs = 2000;
 
 private:
-    // The steps; each is true when the next may follow.
+    // Each step returns true if the next one may follow.
     bool confirm(const QString& prompt);
-    bool askKey(const HandTarget& target, std::uint16_t& key);
+    bool requestKey(const HandTarget& target, std::uint16_t& key);
     bool startCalibrating(const HandTarget& target, std::uint16_t key);
-    bool placeThumbRoot(const HandTarget& target, const QString& prompt);
+    bool positionThumbRoot(const HandTarget& target, const QString& prompt);
     bool pressButton(const HandTarget& target, std::uint8_t count);
     bool pressButtonAndWait(const HandTarget& target, std::uint8_t count);
 

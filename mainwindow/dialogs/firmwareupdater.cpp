@@ -22,12 +22,12 @@ namespace
 constexpr QLatin1String LocalSource("local");
 constexpr QLatin1String RemoteSource("remote");
 constexpr qint64 MaxHeaderLength = 1024; ///< bytes
-constexpr int EventsEveryMs = 10;        ///< while a file is read
+constexpr int EventIntervalMs = 10;      ///< while a file is read
 
-void showBox(QWidget* parent, QMessageBox::Icon icon, const QString& text)
+void showMessageBox(QWidget* parent, QMessageBox::Icon icon, const QString& text)
 {
     QMessageBox box(icon, Program::title(), text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText); // names of files are shown, whatever they look like
+    box.setTextFormat(Qt::PlainText); // file names may look like markup
     box.exec();
 }
 } // namespace
@@ -46,7 +46,7 @@ FirmwareUpdater::FirmwareUpdater(QWidget* window, DeviceSession* session, Status
 {
 }
 
-void FirmwareUpdater::updateClicked()
+void FirmwareUpdater::requestUpdate()
 {
     if (m_running)
         return;
@@ -58,7 +58,7 @@ void FirmwareUpdater::update()
 {
     const QScopedValueRollback running(m_running, true);
     if (!m_deviceBar->hasPort()) {
-        tellFailure(tr("Serial port not available"));
+        showFailure(tr("Serial port not available"));
         return;
     }
     m_token = m_session->token();
@@ -71,15 +71,16 @@ void FirmwareUpdater::update()
     m_token = m_session->token();
     const QString failure = headerFailure(path);
     if (!failure.isEmpty()) {
-        tellFailure(failure);
-        if (wasOpen && wanted())
+        showFailure(failure);
+        if (wasOpen && isCurrent())
             m_deviceBar->openCurrentDevice();
         return;
     }
-    tell(tr("Power off the device and remove app other devices from bus, press OK when ready.\n"
-            "Power on the device when prompted."));
-    if (wanted())
-        writeAndTell(path);
+    showInformation(
+        tr("Power off the device and remove app other devices from bus, press OK when ready.\n"
+           "Power on the device when prompted."));
+    if (isCurrent())
+        writeAndReport(path);
 }
 
 QString FirmwareUpdater::chooseFile()
@@ -90,7 +91,7 @@ QString FirmwareUpdater::chooseFile()
     if (source == LocalSource) {
         const QString path = QFileDialog::getOpenFileName(m_window, tr("Open update file"), {},
                                                           tr("Upgrade firmware file (*.upd)"));
-        return wanted() ? path : QString();
+        return isCurrent() ? path : QString();
     }
     const QString hardware = chooseHardware();
     return hardware.isEmpty() ? QString() : download(hardware);
@@ -103,16 +104,16 @@ QString FirmwareUpdater::chooseHardware()
         return read;
     const auto answer =
         QMessageBox::question(m_window, Program::title(), tr("Hardware & type not read, proceed?"));
-    if (answer != QMessageBox::Yes || !wanted())
+    if (answer != QMessageBox::Yes || !isCurrent())
         return {};
     return choose(tr("Please select hardware type/version:"), m_knownHardware);
 }
 
-/// Shows that the program works but still listens, and keeps a second update from starting.
+/// Runs `work` with a busy cursor, and prevents a second update meanwhile.
 template<class Work>
 auto FirmwareUpdater::waitFor(Work work) const
 {
-    const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::TopRow, m_disabled);
+    const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::TopRow, m_disabledActions);
     QApplication::setOverrideCursor(Qt::BusyCursor);
     const auto restore = qScopeGuard(&QApplication::restoreOverrideCursor);
     return work();
@@ -123,20 +124,20 @@ QString FirmwareUpdater::download(const QString& hardware)
     FirmwareDownload server(hardware);
     QObject::connect(m_session, &DeviceSession::sig_stop, &server, &FirmwareDownload::abandon);
     const auto offer = waitFor([&] { return server.latestReleases(); });
-    if (!wanted())
+    if (!isCurrent())
         return {};
     if (!offer.failure.isEmpty()) {
-        tellFailure(offer.failure);
+        showFailure(offer.failure);
         return {};
     }
     const QString type = choose(tr("Please select firmware type:"), offer.releases.keys());
     if (type.isEmpty())
         return {};
     const auto saved = waitFor([&] { return server.save(offer.releases.value(type)); });
-    if (!wanted())
+    if (!isCurrent())
         return {};
     if (!saved.failure.isEmpty())
-        tellFailure(saved.failure);
+        showFailure(saved.failure);
     return saved.path;
 }
 
@@ -145,7 +146,7 @@ QString FirmwareUpdater::choose(const QString& prompt, const QStringList& items)
     bool accepted = false;
     const QString item = QInputDialog::getItem(m_window, Program::title(), prompt, items, 0,
                                                /*editable=*/false, &accepted);
-    return accepted && wanted() ? item : QString();
+    return accepted && isCurrent() ? item : QString();
 }
 
 QString FirmwareUpdater::headerFailure(const QString& path)
@@ -157,16 +158,16 @@ QString FirmwareUpdater::headerFailure(const QString& path)
                                                              : tr("Invalid update file");
 }
 
-void FirmwareUpdater::writeAndTell(const QString& path)
+void FirmwareUpdater::writeAndReport(const QString& path)
 {
     const QString failure = write(path);
     if (failure.isEmpty()) {
-        tell(tr("Firmware updated successfully"));
+        showInformation(tr("Firmware updated successfully"));
     } else {
-        tellFailure(failure);
+        showFailure(failure);
         m_session->closeIfConnected();
     }
-    m_deviceBar->forgetDevices();
+    m_deviceBar->resetDevices();
 }
 
 QString FirmwareUpdater::write(const QString& path)
@@ -177,7 +178,7 @@ QString FirmwareUpdater::write(const QString& path)
     if (!m_dialog)
         m_dialog = new UpdateDialog(m_window);
     m_dialog->begin();
-    m_sinceEvents.start();
+    m_eventTimer.start();
     const QString failure = updateFirmware(
         m_deviceBar->portName(), static_cast<QSerialPort::BaudRate>(BaudRate), path,
         [this](const QString& text) { showLog(text); }, m_progress);
@@ -187,15 +188,15 @@ QString FirmwareUpdater::write(const QString& path)
 
 void FirmwareUpdater::showLog(const QString& text)
 {
-    // Called a million times for a large file, mostly with the very text of the last time.
+    // Called a million times for a large file, mostly with the same text object.
     if (!text.isSharedWith(m_logText)) {
         m_logText = text;
         m_reporter->showMessage(text);
     }
-    if (!m_sinceEvents.hasExpired(EventsEveryMs))
+    if (!m_eventTimer.hasExpired(EventIntervalMs))
         return;
     QCoreApplication::processEvents();
-    m_sinceEvents.start();
+    m_eventTimer.start();
 }
 
 void FirmwareUpdater::showProgress(int percent)
@@ -211,14 +212,14 @@ bool FirmwareUpdater::canClose()
     return !m_transferring;
 }
 
-void FirmwareUpdater::tell(const QString& text)
+void FirmwareUpdater::showInformation(const QString& text)
 {
-    showBox(m_window, QMessageBox::Information, text);
+    showMessageBox(m_window, QMessageBox::Information, text);
 }
 
-void FirmwareUpdater::tellFailure(const QString& text)
+void FirmwareUpdater::showFailure(const QString& text)
 {
-    showBox(m_window, QMessageBox::Critical, text);
+    showMessageBox(m_window, QMessageBox::Critical, text);
 }
 
 } // namespace vanto

@@ -19,8 +19,8 @@ class DeviceBar;
 class StatusReporter;
 class UpdateDialog;
 
-/// The firmware update as the person goes through it: where the file comes from, switching the
-/// hand off and on, the transfer, its outcome.
+/// The firmware update as the user sees it: selection of the file, power cycle of the hand,
+/// transfer, result.
 class FirmwareUpdater
 {
     Q_DECLARE_TR_FUNCTIONS(FirmwareUpdater)
@@ -30,18 +30,18 @@ public:
     FirmwareUpdater(QWidget* window, DeviceSession* session, StatusReporter* reporter,
                     DeviceBar* deviceBar, std::function<QString()> hardware,
                     std::function<void(int)> progress);
-    /// These actions are disabled during a download.
-    void disableDuringDownload(const QList<QAction*>& actions) { m_disabled = actions; }
+    /// Sets the actions that are disabled during a download.
+    void disableDuringDownload(const QList<QAction*>& actions) { m_disabledActions = actions; }
 
-    void updateClicked();
+    void requestUpdate();
     void showProgress(int percent);
-    /// Whether the program may end. During a transfer it may not, and the person is told so.
+    /// Whether the program may end. If not, during a transfer, shows a message.
     bool canClose();
 
 private:
     void update();
-    // Each of these is empty when the person has cancelled, when it has failed, which has been
-    // told then, or when another wish has overtaken the update.
+    // Each of these returns an empty string if the user has cancelled, if it has reported a
+    // failure, or if another request has superseded the update.
     QString chooseFile();
     QString chooseHardware();
     QString download(const QString& hardware);
@@ -49,22 +49,22 @@ private:
     auto waitFor(Work work) const;
     QString choose(const QString& prompt, const QStringList& items);
 
-    /// Why the file is none for an update; empty if it is one.
+    /// Why the file is not an update file; empty if it is one.
     static QString headerFailure(const QString& path);
-    void writeAndTell(const QString& path);
+    void writeAndReport(const QString& path);
     QString write(const QString& path);
     void showLog(const QString& text);
 
-    bool wanted() const { return m_token.isCurrent(); }
-    void tell(const QString& text);
-    void tellFailure(const QString& text);
+    bool isCurrent() const { return m_token.isCurrent(); }
+    void showInformation(const QString& text);
+    void showFailure(const QString& text);
 
     QWidget* m_window;
     DeviceSession* m_session;
     StatusReporter* m_reporter;
     DeviceBar* m_deviceBar;
     std::function<QString()> m_hardware;
-    QList<QAction*> m_disabled;
+    QList<QAction*> m_disabledActions;
     std::function<void(int)> m_progress;
     QStringList m_sources;
     QStringList m_knownHardware;
@@ -73,7 +73,7 @@ private:
     bool m_running = false;
     bool m_transferring = false;
     QString m_logText; ///< last text of the log
-    QElapsedTimer m_sinceEvents;
+    QElapsedTimer m_eventTimer;
 };
 
 } // namespace vanto

@@ -45,7 +45,7 @@ void MessageList::show(const MessageLog* log, QWidget* window)
     QObject::connect(copy, &QPushButton::clicked, list,
                      [list] { QApplication::clipboard()->setText(list->toPlainText()); });
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
-    // Appended, so that a selection and the place further up that is being read stay.
+    // Appending keeps the selection and the scroll position.
     QObject::connect(log, &MessageLog::sig_added, list, &QPlainTextEdit::appendPlainText);
     auto* layout = new QVBoxLayout(dialog);
     layout->addWidget(list);

@@ -9,7 +9,7 @@ class MessageLog;
 
 namespace MessageList
 {
-/// Opens the list of the latest messages, or raises it. The window stays usable beside it.
+/// Opens the list of the latest messages, or raises it. The main window stays usable.
 void show(const MessageLog* log, QWidget* window);
 } // namespace MessageList
 

@@ -7,8 +7,8 @@ class QWidget;
 namespace vanto
 {
 
-/// The colour theme: a style sheet among the program's resources, its name kept in setting.ini
-/// in the working directory.
+/// The color theme: a style sheet in the resources. Its name is stored in setting.ini in the
+/// working directory.
 namespace Theme
 {
 /// The names of the themes, the default first.

@@ -23,8 +23,8 @@ UpdateDialog::UpdateDialog(QWidget* window) : QProgressDialog(window)
     setRange(0, DonePercent);
     setAutoClose(false);
     setAutoReset(false);
-    // It is shown and hidden by hand. Else a timer that each first value starts would show it
-    // again, after an update that has failed meanwhile.
+    // Shown and hidden explicitly: otherwise a timer, started by the first value, would show it
+    // again after an update that has failed meanwhile.
     setMinimumDuration(static_cast<int>(Never.count()));
 }
 

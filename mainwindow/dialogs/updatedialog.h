@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// Shows how far a firmware update has come. Only the update itself takes it away again: closing
-/// it or pressing Escape would not stop the transfer.
+/// Shows the progress of a firmware update. The user cannot close it: closing it or pressing Escape
+/// would not stop the transfer.
 class UpdateDialog : public QProgressDialog
 {
     Q_OBJECT

@@ -17,7 +17,7 @@ namespace vanto
 namespace
 {
 constexpr int MinNewId = 2;
-constexpr int MaxNewId = 256; ///< cut to its low byte, so 256 means 0
+constexpr int MaxNewId = 256; ///< truncated to its low byte, so 256 means 0
 constexpr std::uint16_t BeepMs = 500;
 constexpr std::uint8_t ResetMode = 0;
 constexpr unsigned MaxSelfTestLevel = 2;
@@ -33,7 +33,7 @@ BasicPage::BasicPage(QWidget* parent) : DevicePage(parent), ui(std::make_unique<
     m_ends = fingerWidgets<QLineEdit>(this, "lineEdit_BasicCaliEnd");
     m_thumbRoots = {ui->lineEdit_BasicThumbRootPos0, ui->lineEdit_BasicThumbRootPos1,
                     ui->lineEdit_BasicThumbRootPos2};
-    // The index of an item is the value that the device knows it by.
+    // The index of an item is its value on the device.
     ui->comboBox_BasicSelfTestLevel->addItems(
         {tr("Wait for command"), tr("Stretch only"), tr("Full self-test")});
     ui->comboBox_BasicBeepSwitch->addItems({tr("Basic Only"), tr("All")});
@@ -65,7 +65,7 @@ void BasicPage::reloadBasicInfo()
         updateDependentWidgets();
     });
     enableWidgetsForBasicTab(false);
-    focus.noteMove();
+    focus.recordFocusMove();
     clearFields();
     if (!m_deviceBar->hasCurrentDevice())
         return;
@@ -79,7 +79,7 @@ void BasicPage::reloadBasicInfo()
 
 void BasicPage::readAll(const HandTarget& target)
 {
-    HandCall call(target, reporter()->namingTimeouts());
+    HandCall call(target, reporter()->timeoutReport());
     bool protocolRead = false;
     bool hardwareRead = false;
     const std::array<std::function<void()>, 6> reads{
@@ -152,7 +152,7 @@ void BasicPage::readBeepSwitch(HandCall& call)
     std::uint8_t on = 0;
     if (!call.perform<&VantoProtocol::getBeepSwitch>(&on))
         return;
-    if (on > MaxBeepSwitch) // both places of the text name the node
+    if (on > MaxBeepSwitch) // both placeholders are the node
         reporter()->showError(tr("getBeepSwitch(0x%1, ...) got invalid value '%1'")
                                   .arg(StatusReporter::hex(call.target().node)));
     else
@@ -186,7 +186,7 @@ void BasicPage::clearFields()
 void BasicPage::clearBasicInfo()
 {
     clearFields();
-    // So that nothing of another hand stays when the new one's cannot be read.
+    // No value of another hand may remain if those of the new one cannot be read.
     ui->comboBox_BasicSelfTestLevel->setCurrentIndex(NothingSelected);
     ui->comboBox_BasicBeepSwitch->setCurrentIndex(NothingSelected);
 }
@@ -209,7 +209,7 @@ void BasicPage::updateDependentWidgets()
 {
     ui->pushButton_BasicStartInit->setEnabled(
         m_enabled && ui->comboBox_BasicSelfTestLevel->currentIndex() == WaitForCommandLevel);
-    // Also when the device could not be read: it is the way to try again.
+    // Also if the device could not be read, so that the user can try again.
     ui->pushButton_BasicReloadBasic->setEnabled(!m_reloading && m_deviceBar->hasCurrentDevice());
 }
 
@@ -217,7 +217,7 @@ template<auto Operation, class... Arguments>
 void BasicPage::perform(QWidget* button, const QString& success, Arguments... arguments)
 {
     request(button, [=, this](const HandTarget& target) {
-        HandCall call(target, reporter()->namingTimeouts());
+        HandCall call(target, reporter()->timeoutReport());
         if (call.perform<Operation>(arguments...))
             reporter()->showMessage(success);
     });
@@ -238,13 +238,13 @@ void BasicPage::on_pushButton_BasicSetID_clicked()
 
 void BasicPage::changeId(const HandTarget& target, std::uint8_t newNode)
 {
-    HandCall call(target, reporter()->namingTimeouts());
+    HandCall call(target, reporter()->timeoutReport());
     if (!call.perform<&VantoProtocol::setID>(newNode))
         return;
-    session()->stopAtOnce(); // nobody answers at the old id any more
+    session()->stopAtOnce(); // the old id no longer answers
     clearBasicInfo();
     m_deviceBar->clearDevices();
-    enableWidgetsForBasicTab(false); // they act on the current entry, and there is none
+    enableWidgetsForBasicTab(false); // they need a current entry
     const QString text =
         target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
             ? tr("node id changed from '0x%1' to '0x%2', please wait for device rebooting then "
@@ -267,7 +267,8 @@ void BasicPage::on_pushButton_BasicSetSelfTestLevel_clicked()
                                                   tr("Set self-test level succeeded"),
                                                   static_cast<std::uint8_t>(level));
     else
-        refuse(ui->pushButton_BasicSetSelfTestLevel, tr("Invalid self-test level '%1'").arg(level));
+        showRefusal(ui->pushButton_BasicSetSelfTestLevel,
+                    tr("Invalid self-test level '%1'").arg(level));
 }
 
 void BasicPage::on_pushButton_BasicSetBeepSwitch_clicked()
@@ -278,11 +279,11 @@ void BasicPage::on_pushButton_BasicSetBeepSwitch_clicked()
                                                tr("Set beep switch succeeded"),
                                                static_cast<std::uint8_t>(on));
     else
-        refuse(ui->pushButton_BasicSetBeepSwitch, tr("Invalid beep switch level '%d'"));
+        showRefusal(ui->pushButton_BasicSetBeepSwitch, tr("Invalid beep switch level '%d'"));
 }
 
-/// Says in the button's turn why nothing is sent.
-void BasicPage::refuse(QWidget* button, const QString& reason)
+/// Shows why nothing is sent, when the request of the button runs.
+void BasicPage::showRefusal(QWidget* button, const QString& reason)
 {
     request(button, [=, this](const HandTarget&) {
         QMessageBox::information(window(), Program::title(), reason);
@@ -306,7 +307,7 @@ QString BasicPage::hardware() const
 
 void BasicPage::requestRecalibration(RequestQueue::Request action)
 {
-    // The other pages have timers that talk to the hand, also under a dialog.
+    // Timers of the other pages exchange data with the hand, even while a dialog is open.
     session()->request(
         [button = ui->pushButton_BasicRecalibrate] {
             return button->isEnabled() && button->isVisible();

@@ -59,7 +59,7 @@ private:
 
     template<auto Operation, class... Arguments>
     void perform(QWidget* button, const QString& success, Arguments... arguments);
-    void refuse(QWidget* button, const QString& reason);
+    void showRefusal(QWidget* button, const QString& reason);
     void changeId(const HandTarget& target, std::uint8_t newNode);
     void updateDependentWidgets();
 

@@ -19,10 +19,10 @@ namespace vanto
 namespace
 {
 /// A double click on Scan or Stop counts as one click: it starts a scan or ends it, not both.
-class DoubleClickGuard : public QObject
+class DoubleClickFilter : public QObject
 {
 public:
-    explicit DoubleClickGuard(QPushButton* button) : QObject(button)
+    explicit DoubleClickFilter(QPushButton* button) : QObject(button)
     {
         button->installEventFilter(this);
     }
@@ -39,7 +39,7 @@ DeviceBar::DeviceBar(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui:
     ui->setupUi(this);
     m_idleCaption = ui->pushButton_ScanDevices->text();
     new EqualWidthGroup({ui->pushButton_RefreshPorts, ui->pushButton_ScanDevices});
-    new DoubleClickGuard(ui->pushButton_ScanDevices);
+    new DoubleClickFilter(ui->pushButton_ScanDevices);
     connect(ui->comboBox_Devices, &QComboBox::currentIndexChanged, this,
             &DeviceBar::sig_currentDeviceChanged);
 }
@@ -52,24 +52,24 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     m_session = session;
     m_reporter = reporter;
     m_tabs = pages;
-    m_update = update;
+    m_updateAction = update;
     for (int i = 0; i < pages->count(); ++i) {
         m_pages.append(qobject_cast<DevicePage*>(pages->widget(i)));
         Q_ASSERT(m_pages.constLast());
     }
-    makeScan();
-    forgetDevices();
+    createScan();
+    resetDevices();
 }
 
-void DeviceBar::makeScan()
+void DeviceBar::createScan()
 {
-    m_scan = new HandScan(m_reporter->namingTimeouts(), this);
+    m_scan = new HandScan(m_reporter->timeoutReport(), this);
     m_progress = new QProgressBar(this);
     m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
     m_progress->setAccessibleName(tr("Scan progress"));
     m_progress->setRange(HandScan::FirstNode, HandScan::LastNode);
     m_progress->setTextVisible(false);
-    // Else the bar would be as high as the theme makes it, after the first paint.
+    // Otherwise the theme would change the height after the first paint.
     m_progress->setMaximumHeight(m_progress->fontMetrics().height());
     m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
     m_reporter->addToStatusBar(m_progress);
@@ -83,12 +83,12 @@ void DeviceBar::makeScan()
     connect(m_scan, &HandScan::sig_pause, m_session, &DeviceSession::openWaitingDialogs);
 }
 
-void DeviceBar::listPortsAtStart()
+void DeviceBar::listPortsInBackground()
 {
-    // The system takes longer to list its ports than Qt to build the form.
+    // Listing the ports takes longer than building the form.
     m_portListing = std::async(std::launch::async, [this] {
         QMetaObject::invokeMethod(this, [this, ports = availablePorts()] {
-            if (!m_portsListed) // else a Refresh has been quicker
+            if (!m_portsListed) // otherwise a Refresh was faster
                 m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
                                        [this, ports] { listPorts(ports); });
         });
@@ -122,9 +122,9 @@ void DeviceBar::on_pushButton_RefreshPorts_clicked()
 void DeviceBar::listPorts(const QList<PortEntry>& ports)
 {
     m_portsListed = true;
-    const QSignalBlocker noPortChange(ui->comboBox_Ports);
+    const QSignalBlocker blocker(ui->comboBox_Ports);
     ui->comboBox_Ports->clear();
-    forgetDevices();
+    resetDevices();
     for (const PortEntry& port : ports) {
         ui->comboBox_Ports->addItem(port.text(), port.name);
         ui->comboBox_Ports->setItemData(ui->comboBox_Ports->count() - 1, port.details,
@@ -135,19 +135,19 @@ void DeviceBar::listPorts(const QList<PortEntry>& ports)
 void DeviceBar::on_comboBox_Ports_currentIndexChanged(int)
 {
     m_session->stopAtOnce();
-    m_session->runWhenIdle(DeviceSession::Kind::ChangePort, [this] { forgetDevices(); });
+    m_session->runWhenIdle(DeviceSession::Kind::ChangePort, [this] { resetDevices(); });
 }
 
 void DeviceBar::on_comboBox_Devices_currentIndexChanged(int index)
 {
-    // While a scan fills the list it is disabled, and filling it opens nothing.
+    // A scan disables the list while filling it; entries that it adds open nothing.
     if (!ui->comboBox_Devices->isEnabled() || index < 0)
         return;
     m_session->stopAtOnce();
     m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
 }
 
-void DeviceBar::leaveDevice()
+void DeviceBar::closeCurrentDevice()
 {
     m_session->closeIfConnected();
     for (DevicePage* page : m_pages)
@@ -156,9 +156,9 @@ void DeviceBar::leaveDevice()
         page->enableWidgets(false);
 }
 
-void DeviceBar::forgetDevices()
+void DeviceBar::resetDevices()
 {
-    leaveDevice();
+    closeCurrentDevice();
     clearDevices();
     showForceSensing(false);
 }
@@ -172,7 +172,7 @@ void DeviceBar::openCurrentDevice()
 {
     if (!hasCurrentDevice())
         return;
-    leaveDevice();
+    closeCurrentDevice();
     const auto adapter = adapterOfCurrentEntry();
     if (!adapter) {
         showForceSensing(false);
@@ -215,7 +215,7 @@ std::shared_ptr<VantoProtocol> DeviceBar::adapterOfCurrentEntry()
 void DeviceBar::showForceSensing(bool present)
 {
     if (!present)
-        m_session->forgetForceSensing();
+        m_session->clearForceSensing();
     for (DevicePage* page : m_pages)
         page->setForceSensing(present);
     // Hiding the current page would make its neighbour current.
@@ -239,7 +239,7 @@ ControlLock DeviceBar::lockWindow(Usable usable, QList<QAction*> actions) const
         widgets << ui->pushButton_RefreshPorts << ui->comboBox_Ports << ui->comboBox_Devices;
     if (usable == Usable::Nothing)
         widgets << ui->pushButton_ScanDevices;
-    actions.append(m_update);
+    actions.append(m_updateAction);
     return ControlLock(window(), widgets, actions);
 }
 
@@ -257,7 +257,7 @@ void DeviceBar::scan()
 {
     using Outcome = HandScan::Outcome;
     const Outcome outcome = [this] {
-        forgetDevices();
+        resetDevices();
         const ControlLock lock = lockWindow(Usable::Stop);
         showScanning(true);
         const Outcome ended = m_scan->run(portName(), m_session->token());
@@ -266,7 +266,7 @@ void DeviceBar::scan()
         return ended;
     }();
     showScanning(false);
-    if (outcome == Outcome::AllTried || outcome == Outcome::Stopped)
+    if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
         openCurrentDevice();
 }
 

@@ -32,15 +32,15 @@ public:
     explicit DeviceBar(QWidget* parent = nullptr);
     ~DeviceBar() override;
 
-    /// `pages` are reloaded in their order; they and `update`, the action of a firmware update, are
-    /// locked with this row.
+    /// `pages` are reloaded in their order. They and `update`, the firmware update action, are
+    /// locked together with this row.
     void setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
                QAction* update);
-    /// Lists the ports for the first time.
-    void listPortsAtStart();
+    /// Lists the ports for the first time, in the background.
+    void listPortsInBackground();
 
     bool hasPort() const;
-    /// What the current Ports entry is opened by.
+    /// The name of the current port.
     QString portName() const;
     bool hasCurrentDevice() const { return currentNode().has_value(); }
     /// The node of the current Devices entry.
@@ -48,17 +48,17 @@ public:
 
     /// Opens the device of the current entry and reloads all pages.
     void openCurrentDevice();
-    /// Closes what is open and forgets the devices that have been found.
-    void forgetDevices();
-    /// Empties the list alone.
+    /// Closes the open device and clears the list of devices.
+    void resetDevices();
+    /// Only clears the list.
     void clearDevices();
     /// Calls follow() of all pages.
     void followCurrentPage();
 
-    /// What can be used during long work.
+    /// The controls that stay usable during a long operation.
     enum class Usable { Nothing, Stop, TopRow };
-    /// Disables the rest of this row, the pages, the update action and `actions` for as long as the
-    /// result exists.
+    /// Disables the rest of this row, the pages, the update action and `actions` while the result
+    /// exists.
     [[nodiscard]] ControlLock lockWindow(Usable usable, QList<QAction*> actions = {}) const;
 
 signals:
@@ -71,9 +71,9 @@ private slots:
     void on_comboBox_Devices_currentIndexChanged(int index);
 
 private:
-    void makeScan();
+    void createScan();
     void listPorts(const QList<PortEntry>& ports);
-    void leaveDevice();
+    void closeCurrentDevice();
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
     void showForceSensing(bool present);
     void scan();
@@ -86,13 +86,13 @@ private:
     DeviceSession* m_session = nullptr;
     StatusReporter* m_reporter = nullptr;
     QTabWidget* m_tabs = nullptr;
-    QAction* m_update = nullptr;
+    QAction* m_updateAction = nullptr;
     QList<DevicePage*> m_pages;
     HandScan* m_scan = nullptr;
     QProgressBar* m_progress = nullptr;
-    QString m_idleCaption; ///< of the Scan button, which shows its state
+    QString m_idleCaption; ///< caption of the Scan button while no scan runs
     bool m_portsListed = false;
-    std::future<void> m_portListing; ///< ends before the object does
+    std::future<void> m_portListing; ///< its destructor waits for the listing
 };
 
 } // namespace vanto

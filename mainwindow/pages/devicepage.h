@@ -11,8 +11,7 @@ class StatusReporter;
 
 /// A page about the open device.
 ///
-/// Pages are made by the window's form; setUp() gives them what they work with, before any other
-/// call.
+/// The form of the main window creates the pages; setUp() must be called before any other function.
 class DevicePage : public QWidget
 {
     Q_OBJECT
@@ -21,18 +20,18 @@ public:
 
     void setUp(DeviceSession* session, StatusReporter* reporter);
 
-    /// Reads everything that the page shows from the open device; only while the line is idle.
+    /// Reads everything that the page shows from the open device. The line must be idle.
     virtual void reload() {}
-    /// Empties what the page shows of a device.
+    /// Clears everything that the page shows of a device.
     virtual void clear() {}
     virtual void enableWidgets(bool /*enable*/) {}
-    /// Starts or ends what the page does while it is current and a device is open. Called when the
-    /// user changes to another page and when a device has been opened.
+    /// Starts or ends the activity of a page that is current while a device is open. Called when
+    /// the user changes pages and when a device has been opened.
     virtual void follow(bool /*isCurrent*/) {}
 
-    /// Whether the page is there for hands with force sensing only.
+    /// Whether the page is for hands with force sensing only.
     virtual bool needsForceSensing() const { return false; }
-    /// Shows or hides what only those hands have.
+    /// Shows or hides the controls for force sensing.
     virtual void setForceSensing(bool /*present*/) {}
 
 protected:

@@ -1,6 +1,6 @@
 #pragma once
 
-// A row of per-finger widgets shares one handler; these macros write its six slots. In a class,
+// A row of per-finger widgets shares one handler; these macros define its six slots. In a class,
 //     VANTO_FINGER_SLOTS(pushButton_SettingReadPID, clicked, tabSetting_handleReadPID)
 // defines on_pushButton_SettingReadPID0_clicked() to on_pushButton_SettingReadPID5_clicked(), which
 // setupUi() connects by their names and which call the handler with the finger. Do not write a

@@ -39,7 +39,7 @@ void ForcePage::follow(bool isCurrent)
 
 void ForcePage::updateForce()
 {
-    qDebug() << "MainWindow::updateForce()"; // what readers of the log search for
+    qDebug() << "MainWindow::updateForce()"; // users search the log for this text
 }
 
 } // namespace vanto

@@ -12,7 +12,7 @@ namespace Ui
 class ForcePage;
 }
 
-/// The Force page: there for hands with force sensing. It sends nothing.
+/// The Force page, for hands with force sensing. It sends nothing.
 class ForcePage : public DevicePage
 {
     Q_OBJECT

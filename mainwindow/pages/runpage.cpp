@@ -15,7 +15,7 @@ namespace vanto
 namespace
 {
 constexpr int RunIntervalMs = 100;
-constexpr int PostponedMs = 20;
+constexpr int PostponedTickMs = 20;
 } // namespace
 
 RunPage::RunPage(QWidget* parent)
@@ -46,7 +46,7 @@ void RunPage::setUp(DeviceSession* session, StatusReporter* reporter)
 
 void RunPage::follow(bool isCurrent)
 {
-    // Commands from an earlier visit are not sent.
+    // Pending commands of an earlier visit must not be sent.
     dropPending();
     if (isCurrent && session()->connected())
         m_timer.start(RunIntervalMs);
@@ -54,12 +54,12 @@ void RunPage::follow(bool isCurrent)
         m_timer.stop();
 }
 
-/// A tick that cannot be used comes a little later: one that always met the same clicks would never
-/// be of use.
+/// Postpones a tick that cannot run now; one that always coincided with the same clicks would never
+/// run.
 void RunPage::postponeTick()
 {
     if (m_timer.isActive())
-        m_timer.start(PostponedMs);
+        m_timer.start(PostponedTickMs);
 }
 
 void RunPage::on_comboBox_RunPosOrAngle_currentIndexChanged()
@@ -71,9 +71,9 @@ void RunPage::reloadRunInfo()
 {
     FocusKeeper focus(window());
     enableWidgetsForRunTab(false);
-    focus.noteMove();
+    focus.recordFocusMove();
     clearRunInfo();
-    followMode();
+    applyMode();
     const auto target = session()->target();
     if (!target)
         return;
@@ -90,9 +90,9 @@ void RunPage::reloadRunInfo()
     reporter()->showMessage(tr("Running info loaded"));
 }
 
-void RunPage::followMode()
+void RunPage::applyMode()
 {
-    m_unit = &UnitDisplay::chosen(ui->comboBox_RunPosOrAngle);
+    m_unit = &UnitDisplay::selectedUnit(ui->comboBox_RunPosOrAngle);
     UnitDisplay::apply(*m_unit, ui->label_RunTicksOrDegree, m_sliders);
 }
 
@@ -123,7 +123,7 @@ void RunPage::tabRun_handleSliderMoved(unsigned char finger, int value)
     m_positions[finger]->setText(UnitDisplay::text(*m_unit, value));
 }
 
-POS_INFO RunPage::commandOf(std::uint8_t finger, std::uint8_t node, int value) const
+POS_INFO RunPage::makeCommand(std::uint8_t finger, std::uint8_t node, int value) const
 {
     POS_INFO command;
     command.node = node;
@@ -142,7 +142,7 @@ void RunPage::tabRun_handleSliderReleased(unsigned char finger)
     const auto target = session()->target();
     if (!target)
         return;
-    m_pending.push_back(commandOf(finger, target->node, m_sliders[finger]->sliderPosition()));
+    m_pending.push_back(makeCommand(finger, target->node, m_sliders[finger]->sliderPosition()));
     m_pendingCount.release();
 }
 
@@ -155,11 +155,11 @@ void RunPage::dropPending()
 
 void RunPage::tabRun_handleButtonSetPosClick(unsigned char finger)
 {
-    const auto asked = session()->target();
-    if (!asked)
+    const auto currentTarget = session()->target();
+    if (!currentTarget)
         return;
-    const POS_INFO command =
-        commandOf(finger, asked->node, UnitDisplay::value(*m_unit, m_positions[finger]->text()));
+    const POS_INFO command = makeCommand(finger, currentTarget->node,
+                                         UnitDisplay::value(*m_unit, m_positions[finger]->text()));
     request(m_sliders[finger], [this, command](const HandTarget& target) {
         HandCall call(target, reporter()->plain());
         if (!move(call, command))
@@ -188,7 +188,7 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
 {
     const auto reached = unitOf(command).readTarget(call, command.finger, operation);
     QSlider* slider = m_sliders[command.finger];
-    // Meanwhile the mode may have changed, or the slider is held again.
+    // Meanwhile the mode may have changed, or the user may be dragging the slider again.
     if (!reached || &unitOf(command) != m_unit || slider->isSliderDown())
         return;
     if (into != ReadBack::IntoSlider)
@@ -197,8 +197,8 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
         slider->setValue(*reached);
 }
 
-/// A tick ends between two exchanges when somebody waits for it or its page has been left.
-bool RunPage::tickGoesOn(const HandCall& call) const
+/// A tick ends early if a request is waiting or the user has left the page.
+bool RunPage::canContinueTick(const HandCall& call) const
 {
     return call.isCurrent() && !session()->requestWaits() && m_timer.isActive();
 }
@@ -214,11 +214,11 @@ void RunPage::updateCurrent()
         return;
     HandCall call(*target, reporter()->plain());
     sendPending(call);
-    // A tick that was cut short is continued by the next, else the last finger would starve.
+    // The next tick continues one that ended early; otherwise the last finger would starve.
     const std::size_t first = std::exchange(m_firstCurrent, 0);
     for (std::size_t i = 0; i < FingerCount; ++i) {
         const auto finger = static_cast<std::uint8_t>((first + i) % FingerCount);
-        if (!tickGoesOn(call)) {
+        if (!canContinueTick(call)) {
             m_firstCurrent = finger;
             return;
         }
@@ -232,7 +232,7 @@ void RunPage::sendPending(HandCall& call)
         return;
     const POS_INFO command = m_pending.front();
     m_pending.pop_front();
-    if (command.node == call.target().node && move(call, command) && tickGoesOn(call))
+    if (command.node == call.target().node && move(call, command) && canContinueTick(call))
         readBack(call, command, command.isPosition ? ReadBack::IntoField : ReadBack::IntoBoth);
 }
 

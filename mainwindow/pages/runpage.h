@@ -46,7 +46,7 @@ public:
     void tabRun_handleSliderMoved(unsigned char finger, int value);
     /// Queues a command; the timer sends it.
     void tabRun_handleSliderReleased(unsigned char finger);
-    /// Sends what is typed, without the queue.
+    /// Sends the typed value, without the queue.
     void tabRun_handleButtonSetPosClick(unsigned char finger);
     /// One tick of the run timer: at most one queued command, then the six currents.
     void updateCurrent();
@@ -63,14 +63,14 @@ private slots:
     VANTO_FINGER_SLOTS(pushButton_RunSetPos, clicked, tabRun_handleButtonSetPosClick)
 
 private:
-    /// What shows a value that has been read back.
+    /// The widgets that show a value that has been read back.
     enum class ReadBack { IntoField, IntoSlider, IntoBoth };
 
     void postponeTick();
-    bool tickGoesOn(const HandCall& call) const;
+    bool canContinueTick(const HandCall& call) const;
     void dropPending();
-    void followMode();
-    POS_INFO commandOf(std::uint8_t finger, std::uint8_t node, int value) const;
+    void applyMode();
+    POS_INFO makeCommand(std::uint8_t finger, std::uint8_t node, int value) const;
     static const MotionUnit& unitOf(const POS_INFO& command);
     static bool move(HandCall& call, const POS_INFO& command);
     /// `operation` as in MotionUnit::readTarget().
@@ -85,10 +85,10 @@ private:
     PerFinger<QLineEdit*> m_speeds;
     PerFinger<QLineEdit*> m_currents;
     QTimer m_timer; ///< runs while the page is current and a device is open
-    /// Of what fields and sliders show. The mode selector may be ahead of it for a moment.
+    /// The unit of fields and sliders. The mode selector may be ahead of it briefly.
     const MotionUnit* m_unit = &MotionUnit::position();
     std::deque<POS_INFO> m_pending;
-    QSemaphore m_pendingCount;      ///< counts what is pending
+    QSemaphore m_pendingCount;      ///< number of pending commands
     std::size_t m_firstCurrent = 0; ///< finger whose current the next tick reads first
 };
 

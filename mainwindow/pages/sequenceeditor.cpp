@@ -28,7 +28,7 @@ void SequenceEditor::swap(int row, int other)
     m_edition.advance();
 }
 
-void SequenceEditor::edit(quint64 step, const std::function<void(SequenceDataItem&)>& change)
+void SequenceEditor::edit(std::uint64_t step, const std::function<void(SequenceDataItem&)>& change)
 {
     const int row = m_table->rowOf(step);
     if (row < 0)

@@ -10,8 +10,8 @@ namespace vanto
 
 class StepTable;
 
-/// Changes the sequence and then shows the change in the table of its steps; nothing else changes
-/// either of them. Nothing is sent to a hand.
+/// Changes the sequence and updates the table of its steps; nothing else changes either of them.
+/// Sends nothing to a hand.
 class SequenceEditor
 {
 public:
@@ -19,21 +19,21 @@ public:
 
     const SequenceData& data() const { return m_manager.sequenceData(); }
     bool isEmpty() const { return data().sequences.isEmpty(); }
-    /// Stale when rows have come, gone or changed places since.
+    /// Stale once rows have been inserted, removed or swapped.
     Generation::Token edition() const { return m_edition.token(); }
 
     void setPositionType(const QString& type) { m_manager.setPositionType(type); }
     void insert(int row, const SequenceDataItem& step);
     void remove(int row);
     void swap(int row, int other);
-    /// Changes the values of the step, wherever its row is; does nothing if it is gone.
-    void edit(quint64 step, const std::function<void(SequenceDataItem&)>& change);
+    /// Changes the values of a step, whatever its row; does nothing if the step no longer exists.
+    void edit(std::uint64_t step, const std::function<void(SequenceDataItem&)>& change);
 
-    /// Stores a finger's value. A list that lacks it grows by it, but leaves no gap: a value that
-    /// was never chosen would move a finger.
+    /// Stores a finger's value. Appends it if the list ends just before it, but leaves no gap: a
+    /// value that was never chosen would move a finger.
     static void store(QList<int>& values, std::uint8_t finger, int value);
 
-    /// As of SequenceManager.
+    /// See SequenceManager.
     bool load(QFile& file);
     bool save(QFile& file) const { return m_manager.saveSequenceData(file); }
 

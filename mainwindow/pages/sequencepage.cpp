@@ -23,7 +23,7 @@ namespace
 {
 constexpr int InsertedSpeed = 255;
 constexpr int SelectInsertedMs = 100;
-constexpr int ToTheEnd = -1; ///< end index of a run over all steps that follow
+constexpr int ToTheEnd = -1; ///< end index for all remaining steps
 } // namespace
 
 SequencePage::SequencePage(QWidget* parent)
@@ -43,20 +43,20 @@ SequencePage::SequencePage(QWidget* parent)
     m_groups[Save] = {ui->pushButton_SeqSave};
     m_groups[Run] = {ui->pushButton_SeqRun};
     m_groups[Stop] = {ui->pushButton_SeqStop};
-    layOut();
+    setUpLayout();
     connect(m_player, &SequencePlayer::sig_updatePlaying, this, &SequencePage::updatePlaying);
-    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::playEnded);
+    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::updateAfterPlay);
 }
 
 SequencePage::~SequencePage() = default;
 
-void SequencePage::layOut()
+void SequencePage::setUpLayout()
 {
-    // The one long header gets the width that it needs, the other columns share the rest.
+    // The long header gets the width that it needs; the other columns share the rest.
     auto* columns = m_table->horizontalHeader();
     columns->setSectionResizeMode(QHeaderView::Stretch);
     columns->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    columns->setHighlightSections(false); // rows are selected
+    columns->setHighlightSections(false); // whole rows are selected
     QList<QWidget*> buttons;
     for (QPushButton* button : findChildren<QPushButton*>())
         buttons.append(button);
@@ -108,8 +108,8 @@ void SequencePage::focusTable()
 void SequencePage::clearSequenceInfo()
 {
     m_table->clearCurrent();
-    m_visit.advance(); // nothing that was selected before is
-    m_shown = StepTable::NoStep;
+    m_visit.advance(); // invalidates requests for earlier selections
+    m_shownStep = StepTable::NoStep;
     m_editors->clear();
 }
 
@@ -132,8 +132,8 @@ void SequencePage::updateSequenceTab()
     const bool playing = open && isPlaying();
     const bool editable = open && !playing;
     const bool hasSteps = !m_sequence->isEmpty();
-    // Each control goes straight to its new state: one that is disabled for a moment only would
-    // lose the focus, and with it what is being typed.
+    // Each control gets its final state directly: disabling one even briefly would take its focus
+    // and interrupt the user typing.
     enableWidgetsForSequenceTab(Editors, editable && m_table->currentRow() >= 0);
     ui->comboBox_SeqPosOrAngle->setEnabled(editable && !hasSteps && !m_reading);
     enableWidgetsForSequenceTab(Rows, editable);
@@ -149,42 +149,42 @@ void SequencePage::updateEditCell()
 {
     const int row = m_table->currentRow();
     if (row < 0) {
-        m_shown = StepTable::NoStep;
+        m_shownStep = StepTable::NoStep;
         m_editors->clear();
         return;
     }
-    m_shown = m_table->idOf(row);
+    m_shownStep = m_table->idOf(row);
     m_editors->show(m_sequence->data().sequences[row]);
 }
 
-/// A request made on this page. It is dropped if the page has been left meanwhile.
+/// Makes a request of this page. It is dropped if the user has left the page meanwhile.
 void SequencePage::requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action)
 {
     if (!isShown())
         return;
     session()->request([this, stillWanted = std::move(stillWanted),
-                        visit = m_visit.token()] { return isVisit(visit) && stillWanted(); },
+                        visit = m_visit.token()] { return isSameVisit(visit) && stillWanted(); },
                        std::move(action));
 }
 
 void SequencePage::play(const HandTarget& target, int start, int end, Purpose purpose)
 {
-    // The hand of the click, whatever the Devices list may show by now.
+    // The hand at the time of the click, whatever the Devices list shows now.
     m_player->setVantoProtocol(target.adapter, target.node);
     {
         const QScopedValueRollback starting(m_starting, true);
-        // A field that becomes read-only, unlike one that is disabled, does not finish its editing.
-        if (const auto finger = m_editors->typedSpeed())
+        // Unlike a field that is disabled, one that becomes read-only does not finish editing.
+        if (const auto finger = m_editors->fingerOfEditedSpeed())
             tabSequence_handleSpeedEdit(*finger);
         m_focus = std::make_unique<FocusKeeper>(window(), this);
         updateSequenceTab();
-        m_focus->noteMove();
+        m_focus->recordFocusMove();
         m_player->play(m_sequence->data(), start, end, purpose == Purpose::Edit);
     }
-    playEnded();
+    updateAfterPlay();
 }
 
-/// The row that is meant may go elsewhere or away, or another one be chosen, before its turn comes.
+/// Until the request runs, the row may be moved, removed or no longer current.
 void SequencePage::playRow(int row, Purpose purpose)
 {
     if (row < 0)
@@ -220,11 +220,11 @@ void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QStr
         m_table->selectSilently(sequenceIndex);
     if (!errMsg.isEmpty())
         reporter()->showError(errMsg);
-    playEnded();
+    updateAfterPlay();
 }
 
-/// After a run, too, has another row become current than the one that the editors show.
-void SequencePage::playEnded()
+/// After a run, too, the current row may not be the one that the editors show.
+void SequencePage::updateAfterPlay()
 {
     if (!isPlaying() && session()->target())
         updateEditCell();
@@ -234,22 +234,22 @@ void SequencePage::playEnded()
 void SequencePage::on_pushButton_SeqInsert_clicked()
 {
     const int current = m_table->currentRow();
-    const quint64 after = m_table->idOf(std::max(current, 0)); // the first row if none is current
+    const std::uint64_t after = m_table->idOf(std::max(current, 0)); // first row if none
     requestOnPage([this] { return ui->pushButton_SeqInsert->isEnabled(); },
                   [this, after](const HandTarget& target) { insert(target, after); });
 }
 
-void SequencePage::insert(const HandTarget& target, quint64 after)
+void SequencePage::insert(const HandTarget& target, std::uint64_t after)
 {
     const MotionUnit::Pose pose = [&] {
         const QScopedValueRollback reading(m_reading, true);
         updateSequenceTab();
         HandCall call(target);
-        return m_editors->unit().readPoseIfPossible(call); // zeros if that fails, without a message
+        return m_editors->unit().readPoseOrZeros(call);
     }();
     if (!target.isCurrent())
         return;
-    const int row = m_table->rowOf(after) + 1; // at the top if that row has gone meanwhile
+    const int row = m_table->rowOf(after) + 1; // at the top if that row no longer exists
     m_sequence->insert(
         row,
         {{pose.currents.begin(), pose.currents.end()}, QList<int>(FingerCount, InsertedSpeed), 0});
@@ -262,9 +262,9 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
     QTimer::singleShot(SelectInsertedMs, m_table,
                        [this, target, step = m_table->idOf(row), visit = m_visit.token()] {
                            const int now = m_table->rowOf(step);
-                           // Under a dialog it would have to wait and then come unexpectedly.
-                           if (now >= 0 && isVisit(visit) && target.isCurrent() && !isPlaying() &&
-                               !QApplication::activeModalWidget())
+                           // Behind a dialog the move would be delayed, and unexpected then.
+                           if (now >= 0 && isSameVisit(visit) && target.isCurrent() &&
+                               !isPlaying() && !QApplication::activeModalWidget())
                                m_table->setCurrentCell(now, 0);
                        });
 }
@@ -297,13 +297,13 @@ void SequencePage::SwapSequenceRow(int row, int other)
 
 void SequencePage::on_lineEdit_SeqDelay_editingFinished()
 {
-    m_sequence->edit(m_shown, [this](SequenceDataItem& step) { m_editors->takeDelay(step); });
+    m_sequence->edit(m_shownStep, [this](SequenceDataItem& step) { m_editors->storeDelay(step); });
 }
 
 void SequencePage::tabSequence_handleSpeedEdit(unsigned char finger)
 {
-    m_sequence->edit(m_shown,
-                     [=, this](SequenceDataItem& step) { m_editors->takeSpeed(finger, step); });
+    m_sequence->edit(m_shownStep,
+                     [=, this](SequenceDataItem& step) { m_editors->storeSpeed(finger, step); });
 }
 
 void SequencePage::tabSequence_handleSliderMoved(unsigned char finger, int value)
@@ -315,13 +315,13 @@ void SequencePage::tabSequence_handleSliderReleased(unsigned char finger)
 {
     const QSlider* slider = m_editors->slider(finger);
     const Release release{finger, &m_editors->unit(), slider->sliderPosition(),
-                          NumberText::toByte(m_editors->speed(finger)->text()), m_shown};
+                          NumberText::toByte(m_editors->speed(finger)->text()), m_shownStep};
     requestOnPage(
-        [this, slider, release] { return slider->isEnabled() && m_shown == release.step; },
+        [this, slider, release] { return slider->isEnabled() && m_shownStep == release.step; },
         [this, release](const HandTarget& target) { moveAndStore(target, release); });
 }
 
-/// The target that the hand reports after the motion, unless something failed.
+/// The target that the hand reports after the motion, or nothing on a failure.
 std::optional<int> SequencePage::move(const HandTarget& target, const Release& release)
 {
     HandCall call(target, reporter()->plain());
@@ -337,22 +337,22 @@ void SequencePage::moveAndStore(const HandTarget& target, const Release& release
         return;
     m_sequence->edit(release.step, [this, &release, &reached](SequenceDataItem& step) {
         SequenceEditor::store(step.position, release.finger, *reached);
-        // The user may have gone to another row meanwhile, or taken the slider up again.
-        if (m_shown == release.step && !m_editors->slider(release.finger)->isSliderDown())
+        // Meanwhile the user may have selected another row, or be dragging the slider again.
+        if (m_shownStep == release.step && !m_editors->slider(release.finger)->isSliderDown())
             m_editors->setValue(release.finger, *reached);
     });
 }
 
 void SequencePage::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
 {
-    m_editors->followMode();
+    m_editors->applyMode();
     m_sequence->setPositionType(m_editors->unit().isPosition() ? SequenceData::POS_TYPE_POSITION
                                                                : SequenceData::POS_TYPE_ANGLE);
 }
 
-bool SequencePage::keyPressed(const QKeyEvent& event)
+bool SequencePage::handleKeyPress(const QKeyEvent& event)
 {
-    return m_table->keyPressed(event);
+    return m_table->handleKeyPress(event);
 }
 
 void SequencePage::on_pushButton_SeqLoad_clicked()

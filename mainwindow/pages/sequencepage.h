@@ -5,6 +5,7 @@
 #include "sequenceplayer.h"
 #include "stepeditors.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -23,9 +24,9 @@ class SequencePage;
 
 /// The Sequence page: edits, plays, loads and saves a motion sequence.
 ///
-/// The hand moves when a row is selected (the hand is stretched and put into that step's pose),
-/// when a slider is released, and by Run, a double click, Insert and Delete, which select a row; by
-/// nothing else.
+/// The hand moves only when a row is selected (the fingers are stretched, then take the pose of
+/// that step), when a slider is released, and on Run or a double click. Insert, Delete, Up and Down
+/// select a row.
 class SequencePage : public DevicePage
 {
     Q_OBJECT
@@ -39,7 +40,7 @@ public:
     void setUp(DeviceSession* session, StatusReporter* reporter);
     void reloadSequenceInfo();
     void clearSequenceInfo();
-    /// Enables what makes sense now.
+    /// Enables the controls that are usable in the current state.
     void updateSequenceTab();
     void enableWidgetsForSequenceTab(int group, bool enable);
     /// Shows the current row's step in the editors.
@@ -60,8 +61,8 @@ public:
     void follow(bool isCurrent) override;
 
     void focusTable();
-    /// A key pressed in the table. Whether it is consumed.
-    bool keyPressed(const QKeyEvent& event);
+    /// Handles a key pressed in the table; returns whether it is consumed.
+    bool handleKeyPress(const QKeyEvent& event);
 
 private slots:
     void on_pushButton_SeqInsert_clicked();
@@ -90,26 +91,29 @@ private slots:
 
 private:
     enum class Purpose { Run, Edit };
-    /// A slider's release, as it was when it happened.
+    /// The state at the release of a slider.
     struct Release {
         std::uint8_t finger;
         const MotionUnit* unit;
         int value;
         std::uint8_t speed;
-        quint64 step;
+        std::uint64_t step;
     };
 
-    void layOut();
+    void setUpLayout();
     bool isPlaying() const;
-    /// Whether the page is the current one; isVisible() would also ask for the window.
+    /// Whether the page is the current one; isVisible() also depends on the window.
     bool isShown() const { return !isHidden(); }
-    /// Whether the page is still shown as it was then.
-    bool isVisit(const Generation::Token& visit) const { return isShown() && visit.isCurrent(); }
+    /// Whether the page is shown and has not been left or cleared since `visit`.
+    bool isSameVisit(const Generation::Token& visit) const
+    {
+        return isShown() && visit.isCurrent();
+    }
     void requestOnPage(std::function<bool()> stillWanted, RequestQueue::Request action);
     void playRow(int row, Purpose purpose);
     void play(const HandTarget& target, int start, int end, Purpose purpose);
-    void playEnded();
-    void insert(const HandTarget& target, quint64 after);
+    void updateAfterPlay();
+    void insert(const HandTarget& target, std::uint64_t after);
     void selectSoon(const HandTarget& target, int row);
     void moveCurrentRow(int distance);
     std::optional<int> move(const HandTarget& target, const Release& release);
@@ -123,12 +127,11 @@ private:
     std::unique_ptr<StepEditors> m_editors;
     SequencePlayer* m_player;
     std::array<QList<QWidget*>, Stop + 1> m_groups;
-    /// The row whose step the editors show: what is typed into them belongs to it, even when
-    /// another row has become current meanwhile.
-    quint64 m_shown = 0;
+    /// The step that the editors show. Input belongs to it, even if another row has become current.
+    std::uint64_t m_shownStep = 0;
     Generation m_visit;      ///< advanced when the page is left or cleared
     bool m_starting = false; ///< the first step of a run is being sent
-    bool m_reading = false;  ///< the pose for a new step, in the unit that the box shows
+    bool m_reading = false;  ///< the pose for a new step is being read, in the unit of the mode box
     std::unique_ptr<FocusKeeper> m_focus;
 };
 

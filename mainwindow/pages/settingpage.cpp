@@ -38,7 +38,7 @@ void SettingPage::reloadSettingInfo()
 {
     FocusKeeper focus(window());
     enableWidgetsForSettingTab(false);
-    focus.noteMove();
+    focus.recordFocusMove();
     clearSettingInfo();
     const auto target = session()->target();
     if (!target)
@@ -98,7 +98,7 @@ void SettingPage::tabSetting_handleWritePID(unsigned char finger)
                    [finger](const auto& fields) { return fields[finger]->text(); });
     request(m_writeButtons[Pid][finger], [this, finger, texts](const HandTarget& target) {
         const auto empty = [](const QString& text) { return text.isEmpty(); };
-        // The write follows all the same; an empty field counts as 0.
+        // The write follows nevertheless; an empty field counts as 0.
         if (std::any_of(texts.begin(), texts.end(), empty))
             QMessageBox::critical(window(), Program::title(),
                                   tr("Please check parameter is complete"));
@@ -114,15 +114,15 @@ void SettingPage::readPid(HandCall& call, std::uint8_t finger)
                                                     &gains[3]))
         return;
     for (std::size_t i = 0; i < GainCount; ++i)
-        m_gains[i][finger]->setText(NumberText::fromReal(gains[i]));
+        m_gains[i][finger]->setText(NumberText::fromDouble(gains[i]));
 }
 
 void SettingPage::writePid(const HandTarget& target, std::uint8_t finger, const Gains& texts)
 {
     HandCall call(target, reporter()->plain());
     if (call.perform<&VantoProtocol::setFingerPID>(
-            finger, NumberText::toReal(texts[0]), NumberText::toReal(texts[1]),
-            NumberText::toReal(texts[2]), NumberText::toReal(texts[3])))
+            finger, NumberText::toFloat(texts[0]), NumberText::toFloat(texts[1]),
+            NumberText::toFloat(texts[2]), NumberText::toFloat(texts[3])))
         readPid(call, finger);
 }
 

@@ -12,7 +12,7 @@ namespace vanto
 
 namespace
 {
-constexpr int ShownMs = 2000;
+constexpr int MessageDurationMs = 2000;
 }
 
 StatusReporter::StatusReporter(QStatusBar* statusBar)
@@ -21,7 +21,7 @@ StatusReporter::StatusReporter(QStatusBar* statusBar)
       m_errorLabel(new ElidedLabel(statusBar)),
       m_log(new MessageLog(this))
 {
-    // The name exempts the label from the colours of the style sheets.
+    // The name exempts the label from the colors of the style sheets.
     m_errorLabel->setObjectName("label_StatusError");
     m_errorLabel->setAccessibleName(tr("Error"));
     m_statusBar->addPermanentWidget(m_errorLabel);
@@ -29,7 +29,7 @@ StatusReporter::StatusReporter(QStatusBar* statusBar)
     showLog->setObjectName("action_Messages");
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);
     connect(showLog, &QAction::triggered, this, &StatusReporter::sig_logRequested);
-    // The label has no width while there is no error, so the whole bar opens the list.
+    // The label has no width while there is no error, so the whole status bar opens the list.
     for (QWidget* bar : {static_cast<QWidget*>(m_statusBar), static_cast<QWidget*>(m_errorLabel)}) {
         bar->setContextMenuPolicy(Qt::ActionsContextMenu);
         bar->addAction(showLog);
@@ -43,27 +43,27 @@ void StatusReporter::addToStatusBar(QWidget* widget)
 
 void StatusReporter::showMessage(const QString& text)
 {
-    // Shown again, the same text would keep the time that is left of the first showing.
+    // Otherwise an identical text would keep the remaining time of the previous one.
     m_statusBar->clearMessage();
-    m_statusBar->showMessage(text, ShownMs);
+    m_statusBar->showMessage(text, MessageDurationMs);
     m_log->add(MessageLog::Kind::Message, text);
 }
 
-void StatusReporter::showError(const QString& text, const QColor& colour)
+void StatusReporter::showError(const QString& text, const QColor& color)
 {
     QPalette palette = m_errorLabel->palette();
-    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::WindowText, color);
     m_errorLabel->setPalette(palette);
     m_errorLabel->setText(text);
     m_errorLabel->setAccessibleName(text);
     m_log->add(MessageLog::Kind::Error, text);
-    QTimer::singleShot(ShownMs, m_errorLabel, [label = m_errorLabel] {
+    QTimer::singleShot(MessageDurationMs, m_errorLabel, [label = m_errorLabel] {
         label->setText({});
         label->setAccessibleName(tr("Error"));
     });
 }
 
-bool StatusReporter::NamingReport::reportTimeout(const HandTarget& target)
+bool StatusReporter::TimeoutReport::reportTimeout(const HandTarget& target)
 {
     m_reporter.showError(tr("Timeout for %1 node '0x%2'...")
                              .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)));

@@ -13,8 +13,8 @@ namespace vanto
 class ElidedLabel;
 class MessageLog;
 
-/// The only maker of status texts. Ordinary texts go to the status bar; errors go to a label of
-/// their own beside them, in red. Both vanish after two seconds.
+/// Creates all status texts. Messages go to the status bar, errors to a red label beside them. Both
+/// disappear after two seconds.
 class StatusReporter : public QObject
 {
     Q_OBJECT
@@ -22,19 +22,19 @@ public:
     explicit StatusReporter(QStatusBar* statusBar);
 
     void showMessage(const QString& text);
-    /// A text that replaces another one vanishes when the time of the earlier one has run out.
-    void showError(const QString& text, const QColor& colour = Qt::red);
+    /// A text that replaces another one disappears when the time of the earlier one has elapsed.
+    void showError(const QString& text, const QColor& color = Qt::red);
 
     /// Adds a widget to the right end of the status bar.
     void addToStatusBar(QWidget* widget);
     const MessageLog* log() const { return m_log; }
 
-    /// Reports failed operations, a time-out by a text of its own.
-    CallReport& namingTimeouts() { return m_namingTimeouts; }
-    /// Reports failed operations, a time-out like any other failure.
+    /// Reports failed operations; a time-out has a text of its own.
+    CallReport& timeoutReport() { return m_timeoutReport; }
+    /// Reports failed operations, including time-outs, in the same way.
     CallReport& plain() { return m_plain; }
 
-    /// A number as it stands in status texts: hexadecimal, lower case, at least two digits.
+    /// Formats a number for status texts: hexadecimal, lower case, at least two digits.
     static QString hex(unsigned number);
 
 signals:
@@ -53,7 +53,7 @@ private:
     protected:
         StatusReporter& m_reporter;
     };
-    class NamingReport : public Report
+    class TimeoutReport : public Report
     {
     public:
         using Report::Report;
@@ -61,7 +61,7 @@ private:
     };
 
     QStatusBar* m_statusBar;
-    NamingReport m_namingTimeouts{*this};
+    TimeoutReport m_timeoutReport{*this};
     Report m_plain{*this};
     ElidedLabel* m_errorLabel;
     MessageLog* m_log;

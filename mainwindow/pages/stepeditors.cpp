@@ -35,15 +35,15 @@ StepEditors::StepEditors(const QWidget* page, QLineEdit* delay, QComboBox* mode,
     order += {m_delay, m_mode};
     for (qsizetype i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
-    followMode();
+    applyMode();
 }
 
 const MotionUnit& StepEditors::unit() const
 {
-    return UnitDisplay::chosen(m_mode);
+    return UnitDisplay::selectedUnit(m_mode);
 }
 
-void StepEditors::followMode()
+void StepEditors::applyMode()
 {
     UnitDisplay::apply(unit(), m_unitName, m_sliders);
 }
@@ -90,7 +90,7 @@ void StepEditors::setEnabled(bool enabled)
     m_delay->setEnabled(enabled);
 }
 
-void StepEditors::takeDelay(SequenceDataItem& step)
+void StepEditors::storeDelay(SequenceDataItem& step)
 {
     const int typed = m_delay->text().toInt();
     step.delay = std::clamp(typed, 0, MaxDelayMs);
@@ -98,17 +98,17 @@ void StepEditors::takeDelay(SequenceDataItem& step)
         m_delay->setText(QString::number(step.delay));
 }
 
-void StepEditors::takeSpeed(std::uint8_t finger, SequenceDataItem& step)
+void StepEditors::storeSpeed(std::uint8_t finger, SequenceDataItem& step)
 {
     QLineEdit* field = m_speeds[finger];
     if (finger >= step.speed.size() && field->text().isEmpty())
-        return; // there is none, and none has been typed
+        return; // no speed is stored, and none has been typed
     const int speed = std::clamp(field->text().toInt(), MinSpeed, MaxSpeed);
     SequenceEditor::store(step.speed, finger, speed);
     field->setText(finger < step.speed.size() ? QString::number(speed) : QString());
 }
 
-std::optional<std::uint8_t> StepEditors::typedSpeed() const
+std::optional<std::uint8_t> StepEditors::fingerOfEditedSpeed() const
 {
     const auto field = std::find_if(m_speeds.begin(), m_speeds.end(), [](const QLineEdit* speed) {
         return speed->hasFocus() && speed->isModified();

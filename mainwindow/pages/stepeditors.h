@@ -18,31 +18,31 @@ namespace vanto
 class StepEditors
 {
 public:
-    /// `page` holds the widgets of the fingers.
+    /// `page` contains the widgets of the fingers.
     StepEditors(const QWidget* page, QLineEdit* delay, QComboBox* mode, QLabel* unitName);
 
-    /// Of the mode that is chosen.
+    /// The unit of the selected mode.
     const MotionUnit& unit() const;
-    /// Sets unit and ranges to those of the mode that is chosen.
-    void followMode();
+    /// Sets unit and ranges to those of the selected mode.
+    void applyMode();
 
-    /// Shows a step; what it lacks is shown empty.
+    /// Shows a step; missing values are left empty.
     void show(const SequenceDataItem& step);
     void clear();
-    /// Only the read-out of a finger's slider.
+    /// Updates only the read-out of a finger's slider.
     void showValue(std::uint8_t finger, int value);
-    /// Slider and read-out.
+    /// Updates slider and read-out.
     void setValue(std::uint8_t finger, int value);
     void setEnabled(bool enabled);
 
-    /// Store what has been typed, brought into range, and show it as it is stored.
-    void takeDelay(SequenceDataItem& step);
-    void takeSpeed(std::uint8_t finger, SequenceDataItem& step);
+    /// Store the typed value, clamped to its range, and show the stored one.
+    void storeDelay(SequenceDataItem& step);
+    void storeSpeed(std::uint8_t finger, SequenceDataItem& step);
 
     QSlider* slider(std::uint8_t finger) const { return m_sliders[finger]; }
     QLineEdit* speed(std::uint8_t finger) const { return m_speeds[finger]; }
-    /// The finger whose speed is being typed, if any.
-    std::optional<std::uint8_t> typedSpeed() const;
+    /// The finger whose speed the user is typing, if any.
+    std::optional<std::uint8_t> fingerOfEditedSpeed() const;
 
 private:
     QLineEdit* m_delay;

@@ -11,7 +11,7 @@ namespace vanto
 
 namespace
 {
-/// By finger: the thumb root stands first, as it does on the hand.
+/// Columns by finger: the thumb root comes first, as on the hand.
 constexpr PerFinger<int> ColumnOf{1, 2, 3, 4, 5, 0};
 } // namespace
 
@@ -19,18 +19,18 @@ MyQTableWidgetItem::~MyQTableWidgetItem() = default;
 
 StepTable::StepTable(QWidget* parent) : QTableWidget(parent)
 {
-    // A height of its own for every row would be asked of every cell of a long sequence.
+    // Individual row heights would query every cell of a long sequence.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 }
 
 void StepTable::setSteps(const QList<SequenceDataItem>& steps)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     setUpdatesEnabled(false);
     setRowCount(0);
     setRowCount(static_cast<int>(steps.size()));
     m_ids.resize(steps.size());
-    for (quint64& id : m_ids)
+    for (std::uint64_t& id : m_ids)
         id = ++m_lastId;
     for (int row = 0; row < rowCount(); ++row)
         showPositions(row, steps[row].position);
@@ -40,7 +40,7 @@ void StepTable::setSteps(const QList<SequenceDataItem>& steps)
 
 void StepTable::insertStep(int row, const QList<int>& positions)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     insertRow(row);
     m_ids.insert(row, ++m_lastId);
     showPositions(row, positions);
@@ -48,7 +48,7 @@ void StepTable::insertStep(int row, const QList<int>& positions)
 
 void StepTable::removeStep(int row)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     removeRow(row);
     m_ids.removeAt(row);
 }
@@ -60,7 +60,7 @@ void StepTable::swapIds(int row, int other)
 
 void StepTable::showPositions(int row, const QList<int>& positions)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     for (std::size_t finger = 0; finger < FingerCount; ++finger) {
         const auto index = static_cast<qsizetype>(finger);
         const int column = ColumnOf[finger];
@@ -81,31 +81,30 @@ void StepTable::showPositions(int row, const QList<int>& positions)
 
 void StepTable::selectSilently(int row)
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     setCurrentCell(row, 0);
 }
 
 void StepTable::clearCurrent()
 {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker blocker(this);
     clearSelection();
     setCurrentCell(-1, -1);
 }
 
 QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    // Without a current cell the view would look for a first one, also when it gets the focus.
+    // Without a current cell the view would search for a first one, even when it gets the focus.
     return currentRow() < 0 ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
 }
 
-bool StepTable::keyPressed(const QKeyEvent& event)
+bool StepTable::handleKeyPress(const QKeyEvent& event)
 {
     const bool up = event.key() == Qt::Key_Up;
     if (!up && event.key() != Qt::Key_Down)
         return false;
     const int row = currentRow();
-    // A key held since before the page was shown was not meant for a row, which would move the
-    // hand.
+    // A key held since before the page was shown must not select a row, which would move the hand.
     if (row < 0 && event.isAutoRepeat())
         return true;
     const int next = up ? row - 1 : row + 1;

@@ -4,6 +4,8 @@
 
 #include <QTableWidget>
 
+#include <cstdint>
+
 namespace vanto
 {
 
@@ -14,9 +16,9 @@ public:
     ~MyQTableWidgetItem() override;
 };
 
-/// The steps of a sequence, a row each. Selecting a row moves the hand, so a row becomes current
-/// only when the user or the program means it: not by getting the focus, not by typing. The changes
-/// below emit no signal when Qt makes another row current in the course of them.
+/// The steps of a sequence, one per row. Selecting a row moves the hand, so a row becomes current
+/// only on purpose, not by getting the focus or typing. The functions below block the signals that
+/// Qt emits when they make another row current.
 class StepTable : public QTableWidget
 {
     Q_OBJECT
@@ -26,29 +28,29 @@ public:
     void setSteps(const QList<SequenceDataItem>& steps);
     void insertStep(int row, const QList<int>& positions);
     void removeStep(int row);
-    /// Of two steps that have changed places; the rows still show what they showed.
+    /// Swaps the ids of two steps; the rows still show the old values.
     void swapIds(int row, int other);
-    /// What a step lacks is shown empty.
+    /// Missing values are shown empty.
     void showPositions(int row, const QList<int>& positions);
     /// Makes the row current without a signal.
     void selectSilently(int row);
     void clearCurrent();
-    /// What a step is known by, wherever its row goes; NoStep of no row.
-    quint64 idOf(int row) const { return m_ids.value(row, NoStep); }
-    /// -1 when the step is gone.
-    int rowOf(quint64 id) const { return static_cast<int>(m_ids.indexOf(id)); }
-    static constexpr quint64 NoStep = 0;
+    /// The id of a step, which stays the same when its row moves; NoStep for no row.
+    std::uint64_t idOf(int row) const { return m_ids.value(row, NoStep); }
+    /// -1 if the step no longer exists.
+    int rowOf(std::uint64_t id) const { return static_cast<int>(m_ids.indexOf(id)); }
+    static constexpr std::uint64_t NoStep = 0;
 
-    /// Up and Down go from row to row. Whether the key is consumed.
-    bool keyPressed(const QKeyEvent& event);
+    /// Moves between rows on Up and Down; returns whether the key is consumed.
+    bool handleKeyPress(const QKeyEvent& event);
     void keyboardSearch(const QString&) override {}
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
-    QList<quint64> m_ids; ///< of the rows
-    quint64 m_lastId = NoStep;
+    QList<std::uint64_t> m_ids; ///< of the rows
+    std::uint64_t m_lastId = NoStep;
 };
 
 } // namespace vanto

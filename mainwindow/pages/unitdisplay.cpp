@@ -19,7 +19,7 @@ constexpr int PositionItem = 0;
 constexpr int MaxPosition = 65535;
 } // namespace
 
-const MotionUnit& UnitDisplay::chosen(const QComboBox* mode)
+const MotionUnit& UnitDisplay::selectedUnit(const QComboBox* mode)
 {
     return mode->currentIndex() == PositionItem ? MotionUnit::position() : MotionUnit::angle();
 }
@@ -30,7 +30,7 @@ void UnitDisplay::apply(const MotionUnit& unit, QLabel* name, const PerFinger<QS
     const QString ticks = QStringLiteral("ticks");
     const QString degree = QCoreApplication::translate("UnitDisplay", "degree");
     name->setText(positions ? ticks : degree);
-    // Room for either, so that nothing moves when the mode changes.
+    // Wide enough for both, so that the layout does not change with the mode.
     const QFontMetrics metrics = name->fontMetrics();
     name->setMinimumWidth(
         std::max(metrics.horizontalAdvance(ticks), metrics.horizontalAdvance(degree)));

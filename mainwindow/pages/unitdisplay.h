@@ -12,16 +12,16 @@ class QSlider;
 namespace vanto
 {
 
-/// How positions, in ticks, and angles, in degrees, are shown and typed.
+/// Display and input of positions, in ticks, and of angles, in degrees.
 namespace UnitDisplay
 {
-/// The unit that a mode box shows.
-const MotionUnit& chosen(const QComboBox* mode);
+/// The unit selected in a mode box.
+const MotionUnit& selectedUnit(const QComboBox* mode);
 /// Sets the unit's name and the ranges of the sliders.
 void apply(const MotionUnit& unit, QLabel* name, const PerFinger<QSlider*>& sliders);
-/// A value as fields show it.
+/// A value as text for a field.
 QString text(const MotionUnit& unit, int value);
-/// A value from what was typed.
+/// The value of a typed text.
 int value(const MotionUnit& unit, const QString& text);
 } // namespace UnitDisplay
 

@@ -19,7 +19,7 @@ ControlLock::ControlLock(QWidget* window, const QList<QWidget*>& widgets,
         m_actions.append(action);
         action->setEnabled(false);
     }
-    m_focus.noteMove();
+    m_focus.recordFocusMove();
 }
 
 ControlLock::~ControlLock()

@@ -8,8 +8,8 @@
 namespace vanto
 {
 
-/// Disables controls for as long as it exists. Afterwards each is as it was before, and the
-/// keyboard focus is where it was.
+/// Disables controls while it exists. Afterwards each control has its previous state, and the
+/// keyboard focus is restored.
 class ControlLock
 {
 public:
@@ -20,7 +20,7 @@ public:
 
 private:
     FocusKeeper m_focus;
-    QList<QWidget*> m_widgets; ///< that were enabled
+    QList<QWidget*> m_widgets; ///< those that were enabled
     QList<QAction*> m_actions;
 };
 

@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// One line of text that is shortened with an ellipsis where there is no room for it. text()
-/// stays whole and is also the tool tip. The label never widens its window.
+/// A single-line label that elides text that does not fit. text() returns the full text, which is
+/// also the tool tip. The label never widens its window.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ bool EqualWidthGroup::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Polish:
     case QEvent::StyleChange:
     case QEvent::FontChange:
-        // The widget's own handling of the event comes first.
+        // Queued, so that the widget handles the event first.
         QMetaObject::invokeMethod(this, &EqualWidthGroup::align, Qt::QueuedConnection);
         break;
     default:

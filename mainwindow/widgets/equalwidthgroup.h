@@ -8,7 +8,7 @@ class QWidget;
 namespace vanto
 {
 
-/// Keeps controls of one kind equally wide, also when font or theme change.
+/// Keeps controls equally wide, also when font or theme change.
 class EqualWidthGroup : public QObject
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ private:
     void align();
 
     QList<QWidget*> m_widgets;
-    /// Pixels. It never shrinks: a caption that is short for a while, as that of Scan during a
-    /// scan, must not make the others narrow, nor the row jump.
+    /// Pixels. Never shrinks: a caption that is short temporarily, such as that of Scan during a
+    /// scan, must not change the layout.
     int m_widest = 0;
 };
 

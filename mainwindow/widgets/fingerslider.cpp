@@ -31,7 +31,7 @@ void FingerSlider::keyPressEvent(QKeyEvent* event)
 
 void FingerSlider::changeEvent(QEvent* event)
 {
-    const QSignalBlocker noRelease(event->type() == QEvent::EnabledChange ? this : nullptr);
+    const QSignalBlocker blocker(event->type() == QEvent::EnabledChange ? this : nullptr);
     QSlider::changeEvent(event);
 }
 

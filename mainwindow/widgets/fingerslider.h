@@ -5,9 +5,9 @@
 namespace vanto
 {
 
-/// A slider for a finger. A turn of the wheel over it would move a finger that nobody meant, so
-/// it is left to the page. The keys preview as a drag does; Return commits as a release does. A
-/// slider that is disabled while it is held is let go, but not released.
+/// A slider for a finger. It ignores the wheel, which could move a finger by accident. Keys preview
+/// like a drag; Return commits like a release. Disabling the slider during a drag ends the drag
+/// without a release.
 class FingerSlider : public QSlider
 {
     Q_OBJECT

@@ -11,9 +11,9 @@ FocusKeeper::FocusKeeper(QWidget* window, const QWidget* region)
 FocusKeeper::~FocusKeeper()
 {
     const QWidget* focus = m_window->focusWidget();
-    const bool leftAlone =
+    const bool isUnchanged =
         focus == m_movedTo || (m_region && focus && m_region->isAncestorOf(focus));
-    if (m_owner && m_owner->isEnabled() && m_owner->isVisible() && leftAlone)
+    if (m_owner && m_owner->isEnabled() && m_owner->isVisible() && isUnchanged)
         m_owner->setFocus();
 }
 

@@ -28,10 +28,10 @@ void NoWheelComboBox::paintEvent(QPaintEvent*)
     QStyleOptionComboBox option;
     initStyleOption(&option);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    const QRect room =
+    const QRect textRect =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
     option.currentText =
-        option.fontMetrics.elidedText(option.currentText, Qt::ElideMiddle, room.width());
+        option.fontMetrics.elidedText(option.currentText, Qt::ElideMiddle, textRect.width());
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

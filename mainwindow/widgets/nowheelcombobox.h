@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// A box whose choice opens a device or changes a unit: a turn of the wheel over it is left to the
-/// page, and a text that is too long ends in an ellipsis and is whole in the tool tip.
+/// A combo box that opens a device or changes a unit, and so ignores the wheel. Text that does not
+/// fit is elided; the tool tip shows it in full.
 class NoWheelComboBox : public QComboBox
 {
     Q_OBJECT

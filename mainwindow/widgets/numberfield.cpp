@@ -6,7 +6,7 @@ namespace vanto
 namespace
 {
 constexpr QLatin1String LongestValue("-327.68");
-constexpr int DefaultWidthInX = 17; ///< by which QLineEdit measures its own size hint
+constexpr int DefaultWidthInX = 17; ///< number of "x" that the size hint of QLineEdit is based on
 } // namespace
 
 NumberField::NumberField(QWidget* parent) : QLineEdit(parent)

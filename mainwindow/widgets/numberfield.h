@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// A field for one number: right-aligned and just wide enough for the longest value of any
-/// quantity, whatever font and style are in force.
+/// A right-aligned field for one number, just wide enough for the longest value of any quantity in
+/// the current font and style.
 class NumberField : public QLineEdit
 {
     Q_OBJECT

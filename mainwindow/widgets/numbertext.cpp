@@ -9,7 +9,7 @@ namespace vanto
 
 namespace
 {
-float realOf(QString text)
+float parseFloat(QString text)
 {
     return text.replace(QLatin1Char(','), QLatin1Char('.')).toFloat();
 }
@@ -28,27 +28,27 @@ std::uint8_t NumberText::toByte(const QString& text)
 std::int16_t NumberText::toAngle(const QString& text)
 {
     using Limits = std::numeric_limits<std::int16_t>;
-    const float hundredths = realOf(text) * 100;
+    const float hundredths = parseFloat(text) * 100;
     if (std::isnan(hundredths))
         return 0;
     return static_cast<std::int16_t>(
         std::clamp(hundredths, float{Limits::min()}, float{Limits::max()}));
 }
 
-float NumberText::toReal(const QString& text)
+float NumberText::toFloat(const QString& text)
 {
-    const float number = realOf(text);
+    const float number = parseFloat(text);
     return std::isfinite(number) ? number : 0;
 }
 
-QString NumberText::fromReal(double value)
+QString NumberText::fromDouble(double value)
 {
     return QString::number(value, 'f', 2);
 }
 
 QString NumberText::fromAngle(std::int16_t hundredths)
 {
-    return fromReal(hundredths / 100.0);
+    return fromDouble(hundredths / 100.0);
 }
 
 } // namespace vanto

@@ -10,7 +10,7 @@ namespace Program
 {
 inline constexpr const char* Version = "V0.0-103-9fa94a8";
 
-/// The program's name as the user reads it; also the title of every box.
+/// The program's name as shown to the user; also the title of message boxes.
 inline QString title()
 {
     return QCoreApplication::translate("Program", "VantoSetting");

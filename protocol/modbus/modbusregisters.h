@@ -6,13 +6,13 @@ namespace vanto
 {
 
 /// Addresses of the hand's holding registers. Those named after a finger are the first of six, one
-/// for each finger; unless said otherwise a register holds one whole number of 16 bits.
+/// for each finger. Unless noted otherwise, a register holds one 16-bit integer.
 namespace Register
 {
 enum Address : std::uint16_t {
     ProtocolVersion = 1000, ///< major in the high byte, minor in the low byte
     FirmwareVersion = 1001, ///< two registers: major and minor as above, revision
-    HardwareVersion = 1003, ///< the same
+    HardwareVersion = 1003, ///< likewise
     NodeId = 1005,
     NodeError = 1006, ///< low byte
     BatteryVoltage = 1007,
@@ -23,7 +23,7 @@ enum Address : std::uint16_t {
     Calibrate = 1012,     ///< key
     StartInit = 1013,     ///< always 1
     Reset = 1014,         ///< mode
-    PowerOff = 1015,      ///< written with no value at all
+    PowerOff = 1015,      ///< written without a value
 
     FingerUpperLimit = 1020, ///< raw position of logical position 65535
     FingerLowerLimit = 1030, ///< raw position of logical position 0
@@ -47,7 +47,7 @@ enum Address : std::uint16_t {
 };
 
 inline constexpr int ForceBlockSize = 25;
-inline constexpr std::uint16_t Start = 1; ///< what StartInit is written with
+inline constexpr std::uint16_t Start = 1; ///< value written to StartInit
 } // namespace Register
 
 } // namespace vanto

@@ -10,20 +10,20 @@ namespace vanto
 
 /// The master of a Modbus RTU line: reads and writes blocks of holding registers of one slave.
 ///
-/// Every request blocks until the reply has come or the request has failed, while events are
-/// processed. To be used on the user-interface thread only.
+/// Every request processes events until it is answered or has failed. For use on the user-interface
+/// thread only.
 class ModBusRTUClient
 {
 public:
     /// The values are those of QModbusDevice::Error.
     enum Error : unsigned {
         NoError,
-        ReadError, ///< also: the reply held another number of registers than asked for
+        ReadError, ///< also: wrong number of registers in the reply
         WriteError,
         ConnectionError,
         ConfigurationError,
         TimeoutError,
-        ProtocolError, ///< the slave answered with an exception
+        ProtocolError, ///< the slave returned an exception
         ReplyAbortedError,
         UnknownError,
     };
@@ -33,18 +33,18 @@ public:
     ModBusRTUClient(const ModBusRTUClient&) = delete;
     ModBusRTUClient& operator=(const ModBusRTUClient&) = delete;
 
-    /// Opens the named port (UTF-8); true when it is open.
+    /// Opens the named port (UTF-8). Returns true if it is open.
     virtual bool connect(const char* portName, std::uint32_t baudRate) = 0;
     virtual void disconnect() = 0;
 
-    /// On success `values` holds `count` values, otherwise it may be anything.
+    /// On success `values` holds `count` values; otherwise its content is undefined.
     virtual Error readRegisters(std::uint8_t slave, std::uint16_t start, std::uint16_t count,
                                 QList<std::uint16_t>& values) = 0;
     virtual Error writeRegisters(std::uint8_t slave, std::uint16_t start,
                                  const QList<std::uint16_t>& values) = 0;
 
-    /// A client by the name of its implementation, which is "qtmodbus". "libmodbus" is reserved:
-    /// like every other name it yields an empty pointer.
+    /// Creates the client named `name`, which must be "qtmodbus". Any other name, including the
+    /// reserved "libmodbus", returns a null pointer.
     static std::shared_ptr<ModBusRTUClient> create(const char* name);
 };
 

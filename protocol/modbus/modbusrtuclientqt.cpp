@@ -23,16 +23,16 @@ namespace vanto
 namespace
 {
 constexpr int Retries = 1;
-constexpr int LookMs = 5; ///< how often a pause looks whether it still makes sense
+constexpr int AbandonCheckMs = 5; ///< interval of the checks for an abandoned exchange
 
-/// For how long replies may still come to a request that was repeated, from its end on. Reckoned
-/// with hands that take up to three time-outs of a read.
+/// How long replies to a repeated request may still arrive after its end. Allows for hands that
+/// take up to three read time-outs to answer.
 int settlingMs(bool isWrite, bool mayBeStale)
 {
     const ReplyLimits& limits = ReplyLimits::current();
     if (isWrite)
         return limits.modbusWrite;
-    // An earlier request may have got this reply, and then its own is still on its way.
+    // This reply may belong to an earlier request; then the request's own reply is still to come.
     return mayBeStale ? 3 * limits.modbusRead : 2 * limits.modbusRead;
 }
 
@@ -48,13 +48,13 @@ struct ModBusRTUClientQT::Reply {
     QModbusDevice::Error error = QModbusDevice::NoError;
     QString errorText;
     Registers values;
-    QByteArray data{}; ///< of the frame, for the trace
+    QByteArray data{}; ///< data of the frame, for the trace
 };
 
-/// Waits for the reply and disposes of it. The wait also ends when the application quits or the
-/// client is destroyed; what is unfinished then has failed. `waiting` counts the waits.
-ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
-                                                 std::shared_ptr<int> waiting)
+/// Waits for the reply and deletes it. The wait also ends when the application quits or the client
+/// is destroyed; an unfinished reply then counts as failed. `waiting` counts the nested waits.
+ModBusRTUClientQT::Reply ModBusRTUClientQT::waitForReply(QModbusReply* pending,
+                                                         std::shared_ptr<int> waiting)
 {
     const QPointer<QModbusReply> reply(pending);
     if (!reply->isFinished()) {
@@ -77,8 +77,7 @@ ModBusRTUClientQT::Reply ModBusRTUClientQT::take(QModbusReply* pending,
 
 ModBusRTUClientQT::ModBusRTUClientQT()
 {
-    // Qt warns of every frame that is damaged or late. Those are failures of requests, and told of
-    // as such.
+    // Qt warns of every damaged or late frame. They are reported as failures of their requests.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus.warning=false"));
     renewClient();
 }
@@ -111,13 +110,13 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
     if (!m_client->connectDevice())
         return false;
     m_opening.advance();
-    m_watch.opened(qobject_cast<QSerialPort*>(m_client->device()));
+    m_watch.start(qobject_cast<QSerialPort*>(m_client->device()));
     return true;
 }
 
 void ModBusRTUClientQT::disconnect()
 {
-    m_watch.closed();
+    m_watch.stop();
     m_client->disconnectDevice();
     renewClient();
 }
@@ -143,8 +142,8 @@ ModBusRTUClient::Error ModBusRTUClientQT::writeRegisters(std::uint8_t slave, std
     return exchange({slave, start, true, values}, reply);
 }
 
-/// The function by which the Qt client reads and writes.
-QModbusPdu::FunctionCode ModBusRTUClientQT::functionOf(const Request& request)
+/// The function code that the Qt client uses for the request.
+QModbusPdu::FunctionCode ModBusRTUClientQT::functionCode(const Request& request)
 {
     if (!request.isWrite)
         return QModbusPdu::ReadHoldingRegisters;
@@ -152,9 +151,9 @@ QModbusPdu::FunctionCode ModBusRTUClientQT::functionOf(const Request& request)
                                       : QModbusPdu::WriteMultipleRegisters;
 }
 
-QModbusRequest ModBusRTUClientQT::pduOf(const Request& request)
+QModbusRequest ModBusRTUClientQT::toPdu(const Request& request)
 {
-    const auto function = functionOf(request);
+    const auto function = functionCode(request);
     const auto count = static_cast<std::uint16_t>(request.values.size());
     if (function == QModbusPdu::ReadHoldingRegisters)
         return QModbusRequest(function, request.start, count);
@@ -167,7 +166,7 @@ QModbusRequest ModBusRTUClientQT::pduOf(const Request& request)
 QModbusReply* ModBusRTUClientQT::send(const Request& request)
 {
     if (ModbusTrace::log().isDebugEnabled())
-        ModbusTrace::request(request.slave, functionOf(request), pduOf(request).data());
+        ModbusTrace::request(request.slave, functionCode(request), toPdu(request).data());
     const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
     return request.isWrite ? m_client->sendWriteRequest(registers, request.slave)
                            : m_client->sendReadRequest(registers, request.slave);
@@ -177,7 +176,7 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
 {
     const ReplyLimits& limits = ReplyLimits::current();
     const int timeoutMs = request.isWrite ? limits.modbusWrite : limits.modbusRead;
-    if (!makeReady(request, timeoutMs))
+    if (!prepareRequest(request, timeoutMs))
         return ConnectionError;
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
     if (Exchange::abandoned())
@@ -185,8 +184,8 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
     QElapsedTimer timer;
     timer.start();
-    // A write may move a finger, and somebody may want the hand to stop meanwhile; the Qt client's
-    // own repetition could not be held back.
+    // A write may move a finger, and the user may stop the hand meanwhile. The Qt client's own
+    // retry could not be prevented.
     m_client->setNumberOfRetries(request.isWrite ? 0 : Retries);
     const int tries = request.isWrite ? 1 + Retries : 1;
     for (int i = 0; i < tries; ++i) {
@@ -195,9 +194,9 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
             qDebug().noquote() << m_client->errorString();
             return translateError(m_client->error());
         }
-        reply = take(pending, m_waiting);
+        reply = waitForReply(pending, m_waiting);
         if (ModbusTrace::log().isDebugEnabled())
-            ModbusTrace::reply(request.slave, functionOf(request), reply.data, reply.error);
+            ModbusTrace::reply(request.slave, functionCode(request), reply.data, reply.error);
         if (reply.error != QModbusDevice::TimeoutError || !alive || Exchange::abandoned())
             break;
     }
@@ -220,12 +219,12 @@ ModBusRTUClient::Error ModBusRTUClientQT::translateError(QModbusDevice::Error e)
     return static_cast<Error>(std::min<int>(e, UnknownError));
 }
 
-/// False, with the reason on the log, if nothing can be sent; the Qt client would warn.
-bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
+/// Returns false and logs the reason if nothing can be sent; the Qt client would warn.
+bool ModBusRTUClientQT::prepareRequest(const Request& request, int timeoutMs)
 {
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
     const Generation::Token opening = m_opening.token();
-    waitForStragglers(request);
+    waitForLateReplies(request);
     if (!alive)
         return false;
     m_client->setTimeout(timeoutMs);
@@ -233,39 +232,39 @@ bool ModBusRTUClientQT::makeReady(const Request& request, int timeoutMs)
         qDebug("Device not connected.");
         return false;
     }
-    // A late reply to an earlier request must not pass for the answer to this one; but what comes
-    // for a request that is still waiting, further down the stack, has to stay.
+    // A late reply to an earlier request must not be taken for the reply to this one. Input for
+    // requests that still wait, deeper in the stack, must be kept.
     auto* const port = qobject_cast<QSerialPort*>(m_client->device());
     if (port && port->isOpen() && *m_waiting == 0)
         port->clear(QSerialPort::Input);
     return true;
 }
 
-void ModBusRTUClientQT::waitForStragglers(const Request& next)
+void ModBusRTUClientQT::waitForLateReplies(const Request& next)
 {
     if (m_unsettledUntil.hasExpired() || next.slave != m_unsettled.slave || next == m_unsettled)
         return;
     QEventLoop loop;
     QTimer::singleShot(static_cast<int>(m_unsettledUntil.remainingTime()), Qt::PreciseTimer, &loop,
                        &QEventLoop::quit);
-    QTimer look;
+    QTimer checkTimer;
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
-    QObject::connect(&look, &QTimer::timeout, &loop, [&loop, &alive] {
+    QObject::connect(&checkTimer, &QTimer::timeout, &loop, [&loop, &alive] {
         if (!alive || Exchange::abandoned())
             loop.quit();
     });
-    look.start(LookMs);
+    checkTimer.start(AbandonCheckMs);
     loop.exec();
 }
 
 void ModBusRTUClientQT::handleError(QModbusDevice::Error error)
 {
-    // A request that cannot be sent is no fault of the line.
+    // A request that cannot be sent is not a failure of the line.
     const bool lineFailed = error == QModbusDevice::ReadError ||
                             error == QModbusDevice::WriteError ||
                             error == QModbusDevice::ConnectionError;
     if (lineFailed)
-        m_watch.failed();
+        m_watch.closeLater();
 }
 
 } // namespace vanto

@@ -16,12 +16,11 @@ namespace vanto
 
 /// ModBusRTUClient over QModbusRtuSerialClient: 8 data bits, no parity, one stop bit.
 ///
-/// A client whose port has lost its far end disconnects itself, see PortWatch; requests then fail
-/// at once.
+/// Disconnects when the far end of the port disappears, see PortWatch. Requests then fail at once.
 ///
-/// A reply carries no number. After a request that had to be repeated or was given up, a reply to
-/// it may still be on its way, and the Qt client would take it for the answer to the next request.
-/// So the next, different request to that slave waits until that is unlikely and drops what came.
+/// Replies carry no sequence number. After a request that was repeated or given up, a reply to it
+/// may still arrive, and the Qt client would take it for the reply to the next request. So the next
+/// different request to that slave waits until this is unlikely and discards the input.
 class ModBusRTUClientQT : public ModBusRTUClient
 {
 public:
@@ -42,31 +41,31 @@ private:
         std::uint8_t slave;
         std::uint16_t start;
         bool isWrite;
-        QList<std::uint16_t> values; ///< of a read as many zeros as registers are asked for
+        QList<std::uint16_t> values; ///< for a read, one zero for each register
 
         bool operator==(const Request&) const = default;
     };
     struct Reply;
 
-    static Reply take(QModbusReply* pending, std::shared_ptr<int> waiting);
-    static QModbusPdu::FunctionCode functionOf(const Request& request);
-    static QModbusRequest pduOf(const Request& request);
+    static Reply waitForReply(QModbusReply* pending, std::shared_ptr<int> waiting);
+    static QModbusPdu::FunctionCode functionCode(const Request& request);
+    static QModbusRequest toPdu(const Request& request);
     QModbusReply* send(const Request& request);
     Error exchange(const Request& request, Reply& reply);
-    bool makeReady(const Request& request, int timeoutMs);
-    void waitForStragglers(const Request& next);
+    bool prepareRequest(const Request& request, int timeoutMs);
+    void waitForLateReplies(const Request& next);
     void handleError(QModbusDevice::Error error);
     void renewClient();
 
-    QObject m_context; ///< of what is to be called later
+    QObject m_context; ///< context of the connections
     PortWatch m_watch{[this] { disconnect(); }};
-    /// Replaced at every disconnection: the old one may still have a turn of its queue scheduled,
-    /// which would touch the closed port, or that of the next connection.
+    /// Replaced on every disconnection: the old client may have scheduled work that would access
+    /// the closed port, or the port of the next connection.
     std::unique_ptr<QModbusRtuSerialClient> m_client;
-    /// Requests that wait, one below the other on the stack; outlives the client for their sake.
+    /// Number of requests that wait on the stack. Shared, because the waits may outlive the client.
     std::shared_ptr<int> m_waiting = std::make_shared<int>(0);
     Generation m_opening;
-    Request m_unsettled{}; ///< a request to which late replies may come
+    Request m_unsettled{}; ///< request to which late replies may arrive
     QDeadlineTimer m_unsettledUntil{0};
 };
 

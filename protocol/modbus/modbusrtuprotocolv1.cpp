@@ -13,7 +13,7 @@ namespace vanto
 
 namespace
 {
-constexpr int PresetWindow = 1024; ///< to either side of a preset
+constexpr int PresetTolerance = 1024; ///< on either side of a preset
 constexpr std::uint8_t NoPreset = 255;
 
 template<class T>
@@ -23,20 +23,21 @@ void store(T* output, unsigned value)
         *output = static_cast<T>(value);
 }
 
-/// A register with the major version in its high byte, and for the longer form one more with the
-/// revision.
+/// Reads a register with the major version in its high byte and, in the longer form, a second one
+/// with the revision.
 std::uint8_t readVersion(RegisterAccess&& access, int address, std::uint8_t* major,
                          std::uint8_t* minor, std::uint16_t* revision, std::uint16_t count)
 {
     std::array<std::uint16_t, 2> words{};
-    if (!access.read(address, words.data(), count).good())
+    if (!access.read(address, words.data(), count).succeeded())
         return access.result();
     store(major, words[0] >> 8U);
     store(minor, words[0] & 0xFFU);
     store(revision, words[1]);
     return ResultCode::Success;
 }
-/// The registers of the four gains, each with what it is read into or written with.
+
+/// The registers of the four gains, each with its output or value.
 template<class T>
 std::array<std::pair<int, T>, 4> gains(T p, T i, T d, T g)
 {
@@ -79,7 +80,7 @@ RegisterAccess ModBusRTUProtocolV1::access(u8 node) const
 u8 ModBusRTUProtocolV1::getNodeError(u8 node)
 {
     u8 error = 0;
-    return access(node).read(Register::NodeError, &error).good() ? error : Failed;
+    return access(node).read(Register::NodeError, &error).succeeded() ? error : Failed;
 }
 
 u8 ModBusRTUProtocolV1::getProtocolVersion(u8 node, u8* major, u8* minor)
@@ -112,7 +113,7 @@ u8 ModBusRTUProtocolV1::getFingerPID(u8 node, u8 finger, float* p, float* i, flo
     auto requests = access(node);
     for (const auto& [address, output] : gains(p, i, d, g)) {
         u16 value = 0;
-        if (!requests.read(address + finger, &value).good())
+        if (!requests.read(address + finger, &value).succeeded())
             break;
         if (output)
             *output = gainFromRegister(value);
@@ -185,12 +186,12 @@ u8 ModBusRTUProtocolV1::getThumbRootPos(u8 node, u16* position, u8* index)
     if (presets[0] == 0)
         requests.read(Register::ThumbRootPreset, presets.data(), PresetCount);
     u16 actual = 0;
-    if (!requests.read(Register::ThumbRootPosition, &actual).good())
+    if (!requests.read(Register::ThumbRootPosition, &actual).succeeded())
         return requests.result();
-    const auto near = std::ranges::find_if(
-        presets, [actual](u16 preset) { return std::abs(preset - actual) <= PresetWindow; });
+    const auto match = std::ranges::find_if(
+        presets, [actual](u16 preset) { return std::abs(preset - actual) <= PresetTolerance; });
     store(position, actual);
-    store(index, near == presets.end() ? NoPreset : static_cast<u8>(near - presets.begin()));
+    store(index, match == presets.end() ? NoPreset : static_cast<u8>(match - presets.begin()));
     return requests.result();
 }
 
@@ -259,8 +260,8 @@ u8 ModBusRTUProtocolV1::reset(u8 node, u8 mode)
 
 u8 ModBusRTUProtocolV1::powerOff(u8 node)
 {
-    constexpr const u16* nothing = nullptr;
-    return access(node).writeAll(Register::PowerOff, nothing, 0).result();
+    constexpr const u16* noValues = nullptr;
+    return access(node).writeAll(Register::PowerOff, noValues, 0).result();
 }
 
 u8 ModBusRTUProtocolV1::setID(u8 node, u8 newNode)
@@ -384,19 +385,18 @@ u8 ModBusRTUProtocolV1::startInit(u8 node)
     return access(node).write(Register::StartInit, Register::Start).result();
 }
 
-/// From the caches, which are filled as far as they are needed. What a request that failed has not
-/// brought is 0.
+/// Reads what the caches do not hold yet. A limit that could not be read is 0.
 PositionLimits ModBusRTUProtocolV1::limits(RegisterAccess& requests, u8 node, u8 finger)
 {
-    const auto known = [&](int address, auto& cache) {
-        u16 beyondFingers = 0; // not kept
-        u16& limit = finger < FingerCount ? cache[node][finger] : beyondFingers;
+    const auto cachedLimit = [&](int address, auto& cache) {
+        u16 uncached = 0; // for an index beyond the fingers
+        u16& limit = finger < FingerCount ? cache[node][finger] : uncached;
         if (limit == 0)
             requests.read(address + finger, &limit);
         return limit;
     };
-    const u16 lower = known(Register::FingerLowerLimit, m_lowerLimits);
-    return {lower, known(Register::FingerUpperLimit, m_upperLimits)};
+    const u16 lower = cachedLimit(Register::FingerLowerLimit, m_lowerLimits);
+    return {lower, cachedLimit(Register::FingerUpperLimit, m_upperLimits)};
 }
 
 std::vector<PositionLimits> ModBusRTUProtocolV1::allLimits(RegisterAccess& requests, u8 node,

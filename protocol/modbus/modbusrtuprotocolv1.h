@@ -14,13 +14,12 @@ namespace vanto
 
 class RegisterAccess;
 
-/// The adapter for hands that speak Modbus-RTU, register map version 1. The node is the slave's
-/// address; every operation is one or more reads or writes of holding registers, of which the
-/// first failure ends it. Outputs are written when all reads have succeeded; only getFingerPID()
-/// keeps the gains that it has read before a failure.
+/// The adapter for Modbus RTU hands, register map version 1. The node is the slave address. Every
+/// operation reads or writes holding registers and ends at the first failure. Outputs are written
+/// when all reads have succeeded; only getFingerPID() keeps gains that it read before a failure.
 ///
-/// Limits and presets that an operation converts by are read once from each node and then kept for
-/// the life of the adapter, whatever is written to the hand.
+/// Limits and presets used for conversions are read once from each node and cached for the lifetime
+/// of the adapter, whatever is written to the hand.
 class ModBusRTUProtocolV1 : public VantoProtocol
 {
 public:
@@ -29,9 +28,9 @@ public:
     using u32 = std::uint32_t;
     using s16 = std::int16_t;
 
-    /// Results of this adapter, besides those that are the same for all.
-    static constexpr u8 NoAnswer = 0x10; ///< not connected, refused by an exception, aborted
-    static constexpr u8 Failed = 0xFF;   ///< reading or writing failed, or there is no register
+    /// Results of this adapter, besides those common to all adapters.
+    static constexpr u8 NoAnswer = 0x10; ///< not connected, refused with an exception, aborted
+    static constexpr u8 Failed = 0xFF;   ///< read or write failed, or no such register
 
     ModBusRTUProtocolV1();
 
@@ -42,7 +41,7 @@ public:
     bool connect(const char* portName, std::uint32_t baudRate) override;
     void disconnect() override;
 
-    /// Unlike the other adapter's, a request of its own; Failed when it fails.
+    /// Unlike the SerialCtrl adapter, sends a request of its own; returns Failed if that fails.
     u8 getNodeError(u8 node) override;
     static u8 translateError(ModBusRTUClient::Error error);
 
@@ -61,7 +60,7 @@ private:
     std::shared_ptr<ModBusRTUClient> m_client;
     PerNode<u16, FingerCount> m_lowerLimits{};      ///< 0: not known
     PerNode<u16, FingerCount> m_upperLimits{};      ///< 0: not known
-    PerNode<u16, PresetCount> m_thumbRootPresets{}; ///< the first being 0: not known
+    PerNode<u16, PresetCount> m_thumbRootPresets{}; ///< first one 0: not known
 };
 
 } // namespace vanto

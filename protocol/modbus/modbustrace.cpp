@@ -15,7 +15,7 @@ constexpr std::uint16_t CrcStart = 0xFFFF;
 constexpr std::uint16_t CrcPolynomial = 0xA001; ///< 0x8005, lowest bit first
 
 /// The frame as it is on the wire: address, function, data, CRC with its low byte first.
-QByteArray frameOf(std::uint8_t slave, int function, const QByteArray& data)
+QByteArray buildFrame(std::uint8_t slave, int function, const QByteArray& data)
 {
     QByteArray frame(1, static_cast<char>(slave));
     frame += static_cast<char>(function);
@@ -44,14 +44,14 @@ const QLoggingCategory& ModbusTrace::log()
 
 void ModbusTrace::request(std::uint8_t slave, int function, const QByteArray& data)
 {
-    qCDebug(traceLog).noquote() << now() << "tx" << frameOf(slave, function, data).toHex(' ');
+    qCDebug(traceLog).noquote() << now() << "tx" << buildFrame(slave, function, data).toHex(' ');
 }
 
 void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data, int error)
 {
     const int exception = error == QModbusDevice::ProtocolError ? QModbusPdu::ExceptionByte : 0;
     const QByteArray frame =
-        data.isEmpty() ? QByteArray() : frameOf(slave, function | exception, data);
+        data.isEmpty() ? QByteArray() : buildFrame(slave, function | exception, data);
     qCDebug(traceLog).noquote() << now() << "rx" << frame.toHex(' ') << "error" << error;
 }
 

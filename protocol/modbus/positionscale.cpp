@@ -12,7 +12,7 @@ namespace
 constexpr std::uint16_t FullRange = 65535;
 constexpr std::uint8_t FullSpeed = 255;
 constexpr double GainScale = 100.0;
-/// A float holds hundredths only nearly: without it 0.29 would be stored as 0.28.
+/// Compensates for the inexact float: without it 0.29 would be stored as 0.28.
 constexpr double FloatRounding = 1 + 0x1p-23;
 } // namespace
 
@@ -28,7 +28,7 @@ std::uint16_t PositionLimits::toLogical(std::uint16_t absolute) const
 {
     if (lower == 0 || upper == FullRange || lower == upper)
         return absolute;
-    // The product is one of 32 bits, signed, and wraps.
+    // The product wraps around at 32 bits, signed.
     const std::uint32_t distance = std::uint32_t{absolute} - lower;
     const auto product = static_cast<std::int32_t>(distance * FullRange);
     const double logical = static_cast<double>(product) / (upper - lower);

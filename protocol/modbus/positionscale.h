@@ -5,23 +5,23 @@
 namespace vanto
 {
 
-/// Conversions between what the operations take and what the registers hold.
+// Conversions between values of operations and values of registers.
 
-/// Raw positions at which a finger's logical positions 0 and 65535 lie. A lower limit of 0 means
-/// that there is nothing to convert by.
+/// Raw positions of a finger's logical positions 0 and 65535. With a lower limit of 0 nothing is
+/// converted.
 struct PositionLimits {
     std::uint16_t lower = 0;
     std::uint16_t upper = 0;
 
     std::uint16_t toAbsolute(std::uint16_t logical) const;
-    /// Truncates. A position outside the limits is not clamped, it wraps around in 16 bits.
+    /// Truncates. A position outside the limits is not clamped but wraps around at 16 bits.
     std::uint16_t toLogical(std::uint16_t absolute) const;
 };
 
-/// Speeds 0..255 span the whole register.
+/// Maps 0..255 to the full range of the register.
 std::uint16_t speedToRegister(std::uint8_t speed);
 
-/// Gains in hundredths, truncated, of which the register takes the low 16 bits.
+/// Hundredths, truncated; only the low 16 bits are kept.
 std::uint16_t gainToRegister(float gain);
 float gainFromRegister(std::uint16_t value);
 

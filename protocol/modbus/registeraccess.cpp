@@ -8,41 +8,41 @@
 namespace vanto
 {
 
-bool RegisterAccess::good() const
+bool RegisterAccess::succeeded() const
 {
     return m_result == ResultCode::Success;
 }
 
 std::uint8_t RegisterAccess::result() const
 {
-    if (good())
+    if (succeeded())
         for (const auto& write : m_outputs)
             write();
     return m_result;
 }
 
-bool RegisterAccess::goesOn()
+bool RegisterAccess::canContinue()
 {
     if (Exchange::abandoned())
         m_result = ModBusRTUProtocolV1::translateError(ModBusRTUClient::ReplyAbortedError);
-    return good();
+    return succeeded();
 }
 
 QList<std::uint16_t> RegisterAccess::fetch(int address, std::uint16_t count)
 {
     QList<std::uint16_t> values;
-    if (!goesOn())
+    if (!canContinue())
         return values;
     m_result = ModBusRTUProtocolV1::translateError(
         m_client->readRegisters(m_node, static_cast<std::uint16_t>(address), count, values));
-    if (good() && values.size() != count)
+    if (succeeded() && values.size() != count)
         m_result = ModBusRTUProtocolV1::Failed;
-    return good() ? values : QList<std::uint16_t>();
+    return succeeded() ? values : QList<std::uint16_t>();
 }
 
 void RegisterAccess::send(int address, const QList<std::uint16_t>& values)
 {
-    if (!goesOn())
+    if (!canContinue())
         return;
     m_result = ModBusRTUProtocolV1::translateError(
         m_client->writeRegisters(m_node, static_cast<std::uint16_t>(address), values));

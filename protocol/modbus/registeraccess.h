@@ -12,10 +12,10 @@
 namespace vanto
 {
 
-/// The requests of one adapter operation, in a row. The first one that fails decides the result,
-/// and those after it are not sent.
+/// The requests of one adapter operation, in sequence. The first failure determines the result, and
+/// no further request is sent.
 ///
-/// Keeps the client alive, so that the adapter may be disconnected in the middle.
+/// Keeps the client alive, so that the adapter can be disconnected during the operation.
 class RegisterAccess
 {
 public:
@@ -24,18 +24,18 @@ public:
     {
     }
 
-    /// Reads what the operation itself needs; `values` are written at once.
+    /// Reads registers that the operation itself needs; `values` are written at once.
     template<class T>
     RegisterAccess& read(int address, T* values, std::uint16_t count = 1)
     {
         const QList<std::uint16_t> received = fetch(address, count);
-        for (std::uint16_t i = 0; good() && i < count; ++i)
+        for (std::uint16_t i = 0; succeeded() && i < count; ++i)
             values[i] = static_cast<T>(received[i]);
         return *this;
     }
 
-    /// Reads an output of the operation, which result() writes if all requests have succeeded. It
-    /// may be null. `convert` makes a value of its index and the register.
+    /// Reads an output of the operation, which result() writes if all requests have succeeded.
+    /// `values` may be null. `convert` takes the index and the content of a register.
     template<class T, class Convert>
     RegisterAccess& output(int address, T* values, std::uint16_t count, Convert convert)
     {
@@ -66,7 +66,7 @@ public:
         return *this;
     }
 
-    /// The speed of the fingers goes first: the target sets them in motion.
+    /// Writes the speeds first: writing the targets starts the motion.
     template<class T>
     RegisterAccess& move(std::uint8_t firstFinger, int targetAddress, const T* targets,
                          const std::uint8_t* speeds, std::uint8_t count)
@@ -75,19 +75,19 @@ public:
         return writeAll(targetAddress + firstFinger, targets, count);
     }
 
-    bool good() const;
-    /// Writes the outputs, if all requests have succeeded.
+    bool succeeded() const;
+    /// Writes the outputs if all requests have succeeded.
     std::uint8_t result() const;
 
 private:
-    /// Whether the next request is to be sent.
-    bool goesOn();
+    /// Whether the next request may be sent.
+    bool canContinue();
     /// Empty once a request has failed.
     QList<std::uint16_t> fetch(int address, std::uint16_t count);
     void send(int address, const QList<std::uint16_t>& values);
     void sendSpeeds(std::uint8_t firstFinger, const std::uint8_t* speeds, std::uint8_t count);
 
-    Exchange m_onlyOne;
+    Exchange m_exchange;
     std::vector<std::function<void()>> m_outputs;
     std::shared_ptr<ModBusRTUClient> m_client;
     std::uint8_t m_node;

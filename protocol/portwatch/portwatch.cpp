@@ -17,7 +17,7 @@ namespace vanto
 
 namespace
 {
-constexpr int CheckMs = 200;
+constexpr int CheckIntervalMs = 200;
 
 #ifdef Q_OS_UNIX
 bool canBeChecked(const QSerialPort&)
@@ -27,12 +27,12 @@ bool canBeChecked(const QSerialPort&)
 
 bool hasHungUp(const QSerialPort& port)
 {
-    // POLLHUP, POLLERR and POLLNVAL are reported without being asked for.
+    // POLLHUP, POLLERR and POLLNVAL are reported without being requested.
     pollfd descriptor{port.handle(), 0, 0};
     return poll(&descriptor, 1, 0) > 0;
 }
 #else
-/// A port that the system does not list from the start cannot vanish from its list.
+/// A port that the system never listed cannot disappear from its list.
 bool canBeChecked(const QSerialPort& port)
 {
     const auto ports = QSerialPortInfo::availablePorts();
@@ -50,11 +50,11 @@ bool hasHungUp(const QSerialPort& port)
 
 PortWatch::PortWatch(std::function<void()> close) : m_close(std::move(close))
 {
-    m_timer.setInterval(CheckMs);
+    m_timer.setInterval(CheckIntervalMs);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { check(); });
 }
 
-void PortWatch::opened(const QSerialPort* port)
+void PortWatch::start(const QSerialPort* port)
 {
     m_opening.advance();
     m_closing = false;
@@ -63,7 +63,7 @@ void PortWatch::opened(const QSerialPort* port)
         m_timer.start();
 }
 
-void PortWatch::closed()
+void PortWatch::stop()
 {
     m_opening.advance();
     m_port = nullptr;
@@ -75,10 +75,10 @@ void PortWatch::check()
     if (!m_port || !m_port->isOpen())
         m_timer.stop();
     else if (hasHungUp(*m_port))
-        failed();
+        closeLater();
 }
 
-void PortWatch::failed()
+void PortWatch::closeLater()
 {
     if (!m_port || m_closing)
         return;

@@ -61,20 +61,21 @@ constexpr std::size_t CaliDataCapacity = 30;
 constexpr std::size_t ForceCapacity = 33;
 constexpr std::size_t AllFingersCapacity = 24;
 
-/// Sizes of a reply payload in bytes: the room for it, and the least that the command needs.
+/// Sizes of a reply payload in bytes: the capacity, and the minimum that the command requires.
 struct ReplySize {
     std::size_t capacity;
     std::size_t layout;
 };
 
-/// Who is asked, and where a refusal's error number goes.
+/// The hand, and the output for its error number.
 struct Link {
     HAND_Context* context;
     u8 node;
     u8* subError;
 };
 
-/// One request and its reply; `unpack` gets the payload of a good reply and returns the result.
+/// One request and its reply; `unpack` receives the payload of a successful reply and returns the
+/// result.
 template<class Unpack>
 u32 exchange(const Link& link, Command command, const RequestPayload& request, ReplySize size,
              Unpack unpack)
@@ -94,7 +95,7 @@ u32 exchange(const Link& link, Command command, const RequestPayload& request, R
     return unpack(ReplyPayload(std::span(reply).first(length)));
 }
 
-/// A reading without arguments whose reply is the outputs in their order.
+/// A read command without arguments; the reply holds the outputs in order.
 template<class... Out>
 u32 read(const Link& link, Command command, Out*... outputs)
 {
@@ -105,7 +106,7 @@ u32 read(const Link& link, Command command, Out*... outputs)
     });
 }
 
-/// A reading of one finger; the reply begins with the finger's index.
+/// A read command for one finger; the reply begins with the finger's index.
 template<class... Out>
 u32 readFinger(const Link& link, Command command, u8 finger, Out*... outputs)
 {
@@ -119,7 +120,7 @@ u32 readFinger(const Link& link, Command command, u8 finger, Out*... outputs)
                     });
 }
 
-/// A reading of the targets and the present values of the first `count` fingers.
+/// Reads the target and current values of the first `count` fingers.
 template<class T>
 u32 readAll(const Link& link, Command command, T* targets, T* currents, u8 count)
 {
@@ -142,7 +143,7 @@ u32 finish(const Link& link, Command command, const RequestPayload& request)
                             nullptr, link.subError);
 }
 
-/// A command whose payload is its arguments in their order.
+/// A command whose payload is its arguments in order.
 template<class... In>
 u32 write(const Link& link, Command command, In... arguments)
 {
@@ -151,7 +152,7 @@ u32 write(const Link& link, Command command, In... arguments)
     return finish(link, command, request);
 }
 
-/// The movement of the first `count` fingers: value and speed of each in turn.
+/// Moves the first `count` fingers; the payload holds value and speed of each in turn.
 template<class T>
 u32 writeAll(const Link& link, Command command, const T* values, const u8* speeds, u8 count)
 {
@@ -354,7 +355,7 @@ u32 HAND_SetCaliData(HAND_Context* c, u8 node, const u16* firstRange, const u16*
 {
     const std::size_t length = 2 + sizeof(u16) * (2U * fingerCount + thumbRootCount);
     if (length > HAND_MAX_REQUEST_PAYLOAD)
-        return HAND_SendCmd(c, node, SetCaliData, nullptr, length); // refused; arrays not touched
+        return HAND_SendCmd(c, node, SetCaliData, nullptr, length); // refused, arrays not read
     RequestPayload request;
     request.put(static_cast<u8>(fingerCount));
     request.put(std::span(firstRange, fingerCount)).put(std::span(secondRange, fingerCount));

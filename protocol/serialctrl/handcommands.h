@@ -5,12 +5,11 @@
 namespace vanto
 {
 
-// VantoSerialAPI, command set: one function per command of the hand. Each sends one request and
-// waits for its reply with the context's time-out. Outputs are written only when the result is
-// HAND_SUCCESS; null outputs are passed over. `node` HAND_ANY_NODE accepts a reply from any node.
-// A reply that is shorter than the command's layout, or that echoes another finger, gives
-// HAND_BAD_ARGUMENT. `subError` (may be null) receives the hand's own error number with
-// HAND_REFUSED.
+// VantoSerialAPI, command set: one function for each command of the hand. Each sends one request
+// and waits for its reply with the time-out of the context. Outputs are written only if the result
+// is HAND_SUCCESS; null outputs are skipped. `node` HAND_ANY_NODE accepts a reply from any node. A
+// reply that is shorter than the layout of the command, or echoes another finger, gives
+// HAND_BAD_ARGUMENT. With HAND_REFUSED, `subError` (may be null) receives the hand's error number.
 
 using u8 = std::uint8_t;
 using u16 = std::uint16_t;
@@ -71,14 +70,14 @@ u32 HAND_FingerStop(HAND_Context*, u8 node, u8 mask, u8* subError);
 u32 HAND_SetFingerPosAbs(HAND_Context*, u8 node, u8 finger, u16 position, u8 speed, u8* subError);
 u32 HAND_SetFingerPos(HAND_Context*, u8 node, u8 finger, u16 position, u8 speed, u8* subError);
 u32 HAND_SetFingerAngle(HAND_Context*, u8 node, u8 finger, s16 angle, u8 speed, u8* subError);
-/// More than 6 fingers give HAND_BAD_ARGUMENT before anything else is looked at.
+/// More than 6 fingers give HAND_BAD_ARGUMENT before anything else is checked.
 u32 HAND_SetFingerPosAbsAll(HAND_Context*, u8 node, const u16* positions, const u8* speeds,
                             u8 count, u8* subError);
 u32 HAND_SetFingerPosAll(HAND_Context*, u8 node, const u16* positions, const u8* speeds, u8 count,
                          u8* subError);
 u32 HAND_SetFingerAngleAll(HAND_Context*, u8 node, const s16* angles, const u8* speeds, u8 count,
                            u8* subError);
-/// Sends `length` bytes of `buffer` and puts the reply's payload in their place. `replyLength`:
+/// Sends `length` bytes of `buffer` and overwrites them with the reply's payload. `replyLength`:
 /// capacity of `buffer` in, received length out.
 u32 HAND_SetCustom(HAND_Context*, u8 node, u8* buffer, u8 length, u8* replyLength, u8* subError);
 u32 HAND_SetSelfTestLevel(HAND_Context*, u8 node, u8 level, u8* subError);

@@ -13,7 +13,7 @@ namespace vanto
 
 // Packing of request payloads and unpacking of reply payloads; both little-endian.
 
-/// A number as it stands on the wire: integers of 1, 2 or 4 bytes and single-precision floats.
+/// A number in its wire format: integers of 1, 2 or 4 bytes and single-precision floats.
 template<class T>
 concept WireNumber = std::integral<T> || std::same_as<T, float>;
 
@@ -22,8 +22,8 @@ using WireBits =
     std::conditional_t<sizeof(T) == 1, std::uint8_t,
                        std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint32_t>>;
 
-/// The payload of one request. It counts what is put in also beyond its room, so that the
-/// length check sees the full length.
+/// The payload of one request. size() also counts bytes beyond the capacity, so that the length
+/// check sees the full length.
 class RequestPayload
 {
 public:
@@ -75,7 +75,7 @@ public:
         return std::bit_cast<T>(bits);
     }
 
-    /// A null output is passed over.
+    /// A null output is skipped.
     template<WireNumber T>
     void take(T* output)
     {

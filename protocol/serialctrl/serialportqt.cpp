@@ -46,13 +46,13 @@ bool SerialPortQT::open(const char* name, std::uint32_t baudRate)
     m_port.setFlowControl(QSerialPort::NoFlowControl);
     if (!m_port.open(QIODevice::ReadWrite))
         return false;
-    m_watch.opened(&m_port);
+    m_watch.start(&m_port);
     return true;
 }
 
 void SerialPortQT::close()
 {
-    m_watch.closed();
+    m_watch.stop();
     if (m_port.isOpen())
         m_port.close();
 }
@@ -66,7 +66,7 @@ void SerialPortQT::clear()
 void SerialPortQT::handleError(QSerialPort::SerialPortError error)
 {
     if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError)
-        m_watch.failed();
+        m_watch.closeLater();
 }
 
 } // namespace vanto

@@ -10,8 +10,8 @@ namespace vanto
 
 /// SerialPort over QSerialPort: 8 data bits, no parity, one stop bit, no flow control.
 ///
-/// A port whose far end has gone closes itself, see PortWatch; operations on it then fail at once
-/// and its users run into their ordinary time-outs.
+/// Closes itself when the far end disappears, see PortWatch. Operations then fail at once, and
+/// callers end in their usual time-outs.
 class SerialPortQT : public SerialPort
 {
 public:

@@ -14,9 +14,9 @@ namespace vanto
 
 namespace
 {
-/// Each frame with time, direction and, for a reply, the result.
+/// Logs each frame with its time, direction and, for a reply, result.
 Q_LOGGING_CATEGORY(traceLog, "vanto.serialctrl", QtWarningMsg)
-QByteArray s_traced; ///< what has come in since the request, if that is logged
+QByteArray s_receivedBytes; ///< bytes received since the request, if logging is enabled
 
 QString traceTime()
 {
@@ -38,7 +38,7 @@ SerialPort& portOf(const HAND_Context* context)
 int SendData(u8 /*node*/, const u8* data, u32 length, HAND_Context* context)
 {
     auto& port = portOf(context);
-    // A late reply to an earlier request must not pass for the answer to this one.
+    // A late reply to an earlier request must not be taken for the reply to this one.
     port.clear();
     qCDebug(traceLog).noquote() << traceTime() << "tx"
                                 << QByteArray(reinterpret_cast<const char*>(data),
@@ -53,7 +53,7 @@ int RecvData(HAND_Context* context)
     u8 byte = 0;
     while (port.bytesAvailable() >= 1 && port.read(&byte, 1) == 1) {
         if (traceLog().isDebugEnabled())
-            s_traced += static_cast<char>(byte);
+            s_receivedBytes += static_cast<char>(byte);
         HAND_OnData(context, byte);
     }
     return 0;
@@ -88,16 +88,16 @@ template<class Command, class... Arguments>
 u8 SerialProtocolV3::exchangeWithin(int milliseconds, Command command, u8 node,
                                     Arguments... arguments)
 {
-    const Exchange onlyOne;
+    const Exchange guard;
     const auto port = m_port;
     const auto context = m_context;
     setTimeout(context.get(), milliseconds);
-    s_traced.clear();
+    s_receivedBytes.clear();
     u8 subError = 0;
     const u32 result = command(context.get(), node, arguments..., &subError);
     setNodeError(node, subError);
-    qCDebug(traceLog).noquote() << traceTime() << "rx" << s_traced.toHex(' ') << "result" << Qt::hex
-                                << Qt::showbase << (result & 0xFF);
+    qCDebug(traceLog).noquote() << traceTime() << "rx" << s_receivedBytes.toHex(' ') << "result"
+                                << Qt::hex << Qt::showbase << (result & 0xFF);
     return translateError(result);
 }
 

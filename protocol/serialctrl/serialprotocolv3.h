@@ -12,11 +12,11 @@ namespace vanto
 class SerialPort;
 
 /// The adapter for SerialCtrl hands, major version 3. Every operation is one command of the
-/// VantoSerialAPI; result codes are passed up unchanged. An operation without a connection
-/// returns HAND_NO_CONTEXT.
+/// VantoSerialAPI; result codes are returned unchanged. An operation without a connection returns
+/// HAND_NO_CONTEXT.
 ///
-/// An operation keeps what it uses alive for as long as it runs, so disconnect() may come in the
-/// middle of one: the port closes at once and the operation ends in its time-out.
+/// An operation keeps port and context alive while it runs, so disconnect() may be called
+/// meanwhile: the port closes at once and the operation times out.
 class SerialProtocolV3 : public VantoProtocol
 {
 public:

@@ -9,7 +9,7 @@ namespace vanto
 
 namespace
 {
-constexpr int EventSliceMs = 10; ///< longest stretch of event processing before the clock is read
+constexpr int EventSliceMs = 10; ///< longest event processing between two reads of the clock
 }
 
 std::uint32_t GetMilliSecondsImpl()
@@ -24,7 +24,7 @@ void DelayMilliSecondsImpl(std::uint32_t milliseconds)
     const QTime target = QTime::currentTime().addMSecs(whole);
     for (;;) {
         const int left = QTime::currentTime().msecsTo(target);
-        if (left <= 0 || left > whole) // over, or the clock has been set back
+        if (left <= 0 || left > whole) // elapsed, or the clock has been set back
             return;
         QCoreApplication::processEvents(QEventLoop::AllEvents, EventSliceMs);
     }

@@ -8,8 +8,8 @@ namespace vanto
 /// Milliseconds since the first call, modulo 2^32.
 std::uint32_t GetMilliSecondsImpl();
 
-/// Lets `milliseconds` of the time of day pass while events are processed; a delay across
-/// midnight ends early.
+/// Processes events until `milliseconds` of the time of day have passed; a delay across midnight
+/// ends early.
 void DelayMilliSecondsImpl(std::uint32_t milliseconds);
 
 } // namespace vanto

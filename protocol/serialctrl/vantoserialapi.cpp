@@ -26,7 +26,7 @@ constexpr std::uint32_t PollIntervalMs = 1;
 
 constexpr std::size_t SyncSize = 2;
 constexpr std::size_t HeaderSize = 4; ///< destination, source, command, length
-/// Places in the receive buffer.
+/// Offsets in the receive buffer.
 constexpr std::size_t AtDestination = 0;
 constexpr std::size_t AtSource = 1;
 constexpr std::size_t AtCommand = 2;
@@ -81,7 +81,7 @@ void acceptChecksum(HAND_Context& context, std::uint8_t byte)
     context.state = context.initialState;
 }
 
-/// False when no frame was complete before the deadline.
+/// Returns false if no frame is complete by the deadline.
 bool awaitReply(HAND_Context& context, std::uint16_t timeoutMs)
 {
     const std::uint32_t deadline = _get_milli_seconds_impl() + timeoutMs;
@@ -89,8 +89,8 @@ bool awaitReply(HAND_Context& context, std::uint16_t timeoutMs)
         _delay_milli_seconds_impl(PollIntervalMs);
         if (context.poll)
             context.poll(&context);
-        // As a difference, so that the wrap of the tick after 49.7 days does no harm; nor does a
-        // clock that is set back.
+        // A difference, so that neither the wrap-around of the tick after 49.7 days nor a clock
+        // that is set back matters.
         const auto late = static_cast<std::int32_t>(_get_milli_seconds_impl() - deadline);
         if (late > 0 || late < -std::int32_t{timeoutMs}) {
             context.state = context.initialState;

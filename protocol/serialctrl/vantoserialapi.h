@@ -16,17 +16,17 @@ namespace vanto
 // little-endian. A request carries at most 63 payload bytes, a reply 64. A hand that refuses a
 // command answers with bit 7 of the command set and its own error number as first payload byte.
 //
-// What can go wrong on the wire: no reply, half a frame, a wrong checksum, a frame for another
-// host, a reply of another node or to another command, a payload longer or shorter than the
-// command's. There is no sequence number, so a reply is matched by node and command alone; whoever
-// sends must drop earlier bytes first.
+// Possible errors on the wire: no reply, half a frame, a wrong checksum, a frame for another host,
+// a reply from another node or to another command, a payload longer or shorter than that of the
+// command. There is no sequence number, so a reply is matched by node and command alone; the sender
+// must discard earlier bytes first.
 
 struct HAND_Context;
 
-/// Puts one request on the wire. Its result is ignored.
+/// Sends one request. The result is ignored.
 using HAND_SendFunction = int (*)(std::uint8_t node, const std::uint8_t* data, std::uint32_t length,
                                   HAND_Context* context);
-/// Feeds what the port has received to HAND_OnData. Its result is ignored.
+/// Passes received bytes to HAND_OnData. The result is ignored.
 using HAND_PollFunction = int (*)(HAND_Context* context);
 using HAND_TickFunction = std::uint32_t (*)();
 using HAND_DelayFunction = void (*)(std::uint32_t milliseconds);
@@ -69,14 +69,14 @@ struct HAND_Context {
     HAND_PollFunction poll;
 };
 
-/// Null when memory runs out. The caller frees the context.
+/// Returns null if out of memory. The caller frees the context.
 HAND_Context* HAND_CreateContext(void* user, std::uint32_t mode, std::uint8_t ownAddress,
                                  HAND_SendFunction send, HAND_PollFunction poll);
 void HAND_FreeContext(HAND_Context* context);
 
-/// Process-wide; until both are set every command fails.
+/// Process-wide. Every command fails until both are set.
 void HAND_SetTimerFunction(HAND_TickFunction tick, HAND_DelayFunction delay);
-/// The present tick in ms, 0 without a tick function.
+/// The current tick in ms, 0 without a tick function.
 std::uint32_t HAND_GetTick();
 void HAND_SetCommandTimeOut(HAND_Context* context, std::uint16_t milliseconds);
 
