@@ -8,7 +8,7 @@
 namespace vanto
 {
 
-/// Takes an input apart from front to back; behind its end there are zeros.
+/// Reads an input from front to back. A single byte past its end is 0.
 class ByteSource
 {
 public:
@@ -22,7 +22,7 @@ public:
         return byte.empty() ? std::uint8_t{0} : byte.front();
     }
 
-    /// Fewer than `count` bytes if that is all there is.
+    /// Returns fewer than `count` bytes at the end of the input.
     std::span<const std::uint8_t> take(std::size_t count)
     {
         const auto taken = m_rest.first(std::min(count, m_rest.size()));

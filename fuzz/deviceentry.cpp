@@ -8,7 +8,7 @@ namespace vanto
 
 namespace
 {
-/// The text of an entry is read back as what it was made from.
+/// Parsing the text of an entry must return its values.
 void checkRoundTrip(ByteSource source)
 {
     const bool modbus = source.take() % 2 != 0;
@@ -21,10 +21,10 @@ void checkRoundTrip(ByteSource source)
     entry.protocolMajor = source.take();
     entry.protocolMinor = source.take();
     DeviceAddress address;
-    check(parseDeviceEntry(entry.text(), address) == EntryFault::None, "own text refused");
+    check(parseDeviceEntry(entry.text(), address) == EntryFault::None, "own text rejected");
     check(address.type == (modbus ? PROTOCOL_TYPE_MODBUS_RTU : PROTOCOL_TYPE_SERIALCTRL) &&
               address.major == entry.protocolMajor && address.minor == entry.protocolMinor,
-          "another device than that of the entry");
+          "the parsed device differs from the entry");
 }
 } // namespace
 
@@ -34,11 +34,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QString text = QString::fromUtf8(QByteArrayView(data, static_cast<qsizetype>(size)));
     DeviceAddress address;
     const EntryFault fault = parseDeviceEntry(text, address);
-    const bool protocolNamed = text.contains(QLatin1StringView("SerialCtrl")) ||
-                               text.contains(QLatin1StringView("ModBus-RTU"));
-    check(protocolNamed == (fault != EntryFault::UnknownProtocolType), "a protocol of no name");
+    const bool hasProtocolName = text.contains(QLatin1StringView("SerialCtrl")) ||
+                                 text.contains(QLatin1StringView("ModBus-RTU"));
+    check(hasProtocolName == (fault != EntryFault::UnknownProtocolType), "wrong protocol name");
     check(fault != EntryFault::None || text.contains(QLatin1StringView("Protocol V")),
-          "a version that is not in the text");
+          "a version is not in the text");
     return 0;
 }
 

@@ -8,29 +8,29 @@
 namespace vanto
 {
 
-// Input: the mode of the link, then for every exchange
-//   | call | way of arrival | length | bytes that arrive | null outputs | node | arguments |
+// Input: the mode of the link, then for each exchange
+//   | call | arrival | length | received bytes | null outputs | node | arguments |
 
 namespace
 {
 constexpr u8 OwnAddress = 1;
 constexpr std::array<u8, 2> Sync{0x55, 0xAA};
 constexpr u8 ErrorBit = 0x80;
-/// Of a frame without sync bytes.
-constexpr std::size_t AtDestination = 0;
-constexpr std::size_t AtCommand = 2;
-constexpr std::size_t AtLength = 3;
+/// Offsets in a frame without sync bytes.
+constexpr std::size_t DestinationOffset = 0;
+constexpr std::size_t CommandOffset = 2;
+constexpr std::size_t LengthOffset = 3;
 constexpr std::size_t Overhead = 5;
 
 enum Arrival : u8 {
-    Raw,     ///< the bytes as they are
-    Framed,  ///< as the payload of a good reply
+    Raw,     ///< unchanged
+    Framed,  ///< as the payload of a valid reply
     Refusal, ///< as the payload of an error reply
     Early,   ///< before the request
     ArrivalCount,
 };
 
-/// A serial link in memory. Its clock soon wraps, and jumps past the deadline once all has arrived.
+/// A serial link in memory. Its clock soon wraps, and skips to the deadline when no bytes are left.
 struct Link {
     explicit Link(u32 mode)
         : context(HAND_CreateContext(this, mode, OwnAddress, send, poll), HAND_FreeContext)
@@ -43,13 +43,13 @@ struct Link {
     {
         auto& link = *static_cast<Link*>(c->user);
         const auto frame = std::span(data, length).subspan(link.syncSize());
-        check(frame.size() >= Overhead && frame[AtDestination] == node &&
-                  frame[AtLength] + Overhead == frame.size(),
-              "a request that is no frame");
+        check(frame.size() >= Overhead && frame[DestinationOffset] == node &&
+                  frame[LengthOffset] + Overhead == frame.size(),
+              "a request is not a frame");
         if (link.arrival == Framed)
-            link.frameIncoming(node, frame[AtCommand]);
+            link.frameIncoming(node, frame[CommandOffset]);
         else if (link.arrival == Refusal)
-            link.frameIncoming(node, frame[AtCommand] | ErrorBit);
+            link.frameIncoming(node, frame[CommandOffset] | ErrorBit);
         return 0;
     }
 
@@ -93,9 +93,9 @@ void exchange(Link& link, ByteSource& source, u8 fill, std::vector<u8>& transcri
     }
     CallArguments arguments(source, fill);
     const u32 result = call(link.context.get(), arguments);
-    check(result <= HAND_BAD_ARGUMENT || result == HAND_REFUSED, "a result without a meaning");
+    check(result <= HAND_BAD_ARGUMENT || result == HAND_REFUSED, "an undefined result");
     check(result == HAND_SUCCESS || arguments.outputsUntouched(), "output written on failure");
-    check(result == HAND_REFUSED || arguments.subErrorUntouched(), "sub error without refusal");
+    check(result == HAND_REFUSED || arguments.subErrorUntouched(), "a sub error without a refusal");
     transcript.push_back(static_cast<u8>(result));
     if (result == HAND_SUCCESS)
         arguments.appendOutputs(transcript);
@@ -103,8 +103,8 @@ void exchange(Link& link, ByteSource& source, u8 fill, std::vector<u8>& transcri
         transcript.push_back(*arguments.subError());
 }
 
-/// Results and outputs of all exchanges. Buffers hold `fill` where nothing has been received.
-std::vector<u8> transcriptOf(ByteSource source, u8 fill)
+/// Returns all results and outputs. Buffers contain `fill` where nothing was received.
+std::vector<u8> runExchanges(ByteSource source, u8 fill)
 {
     Link link(source.take() % 2 == 0 ? HAND_MODE_SYNC : HAND_MODE_BARE);
     link.context->receive.fill(fill);
@@ -118,8 +118,8 @@ std::vector<u8> transcriptOf(ByteSource source, u8 fill)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ByteSource source(std::span(data, size));
-    check(transcriptOf(source, 0x33) == transcriptOf(source, 0xCC),
-          "an output that has not been received");
+    check(runExchanges(source, 0x33) == runExchanges(source, 0xCC),
+          "an output contains bytes that were not received");
     return 0;
 }
 

@@ -6,7 +6,7 @@
 namespace vanto
 {
 
-// Input: after how many bytes each there is silence (0: never), then the bytes.
+// Input: number of bytes between two silences (0: no silence), then the bytes.
 
 namespace
 {
@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 constexpr auto IdleLimit = 10ms;
 constexpr auto Silence = 11ms;
 
-struct Encoded {
+struct Encoder {
     QByteArray operator()(const simulator::Frame& frame) const { return encode(frame); }
     QByteArray operator()(const simulator::ModbusFrame& frame) const { return encode(frame); }
     QByteArray operator()(const simulator::BootRequest& request) const { return request.bytes; }
@@ -24,26 +24,26 @@ struct Encoded {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     ByteSource source(std::span(data, size));
-    const unsigned stretch = source.take();
+    const unsigned chunkSize = source.take();
     simulator::FrameReceiver receiver(IdleLimit);
-    simulator::Moment now{};
-    QByteArray heard; // since the last silence or good frame
+    simulator::TimePoint now{};
+    QByteArray pending; // since the last silence or valid frame
     for (unsigned count = 1; !source.isEmpty(); ++count) {
         const char byte = static_cast<char>(source.take());
-        heard.append(byte);
+        pending.append(byte);
         const auto received = receiver.feed(byte, now);
         if (received) {
-            check(!received->bytes.isEmpty() && heard.contains(received->bytes),
-                  "a frame that has not been heard");
-            check(received->checksumGood ==
-                      (std::visit(Encoded(), received->request) == received->bytes),
-                  "a checksum that is judged wrongly");
-            if (received->checksumGood)
-                heard.clear();
+            check(!received->bytes.isEmpty() && pending.contains(received->bytes),
+                  "a frame that was not received");
+            check(received->checksumValid ==
+                      (std::visit(Encoder(), received->request) == received->bytes),
+                  "a checksum is evaluated incorrectly");
+            if (received->checksumValid)
+                pending.clear();
         }
-        if (stretch > 0 && count % stretch == 0) {
+        if (chunkSize > 0 && count % chunkSize == 0) {
             now += Silence;
-            heard.clear();
+            pending.clear();
         }
     }
     return 0;

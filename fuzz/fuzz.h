@@ -8,10 +8,10 @@
 namespace vanto
 {
 
-/// Tries one input; called again and again in the same process.
+/// Tests one input. The fuzzer calls it repeatedly in the same process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Ends the process unless `holds`, which is how a target reports a finding.
+/// Reports a finding and aborts the process unless `holds`.
 inline void check(bool holds, const char* finding)
 {
     if (holds)

@@ -41,8 +41,8 @@ T* CallArguments::output(std::size_t count)
 template<class T>
 const T* CallArguments::input(std::size_t count)
 {
-    const std::size_t atMost = HAND_MAX_REQUEST_PAYLOAD / sizeof(T) + 1;
-    return reinterpret_cast<const T*>(allocate(sizeof(T) * std::min(count, atMost)));
+    const std::size_t limit = HAND_MAX_REQUEST_PAYLOAD / sizeof(T) + 1;
+    return reinterpret_cast<const T*>(allocate(sizeof(T) * std::min(count, limit)));
 }
 
 void CallArguments::limitOutput(std::size_t count)
@@ -72,7 +72,7 @@ void CallArguments::appendOutputs(std::vector<u8>& bytes) const
 
 namespace
 {
-/// Numbers to send and single outputs, in the order of the parameters.
+/// Creates a number to send or a single output for a parameter.
 template<class T>
 T argument(CallArguments& arguments)
 {
@@ -83,25 +83,25 @@ T argument(CallArguments& arguments)
 }
 
 template<class... Parameters>
-u32 passAll(u32 (*command)(HAND_Context*, u8, Parameters...), HAND_Context* c, CallArguments& a)
+u32 callCommand(u32 (*command)(HAND_Context*, u8, Parameters...), HAND_Context* c, CallArguments& a)
 {
     static_assert(sizeof...(Parameters) > 0);
     using Pack = std::tuple<Parameters...>;
-    constexpr std::size_t own = sizeof...(Parameters) - 1; // without the sub error
+    constexpr std::size_t argumentCount = sizeof...(Parameters) - 1; // excludes the sub error
     return [&]<std::size_t... I>(std::index_sequence<I...>)
     {
-        // Braces fix the order in which the input is taken apart.
+        // Braces guarantee the order of evaluation, and so of reading the input.
         const std::tuple<std::tuple_element_t<I, Pack>...> values{
             argument<std::tuple_element_t<I, Pack>>(a)...};
         return command(c, a.node(), std::get<I>(values)..., a.subError());
     }
-    (std::make_index_sequence<own>());
+    (std::make_index_sequence<argumentCount>());
 }
 
 template<auto Command>
-u32 plain(HAND_Context* c, CallArguments& a)
+u32 simpleCall(HAND_Context* c, CallArguments& a)
 {
-    return passAll(Command, c, a);
+    return callCommand(Command, c, a);
 }
 
 template<auto Command, class T>
@@ -154,7 +154,7 @@ u32 setCaliData(HAND_Context* c, CallArguments& a)
                             a.input<u16>(roots), roots, a.subError());
 }
 
-/// The buffer is request and reply in one. `capacity` also tells on failure how long the reply is.
+/// The buffer holds the request and the reply. `capacity` returns the reply length also on failure.
 u32 setCustom(HAND_Context* c, CallArguments& a)
 {
     const u8 length = a.number<u8>();
@@ -169,52 +169,52 @@ u32 setCustom(HAND_Context* c, CallArguments& a)
 }
 
 constexpr HandCall Calls[] = {
-    plain<HAND_GetProtocolVersion>,
-    plain<HAND_GetFirmwareVersion>,
-    plain<HAND_GetHardwareVersion>,
+    simpleCall<HAND_GetProtocolVersion>,
+    simpleCall<HAND_GetFirmwareVersion>,
+    simpleCall<HAND_GetHardwareVersion>,
     getCaliData,
-    plain<HAND_GetFingerPID>,
-    plain<HAND_GetFingerCurrentLimit>,
-    plain<HAND_GetFingerCurrent>,
-    plain<HAND_GetFingerForceLimit>,
+    simpleCall<HAND_GetFingerPID>,
+    simpleCall<HAND_GetFingerCurrentLimit>,
+    simpleCall<HAND_GetFingerCurrent>,
+    simpleCall<HAND_GetFingerForceLimit>,
     getFingerForce,
-    plain<HAND_GetFingerPosLimit>,
-    plain<HAND_GetFingerPosAbs>,
-    plain<HAND_GetFingerPos>,
-    plain<HAND_GetFingerAngle>,
-    plain<HAND_GetThumbRootPos>,
+    simpleCall<HAND_GetFingerPosLimit>,
+    simpleCall<HAND_GetFingerPosAbs>,
+    simpleCall<HAND_GetFingerPos>,
+    simpleCall<HAND_GetFingerAngle>,
+    simpleCall<HAND_GetThumbRootPos>,
     readAll<HAND_GetFingerPosAbsAll, u16>,
     readAll<HAND_GetFingerPosAll, u16>,
     readAll<HAND_GetFingerAngleAll, s16>,
-    plain<HAND_GetSelfTestLevel>,
-    plain<HAND_GetBeepSwitch>,
-    plain<HAND_GetButtonPressedCnt>,
-    plain<HAND_GetUID>,
-    plain<HAND_GetBatteryVoltage>,
+    simpleCall<HAND_GetSelfTestLevel>,
+    simpleCall<HAND_GetBeepSwitch>,
+    simpleCall<HAND_GetButtonPressedCnt>,
+    simpleCall<HAND_GetUID>,
+    simpleCall<HAND_GetBatteryVoltage>,
     getUsageStat,
-    plain<HAND_Reset>,
-    plain<HAND_PowerOff>,
-    plain<HAND_SetID>,
-    plain<HAND_Calibrate>,
+    simpleCall<HAND_Reset>,
+    simpleCall<HAND_PowerOff>,
+    simpleCall<HAND_SetID>,
+    simpleCall<HAND_Calibrate>,
     setCaliData,
-    plain<HAND_SetFingerPID>,
-    plain<HAND_SetFingerCurrentLimit>,
-    plain<HAND_SetFingerForceLimit>,
-    plain<HAND_SetFingerPosLimit>,
-    plain<HAND_FingerStart>,
-    plain<HAND_FingerStop>,
-    plain<HAND_SetFingerPosAbs>,
-    plain<HAND_SetFingerPos>,
-    plain<HAND_SetFingerAngle>,
+    simpleCall<HAND_SetFingerPID>,
+    simpleCall<HAND_SetFingerCurrentLimit>,
+    simpleCall<HAND_SetFingerForceLimit>,
+    simpleCall<HAND_SetFingerPosLimit>,
+    simpleCall<HAND_FingerStart>,
+    simpleCall<HAND_FingerStop>,
+    simpleCall<HAND_SetFingerPosAbs>,
+    simpleCall<HAND_SetFingerPos>,
+    simpleCall<HAND_SetFingerAngle>,
     writeAll<HAND_SetFingerPosAbsAll, u16>,
     writeAll<HAND_SetFingerPosAll, u16>,
     writeAll<HAND_SetFingerAngleAll, s16>,
     setCustom,
-    plain<HAND_SetSelfTestLevel>,
-    plain<HAND_SetBeepSwitch>,
-    plain<HAND_Beep>,
-    plain<HAND_SetButtonPressedCnt>,
-    plain<HAND_StartInit>,
+    simpleCall<HAND_SetSelfTestLevel>,
+    simpleCall<HAND_SetBeepSwitch>,
+    simpleCall<HAND_Beep>,
+    simpleCall<HAND_SetButtonPressedCnt>,
+    simpleCall<HAND_StartInit>,
 };
 } // namespace
 

@@ -9,8 +9,8 @@
 namespace vanto
 {
 
-/// The arguments of one call. Outputs are buffers of their exact size, full of `fill`, so that a
-/// write beside them is noticed and a write into them can be told.
+/// The arguments of one call. Output buffers have the exact size and contain `fill`, so that writes
+/// outside and inside them can be detected.
 class CallArguments
 {
 public:
@@ -18,16 +18,16 @@ public:
 
     u8 node() const { return m_node; }
 
-    /// The next number of the input.
+    /// Reads a number from the input.
     template<class T>
     T number();
-    /// Room for `count` values, or null if the input wants that.
+    /// A buffer for `count` values, or null if the input selects that.
     template<class T>
     T* output(std::size_t count = 1);
-    /// Values to send; no more of them than a request can hold.
+    /// Values to send, limited to slightly more than a request can hold.
     template<class T>
     const T* input(std::size_t count);
-    /// Of the last output only `count` bytes have a meaning on success.
+    /// Declares that only `count` bytes of the last output are valid on success.
     void limitOutput(std::size_t count);
     u8* subError() { return &m_subError; }
 
@@ -36,7 +36,7 @@ public:
     void appendOutputs(std::vector<u8>& bytes) const;
 
 private:
-    /// Aligned for every number of the protocol.
+    /// The memory is aligned for all number types of the protocol.
     u8* allocate(std::size_t bytes);
 
     ByteSource& m_source;
@@ -50,7 +50,7 @@ private:
 
 using HandCall = u32 (*)(HAND_Context*, CallArguments&);
 
-/// One for every command.
+/// One call for each command.
 std::span<const HandCall> handCalls();
 
 } // namespace vanto

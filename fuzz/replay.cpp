@@ -9,7 +9,7 @@ namespace vanto
 {
 
 // usage: replay_TARGET FOLDER...
-// Tries every file of the folders once. A finding ends the process; the name above it is its file.
+// Tests each file of the folders once. A finding ends the process after the name of its file.
 
 namespace
 {
@@ -23,7 +23,7 @@ bool replay(const QString& path)
     std::printf("%s\n", qPrintable(path));
     std::fflush(stdout);
     const QByteArray content = file.readAll();
-    // On the heap and without a terminating zero, so that reading past the end is noticed.
+    // On the heap and without a terminating zero, so that sanitizers detect reads past the end.
     const std::vector<std::uint8_t> input(content.begin(), content.end());
     LLVMFuzzerTestOneInput(input.data(), input.size());
     return true;

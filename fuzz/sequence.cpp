@@ -14,13 +14,13 @@ namespace
 bool inRange(const SequenceData& data)
 {
     const bool angles = data.position_type == SequenceData::POS_TYPE_ANGLE;
-    const int least = angles ? -32768 : 0;
-    const int most = angles ? 32767 : 65535;
+    const int lowest = angles ? -32768 : 0;
+    const int highest = angles ? 32767 : 65535;
     const auto within = [](const QList<int>& numbers, int min, int max) {
         return std::ranges::all_of(numbers, [=](int n) { return n >= min && n <= max; });
     };
     return std::ranges::all_of(data.sequences, [&](const SequenceDataItem& step) {
-        return within(step.position, least, most) && within(step.speed, 1, 255) &&
+        return within(step.position, lowest, highest) && within(step.speed, 1, 255) &&
                within({step.delay}, 0, 65535);
     });
 }
@@ -33,15 +33,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     SequenceData first;
     if (!first.fromJSON(bytes)) {
-        check(first == SequenceData(), "data changed by what has been refused");
+        check(first == SequenceData(), "rejected input has changed the data");
         return 0;
     }
-    check(inRange(first), "a number out of range");
+    check(inRange(first), "a number is out of range");
     const QByteArray text = first.toJSON();
     SequenceData second;
-    check(second.fromJSON(text), "own text refused");
-    check(second == first, "other data after saving and loading");
-    check(second.toJSON() == text, "another text after saving, loading and saving");
+    check(second.fromJSON(text), "the saved text was rejected");
+    check(second == first, "the data differ after saving and loading");
+    check(second.toJSON() == text, "the text differs after saving again");
     return 0;
 }
 

@@ -11,7 +11,7 @@ namespace vanto
 
 namespace
 {
-QByteArray written(const QMap<QString, FirmwareRelease>& releases)
+QByteArray toJson(const QMap<QString, FirmwareRelease>& releases)
 {
     QJsonObject types;
     for (auto release = releases.begin(); release != releases.end(); ++release)
@@ -21,15 +21,15 @@ QByteArray written(const QMap<QString, FirmwareRelease>& releases)
     return QJsonDocument(types).toJson();
 }
 
-/// A name that is taken for one of a file leads to an entry of the folder, whatever it holds.
+/// A name accepted as a plain file name must refer to an entry of the folder.
 void checkName(const QString& name)
 {
     if (!isPlainFileName(name))
         return;
     const QString folder = QStringLiteral("/downloaded/hardware");
     const QString path = folder + QLatin1Char('/') + name;
-    check(QDir::cleanPath(path) == path, "a name that leads elsewhere");
-    check(!name.contains(QChar::Null), "a name that the system would cut off");
+    check(QDir::cleanPath(path) == path, "a name refers to another folder");
+    check(!name.contains(QChar::Null), "a name contains a null character");
 }
 } // namespace
 
@@ -37,7 +37,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const auto releases = readVersionFile(content);
-    check(readVersionFile(written(releases)) == releases, "releases that change when written");
+    check(readVersionFile(toJson(releases)) == releases, "the releases differ after writing");
     for (const FirmwareRelease& release : releases)
         checkName(release.file);
     checkName(QString::fromUtf8(content));

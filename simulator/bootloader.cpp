@@ -8,26 +8,26 @@ namespace
 {
 using namespace std::chrono_literals;
 
-// Quiet is counted in ticks, not read from the clock, so that bytes which wait to be read while
-// this process is held up are not taken for a pause.
-constexpr auto tickInterval = 10ms;
-constexpr int pauseTicks = 3;
-constexpr int brokenRecordTicks = 20;
-constexpr int silenceTicks = 200;
-constexpr Clock::duration pause = 20ms; // between two bytes
+/// Silence is counted in ticks rather than read from the clock, so that a delay of this process is
+/// not mistaken for a pause on the line while bytes wait to be read.
+constexpr auto TickInterval = 10ms;
+constexpr int PauseTicks = 3;
+constexpr int BrokenRecordTicks = 20;
+constexpr int SilenceTicks = 200;
+constexpr Clock::duration PauseLimit = 20ms; ///< between two bytes
 
-constexpr qsizetype lengthSize = 2;
-constexpr qsizetype hardwareSize = 2;
-constexpr qsizetype crcSize = 2;
+constexpr qsizetype LengthSize = 2;
+constexpr qsizetype HardwareSize = 2;
+constexpr qsizetype CrcSize = 2;
 
-constexpr char hardwareMatches = 'Y';
-constexpr char hardwareDiffers = 'N';
-constexpr char recordAccepted = 0x11;
-constexpr char recordRejected = 0x12;
+constexpr char HardwareMatches = 'Y';
+constexpr char HardwareDiffers = 'N';
+constexpr char RecordAccepted = 0x11;
+constexpr char RecordRejected = 0x12;
 
 unsigned bigEndian(QByteArrayView bytes)
 {
-    return static_cast<quint8>(bytes[0]) * 0x100U + static_cast<quint8>(bytes[1]);
+    return static_cast<std::uint8_t>(bytes[0]) * 0x100U + static_cast<std::uint8_t>(bytes[1]);
 }
 
 unsigned crc16(QByteArrayView bytes)
@@ -35,20 +35,20 @@ unsigned crc16(QByteArrayView bytes)
     constexpr unsigned polynomial = 0x1021;
     unsigned crc = 0xFFFF;
     for (const char byte : bytes) {
-        crc ^= static_cast<unsigned>(static_cast<quint8>(byte)) << 8U;
+        crc ^= static_cast<unsigned>(static_cast<std::uint8_t>(byte)) << 8U;
         for (int bit = 0; bit < 8; ++bit)
             crc = (crc & 0x8000U) != 0 ? crc << 1U ^ polynomial : crc << 1U;
     }
     return crc & 0xFFFFU;
 }
 
-bool isApplicationRequest(const QByteArray& message, Moment now)
+bool isApplicationRequest(const QByteArray& message, TimePoint now)
 {
     FrameReceiver receiver(Clock::duration::max());
     std::optional<ReceivedFrame> last;
     for (const char byte : message)
         last = receiver.feed(byte, now);
-    return last && last->checksumGood && last->bytes == message;
+    return last && last->checksumValid && last->bytes == message;
 }
 } // namespace
 
@@ -57,62 +57,62 @@ BootLoader::BootLoader(const BootOptions& options, QObject* parent)
       m_options(options),
       m_listensUntil(Clock::now() + options.window.value_or(0ms))
 {
-    m_ticks.setInterval(tickInterval);
+    m_ticks.setInterval(TickInterval);
     m_ticks.setTimerType(Qt::PreciseTimer);
     connect(&m_ticks, &QTimer::timeout, this, &BootLoader::tick);
 }
 
-bool BootLoader::listens() const
+bool BootLoader::isListening() const
 {
     return isRunning() || !m_options.window || Clock::now() < m_listensUntil;
 }
 
-bool BootLoader::feed(char byte, Moment now)
+bool BootLoader::feed(char byte, TimePoint now)
 {
-    if (isRunning() && now - m_lastByte > pause) {
+    if (isRunning() && now - m_lastByte > PauseLimit) {
         endMessage();
-        m_afterPause = m_message.size();
+        m_pauseOffset = m_message.size();
     }
     if (!isRunning())
         return false;
     if (m_message.isEmpty())
-        m_began = now;
+        m_startTime = now;
     m_lastByte = now;
-    m_quietTicks = 0;
+    m_idleTicks = 0;
     m_message.append(byte);
-    if (m_message.size() < lengthSize)
+    if (m_message.size() < LengthSize)
         return true;
     const auto length = static_cast<qsizetype>(bigEndian(m_message));
-    const bool mayBeHardware = m_hardwareMayCome && length == 0;
-    if (m_message.size() == lengthSize + length && !mayBeHardware)
-        pass(BootStage::Record);
+    const bool mayBeHardware = m_expectsHardware && length == 0;
+    if (m_message.size() == LengthSize + length && !mayBeHardware)
+        emitRequest(BootStage::Record);
     return true;
 }
 
 void BootLoader::tick()
 {
-    ++m_quietTicks;
-    if (m_quietTicks == pauseTicks)
+    ++m_idleTicks;
+    if (m_idleTicks == PauseTicks)
         endMessage();
-    else if (m_quietTicks == brokenRecordTicks)
-        forgetMessage();
-    else if (m_quietTicks == silenceTicks)
+    else if (m_idleTicks == BrokenRecordTicks)
+        discardMessage();
+    else if (m_idleTicks == SilenceTicks)
         startApplication();
 }
 
-// Nothing follows for now what has come so far. Before a tool's next attempt there can be the
-// beginning of a record that it gave up.
+/// Evaluates the message received before a pause. Bytes of a record that the tool has abandoned can
+/// precede its next attempt.
 void BootLoader::endMessage()
 {
-    const QByteArray last = m_message.sliced(m_afterPause);
+    const QByteArray last = m_message.sliced(m_pauseOffset);
     if (last == bootProbe()) {
-        m_statistics.stray += static_cast<quint64>(m_afterPause);
+        m_statistics.stray += static_cast<std::uint64_t>(m_pauseOffset);
         m_message = last;
-        pass(BootStage::Probe);
-    } else if (m_hardwareMayCome && m_message.size() == hardwareSize) {
-        pass(BootStage::Hardware);
+        emitRequest(BootStage::Probe);
+    } else if (m_expectsHardware && m_message.size() == HardwareSize) {
+        emitRequest(BootStage::Hardware);
     } else if (isApplicationRequest(last, m_lastByte)) {
-        forgetMessage();
+        discardMessage();
         startApplication();
     }
 }
@@ -120,63 +120,63 @@ void BootLoader::endMessage()
 void BootLoader::clearMessage()
 {
     m_message.clear();
-    m_afterPause = 0;
+    m_pauseOffset = 0;
 }
 
-void BootLoader::forgetMessage()
+void BootLoader::discardMessage()
 {
-    m_statistics.stray += static_cast<quint64>(m_message.size());
+    m_statistics.stray += static_cast<std::uint64_t>(m_message.size());
     clearMessage();
 }
 
-void BootLoader::pass(BootStage stage)
+void BootLoader::emitRequest(BootStage stage)
 {
     ReceivedFrame request;
     request.bytes = m_message;
     clearMessage();
     request.request = BootRequest{stage, request.bytes};
     request.peer.protocol = Protocol::Boot;
-    request.checksumGood = true; // the verdict on a record is a reply
-    request.began = m_began;
-    m_hardwareMayCome = false;
+    request.checksumValid = true; // the reply reports a wrong CRC of a record
+    request.startTime = m_startTime;
+    m_expectsHardware = false;
     emit received(request);
 }
 
-BootReply BootLoader::verdict(const Hand& hand, const BootRequest& request) const
+BootReply BootLoader::replyTo(const Hand& hand, const BootRequest& request) const
 {
     switch (request.stage) {
     case BootStage::Probe:
         break;
     case BootStage::Hardware: {
         const unsigned own = hand.traits.hardwareType * 0x100U + hand.traits.hardwareVersion;
-        return {QByteArray(1, bigEndian(request.bytes) == own ? hardwareMatches : hardwareDiffers)};
+        return {QByteArray(1, bigEndian(request.bytes) == own ? HardwareMatches : HardwareDiffers)};
     }
     case BootStage::Record:
-        return {QByteArray(1, isGoodRecord(request.bytes) ? recordAccepted : recordRejected)};
+        return {QByteArray(1, isGoodRecord(request.bytes) ? RecordAccepted : RecordRejected)};
     }
     return {QByteArrayLiteral("\x55\xAA")};
 }
 
 bool BootLoader::isGoodRecord(QByteArrayView record) const
 {
-    const QByteArrayView body = record.sliced(lengthSize);
+    const QByteArrayView body = record.sliced(LengthSize);
     if (!m_options.checksRecords)
         return true;
-    return body.size() >= crcSize && crc16(body.chopped(crcSize)) == bigEndian(body.last(crcSize));
+    return body.size() >= CrcSize && crc16(body.chopped(CrcSize)) == bigEndian(body.last(CrcSize));
 }
 
-void BootLoader::carryOut(Hand& hand, const BootRequest& request, bool obeys)
+void BootLoader::execute(Hand& hand, const BootRequest& request, bool allowed)
 {
     if (request.stage == BootStage::Probe) {
         ++m_statistics.probes;
-        if (obeys)
+        if (allowed)
             enter(hand);
     }
     if (request.stage != BootStage::Record)
         return;
-    m_applicationWhole = obeys && isGoodRecord(request.bytes);
-    ++(m_applicationWhole ? m_statistics.records : m_statistics.rejected);
-    if (!m_applicationWhole)
+    m_applicationComplete = allowed && isGoodRecord(request.bytes);
+    ++(m_applicationComplete ? m_statistics.records : m_statistics.rejected);
+    if (!m_applicationComplete)
         return;
     m_image.append(request.bytes);
     m_updated = true;
@@ -185,16 +185,16 @@ void BootLoader::carryOut(Hand& hand, const BootRequest& request, bool obeys)
 void BootLoader::enter(Hand& hand)
 {
     m_hand = &hand;
-    m_hardwareMayCome = true;
+    m_expectsHardware = true;
     clearMessage();
     m_image.clear();
-    m_quietTicks = 0;
+    m_idleTicks = 0;
     m_ticks.start();
 }
 
 void BootLoader::startApplication()
 {
-    if (!isRunning() || !m_applicationWhole)
+    if (!isRunning() || !m_applicationComplete)
         return;
     m_ticks.stop();
     Hand* const hand = std::exchange(m_hand, nullptr);
@@ -211,22 +211,22 @@ void BootLoader::powerOn(const Hand& hand)
     startApplication();
 }
 
-void BootLoader::lineLost()
+void BootLoader::handleDisconnect()
 {
-    forgetMessage();
+    discardMessage();
     if (isRunning() && m_updated)
-        m_applicationWhole = false;
+        m_applicationComplete = false;
 }
 
 void BootLoader::enterWithoutApplication(Hand& hand)
 {
-    m_applicationWhole = false;
+    m_applicationComplete = false;
     enter(hand);
 }
 
-void BootLoader::startApplicationAnyway()
+void BootLoader::forceApplicationStart()
 {
-    m_applicationWhole = true;
+    m_applicationComplete = true;
     startApplication();
 }
 

@@ -6,41 +6,41 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdint>
 
 namespace vanto::simulator
 {
 
 struct BootOptions {
-    // For how long after power-on a probe is heard; nothing: whenever the hand is idle.
+    /// Time after power-on in which a probe is accepted; unset: whenever the hand is idle.
     std::optional<std::chrono::milliseconds> window;
     bool checksRecords = true;
 };
 
 struct BootStatistics {
-    quint64 probes = 0;
-    quint64 records = 0;  // accepted
-    quint64 rejected = 0; // or not answered, because of a fault
-    quint64 stray = 0;    // bytes that belonged to no whole request
+    std::uint64_t probes = 0;
+    std::uint64_t records = 0;  ///< accepted
+    std::uint64_t rejected = 0; ///< or not answered because of a fault
+    std::uint64_t stray = 0;    ///< bytes outside complete requests
 };
 
-// The boot loader of a hand. From the probe on it has the line for itself, until it starts the
-// application.
-//
-//   tool                              boot loader
-//   00 FF AA 55, the probe            55 AA
-//   hardware type, version (or not)   59 ("Y"), or 4E if they are not the hand's
-//   record                            11 accepted, 12 rejected
-//
-//   record: | length L, 2 bytes, big-endian | L - 2 bytes of program | CRC, 2 bytes, big-endian |
-//
-// The CRC is CRC-16/CCITT (polynomial 1021, initial FFFF) of the bytes between length and CRC.
-//
-// Requests carry no mark of their kind and the last record none of being the last, so silence
-// decides: two bytes and a pause, right after the probe, are the hardware; four bytes and a pause
-// can be another probe; a whole request of the application's protocols starts the application. A
-// record that stops half-way is forgotten. After a long silence the application is started,
-// unless the last record was not accepted or the line was lost: then there is no whole
-// application any more, and the boot loader waits for another update.
+/// The boot loader of a hand. It receives all bytes from the probe until it starts the application.
+///
+///   tool                              boot loader
+///   00 FF AA 55, the probe            55 AA
+///   hardware type, version (optional) 59 ("Y"), or 4E if they do not match the hand
+///   record                            11 accepted, 12 rejected
+///
+///   record: | length L, 2 bytes, big-endian | L - 2 bytes of program | CRC, 2 bytes, big-endian |
+///
+/// The CRC is CRC-16/CCITT (polynomial 1021, initial FFFF) of the bytes between length and CRC.
+///
+/// Neither the type of a request nor the last record is marked, so pauses decide: two bytes and a
+/// pause directly after the probe are the hardware; four bytes and a pause can be another probe; a
+/// complete request of the application's protocols starts the application. An incomplete record is
+/// discarded. A long silence starts the application, unless the last record was not accepted or the
+/// port was unplugged: the application is then incomplete, and the boot loader waits for another
+/// update.
 class BootLoader : public QObject
 {
     Q_OBJECT
@@ -49,22 +49,22 @@ public:
     explicit BootLoader(const BootOptions& options, QObject* parent = nullptr);
 
     bool isRunning() const { return m_hand != nullptr; }
-    bool listens() const;
+    bool isListening() const;
     QByteArray image() const { return m_image; }
     const BootStatistics& statistics() const { return m_statistics; }
 
-    // False if the byte is not the boot loader's but the application's.
-    bool feed(char byte, Moment now);
-    BootReply verdict(const Hand& hand, const BootRequest& request) const;
-    // `obeys` is false where a fault keeps the hand from doing what the verdict says.
-    void carryOut(Hand& hand, const BootRequest& request, bool obeys);
+    /// Returns false if the byte is for the application.
+    bool feed(char byte, TimePoint now);
+    BootReply replyTo(const Hand& hand, const BootRequest& request) const;
+    /// `allowed` is false if a fault prevents the hand from executing the request.
+    void execute(Hand& hand, const BootRequest& request, bool allowed);
 
     void powerOn(const Hand& hand);
-    // A request of the application's has been heard: no probe will be, until the next power-on.
-    void closeWindow() { m_listensUntil = Moment::min(); }
-    void lineLost();
+    /// Ignores probes until the next power-on, because the application has received a request.
+    void closeWindow() { m_listensUntil = TimePoint::min(); }
+    void handleDisconnect();
     void enterWithoutApplication(Hand& hand);
-    void startApplicationAnyway();
+    void forceApplicationStart();
 
 signals:
     void received(const vanto::simulator::ReceivedFrame& request);
@@ -74,23 +74,23 @@ private:
     void tick();
     void endMessage();
     void clearMessage();
-    void forgetMessage();
-    void pass(BootStage stage);
+    void discardMessage();
+    void emitRequest(BootStage stage);
     bool isGoodRecord(QByteArrayView record) const;
     void startApplication();
 
     BootOptions m_options;
-    Moment m_listensUntil;
-    Hand* m_hand = nullptr; // that runs its boot loader
-    bool m_applicationWhole = true;
-    bool m_updated = false;         // a record has been stored since the application ran
-    bool m_hardwareMayCome = false; // nothing but the probe has been received yet
-    QByteArray m_message;           // of which the end has not been seen
-    QByteArray m_image;             // all accepted records since the last probe
-    qsizetype m_afterPause = 0;     // where in the message the bytes since its last pause start
-    Moment m_began;                 // of the message
-    Moment m_lastByte;
-    int m_quietTicks = 0;
+    TimePoint m_listensUntil;
+    Hand* m_hand = nullptr; ///< the hand that runs its boot loader
+    bool m_applicationComplete = true;
+    bool m_updated = false;         ///< a record was stored since the application last ran
+    bool m_expectsHardware = false; ///< only the probe has been received
+    QByteArray m_message;           ///< not yet complete
+    QByteArray m_image;             ///< all accepted records since the last probe
+    qsizetype m_pauseOffset = 0;    ///< offset of the bytes after the last pause
+    TimePoint m_startTime;          ///< of m_message
+    TimePoint m_lastByte;
+    int m_idleTicks = 0;
     QTimer m_ticks;
     BootStatistics m_statistics;
 };

@@ -7,8 +7,8 @@ namespace vanto::simulator
 
 enum class BootStage { Probe, Hardware, Record };
 
-// What a tool sends to the boot loader: the wake-up probe; the hardware type and version that its
-// update is for; a record.
+/// A request to the boot loader: the probe, the hardware type and version of the update, or a
+/// record.
 struct BootRequest {
     BootStage stage = BootStage::Probe;
     QByteArray bytes;

@@ -13,7 +13,7 @@ namespace
 {
 using namespace std::chrono_literals;
 
-constexpr Clock::duration receiverIdleLimit = 20ms;
+constexpr Clock::duration ReceiverIdleLimit = 20ms;
 } // namespace
 
 Bus::Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& boot,
@@ -22,66 +22,66 @@ Bus::Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& b
       m_nodes(std::move(nodes)),
       m_line(line),
       m_trace(trace),
-      m_receiver(receiverIdleLimit + line.wire().byteTime()),
+      m_receiver(ReceiverIdleLimit + line.wire().byteTime()),
       m_bootLoader(boot),
       m_delayedReplies(std::make_unique<QObject>())
 {
     connect(&line.wire(), &Wire::received, this, &Bus::receive);
-    connect(&line, &Line::unplugged, this, &Bus::forgetReplies);
-    connect(&m_bootLoader, &BootLoader::received, this, &Bus::take);
+    connect(&line, &Line::unplugged, this, &Bus::discardReplies);
+    connect(&m_bootLoader, &BootLoader::received, this, &Bus::handleFrame);
 }
 
-Hand* Bus::find(quint8 id)
+Hand* Bus::findHand(std::uint8_t id)
 {
     const auto node =
         std::ranges::find_if(m_nodes, [id](const Node& n) { return n.hand.id == id; });
     return node == m_nodes.end() ? nullptr : &node->hand;
 }
 
-void Bus::receive(const QByteArray& bytes, Moment began)
+void Bus::receive(const QByteArray& bytes, TimePoint startTime)
 {
     for (const char byte : bytes) {
-        if (m_bootLoader.feed(byte, began))
+        if (m_bootLoader.feed(byte, startTime))
             continue;
-        const std::optional<ReceivedFrame> received = m_receiver.feed(byte, began);
+        const std::optional<ReceivedFrame> received = m_receiver.feed(byte, startTime);
         if (received)
-            take(*received);
+            handleFrame(*received);
     }
 }
 
-void Bus::take(const ReceivedFrame& received)
+void Bus::handleFrame(const ReceivedFrame& received)
 {
     const bool isForBootLoader = received.peer.protocol == Protocol::Boot;
-    if (isForBootLoader && (bootHand() == nullptr || !m_bootLoader.listens()))
+    if (isForBootLoader && (bootLoaderHand() == nullptr || !m_bootLoader.isListening()))
         return;
     if (!isForBootLoader)
         m_bootLoader.closeWindow();
-    note(received);
-    if (received.checksumGood)
-        std::visit([this](const auto& request) { answer(request); }, received.request);
+    recordFrame(received);
+    if (received.checksumValid)
+        std::visit([this](const auto& request) { handleRequest(request); }, received.request);
 }
 
-void Bus::note(const ReceivedFrame& received)
+void Bus::recordFrame(const ReceivedFrame& received)
 {
     QStringList marks;
-    if (m_repliesUnderWay > 0 || received.began < m_lastReplyWritten) {
+    if (m_pendingReplies > 0 || received.startTime < m_lastReplyWritten) {
         ++m_statistics.overlaps;
         marks.append(QStringLiteral("!overlap"));
     }
-    if (!received.checksumGood)
+    if (!received.checksumValid)
         marks.append(QStringLiteral("!bad-checksum"));
-    ++(received.checksumGood ? m_statistics.requests : m_statistics.bad);
+    ++(received.checksumValid ? m_statistics.requests : m_statistics.bad);
     Peer peer = received.peer;
     if (peer.protocol == Protocol::Boot)
-        peer.node = bootHand()->id;
-    m_trace.received(peer, received.bytes, marks);
+        peer.node = bootLoaderHand()->id;
+    m_trace.writeRequest(peer, received.bytes, marks);
 }
 
-// Every hand that is addressed carries the request out; the one with the lowest id answers.
-void Bus::answer(const Frame& request)
+/// Every addressed hand executes the request; the one with the lowest id answers.
+void Bus::handleRequest(const Frame& request)
 {
     const std::vector<Hand*> hands =
-        addressed({Protocol::SerialCtrl, request.destination}, anyNode);
+        addressedHands({Protocol::SerialCtrl, request.destination}, AnyNode);
     if (hands.empty())
         return;
     const Peer peer{Protocol::SerialCtrl, hands.front()->id};
@@ -97,12 +97,12 @@ void Bus::answer(const Frame& request)
         return;
     }
 
-    const Moment now = Clock::now();
-    Answer first = serialCtrlAnswer(*hands.front(), request.command, request.payload, now);
+    const TimePoint now = Clock::now();
+    Response first = executeSerialCtrl(*hands.front(), request.command, request.payload, now);
     for (auto hand = hands.begin() + 1; hand != hands.end(); ++hand)
-        serialCtrlAnswer(**hand, request.command, request.payload, now);
+        executeSerialCtrl(**hand, request.command, request.payload, now);
     if (first.subError != NoSubError) {
-        reply.command |= errorBit;
+        reply.command |= ErrorBit;
         first.payload.clear();
         first.u8(first.subError);
     }
@@ -113,10 +113,10 @@ void Bus::answer(const Frame& request)
         send(encode(reply), peer, {}, true);
 }
 
-void Bus::answer(const ModbusFrame& request)
+void Bus::handleRequest(const ModbusFrame& request)
 {
     const Peer peer{Protocol::Modbus, request.node};
-    const std::vector<Hand*> hands = addressed(peer, broadcastNode);
+    const std::vector<Hand*> hands = addressedHands(peer, BroadcastNode);
     if (hands.empty())
         return;
     if (m_hung) {
@@ -124,10 +124,10 @@ void Bus::answer(const ModbusFrame& request)
         return;
     }
 
-    const Moment now = Clock::now();
-    if (request.node == broadcastNode) {
+    const TimePoint now = Clock::now();
+    if (request.node == BroadcastNode) {
         for (Hand* const hand : hands)
-            modbusAnswer(*hand, request, now);
+            executeModbus(*hand, request, now);
         return;
     }
     Hand& hand = *hands.front();
@@ -135,35 +135,35 @@ void Bus::answer(const ModbusFrame& request)
         m_faults.take({peer, request.function, firstRegister(request)});
     const bool refused = fault && fault->kind->refuses;
     const ModbusFrame reply =
-        refused ? modbusRefusal(hand, request, fault->error) : modbusAnswer(hand, request, now);
+        refused ? refuseModbus(hand, request, fault->error) : executeModbus(hand, request, now);
     if (fault)
         deliver(fault->kind->deliverModbus(reply, *fault), peer, *fault);
     else
         send(encode(reply), peer, {}, true);
 }
 
-void Bus::answer(const BootRequest& request)
+void Bus::handleRequest(const BootRequest& request)
 {
-    Hand& hand = *bootHand();
+    Hand& hand = *bootLoaderHand();
     const Peer peer{Protocol::Boot, hand.id};
     if (m_hung) {
         withhold(peer, QStringLiteral("hang"));
         return;
     }
     const std::optional<Fault> fault = m_faults.take({peer, 0, {}, request.stage});
-    const BootReply reply = m_bootLoader.verdict(hand, request);
+    const BootReply reply = m_bootLoader.replyTo(hand, request);
     const Delivery delivery =
         fault ? fault->kind->deliverBoot(reply, *fault) : Delivery{reply.bytes};
     const bool prevented = fault && (fault->kind->refuses || delivery.bytes.isEmpty());
-    m_bootLoader.carryOut(hand, request, !prevented);
+    m_bootLoader.execute(hand, request, !prevented);
     if (fault)
         deliver(delivery, peer, *fault);
     else
         send(reply.bytes, peer, {}, true);
 }
 
-// Requests to the boot loader name nobody: the hand with the lowest id takes them.
-Hand* Bus::bootHand()
+/// Requests to the boot loader carry no node id: the hand with the lowest id receives them.
+Hand* Bus::bootLoaderHand()
 {
     Hand* lowest = nullptr;
     for (Node& node : m_nodes) {
@@ -175,7 +175,7 @@ Hand* Bus::bootHand()
 
 bool Bus::enterBootLoader()
 {
-    Hand* const hand = bootHand();
+    Hand* const hand = bootLoaderHand();
     if (hand != nullptr)
         m_bootLoader.enterWithoutApplication(*hand);
     return hand != nullptr;
@@ -187,13 +187,13 @@ void Bus::powerCycle(Hand& hand)
     m_bootLoader.powerOn(hand);
 }
 
-std::vector<Hand*> Bus::addressed(Peer peer, quint8 allNodes)
+std::vector<Hand*> Bus::addressedHands(Peer peer, std::uint8_t allNodes)
 {
-    const Moment now = Clock::now();
+    const TimePoint now = Clock::now();
     std::vector<Hand*> hands;
     for (Node& node : m_nodes) {
         const bool meant = peer.node == allNodes || peer.node == node.hand.id;
-        if (meant && node.hand.hears(now) && node.protocols.testFlag(peer.protocol))
+        if (meant && node.hand.isListening(now) && node.protocols.testFlag(peer.protocol))
             hands.push_back(&node.hand);
     }
     std::ranges::stable_sort(hands, {}, &Hand::id);
@@ -215,36 +215,37 @@ void Bus::deliver(const Delivery& delivery, Peer peer, const Fault& fault)
                        [this, delivery, peer, name] { send(delivery.bytes, peer, name, false); });
 }
 
-// `awaited` replies make a request that comes before their end an overlap.
+/// A request that arrives before the end of an `awaited` reply counts as an overlap.
 void Bus::send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited)
 {
     const auto beforeLastByte = [this, bytes, peer, fault, awaited] {
         ++m_statistics.replies;
-        m_trace.sent(peer, bytes, fault.isEmpty() ? QStringList() : QStringList(faultMark(fault)));
+        m_trace.writeReply(peer, bytes,
+                           fault.isEmpty() ? QStringList() : QStringList(faultMark(fault)));
         if (!awaited)
             return;
-        --m_repliesUnderWay;
+        --m_pendingReplies;
         m_lastReplyWritten = Clock::now();
     };
     if (awaited)
-        ++m_repliesUnderWay;
+        ++m_pendingReplies;
     const bool underWay = m_line.wire().send(bytes, beforeLastByte);
     if (awaited && !underWay)
-        --m_repliesUnderWay;
+        --m_pendingReplies;
 }
 
 void Bus::withhold(Peer peer, const QString& fault)
 {
     ++m_statistics.dropped;
-    m_trace.withheld(peer, fault);
+    m_trace.writeWithheldReply(peer, fault);
 }
 
-void Bus::forgetReplies()
+void Bus::discardReplies()
 {
     m_delayedReplies = std::make_unique<QObject>();
-    m_repliesUnderWay = 0;
+    m_pendingReplies = 0;
     m_receiver.reset();
-    m_bootLoader.lineLost();
+    m_bootLoader.handleDisconnect();
 }
 
 } // namespace vanto::simulator

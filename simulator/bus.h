@@ -7,6 +7,7 @@
 #include "line.h"
 #include "trace.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace vanto::simulator
@@ -18,15 +19,15 @@ struct Node {
 };
 
 struct BusStatistics {
-    quint64 requests = 0; // whole frames with a good checksum, also those for absent nodes
-    quint64 replies = 0;
-    quint64 overlaps = 0;
-    quint64 dropped = 0; // replies that a fault or the hang kept back for good
-    quint64 bad = 0;     // frames with a wrong checksum
+    std::uint64_t requests = 0; ///< valid frames, including those for absent nodes
+    std::uint64_t replies = 0;
+    std::uint64_t overlaps = 0;
+    std::uint64_t dropped = 0; ///< replies that a fault or "hang" suppressed
+    std::uint64_t bad = 0;     ///< frames with a wrong checksum
 };
 
-// The hands on one line: takes requests from the wire, lets the hands answer, and lets armed
-// faults spoil the replies.
+/// The hands on one line: receives requests, has the hands answer them and applies armed faults to
+/// the replies.
 class Bus : public QObject
 {
     Q_OBJECT
@@ -35,29 +36,29 @@ public:
     Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& boot = {},
         QObject* parent = nullptr);
 
-    Hand* find(quint8 id);
+    Hand* findHand(std::uint8_t id);
     std::vector<Node>& nodes() { return m_nodes; }
     FaultList& faults() { return m_faults; }
     BootLoader& bootLoader() { return m_bootLoader; }
-    // False if there is no hand to do so.
+    /// Returns false if no hand is switched on.
     bool enterBootLoader();
     void powerCycle(Hand& hand);
     void setHung(bool hung) { m_hung = hung; }
     const BusStatistics& statistics() const { return m_statistics; }
 
 private:
-    void receive(const QByteArray& bytes, Moment began);
-    void take(const ReceivedFrame& received);
-    void note(const ReceivedFrame& received);
-    void answer(const Frame& request);
-    void answer(const ModbusFrame& request);
-    void answer(const BootRequest& request);
-    Hand* bootHand();
-    std::vector<Hand*> addressed(Peer peer, quint8 allNodes);
+    void receive(const QByteArray& bytes, TimePoint startTime);
+    void handleFrame(const ReceivedFrame& received);
+    void recordFrame(const ReceivedFrame& received);
+    void handleRequest(const Frame& request);
+    void handleRequest(const ModbusFrame& request);
+    void handleRequest(const BootRequest& request);
+    Hand* bootLoaderHand();
+    std::vector<Hand*> addressedHands(Peer peer, std::uint8_t allNodes);
     void deliver(const Delivery& delivery, Peer peer, const Fault& fault);
     void send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited);
     void withhold(Peer peer, const QString& fault);
-    void forgetReplies();
+    void discardReplies();
 
     std::vector<Node> m_nodes;
     Line& m_line;
@@ -67,9 +68,9 @@ private:
     FaultList m_faults;
     BusStatistics m_statistics;
     bool m_hung = false;
-    int m_repliesUnderWay = 0;
-    Moment m_lastReplyWritten{};
-    std::unique_ptr<QObject> m_delayedReplies; // context of their timers
+    int m_pendingReplies = 0;
+    TimePoint m_lastReplyWritten{};
+    std::unique_ptr<QObject> m_delayedReplies; ///< context object of their timers
 };
 
 } // namespace vanto::simulator

@@ -12,7 +12,7 @@ namespace vanto::simulator
 {
 namespace
 {
-const QString ok = QStringLiteral("ok");
+const QString Ok = QStringLiteral("ok");
 
 QString failure(const QString& reason)
 {
@@ -21,7 +21,7 @@ QString failure(const QString& reason)
 
 QString result(const QString& error)
 {
-    return error.isEmpty() ? ok : failure(error);
+    return error.isEmpty() ? Ok : failure(error);
 }
 
 QString noSuchNode(const QString& word)
@@ -33,38 +33,38 @@ QString noSuchNode(const QString& word)
 struct Control::Entry {
     const char* name;
     const char* usage;
-    const char* meaning;
+    const char* description;
     int minWords;
     int maxWords;
     QString (Control::*run)(const QStringList&);
 };
 
-constexpr int anyWords = 100;
+constexpr int AnyWordCount = 100;
 
-const Control::Entry Control::entries[] = {
+const Control::Entry Control::Entries[] = {
     {"fault",
      "NAME [node=N] [command=0xNN] [register=N] [stage=S] [skip=K] [count=K] [ms=T] [error=0xNN] "
      "[bytes=K]",
-     "spoil the next count replies (default 1, 0 without end) after letting skip pass", 1, anyWords,
-     &Control::fault},
+     "alter the next count replies (default 1, 0 for no limit) after skip unaltered ones", 1,
+     AnyWordCount, &Control::fault},
     {"clear", "", "remove all faults", 0, 0, &Control::clear},
-    {"hang", "[off]", "answer nothing at all, until off", 0, 1, &Control::hang},
+    {"hang", "[off]", "ignore all requests until off", 0, 1, &Control::hang},
     {"unplug", "", "close the port", 0, 0, &Control::unplug},
-    {"replug", "", "open a new port; answers its path", 0, 0, &Control::replug},
-    {"power-cycle", "[NODE]", "switch a hand, or all, off and on again", 0, 1,
+    {"replug", "", "open a new port and show its path", 0, 0, &Control::replug},
+    {"power-cycle", "[NODE]", "switch one or all hands off and on again", 0, 1,
      &Control::powerCycle},
-    {"set", "NODE NAME [FINGER] VALUE", "set a value; auto ends a set current or force", 3, 4,
+    {"set", "NODE NAME [FINGER] VALUE", "set a value; auto undoes a set current or force", 3, 4,
      &Control::set},
-    {"get", "NODE NAME [FINGER]", "answer a value", 2, 3, &Control::get},
-    {"stats", "", "answer counts of frames", 0, 0, &Control::stats},
+    {"get", "NODE NAME [FINGER]", "show a value", 2, 3, &Control::get},
+    {"stats", "", "show the counts of frames", 0, 0, &Control::stats},
     {"boot", "[enter|leave]",
-     "answer the boot loader's state and counts; enter: as after a failed update; leave: start the "
-     "application",
+     "show the state and counts of the boot loader; enter: start it as after a failed update; "
+     "leave: start the application",
      0, 1, &Control::boot},
-    {"image", "FILE", "write the records that the last update has stored; answers their size", 1, 1,
+    {"image", "FILE", "write the records of the last update to a file and show their size", 1, 1,
      &Control::image},
-    {"help", "", "show this", 0, 0, &Control::showHelp},
-    {"quit", "", "end", 0, 0, &Control::quit},
+    {"help", "", "show this help", 0, 0, &Control::showHelp},
+    {"quit", "", "end the program", 0, 0, &Control::quit},
 };
 
 Control::Control(Bus& bus, Line& line, QObject* parent) : QObject(parent), m_bus(bus), m_line(line)
@@ -77,8 +77,8 @@ QString Control::execute(const QString& command)
     if (words.isEmpty())
         return failure(QStringLiteral("empty command"));
     const auto* const entry = std::ranges::find_if(
-        entries, [&words](const Entry& e) { return words.first() == QLatin1String(e.name); });
-    if (entry == std::end(entries))
+        Entries, [&words](const Entry& e) { return words.first() == QLatin1String(e.name); });
+    if (entry == std::end(Entries))
         return failure(QStringLiteral("unknown command '%1'; try help").arg(words.first()));
     const QStringList arguments = words.sliced(1);
     if (arguments.size() < entry->minWords || arguments.size() > entry->maxWords)
@@ -93,11 +93,11 @@ QString Control::help()
     const QString separator = QStringLiteral(" ");
     QString text = QStringLiteral("Commands on standard input, one per line; each is answered by "
                                   "\"ok\" or \"error: ...\":\n");
-    for (const Entry& entry : entries) {
+    for (const Entry& entry : Entries) {
         const QString usage =
             QLatin1String(entry.name) + QLatin1Char(' ') + QLatin1String(entry.usage);
-        text +=
-            QStringLiteral("  %1\n      %2\n").arg(usage.trimmed(), QLatin1String(entry.meaning));
+        text += QStringLiteral("  %1\n      %2\n")
+                    .arg(usage.trimmed(), QLatin1String(entry.description));
     }
     text += QStringLiteral("Faults: %1\n").arg(faultHelp());
     text += QStringLiteral("Names: %1\n").arg(handPropertyNames().join(separator));
@@ -113,17 +113,17 @@ QString Control::fault(const QStringList& words)
 QString Control::clear(const QStringList&)
 {
     m_bus.faults().clear();
-    return ok;
+    return Ok;
 }
 
 QString Control::hang(const QStringList& words)
 {
     const QString state = words.value(0, QStringLiteral("on"));
-    const bool off = state == QLatin1String("off");
-    if (!off && state != QLatin1String("on"))
+    const bool isOff = state == QLatin1String("off");
+    if (!isOff && state != QLatin1String("on"))
         return failure(QStringLiteral("hang takes off or nothing"));
-    m_bus.setHung(!off);
-    return ok;
+    m_bus.setHung(!isOff);
+    return Ok;
 }
 
 QString Control::unplug(const QStringList&)
@@ -131,7 +131,7 @@ QString Control::unplug(const QStringList&)
     if (!m_line.isPlugged())
         return failure(QStringLiteral("not plugged"));
     m_line.unplug();
-    return ok;
+    return Ok;
 }
 
 QString Control::replug(const QStringList&)
@@ -147,13 +147,13 @@ QString Control::powerCycle(const QStringList& words)
     if (words.isEmpty()) {
         for (Node& node : m_bus.nodes())
             m_bus.powerCycle(node.hand);
-        return ok;
+        return Ok;
     }
     Hand* const hand = findNode(words.first());
     if (hand == nullptr)
         return noSuchNode(words.first());
     m_bus.powerCycle(*hand);
-    return ok;
+    return Ok;
 }
 
 QString Control::set(const QStringList& words)
@@ -172,13 +172,13 @@ QString Control::get(const QStringList& words)
 
 QString Control::stats(const QStringList&)
 {
-    const BusStatistics& counted = m_bus.statistics();
+    const BusStatistics& counts = m_bus.statistics();
     return QStringLiteral("ok requests=%1 replies=%2 overlaps=%3 dropped=%4 bad=%5")
-        .arg(counted.requests)
-        .arg(counted.replies)
-        .arg(counted.overlaps)
-        .arg(counted.dropped)
-        .arg(counted.bad);
+        .arg(counts.requests)
+        .arg(counts.replies)
+        .arg(counts.overlaps)
+        .arg(counts.dropped)
+        .arg(counts.bad);
 }
 
 QString Control::boot(const QStringList& words)
@@ -186,11 +186,11 @@ QString Control::boot(const QStringList& words)
     BootLoader& bootLoader = m_bus.bootLoader();
     const QString action = words.value(0);
     if (action == QLatin1String("enter")) {
-        return m_bus.enterBootLoader() ? ok : failure(QStringLiteral("no hand is switched on"));
+        return m_bus.enterBootLoader() ? Ok : failure(QStringLiteral("no hand is switched on"));
     }
     if (action == QLatin1String("leave")) {
-        bootLoader.startApplicationAnyway();
-        return ok;
+        bootLoader.forceApplicationStart();
+        return Ok;
     }
     if (!action.isEmpty())
         return failure(QStringLiteral("boot takes enter, leave or nothing"));
@@ -214,19 +214,19 @@ QString Control::image(const QStringList& words)
 
 QString Control::showHelp(const QStringList&)
 {
-    return help() + ok;
+    return help() + Ok;
 }
 
 QString Control::quit(const QStringList&)
 {
     emit quitRequested();
-    return ok;
+    return Ok;
 }
 
 Hand* Control::findNode(const QString& word)
 {
-    const std::optional<qint64> id = parseInteger(word, 0, 0xFF);
-    return id ? m_bus.find(static_cast<quint8>(*id)) : nullptr;
+    const std::optional<std::int64_t> id = parseInteger(word, 0, 0xFF);
+    return id ? m_bus.findHand(static_cast<std::uint8_t>(*id)) : nullptr;
 }
 
 } // namespace vanto::simulator

@@ -5,7 +5,7 @@
 namespace vanto::simulator
 {
 
-// Carries out the commands a user or a test gives to the simulation, one per line.
+/// Executes the commands of a user or a test, one per line.
 class Control : public QObject
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class Control : public QObject
 public:
     Control(Bus& bus, Line& line, QObject* parent = nullptr);
 
-    // The answer; its last line starts with "ok" or "error: ".
+    /// Returns the answer; its last line starts with "ok" or "error: ".
     QString execute(const QString& command);
 
     static QString help();
@@ -23,7 +23,7 @@ signals:
 
 private:
     struct Entry;
-    static const Entry entries[];
+    static const Entry Entries[];
 
     QString fault(const QStringList& words);
     QString clear(const QStringList& words);

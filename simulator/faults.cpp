@@ -10,57 +10,57 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr qsizetype defaultNoise = 12;
-constexpr qsizetype defaultExcess = 8;
-constexpr qsizetype maxPayload = 255;
-constexpr qsizetype registerSize = 2;
-constexpr char flippedBits = 0x24;
+constexpr qsizetype DefaultNoise = 12;
+constexpr qsizetype DefaultExcess = 8;
+constexpr qsizetype MaxPayload = 255;
+constexpr qsizetype RegisterSize = 2;
+constexpr char FlippedBits = 0x24;
 
-void fail(Frame& reply, const Fault& fault)
+void setError(Frame& reply, const Fault& fault)
 {
-    reply.command |= errorBit;
+    reply.command |= ErrorBit;
     reply.payload = QByteArray(1, static_cast<char>(fault.error));
 }
 
-// A Modbus hand has refused by itself, so that its error register tells the same.
-void fail(ModbusFrame&, const Fault&) {}
+/// A Modbus hand has already refused the request itself, which also sets its error register.
+void setError(ModbusFrame&, const Fault&) {}
 
-void fail(BootReply& reply, const Fault& fault)
+void setError(BootReply& reply, const Fault& fault)
 {
     reply.bytes = QByteArray(1, static_cast<char>(fault.error));
 }
 
-void failBare(Frame& reply, const Fault&)
+void setBareError(Frame& reply, const Fault&)
 {
-    reply.command |= errorBit;
+    reply.command |= ErrorBit;
 }
 
-void failBare(ModbusFrame& reply, const Fault&)
+void setBareError(ModbusFrame& reply, const Fault&)
 {
     reply.data.clear();
 }
 
-void renameNode(Frame& reply, const Fault&)
+void changeNode(Frame& reply, const Fault&)
 {
     ++reply.source;
 }
 
-void renameNode(ModbusFrame& reply, const Fault&)
+void changeNode(ModbusFrame& reply, const Fault&)
 {
     ++reply.node;
 }
 
-void renameCommand(Frame& reply, const Fault&)
+void changeCommand(Frame& reply, const Fault&)
 {
     reply.command ^= 1U;
 }
 
-void renameCommand(ModbusFrame& reply, const Fault&)
+void changeCommand(ModbusFrame& reply, const Fault&)
 {
     reply.function ^= 1U;
 }
 
-void renameHost(Frame& reply, const Fault&)
+void changeHost(Frame& reply, const Fault&)
 {
     ++reply.destination;
 }
@@ -75,51 +75,52 @@ QByteArray& payloadOf(ModbusFrame& reply)
     return reply.data;
 }
 
-// A frame that tells its own length stays good; of the Modbus replies only that to a read does.
-void settleLength(Frame&) {}
+/// Keeps a frame valid whose length is in its data. For Modbus this is only the reply to a read.
+void updateByteCount(Frame&) {}
 
-void settleLength(ModbusFrame& reply)
+void updateByteCount(ModbusFrame& reply)
 {
     if (reply.function == ReadHoldingRegisters && !reply.data.isEmpty())
         reply.data[0] = static_cast<char>(reply.data.size() - 1);
 }
 
-qsizetype unitOf(const Frame&)
+qsizetype unitSize(const Frame&)
 {
     return 1;
 }
 
-qsizetype unitOf(const ModbusFrame& reply)
+qsizetype unitSize(const ModbusFrame& reply)
 {
-    return reply.function == ReadHoldingRegisters ? registerSize : 1;
+    return reply.function == ReadHoldingRegisters ? RegisterSize : 1;
 }
 
 template<class Reply>
-void overLong(Reply& reply, const Fault& fault)
-{
-    QByteArray& payload = payloadOf(reply);
-    const qsizetype excess = fault.bytes.value_or(defaultExcess);
-    payload = payload.leftJustified(std::min(payload.size() + excess, maxPayload), 0x5A);
-    settleLength(reply);
-}
-
-template<class Reply>
-void shortened(Reply& reply, const Fault& fault)
+void lengthen(Reply& reply, const Fault& fault)
 {
     QByteArray& payload = payloadOf(reply);
-    payload.truncate(fault.bytes.value_or(std::max<qsizetype>(payload.size() - unitOf(reply), 0)));
-    settleLength(reply);
+    const qsizetype excess = fault.bytes.value_or(DefaultExcess);
+    payload = payload.leftJustified(std::min(payload.size() + excess, MaxPayload), 0x5A);
+    updateByteCount(reply);
 }
 
 template<class Reply>
-void wrongFinger(Reply& reply, const Fault&)
+void shorten(Reply& reply, const Fault& fault)
+{
+    QByteArray& payload = payloadOf(reply);
+    payload.truncate(
+        fault.bytes.value_or(std::max<qsizetype>(payload.size() - unitSize(reply), 0)));
+    updateByteCount(reply);
+}
+
+template<class Reply>
+void changeFinger(Reply& reply, const Fault&)
 {
     QByteArray& payload = payloadOf(reply);
     if (!payload.isEmpty())
         payload[0] = static_cast<char>(payload[0] ^ 1);
 }
 
-// A reply that is a good frame with other content.
+/// A valid frame with altered content.
 template<class Reply, void (*Alter)(Reply&, const Fault&)>
 Delivery altered(const Reply& reply, const Fault& fault)
 {
@@ -133,14 +134,14 @@ Delivery garbled(const Frame& reply, const Fault&)
     QByteArray bytes = encode(reply);
     const qsizetype payloadEnd = bytes.size() - 2;
     const qsizetype at = reply.payload.isEmpty() ? bytes.size() - 1 : payloadEnd;
-    bytes[at] = static_cast<char>(bytes[at] ^ flippedBits);
+    bytes[at] = static_cast<char>(bytes[at] ^ FlippedBits);
     return {bytes};
 }
 
 Delivery garbled(const ModbusFrame& reply, const Fault&)
 {
     QByteArray bytes = encode(reply);
-    bytes.back() = static_cast<char>(bytes.back() ^ flippedBits);
+    bytes.back() = static_cast<char>(bytes.back() ^ FlippedBits);
     return {bytes};
 }
 
@@ -163,15 +164,15 @@ Delivery truncated(const Reply& reply, const Fault& fault)
     return {bytes.left(fault.bytes.value_or(bytes.size() / 2))};
 }
 
-// Looks random and is the same every time; holds a false start of a frame (55), but no 55 AA and
-// no 55 at the end, so that a good frame after it can be found.
+/// Reproducible noise. It contains a false frame start (55), but neither 55 AA nor a final 55, so
+/// that a receiver can find a valid frame after it.
 QByteArray noise(const Fault& fault)
 {
-    constexpr quint32 multiplier = 1664525U;
-    constexpr quint32 increment = 1013904223U;
+    constexpr std::uint32_t multiplier = 1664525U;
+    constexpr std::uint32_t increment = 1013904223U;
     constexpr char falseStart = 0x55;
-    quint32 state = 1;
-    QByteArray bytes(fault.bytes.value_or(defaultNoise), 0);
+    std::uint32_t state = 1;
+    QByteArray bytes(fault.bytes.value_or(DefaultNoise), 0);
     for (char& byte : bytes) {
         state = state * multiplier + increment;
         const auto next = static_cast<char>(state >> 24U);
@@ -191,7 +192,7 @@ Delivery afterNoise(const Reply& reply, const Fault& fault)
     return {noise(fault) + encode(reply)};
 }
 
-// The first byte comes twice: 55 55 AA is no answer to a probe.
+/// Repeats the first byte: 55 55 AA is not an answer to a probe.
 Delivery stuttering(const BootReply& reply, const Fault&)
 {
     return {reply.bytes.first(1) + reply.bytes};
@@ -206,29 +207,29 @@ Delivery onlyNoise(const Reply&, const Fault& fault)
 #define BOTH(function) function<Frame>, function<ModbusFrame>
 #define BOTH_ALTERED(alter) altered<Frame, alter>, altered<ModbusFrame, alter>
 
-constexpr FaultKind kinds[] = {
+constexpr FaultKind Kinds[] = {
     {"drop", false, BOTH(dropped), dropped<BootReply>},
     {"late", false, BOTH(delayed), delayed<BootReply>},
     {"garble", false, garbled, garbled},
     {"truncate", false, BOTH(truncated)},
-    {"wrong-node", false, BOTH_ALTERED(renameNode)},
-    {"wrong-command", false, BOTH_ALTERED(renameCommand)},
-    {"over-long", false, BOTH_ALTERED(overLong)},
-    {"short", false, BOTH_ALTERED(shortened)},
+    {"wrong-node", false, BOTH_ALTERED(changeNode)},
+    {"wrong-command", false, BOTH_ALTERED(changeCommand)},
+    {"over-long", false, BOTH_ALTERED(lengthen)},
+    {"short", false, BOTH_ALTERED(shorten)},
     {"noise", false, BOTH(afterNoise), afterNoise<BootReply>},
     {"garbage", false, BOTH(onlyNoise), onlyNoise<BootReply>},
-    {"refuse", true, BOTH_ALTERED(fail), altered<BootReply, fail>},
-    {"refuse-bare", true, BOTH_ALTERED(failBare)},
-    {"wrong-finger", false, BOTH_ALTERED(wrongFinger)},
-    {"wrong-host", false, altered<Frame, renameHost>, nullptr},
+    {"refuse", true, BOTH_ALTERED(setError), altered<BootReply, setError>},
+    {"refuse-bare", true, BOTH_ALTERED(setBareError)},
+    {"wrong-finger", false, BOTH_ALTERED(changeFinger)},
+    {"wrong-host", false, altered<Frame, changeHost>, nullptr},
     {"stutter", false, nullptr, nullptr, stuttering},
 };
 
-constexpr int maxCount = 1'000'000;
-constexpr int maxDelay = 60'000; // ms
-constexpr int maxBytes = 4096;
+constexpr int MaxCount = 1'000'000;
+constexpr int MaxDelayMs = 60'000;
+constexpr int MaxBytes = 4096;
 
-constexpr const char* stageNames[] = {"probe", "hardware", "record"};
+constexpr const char* StageNames[] = {"probe", "hardware", "record"};
 
 struct Parameter {
     const char* name;
@@ -236,15 +237,15 @@ struct Parameter {
     void (*set)(Fault&, int);
 };
 
-constexpr Parameter parameters[] = {
-    {"node", 0xFF, [](Fault& f, int v) { f.node = static_cast<quint8>(v); }},
-    {"command", 0xFF, [](Fault& f, int v) { f.command = static_cast<quint8>(v); }},
-    {"register", 0xFFFF, [](Fault& f, int v) { f.address = static_cast<quint16>(v); }},
-    {"skip", maxCount, [](Fault& f, int v) { f.skip = v; }},
-    {"count", maxCount, [](Fault& f, int v) { f.count = v; }},
-    {"ms", maxDelay, [](Fault& f, int v) { f.delay = std::chrono::milliseconds(v); }},
-    {"error", 0xFF, [](Fault& f, int v) { f.error = static_cast<quint8>(v); }},
-    {"bytes", maxBytes, [](Fault& f, int v) { f.bytes = v; }},
+constexpr Parameter Parameters[] = {
+    {"node", 0xFF, [](Fault& f, int v) { f.node = static_cast<std::uint8_t>(v); }},
+    {"command", 0xFF, [](Fault& f, int v) { f.command = static_cast<std::uint8_t>(v); }},
+    {"register", 0xFFFF, [](Fault& f, int v) { f.address = static_cast<std::uint16_t>(v); }},
+    {"skip", MaxCount, [](Fault& f, int v) { f.skip = v; }},
+    {"count", MaxCount, [](Fault& f, int v) { f.count = v; }},
+    {"ms", MaxDelayMs, [](Fault& f, int v) { f.delay = std::chrono::milliseconds(v); }},
+    {"error", 0xFF, [](Fault& f, int v) { f.error = static_cast<std::uint8_t>(v); }},
+    {"bytes", MaxBytes, [](Fault& f, int v) { f.bytes = v; }},
 };
 
 template<typename Table>
@@ -257,10 +258,10 @@ auto findByName(const Table& table, const QString& name)
 QString setStage(Fault& fault, const QString& name)
 {
     const auto* const stage =
-        std::ranges::find(stageNames, name, [](const char* known) { return QLatin1String(known); });
-    if (stage == std::end(stageNames))
+        std::ranges::find(StageNames, name, [](const char* known) { return QLatin1String(known); });
+    if (stage == std::end(StageNames))
         return QStringLiteral("'%1' is not probe, hardware or record").arg(name);
-    fault.stage = static_cast<BootStage>(std::distance(std::begin(stageNames), stage));
+    fault.stage = static_cast<BootStage>(std::distance(std::begin(StageNames), stage));
     return {};
 }
 
@@ -269,10 +270,10 @@ QString setParameter(Fault& fault, const QString& word)
     const qsizetype equals = word.indexOf(QLatin1Char('='));
     if (word.left(equals) == QLatin1String("stage"))
         return setStage(fault, word.mid(equals + 1));
-    const auto* const parameter = findByName(parameters, word.left(equals));
-    if (equals < 0 || parameter == std::end(parameters))
+    const auto* const parameter = findByName(Parameters, word.left(equals));
+    if (equals < 0 || parameter == std::end(Parameters))
         return QStringLiteral("unknown parameter '%1'").arg(word);
-    const std::optional<qint64> value = parseInteger(word.mid(equals + 1), 0, parameter->max);
+    const std::optional<std::int64_t> value = parseInteger(word.mid(equals + 1), 0, parameter->max);
     if (!value)
         return QStringLiteral("'%1' needs a number from 0 to %2").arg(word).arg(parameter->max);
     parameter->set(fault, static_cast<int>(*value));
@@ -285,17 +286,17 @@ QString FaultList::arm(const QStringList& words)
     if (words.isEmpty())
         return QStringLiteral("a fault needs a name");
     Fault fault;
-    fault.kind = findByName(kinds, words.first());
-    if (fault.kind == std::end(kinds))
+    fault.kind = findByName(Kinds, words.first());
+    if (fault.kind == std::end(Kinds))
         return QStringLiteral("unknown fault '%1'").arg(words.first());
     for (const QString& word : words.sliced(1)) {
         QString error = setParameter(fault, word);
         if (!error.isEmpty())
             return error;
     }
-    const bool exists =
+    const bool isSupported =
         fault.stage ? fault.kind->deliverBoot != nullptr : fault.kind->deliver != nullptr;
-    if (!exists) {
+    if (!isSupported) {
         return QStringLiteral("there is no fault '%1' of the boot loader%2")
             .arg(words.first(), fault.stage ? QString() : QStringLiteral(" without a stage"));
     }
@@ -306,9 +307,9 @@ QString FaultList::arm(const QStringList& words)
 std::optional<Fault> FaultList::take(const FaultTarget& target)
 {
     for (auto armed = m_armed.begin(); armed != m_armed.end(); ++armed) {
-        const bool exists =
+        const bool isSupported =
             target.peer.protocol != Protocol::Modbus || armed->kind->deliverModbus != nullptr;
-        const bool matches = exists && armed->stage == target.stage &&
+        const bool matches = isSupported && armed->stage == target.stage &&
                              armed->node.value_or(target.peer.node) == target.peer.node &&
                              armed->command.value_or(target.command) == target.command &&
                              (!armed->address || armed->address == target.address);
@@ -330,7 +331,7 @@ std::optional<Fault> FaultList::take(const FaultTarget& target)
 QString faultHelp()
 {
     QStringList names;
-    for (const FaultKind& kind : kinds)
+    for (const FaultKind& kind : Kinds)
         names.append(QLatin1String(kind.name));
     return names.join(QLatin1Char(' '));
 }

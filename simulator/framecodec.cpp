@@ -8,22 +8,22 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr char sync1 = 0x55;
-constexpr char sync2 = static_cast<char>(0xAA);
+constexpr char Sync1 = 0x55;
+constexpr char Sync2 = static_cast<char>(0xAA);
 
 enum Offset : qsizetype {
-    DestinationAt = 2,
-    SourceAt = 3,
-    CommandAt = 4,
-    LengthAt = 5,
-    PayloadAt = 6,
+    DestinationOffset = 2,
+    SourceOffset = 3,
+    CommandOffset = 4,
+    LengthOffset = 5,
+    PayloadOffset = 6,
 };
-constexpr qsizetype frameOverhead = 7;
-constexpr qsizetype maxRequestPayload = 63;
+constexpr qsizetype FrameOverhead = 7;
+constexpr qsizetype MaxRequestPayload = 63;
 
-quint8 unsignedAt(QByteArrayView bytes, qsizetype offset)
+std::uint8_t byteAt(QByteArrayView bytes, qsizetype offset)
 {
-    return static_cast<quint8>(bytes.at(offset));
+    return static_cast<std::uint8_t>(bytes.at(offset));
 }
 
 char checksum(QByteArrayView covered)
@@ -36,33 +36,33 @@ char checksum(QByteArrayView covered)
 QByteArray encode(const Frame& frame)
 {
     QByteArray bytes;
-    bytes.reserve(frame.payload.size() + frameOverhead);
-    bytes.append(sync1).append(sync2);
+    bytes.reserve(frame.payload.size() + FrameOverhead);
+    bytes.append(Sync1).append(Sync2);
     bytes.append(static_cast<char>(frame.destination)).append(static_cast<char>(frame.source));
     bytes.append(static_cast<char>(frame.command)).append(static_cast<char>(frame.payload.size()));
     bytes.append(frame.payload);
-    bytes.append(checksum(QByteArrayView(bytes).sliced(DestinationAt)));
+    bytes.append(checksum(QByteArrayView(bytes).sliced(DestinationOffset)));
     return bytes;
 }
 
 std::optional<qsizetype> serialCtrlRequestLength(QByteArrayView start)
 {
-    constexpr std::array sync{sync1, sync2};
-    const QByteArrayView wanted(sync.data(), std::min<qsizetype>(start.size(), sync.size()));
-    if (!start.startsWith(wanted))
+    constexpr std::array sync{Sync1, Sync2};
+    const QByteArrayView expected(sync.data(), std::min<qsizetype>(start.size(), sync.size()));
+    if (!start.startsWith(expected))
         return std::nullopt;
-    if (start.size() <= LengthAt)
+    if (start.size() <= LengthOffset)
         return 0;
-    const qsizetype length = unsignedAt(start, LengthAt);
-    if (length > maxRequestPayload)
+    const qsizetype length = byteAt(start, LengthOffset);
+    if (length > MaxRequestPayload)
         return std::nullopt;
-    return length + frameOverhead;
+    return length + FrameOverhead;
 }
 
 Frame decode(QByteArrayView bytes)
 {
-    return {unsignedAt(bytes, DestinationAt), unsignedAt(bytes, SourceAt),
-            unsignedAt(bytes, CommandAt), bytes.sliced(PayloadAt).chopped(1).toByteArray()};
+    return {byteAt(bytes, DestinationOffset), byteAt(bytes, SourceOffset),
+            byteAt(bytes, CommandOffset), bytes.sliced(PayloadOffset).chopped(1).toByteArray()};
 }
 
 } // namespace vanto::simulator

@@ -2,29 +2,30 @@
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <optional>
 
 namespace vanto::simulator
 {
 
-// SerialCtrl frame: 55 AA, destination, source, command, length N, N payload bytes, checksum.
-// The checksum is the XOR of everything between the sync bytes and itself.
+/// SerialCtrl frame: 55 AA, destination, source, command, length N, N payload bytes, checksum.
+/// The checksum is the XOR of all bytes after 55 AA.
 struct Frame {
-    quint8 destination = 0;
-    quint8 source = 0;
-    quint8 command = 0;
+    std::uint8_t destination = 0;
+    std::uint8_t source = 0;
+    std::uint8_t command = 0;
     QByteArray payload;
 };
 
-constexpr quint8 anyNode = 0xFF;
-constexpr quint8 errorBit = 0x80;
+constexpr std::uint8_t AnyNode = 0xFF;
+constexpr std::uint8_t ErrorBit = 0x80;
 
 QByteArray encode(const Frame& frame);
 
-// Bytes of the request that starts like this; 0 as long as that cannot be told, nothing if no
-// request starts so.
+/// Returns the length of the request that begins with `start`: 0 while it is unknown, nullopt if no
+/// request begins with these bytes.
 std::optional<qsizetype> serialCtrlRequestLength(QByteArrayView start);
-// Of a whole frame; its checksum is not looked at.
+/// Expects a complete frame; does not check the checksum.
 Frame decode(QByteArrayView bytes);
 
 } // namespace vanto::simulator

@@ -3,8 +3,8 @@
 #include "bootrequest.h"
 #include "framecodec.h"
 #include "modbusframe.h"
-#include "moment.h"
 #include "protocol.h"
+#include "timepoint.h"
 
 #include <optional>
 #include <variant>
@@ -16,35 +16,35 @@ struct ReceivedFrame {
     std::variant<Frame, ModbusFrame, BootRequest> request;
     Peer peer;
     QByteArray bytes;
-    bool checksumGood = false;
-    Moment began; // when its first byte came
+    bool checksumValid = false;
+    TimePoint startTime; ///< of the first byte
 };
 
-// Finds requests of both protocols and the boot loader's probe in a stream of bytes. On the wire a
-// frame can be cut short, run into the next one or be preceded by noise: what is no frame is
-// skipped, and a frame that stops for longer than the idle time is forgotten.
-//
-// 55 AA starts a SerialCtrl frame and no Modbus frame, as AA is not a function. A Modbus request
-// can start with any other byte, so only a good CRC at the length that its function gives tells it
-// from noise; where the CRC is wrong, a request is looked for from the next byte on.
+/// Finds requests of both protocols and the probe of the boot loader in a stream of bytes. A frame
+/// can be truncated, run into the next one or follow noise: the receiver skips bytes that do not
+/// belong to a frame, and discards a frame that pauses for longer than the idle limit.
+///
+/// 55 AA always starts a SerialCtrl frame, as AA is not a Modbus function. A Modbus request can
+/// start with any other byte, so only a valid CRC at the length given by its function distinguishes
+/// it from noise. If the CRC is wrong, the search resumes at the next byte.
 class FrameReceiver
 {
 public:
     explicit FrameReceiver(Clock::duration idleLimit) : m_idleLimit(idleLimit) {}
 
-    std::optional<ReceivedFrame> feed(char byte, Moment now);
+    std::optional<ReceivedFrame> feed(char byte, TimePoint now);
     void reset();
 
 private:
-    ReceivedFrame takeSerialCtrl(qsizetype length);
-    ReceivedFrame takeModbus(qsizetype length);
-    ReceivedFrame takeProbe();
+    ReceivedFrame extractSerialCtrl(qsizetype length);
+    ReceivedFrame extractModbus(qsizetype length);
+    ReceivedFrame extractProbe();
 
     Clock::duration m_idleLimit;
     QByteArray m_bytes;
-    bool m_complained = false; // of a wrong CRC since the last good frame or silence
-    Moment m_began;
-    Moment m_lastByte;
+    bool m_crcErrorReported = false; ///< since the last valid frame or silence
+    TimePoint m_startTime;
+    TimePoint m_lastByte;
 };
 
 } // namespace vanto::simulator

@@ -3,18 +3,18 @@
 namespace vanto::simulator
 {
 
-Line::Line(quint32 baud, const QString& linkPath, QObject* parent)
+Line::Line(std::uint32_t baud, const QString& linkPath, QObject* parent)
     : QObject(parent), m_link(linkPath), m_wire(baud)
 {
-    connect(&m_wire, &Wire::aboutToRead, this, [this] { m_terminal.noteRequest(); });
-    connect(&m_wire, &Wire::written, this, [this] { m_terminal.discardUnheard(); });
+    connect(&m_wire, &Wire::aboutToRead, this, [this] { m_terminal.markInUse(); });
+    connect(&m_wire, &Wire::written, this, [this] { m_terminal.discardUnread(); });
 }
 
 QString Line::plug()
 {
     QString error = m_terminal.open();
     if (error.isEmpty())
-        error = m_link.pointTo(m_terminal.path());
+        error = m_link.setTarget(m_terminal.path());
     if (!error.isEmpty()) {
         m_terminal.close();
         return error;

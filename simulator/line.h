@@ -4,19 +4,21 @@
 #include "pseudoterminal.h"
 #include "wire.h"
 
+#include <cstdint>
+
 namespace vanto::simulator
 {
 
-// The cable between tool and hand: pseudo-terminal, lasting name and the bytes on it.
+/// The serial line between tool and hand: pseudo-terminal, symbolic link and byte transfer.
 class Line : public QObject
 {
     Q_OBJECT
 
 public:
-    Line(quint32 baud, const QString& linkPath, QObject* parent = nullptr);
+    Line(std::uint32_t baud, const QString& linkPath, QObject* parent = nullptr);
     ~Line() override { unplug(); }
 
-    // Returns the reason of a failure, else nothing.
+    /// Returns an error, or an empty string.
     QString plug();
     void unplug();
 

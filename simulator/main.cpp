@@ -15,7 +15,7 @@ namespace vanto
 
 namespace
 {
-constexpr int usageStatus = 2;
+constexpr int UsageErrorStatus = 2;
 
 void print(std::FILE* stream, const QString& text)
 {
@@ -23,14 +23,14 @@ void print(std::FILE* stream, const QString& text)
     std::fflush(stream);
 }
 
-int fail(const QString& reason)
+int reportError(const QString& reason)
 {
     print(stderr, QStringLiteral("vanto-hand: %1\n").arg(reason));
-    return usageStatus;
+    return UsageErrorStatus;
 }
 
-// A closed standard stream would hand its number to the port.
-void keepStandardStreams()
+/// Opens closed standard streams, as the port would otherwise be assigned one of their descriptors.
+void reserveStandardDescriptors()
 {
     int descriptor = ::open("/dev/null", O_RDWR);
     while (descriptor >= 0 && descriptor <= STDERR_FILENO)
@@ -45,7 +45,7 @@ int serve(const simulator::Options& options)
     if (!options.tracePath.isEmpty()) {
         const QString error = trace.open(options.tracePath);
         if (!error.isEmpty())
-            return fail(error);
+            return reportError(error);
     }
 
     std::vector<simulator::Node> nodes;
@@ -56,15 +56,15 @@ int serve(const simulator::Options& options)
     simulator::Control control(bus, line);
     const QString error = line.plug();
     if (!error.isEmpty())
-        return fail(error);
+        return reportError(error);
     print(stdout, line.path() + QLatin1Char('\n'));
 
     StandardInput input;
-    QObject::connect(&input, &StandardInput::line, &control, [&control](const QString& text) {
+    QObject::connect(&input, &StandardInput::lineRead, &control, [&control](const QString& text) {
         print(stdout, control.execute(text) + QLatin1Char('\n'));
     });
-    if (!options.outlivesInput)
-        QObject::connect(&input, &StandardInput::ended, qApp, &QCoreApplication::quit);
+    if (!options.keepsRunning)
+        QObject::connect(&input, &StandardInput::closed, qApp, &QCoreApplication::quit);
     QObject::connect(&control, &simulator::Control::quitRequested, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     const TerminationWatch termination;
@@ -75,7 +75,7 @@ int serve(const simulator::Options& options)
 
 int runProgram(int argc, char* argv[])
 {
-    keepStandardStreams();
+    reserveStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vanto-hand"));
@@ -83,9 +83,9 @@ int runProgram(int argc, char* argv[])
 
     const auto parsed = simulator::parseOptions(QCoreApplication::arguments());
     if (const auto* const error = std::get_if<simulator::OptionError>(&parsed))
-        return fail(error->reason);
-    if (const auto* const shown = std::get_if<simulator::OptionText>(&parsed)) {
-        print(stdout, shown->text);
+        return reportError(error->reason);
+    if (const auto* const info = std::get_if<simulator::OptionText>(&parsed)) {
+        print(stdout, info->text);
         return 0;
     }
     return serve(std::get<simulator::Options>(parsed));

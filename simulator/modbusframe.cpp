@@ -7,23 +7,23 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr qsizetype functionAt = 1;
-constexpr qsizetype dataAt = 2;
-constexpr qsizetype byteCountAt = 6; // of a request that writes several values
-constexpr qsizetype crcSize = 2;
-constexpr qsizetype registerSize = 2;
+constexpr qsizetype FunctionOffset = 1;
+constexpr qsizetype DataOffset = 2;
+constexpr qsizetype ByteCountOffset = 6; ///< of a request that writes several values
+constexpr qsizetype CrcSize = 2;
+constexpr qsizetype RegisterSize = 2;
 
-constexpr qsizetype plainRequestLength = 8;
-constexpr qsizetype listRequestOverhead = 9;
+constexpr qsizetype PlainRequestLength = 8;
+constexpr qsizetype ListRequestOverhead = 9;
 
-// Also functions that no hand knows, so that they are refused and not taken for noise.
-constexpr std::array<quint8, 6> plainFunctions{1, 2, ReadHoldingRegisters,
-                                               4, 5, WriteSingleRegister};
-constexpr std::array<quint8, 2> listFunctions{15, WriteMultipleRegisters};
+/// Includes unsupported functions, so that they are refused instead of skipped as noise.
+constexpr std::array<std::uint8_t, 6> PlainFunctions{1, 2, ReadHoldingRegisters,
+                                                     4, 5, WriteSingleRegister};
+constexpr std::array<std::uint8_t, 2> ListFunctions{15, WriteMultipleRegisters};
 
-quint8 unsignedAt(QByteArrayView bytes, qsizetype offset)
+std::uint8_t byteAt(QByteArrayView bytes, qsizetype offset)
 {
-    return static_cast<quint8>(bytes.at(offset));
+    return static_cast<std::uint8_t>(bytes.at(offset));
 }
 
 unsigned crc16(QByteArrayView bytes)
@@ -31,7 +31,7 @@ unsigned crc16(QByteArrayView bytes)
     constexpr unsigned reflectedPolynomial = 0xA001;
     unsigned crc = 0xFFFF;
     for (const char byte : bytes) {
-        crc ^= static_cast<quint8>(byte);
+        crc ^= static_cast<std::uint8_t>(byte);
         for (int bit = 0; bit < 8; ++bit)
             crc = (crc & 1U) != 0 ? crc >> 1U ^ reflectedPolynomial : crc >> 1U;
     }
@@ -50,27 +50,28 @@ QByteArray encode(const ModbusFrame& frame)
 
 std::optional<qsizetype> modbusRequestLength(QByteArrayView start)
 {
-    if (start.size() <= functionAt)
+    if (start.size() <= FunctionOffset)
         return 0;
-    const quint8 function = unsignedAt(start, functionAt);
-    if (std::ranges::count(plainFunctions, function) > 0)
-        return plainRequestLength;
-    if (std::ranges::count(listFunctions, function) == 0)
+    const std::uint8_t function = byteAt(start, FunctionOffset);
+    if (std::ranges::count(PlainFunctions, function) > 0)
+        return PlainRequestLength;
+    if (std::ranges::count(ListFunctions, function) == 0)
         return std::nullopt;
-    return start.size() <= byteCountAt ? 0 : listRequestOverhead + unsignedAt(start, byteCountAt);
+    return start.size() <= ByteCountOffset ? 0
+                                           : ListRequestOverhead + byteAt(start, ByteCountOffset);
 }
 
 ModbusFrame decodeModbus(QByteArrayView bytes)
 {
-    return {unsignedAt(bytes, 0), unsignedAt(bytes, functionAt),
-            bytes.sliced(dataAt).chopped(crcSize).toByteArray()};
+    return {byteAt(bytes, 0), byteAt(bytes, FunctionOffset),
+            bytes.sliced(DataOffset).chopped(CrcSize).toByteArray()};
 }
 
-std::optional<quint16> firstRegister(const ModbusFrame& request)
+std::optional<std::uint16_t> firstRegister(const ModbusFrame& request)
 {
-    if (request.data.size() < registerSize)
+    if (request.data.size() < RegisterSize)
         return std::nullopt;
-    return static_cast<quint16>(unsignedAt(request.data, 0) * 0x100 + unsignedAt(request.data, 1));
+    return static_cast<std::uint16_t>(byteAt(request.data, 0) * 0x100 + byteAt(request.data, 1));
 }
 
 } // namespace vanto::simulator

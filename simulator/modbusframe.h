@@ -2,43 +2,44 @@
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <optional>
 
 namespace vanto::simulator
 {
 
-// Modbus RTU frame: node, function, data, CRC-16 (low byte first) of all before it. There is no
-// start mark and no length: a request ends where its function says, and silence ends everything.
+/// Modbus RTU frame: node, function, data, CRC-16 (low byte first) of the preceding bytes. It has
+/// neither sync bytes nor a length: the function determines where a request ends.
 struct ModbusFrame {
-    quint8 node = 0;
-    quint8 function = 0;
+    std::uint8_t node = 0;
+    std::uint8_t function = 0;
     QByteArray data;
 };
 
-enum ModbusFunction : quint8 {
+enum ModbusFunction : std::uint8_t {
     ReadHoldingRegisters = 3,
     WriteSingleRegister = 6,
     WriteMultipleRegisters = 16,
 };
 
-enum ModbusException : quint8 {
+enum ModbusException : std::uint8_t {
     IllegalFunction = 1,
     ServerDeviceFailure = 4,
     LastModbusException = 11,
 };
 
-constexpr quint8 broadcastNode = 0; // all carry the request out, nobody answers
-constexpr quint8 exceptionBit = 0x80;
+constexpr std::uint8_t BroadcastNode = 0; ///< all hands execute the request, none answers
+constexpr std::uint8_t ExceptionBit = 0x80;
 
 QByteArray encode(const ModbusFrame& frame);
 
-// Bytes of the request that starts like this; 0 as long as that cannot be told, nothing if no
-// request starts so.
+/// Returns the length of the request that begins with `start`: 0 while it is unknown, nullopt if no
+/// request begins with these bytes.
 std::optional<qsizetype> modbusRequestLength(QByteArrayView start);
-// Of a whole frame; its CRC is not looked at.
+/// Expects a complete frame; does not check the CRC.
 ModbusFrame decodeModbus(QByteArrayView bytes);
 
-// Nothing if the request names none.
-std::optional<quint16> firstRegister(const ModbusFrame& request);
+/// Returns nullopt if the request has no register address.
+std::optional<std::uint16_t> firstRegister(const ModbusFrame& request);
 
 } // namespace vanto::simulator

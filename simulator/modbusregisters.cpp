@@ -10,35 +10,35 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr int gainScale = 100;
-constexpr quint16 speedScale = 257; // 65535 / 255
-constexpr quint16 errorRegister = 1006;
-constexpr quint16 powerOffRegister = 1015;
-constexpr int powerOffValueCount = 0;
+constexpr int GainScale = 100;
+constexpr std::uint16_t SpeedScale = 257; ///< 65535 / 255
+constexpr std::uint16_t ErrorRegister = 1006;
+constexpr std::uint16_t PowerOffRegister = 1015;
+constexpr int PowerOffValueCount = 0;
 
-// A register of a block: that of a finger, a preset, a force point or the whole hand.
-struct Place {
+/// A register of a block. `index` is a finger, a preset, a force point or a word of a version.
+struct Register {
     Hand& hand;
     std::size_t index;
-    Moment now;
+    TimePoint now;
 
     Finger& finger() const { return hand.fingers[index]; }
 };
 
-// A run of registers. What can only be written reads as 0.
+/// Consecutive registers. Write-only registers read as 0.
 struct Block {
     int first;
     std::size_t count;
-    int (*read)(const Place&);
-    void (*write)(const Place&, quint16) = nullptr; // null: cannot be written
+    int (*read)(const Register&);
+    void (*write)(const Register&, std::uint16_t) = nullptr; ///< null: read-only
 };
 
-int unreadable(const Place&)
+int readZero(const Register&)
 {
     return 0;
 }
 
-int packed(quint8 high, quint8 low)
+int packBytes(std::uint8_t high, std::uint8_t low)
 {
     return high * 0x100 + low;
 }
@@ -46,116 +46,123 @@ int packed(quint8 high, quint8 low)
 template<auto Member>
 constexpr Block handByte(int address)
 {
-    return {address, 1, [](const Place& p) { return int{p.hand.*Member}; },
-            [](const Place& p, quint16 v) { p.hand.*Member = static_cast<quint8>(v); }};
+    return {
+        address, 1, [](const Register& r) { return int{r.hand.*Member}; },
+        [](const Register& r, std::uint16_t v) { r.hand.*Member = static_cast<std::uint8_t>(v); }};
 }
 
 template<auto Member>
 constexpr Block fingerWord(int first, std::size_t count)
 {
-    return {first, count, [](const Place& p) { return int{p.finger().*Member}; },
-            [](const Place& p, quint16 v) { p.finger().*Member = v; }};
+    return {first, count, [](const Register& r) { return int{r.finger().*Member}; },
+            [](const Register& r, std::uint16_t v) { r.finger().*Member = v; }};
 }
 
 template<int Scale::*End>
 constexpr Block rangeEnd(int first)
 {
-    return {first, fingerCount, [](const Place& p) { return p.finger().raw.*End; },
-            [](const Place& p, quint16 v) { p.finger().raw.*End = v; }};
+    return {first, FingerCount, [](const Register& r) { return r.finger().raw.*End; },
+            [](const Register& r, std::uint16_t v) { r.finger().raw.*End = v; }};
 }
 
 template<std::size_t Gain>
 constexpr Block gain(int first)
 {
-    return {first, fingerCount,
-            [](const Place& p) {
-                return static_cast<int>(std::lround(p.finger().pid[Gain] * gainScale));
+    return {first, FingerCount,
+            [](const Register& r) {
+                return static_cast<int>(std::lround(r.finger().pid[Gain] * GainScale));
             },
-            [](const Place& p, quint16 v) {
-                p.finger().pid[Gain] = static_cast<float>(v) / gainScale;
+            [](const Register& r, std::uint16_t v) {
+                r.finger().pid[Gain] = static_cast<float>(v) / GainScale;
             }};
 }
 
 template<Unit unit>
 constexpr Block target(int first)
 {
-    return {first, fingerCount, [](const Place& p) { return p.hand.target(unit, p.index); },
-            [](const Place& p, quint16 v) {
-                const int value = unit == Unit::Angle ? static_cast<qint16>(v) : int{v};
-                p.hand.moveTo(unit, p.index, value, p.finger().nextSpeed, p.now);
+    return {first, FingerCount, [](const Register& r) { return r.hand.target(unit, r.index); },
+            [](const Register& r, std::uint16_t v) {
+                const int value = unit == Unit::Angle ? static_cast<std::int16_t>(v) : int{v};
+                r.hand.moveTo(unit, r.index, value, r.finger().nextSpeed, r.now);
             }};
 }
 
 template<Unit unit>
 constexpr Block actual(int first)
 {
-    return {first, fingerCount,
-            [](const Place& p) { return p.hand.position(unit, p.index, p.now); }};
+    return {first, FingerCount,
+            [](const Register& r) { return r.hand.position(unit, r.index, r.now); }};
 }
 
-void calibrate(const Place& place, quint16 key)
+void calibrate(const Register& reg, std::uint16_t key)
 {
-    place.hand.error = place.hand.calibrate(key, place.now);
+    reg.hand.error = reg.hand.calibrate(key, reg.now);
 }
 
-void beep(const Place& place, quint16 duration)
+void beep(const Register& reg, std::uint16_t duration)
 {
-    place.hand.beepDuration = duration;
-    ++place.hand.beeps;
+    reg.hand.beepDuration = duration;
+    ++reg.hand.beeps;
 }
 
-void reset(const Place& place, quint16)
+void reset(const Register& reg, std::uint16_t)
 {
-    ++place.hand.resets;
-    place.hand.stopMotion(place.now);
+    ++reg.hand.resets;
+    reg.hand.stopMotion(reg.now);
 }
 
-int versionWord(const Place& place)
+int versionWord(const Register& reg)
 {
-    const HandTraits& traits = place.hand.traits;
-    const std::array words{packed(traits.modbusProtocol.major, traits.modbusProtocol.minor),
-                           packed(traits.firmware.major, traits.firmware.minor),
+    const HandTraits& traits = reg.hand.traits;
+    const std::array words{packBytes(traits.modbusProtocol.major, traits.modbusProtocol.minor),
+                           packBytes(traits.firmware.major, traits.firmware.minor),
                            int{traits.firmware.revision},
-                           packed(traits.hardwareType, traits.hardwareVersion),
-                           packed(traits.bootLoader.major, traits.bootLoader.minor)};
-    return words.at(place.index);
+                           packBytes(traits.hardwareType, traits.hardwareVersion),
+                           packBytes(traits.bootLoader.major, traits.bootLoader.minor)};
+    return words.at(reg.index);
 }
 
-const Block blocks[] = {
+const Block Blocks[] = {
     {1000, 5, versionWord},
-    {1005, 1, unreadable, [](const Place& p, quint16 v) { p.hand.id = static_cast<quint8>(v); }},
-    {errorRegister, 1, [](const Place& p) { return int{p.hand.error}; }},
-    {1007, 1, [](const Place& p) { return int{p.hand.voltage}; }},
+    {1005, 1, readZero,
+     [](const Register& r, std::uint16_t v) { r.hand.id = static_cast<std::uint8_t>(v); }},
+    {ErrorRegister, 1, [](const Register& r) { return int{r.hand.error}; }},
+    {1007, 1, [](const Register& r) { return int{r.hand.voltage}; }},
     handByte<&Hand::selfTestLevel>(1008),
     handByte<&Hand::beepSwitch>(1009),
-    {1010, 1, unreadable, beep},
-    {1011, 1, [](const Place& p) { return int{p.hand.buttonCount}; },
-     [](const Place& p, quint16 v) { p.hand.setButtonCount(static_cast<quint8>(v), p.now); }},
-    {1012, 1, unreadable, calibrate},
-    {1013, 1, unreadable, [](const Place& p, quint16) { p.hand.startInit(p.now); }},
-    {1014, 1, unreadable, reset},
-    {powerOffRegister, 1, unreadable, [](const Place& p, quint16) { p.hand.powered = false; }},
+    {1010, 1, readZero, beep},
+    {1011, 1, [](const Register& r) { return int{r.hand.buttonCount}; },
+     [](const Register& r, std::uint16_t v) {
+         r.hand.setButtonCount(static_cast<std::uint8_t>(v), r.now);
+     }},
+    {1012, 1, readZero, calibrate},
+    {1013, 1, readZero, [](const Register& r, std::uint16_t) { r.hand.startInit(r.now); }},
+    {1014, 1, readZero, reset},
+    {PowerOffRegister, 1, readZero,
+     [](const Register& r, std::uint16_t) { r.hand.powered = false; }},
     rangeEnd<&Scale::atFull>(1020),
     rangeEnd<&Scale::atZero>(1030),
-    {1040, thumbRootPresetCount,
-     [](const Place& p) { return int{p.hand.thumbRootPresets[p.index]}; },
-     [](const Place& p, quint16 v) { p.hand.thumbRootPresets[p.index] = v; }},
+    {1040, ThumbRootPresetCount,
+     [](const Register& r) { return int{r.hand.thumbRootPresets[r.index]}; },
+     [](const Register& r, std::uint16_t v) { r.hand.thumbRootPresets[r.index] = v; }},
     gain<0>(1045),
     gain<1>(1055),
     gain<2>(1065),
     gain<3>(1075),
-    fingerWord<&Finger::currentLimit>(1095, fingerCount),
-    {1105, fingerCount, [](const Place& p) { return int{p.hand.current(p.index, p.now)}; }},
-    fingerWord<&Finger::forceLimit>(1115, forceFingerCount),
-    {1125, fingerCount, [](const Place& p) { return p.finger().nextSpeed * speedScale; },
-     [](const Place& p, quint16 v) { p.finger().nextSpeed = static_cast<quint8>(v / speedScale); }},
+    fingerWord<&Finger::currentLimit>(1095, FingerCount),
+    {1105, FingerCount, [](const Register& r) { return int{r.hand.current(r.index, r.now)}; }},
+    fingerWord<&Finger::forceLimit>(1115, ForceFingerCount),
+    {1125, FingerCount, [](const Register& r) { return r.finger().nextSpeed * SpeedScale; },
+     [](const Register& r, std::uint16_t v) {
+         r.finger().nextSpeed = static_cast<std::uint8_t>(v / SpeedScale);
+     }},
     target<Unit::Logical>(1135),
     actual<Unit::Logical>(1145),
     target<Unit::Angle>(1155),
     actual<Unit::Angle>(1165),
-    {1200, forceFingerCount* forcePointCount,
-     [](const Place& p) {
-         return int{p.hand.force(p.index / forcePointCount, p.index % forcePointCount, p.now)};
+    {1200, ForceFingerCount* ForcePointCount,
+     [](const Register& r) {
+         return int{r.hand.force(r.index / ForcePointCount, r.index % ForcePointCount, r.now)};
      }},
 };
 
@@ -164,14 +171,14 @@ bool isForce(const Block& block)
     return block.first == 1115 || block.first == 1200;
 }
 
-// The registers of one hand during one request. The framing is not the server's: it would open a
-// port by name, and the near side of a pseudo-terminal has none.
+/// The registers of one hand during one request. QModbusRtuSerialServer cannot be used, as it opens
+/// a port by name and the master side of a pseudo-terminal has no name.
 class RegisterServer : public QModbusServer
 {
 public:
-    RegisterServer(Hand& hand, Moment now) : m_hand(hand), m_now(now) {}
+    RegisterServer(Hand& hand, TimePoint now) : m_hand(hand), m_now(now) {}
 
-    QModbusResponse answer(const QModbusRequest& request) { return processRequest(request); }
+    QModbusResponse process(const QModbusRequest& request) { return processRequest(request); }
 
 protected:
     bool open() override { return false; }
@@ -180,22 +187,22 @@ protected:
     bool writeData(const QModbusDataUnit& unit) override;
 
 private:
-    const Block* find(int address) const;
-    Place place(const Block& block, int address) const
+    const Block* findBlock(int address) const;
+    Register registerAt(const Block& block, int address) const
     {
         return {m_hand, static_cast<std::size_t>(address - block.first), m_now};
     }
 
     Hand& m_hand;
-    Moment m_now;
+    TimePoint m_now;
 };
 
-const Block* RegisterServer::find(int address) const
+const Block* RegisterServer::findBlock(int address) const
 {
-    const auto* const block = std::ranges::find_if(blocks, [address](const Block& b) {
+    const auto* const block = std::ranges::find_if(Blocks, [address](const Block& b) {
         return address >= b.first && address < b.first + static_cast<int>(b.count);
     });
-    if (block == std::end(blocks)) {
+    if (block == std::end(Blocks)) {
         m_hand.error = BadArgument;
         return nullptr;
     }
@@ -210,10 +217,10 @@ bool RegisterServer::readData(QModbusDataUnit* unit) const
 {
     for (qsizetype i = 0; i < unit->valueCount(); ++i) {
         const int address = unit->startAddress() + static_cast<int>(i);
-        const Block* const block = find(address);
+        const Block* const block = findBlock(address);
         if (block == nullptr)
             return false;
-        unit->setValue(i, static_cast<quint16>(block->read(place(*block, address))));
+        unit->setValue(i, static_cast<std::uint16_t>(block->read(registerAt(*block, address))));
     }
     return true;
 }
@@ -222,64 +229,65 @@ bool RegisterServer::writeData(const QModbusDataUnit& unit)
 {
     for (qsizetype i = 0; i < unit.valueCount(); ++i) {
         const int address = unit.startAddress() + static_cast<int>(i);
-        const Block* const block = find(address);
+        const Block* const block = findBlock(address);
         if (block == nullptr)
             return false;
         if (block->write == nullptr) {
             m_hand.error = BadArgument;
             return false;
         }
-        block->write(place(*block, address), unit.value(i));
+        block->write(registerAt(*block, address), unit.value(i));
     }
     return m_hand.error == NoSubError;
 }
 
-// Modbus has no write of nothing, but it is how these hands are switched off.
+/// A write of zero registers, which Modbus does not allow, switches the hand off.
 bool isPowerOff(const QModbusRequest& request)
 {
-    quint16 address = 0;
-    quint16 count = 1;
+    std::uint16_t address = 0;
+    std::uint16_t count = 1;
     request.decodeData(&address, &count);
     return request.functionCode() == QModbusPdu::WriteMultipleRegisters &&
-           address == powerOffRegister && count == powerOffValueCount;
+           address == PowerOffRegister && count == PowerOffValueCount;
 }
 
-bool asksForError(const QModbusRequest& request)
+bool isErrorRead(const QModbusRequest& request)
 {
-    quint16 address = 0;
+    std::uint16_t address = 0;
     request.decodeData(&address);
-    return request.functionCode() == QModbusPdu::ReadHoldingRegisters && address == errorRegister;
+    return request.functionCode() == QModbusPdu::ReadHoldingRegisters && address == ErrorRegister;
 }
 } // namespace
 
-ModbusFrame modbusAnswer(Hand& hand, const ModbusFrame& request, Moment now)
+ModbusFrame executeModbus(Hand& hand, const ModbusFrame& request, TimePoint now)
 {
     const QModbusRequest pdu(static_cast<QModbusPdu::FunctionCode>(request.function), request.data);
     if (isPowerOff(pdu)) {
         hand.powered = false;
         return {request.node, request.function, request.data.first(4)};
     }
-    if (!asksForError(pdu))
+    if (!isErrorRead(pdu))
         hand.error = NoSubError;
     const bool known = request.function == ReadHoldingRegisters ||
                        request.function == WriteSingleRegister ||
                        request.function == WriteMultipleRegisters;
     if (!known)
-        return modbusRefusal(hand, request, IllegalFunction);
-    const QModbusResponse response = RegisterServer(hand, now).answer(pdu);
+        return refuseModbus(hand, request, IllegalFunction);
+    const QModbusResponse response = RegisterServer(hand, now).process(pdu);
     if (response.isException() && hand.error == NoSubError)
         hand.error = BadArgument;
-    const auto code = static_cast<quint8>(response.functionCode());
-    return {request.node, static_cast<quint8>(response.isException() ? code | exceptionBit : code),
+    const auto code = static_cast<std::uint8_t>(response.functionCode());
+    return {request.node,
+            static_cast<std::uint8_t>(response.isException() ? code | ExceptionBit : code),
             response.data()};
 }
 
-ModbusFrame modbusRefusal(Hand& hand, const ModbusFrame& request, quint8 error)
+ModbusFrame refuseModbus(Hand& hand, const ModbusFrame& request, std::uint8_t error)
 {
     hand.error = error;
     const bool isException = error > 0 && error <= LastModbusException;
-    const char code = static_cast<char>(isException ? error : quint8{ServerDeviceFailure});
-    return {request.node, static_cast<quint8>(request.function | exceptionBit),
+    const char code = static_cast<char>(isException ? error : std::uint8_t{ServerDeviceFailure});
+    return {request.node, static_cast<std::uint8_t>(request.function | ExceptionBit),
             QByteArray(1, code)};
 }
 

@@ -3,13 +3,15 @@
 #include "hand.h"
 #include "modbusframe.h"
 
+#include <cstdint>
+
 namespace vanto::simulator
 {
 
-// Lets the hand carry out one Modbus request. What is refused comes back as an exception.
-ModbusFrame modbusAnswer(Hand& hand, const ModbusFrame& request, Moment now);
+/// Executes one Modbus request. The reply is an exception if the hand refuses it.
+ModbusFrame executeModbus(Hand& hand, const ModbusFrame& request, TimePoint now);
 
-// The exception that refuses the request; the hand's error register tells the reason.
-ModbusFrame modbusRefusal(Hand& hand, const ModbusFrame& request, quint8 error);
+/// Returns the exception that refuses the request, and stores the reason in the error register.
+ModbusFrame refuseModbus(Hand& hand, const ModbusFrame& request, std::uint8_t error);
 
 } // namespace vanto::simulator

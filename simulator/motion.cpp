@@ -7,25 +7,25 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr double fullRange = 65535.0;
-constexpr double fullSpeed = 255.0;
-constexpr double fullRangeSeconds = 1.0;
+constexpr double FullRange = 65535.0;
+constexpr double FullSpeed = 255.0;
+constexpr double FullRangeSeconds = 1.0;
 } // namespace
 
-int Scale::fromLogical(quint16 logical) const
+int Scale::fromLogical(std::uint16_t logical) const
 {
-    return atZero + static_cast<int>(std::lround((atFull - atZero) * (logical / fullRange)));
+    return atZero + static_cast<int>(std::lround((atFull - atZero) * (logical / FullRange)));
 }
 
-quint16 Scale::toLogical(int value) const
+std::uint16_t Scale::toLogical(int value) const
 {
     if (atZero == atFull)
         return 0;
-    const double share = static_cast<double>(value - atZero) / (atFull - atZero);
-    return static_cast<quint16>(std::lround(std::clamp(share, 0.0, 1.0) * fullRange));
+    const double fraction = static_cast<double>(value - atZero) / (atFull - atZero);
+    return static_cast<std::uint16_t>(std::lround(std::clamp(fraction, 0.0, 1.0) * FullRange));
 }
 
-void FingerMotion::moveTo(quint16 target, quint8 speed, Moment now)
+void FingerMotion::moveTo(std::uint16_t target, std::uint8_t speed, TimePoint now)
 {
     rebase(now);
     m_target = target;
@@ -33,7 +33,7 @@ void FingerMotion::moveTo(quint16 target, quint8 speed, Moment now)
     m_stopped = false;
 }
 
-void FingerMotion::placeAt(quint16 position, Moment now)
+void FingerMotion::placeAt(std::uint16_t position, TimePoint now)
 {
     m_from = position;
     m_since = now;
@@ -41,43 +41,43 @@ void FingerMotion::placeAt(quint16 position, Moment now)
     m_stopped = false;
 }
 
-void FingerMotion::stop(Moment now)
+void FingerMotion::stop(TimePoint now)
 {
     rebase(now);
     m_stopped = true;
 }
 
-void FingerMotion::start(Moment now)
+void FingerMotion::start(TimePoint now)
 {
     rebase(now);
     m_stopped = false;
 }
 
-quint16 FingerMotion::position(Moment now) const
+std::uint16_t FingerMotion::position(TimePoint now) const
 {
-    return static_cast<quint16>(std::lround(exactPosition(now)));
+    return static_cast<std::uint16_t>(std::lround(exactPosition(now)));
 }
 
-bool FingerMotion::isMoving(Moment now) const
+bool FingerMotion::isMoving(TimePoint now) const
 {
     return !m_stopped && m_speed != 0 && position(now) != m_target;
 }
 
-double FingerMotion::exactPosition(Moment now) const
+double FingerMotion::exactPosition(TimePoint now) const
 {
     if (m_stopped)
         return m_from;
     const double seconds = std::chrono::duration<double>(now - m_since).count();
-    const double reach = ticksPerSecond() * std::max(seconds, 0.0);
-    return m_from + std::clamp(m_target - m_from, -reach, reach);
+    const double distance = ticksPerSecond() * std::max(seconds, 0.0);
+    return m_from + std::clamp(m_target - m_from, -distance, distance);
 }
 
 double FingerMotion::ticksPerSecond() const
 {
-    return m_speedFactor * (fullRange / fullRangeSeconds) * (m_speed / fullSpeed);
+    return m_speedFactor * (FullRange / FullRangeSeconds) * (m_speed / FullSpeed);
 }
 
-void FingerMotion::rebase(Moment now)
+void FingerMotion::rebase(TimePoint now)
 {
     m_from = exactPosition(now);
     m_since = now;

@@ -1,48 +1,48 @@
 #pragma once
 
-#include "moment.h"
+#include "timepoint.h"
 
-#include <QtGlobal>
+#include <cstdint>
 
 namespace vanto::simulator
 {
 
-// A linear scale over the logical positions 0..65535 of a finger.
+/// A linear scale over the logical positions 0 to 65535 of a finger.
 struct Scale {
     int atZero = 0;
     int atFull = 65535;
 
-    int fromLogical(quint16 logical) const;
-    // Values beyond either end give that end.
-    quint16 toLogical(int value) const;
+    int fromLogical(std::uint16_t logical) const;
+    /// Clamps values outside the scale to its ends.
+    std::uint16_t toLogical(int value) const;
 };
 
-// The logical position of one finger over time; computed from the clock whenever it is asked for.
+/// The logical position of one finger over time, computed from the clock on each call.
 class FingerMotion
 {
 public:
     explicit FingerMotion(double speedFactor = 1.0) : m_speedFactor(speedFactor) {}
 
-    void moveTo(quint16 target, quint8 speed, Moment now);
-    void retarget(quint16 target, Moment now) { moveTo(target, m_speed, now); }
-    void placeAt(quint16 position, Moment now);
-    void stop(Moment now);
-    void start(Moment now);
+    void moveTo(std::uint16_t target, std::uint8_t speed, TimePoint now);
+    void retarget(std::uint16_t target, TimePoint now) { moveTo(target, m_speed, now); }
+    void placeAt(std::uint16_t position, TimePoint now);
+    void stop(TimePoint now);
+    void start(TimePoint now);
 
-    quint16 target() const { return m_target; }
-    quint16 position(Moment now) const;
-    bool isMoving(Moment now) const;
+    std::uint16_t target() const { return m_target; }
+    std::uint16_t position(TimePoint now) const;
+    bool isMoving(TimePoint now) const;
 
 private:
-    double exactPosition(Moment now) const;
+    double exactPosition(TimePoint now) const;
     double ticksPerSecond() const;
-    void rebase(Moment now);
+    void rebase(TimePoint now);
 
     double m_speedFactor;
     double m_from = 0.0;
-    Moment m_since{};
-    quint16 m_target = 0;
-    quint8 m_speed = 255;
+    TimePoint m_since{};
+    std::uint16_t m_target = 0;
+    std::uint8_t m_speed = 255;
     bool m_stopped = false;
 };
 

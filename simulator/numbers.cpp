@@ -4,10 +4,10 @@ namespace vanto::simulator
 {
 namespace
 {
-std::optional<qint64> parse(const QString& text, int base, qint64 min, qint64 max)
+std::optional<std::int64_t> parse(const QString& text, int base, std::int64_t min, std::int64_t max)
 {
     bool isNumber = false;
-    const qint64 value = text.toLongLong(&isNumber, base);
+    const std::int64_t value = text.toLongLong(&isNumber, base);
     if (!isNumber || value < min || value > max)
         return std::nullopt;
     return value;
@@ -19,13 +19,13 @@ bool hasHexPrefix(const QString& text)
 }
 } // namespace
 
-std::optional<qint64> parseInteger(const QString& text, qint64 min, qint64 max)
+std::optional<std::int64_t> parseInteger(const QString& text, std::int64_t min, std::int64_t max)
 {
     constexpr int decimal = 10;
     return hasHexPrefix(text) ? parseHex(text, min, max) : parse(text, decimal, min, max);
 }
 
-std::optional<qint64> parseHex(const QString& text, qint64 min, qint64 max)
+std::optional<std::int64_t> parseHex(const QString& text, std::int64_t min, std::int64_t max)
 {
     constexpr int hexadecimal = 16;
     return parse(text, hexadecimal, min, max);

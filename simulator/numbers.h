@@ -2,13 +2,15 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 
 namespace vanto::simulator
 {
 
-// Decimal, or hexadecimal after 0x; nothing if it is no number or out of range.
-std::optional<qint64> parseInteger(const QString& text, qint64 min, qint64 max);
-std::optional<qint64> parseHex(const QString& text, qint64 min, qint64 max);
+/// Parses a decimal or 0x-prefixed hexadecimal number. Returns nullopt if it is invalid or out of
+/// range.
+std::optional<std::int64_t> parseInteger(const QString& text, std::int64_t min, std::int64_t max);
+std::optional<std::int64_t> parseHex(const QString& text, std::int64_t min, std::int64_t max);
 
 } // namespace vanto::simulator

@@ -12,28 +12,30 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr qint64 maxU8 = 0xFF;
-constexpr qint64 maxU16 = 0xFFFF;
-constexpr qint64 maxBaud = 4'000'000;
-constexpr qint64 maxWindow = 600'000; // ms
-constexpr quint8 defaultNode = 2;
+constexpr std::int64_t MaxU8 = 0xFF;
+constexpr std::int64_t MaxU16 = 0xFFFF;
+constexpr std::int64_t MaxBaud = 4'000'000;
+constexpr std::int64_t MaxBootWindowMs = 600'000;
+constexpr std::uint8_t DefaultNode = 2;
 
-QString complain(const QString& option, const QString& value, const QString& wanted)
+QString invalidValue(const QString& option, const QString& value, const QString& expected)
 {
-    return QStringLiteral("--%1: '%2' is not %3").arg(option, value, wanted);
+    return QStringLiteral("--%1: '%2' is not %3").arg(option, value, expected);
 }
 
-QString takeNode(Options& options, const QString& option, const QString& value)
+QString applyNode(Options& options, const QString& option, const QString& value)
 {
     const QStringList parts = value.split(QLatin1Char(':'));
-    const std::optional<qint64> id = parseInteger(parts.first(), 0, maxU8);
+    const std::optional<std::int64_t> id = parseInteger(parts.first(), 0, MaxU8);
     if (!id || parts.size() > 2)
-        return complain(option, value, QStringLiteral("ID[:PROTOCOL] with an ID from 0 to 255"));
+        return invalidValue(option, value,
+                            QStringLiteral("ID[:PROTOCOL] with an ID from 0 to 255"));
     const std::optional<Protocol> protocol =
-        protocolNamed(parts.value(1, protocolName(Protocol::SerialCtrl)));
+        protocolFromName(parts.value(1, protocolName(Protocol::SerialCtrl)));
     if (!protocol)
-        return complain(option, value, QStringLiteral("of a known protocol (serialctrl, modbus)"));
-    const auto node = static_cast<quint8>(*id);
+        return invalidValue(option, value,
+                            QStringLiteral("of a known protocol (serialctrl, modbus)"));
+    const auto node = static_cast<std::uint8_t>(*id);
     const auto other = std::ranges::find(options.nodes, node, &Options::NodeOption::id);
     if (other == options.nodes.end()) {
         options.nodes.push_back({node, *protocol});
@@ -45,156 +47,154 @@ QString takeNode(Options& options, const QString& option, const QString& value)
     return {};
 }
 
-// Dotted numbers: two bytes, and a 16-bit revision where `parts` is three.
+/// Parses two bytes separated by a dot, and a 16-bit revision if `parts` is 3.
 std::optional<Version> parseVersion(const QString& value, qsizetype parts)
 {
     const QStringList texts = value.split(QLatin1Char('.'));
     if (texts.size() != parts)
         return std::nullopt;
-    const std::optional<qint64> major = parseInteger(texts[0], 0, maxU8);
-    const std::optional<qint64> minor = parseInteger(texts[1], 0, maxU8);
-    const std::optional<qint64> revision =
-        parseInteger(texts.value(2, QStringLiteral("0")), 0, maxU16);
+    const std::optional<std::int64_t> major = parseInteger(texts[0], 0, MaxU8);
+    const std::optional<std::int64_t> minor = parseInteger(texts[1], 0, MaxU8);
+    const std::optional<std::int64_t> revision =
+        parseInteger(texts.value(2, QStringLiteral("0")), 0, MaxU16);
     if (!major || !minor || !revision)
         return std::nullopt;
-    return Version{static_cast<quint8>(*major), static_cast<quint8>(*minor),
-                   static_cast<quint16>(*revision)};
+    return Version{static_cast<std::uint8_t>(*major), static_cast<std::uint8_t>(*minor),
+                   static_cast<std::uint16_t>(*revision)};
 }
 
 template<Version HandTraits::*Member, int Parts>
-QString takeVersion(Options& options, const QString& option, const QString& value)
+QString applyVersion(Options& options, const QString& option, const QString& value)
 {
     const std::optional<Version> version = parseVersion(value, Parts);
     if (!version) {
-        return complain(option, value,
-                        Parts == 3 ? QStringLiteral("a version A.B.C")
-                                   : QStringLiteral("a version A.B"));
+        return invalidValue(option, value,
+                            Parts == 3 ? QStringLiteral("a version A.B.C")
+                                       : QStringLiteral("a version A.B"));
     }
     options.traits.*Member = *version;
     return {};
 }
 
-QString takeHardware(Options& options, const QString& option, const QString& value)
+QString applyHardware(Options& options, const QString& option, const QString& value)
 {
-    const std::optional<qint64> number = parseHex(value, 0, maxU16);
+    const std::optional<std::int64_t> number = parseHex(value, 0, MaxU16);
     if (!number || value.size() != 4)
-        return complain(option, value, QStringLiteral("four hexadecimal digits"));
-    options.traits.hardwareType = static_cast<quint8>(*number / 0x100);
-    options.traits.hardwareVersion = static_cast<quint8>(*number % 0x100);
+        return invalidValue(option, value, QStringLiteral("four hexadecimal digits"));
+    options.traits.hardwareType = static_cast<std::uint8_t>(*number / 0x100);
+    options.traits.hardwareVersion = static_cast<std::uint8_t>(*number % 0x100);
     return {};
 }
 
-QString takeKey(Options& options, const QString& option, const QString& value)
+QString applyKey(Options& options, const QString& option, const QString& value)
 {
-    const std::optional<qint64> key = parseHex(value, 0, maxU16);
+    const std::optional<std::int64_t> key = parseHex(value, 0, MaxU16);
     if (!key)
-        return complain(option, value, QStringLiteral("a hexadecimal number up to FFFF"));
-    options.traits.calibrationKey = static_cast<quint16>(*key);
+        return invalidValue(option, value, QStringLiteral("a hexadecimal number up to FFFF"));
+    options.traits.calibrationKey = static_cast<std::uint16_t>(*key);
     return {};
 }
 
-QString takeBaud(Options& options, const QString& option, const QString& value)
+QString applyBaud(Options& options, const QString& option, const QString& value)
 {
-    const std::optional<qint64> baud = parseInteger(value, 0, maxBaud);
+    const std::optional<std::int64_t> baud = parseInteger(value, 0, MaxBaud);
     if (!baud)
-        return complain(option, value, QStringLiteral("a baud rate from 0 to 4000000"));
-    options.baud = static_cast<quint32>(*baud);
+        return invalidValue(option, value, QStringLiteral("a baud rate from 0 to 4000000"));
+    options.baud = static_cast<std::uint32_t>(*baud);
     return {};
 }
 
-QString takeBootWindow(Options& options, const QString& option, const QString& value)
+QString applyBootWindow(Options& options, const QString& option, const QString& value)
 {
-    const std::optional<qint64> window = parseInteger(value, 0, maxWindow);
+    const std::optional<std::int64_t> window = parseInteger(value, 0, MaxBootWindowMs);
     if (!window)
-        return complain(option, value, QStringLiteral("a time from 0 to 600000 ms"));
+        return invalidValue(option, value, QStringLiteral("a time from 0 to 600000 ms"));
     options.boot.window = std::chrono::milliseconds(*window);
     return {};
 }
 
-QString takeNoRecordCheck(Options& options, const QString&, const QString&)
+QString applyNoRecordCheck(Options& options, const QString&, const QString&)
 {
     options.boot.checksRecords = false;
     return {};
 }
 
-QString takeSpeed(Options& options, const QString& option, const QString& value)
+QString applySpeed(Options& options, const QString& option, const QString& value)
 {
     bool isNumber = false;
     const double factor = value.toDouble(&isNumber);
     if (!isNumber || !std::isfinite(factor) || factor <= 0)
-        return complain(option, value, QStringLiteral("a number above 0"));
+        return invalidValue(option, value, QStringLiteral("a number above 0"));
     options.traits.speedFactor = factor;
     return {};
 }
 
-QString takeNoForce(Options& options, const QString&, const QString&)
+QString applyNoForce(Options& options, const QString&, const QString&)
 {
     options.traits.forceSensing = false;
     return {};
 }
 
-QString takeForever(Options& options, const QString&, const QString&)
+QString applyForever(Options& options, const QString&, const QString&)
 {
-    options.outlivesInput = true;
+    options.keepsRunning = true;
     return {};
 }
 
 template<QString Options::*Member>
-QString takePath(Options& options, const QString& option, const QString& value)
+QString applyPath(Options& options, const QString& option, const QString& value)
 {
     if (value.isEmpty())
-        return complain(option, value, QStringLiteral("a path"));
+        return invalidValue(option, value, QStringLiteral("a path"));
     options.*Member = value;
     return {};
 }
 
 struct OptionEntry {
     const char* name;
-    const char* valueName; // empty: without a value
-    const char* meaning;
-    QString (*take)(Options&, const QString& option, const QString& value);
+    const char* valueName; ///< empty: the option has no value
+    const char* description;
+    QString (*apply)(Options&, const QString& option, const QString& value);
 };
 
-constexpr OptionEntry entries[] = {
+constexpr OptionEntry Entries[] = {
     {"node", "ID[:PROTOCOL]",
-     "A hand with this node id (decimal or 0x-hex) and protocol (serialctrl, modbus); repeatable. "
-     "The same id with both protocols is one hand that speaks both. Default: 2:serialctrl.",
-     takeNode},
-    {"no-force", "", "Hands without force sensing.", takeNoForce},
+     "Add a hand with this node id (decimal or 0x-hex) and protocol (serialctrl, modbus). Can be "
+     "repeated; one id with both protocols is one hand that supports both. Default: 2:serialctrl.",
+     applyNode},
+    {"no-force", "", "Hands without force sensing.", applyNoForce},
     {"firmware", "A.B.C", "Firmware version. Default: 1.4.7.",
-     takeVersion<&HandTraits::firmware, 3>},
-    {"hardware", "TTVV", "Hardware type and version, hexadecimal. Default: 1B01.", takeHardware},
-    {"boot", "A.B", "Boot loader version. Default: 1.2.", takeVersion<&HandTraits::bootLoader, 2>},
+     applyVersion<&HandTraits::firmware, 3>},
+    {"hardware", "TTVV", "Hardware type and version, hexadecimal. Default: 1B01.", applyHardware},
+    {"boot", "A.B", "Boot loader version. Default: 1.2.", applyVersion<&HandTraits::bootLoader, 2>},
     {"protocol-version", "A.B", "Version of the SerialCtrl protocol. Default: 3.1.",
-     takeVersion<&HandTraits::protocol, 2>},
+     applyVersion<&HandTraits::protocol, 2>},
     {"modbus-version", "A.B", "Version of the Modbus register map. Default: 1.0.",
-     takeVersion<&HandTraits::modbusProtocol, 2>},
-    {"calibration-key", "HEX", "Key that allows calibration. Default: 1A2B.", takeKey},
+     applyVersion<&HandTraits::modbusProtocol, 2>},
+    {"calibration-key", "HEX", "Key that allows calibration. Default: 1A2B.", applyKey},
     {"boot-window", "MS",
-     "How long after power-on the boot loader hears a probe. Default: whenever the hand is idle.",
-     takeBootWindow},
-    {"no-record-check", "", "The boot loader accepts records whatever their CRC.",
-     takeNoRecordCheck},
-    {"link", "PATH", "Symbolic link to the port, removed at the end.",
-     takePath<&Options::linkPath>},
-    {"trace", "FILE", "Write a line per frame; - is standard error.",
-     takePath<&Options::tracePath>},
-    {"baud", "N", "Pace the bytes as a serial wire would. Default: 0, no pacing.", takeBaud},
-    {"speed", "X", "Factor on the speed of motion. Default: 1.", takeSpeed},
-    {"forever", "", "Serve on when standard input ends.", takeForever},
+     "Time after power-on in which the boot loader answers. Default: whenever the hand is idle.",
+     applyBootWindow},
+    {"no-record-check", "", "Accept firmware records with a wrong CRC.", applyNoRecordCheck},
+    {"link", "PATH", "Symbolic link to the port, removed on exit.", applyPath<&Options::linkPath>},
+    {"trace", "FILE", "Write each frame as a line to FILE; - is standard error.",
+     applyPath<&Options::tracePath>},
+    {"baud", "N", "Limit the transfer to this baud rate. Default: 0, no limit.", applyBaud},
+    {"speed", "X", "Factor applied to the speed of motion. Default: 1.", applySpeed},
+    {"forever", "", "Keep running when standard input ends.", applyForever},
 };
 
 void declareOptions(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Simulates robotic hands on a serial bus. The first line on standard output is the port;\n"
-        "it is served until standard input ends."));
+        "Simulates robotic hands on a serial bus. The first line of standard output is the port.\n"
+        "The simulation runs until standard input ends."));
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
                       QStringLiteral("Show the options and commands.")});
     parser.addOption(
         {{QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Show the version.")});
-    for (const OptionEntry& entry : entries) {
-        parser.addOption({QString::fromLatin1(entry.name), QString::fromLatin1(entry.meaning),
+    for (const OptionEntry& entry : Entries) {
+        parser.addOption({QString::fromLatin1(entry.name), QString::fromLatin1(entry.description),
                           QString::fromLatin1(entry.valueName)});
     }
 }
@@ -217,20 +217,20 @@ std::variant<Options, OptionError, OptionText> parseOptions(const QStringList& a
             QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first())};
 
     Options options;
-    for (const OptionEntry& entry : entries) {
+    for (const OptionEntry& entry : Entries) {
         const QString name = QLatin1String(entry.name);
         if (!parser.isSet(name))
             continue;
         const bool hasValue = *entry.valueName != '\0';
         const QStringList values = hasValue ? parser.values(name) : QStringList(QString());
         for (const QString& value : values) {
-            const QString error = entry.take(options, name, value);
+            const QString error = entry.apply(options, name, value);
             if (!error.isEmpty())
                 return OptionError{error};
         }
     }
     if (options.nodes.empty())
-        options.nodes.push_back({defaultNode, Protocol::SerialCtrl});
+        options.nodes.push_back({DefaultNode, Protocol::SerialCtrl});
     return options;
 }
 

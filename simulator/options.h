@@ -2,6 +2,7 @@
 
 #include "bus.h"
 
+#include <cstdint>
 #include <variant>
 
 namespace vanto::simulator
@@ -9,7 +10,7 @@ namespace vanto::simulator
 
 struct Options {
     struct NodeOption {
-        quint8 id;
+        std::uint8_t id;
         Protocols protocols;
     };
     std::vector<NodeOption> nodes;
@@ -17,15 +18,15 @@ struct Options {
     BootOptions boot;
     QString linkPath;
     QString tracePath;
-    quint32 baud = 0;           // 0: without delay
-    bool outlivesInput = false; // serves on after the end of standard input
+    std::uint32_t baud = 0;    ///< 0: no limit
+    bool keepsRunning = false; ///< after the end of standard input
 };
 
 struct OptionError {
     QString reason;
 };
 
-// What to print instead of serving: the help or the version.
+/// The help or version text, to be printed instead of starting the simulation.
 struct OptionText {
     QString text;
 };

@@ -12,7 +12,7 @@
 namespace vanto::simulator
 {
 
-QString PortLink::pointTo(const QString& device)
+QString PortLink::setTarget(const QString& device)
 {
     if (m_path.isEmpty())
         return {};
@@ -20,13 +20,13 @@ QString PortLink::pointTo(const QString& device)
     if (existing.exists() && !existing.isSymbolicLink())
         return QStringLiteral("%1 exists and is not a symbolic link").arg(m_path);
 
-    // Made aside and renamed, so that the name never is missing in between.
+    // Created under another name and renamed, so that the link exists at all times.
     const QByteArray path = QFile::encodeName(m_path);
-    const QByteArray aside = path + "." + QByteArray::number(::getpid());
-    if (::symlink(QFile::encodeName(device).constData(), aside.constData()) != 0 ||
-        std::rename(aside.constData(), path.constData()) != 0) {
+    const QByteArray temporary = path + "." + QByteArray::number(::getpid());
+    if (::symlink(QFile::encodeName(device).constData(), temporary.constData()) != 0 ||
+        std::rename(temporary.constData(), path.constData()) != 0) {
         const QString reason = QString::fromLocal8Bit(std::strerror(errno));
-        ::unlink(aside.constData());
+        ::unlink(temporary.constData());
         return QStringLiteral("cannot link %1: %2").arg(m_path, reason);
     }
     m_device = device;

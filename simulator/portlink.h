@@ -5,7 +5,7 @@
 namespace vanto::simulator
 {
 
-// A symbolic link with a lasting name for a device whose own name changes from run to run.
+/// A symbolic link with a fixed name to a device whose own name changes from run to run.
 class PortLink
 {
 public:
@@ -13,9 +13,9 @@ public:
     ~PortLink() { remove(); }
     Q_DISABLE_COPY_MOVE(PortLink)
 
-    // Replaces a symbolic link, never another kind of file. Returns the reason of a failure.
-    QString pointTo(const QString& device);
-    // Leaves a link alone that someone else has pointed elsewhere.
+    /// Replaces an existing symbolic link, but no other file. Returns an error, or an empty string.
+    QString setTarget(const QString& device);
+    /// Keeps a link whose target another program has changed.
     void remove();
 
 private:

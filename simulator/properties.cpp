@@ -11,30 +11,30 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr double maxByte = 0xFF;
-constexpr double maxWord = 0xFFFF;
-constexpr double maxU32 = 0xFFFFFFFF;
-constexpr double minAngle = -32768;
-constexpr double maxAngle = 32767;
-constexpr double maxGain = 1e6;
+constexpr double MaxByte = 0xFF;
+constexpr double MaxWord = 0xFFFF;
+constexpr double MaxU32 = 0xFFFFFFFF;
+constexpr double MinAngle = -32768;
+constexpr double MaxAngle = 32767;
+constexpr double MaxGain = 1e6;
 
-// A finger of a hand, at a time; the finger is 0 where a value is the whole hand's.
-struct PropertyPlace {
+/// `index` is the finger, or 0 for properties of the whole hand.
+struct Context {
     Hand& hand;
-    std::size_t finger;
-    Moment now;
+    std::size_t index;
+    TimePoint now;
 
-    Finger& asked() const { return hand.fingers[finger]; }
+    Finger& finger() const { return hand.fingers[index]; }
 };
 
 struct Property {
     const char* name;
-    bool ofFinger;
+    bool isPerFinger;
     double min;
     double max;
-    double (*get)(const PropertyPlace&);
-    void (*set)(const PropertyPlace&, double);       // null: cannot be set
-    void (*release)(const PropertyPlace&) = nullptr; // for the value "auto"
+    double (*get)(const Context&);
+    void (*set)(const Context&, double);     ///< null: read-only
+    void (*reset)(const Context&) = nullptr; ///< for the value "auto"
 };
 
 template<auto Member>
@@ -45,8 +45,8 @@ constexpr Property handValue(const char* name, double max)
             false,
             0,
             max,
-            [](const PropertyPlace& p) { return static_cast<double>(p.hand.*Member); },
-            [](const PropertyPlace& p, double v) { p.hand.*Member = static_cast<Value>(v); }};
+            [](const Context& c) { return static_cast<double>(c.hand.*Member); },
+            [](const Context& c, double v) { c.hand.*Member = static_cast<Value>(v); }};
 }
 
 template<auto Member>
@@ -57,8 +57,8 @@ constexpr Property fingerValue(const char* name, double max)
             true,
             0,
             max,
-            [](const PropertyPlace& p) { return static_cast<double>(p.asked().*Member); },
-            [](const PropertyPlace& p, double v) { p.asked().*Member = static_cast<Value>(v); }};
+            [](const Context& c) { return static_cast<double>(c.finger().*Member); },
+            [](const Context& c, double v) { c.finger().*Member = static_cast<Value>(v); }};
 }
 
 template<std::size_t Gain>
@@ -66,86 +66,82 @@ constexpr Property pidGain(const char* name)
 {
     return {name,
             true,
-            -maxGain,
-            maxGain,
-            [](const PropertyPlace& p) { return static_cast<double>(p.asked().pid[Gain]); },
-            [](const PropertyPlace& p, double v) { p.asked().pid[Gain] = static_cast<float>(v); }};
+            -MaxGain,
+            MaxGain,
+            [](const Context& c) { return static_cast<double>(c.finger().pid[Gain]); },
+            [](const Context& c, double v) { c.finger().pid[Gain] = static_cast<float>(v); }};
 }
 
-// Setting a position puts the finger there, at rest.
+/// Setting a position moves the finger there at once.
 template<Unit U>
 constexpr Property positionIn(const char* name, double min, double max)
 {
-    return {name,
-            true,
-            min,
-            max,
-            [](const PropertyPlace& p) {
-                return static_cast<double>(p.hand.position(U, p.finger, p.now));
-            },
-            [](const PropertyPlace& p, double v) {
-                p.hand.placeAt(U, p.finger, static_cast<int>(v), p.now);
-            }};
+    return {
+        name,
+        true,
+        min,
+        max,
+        [](const Context& c) { return static_cast<double>(c.hand.position(U, c.index, c.now)); },
+        [](const Context& c, double v) { c.hand.placeAt(U, c.index, static_cast<int>(v), c.now); }};
 }
 
-constexpr Property properties[] = {
-    handValue<&Hand::id>("id", maxByte),
+constexpr Property Properties[] = {
+    handValue<&Hand::id>("id", MaxByte),
     handValue<&Hand::powered>("powered", 1),
-    handValue<&Hand::selfTestLevel>("selftest", maxByte),
-    handValue<&Hand::beepSwitch>("beepswitch", maxByte),
-    {"buttons", false, 0, maxByte,
-     [](const PropertyPlace& p) { return static_cast<double>(p.hand.buttonCount); },
-     [](const PropertyPlace& p, double v) {
-         p.hand.setButtonCount(static_cast<quint8>(v), p.now);
+    handValue<&Hand::selfTestLevel>("selftest", MaxByte),
+    handValue<&Hand::beepSwitch>("beepswitch", MaxByte),
+    {"buttons", false, 0, MaxByte,
+     [](const Context& c) { return static_cast<double>(c.hand.buttonCount); },
+     [](const Context& c, double v) {
+         c.hand.setButtonCount(static_cast<std::uint8_t>(v), c.now);
      }},
     {"calibrating", false, 0, 1,
-     [](const PropertyPlace& p) { return p.hand.isCalibrating(p.now) ? 1.0 : 0.0; }, nullptr},
-    {"stage", false, 0, maxByte,
-     [](const PropertyPlace& p) { return static_cast<double>(p.hand.calibrationStage()); },
-     nullptr},
-    handValue<&Hand::rebootTime>("reboot-time", maxWord),
-    handValue<&Hand::error>("error", maxByte),
-    handValue<&Hand::voltage>("voltage", maxWord),
-    handValue<&Hand::beeps>("beeps", maxU32),
-    handValue<&Hand::beepDuration>("beep-duration", maxWord),
-    handValue<&Hand::resets>("resets", maxU32),
-    handValue<&Hand::inits>("inits", maxU32),
-    handValue<&Hand::calibrations>("calibrations", maxU32),
-    {"revision", false, 0, maxWord,
-     [](const PropertyPlace& p) { return static_cast<double>(p.hand.traits.firmware.revision); },
-     [](const PropertyPlace& p, double v) {
-         p.hand.traits.firmware.revision = static_cast<quint16>(v);
+     [](const Context& c) { return c.hand.isCalibrating(c.now) ? 1.0 : 0.0; }, nullptr},
+    {"stage", false, 0, MaxByte,
+     [](const Context& c) { return static_cast<double>(c.hand.calibrationStage()); }, nullptr},
+    handValue<&Hand::rebootTime>("reboot-time", MaxWord),
+    handValue<&Hand::error>("error", MaxByte),
+    handValue<&Hand::voltage>("voltage", MaxWord),
+    handValue<&Hand::beeps>("beeps", MaxU32),
+    handValue<&Hand::beepDuration>("beep-duration", MaxWord),
+    handValue<&Hand::resets>("resets", MaxU32),
+    handValue<&Hand::inits>("inits", MaxU32),
+    handValue<&Hand::calibrations>("calibrations", MaxU32),
+    {"revision", false, 0, MaxWord,
+     [](const Context& c) { return static_cast<double>(c.hand.traits.firmware.revision); },
+     [](const Context& c, double v) {
+         c.hand.traits.firmware.revision = static_cast<std::uint16_t>(v);
      }},
-    {"current", true, 0, maxWord,
-     [](const PropertyPlace& p) { return static_cast<double>(p.hand.current(p.finger, p.now)); },
-     [](const PropertyPlace& p, double v) { p.asked().pinnedCurrent = static_cast<quint16>(v); },
-     [](const PropertyPlace& p) { p.asked().pinnedCurrent.reset(); }},
-    {"force", true, 0, maxWord,
-     [](const PropertyPlace& p) { return static_cast<double>(p.hand.force(p.finger, 0, p.now)); },
-     [](const PropertyPlace& p, double v) { p.asked().pinnedForce = static_cast<quint16>(v); },
-     [](const PropertyPlace& p) { p.asked().pinnedForce.reset(); }},
-    positionIn<Unit::Logical>("position", 0, maxWord),
-    positionIn<Unit::Raw>("raw", 0, maxWord),
-    positionIn<Unit::Angle>("angle", minAngle, maxAngle),
-    {"target", true, 0, maxWord,
-     [](const PropertyPlace& p) { return static_cast<double>(p.asked().motion.target()); },
-     [](const PropertyPlace& p, double v) {
-         p.asked().motion.retarget(static_cast<quint16>(v), p.now);
+    {"current", true, 0, MaxWord,
+     [](const Context& c) { return static_cast<double>(c.hand.current(c.index, c.now)); },
+     [](const Context& c, double v) { c.finger().fixedCurrent = static_cast<std::uint16_t>(v); },
+     [](const Context& c) { c.finger().fixedCurrent.reset(); }},
+    {"force", true, 0, MaxWord,
+     [](const Context& c) { return static_cast<double>(c.hand.force(c.index, 0, c.now)); },
+     [](const Context& c, double v) { c.finger().fixedForce = static_cast<std::uint16_t>(v); },
+     [](const Context& c) { c.finger().fixedForce.reset(); }},
+    positionIn<Unit::Logical>("position", 0, MaxWord),
+    positionIn<Unit::Raw>("raw", 0, MaxWord),
+    positionIn<Unit::Angle>("angle", MinAngle, MaxAngle),
+    {"target", true, 0, MaxWord,
+     [](const Context& c) { return static_cast<double>(c.finger().motion.target()); },
+     [](const Context& c, double v) {
+         c.finger().motion.retarget(static_cast<std::uint16_t>(v), c.now);
      }},
     {"moving", true, 0, 1,
-     [](const PropertyPlace& p) { return p.asked().motion.isMoving(p.now) ? 1.0 : 0.0; }, nullptr},
+     [](const Context& c) { return c.finger().motion.isMoving(c.now) ? 1.0 : 0.0; }, nullptr},
     pidGain<0>("pid-p"),
     pidGain<1>("pid-i"),
     pidGain<2>("pid-d"),
     pidGain<3>("pid-g"),
-    fingerValue<&Finger::currentLimit>("current-limit", maxWord),
-    fingerValue<&Finger::forceLimit>("force-limit", maxWord),
-    {"start", true, 0, maxWord,
-     [](const PropertyPlace& p) { return static_cast<double>(p.asked().raw.atZero); },
-     [](const PropertyPlace& p, double v) { p.asked().raw.atZero = static_cast<int>(v); }},
-    {"end", true, 0, maxWord,
-     [](const PropertyPlace& p) { return static_cast<double>(p.asked().raw.atFull); },
-     [](const PropertyPlace& p, double v) { p.asked().raw.atFull = static_cast<int>(v); }},
+    fingerValue<&Finger::currentLimit>("current-limit", MaxWord),
+    fingerValue<&Finger::forceLimit>("force-limit", MaxWord),
+    {"start", true, 0, MaxWord,
+     [](const Context& c) { return static_cast<double>(c.finger().raw.atZero); },
+     [](const Context& c, double v) { c.finger().raw.atZero = static_cast<int>(v); }},
+    {"end", true, 0, MaxWord,
+     [](const Context& c) { return static_cast<double>(c.finger().raw.atFull); },
+     [](const Context& c, double v) { c.finger().raw.atFull = static_cast<int>(v); }},
 };
 
 QString failure(const QString& reason)
@@ -153,21 +149,21 @@ QString failure(const QString& reason)
     return QStringLiteral("error: ") + reason;
 }
 
-QString textOf(double value)
+QString formatNumber(double value)
 {
     constexpr int floatDigits = 7;
-    if (value == std::floor(value) && std::abs(value) <= maxU32)
-        return QString::number(static_cast<qint64>(value));
+    if (value == std::floor(value) && std::abs(value) <= MaxU32)
+        return QString::number(static_cast<std::int64_t>(value));
     return QString::number(value, 'g', floatDigits);
 }
 
 std::optional<double> parseValue(const QString& text, const Property& property)
 {
-    const bool whole = property.max != maxGain;
-    if (whole) {
-        const auto min = static_cast<qint64>(property.min);
-        const std::optional<qint64> value =
-            parseInteger(text, min, static_cast<qint64>(property.max));
+    const bool isInteger = property.max != MaxGain;
+    if (isInteger) {
+        const auto min = static_cast<std::int64_t>(property.min);
+        const std::optional<std::int64_t> value =
+            parseInteger(text, min, static_cast<std::int64_t>(property.max));
         return value ? std::optional<double>(static_cast<double>(*value)) : std::nullopt;
     }
     bool isNumber = false;
@@ -181,78 +177,79 @@ struct Selection {
     std::size_t finger;
 };
 
-// Takes NAME [FINGER] from the words and wants `valueCount` more; a QString is what is wrong.
-std::variant<Selection, QString> select(const QStringList& words, qsizetype valueCount)
+/// Parses NAME [FINGER], followed by `valueCount` further words. Returns an error as a QString.
+std::variant<Selection, QString> selectProperty(const QStringList& words, qsizetype valueCount)
 {
     const QString name = words.value(0);
     const auto* const property = std::ranges::find_if(
-        properties, [&name](const Property& p) { return name == QLatin1String(p.name); });
-    if (property == std::end(properties))
+        Properties, [&name](const Property& p) { return name == QLatin1String(p.name); });
+    if (property == std::end(Properties))
         return QStringLiteral("unknown name '%1'").arg(name);
-    if (words.size() != 1 + (property->ofFinger ? 1 : 0) + valueCount) {
+    if (words.size() != 1 + (property->isPerFinger ? 1 : 0) + valueCount) {
         return QStringLiteral("%1 takes%2%3")
-            .arg(name, property->ofFinger ? QStringLiteral(" a finger") : QString(),
+            .arg(name, property->isPerFinger ? QStringLiteral(" a finger") : QString(),
                  valueCount > 0 ? QStringLiteral(" a value") : QStringLiteral(" no value"));
     }
-    if (!property->ofFinger)
+    if (!property->isPerFinger)
         return Selection{property, 0};
-    const std::optional<qint64> finger = parseInteger(words.at(1), 0, fingerCount - 1);
+    const std::optional<std::int64_t> finger = parseInteger(words.at(1), 0, FingerCount - 1);
     if (!finger)
         return QStringLiteral("'%1' is no finger (0 to 5)").arg(words.at(1));
     return Selection{property, static_cast<std::size_t>(*finger)};
 }
 
-QStringList names(bool ofFinger)
+QStringList propertyNames(bool isPerFinger)
 {
     QStringList found;
-    for (const Property& property : properties) {
-        if (property.ofFinger == ofFinger)
+    for (const Property& property : Properties) {
+        if (property.isPerFinger == isPerFinger)
             found.append(QLatin1String(property.name));
     }
     return found;
 }
 } // namespace
 
-QString readProperty(Hand& hand, const QStringList& words, Moment now)
+QString readProperty(Hand& hand, const QStringList& words, TimePoint now)
 {
-    const auto selected = select(words, 0);
+    const auto selected = selectProperty(words, 0);
     if (const QString* const error = std::get_if<QString>(&selected))
         return failure(*error);
     const Selection& selection = std::get<Selection>(selected);
-    return QStringLiteral("ok ") + textOf(selection.property->get({hand, selection.finger, now}));
+    return QStringLiteral("ok ") +
+           formatNumber(selection.property->get({hand, selection.finger, now}));
 }
 
-QString writeProperty(Hand& hand, const QStringList& words, Moment now)
+QString writeProperty(Hand& hand, const QStringList& words, TimePoint now)
 {
-    const auto selected = select(words, 1);
+    const auto selected = selectProperty(words, 1);
     if (const QString* const error = std::get_if<QString>(&selected))
         return failure(*error);
     const auto& [property, finger] = std::get<Selection>(selected);
-    const PropertyPlace place{hand, finger, now};
+    const Context context{hand, finger, now};
     const QString& text = words.last();
     if (property->set == nullptr)
         return failure(QStringLiteral("%1 cannot be set").arg(words.first()));
-    if (text == QLatin1String("auto") && property->release != nullptr) {
-        property->release(place);
+    if (text == QLatin1String("auto") && property->reset != nullptr) {
+        property->reset(context);
         return QStringLiteral("ok");
     }
     const std::optional<double> value = parseValue(text, *property);
     if (!value) {
         return failure(QStringLiteral("'%1' is no number from %2 to %3")
-                           .arg(text, textOf(property->min), textOf(property->max)));
+                           .arg(text, formatNumber(property->min), formatNumber(property->max)));
     }
-    property->set(place, *value);
+    property->set(context, *value);
     return QStringLiteral("ok");
 }
 
 QStringList handPropertyNames()
 {
-    return names(false);
+    return propertyNames(false);
 }
 
 QStringList fingerPropertyNames()
 {
-    return names(true);
+    return propertyNames(true);
 }
 
 } // namespace vanto::simulator

@@ -7,12 +7,12 @@
 namespace vanto::simulator
 {
 
-// One value of a hand that can be read and set by name. `words` are NAME [FINGER] [VALUE].
-// Both return an answer line: "ok", "ok VALUE" or "error: ...".
-QString readProperty(Hand& hand, const QStringList& words, Moment now);
-QString writeProperty(Hand& hand, const QStringList& words, Moment now);
+/// These functions access a property of a hand by name. `words` are NAME [FINGER] [VALUE].
+/// They return an answer line: "ok", "ok VALUE" or "error: ...".
+QString readProperty(Hand& hand, const QStringList& words, TimePoint now);
+QString writeProperty(Hand& hand, const QStringList& words, TimePoint now);
 
-// The names for the user, first those of a whole hand, then those of a finger.
+/// The names of the properties of a hand and of a finger, for the help text.
 QStringList handPropertyNames();
 QStringList fingerPropertyNames();
 

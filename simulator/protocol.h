@@ -3,19 +3,20 @@
 #include <QFlags>
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 
 namespace vanto::simulator
 {
 
-// Boot is no protocol that a hand is given: all of them have a boot loader.
+/// Boot cannot be selected for a hand: every hand has a boot loader.
 enum class Protocol { SerialCtrl = 1, Modbus = 2, Boot = 4 };
 Q_DECLARE_FLAGS(Protocols, Protocol)
 
-// Who is spoken to, and how.
+/// The node of a request or reply, and its protocol.
 struct Peer {
     Protocol protocol = Protocol::SerialCtrl;
-    quint8 node = 0;
+    std::uint8_t node = 0;
 };
 
 inline QString protocolName(Protocol protocol)
@@ -31,7 +32,7 @@ inline QString protocolName(Protocol protocol)
     return QStringLiteral("serialctrl");
 }
 
-inline std::optional<Protocol> protocolNamed(const QString& name)
+inline std::optional<Protocol> protocolFromName(const QString& name)
 {
     for (const Protocol protocol : {Protocol::SerialCtrl, Protocol::Modbus}) {
         if (name == protocolName(protocol))

@@ -5,6 +5,7 @@
 #include <array>
 #include <cctype>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -23,9 +24,9 @@ namespace
 {
 namespace fs = std::filesystem;
 
-constexpr std::size_t maxPathLength = 64;
-constexpr std::size_t eventBufferSize = 4096;
-constexpr quint32 closedMask = IN_CLOSE_WRITE | IN_CLOSE_NOWRITE;
+constexpr std::size_t MaxPathLength = 64;
+constexpr std::size_t EventBufferSize = 4096;
+constexpr std::uint32_t ClosedMask = IN_CLOSE_WRITE | IN_CLOSE_NOWRITE;
 
 QString failure(const char* what)
 {
@@ -49,7 +50,7 @@ bool makeRaw(int descriptor)
     return ::tcsetattr(descriptor, TCSANOW, &settings) == 0;
 }
 
-// Steps without exceptions, as processes end while they are looked at.
+/// Avoids exceptions, as processes can end during the iteration.
 template<typename Predicate>
 bool anyEntry(const fs::path& directory, Predicate matches)
 {
@@ -62,8 +63,8 @@ bool anyEntry(const fs::path& directory, Predicate matches)
     return false;
 }
 
-// Takes milliseconds. Processes of other users cannot be looked into and count as not using it.
-bool usedByOthers(const QString& path)
+/// Takes some milliseconds. Processes of other users are not accessible and are ignored.
+bool isUsedByOtherProcess(const QString& path)
 {
     const fs::path device = QFile::encodeName(path).toStdString();
     const fs::path self = std::to_string(::getpid());
@@ -85,18 +86,18 @@ QString PseudoTerminal::open()
         close();
         return error;
     }
-    watchUsers();
+    watchClients();
     return {};
 }
 
 void PseudoTerminal::close()
 {
-    m_usersChanged.reset();
+    m_clientsChanged.reset();
     closeDescriptor(m_watch);
     closeDescriptor(m_slave);
     closeDescriptor(m_master);
     m_path.clear();
-    m_used = false;
+    m_inUse = false;
 }
 
 QString PseudoTerminal::openBothSides()
@@ -104,7 +105,7 @@ QString PseudoTerminal::openBothSides()
     m_master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (m_master < 0 || ::grantpt(m_master) != 0 || ::unlockpt(m_master) != 0)
         return failure("open a pseudo-terminal");
-    std::array<char, maxPathLength> name{};
+    std::array<char, MaxPathLength> name{};
     if (::ptsname_r(m_master, name.data(), name.size()) != 0)
         return failure("name the pseudo-terminal");
     m_path = QFile::decodeName(name.data());
@@ -114,35 +115,36 @@ QString PseudoTerminal::openBothSides()
     return {};
 }
 
-void PseudoTerminal::watchUsers()
+void PseudoTerminal::watchClients()
 {
     m_watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     if (m_watch < 0)
         return;
-    ::inotify_add_watch(m_watch, QFile::encodeName(m_path).constData(), IN_OPEN | closedMask);
-    m_usersChanged = std::make_unique<QSocketNotifier>(m_watch, QSocketNotifier::Read);
-    QObject::connect(m_usersChanged.get(), &QSocketNotifier::activated, [this] { serviceUsers(); });
+    ::inotify_add_watch(m_watch, QFile::encodeName(m_path).constData(), IN_OPEN | ClosedMask);
+    m_clientsChanged = std::make_unique<QSocketNotifier>(m_watch, QSocketNotifier::Read);
+    QObject::connect(m_clientsChanged.get(), &QSocketNotifier::activated,
+                     [this] { processOpenEvents(); });
 }
 
-void PseudoTerminal::noteRequest()
+void PseudoTerminal::markInUse()
 {
-    const bool someoneLeft = serviceUsers();
-    m_used = m_used || !someoneLeft;
+    const bool clientClosed = processOpenEvents();
+    m_inUse = m_inUse || !clientClosed;
 }
 
-void PseudoTerminal::discardUnheard()
+void PseudoTerminal::discardUnread()
 {
-    serviceUsers();
-    if (!m_used)
+    processOpenEvents();
+    if (!m_inUse)
         ::tcflush(m_slave, TCIFLUSH);
 }
 
-// Follows who opens and closes the far side; true if someone has closed it. Events of the same kind
-// are merged by the kernel, so counting users by them would go astray.
-bool PseudoTerminal::serviceUsers()
+/// Tracks whether a client has the slave side open; returns true if one has closed it. The kernel
+/// merges equal events, so they cannot be used to count clients.
+bool PseudoTerminal::processOpenEvents()
 {
-    alignas(inotify_event) std::array<char, eventBufferSize> buffer{};
-    quint32 seen = 0;
+    alignas(inotify_event) std::array<char, EventBufferSize> buffer{};
+    std::uint32_t seen = 0;
     ssize_t length = 0;
     while ((length = ::read(m_watch, buffer.data(), buffer.size())) > 0) {
         for (ssize_t at = 0; at < length; at += static_cast<ssize_t>(sizeof(inotify_event))) {
@@ -152,27 +154,27 @@ bool PseudoTerminal::serviceUsers()
         }
     }
     if ((seen & IN_OPEN) != 0)
-        m_used = true;
-    const bool someoneLeft = (seen & closedMask) != 0;
-    if (someoneLeft)
-        tidyAfterUser();
-    return someoneLeft;
+        m_inUse = true;
+    const bool clientClosed = (seen & ClosedMask) != 0;
+    if (clientClosed)
+        resetAfterClient();
+    return clientClosed;
 }
 
-// A user that ends in an orderly way takes its exclusive lock off; one that was killed leaves it.
-// Whoever opens the port while the processes are searched can lock it only if it was not locked
-// before, so that no rightful lock is released here.
-void PseudoTerminal::tidyAfterUser()
+/// A killed client leaves its exclusive lock behind, which is released here. A client that opens
+/// the port during the search for other users cannot lock it if it was locked before, so no valid
+/// lock is released.
+void PseudoTerminal::resetAfterClient()
 {
     int locked = 0;
     ::ioctl(m_slave, TIOCGEXCL, &locked);
-    if (locked != 0 && usedByOthers(m_path))
+    if (locked != 0 && isUsedByOtherProcess(m_path))
         return;
     if (locked != 0)
         ::ioctl(m_slave, TIOCNXCL);
     makeRaw(m_slave);
     ::tcflush(m_slave, TCIFLUSH);
-    m_used = false;
+    m_inUse = false;
 }
 
 } // namespace vanto::simulator

@@ -8,8 +8,8 @@
 namespace vanto::simulator
 {
 
-// A pseudo-terminal whose far side is opened by the tool as its serial port. An own descriptor of
-// the far side is kept, so that the tool may come and go without a hang-up.
+/// A pseudo-terminal whose slave side the tool opens as its serial port. This class also keeps the
+/// slave side open, so that the master side does not hang up when the tool closes the port.
 class PseudoTerminal
 {
 public:
@@ -17,7 +17,7 @@ public:
     ~PseudoTerminal() { close(); }
     Q_DISABLE_COPY_MOVE(PseudoTerminal)
 
-    // Returns the reason of a failure, else nothing.
+    /// Returns an error, or an empty string.
     QString open();
     void close();
 
@@ -25,23 +25,23 @@ public:
     int master() const { return m_master; }
     QString path() const { return m_path; }
 
-    // To be called before bytes are read: only a user can have sent them.
-    void noteRequest();
-    // To be called after bytes are written: without a user they are lost, as on a real wire.
-    void discardUnheard();
+    /// Must be called before bytes are read: only a client can have sent them.
+    void markInUse();
+    /// Must be called after bytes are written: without a client they are lost, as on a real line.
+    void discardUnread();
 
 private:
-    bool serviceUsers();
-    void tidyAfterUser();
+    bool processOpenEvents();
+    void resetAfterClient();
     QString openBothSides();
-    void watchUsers();
+    void watchClients();
 
     int m_master = -1;
     int m_slave = -1;
     int m_watch = -1;
-    bool m_used = false;
+    bool m_inUse = false;
     QString m_path;
-    std::unique_ptr<QSocketNotifier> m_usersChanged;
+    std::unique_ptr<QSocketNotifier> m_clientsChanged;
 };
 
 } // namespace vanto::simulator

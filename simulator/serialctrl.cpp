@@ -8,57 +8,57 @@ namespace vanto::simulator
 {
 namespace
 {
-constexpr unsigned maxForceValues = 16;
-constexpr int variableLength = -1;
+constexpr unsigned MaxForceValues = 16;
+constexpr int VariableLength = -1;
 
 char toByte(unsigned value)
 {
     return static_cast<char>(value & 0xFFU);
 }
 
-Answer refusal(SubError error)
+Response refusal(SubError error)
 {
     return {{}, error};
 }
 
-// One request being carried out; the arguments are taken in the order of the payload.
+/// A request that is being executed. The take functions read the payload in its order.
 struct Call {
     Hand& hand;
     QByteArrayView rest;
-    Moment now;
+    TimePoint now;
     std::size_t finger = 0;
 
-    quint8 u8();
-    quint16 u16();
-    float f32();
-    Finger& asked() { return hand.fingers[finger]; }
-    Answer echo() const { return Answer().u8(static_cast<unsigned>(finger)); }
+    std::uint8_t takeU8();
+    std::uint16_t takeU16();
+    float takeF32();
+    Finger& selectedFinger() { return hand.fingers[finger]; }
+    Response echo() const { return Response().u8(static_cast<unsigned>(finger)); }
 };
 
-quint8 Call::u8()
+std::uint8_t Call::takeU8()
 {
     if (rest.isEmpty())
         return 0;
-    const auto value = static_cast<quint8>(rest.front());
+    const auto value = static_cast<std::uint8_t>(rest.front());
     rest = rest.sliced(1);
     return value;
 }
 
-quint16 Call::u16()
+std::uint16_t Call::takeU16()
 {
-    const unsigned low = u8();
-    return static_cast<quint16>(low | static_cast<unsigned>(u8()) << 8U);
+    const unsigned low = takeU8();
+    return static_cast<std::uint16_t>(low | static_cast<unsigned>(takeU8()) << 8U);
 }
 
-float Call::f32()
+float Call::takeF32()
 {
-    const quint32 low = u16();
-    return std::bit_cast<float>(low | static_cast<quint32>(u16()) << 16U);
+    const std::uint32_t low = takeU16();
+    return std::bit_cast<float>(low | static_cast<std::uint32_t>(takeU16()) << 16U);
 }
 
-int wireToUnit(Unit unit, quint16 wire)
+int wireToUnit(Unit unit, std::uint16_t wire)
 {
-    return unit == Unit::Angle ? static_cast<qint16>(wire) : wire;
+    return unit == Unit::Angle ? static_cast<std::int16_t>(wire) : wire;
 }
 
 unsigned unitToWire(int value)
@@ -67,7 +67,7 @@ unsigned unitToWire(int value)
 }
 
 template<Unit unit>
-Answer readPosition(Call& call)
+Response readPosition(Call& call)
 {
     return call.echo()
         .u16(unitToWire(call.hand.target(unit, call.finger)))
@@ -75,333 +75,333 @@ Answer readPosition(Call& call)
 }
 
 template<Unit unit>
-Answer readAllPositions(Call& call)
+Response readAllPositions(Call& call)
 {
-    const unsigned count = call.u8();
-    if (count > fingerCount)
+    const unsigned count = call.takeU8();
+    if (count > FingerCount)
         return refusal(BadArgument);
-    Answer answer;
+    Response response;
     for (unsigned finger = 0; finger < count; ++finger)
-        answer.u16(unitToWire(call.hand.target(unit, finger)));
+        response.u16(unitToWire(call.hand.target(unit, finger)));
     for (unsigned finger = 0; finger < count; ++finger)
-        answer.u16(unitToWire(call.hand.position(unit, finger, call.now)));
-    return answer;
+        response.u16(unitToWire(call.hand.position(unit, finger, call.now)));
+    return response;
 }
 
 template<Unit unit>
-Answer movePosition(Call& call)
+Response movePosition(Call& call)
 {
-    const int value = wireToUnit(unit, call.u16());
-    call.hand.moveTo(unit, call.finger, value, call.u8(), call.now);
+    const int value = wireToUnit(unit, call.takeU16());
+    call.hand.moveTo(unit, call.finger, value, call.takeU8(), call.now);
     return {};
 }
 
 template<Unit unit>
-Answer moveAllPositions(Call& call)
+Response moveAllPositions(Call& call)
 {
     constexpr qsizetype groupSize = 3;
-    const bool counted = !call.rest.isEmpty();
-    const unsigned count = call.u8();
-    if (!counted || count > fingerCount || call.rest.size() != groupSize * count)
+    const bool hasCount = !call.rest.isEmpty();
+    const unsigned count = call.takeU8();
+    if (!hasCount || count > FingerCount || call.rest.size() != groupSize * count)
         return refusal(BadArgument);
     for (call.finger = 0; call.finger < count; ++call.finger)
         movePosition<unit>(call);
     return {};
 }
 
-// The ranges go over the wire as all ends first, then all starts.
-Answer getCalibration(Call& call)
+/// On the wire, the ends of all ranges precede the starts.
+Response getCalibration(Call& call)
 {
-    const unsigned fingers = call.u8();
-    const unsigned presets = call.u8();
-    if (fingers > fingerCount || presets > thumbRootPresetCount)
+    const unsigned fingers = call.takeU8();
+    const unsigned presets = call.takeU8();
+    if (fingers > FingerCount || presets > ThumbRootPresetCount)
         return refusal(BadArgument);
-    Answer answer;
+    Response response;
     for (unsigned finger = 0; finger < fingers; ++finger)
-        answer.u16(unitToWire(call.hand.fingers[finger].raw.atFull));
+        response.u16(unitToWire(call.hand.fingers[finger].raw.atFull));
     for (unsigned finger = 0; finger < fingers; ++finger)
-        answer.u16(unitToWire(call.hand.fingers[finger].raw.atZero));
+        response.u16(unitToWire(call.hand.fingers[finger].raw.atZero));
     for (unsigned preset = 0; preset < presets; ++preset)
-        answer.u16(call.hand.thumbRootPresets[preset]);
-    return answer;
+        response.u16(call.hand.thumbRootPresets[preset]);
+    return response;
 }
 
-Answer setCalibration(Call& call)
+Response setCalibration(Call& call)
 {
     const QByteArrayView payload = call.rest;
-    const unsigned fingers = call.u8();
+    const unsigned fingers = call.takeU8();
     const qsizetype presetCountAt = 1 + 4 * static_cast<qsizetype>(fingers);
-    if (fingers > fingerCount || payload.size() <= presetCountAt)
+    if (fingers > FingerCount || payload.size() <= presetCountAt)
         return refusal(BadArgument);
-    const auto presets = static_cast<quint8>(payload[presetCountAt]);
-    if (presets > thumbRootPresetCount ||
+    const auto presets = static_cast<std::uint8_t>(payload[presetCountAt]);
+    if (presets > ThumbRootPresetCount ||
         payload.size() != presetCountAt + 1 + 2 * static_cast<qsizetype>(presets))
         return refusal(BadArgument);
     for (unsigned finger = 0; finger < fingers; ++finger)
-        call.hand.fingers[finger].raw.atFull = call.u16();
+        call.hand.fingers[finger].raw.atFull = call.takeU16();
     for (unsigned finger = 0; finger < fingers; ++finger)
-        call.hand.fingers[finger].raw.atZero = call.u16();
-    call.u8();
+        call.hand.fingers[finger].raw.atZero = call.takeU16();
+    call.takeU8();
     for (unsigned preset = 0; preset < presets; ++preset)
-        call.hand.thumbRootPresets[preset] = call.u16();
+        call.hand.thumbRootPresets[preset] = call.takeU16();
     return {};
 }
 
-Answer getForce(Call& call)
+Response getForce(Call& call)
 {
-    const unsigned count = call.u8();
-    if (count > maxForceValues)
+    const unsigned count = call.takeU8();
+    if (count > MaxForceValues)
         return refusal(BadArgument);
-    Answer answer = call.echo();
+    Response response = call.echo();
     for (unsigned point = 0; point < count; ++point)
-        answer.u16(call.hand.force(call.finger, point, call.now));
-    return answer;
+        response.u16(call.hand.force(call.finger, point, call.now));
+    return response;
 }
 
-Answer getPid(Call& call)
+Response getPid(Call& call)
 {
-    Answer answer = call.echo();
-    for (const float gain : call.asked().pid)
-        answer.f32(gain);
-    return answer;
+    Response response = call.echo();
+    for (const float gain : call.selectedFinger().pid)
+        response.f32(gain);
+    return response;
 }
 
-Answer setPid(Call& call)
+Response setPid(Call& call)
 {
-    for (float& gain : call.asked().pid)
-        gain = call.f32();
+    for (float& gain : call.selectedFinger().pid)
+        gain = call.takeF32();
     return {};
 }
 
-Answer getThumbRootPosition(Call& call)
+Response getThumbRootPosition(Call& call)
 {
-    const int raw = call.hand.position(Unit::Raw, thumbRoot, call.now);
-    return Answer().u16(unitToWire(raw)).u8(call.hand.thumbRootPreset(call.now));
+    const int raw = call.hand.position(Unit::Raw, ThumbRoot, call.now);
+    return Response().u16(unitToWire(raw)).u8(call.hand.thumbRootPreset(call.now));
 }
 
-Answer getUid(Call& call)
+Response getUid(Call& call)
 {
-    Answer answer;
-    for (const quint32 word : call.hand.uid)
-        answer.u32(word);
-    return answer;
+    Response response;
+    for (const std::uint32_t word : call.hand.uid)
+        response.u32(word);
+    return response;
 }
 
-// The reply always holds all six values, whatever count is asked for.
-Answer getUsage(Call& call)
+/// The reply always contains the values of all six fingers, whatever count is requested.
+Response getUsage(Call& call)
 {
-    if (call.u8() > fingerCount)
+    if (call.takeU8() > FingerCount)
         return refusal(BadArgument);
-    Answer answer;
-    answer.u32(call.hand.usage);
+    Response response;
+    response.u32(call.hand.usage);
     for (const Finger& finger : call.hand.fingers)
-        answer.u32(finger.moves);
-    return answer;
+        response.u32(finger.moves);
+    return response;
 }
 
-Answer setPositionLimit(Call& call)
+Response setPositionLimit(Call& call)
 {
-    call.asked().raw.atZero = call.u16();
-    call.asked().raw.atFull = call.u16();
+    call.selectedFinger().raw.atZero = call.takeU16();
+    call.selectedFinger().raw.atFull = call.takeU16();
     return {};
 }
 
-Answer switchFingers(Call& call, void (FingerMotion::*action)(Moment))
+Response switchFingers(Call& call, void (FingerMotion::*action)(TimePoint))
 {
-    const unsigned mask = call.u8();
-    for (unsigned finger = 0; finger < fingerCount; ++finger) {
+    const unsigned mask = call.takeU8();
+    for (unsigned finger = 0; finger < FingerCount; ++finger) {
         if ((mask >> finger & 1U) != 0)
             (call.hand.fingers[finger].motion.*action)(call.now);
     }
     return {};
 }
 
-Answer reset(Call& call)
+Response reset(Call& call)
 {
     ++call.hand.resets;
     call.hand.stopMotion(call.now);
     return {};
 }
 
-Answer calibrate(Call& call)
+Response calibrate(Call& call)
 {
-    return {{}, call.hand.calibrate(call.u16(), call.now)};
+    return {{}, call.hand.calibrate(call.takeU16(), call.now)};
 }
 
-Answer beep(Call& call)
+Response beep(Call& call)
 {
-    call.hand.beepDuration = call.u16();
+    call.hand.beepDuration = call.takeU16();
     ++call.hand.beeps;
     return {};
 }
 
 template<auto Member>
-Answer readByte(Call& call)
+Response readByte(Call& call)
 {
-    return Answer().u8(call.hand.*Member);
+    return Response().u8(call.hand.*Member);
 }
 
 template<auto Member>
-Answer writeByte(Call& call)
+Response writeByte(Call& call)
 {
-    call.hand.*Member = call.u8();
+    call.hand.*Member = call.takeU8();
     return {};
 }
 
 template<auto Member>
-Answer readFingerWord(Call& call)
+Response readFingerWord(Call& call)
 {
-    return call.echo().u16(call.asked().*Member);
+    return call.echo().u16(call.selectedFinger().*Member);
 }
 
 template<auto Member>
-Answer writeFingerWord(Call& call)
+Response writeFingerWord(Call& call)
 {
-    call.asked().*Member = call.u16();
+    call.selectedFinger().*Member = call.takeU16();
     return {};
 }
 
-// What the first payload byte is.
-enum class Leads { Argument, Finger, ForceFinger };
+/// The meaning of the first payload byte.
+enum class FirstByte { Argument, Finger, ForceFinger };
 
 struct Command {
-    quint8 code;
-    int length; // payload bytes
-    Leads leads;
-    Answer (*carryOut)(Call&);
+    std::uint8_t code;
+    int length; ///< payload bytes
+    FirstByte firstByte;
+    Response (*execute)(Call&);
 };
 
-constexpr Command commands[] = {
-    {0x00, 0, Leads::Argument,
+constexpr Command Commands[] = {
+    {0x00, 0, FirstByte::Argument,
      [](Call& c) {
          const Version& v = c.hand.traits.protocol;
-         return Answer().u8(v.minor).u8(v.major);
+         return Response().u8(v.minor).u8(v.major);
      }},
-    {0x01, 0, Leads::Argument,
+    {0x01, 0, FirstByte::Argument,
      [](Call& c) {
          const Version& v = c.hand.traits.firmware;
-         return Answer().u16(v.revision).u8(v.minor).u8(v.major);
+         return Response().u16(v.revision).u8(v.minor).u8(v.major);
      }},
-    {0x02, 0, Leads::Argument,
+    {0x02, 0, FirstByte::Argument,
      [](Call& c) {
          const HandTraits& t = c.hand.traits;
          const unsigned boot = t.bootLoader.major * 0x100U + t.bootLoader.minor;
-         return Answer().u8(t.hardwareType).u8(t.hardwareVersion).u16BigEndian(boot);
+         return Response().u8(t.hardwareType).u8(t.hardwareVersion).u16BigEndian(boot);
      }},
-    {0x03, 2, Leads::Argument, getCalibration},
-    {0x04, 1, Leads::Finger, getPid},
-    {0x05, 1, Leads::Finger, readFingerWord<&Finger::currentLimit>},
-    {0x06, 1, Leads::Finger, [](Call& c) { return c.echo().u16(c.hand.current(c.finger, c.now)); }},
-    {0x07, 1, Leads::ForceFinger, readFingerWord<&Finger::forceLimit>},
-    {0x08, 2, Leads::ForceFinger, getForce},
-    {0x09, 1, Leads::Finger,
+    {0x03, 2, FirstByte::Argument, getCalibration},
+    {0x04, 1, FirstByte::Finger, getPid},
+    {0x05, 1, FirstByte::Finger, readFingerWord<&Finger::currentLimit>},
+    {0x06, 1, FirstByte::Finger,
+     [](Call& c) { return c.echo().u16(c.hand.current(c.finger, c.now)); }},
+    {0x07, 1, FirstByte::ForceFinger, readFingerWord<&Finger::forceLimit>},
+    {0x08, 2, FirstByte::ForceFinger, getForce},
+    {0x09, 1, FirstByte::Finger,
      [](Call& c) {
-         const Scale& raw = c.asked().raw;
+         const Scale& raw = c.selectedFinger().raw;
          return c.echo().u16(unitToWire(raw.atZero)).u16(unitToWire(raw.atFull));
      }},
-    {0x0A, 1, Leads::Finger, readPosition<Unit::Raw>},
-    {0x0B, 1, Leads::Finger, readPosition<Unit::Logical>},
-    {0x0C, 1, Leads::Finger, readPosition<Unit::Angle>},
-    {0x0D, 0, Leads::Argument, getThumbRootPosition},
-    {0x0E, 1, Leads::Argument, readAllPositions<Unit::Raw>},
-    {0x0F, 1, Leads::Argument, readAllPositions<Unit::Logical>},
-    {0x10, 1, Leads::Argument, readAllPositions<Unit::Angle>},
-    {0x20, 0, Leads::Argument, readByte<&Hand::selfTestLevel>},
-    {0x21, 0, Leads::Argument, readByte<&Hand::beepSwitch>},
-    {0x22, 0, Leads::Argument, readByte<&Hand::buttonCount>},
-    {0x23, 0, Leads::Argument, getUid},
-    {0x24, 0, Leads::Argument, [](Call& c) { return Answer().u16(c.hand.voltage); }},
-    {0x25, 1, Leads::Argument, getUsage},
-    {0x40, 1, Leads::Argument, reset},
-    {0x41, 0, Leads::Argument,
+    {0x0A, 1, FirstByte::Finger, readPosition<Unit::Raw>},
+    {0x0B, 1, FirstByte::Finger, readPosition<Unit::Logical>},
+    {0x0C, 1, FirstByte::Finger, readPosition<Unit::Angle>},
+    {0x0D, 0, FirstByte::Argument, getThumbRootPosition},
+    {0x0E, 1, FirstByte::Argument, readAllPositions<Unit::Raw>},
+    {0x0F, 1, FirstByte::Argument, readAllPositions<Unit::Logical>},
+    {0x10, 1, FirstByte::Argument, readAllPositions<Unit::Angle>},
+    {0x20, 0, FirstByte::Argument, readByte<&Hand::selfTestLevel>},
+    {0x21, 0, FirstByte::Argument, readByte<&Hand::beepSwitch>},
+    {0x22, 0, FirstByte::Argument, readByte<&Hand::buttonCount>},
+    {0x23, 0, FirstByte::Argument, getUid},
+    {0x24, 0, FirstByte::Argument, [](Call& c) { return Response().u16(c.hand.voltage); }},
+    {0x25, 1, FirstByte::Argument, getUsage},
+    {0x40, 1, FirstByte::Argument, reset},
+    {0x41, 0, FirstByte::Argument,
      [](Call& c) {
          c.hand.powered = false;
-         return Answer();
+         return Response();
      }},
-    {0x42, 1, Leads::Argument, writeByte<&Hand::id>},
-    {0x43, 2, Leads::Argument, calibrate},
-    {0x44, variableLength, Leads::Argument, setCalibration},
-    {0x45, 17, Leads::Finger, setPid},
-    {0x46, 3, Leads::Finger, writeFingerWord<&Finger::currentLimit>},
-    {0x47, 3, Leads::ForceFinger, writeFingerWord<&Finger::forceLimit>},
-    {0x48, 5, Leads::Finger, setPositionLimit},
-    {0x49, 1, Leads::Argument, [](Call& c) { return switchFingers(c, &FingerMotion::start); }},
-    {0x4A, 1, Leads::Argument, [](Call& c) { return switchFingers(c, &FingerMotion::stop); }},
-    {0x4B, 4, Leads::Finger, movePosition<Unit::Raw>},
-    {0x4C, 4, Leads::Finger, movePosition<Unit::Logical>},
-    {0x4D, 4, Leads::Finger, movePosition<Unit::Angle>},
-    {0x4F, variableLength, Leads::Argument, moveAllPositions<Unit::Raw>},
-    {0x50, variableLength, Leads::Argument, moveAllPositions<Unit::Logical>},
-    {0x51, variableLength, Leads::Argument, moveAllPositions<Unit::Angle>},
-    // Custom data has no meaning to this hand: it comes back as it went.
-    {0x5F, variableLength, Leads::Argument,
+    {0x42, 1, FirstByte::Argument, writeByte<&Hand::id>},
+    {0x43, 2, FirstByte::Argument, calibrate},
+    {0x44, VariableLength, FirstByte::Argument, setCalibration},
+    {0x45, 17, FirstByte::Finger, setPid},
+    {0x46, 3, FirstByte::Finger, writeFingerWord<&Finger::currentLimit>},
+    {0x47, 3, FirstByte::ForceFinger, writeFingerWord<&Finger::forceLimit>},
+    {0x48, 5, FirstByte::Finger, setPositionLimit},
+    {0x49, 1, FirstByte::Argument, [](Call& c) { return switchFingers(c, &FingerMotion::start); }},
+    {0x4A, 1, FirstByte::Argument, [](Call& c) { return switchFingers(c, &FingerMotion::stop); }},
+    {0x4B, 4, FirstByte::Finger, movePosition<Unit::Raw>},
+    {0x4C, 4, FirstByte::Finger, movePosition<Unit::Logical>},
+    {0x4D, 4, FirstByte::Finger, movePosition<Unit::Angle>},
+    {0x4F, VariableLength, FirstByte::Argument, moveAllPositions<Unit::Raw>},
+    {0x50, VariableLength, FirstByte::Argument, moveAllPositions<Unit::Logical>},
+    {0x51, VariableLength, FirstByte::Argument, moveAllPositions<Unit::Angle>},
+    // The hand returns custom data unchanged.
+    {0x5F, VariableLength, FirstByte::Argument,
      [](Call& c) {
-         return Answer{c.rest.toByteArray(), NoSubError};
+         return Response{c.rest.toByteArray(), NoSubError};
      }},
-    {0x60, 1, Leads::Argument, writeByte<&Hand::selfTestLevel>},
-    {0x61, 1, Leads::Argument, writeByte<&Hand::beepSwitch>},
-    {0x62, 2, Leads::Argument, beep},
-    {0x63, 1, Leads::Argument,
+    {0x60, 1, FirstByte::Argument, writeByte<&Hand::selfTestLevel>},
+    {0x61, 1, FirstByte::Argument, writeByte<&Hand::beepSwitch>},
+    {0x62, 2, FirstByte::Argument, beep},
+    {0x63, 1, FirstByte::Argument,
      [](Call& c) {
-         c.hand.setButtonCount(c.u8(), c.now);
-         return Answer();
+         c.hand.setButtonCount(c.takeU8(), c.now);
+         return Response();
      }},
-    {0x64, 0, Leads::Argument,
+    {0x64, 0, FirstByte::Argument,
      [](Call& c) {
          c.hand.startInit(c.now);
-         return Answer();
+         return Response();
      }},
 };
 } // namespace
 
-Answer& Answer::u8(unsigned value)
+Response& Response::u8(unsigned value)
 {
     payload.append(toByte(value));
     return *this;
 }
 
-Answer& Answer::u16(unsigned value)
+Response& Response::u16(unsigned value)
 {
     payload.append(toByte(value)).append(toByte(value >> 8U));
     return *this;
 }
 
-Answer& Answer::u16BigEndian(unsigned value)
+Response& Response::u16BigEndian(unsigned value)
 {
     payload.append(toByte(value >> 8U)).append(toByte(value));
     return *this;
 }
 
-Answer& Answer::u32(quint32 value)
+Response& Response::u32(std::uint32_t value)
 {
     return u16(value & 0xFFFFU).u16(value >> 16U);
 }
 
-Answer& Answer::f32(float value)
+Response& Response::f32(float value)
 {
-    return u32(std::bit_cast<quint32>(value));
+    return u32(std::bit_cast<std::uint32_t>(value));
 }
 
-Answer serialCtrlAnswer(Hand& hand, quint8 command, QByteArrayView payload, Moment now)
+Response executeSerialCtrl(Hand& hand, std::uint8_t command, QByteArrayView payload, TimePoint now)
 {
-    const auto* const entry = std::ranges::find(commands, command, &Command::code);
-    if (entry == std::end(commands))
+    const auto* const entry = std::ranges::find(Commands, command, &Command::code);
+    if (entry == std::end(Commands))
         return refusal(UnknownCommand);
-    if (entry->leads == Leads::ForceFinger && !hand.traits.forceSensing)
+    if (entry->firstByte == FirstByte::ForceFinger && !hand.traits.forceSensing)
         return refusal(NoForceSensing);
-    if (entry->length != variableLength && payload.size() != entry->length)
+    if (entry->length != VariableLength && payload.size() != entry->length)
         return refusal(BadArgument);
 
     Call call{hand, payload, now};
-    if (entry->leads == Leads::Argument)
-        return entry->carryOut(call);
+    if (entry->firstByte == FirstByte::Argument)
+        return entry->execute(call);
 
-    // The thumb root has no force sensor.
-    const std::size_t limit = entry->leads == Leads::ForceFinger ? thumbRoot : fingerCount;
-    call.finger = call.u8();
+    const std::size_t limit = entry->firstByte == FirstByte::ForceFinger ? ThumbRoot : FingerCount;
+    call.finger = call.takeU8();
     if (call.finger >= limit)
         return refusal(BadArgument);
-    return entry->carryOut(call);
+    return entry->execute(call);
 }
 
 } // namespace vanto::simulator

@@ -4,22 +4,24 @@
 
 #include <QByteArray>
 
+#include <cstdint>
+
 namespace vanto::simulator
 {
 
-// What a hand answers: a payload on success, else a sub error. Numbers are little-endian.
-struct Answer {
+/// A payload on success, otherwise a sub error. The functions append little-endian numbers.
+struct Response {
     QByteArray payload;
-    quint8 subError = NoSubError;
+    std::uint8_t subError = NoSubError;
 
-    Answer& u8(unsigned value);
-    Answer& u16(unsigned value);
-    Answer& u16BigEndian(unsigned value);
-    Answer& u32(quint32 value);
-    Answer& f32(float value);
+    Response& u8(unsigned value);
+    Response& u16(unsigned value);
+    Response& u16BigEndian(unsigned value);
+    Response& u32(std::uint32_t value);
+    Response& f32(float value);
 };
 
-// Lets the hand carry out one SerialCtrl command.
-Answer serialCtrlAnswer(Hand& hand, quint8 command, QByteArrayView payload, Moment now);
+/// Executes one SerialCtrl command.
+Response executeSerialCtrl(Hand& hand, std::uint8_t command, QByteArrayView payload, TimePoint now);
 
 } // namespace vanto::simulator

@@ -11,7 +11,7 @@ namespace vanto
 
 namespace
 {
-constexpr std::size_t readChunk = 4096;
+constexpr std::size_t ReadChunkSize = 4096;
 
 int openTerminationDescriptor()
 {
@@ -33,7 +33,7 @@ StandardInput::StandardInput(QObject* parent)
 
 void StandardInput::readAvailable()
 {
-    std::array<char, readChunk> buffer{};
+    std::array<char, ReadChunkSize> buffer{};
     const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
     if (count > 0) {
         m_pending.append(buffer.data(), count);
@@ -45,7 +45,7 @@ void StandardInput::readAvailable()
         m_pending.append('\n');
         emitLines();
     }
-    emit ended();
+    emit closed();
 }
 
 void StandardInput::emitLines()
@@ -54,7 +54,7 @@ void StandardInput::emitLines()
     while ((end = m_pending.indexOf('\n')) >= 0) {
         const QString text = QString::fromLocal8Bit(m_pending.first(end));
         m_pending.remove(0, end + 1);
-        emit line(text);
+        emit lineRead(text);
     }
 }
 

@@ -7,7 +7,7 @@
 namespace vanto
 {
 
-// Lines of standard input as signals, without blocking.
+/// Reads lines from standard input without blocking.
 class StandardInput : public QObject
 {
     Q_OBJECT
@@ -16,8 +16,8 @@ public:
     explicit StandardInput(QObject* parent = nullptr);
 
 signals:
-    void line(const QString& text);
-    void ended();
+    void lineRead(const QString& text);
+    void closed();
 
 private:
     void readAvailable();
@@ -27,7 +27,7 @@ private:
     QByteArray m_pending;
 };
 
-// SIGINT, SIGTERM and SIGHUP as a signal of the event loop; made before any other thread.
+/// Reports SIGINT, SIGTERM and SIGHUP as a Qt signal. Must be created before any other thread.
 class TerminationWatch : public QObject
 {
     Q_OBJECT

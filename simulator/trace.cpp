@@ -17,23 +17,23 @@ QString Trace::open(const QString& path)
     return opened ? QString() : QStringLiteral("%1: %2").arg(path, m_file.errorString());
 }
 
-void Trace::received(Peer peer, const QByteArray& bytes, const QStringList& marks)
+void Trace::writeRequest(Peer peer, const QByteArray& bytes, const QStringList& marks)
 {
-    line("rx", peer, bytes, marks);
+    writeLine("rx", peer, bytes, marks);
 }
 
-void Trace::sent(Peer peer, const QByteArray& bytes, const QStringList& marks)
+void Trace::writeReply(Peer peer, const QByteArray& bytes, const QStringList& marks)
 {
-    line("tx", peer, bytes, marks);
+    writeLine("tx", peer, bytes, marks);
 }
 
-void Trace::withheld(Peer peer, const QString& fault)
+void Trace::writeWithheldReply(Peer peer, const QString& fault)
 {
-    line("--", peer, {}, {faultMark(fault)});
+    writeLine("--", peer, {}, {faultMark(fault)});
 }
 
-void Trace::line(const char* direction, Peer peer, const QByteArray& bytes,
-                 const QStringList& marks)
+void Trace::writeLine(const char* direction, Peer peer, const QByteArray& bytes,
+                      const QStringList& marks)
 {
     if (!m_file.isOpen())
         return;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "moment.h"
 #include "protocol.h"
+#include "timepoint.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -10,24 +10,25 @@
 namespace vanto::simulator
 {
 
-// Writes one line per frame: milliseconds since the start, direction as the hand sees it,
-// protocol, node, bytes, marks.
+/// Writes one line per frame: milliseconds since the start, direction from the hand's point of
+/// view, protocol, node, bytes, marks.
 class Trace
 {
 public:
-    explicit Trace(Moment start) : m_start(start) {}
+    explicit Trace(TimePoint start) : m_start(start) {}
 
-    // "-" is standard error. Returns the reason of a failure, else nothing.
+    /// "-" is standard error. Returns an error, or an empty string.
     QString open(const QString& path);
 
-    void received(Peer peer, const QByteArray& bytes, const QStringList& marks);
-    void sent(Peer peer, const QByteArray& bytes, const QStringList& marks);
-    void withheld(Peer peer, const QString& fault);
+    void writeRequest(Peer peer, const QByteArray& bytes, const QStringList& marks);
+    void writeReply(Peer peer, const QByteArray& bytes, const QStringList& marks);
+    void writeWithheldReply(Peer peer, const QString& fault);
 
 private:
-    void line(const char* direction, Peer peer, const QByteArray& bytes, const QStringList& marks);
+    void writeLine(const char* direction, Peer peer, const QByteArray& bytes,
+                   const QStringList& marks);
 
-    Moment m_start;
+    TimePoint m_start;
     QFile m_file;
 };
 

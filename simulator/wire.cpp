@@ -13,11 +13,11 @@ namespace
 {
 using namespace std::chrono_literals;
 
-constexpr auto bitsPerByte = 10; // start bit, eight data bits, stop bit
-constexpr std::size_t readChunk = 512;
-constexpr std::size_t maxQueuedReplies = 256;
-// Waking for every byte would cost more than it shows; the last byte queued is always exact.
-constexpr Clock::duration wakeInterval = 500us;
+constexpr auto BitsPerByte = 10; ///< start bit, eight data bits, stop bit
+constexpr std::size_t ReadChunkSize = 512;
+constexpr std::size_t MaxQueuedReplies = 256;
+/// Limits the wake-ups for single bytes; the time of the last queued byte is always exact.
+constexpr Clock::duration WakeInterval = 500us;
 
 timespec toTimespec(Clock::duration duration)
 {
@@ -27,11 +27,11 @@ timespec toTimespec(Clock::duration duration)
 }
 } // namespace
 
-Wire::Wire(quint32 baud, QObject* parent) : QObject(parent)
+Wire::Wire(std::uint32_t baud, QObject* parent) : QObject(parent)
 {
     if (baud == 0)
         return;
-    m_byteTime = std::chrono::duration_cast<Clock::duration>(bitsPerByte * 1s) / baud;
+    m_byteTime = std::chrono::duration_cast<Clock::duration>(BitsPerByte * 1s) / baud;
     m_timer = ::timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
     m_timerFired = std::make_unique<QSocketNotifier>(m_timer, QSocketNotifier::Read);
     connect(m_timerFired.get(), &QSocketNotifier::activated, this, &Wire::serviceDeadlines);
@@ -68,11 +68,11 @@ void Wire::detach()
 
 bool Wire::send(const QByteArray& bytes, std::function<void()> beforeLastByte)
 {
-    const bool flooded = m_outgoing.size() >= maxQueuedReplies;
-    if (m_descriptor < 0 || flooded)
+    const bool queueFull = m_outgoing.size() >= MaxQueuedReplies;
+    if (m_descriptor < 0 || queueFull)
         return false;
-    const Moment now = Clock::now();
-    const Moment start = std::max(now, m_outgoingFree);
+    const TimePoint now = Clock::now();
+    const TimePoint start = std::max(now, m_outgoingFree);
     m_outgoingFree = start + bytes.size() * m_byteTime;
     m_outgoing.push_back({bytes, std::move(beforeLastByte), start});
     writeDue(now);
@@ -83,12 +83,12 @@ bool Wire::send(const QByteArray& bytes, std::function<void()> beforeLastByte)
 void Wire::readAvailable()
 {
     emit aboutToRead();
-    std::array<char, readChunk> buffer{};
+    std::array<char, ReadChunkSize> buffer{};
     const ssize_t count = ::read(m_descriptor, buffer.data(), buffer.size());
     if (count <= 0)
         return;
     const QByteArray bytes(buffer.data(), count);
-    const Moment now = Clock::now();
+    const TimePoint now = Clock::now();
     if (m_byteTime == Clock::duration::zero()) {
         emit received(bytes, now);
         return;
@@ -97,7 +97,7 @@ void Wire::readAvailable()
     armTimer(now);
 }
 
-void Wire::queueIncoming(const QByteArray& bytes, Moment now)
+void Wire::queueIncoming(const QByteArray& bytes, TimePoint now)
 {
     m_incomingFree = std::max(now, m_incomingFree);
     for (const char byte : bytes) {
@@ -106,7 +106,7 @@ void Wire::queueIncoming(const QByteArray& bytes, Moment now)
     }
 }
 
-void Wire::releaseIncoming(Moment now)
+void Wire::releaseIncoming(TimePoint now)
 {
     while (!m_incoming.empty() && m_incoming.front().due <= now) {
         const Incoming next = m_incoming.front();
@@ -115,7 +115,7 @@ void Wire::releaseIncoming(Moment now)
     }
 }
 
-void Wire::writeDue(Moment now)
+void Wire::writeDue(TimePoint now)
 {
     while (!m_outgoing.empty()) {
         Outgoing& front = m_outgoing.front();
@@ -145,32 +145,32 @@ bool Wire::writeSome(Outgoing& front, qsizetype upTo)
 
 void Wire::serviceDeadlines()
 {
-    quint64 expirations = 0;
+    std::uint64_t expirations = 0;
     if (m_timer >= 0) [[maybe_unused]]
         const ssize_t drained = ::read(m_timer, &expirations, sizeof expirations);
     if (m_descriptor < 0)
         return;
-    const Moment now = Clock::now();
+    const TimePoint now = Clock::now();
     writeDue(now);
     releaseIncoming(now);
     armTimer(Clock::now());
 }
 
-void Wire::armTimer(Moment now)
+void Wire::armTimer(TimePoint now)
 {
     if (m_timer < 0)
         return;
-    std::array<Moment, 2> ends{Moment::max(), Moment::max()};
+    std::array<TimePoint, 2> ends{TimePoint::max(), TimePoint::max()};
     if (!m_incoming.empty())
         ends[0] = m_incoming.back().due;
     if (!m_outgoing.empty() && !m_writable->isEnabled()) {
         const Outgoing& front = m_outgoing.front();
         ends[1] = front.start + front.bytes.size() * m_byteTime;
     }
-    const Moment end = std::min(ends[0], ends[1]);
+    const TimePoint end = std::min(ends[0], ends[1]);
     itimerspec setting{};
-    if (end != Moment::max()) {
-        const Clock::duration wait = std::min(end - now, std::max(wakeInterval, m_byteTime));
+    if (end != TimePoint::max()) {
+        const Clock::duration wait = std::min(end - now, std::max(WakeInterval, m_byteTime));
         setting.it_value = toTimespec(std::max<Clock::duration>(wait, 1ns));
     }
     ::timerfd_settime(m_timer, 0, &setting, nullptr);

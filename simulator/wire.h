@@ -1,11 +1,12 @@
 #pragma once
 
-#include "moment.h"
+#include "timepoint.h"
 
 #include <QByteArray>
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -13,22 +14,22 @@
 namespace vanto::simulator
 {
 
-// Carries bytes over a descriptor in both directions: at once, or no faster than a serial wire.
+/// Transfers bytes over a descriptor in both directions, at once or at the rate of a serial line.
 class Wire : public QObject
 {
     Q_OBJECT
 
 public:
-    // A baud rate of 0 is a wire without delay.
-    explicit Wire(quint32 baud, QObject* parent = nullptr);
+    /// A baud rate of 0 means no limit.
+    explicit Wire(std::uint32_t baud, QObject* parent = nullptr);
     ~Wire() override;
 
-    // The descriptor is non-blocking and stays the caller's.
+    /// The descriptor must be non-blocking; the caller keeps its ownership.
     void attach(int descriptor);
     void detach();
 
-    // `beforeLastByte` is called when the last byte is due, just before it is written.
-    // False if the bytes are lost because the line is down or hopelessly behind.
+    /// Calls `beforeLastByte` when the last byte is due, just before it is written.
+    /// Returns false if the bytes are lost because the line is unplugged or its queue is full.
     bool send(const QByteArray& bytes, std::function<void()> beforeLastByte);
 
     Clock::duration byteTime() const { return m_byteTime; }
@@ -36,28 +37,28 @@ public:
 signals:
     void aboutToRead();
     void written();
-    // `began` is when the first of the bytes started on the wire.
-    void received(const QByteArray& bytes, vanto::simulator::Moment began);
+    /// `startTime` is the start of the first byte on the wire.
+    void received(const QByteArray& bytes, vanto::simulator::TimePoint startTime);
 
 private:
     struct Incoming {
         char byte;
-        Moment due;
+        TimePoint due;
     };
     struct Outgoing {
         QByteArray bytes;
         std::function<void()> beforeLastByte;
-        Moment start;
+        TimePoint start;
         qsizetype written = 0;
     };
 
     void readAvailable();
-    void queueIncoming(const QByteArray& bytes, Moment now);
-    void releaseIncoming(Moment now);
-    void writeDue(Moment now);
+    void queueIncoming(const QByteArray& bytes, TimePoint now);
+    void releaseIncoming(TimePoint now);
+    void writeDue(TimePoint now);
     bool writeSome(Outgoing& front, qsizetype upTo);
     void serviceDeadlines();
-    void armTimer(Moment now);
+    void armTimer(TimePoint now);
 
     Clock::duration m_byteTime{0};
     int m_descriptor = -1;
@@ -67,8 +68,8 @@ private:
     std::unique_ptr<QSocketNotifier> m_timerFired;
     std::deque<Incoming> m_incoming;
     std::deque<Outgoing> m_outgoing;
-    Moment m_incomingFree;
-    Moment m_outgoingFree;
+    TimePoint m_incomingFree;
+    TimePoint m_outgoingFree;
 };
 
 } // namespace vanto::simulator

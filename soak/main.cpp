@@ -1,10 +1,10 @@
-// The monkey: the real window, a simulated hand, and everything at random for as long as wanted.
+// Monkey test: uses the real window with a simulated hand at random.
 
-#include "ending.h"
+#include "exittest.h"
+#include "monitor.h"
 #include "monkey.h"
 #include "replylimits.h"
-#include "stops.h"
-#include "watch.h"
+#include "stoptest.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -25,10 +25,10 @@ constexpr bool Sanitized = false;
 
 namespace
 {
-/// Fewer than so many actions and requests a second are no use of the window.
-constexpr int LeastPerSecond = 2;
+/// Actions and requests per second; a run with fewer of them tests too little.
+constexpr int MinPerSecond = 2;
 
-int useAtRandom(int seconds, quint32 seed, const QString& protocol, int patience)
+int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int patience)
 {
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
@@ -37,20 +37,20 @@ int useAtRandom(int seconds, quint32 seed, const QString& protocol, int patience
         std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
         return 2;
     }
-    Watch watch(hand, Sanitized, patience > 1);
-    Monkey monkey(hand, watch, seed);
+    Monitor monitor(hand, Sanitized, patience > 1);
+    Monkey monkey(hand, monitor, seed);
     monkey.start(seconds);
     QApplication::exec();
-    watch.lookAtWire();
-    if (std::min(monkey.actions(), watch.exchanges()) * patience < LeastPerSecond * seconds)
-        watch.find(QStringLiteral("hardly anything was done"));
+    monitor.checkTrace();
+    if (std::min(monkey.actions(), monitor.exchanges()) * patience < MinPerSecond * seconds)
+        monitor.addFinding(QStringLiteral("too few actions or requests"));
     std::printf("%s, seed %u: %d s, %d actions, %d requests on the wire, longest gap %lld ms, "
                 "%d findings\n",
-                qPrintable(protocol), seed, seconds, monkey.actions(), watch.exchanges(),
-                watch.longestGapMs(), static_cast<int>(watch.findings().size()));
+                qPrintable(protocol), seed, seconds, monkey.actions(), monitor.exchanges(),
+                monitor.longestGapMs(), static_cast<int>(monitor.findings().size()));
     for (const auto& [name, count] : monkey.counts())
         std::printf("    %-18s %d\n", qPrintable(name), count);
-    return watch.findings().isEmpty() ? 0 : 1;
+    return monitor.findings().isEmpty() ? 0 : 1;
 }
 } // namespace
 
@@ -60,31 +60,35 @@ int runProgram(int argc, char* argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Exit status 0 when nothing was found."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Uses the window at random. The exit status is 0 if there are no findings."));
     parser.addHelpOption();
-    const QCommandLineOption seconds(QStringLiteral("seconds"), QStringLiteral("How long."),
-                                     QStringLiteral("N"), QStringLiteral("60"));
-    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Of the choices."),
+    const QCommandLineOption seconds(QStringLiteral("seconds"),
+                                     QStringLiteral("Duration in seconds."), QStringLiteral("N"),
+                                     QStringLiteral("60"));
+    const QCommandLineOption seed(QStringLiteral("seed"),
+                                  QStringLiteral("Seed of the random choices."),
                                   QStringLiteral("N"), QStringLiteral("1"));
     const QCommandLineOption protocol(QStringLiteral("protocol"),
-                                      QStringLiteral("serialctrl or modbus."),
+                                      QStringLiteral("Protocol: serialctrl or modbus."),
                                       QStringLiteral("NAME"), QStringLiteral("serialctrl"));
-    const QCommandLineOption endings(
-        QStringLiteral("endings"),
-        QStringLiteral("Instead of that, end the program N times in the middle of something."),
-        QStringLiteral("N"));
+    const QCommandLineOption endings(QStringLiteral("endings"),
+                                     QStringLiteral("Exit N times during long operations instead."),
+                                     QStringLiteral("N"));
     const QCommandLineOption stops(
         QStringLiteral("stops"),
-        QStringLiteral("Instead of that, stop a play at N random moments."), QStringLiteral("N"));
+        QStringLiteral("Stop a running sequence at N random moments instead."),
+        QStringLiteral("N"));
     const QCommandLineOption endDuring(QStringLiteral("end-during"),
-                                       QStringLiteral("One such end, during this operation."),
+                                       QStringLiteral("Exit once during this operation instead."),
                                        QStringLiteral("NAME"));
-    const QCommandLineOption after(QStringLiteral("after"), QStringLiteral("Milliseconds."),
+    const QCommandLineOption after(QStringLiteral("after"),
+                                   QStringLiteral("Delay before that exit in ms."),
                                    QStringLiteral("N"), QStringLiteral("100"));
     const QCommandLineOption patience(
         QStringLiteral("patience"),
-        QStringLiteral("Time-outs N times as long, for a machine that does other work as well."),
-        QStringLiteral("N"), QStringLiteral("1"));
+        QStringLiteral("Multiply all time-outs by N, for a busy machine."), QStringLiteral("N"),
+        QStringLiteral("1"));
     parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after, patience});
     parser.process(application);
     const int factor = parser.value(patience).toInt();
@@ -94,15 +98,15 @@ int runProgram(int argc, char* argv[])
     QDir::setCurrent(work.path());
     const QString kind = parser.value(protocol);
     if (parser.isSet(endings))
-        return Ending::campaign(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind,
-                                parser.value(patience));
+        return ExitTest::run(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind,
+                             parser.value(patience));
     if (parser.isSet(stops))
-        return Stops::campaign(parser.value(stops).toInt(), parser.value(seed).toUInt(), kind);
+        return StopTest::run(parser.value(stops).toInt(), parser.value(seed).toUInt(), kind);
     if (parser.isSet(endDuring)) {
         qputenv("QT_LOGGING_RULES", "default.debug=false");
-        return Ending::perform(parser.value(endDuring), parser.value(after).toInt(), kind);
+        return ExitTest::runOnce(parser.value(endDuring), parser.value(after).toInt(), kind);
     }
-    return useAtRandom(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind, factor);
+    return runMonkey(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind, factor);
 }
 
 } // namespace vanto

@@ -1,6 +1,6 @@
 #include "monkey.h"
 
-#include "watch.h"
+#include "monitor.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -25,27 +25,27 @@ namespace vanto
 
 namespace
 {
-constexpr int LongestPauseMs = 120;
-constexpr int LookMs = 100;
+constexpr int MaxPauseMs = 120;
+constexpr int CheckIntervalMs = 100;
 constexpr int PhaseMs = 6000;
-constexpr int SettleMs = 3000; ///< until what was asked for before a still phase has been done
-constexpr int DeepestNesting = 4;
-constexpr int PulledMs = 700;
-constexpr int StuckMs = 60'000; ///< without a chance to do anything; an update takes some of it
-constexpr int EndAgainMs = 200;
+constexpr int SettleMs = 3000; ///< until requests from before a quiet phase are finished
+constexpr int MaxNesting = 4;
+constexpr int DisconnectedMs = 700;
+constexpr int StuckMs = 60'000; ///< without an action; includes the time of an update
+constexpr int CloseRetryMs = 200;
 
-/// Buttons that may move a finger, by the beginnings of their names.
-bool movesFingers(const QString& name)
+/// Whether the button of this name can move a finger.
+bool isMotionButton(const QString& name)
 {
-    for (const char* moving :
+    for (const char* prefix :
          {"pushButton_RunSetPos", "pushButton_SeqInsert", "pushButton_SeqRun", "pushButton_SeqUp",
           "pushButton_SeqDown", "pushButton_BasicRecalibrate"})
-        if (name.startsWith(QLatin1String(moving)))
+        if (name.startsWith(QLatin1String(prefix)))
             return true;
     return false;
 }
 
-QString textOf(const QWidget* dialog)
+QString dialogText(const QWidget* dialog)
 {
     if (const auto* box = qobject_cast<const QMessageBox*>(dialog))
         return box->text();
@@ -55,159 +55,159 @@ QString textOf(const QWidget* dialog)
 }
 } // namespace
 
-const std::vector<Monkey::Action>& Monkey::table()
+const std::vector<Monkey::Action>& Monkey::actionTable()
 {
     static const std::vector<Action> actions{
-        {"click", 20, false, &Monkey::clickAnything},
-        {"click that moves", 14, true, &Monkey::clickMoving},
+        {"click", 20, false, &Monkey::clickRandomButton},
+        {"click that moves", 14, true, &Monkey::clickMotionButton},
         {"page", 14, false, &Monkey::changePage},
         {"key", 10, false, &Monkey::pressKey},
-        {"type", 10, false, &Monkey::typeSomething},
+        {"type", 10, false, &Monkey::enterRandomText},
         {"slider", 12, true, &Monkey::dragSlider},
-        {"choice", 5, false, &Monkey::chooseItem},
+        {"choice", 5, false, &Monkey::changeComboBox},
         {"device", 3, false, &Monkey::changeDevice},
         {"port", 1, false, &Monkey::changePort},
-        {"connect", 4, false, &Monkey::connectAgain},
+        {"connect", 4, false, &Monkey::reconnect},
         {"row", 8, true, &Monkey::selectRow},
-        {"stop", 5, false, &Monkey::stopPlay},
+        {"stop", 5, false, &Monkey::stopSequence},
         {"menu", 2, false, &Monkey::triggerAction},
-        {"fault", 25, false, &Monkey::harmHand},
-        {"cable", 1, false, &Monkey::pullCable},
+        {"fault", 25, false, &Monkey::injectFault},
+        {"cable", 1, false, &Monkey::interruptConnection},
     };
     return actions;
 }
 
-Monkey::Monkey(HandProcess& hand, Watch& watch, quint32 seed)
+Monkey::Monkey(HandProcess& hand, Monitor& monitor, std::uint32_t seed)
     : m_hand(hand),
-      m_watch(watch),
+      m_monitor(monitor),
       m_random(seed),
-      m_tool({hand.portName()}),
+      m_driver({hand.portName()}),
       m_dialogs([this](QDialog& dialog) {
-          // Not from here: an answer may open the next dialog, and this timer is held up until it
-          // returns.
+          // Queued: an answer can open the next dialog, and would block the timer of DialogWatch.
           if (!qobject_cast<QProgressDialog*>(&dialog))
-              QTimer::singleShot(0, &dialog, [this, &dialog] { answer(&dialog); });
+              QTimer::singleShot(0, &dialog, [this, &dialog] { answerDialog(&dialog); });
       })
 {
 }
 
 void Monkey::start(int seconds)
 {
-    startTimer(LookMs);
+    startTimer(CheckIntervalMs);
     m_stuckMs = std::min(StuckMs, 1000 * seconds / 2);
     m_sinceAction.start();
-    QTimer::singleShot(seconds * 1000, this, [this] { end(); });
-    connectAgain();
-    next();
+    QTimer::singleShot(seconds * 1000, this, [this] { closeWindow(); });
+    reconnect();
+    scheduleAction();
     changePhase();
 }
 
-/// The window does not close while firmware is being written.
-void Monkey::end()
+/// Retries, as the window does not close while it writes firmware.
+void Monkey::closeWindow()
 {
-    m_ends = true;
-    if (!m_tool.window()->close())
-        QTimer::singleShot(EndAgainMs, this, [this] { end(); });
+    m_closing = true;
+    if (!m_driver.window()->close())
+        QTimer::singleShot(CloseRetryMs, this, [this] { closeWindow(); });
 }
 
-/// Scheduled before each action, so that the monkey goes on while the action waits for the hand.
-void Monkey::next()
+/// Each action first schedules the next one, as it can wait for the hand in an event loop.
+void Monkey::scheduleAction()
 {
-    if (m_ends)
+    if (m_closing)
         return;
-    QTimer::singleShot(below(LongestPauseMs), this, [this] {
-        next();
-        if (m_depth >= DeepestNesting || QApplication::activeModalWidget())
+    QTimer::singleShot(randomBelow(MaxPauseMs), this, [this] {
+        scheduleAction();
+        if (m_nesting >= MaxNesting || QApplication::activeModalWidget())
             return;
-        const auto& actions = table();
-        int ticket = below(
+        const auto& actions = actionTable();
+        int choice = randomBelow(
             std::accumulate(actions.begin(), actions.end(), 0,
                             [](int sum, const Action& action) { return sum + action.weight; }));
-        auto chosen = std::find_if(actions.begin(), actions.end(), [&ticket](const Action& action) {
-            return (ticket -= action.weight) < 0;
+        auto chosen = std::find_if(actions.begin(), actions.end(), [&choice](const Action& action) {
+            return (choice -= action.weight) < 0;
         });
-        if (m_still && chosen->moves)
+        if (m_quiet && chosen->movesFinger)
             return;
-        if (m_tool.devices()->count() == 0 && below(3) == 0)
+        if (m_driver.devices()->count() == 0 && randomBelow(3) == 0)
             chosen = std::find_if(actions.begin(), actions.end(), [](const Action& action) {
-                return action.run == &Monkey::connectAgain;
+                return action.run == &Monkey::reconnect;
             });
         m_sinceAction.start();
         ++m_actions;
         ++m_counts[QLatin1String(chosen->name)];
-        ++m_depth;
+        ++m_nesting;
         (this->*chosen->run)();
-        --m_depth;
+        --m_nesting;
     });
 }
 
 void Monkey::changePhase()
 {
-    m_still = ++m_phase % 2 == 0;
-    if (m_still) {
-        stopPlay();
-        if (auto* pages = m_tool.find<QTabWidget>("tabWidget"); pages->isEnabled())
-            pages->setCurrentIndex(0); // the Run page forgets its queue
+    m_quiet = ++m_phase % 2 == 0;
+    if (m_quiet) {
+        stopSequence();
+        if (auto* pages = m_driver.find<QTabWidget>("tabWidget"); pages->isEnabled())
+            pages->setCurrentIndex(0); // clears the queue of the Run page
         QTimer::singleShot(SettleMs, this, [this] {
-            stopPlay();
-            m_watch.beginStillness();
+            stopSequence();
+            m_monitor.beginQuietPhase();
         });
         QTimer::singleShot(SettleMs + PhaseMs, this, [this] {
-            m_watch.endStillness();
+            m_monitor.endQuietPhase();
             changePhase();
         });
     } else {
         QTimer::singleShot(PhaseMs, this, [this] {
-            m_watch.lookAtWire();
+            m_monitor.checkTrace();
             changePhase();
         });
     }
 }
 
-/// Looks whether the monkey is stuck.
+/// Checks whether the window still accepts actions.
 void Monkey::timerEvent(QTimerEvent*)
 {
     if (!m_sinceAction.hasExpired(m_stuckMs))
         return;
     m_sinceAction.start();
     const QWidget* modal = QApplication::activeModalWidget();
-    m_watch.find(QStringLiteral("nobody can do anything; %1 actions wait, %2 is open with '%3'")
-                     .arg(m_depth)
-                     .arg(QLatin1String(modal ? modal->metaObject()->className() : "no dialog"),
-                          textOf(modal)));
+    m_monitor.addFinding(
+        QStringLiteral("no action is possible; %1 actions are waiting, %2 is open with '%3'")
+            .arg(m_nesting)
+            .arg(QLatin1String(modal ? modal->metaObject()->className() : "no dialog"),
+                 dialogText(modal)));
 }
 
-void Monkey::answer(QDialog* dialog)
+void Monkey::answerDialog(QDialog* dialog)
 {
     ++m_counts[QStringLiteral("dialog")];
     if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
-        if (auto* button = any(box->buttons()))
+        if (auto* button = randomItem(box->buttons()))
             button->click();
         return;
     }
     if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
         if (input->inputMode() == QInputDialog::IntInput)
-            input->setIntValue(1 + below(3));
+            input->setIntValue(1 + randomBelow(3));
         else if (const QStringList items = input->comboBoxItems(); !items.isEmpty())
-            input->setTextValue(items[below(static_cast<int>(items.size()))]);
+            input->setTextValue(items[randomBelow(static_cast<int>(items.size()))]);
         else
-            input->setTextValue(below(2) == 0 ? QStringLiteral("1A2B") : anyText());
+            input->setTextValue(randomBelow(2) == 0 ? QStringLiteral("1A2B") : randomText());
     } else if (auto* spin = dialog->findChild<QSpinBox*>()) {
-        for (int i = m_still ? 3 : 0; i < 3; ++i)
-            below(2) == 0 ? spin->stepUp() : spin->stepDown();
+        for (int i = m_quiet ? 3 : 0; i < 3; ++i)
+            randomBelow(2) == 0 ? spin->stepUp() : spin->stepDown();
     }
     const auto* files = qobject_cast<QFileDialog*>(dialog);
-    if (below(4) == 0)
+    if (randomBelow(4) == 0)
         dialog->reject();
     else if (files)
         chooseFile(*dialog, files->acceptMode() == QFileDialog::AcceptOpen
-                                ? anySequenceFile()
+                                ? randomSequenceFile()
                                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
     else
         dialog->accept();
 }
 
-QString Monkey::anyText()
+QString Monkey::randomText()
 {
     static const QStringList texts{QString(),
                                    QStringLiteral("0"),
@@ -221,50 +221,51 @@ QString Monkey::anyText()
                                    QStringLiteral("x"),
                                    QStringLiteral("0x10"),
                                    QStringLiteral("\u0663")};
-    return texts[below(static_cast<int>(texts.size()))];
+    return texts[randomBelow(static_cast<int>(texts.size()))];
 }
 
-QString Monkey::anySequenceFile()
+QString Monkey::randomSequenceFile()
 {
     const QDir examples(QStringLiteral(VANTO_EXAMPLES));
     const QStringList files = examples.entryList(QDir::Files);
-    return examples.absoluteFilePath(files.value(below(static_cast<int>(files.size()))));
+    return examples.absoluteFilePath(files.value(randomBelow(static_cast<int>(files.size()))));
 }
 
-void Monkey::clickAnything()
+void Monkey::clickRandomButton()
 {
-    auto* button = any(m_tool.window()->findChildren<QPushButton*>());
-    if (button && button->isVisible() && !movesFingers(button->objectName()))
+    auto* button = randomItem(m_driver.window()->findChildren<QPushButton*>());
+    if (button && button->isVisible() && !isMotionButton(button->objectName()))
         button->click();
 }
 
-void Monkey::clickMoving()
+void Monkey::clickMotionButton()
 {
-    auto* button = any(m_tool.window()->findChildren<QPushButton*>());
-    if (button && button->isVisible() && movesFingers(button->objectName()))
+    auto* button = randomItem(m_driver.window()->findChildren<QPushButton*>());
+    if (button && button->isVisible() && isMotionButton(button->objectName()))
         button->click();
 }
 
 void Monkey::changePage()
 {
-    auto* pages = m_tool.find<QTabWidget>("tabWidget");
-    const int page = below(pages->count());
+    auto* pages = m_driver.find<QTabWidget>("tabWidget");
+    const int page = randomBelow(pages->count());
     if (pages->isEnabled() && pages->isTabVisible(page))
         pages->setCurrentIndex(page);
 }
 
-/// Not the keys that select a row or move a finger when nothing may move.
+/// Excludes the keys that select a row or move a finger during a quiet phase.
 void Monkey::pressKey()
 {
-    constexpr std::array still{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_Escape, Qt::Key_F2};
-    constexpr std::array moving{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Return,
-                                Qt::Key_PageUp, Qt::Key_Space, Qt::Key_Home};
-    QWidget* focus = m_tool.window()->focusWidget();
+    constexpr std::array quietKeys{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_Escape,
+                                   Qt::Key_F2};
+    constexpr std::array motionKeys{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Return,
+                                    Qt::Key_PageUp, Qt::Key_Space, Qt::Key_Home};
+    QWidget* focus = m_driver.window()->focusWidget();
     if (!focus)
         return;
-    const bool move = !m_still && below(2) == 0;
-    const Qt::Key key = move ? moving[static_cast<std::size_t>(below(moving.size()))]
-                             : still[static_cast<std::size_t>(below(still.size()))];
+    const bool move = !m_quiet && randomBelow(2) == 0;
+    const Qt::Key key = move ? motionKeys[static_cast<std::size_t>(randomBelow(motionKeys.size()))]
+                             : quietKeys[static_cast<std::size_t>(randomBelow(quietKeys.size()))];
     const QPointer<QWidget> target(focus);
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, Qt::NoModifier);
@@ -273,93 +274,93 @@ void Monkey::pressKey()
     }
 }
 
-void Monkey::typeSomething()
+void Monkey::enterRandomText()
 {
-    auto* field = any(m_tool.window()->findChildren<QLineEdit*>());
+    auto* field = randomItem(m_driver.window()->findChildren<QLineEdit*>());
     if (!field || !field->isVisible() || !field->isEnabled() || field->isReadOnly())
         return;
     field->setFocus();
-    field->setText(anyText());
+    field->setText(randomText());
 }
 
 void Monkey::dragSlider()
 {
-    const QPointer<QSlider> slider = any(m_tool.window()->findChildren<QSlider*>());
+    const QPointer<QSlider> slider = randomItem(m_driver.window()->findChildren<QSlider*>());
     if (!slider || !slider->isVisible() || !slider->isEnabled())
         return;
     slider->setSliderDown(true);
     for (int i = 0; i < 3; ++i)
         slider->setSliderPosition(slider->minimum() +
-                                  below(slider->maximum() - slider->minimum() + 1));
-    if (below(4) != 0)
+                                  randomBelow(slider->maximum() - slider->minimum() + 1));
+    if (randomBelow(4) != 0)
         slider->setSliderDown(false);
-    else // held on to for a while
-        QTimer::singleShot(below(300), slider, [slider] { slider->setSliderDown(false); });
+    else // keeps the slider pressed for a while
+        QTimer::singleShot(randomBelow(300), slider, [slider] { slider->setSliderDown(false); });
 }
 
-void Monkey::chooseIn(QComboBox* box)
+void Monkey::selectRandomItem(QComboBox* box)
 {
     if (box->isEnabled() && box->count() > 0)
-        box->setCurrentIndex(below(box->count()));
+        box->setCurrentIndex(randomBelow(box->count()));
 }
 
-void Monkey::chooseItem()
+void Monkey::changeComboBox()
 {
-    auto* page = m_tool.find<QTabWidget>("tabWidget")->currentWidget();
-    if (auto* box = any(page->findChildren<QComboBox*>()))
-        chooseIn(box);
+    auto* page = m_driver.find<QTabWidget>("tabWidget")->currentWidget();
+    if (auto* box = randomItem(page->findChildren<QComboBox*>()))
+        selectRandomItem(box);
 }
 
 void Monkey::changeDevice()
 {
-    chooseIn(m_tool.devices());
+    selectRandomItem(m_driver.devices());
 }
 
 void Monkey::changePort()
 {
-    chooseIn(m_tool.ports());
+    selectRandomItem(m_driver.ports());
 }
 
-/// What a person does who wants to go on working: the port, a scan, a stop.
-void Monkey::connectAgain()
+/// Reconnects as a user does: selects the port, scans, stops the scan.
+void Monkey::reconnect()
 {
-    if (!m_tool.ports()->isEnabled())
+    if (!m_driver.ports()->isEnabled())
         return;
-    m_tool.click("pushButton_RefreshPorts");
-    m_tool.choosePort(m_hand.portName());
-    auto* scan = m_tool.find<QPushButton>("pushButton_ScanDevices");
+    m_driver.click("pushButton_RefreshPorts");
+    m_driver.choosePort(m_hand.portName());
+    auto* scan = m_driver.find<QPushButton>("pushButton_ScanDevices");
     QTimer::singleShot(700, scan, [this, scan, idle = scan->text()] {
         if (scan->text() != idle)
-            m_tool.click(scan->objectName());
+            m_driver.click(scan->objectName());
     });
-    m_tool.click(scan->objectName());
+    m_driver.click(scan->objectName());
 }
 
 void Monkey::selectRow()
 {
-    auto* table = m_tool.find<QTableWidget>("tableWidget_Seq");
+    auto* table = m_driver.find<QTableWidget>("tableWidget_Seq");
     if (!table->isVisible() || !table->isEnabled())
         return;
     if (table->rowCount() == 0)
-        m_tool.click("pushButton_SeqLoad");
+        m_driver.click("pushButton_SeqLoad");
     else
-        table->setCurrentCell(below(table->rowCount()), 0);
+        table->setCurrentCell(randomBelow(table->rowCount()), 0);
 }
 
-void Monkey::stopPlay()
+void Monkey::stopSequence()
 {
-    m_tool.click("pushButton_SeqStop");
+    m_driver.click("pushButton_SeqStop");
 }
 
 void Monkey::triggerAction()
 {
     const QString names[] = {QStringLiteral("action_Theme"), QStringLiteral("action_About"),
                              QStringLiteral("action_Messages")};
-    m_tool.trigger(names[below(3)]);
+    m_driver.trigger(names[randomBelow(3)]);
 }
 
-/// One fault for some request soon; on the whole one request in ten meets one.
-void Monkey::harmHand()
+/// Arms a fault for one of the next ten requests. In total it affects one request in ten.
+void Monkey::injectFault()
 {
     static const QStringList faults{QStringLiteral("drop"),        QStringLiteral("late"),
                                     QStringLiteral("garble"),      QStringLiteral("truncate"),
@@ -369,19 +370,19 @@ void Monkey::harmHand()
                                     QStringLiteral("refuse"),      QStringLiteral("refuse-bare"),
                                     QStringLiteral("wrong-finger")};
     m_hand.command(QStringLiteral("fault %1 skip=%2")
-                       .arg(faults[below(static_cast<int>(faults.size()))])
-                       .arg(below(10)));
+                       .arg(faults[randomBelow(static_cast<int>(faults.size()))])
+                       .arg(randomBelow(10)));
 }
 
-void Monkey::pullCable()
+void Monkey::interruptConnection()
 {
-    const bool hang = below(2) == 0;
+    const bool hang = randomBelow(2) == 0;
     m_hand.command(hang ? QStringLiteral("hang") : QStringLiteral("unplug"));
-    QTimer::singleShot(PulledMs, this, [this, hang] {
+    QTimer::singleShot(DisconnectedMs, this, [this, hang] {
         m_hand.command(hang ? QStringLiteral("hang off") : QStringLiteral("replug"));
         m_hand.command(QStringLiteral("clear"));
         if (!hang)
-            connectAgain();
+            reconnect();
     });
 }
 

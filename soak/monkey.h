@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
+#include <cstdint>
 #include <map>
 
 class QDialog;
@@ -14,22 +15,22 @@ class QDialog;
 namespace vanto
 {
 
-class Watch;
+class Monitor;
 
-/// Does at random what people do to the window, and to the cable. The same seed gives the same
-/// choices; how they meet with the answers of the hand differs from run to run.
+/// Uses the window at random and interrupts the connection. The same seed makes the same choices,
+/// but their timing relative to the replies of the hand varies.
 ///
-/// Phases alternate: in one everything is done, in the other nothing that moves a finger, and then
-/// the wire must carry no motion once what was under way has ended.
+/// Two phases alternate: one with all actions, and a quiet one without actions that move a finger.
+/// Once pending requests are finished, a quiet phase must not send any motion.
 class Monkey : public QObject
 {
 public:
-    Monkey(HandProcess& hand, Watch& watch, quint32 seed);
+    Monkey(HandProcess& hand, Monitor& monitor, std::uint32_t seed);
 
-    /// Goes on for so long in the event loop, then exit().
+    /// Performs actions for `seconds`, then closes the window.
     void start(int seconds);
     int actions() const { return m_actions; }
-    /// How often each kind of action was taken.
+    /// The number of actions of each kind.
     const std::map<QString, int>& counts() const { return m_counts; }
 
 protected:
@@ -39,52 +40,52 @@ private:
     struct Action {
         const char* name;
         int weight;
-        bool moves; ///< may move a finger
+        bool movesFinger;
         void (Monkey::*run)();
     };
-    static const std::vector<Action>& table();
+    static const std::vector<Action>& actionTable();
 
-    int below(int limit) { return static_cast<int>(m_random.bounded(limit)); }
+    int randomBelow(int limit) { return static_cast<int>(m_random.bounded(limit)); }
     template<class T>
-    T* any(const QList<T*>& from)
+    T* randomItem(const QList<T*>& from)
     {
-        return from.isEmpty() ? nullptr : from[below(static_cast<int>(from.size()))];
+        return from.isEmpty() ? nullptr : from[randomBelow(static_cast<int>(from.size()))];
     }
 
-    void next();
-    void end();
+    void scheduleAction();
+    void closeWindow();
     void changePhase();
-    void answer(QDialog* dialog);
-    QString anyText();
-    QString anySequenceFile();
+    void answerDialog(QDialog* dialog);
+    QString randomText();
+    QString randomSequenceFile();
 
-    void clickAnything();
-    void clickMoving();
+    void clickRandomButton();
+    void clickMotionButton();
     void changePage();
     void pressKey();
-    void typeSomething();
+    void enterRandomText();
     void dragSlider();
-    void chooseIn(QComboBox* box);
-    void chooseItem();
+    void selectRandomItem(QComboBox* box);
+    void changeComboBox();
     void changeDevice();
     void changePort();
-    void connectAgain();
+    void reconnect();
     void selectRow();
-    void stopPlay();
+    void stopSequence();
     void triggerAction();
-    void harmHand();
-    void pullCable();
+    void injectFault();
+    void interruptConnection();
 
     HandProcess& m_hand;
-    Watch& m_watch;
+    Monitor& m_monitor;
     QRandomGenerator m_random;
-    WindowDriver m_tool;
+    WindowDriver m_driver;
     DialogWatch m_dialogs;
     QElapsedTimer m_sinceAction;
     int m_stuckMs = 0;
-    bool m_still = false;
-    bool m_ends = false;
-    int m_depth = 0; ///< actions on the stack: each may wait in an event loop of its own
+    bool m_quiet = false;
+    bool m_closing = false;
+    int m_nesting = 0; ///< actions on the stack, each possibly in a nested event loop
     int m_phase = 0;
     int m_actions = 0;
     std::map<QString, int> m_counts;

@@ -12,13 +12,13 @@ namespace vanto
 
 namespace
 {
-constexpr int LookMs = 5;
-constexpr int AcceptMs = 20;
+constexpr int CheckIntervalMs = 5;
+constexpr int AcceptDelayMs = 20;
 } // namespace
 
 DialogWatch::DialogWatch(Answer answer) : m_answer(std::move(answer))
 {
-    startTimer(LookMs);
+    startTimer(CheckIntervalMs);
 }
 
 void DialogWatch::timerEvent(QTimerEvent*)
@@ -33,10 +33,10 @@ void DialogWatch::timerEvent(QTimerEvent*)
 
 void chooseFile(QDialog& dialog, const QString& name)
 {
-    // Typed, because QFileDialog::selectFile() has no effect while the folder is being read. Until
-    // then the dialog may also refuse to be accepted.
+    // Sets the text, because QFileDialog::selectFile() has no effect while the folder is being
+    // read. During that time the dialog can also ignore accept().
     dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-    QTimer::singleShot(AcceptMs, &dialog, [&dialog, name] {
+    QTimer::singleShot(AcceptDelayMs, &dialog, [&dialog, name] {
         dialog.accept();
         if (dialog.isVisible())
             chooseFile(dialog, name);

@@ -11,8 +11,8 @@ class QDialog;
 namespace vanto
 {
 
-/// Answers the modal dialogs of the window, each as soon as it is shown. The timer goes on in the
-/// event loops of the dialogs.
+/// Answers each modal dialog of the window as soon as it is shown. The timer also runs in the event
+/// loops of the dialogs.
 class DialogWatch : public QObject
 {
 public:
@@ -28,7 +28,7 @@ private:
     QList<QPointer<QDialog>> m_answered;
 };
 
-/// Types the name of a file in a file dialog and accepts it soon after the caller has returned.
+/// Enters a file name in a file dialog and accepts the dialog after the caller has returned.
 void chooseFile(QDialog& dialog, const QString& name);
 
 } // namespace vanto

@@ -3,7 +3,7 @@
 namespace vanto
 {
 
-/// The pages of the window's tab widget, in their order.
+/// The pages of the tab widget in their order.
 enum PageIndex { BasicTab, SettingTab, RunTab, ForceTab, SequenceTab };
 
 } // namespace vanto

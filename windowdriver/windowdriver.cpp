@@ -80,7 +80,7 @@ void WindowDriver::scan(int hands, const std::function<void()>& listed) const
             listed();
         click(button);
     };
-    // Queued, as the entry is complete only after the signal; the scan returns after the Stop.
+    // Queued, as the entry is incomplete during the signal. The click on Scan returns after Stop.
     const auto connection = QObject::connect(devices()->model(), &QAbstractItemModel::rowsInserted,
                                              m_window.get(), stopWhenListed, Qt::QueuedConnection);
     click(button);

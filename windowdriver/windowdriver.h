@@ -12,14 +12,14 @@
 namespace vanto
 {
 
-/// The real window, driven by its widgets as a user drives it.
+/// Operates the real window through its widgets, as a user does.
 class WindowDriver
 {
 public:
-    /// Shows the window with `ports` listed after the system's; calls `beforeShown` before that.
+    /// Shows the window, which lists `ports` after those of the system. Calls `beforeShown` first.
     explicit WindowDriver(const QStringList& ports = {}, void (*beforeShown)() = nullptr);
 
-    /// The named widget, action or timer, which must exist.
+    /// Returns the widget, action or timer of this name, which must exist.
     template<class T>
     T* find(const QString& name) const
     {
@@ -41,12 +41,12 @@ public:
     QComboBox* ports() const { return find<QComboBox>(QStringLiteral("comboBox_Ports")); }
     QComboBox* devices() const { return find<QComboBox>(QStringLiteral("comboBox_Devices")); }
 
-    /// No port if this one is not listed.
+    /// Selects no port if this one is not listed.
     void choosePort(const QString& name) const;
-    /// Clicks Scan and, once `hands` are listed, Stop; returns when the first hand is open. Runs
-    /// `listed` before the click on Stop.
+    /// Clicks Scan, and Stop once `hands` are listed; returns when the first hand is open. Calls
+    /// `listed` before it clicks Stop.
     void scan(int hands = 1, const std::function<void()>& listed = {}) const;
-    /// Refreshes the ports, chooses one of them and opens the first hand that a scan finds there.
+    /// Refreshes the ports, selects `port` and opens the first hand found by a scan.
     void openHand(const QString& port) const;
 
 private:

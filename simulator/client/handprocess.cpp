@@ -5,21 +5,23 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <cstdint>
+
 namespace vanto
 {
 
 namespace
 {
-constexpr int AnswerMs = 10'000; ///< generous: a loaded machine under sanitizers is slow
+constexpr int AnswerTimeoutMs = 10'000; ///< generous, as sanitizers are slow on a busy machine
 
-// Places in a SerialCtrl frame.
-constexpr int NodeAt = 2;
-constexpr int CommandAt = 4;
-constexpr int PayloadAt = 6;
+// Offsets in a SerialCtrl frame.
+constexpr int NodeOffset = 2;
+constexpr int CommandOffset = 4;
+constexpr int PayloadOffset = 6;
 
-QString hexOf(const QByteArray& bytes, qsizetype at, qsizetype count)
+QString toHex(const QByteArray& bytes, qsizetype offset, qsizetype count)
 {
-    return QString::fromLatin1(bytes.mid(at, count).toHex());
+    return QString::fromLatin1(bytes.mid(offset, count).toHex());
 }
 
 TracedFrame parseTraceLine(const QString& line)
@@ -55,7 +57,7 @@ bool HandProcess::start(const QStringList& options)
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(program,
                     QStringList{QStringLiteral("--link"), portName(), QStringLiteral("--trace"),
-                                m_folder.filePath(QStringLiteral("trace"))} +
+                                m_directory.filePath(QStringLiteral("trace"))} +
                         options);
     if (!readLine().startsWith(QLatin1String("/dev/"))) {
         m_errorText = program + QStringLiteral(": ") + m_process.errorString();
@@ -69,14 +71,14 @@ void HandProcess::stop()
     if (m_process.state() == QProcess::NotRunning)
         return;
     m_process.closeWriteChannel();
-    if (!m_process.waitForFinished(AnswerMs))
+    if (!m_process.waitForFinished(AnswerTimeoutMs))
         m_process.kill();
-    m_process.waitForFinished(AnswerMs);
+    m_process.waitForFinished(AnswerTimeoutMs);
 }
 
 QString HandProcess::portName() const
 {
-    return m_folder.filePath(QStringLiteral("port"));
+    return m_directory.filePath(QStringLiteral("port"));
 }
 
 QString HandProcess::command(const QString& line)
@@ -87,7 +89,7 @@ QString HandProcess::command(const QString& line)
 
 QString HandProcess::readLine()
 {
-    const QDeadlineTimer deadline(AnswerMs);
+    const QDeadlineTimer deadline(AnswerTimeoutMs);
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead(static_cast<int>(deadline.remainingTime())))
             return {};
@@ -97,9 +99,9 @@ QString HandProcess::readLine()
 
 QList<TracedFrame> HandProcess::trace() const
 {
-    QFile file(m_folder.filePath(QStringLiteral("trace")));
+    QFile file(m_directory.filePath(QStringLiteral("trace")));
     QList<TracedFrame> frames;
-    if (!file.open(QFile::ReadOnly) || !file.seek(m_forgotten))
+    if (!file.open(QFile::ReadOnly) || !file.seek(m_traceStart))
         return frames;
     const auto lines = file.readAll().split('\n');
     for (const QByteArray& line : lines.first(lines.size() - 1))
@@ -120,9 +122,9 @@ QStringList HandProcess::frames(const QList<int>& commands) const
     QStringList frames;
     for (const TracedFrame& request : requests()) {
         const QByteArray& bytes = request.bytes;
-        const QByteArray payload = bytes.mid(PayloadAt, bytes.size() - PayloadAt - 1);
-        if (commands.isEmpty() || commands.contains(bytes[CommandAt]))
-            frames.append(hexOf(bytes, CommandAt, 1) + QLatin1Char(' ') +
+        const QByteArray payload = bytes.mid(PayloadOffset, bytes.size() - PayloadOffset - 1);
+        if (commands.isEmpty() || commands.contains(bytes[CommandOffset]))
+            frames.append(toHex(bytes, CommandOffset, 1) + QLatin1Char(' ') +
                           QString::fromLatin1(payload.toHex()));
     }
     return frames;
@@ -132,8 +134,8 @@ QStringList HandProcess::addressed() const
 {
     QStringList frames;
     for (const TracedFrame& request : requests())
-        frames.append(hexOf(request.bytes, NodeAt, 1) + QLatin1Char(':') +
-                      hexOf(request.bytes, CommandAt, 1));
+        frames.append(toHex(request.bytes, NodeOffset, 1) + QLatin1Char(':') +
+                      toHex(request.bytes, CommandOffset, 1));
     return frames;
 }
 
@@ -142,9 +144,9 @@ QStringList HandProcess::modbusWrites() const
     QStringList writes;
     for (const TracedFrame& request : requests()) {
         const QByteArray& bytes = request.bytes;
-        const auto start = qFromBigEndian<quint16>(bytes.constData() + 2);
-        const QString values = bytes[1] == 6    ? hexOf(bytes, 4, 2)
-                               : bytes[1] == 16 ? hexOf(bytes, 7, bytes[6])
+        const auto start = qFromBigEndian<std::uint16_t>(bytes.constData() + 2);
+        const QString values = bytes[1] == 6    ? toHex(bytes, 4, 2)
+                               : bytes[1] == 16 ? toHex(bytes, 7, bytes[6])
                                                 : QString();
         if (!values.isEmpty())
             writes.append(QStringLiteral("%1: %2").arg(start).arg(values));
@@ -154,7 +156,7 @@ QStringList HandProcess::modbusWrites() const
 
 void HandProcess::forgetTrace()
 {
-    m_forgotten = QFile(m_folder.filePath(QStringLiteral("trace"))).size();
+    m_traceStart = QFile(m_directory.filePath(QStringLiteral("trace"))).size();
 }
 
 } // namespace vanto

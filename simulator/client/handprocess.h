@@ -9,9 +9,9 @@
 namespace vanto
 {
 
-/// One line of a simulated hand's trace.
+/// One line of the trace of a simulated hand.
 struct TracedFrame {
-    double ms = 0;     ///< since the hand's start
+    double ms = 0;     ///< since the start of the hand
     QString direction; ///< "rx": request that the hand received, "tx": its reply
     QString protocol;  ///< "serialctrl" or "modbus"
     int node = 0;
@@ -19,8 +19,8 @@ struct TracedFrame {
     QString marks;    ///< e.g. "!overlap"
 };
 
-/// A simulated hand as a process of its own: starts `vanto-hand`, gives it commands and reads
-/// its trace. Ends the process when it is destroyed.
+/// Runs `vanto-hand` as a separate process, sends it commands and reads its trace. The destructor
+/// ends the process.
 class HandProcess
 {
 public:
@@ -29,23 +29,23 @@ public:
     HandProcess(const HandProcess&) = delete;
     HandProcess& operator=(const HandProcess&) = delete;
 
-    /// Starts the program beside this one with a link and a trace of its own and the given
-    /// further options. False when no device path came within some seconds; see errorText().
+    /// Starts the program, which must be in the folder of this one, with its own link and trace and
+    /// with `options`. Returns false if it prints no port within 10 s; see errorText().
     bool start(const QStringList& options = {});
     void stop();
 
-    /// A link to the pseudo-terminal that stays the same across unplug and replug.
+    /// A link to the pseudo-terminal. It is the same again after unplug and replug.
     QString portName() const;
-    /// Gives one command and returns the answer's line, e.g. "ok" or "error: ...".
+    /// Sends one command and returns the answer, e.g. "ok" or "error: ...".
     QString command(const QString& line);
     QString errorText() const { return m_errorText; }
 
     /// All frames traced since the start or the last forgetTrace().
     QList<TracedFrame> trace() const;
-    /// The requests among them.
+    /// The requests in trace().
     QList<TracedFrame> requests() const;
-    /// Command and payload of each SerialCtrl request, e.g. "62 f401"; only those in `commands` if
-    /// there are any.
+    /// Command and payload of each SerialCtrl request, e.g. "62 f401"; limited to `commands` unless
+    /// it is empty.
     QStringList frames(const QList<int>& commands = {}) const;
     /// Node and command of each SerialCtrl request, e.g. "02:62".
     QStringList addressed() const;
@@ -56,10 +56,10 @@ public:
 private:
     QString readLine();
 
-    QTemporaryDir m_folder;
+    QTemporaryDir m_directory;
     QProcess m_process;
     QString m_errorText;
-    qint64 m_forgotten = 0; ///< bytes at the front of the trace file
+    qint64 m_traceStart = 0; ///< offset in the trace file
 };
 
 } // namespace vanto

@@ -1,9 +1,9 @@
-#include "stops.h"
+#include "stoptest.h"
 
 #include "dialogwatch.h"
 #include "handprocess.h"
+#include "monitor.h"
 #include "sequencemanager.h"
-#include "watch.h"
 #include "windowdriver.h"
 
 #include <QDir>
@@ -19,9 +19,9 @@ namespace vanto
 
 namespace
 {
-constexpr int Steps = 1000;
-constexpr int LongestPlayMs = 150;
-constexpr int AfterwardsMs = 150;
+constexpr int StepCount = 1000;
+constexpr int MaxPlayMs = 150;
+constexpr int SettleAfterStopMs = 150;
 
 void wait(int ms)
 {
@@ -33,7 +33,7 @@ void wait(int ms)
 QString writeSequence()
 {
     SequenceManager manager;
-    for (int i = 0; i < Steps; ++i)
+    for (int i = 0; i < StepCount; ++i)
         manager.insertSequenceDataItem(
             i, {QList<int>(6, i % 2 == 0 ? 0 : 3000), QList<int>(6, 255), 0});
     QFile file(QDir::current().absoluteFilePath(QStringLiteral("steps.json")));
@@ -42,38 +42,38 @@ QString writeSequence()
 }
 } // namespace
 
-int Stops::campaign(int count, quint32 seed, const QString& protocol)
+int StopTest::run(int count, std::uint32_t seed, const QString& protocol)
 {
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
                      QStringLiteral("--speed"), QStringLiteral("50")}))
         return 1;
-    const WindowDriver tool({hand.portName()});
-    tool.openHand(hand.portName());
-    tool.showPage(SequenceTab);
+    const WindowDriver driver({hand.portName()});
+    driver.openHand(hand.portName());
+    driver.showPage(SequenceTab);
     const DialogWatch files(
         [name = writeSequence()](QDialog& dialog) { chooseFile(dialog, name); });
-    tool.click("pushButton_SeqLoad");
+    driver.click("pushButton_SeqLoad");
     QRandomGenerator random(seed);
-    int bad = 0;
+    int findings = 0;
     int before = 0;
     for (int i = 0; i < count; ++i) {
-        QTimer::singleShot(random.bounded(LongestPlayMs), tool.window(), [&] {
-            before += Watch::motions(hand);
-            tool.click("pushButton_SeqStop");
+        QTimer::singleShot(random.bounded(MaxPlayMs), driver.window(), [&] {
+            before += Monitor::countMotions(hand);
+            driver.click("pushButton_SeqStop");
             hand.forgetTrace();
         });
-        tool.click("pushButton_SeqRun");
-        wait(LongestPlayMs + AfterwardsMs);
-        const int after = Watch::motions(hand);
+        driver.click("pushButton_SeqRun");
+        wait(MaxPlayMs + SettleAfterStopMs);
+        const int after = Monitor::countMotions(hand);
         if (after > 1) {
-            ++bad;
+            ++findings;
             std::printf("FINDING: %d motions after stop %d\n", after, i);
         }
     }
     std::printf("%s, seed %u: %d stops, %d motions before them, %d findings\n",
-                qPrintable(protocol), seed, count, before, bad);
-    return bad + (before < count ? 1 : 0);
+                qPrintable(protocol), seed, count, before, findings);
+    return findings + (before < count ? 1 : 0);
 }
 
 } // namespace vanto

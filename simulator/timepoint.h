@@ -6,6 +6,6 @@ namespace vanto::simulator
 {
 
 using Clock = std::chrono::steady_clock;
-using Moment = Clock::time_point;
+using TimePoint = Clock::time_point;
 
 } // namespace vanto::simulator

@@ -1,4 +1,4 @@
-#include "ending.h"
+#include "exittest.h"
 
 #include "conversation.h"
 #include "dialogwatch.h"
@@ -24,33 +24,34 @@ namespace vanto
 
 namespace
 {
-constexpr int LongestWaitMs = 1500; ///< until the end comes
-constexpr int EndLimitMs = 1000;    ///< from then to the end of the process
-constexpr int ChildMs = 30'000;
+constexpr int MaxDelayMs = 1500;  ///< until the exit
+constexpr int ExitLimitMs = 1000; ///< from closing to the end of the process
+constexpr int ChildTimeoutMs = 30'000;
 const QByteArray Closing = "closing";
-const QByteArray Midway = "closing midway";
+const QByteArray ClosingBusy = "closing midway";
 
-/// What takes long. Dialogs are answered as they come up.
+/// Long operations. A DialogWatch answers their dialogs.
 const std::map<QString, std::function<void(const WindowDriver&)>>& operations()
 {
     static const std::map<QString, std::function<void(const WindowDriver&)>> all{
-        {QStringLiteral("scan"), [](const auto& w) { w.click("pushButton_ScanDevices"); }},
+        {QStringLiteral("scan"),
+         [](const auto& driver) { driver.click("pushButton_ScanDevices"); }},
         {QStringLiteral("reload"),
-         [](const auto& w) {
+         [](const auto& driver) {
              for (int i = 0; i < 100; ++i)
-                 w.click("pushButton_BasicReloadBasic");
+                 driver.click("pushButton_BasicReloadBasic");
          }},
-        {QStringLiteral("run"), [](const auto& w) { w.showPage(RunTab); }},
+        {QStringLiteral("run"), [](const auto& driver) { driver.showPage(RunTab); }},
         {QStringLiteral("play"),
-         [](const auto& w) {
-             w.showPage(SequenceTab);
-             w.click("pushButton_SeqLoad");
-             w.click("pushButton_SeqRun");
+         [](const auto& driver) {
+             driver.showPage(SequenceTab);
+             driver.click("pushButton_SeqLoad");
+             driver.click("pushButton_SeqRun");
          }},
         {QStringLiteral("calibration"),
-         [](const auto& w) { w.click("pushButton_BasicRecalibrate"); }},
+         [](const auto& driver) { driver.click("pushButton_BasicRecalibrate"); }},
         {QStringLiteral("download"),
-         [](const auto& w) { w.click("pushButton_BasicUpdateFirmware"); }},
+         [](const auto& driver) { driver.click("pushButton_BasicUpdateFirmware"); }},
     };
     return all;
 }
@@ -65,18 +66,18 @@ void answerDialog(QDialog& dialog)
     dialog.accept();
 }
 
-/// Whether something is being done. What waits for the server only disables the pages.
-bool isMidway(const WindowDriver& tool)
+/// Whether an operation is in progress. A request to the server only disables the pages.
+bool isBusy(const WindowDriver& driver)
 {
     return Conversation::busy() || QApplication::activeModalWidget() ||
-           !tool.enabled("tabWidget") || tool.enabled("pushButton_SeqStop") ||
-           tool.find<QTimer>("runTimer")->isActive();
+           !driver.enabled("tabWidget") || driver.enabled("pushButton_SeqStop") ||
+           driver.find<QTimer>("runTimer")->isActive();
 }
 } // namespace
 
-int Ending::perform(const QString& operation, int afterMs, const QString& protocol)
+int ExitTest::runOnce(const QString& operation, int afterMs, const QString& protocol)
 {
-    // The debug log tells of every request that fails; what counts here are warnings.
+    // The debug log reports every failed request; only warnings matter here.
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
         if (type != QtDebugMsg)
             std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -84,47 +85,47 @@ int Ending::perform(const QString& operation, int afterMs, const QString& protoc
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol}))
         return 2;
-    QTcpServer silent; // takes the download's connection and says nothing
+    QTcpServer silent; // accepts the connection of the download, but never answers
     silent.listen(QHostAddress::LocalHost);
     qputenv("VANTO_FIRMWARE_SERVER",
             QByteArray("http://127.0.0.1:") + QByteArray::number(silent.serverPort()));
-    const WindowDriver tool({hand.portName()});
-    tool.openHand(hand.portName());
+    const WindowDriver driver({hand.portName()});
+    driver.openHand(hand.portName());
     const DialogWatch dialogs(answerDialog);
-    QTimer::singleShot(afterMs, tool.window(), [&] {
-        std::printf("%s\n", (isMidway(tool) ? Midway : Closing).constData());
+    QTimer::singleShot(afterMs, driver.window(), [&] {
+        std::printf("%s\n", (isBusy(driver) ? ClosingBusy : Closing).constData());
         std::fflush(stdout);
         if (afterMs % 2 == 0)
-            tool.window()->close();
+            driver.window()->close();
         else
-            tool.trigger("action_Exit");
+            driver.trigger("action_Exit");
     });
-    QTimer::singleShot(0, tool.window(), [&] { operations().at(operation)(tool); });
+    QTimer::singleShot(0, driver.window(), [&] { operations().at(operation)(driver); });
     return QApplication::exec();
 }
 
-int Ending::campaign(int count, quint32 seed, const QString& protocol, const QString& patience)
+int ExitTest::run(int count, std::uint32_t seed, const QString& protocol, const QString& patience)
 {
     QRandomGenerator random(seed);
-    int bad = 0;
-    int midway = 0;
+    int findings = 0;
+    int busy = 0;
     qint64 longest = 0;
     for (int i = 0; i < count; ++i) {
         const QString operation =
             std::next(operations().begin(), i % static_cast<int>(operations().size()))->first;
-        const int afterMs = random.bounded(LongestWaitMs);
+        const int afterMs = random.bounded(MaxDelayMs);
         QProcess child;
         child.start(QCoreApplication::applicationFilePath(),
                     {QStringLiteral("--end-during"), operation, QStringLiteral("--after"),
                      QString::number(afterMs), QStringLiteral("--protocol"), protocol,
                      QStringLiteral("--patience"), patience});
         QByteArray output;
-        while (!output.contains(Closing) && child.waitForReadyRead(ChildMs))
+        while (!output.contains(Closing) && child.waitForReadyRead(ChildTimeoutMs))
             output += child.readAllStandardOutput();
-        midway += output.contains(Midway);
+        busy += output.contains(ClosingBusy);
         QElapsedTimer timer;
         timer.start();
-        const bool ended = child.waitForFinished(ChildMs);
+        const bool ended = child.waitForFinished(ChildTimeoutMs);
         const qint64 took = timer.elapsed();
         longest = std::max(longest, took);
         QByteArray errors;
@@ -133,15 +134,15 @@ int Ending::campaign(int count, quint32 seed, const QString& protocol, const QSt
                 !line.contains("XDG_RUNTIME_DIR"))
                 errors += line + '\n';
         if (ended && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 &&
-            took < EndLimitMs * patience.toInt() && errors.isEmpty())
+            took < ExitLimitMs * patience.toInt() && errors.isEmpty())
             continue;
-        ++bad;
-        std::printf("FINDING: %s, ended after %d ms: status %d in %lld ms\n%s\n",
+        ++findings;
+        std::printf("FINDING: %s, exit after %d ms: status %d within %lld ms\n%s\n",
                     qPrintable(operation), afterMs, child.exitCode(), took, errors.constData());
     }
-    std::printf("%s, seed %u: %d endings, %d of them midway, longest %lld ms, %d findings\n",
-                qPrintable(protocol), seed, count, midway, longest, bad);
-    return 2 * midway < count ? bad + 1 : bad;
+    std::printf("%s, seed %u: %d exits, %d during an operation, longest %lld ms, %d findings\n",
+                qPrintable(protocol), seed, count, busy, longest, findings);
+    return 2 * busy < count ? findings + 1 : findings;
 }
 
 } // namespace vanto

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+namespace vanto
+{
+
+class HandProcess;
+
+/// Checks conditions that must hold during all actions: no Qt warnings, no blocked event loop, no
+/// overlapping exchanges on the wire, and no motion in quiet phases.
+class Monitor : public QObject
+{
+public:
+    /// `slow` doubles the limit for a blocked event loop, for sanitizers. On a `busy` machine the
+    /// process can wait for a processor, so its processor time is measured.
+    Monitor(HandProcess& hand, bool slow, bool busy);
+    ~Monitor() override;
+
+    /// The number of requests in the trace that move a finger.
+    static int countMotions(const HandProcess& hand);
+
+    /// No motion is allowed from now on.
+    void beginQuietPhase();
+    /// Checks the frames of the quiet phase.
+    void endQuietPhase();
+    /// Checks the frames since the last check and clears the trace.
+    void checkTrace();
+
+    void addFinding(const QString& finding);
+    const QStringList& findings() const { return m_findings; }
+    int exchanges() const { return m_exchanges; }
+    qint64 longestGapMs() const { return m_longestGapMs; }
+
+private:
+    void checkEventLoop();
+
+    HandProcess& m_hand;
+    QTimer m_loopTimer;
+    QElapsedTimer m_sinceCheck;
+    qint64 m_limitMs;
+    qint64 m_longestGapMs = 0;
+    qint64 m_processorMs = 0; ///< processor time at the last check
+    bool m_busyMachine;
+    bool m_quiet = false;
+    int m_exchanges = 0;
+    QStringList m_findings;
+};
+
+} // namespace vanto
