@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds for measuring and measures. Exit status 0 when all bars hold.
+# Installs missing packages, builds the optimised programs and runs the benchmarks. Exit status 0 if
+# every figure is within its limit.
 set -euo pipefail
 cd "$(dirname "$0")"
 

@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the fuzzers with clang and runs one after the other, each from
-# its stored corpus on. Exit status 0 when nothing was found. usage: ./fuzz.sh SECONDS
-# SECONDS: for each target, 60 if left out. New inputs stay in build/fuzz/corpus for the next run.
+# Installs missing packages, builds the fuzzers with clang and runs them one after the other, each
+# starting with its stored corpus. Exit status 0 if there are no findings. usage: ./fuzz.sh [SECONDS]
+# SECONDS: for each target, 60 by default. New inputs stay in build/fuzz/corpus for the next run.
 set -euo pipefail
 cd "$(dirname "$0")"
 
 seconds=${1:-60}
 if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
-    echo "usage: $0 SECONDS" >&2
+    echo "usage: $0 [SECONDS]" >&2
     exit 2
 fi
 
@@ -18,7 +18,7 @@ cmake --build --preset fuzz
 export ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS=print_stacktrace=1
 
-# Of a log of the fuzzer: the number behind a name of its statistics.
+# statistic NAME LOG: one value of the statistics at the end of a fuzzer log.
 statistic() {
     awk -v name="stat::$1:" '$1 == name { print $2 }' "$2"
 }
@@ -46,7 +46,7 @@ for stored in fuzz/corpus/*/; do
     if [[ $failed -ne 0 ]]; then
         status=1
         tail -n 40 "$log"
-        echo "Inputs are in $findings, all that was said in $log"
+        echo "Inputs are in $findings, the full output is in $log"
     fi
     execs=$(statistic number_of_executed_units "$log")
     table+=$(printf '\n%-15s %12s %8d %9d' "$target" "${execs:-?}" $((SECONDS - begin)) "$failed")

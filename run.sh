@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and starts the window together with a simulated hand. Without
-# a display it runs the tour instead: pictures of the window at work, in build/tour.
+# Installs missing packages, builds, and starts the program with a simulated hand. Without a display
+# it runs the tour instead, which saves screenshots in build/tour.
 set -euo pipefail
 cd "$(dirname "$0")"
 programs=$PWD/build/release/bin
@@ -28,18 +28,18 @@ cmake --preset release --log-level=NOTICE
 cmake --build --preset release --target VantoSetting vanto-hand vanto-tour
 
 if ! wayland_usable && ! x11_usable; then
-    echo "No display: instead of the window the tour is run; its pictures go to build/tour."
+    echo "No display: running the tour instead; its screenshots are saved in build/tour."
     exec "$programs/vanto-tour" --offscreen --output build/tour
 fi
 
-# The hand serves until its standard input ends, so it never outlives this script.
+# The hand runs until its standard input ends, so it never outlives this script.
 coproc HAND { exec "$programs/vanto-hand" --node 2 --link "$link"; }
 hand_pid=$HAND_PID
 if ! read -r device <&"${HAND[0]}"; then
     echo "The simulated hand did not start." >&2
     exit 1
 fi
-echo "A simulated hand answers at node 2 on $link ($device)."
+echo "A simulated hand answers as node 2 on $link ($device)."
 
 status=0
 VANTO_PORTS=$link${VANTO_PORTS:+:$VANTO_PORTS} "$programs/VantoSetting" "$@" || status=$?

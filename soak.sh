@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Random use of the real window for MINUTES over each protocol, under sanitizers, and ends of the
-# program in the middle of things. Exit status 0 when nothing was found.
-#     ./soak.sh MINUTES [SEED]
+# Uses the real window at random for MINUTES over each protocol, with sanitizers, then stops plays and
+# ends the program at random moments. Exit status 0 if there are no findings.
+# usage: ./soak.sh MINUTES [SEED]
 set -euo pipefail
 cd "$(dirname "$0")"
 
-minutes=${1:?"minutes to go on for over each protocol"}
+minutes=${1:?usage: $0 MINUTES [SEED]}
 seed=${2:-$RANDOM}
 scripts/packages.sh build window
 cmake --preset asan --log-level=NOTICE

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the programs and once more everything with the sanitizers, and runs
-# all tests on the latter. Arguments go to ctest. Instead of that, --package tries the Debian package,
-# --coverage reports what the tests do not reach, and --lint checks the sources.
+# Installs missing packages, builds the release programs, builds everything with sanitizers, and runs
+# all tests with sanitizers. Arguments go to ctest. With --package it tests the Debian package instead,
+# with --coverage it reports the test coverage, and with --lint it checks the sources.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -17,7 +17,7 @@ elif [[ ${1:-} == --lint ]]; then
 fi
 
 scripts/packages.sh build window test
-# Optimised code draws warnings of its own.
+# The compiler finds some warnings only while it optimises.
 cmake --preset release --log-level=NOTICE
 cmake --build --preset release --target VantoSetting vanto-hand vanto-tour
 cmake --preset asan --log-level=NOTICE

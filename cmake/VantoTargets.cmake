@@ -1,4 +1,4 @@
-# Helpers that give every target the same warnings, sanitizers and folder rule.
+# Functions that give every target the same warnings, sanitizers and include rule.
 
 set(VANTO_SANITIZERS "" CACHE STRING "Sanitizers for -fsanitize=, e.g. address,undefined")
 
@@ -15,15 +15,15 @@ if(VANTO_SANITIZERS)
     target_link_options(vanto_build_flags INTERFACE -fsanitize=${VANTO_SANITIZERS})
 endif()
 
-# vanto_add_library(NAME SOURCES...): a static library that exports its own folder only,
-# so that an include of a folder further up does not compile.
+# vanto_add_library(NAME SOURCES...): a static library that exports only its own folder, so that a
+# lower layer cannot include a header of a higher one.
 function(vanto_add_library name)
     add_library(${name} STATIC ${ARGN})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE vanto_build_flags)
 endfunction()
 
-# vanto_add_program(NAME SOURCES...): an executable with the project's flags.
+# vanto_add_program(NAME SOURCES...): an executable with the same build flags.
 function(vanto_add_program name)
     add_executable(${name} ${ARGN})
     target_link_libraries(${name} PRIVATE vanto_build_flags)
@@ -37,9 +37,9 @@ if(VANTO_QUICK_BUILD)
     endif()
 endif()
 
-# vanto_precompile_headers(TARGET): for targets of many files that use Qt Widgets; Qt's headers take
-# longer to read than such a file to be compiled. A build that is not quick shows what a file forgets
-# to include.
+# vanto_precompile_headers(TARGET): for targets with many files that use Qt Widgets; parsing the Qt
+# headers takes longer than compiling such a file. A build without VANTO_QUICK_BUILD detects missing
+# includes.
 function(vanto_precompile_headers target)
     if(NOT VANTO_QUICK_BUILD)
         return()

@@ -16,15 +16,15 @@ struct PortError {
 
 QString unavailableText()
 {
-    return PortError::tr("The port is gone. Plug the adapter in again and press Refresh.");
+    return PortError::tr(
+        "The port is no longer available. Plug the adapter in again and click Refresh.");
 }
 } // namespace
 
 QString describePortError(const QString& portName)
 {
     if (portName.isEmpty())
-        return PortError::tr(
-            "No port is selected. Plug in the adapter of the hand and press Refresh.");
+        return PortError::tr("No port is selected. Plug in the hand's adapter and click Refresh.");
     QString path = QSerialPortInfo(portName).systemLocation();
     if (path.isEmpty())
         path = portName;
@@ -34,8 +34,8 @@ QString describePortError(const QString& portName)
         return unavailableText();
     if (!device.isReadable() || !device.isWritable())
         return PortError::tr(
-                   "You have no right to use this port. It belongs to the group \"%1\"; become a "
-                   "member of it with\n    sudo usermod -aG %1 $USER\nand log in again.")
+                   "You do not have permission to use this port. It belongs to the group \"%1\". "
+                   "To join that group, run\n    sudo usermod -aG %1 $USER\nand log in again.")
             .arg(device.group());
 #endif
     QSerialPort port(portName);
@@ -44,8 +44,8 @@ QString describePortError(const QString& portName)
     switch (port.error()) {
     case QSerialPort::PermissionError:
         return PortError::tr(
-            "Another program uses this port. Close it and try again. (ModemManager takes a "
-            "new adapter for some seconds.)");
+            "Another program is using this port. Close it and try again. (ModemManager may use a "
+            "new adapter for a few seconds.)");
     case QSerialPort::DeviceNotFoundError:
         return unavailableText();
     default:

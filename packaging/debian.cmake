@@ -1,5 +1,4 @@
-# The Debian package, by `cpack -G DEB` once VantoSetting, vanto-hand and vanto_package_files are
-# built.
+# The Debian package: build VantoSetting, vanto-hand and vanto_package_files, then run `cpack -G DEB`.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${package})
@@ -18,13 +17,12 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 changes their settings, moves their fingers and plays sequences of poses. It
 speaks both protocols of the hand, SerialCtrl and Modbus RTU.
 .
-A simulated hand comes with it, so that everything can be tried without
-hardware.")
+The package includes a simulated hand for trying everything without hardware.")
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Loaded at run time, so unseen by dpkg-shlibdeps: the plugin for the SVG images of the themes. Since
-# Debian 13 it is a package of its own.
+# dpkg-shlibdeps does not see the plug-in for the SVG images of the themes, which is loaded at run
+# time. Since Debian 13 it is a separate package.
 execute_process(COMMAND dpkg-query --search */imageformats/libqsvg.so
     OUTPUT_VARIABLE svg_plugin ERROR_QUIET)
 if(svg_plugin MATCHES "^([a-z0-9-]+):")

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs a command as root, with sudo if need be. usage: scripts/as-root.sh COMMAND...
+# Runs a command as root, with sudo if necessary. usage: scripts/as-root.sh COMMAND...
 set -euo pipefail
 
 if [[ $EUID -eq 0 ]]; then
@@ -7,5 +7,5 @@ if [[ $EUID -eq 0 ]]; then
 elif command -v sudo >/dev/null; then
     exec sudo "$@"
 fi
-echo "Neither root nor sudo; as root, run: $*" >&2
+echo "This needs root and there is no sudo. Run as root: $*" >&2
 exit 1

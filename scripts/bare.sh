@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Runs a command of this repository on a bare Debian: makes a minimal installation in a folder of its
-# own, puts a clone of the last commit there, runs the command in it and reports. The installation
-# without the clone is kept as an archive for the next time.
+# Runs a command of this repository on a minimal Debian: creates the installation in a separate folder,
+# clones the last commit into it, runs the command there and reports the result. An archive of the
+# installation without the clone is kept for the next run.
 # usage: scripts/bare.sh RELEASE COMMAND...        e.g. scripts/bare.sh trixie ./test.sh
-# Variables: VANTO_BARE, the folder, by default /var/tmp/vanto-bare; VANTO_MIRROR, where packages come
-# from; VANTO_WARNINGS_AS_ERRORS.
+# Variables: VANTO_BARE, the folder, by default /var/tmp/vanto-bare; VANTO_MIRROR, the package mirror;
+# VANTO_WARNINGS_AS_ERRORS.
 set -euo pipefail
 self=$(realpath "$0")
 cd "$(dirname "$self")/.."
@@ -24,10 +24,10 @@ root=$folder/$release-$$
 log=$folder/$release$(printf -- '-%s' "$*" | tr --complement --squeeze-repeats '[:alnum:].\n' - | cut --bytes 1-60).log
 
 clean_up() {
-    # /dev/pts and the like must not be removed together with the folder.
-    local place
-    for place in dev/pts dev proc; do
-        mountpoint --quiet "$root/$place" && umount "$root/$place"
+    # Removing the folder must not remove /dev/pts or other mounts.
+    local mount_point
+    for mount_point in dev/pts dev proc; do
+        mountpoint --quiet "$root/$mount_point" && umount "$root/$mount_point"
     done
     rm -rf --one-file-system "$root"
 }
@@ -37,7 +37,7 @@ mkdir -p "$folder" "$root"
 trap clean_up EXIT
 trap 'exit 130' INT TERM
 if [[ ! -e $archive ]]; then
-    echo "Making a minimal $release in $folder"
+    echo "Creating a minimal $release in $folder"
     debootstrap --variant=minbase "$release" "$root" "$mirror" >"$folder/$release-debootstrap.log"
     tar --create --file "$archive.part" --directory "$root" .
     mv "$archive.part" "$archive"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs the tests on a build that counts, and reports which lines they reach: a table, and pages in
-# build/coverage/report. Tests, measuring programs and generated code are left out.
+# Runs the tests on an instrumented build and reports the line coverage: as a table, and as pages in
+# build/coverage/report. The report excludes tests, benchmarks, developer tools and generated code.
 # usage: scripts/coverage.sh [CTEST-ARGUMENT...]
 set -euo pipefail
 cd "$(dirname "$0")/.."

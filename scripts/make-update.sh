@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Writes an update file whose records hold made-up program bytes, the same ones every time. The
-# simulated hand accepts it; a real hand must not get it.
+# Writes an update file with reproducible pseudo-random program bytes to standard output. It is for
+# the simulated hand only; do not install it on a real hand.
 # usage: scripts/make-update.sh TYPE,VERSION RECORDS > FILE.upd     e.g. 1B,01 16
 set -euo pipefail
 
@@ -11,7 +11,7 @@ if [[ ! $hardware =~ ^[0-9A-Fa-f]{1,2},[0-9A-Fa-f]{1,2}$ || ! $records =~ ^[1-9]
     exit 2
 fi
 
-program_bytes=252 # with length and checksum, 256 bytes to a record
+program_bytes=252 # a record is 256 bytes with length and checksum
 crc=0
 state=1
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the Debian package, inspects it, installs it, tries what it installed and purges it again.
-# Package and log are left in build/package. usage: scripts/package.sh
+# Builds the Debian package, inspects it, installs it, tests the installed programs and purges it
+# again. Package and log remain in build/package. usage: scripts/package.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -38,7 +38,7 @@ package_status() {
     dpkg-query --show --showformat='${db:Status-Status}' "$name" 2>/dev/null || true
 }
 
-# Nobody's: what only root can read or do must not go unnoticed.
+# Runs a command as an unprivileged user, to detect files and actions that need root.
 as_user() {
     if [[ $EUID -eq 0 ]]; then
         setpriv --reuid=nobody --regid=nogroup --clear-groups "$@"
@@ -63,7 +63,7 @@ inspect_package() {
     step "Inspecting $package"
     lintian --fail-on error --display-info --pedantic --tag-display-limit 0 "$package"
     dpkg-deb --extract "$package" "$work/tree"
-    ! grep -rlF "$PWD/" "$work/tree" || fail "the files above name the build tree"
+    ! grep -rlF "$PWD/" "$work/tree" || fail "the files above contain the path of the build tree"
     local file dynamic
     for file in "$work/tree/usr/bin/vanto-hand" "$work/tree$programs/VantoSetting"; do
         dynamic=$(readelf --dynamic "$file")
@@ -76,7 +76,7 @@ inspect_package() {
         fail "not every file of resources/translations is installed as a translation"
 }
 
-# The paths of the package that exist.
+# Paths of the package that exist on this system.
 present_paths() {
     local path
     dpkg-deb --fsys-tarfile "$package" | tar --list | while IFS= read -r path; do
@@ -120,20 +120,20 @@ check_hand() {
     vanto-hand --version
     local port
     port=$(vanto-hand </dev/null)
-    [[ $port == /dev/* ]] || fail "vanto-hand served '$port'"
+    [[ $port == /dev/* ]] || fail "vanto-hand printed '$port' instead of a port"
 }
 
-# run_program FOLDER COMMAND...: it must go on running, and make setting.ini in FOLDER.
+# run_program FOLDER COMMAND...: the command must keep running and create setting.ini in FOLDER.
 run_program() {
     local folder=$1 seconds=5 status=0 trace=$work/trace
     shift
     (cd / && as_user timeout "$seconds" env "$@") >"$trace" 2>&1 || status=$?
-    if [[ $status -ne 124 ]]; then # the status of timeout when it had to end the command
+    if [[ $status -ne 124 ]]; then # timeout had to end the command
         cat "$trace"
-        fail "the program ended by itself, with status $status"
+        fail "the program exited with status $status"
     fi
     echo "ran for $seconds s, with $folder:"
-    [[ $(stat --format=%a "$folder") == 700 ]] || fail "$folder is open to others"
+    [[ $(stat --format=%a "$folder") == 700 ]] || fail "other users can access $folder"
     grep '^style=' "$folder/setting.ini" || fail "no theme in $folder/setting.ini"
 }
 
@@ -149,7 +149,7 @@ check_program() {
         QT_DEBUG_PLUGINS=1 "$command"
     grep --quiet 'libqsvg.so" loaded library' "$work/trace" ||
         fail "no plugin for the SVG images of the themes was loaded"
-    # Arguments reach the program; without this one it would look for a display.
+    # The launcher must pass on its arguments: without this one the program needs a display.
     run_program "$home/data/$name" "${clean[@]}" "XDG_DATA_HOME=$home/data" \
         "$command" -platform offscreen
     run_program "$home/.local/share/$name" "${clean[@]}" XDG_DATA_HOME=relative \
@@ -160,9 +160,9 @@ purge_package() {
     step "Purging"
     scripts/as-root.sh dpkg --purge "$name"
     purge_wanted=no
-    [[ -z $(package_status) ]] || fail "dpkg still knows $name: $(package_status)"
-    present_paths | diff "$work/before" - || fail "purging did not restore the paths above"
-    echo "No file is left."
+    [[ -z $(package_status) ]] || fail "$name is still $(package_status)"
+    present_paths | diff "$work/before" - || fail "purging did not remove or restore the paths above"
+    echo "No files remain."
 }
 
 main() {
@@ -179,7 +179,7 @@ main() {
     check_hand
     check_program
     purge_package
-    printf '\nAll well: %s\n' "$package"
+    printf '\nAll checks passed: %s\n' "$package"
 }
 
 mkdir -p "$output"

@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# Installs those Debian packages of the named groups that are missing; asks no server when all of
-# them are there. usage: scripts/packages.sh GROUP...
+# Installs the missing Debian packages of the named groups. Does not access the network if none are
+# missing. usage: scripts/packages.sh GROUP...
 set -euo pipefail
 
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-serialbus-dev
         qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools"
-    # The icons of the themes are SVG, whose plug-in is a package of its own since Debian 13; without
-    # a font the window shows boxes for letters. The standard buttons are translated by Qt's own
-    # catalogues.
+    # The icons of the themes need the SVG plug-in, a separate package since Debian 13. Without a font
+    # the window shows boxes instead of letters. Qt's own catalogues translate the standard buttons.
     [window]="qt6-svg-plugins|libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n
         ca-certificates"
     [test]="libmodbus-dev mold"
@@ -27,7 +26,7 @@ installed() {
     [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
 }
 
-# Of names separated by | the first that is installed or can be, else the last.
+# Of alternatives separated by |, prints the first that is installed or available, or else the last.
 choose() {
     local names name
     IFS='|' read -ra names <<<"$1"
@@ -58,11 +57,11 @@ find_missing "$@"
 [[ ${#missing[@]} -eq 0 ]] && exit 0
 
 if ! command -v apt-get >/dev/null; then
-    echo "No apt-get here. Install what is the like of: ${missing[*]}" >&2
+    echo "There is no apt-get. Install the equivalents of these packages: ${missing[*]}" >&2
     exit 1
 fi
 as_root env DEBIAN_FRONTEND=noninteractive apt-get update
-find_missing "$@" # more names are known now
+find_missing "$@" # apt-get update may have made other alternatives available
 echo "Installing ${missing[*]}"
 as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends \
     "${missing[@]}"

@@ -208,7 +208,7 @@ void FirmwareUpdater::showProgress(int percent)
 bool FirmwareUpdater::canClose()
 {
     if (m_transferring)
-        m_reporter->showError(tr("The firmware is being updated, please wait for the end."));
+        m_reporter->showError(tr("Firmware update in progress. Please wait until it finishes."));
     return !m_transferring;
 }
 

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Renders the program's icon for the desktop's menus. Needs rsvg-convert.
+# Renders the program's icon for desktop menus. Needs rsvg-convert.
 set -eu
 cd "$(dirname "$0")"
 for size in 48 256; do

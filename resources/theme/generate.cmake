@@ -1,5 +1,5 @@
 # Writes one theme: cmake -DTHEME=dark -DOUTPUT=folder -P generate.cmake
-# A colour or an image that is missing, or made and used nowhere, is an error.
+# A missing or unused colour or image is an error.
 cmake_minimum_required(VERSION 3.25)
 
 set(folder ${CMAKE_CURRENT_LIST_DIR})
@@ -10,7 +10,7 @@ foreach(line IN LISTS table)
         message(FATAL_ERROR "${THEME}.txt: '${line}' is not 'name #rrggbb'")
     endif()
     list(APPEND tokens ${CMAKE_MATCH_1})
-    set(colour_${CMAKE_MATCH_1} ${CMAKE_MATCH_2})
+    set(color_${CMAKE_MATCH_1} ${CMAKE_MATCH_2})
 endforeach()
 
 file(STRINGS ${folder}/images.txt images REGEX "^[a-z]")
@@ -25,7 +25,7 @@ foreach(line IN LISTS images)
     list(APPEND used ${token})
     list(APPEND files ${image}.svg)
     file(READ ${folder}/${template}.svg.in drawing)
-    string(REPLACE "@colour@" ${colour_${token}} drawing "${drawing}")
+    string(REPLACE "@color@" ${color_${token}} drawing "${drawing}")
     file(WRITE ${OUTPUT}/images/${image}.svg "${drawing}")
 endforeach()
 
@@ -33,9 +33,9 @@ file(READ ${folder}/style.qss.in sheet)
 string(REPLACE "@theme@" ${THEME} sheet "${sheet}")
 foreach(token IN LISTS tokens)
     if(sheet MATCHES "@${token}@")
-        string(REPLACE "@${token}@" ${colour_${token}} sheet "${sheet}")
+        string(REPLACE "@${token}@" ${color_${token}} sheet "${sheet}")
     elseif(NOT token IN_LIST used)
-        message(FATAL_ERROR "${THEME}.txt: colour '${token}' is used nowhere")
+        message(FATAL_ERROR "${THEME}.txt: colour '${token}' is not used")
     endif()
 endforeach()
 if(sheet MATCHES "@[a-z-]+@")
@@ -47,7 +47,7 @@ list(REMOVE_DUPLICATES wanted)
 list(SORT wanted)
 list(SORT files)
 if(NOT wanted STREQUAL files)
-    message(FATAL_ERROR "images.txt makes ${files}, style.qss.in uses ${wanted}")
+    message(FATAL_ERROR "images.txt lists ${files}, style.qss.in uses ${wanted}")
 endif()
 
 # The sheet is parsed while the program starts; comments and layout stay in the template.

@@ -150,7 +150,7 @@ Gerät nach Aufforderung einschalten.</translation>
         <translation>Firmware erfolgreich aktualisiert</translation>
     </message>
     <message>
-        <source>The firmware is being updated, please wait for the end.</source>
+        <source>Firmware update in progress. Please wait until it finishes.</source>
         <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
     </message>
 </context>
@@ -168,15 +168,15 @@ Gerät nach Aufforderung einschalten.</translation>
 <context>
     <name>PortError</name>
     <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <source>No port is selected. Plug in the hand&apos;s adapter and click Refresh.</source>
         <translation>Kein Port gewählt. Adapter der Hand einstecken und „Aktualisieren“ drücken.</translation>
     </message>
     <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <source>The port is no longer available. Plug the adapter in again and click Refresh.</source>
         <translation>Der Port ist nicht mehr da. Adapter wieder einstecken und „Aktualisieren“ drücken.</translation>
     </message>
     <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+        <source>You do not have permission to use this port. It belongs to the group &quot;%1&quot;. To join that group, run
     sudo usermod -aG %1 $USER
 and log in again.</source>
         <translation>Keine Berechtigung für diesen Port. Er gehört der Gruppe „%1“; ihr beitreten mit
@@ -184,7 +184,7 @@ and log in again.</source>
 und neu anmelden.</translation>
     </message>
     <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <source>Another program is using this port. Close it and try again. (ModemManager may use a new adapter for a few seconds.)</source>
         <translation>Ein anderes Programm benutzt diesen Port. Es schließen und erneut versuchen. (ModemManager belegt einen neuen Adapter einige Sekunden lang.)</translation>
     </message>
 </context>
@@ -524,7 +524,7 @@ und neu anmelden.</translation>
         <translation>Position der Daumenwurzel</translation>
     </message>
     <message>
-        <source>The thumb root moves there at once</source>
+        <source>The thumb root moves to this position at once</source>
         <translation>Die Daumenwurzel fährt sofort dorthin</translation>
     </message>
 </context>
@@ -1043,7 +1043,7 @@ Unterstützte Protokolle:</translation>
         <translation>Sequenz speichern</translation>
     </message>
     <message>
-        <source>Hands do not store sequences yet</source>
+        <source>Hands cannot store sequences yet</source>
         <translation>Hände speichern noch keine Sequenzen</translation>
     </message>
     <message>
@@ -1067,7 +1067,7 @@ Unterstützte Protokolle:</translation>
         <translation>Wartezeit:</translation>
     </message>
     <message>
-        <source>Delay of the step in milliseconds</source>
+        <source>Step delay in milliseconds</source>
         <translation>Wartezeit des Schritts in Millisekunden</translation>
     </message>
     <message>

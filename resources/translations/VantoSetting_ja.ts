@@ -150,7 +150,7 @@ Power on the device when prompted.</source>
         <translation>ファームウェアをアップデートしました</translation>
     </message>
     <message>
-        <source>The firmware is being updated, please wait for the end.</source>
+        <source>Firmware update in progress. Please wait until it finishes.</source>
         <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
     </message>
 </context>
@@ -168,15 +168,15 @@ Power on the device when prompted.</source>
 <context>
     <name>PortError</name>
     <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <source>No port is selected. Plug in the hand&apos;s adapter and click Refresh.</source>
         <translation>ポートが選択されていません。ハンドのアダプターを接続し、「更新」を押してください。</translation>
     </message>
     <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <source>The port is no longer available. Plug the adapter in again and click Refresh.</source>
         <translation>ポートがなくなりました。アダプターを接続し直し、「更新」を押してください。</translation>
     </message>
     <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+        <source>You do not have permission to use this port. It belongs to the group &quot;%1&quot;. To join that group, run
     sudo usermod -aG %1 $USER
 and log in again.</source>
         <translation>このポートを使う権限がありません。ポートのグループは「%1」です。次のコマンドでグループに入り、
@@ -184,7 +184,7 @@ and log in again.</source>
 ログインし直してください。</translation>
     </message>
     <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <source>Another program is using this port. Close it and try again. (ModemManager may use a new adapter for a few seconds.)</source>
         <translation>別のプログラムがこのポートを使用しています。終了してからやり直してください。(新しいアダプターは数秒間 ModemManager に使用されます。)</translation>
     </message>
 </context>
@@ -524,7 +524,7 @@ and log in again.</source>
         <translation>親指付け根の位置</translation>
     </message>
     <message>
-        <source>The thumb root moves there at once</source>
+        <source>The thumb root moves to this position at once</source>
         <translation>親指付け根がすぐにその位置へ動きます</translation>
     </message>
 </context>
@@ -1043,7 +1043,7 @@ Supported protocol:</source>
         <translation>シーケンスを保存</translation>
     </message>
     <message>
-        <source>Hands do not store sequences yet</source>
+        <source>Hands cannot store sequences yet</source>
         <translation>ハンドはまだシーケンスを保存できません</translation>
     </message>
     <message>
@@ -1067,7 +1067,7 @@ Supported protocol:</source>
         <translation>待ち時間:</translation>
     </message>
     <message>
-        <source>Delay of the step in milliseconds</source>
+        <source>Step delay in milliseconds</source>
         <translation>ステップの待ち時間 (ミリ秒)</translation>
     </message>
     <message>

@@ -150,7 +150,7 @@ Power on the device when prompted.</source>
         <translation>固件更新成功</translation>
     </message>
     <message>
-        <source>The firmware is being updated, please wait for the end.</source>
+        <source>Firmware update in progress. Please wait until it finishes.</source>
         <translation>正在更新固件，请等待完成。</translation>
     </message>
 </context>
@@ -168,15 +168,15 @@ Power on the device when prompted.</source>
 <context>
     <name>PortError</name>
     <message>
-        <source>No port is selected. Plug in the adapter of the hand and press Refresh.</source>
+        <source>No port is selected. Plug in the hand&apos;s adapter and click Refresh.</source>
         <translation>未选择端口。请插入灵巧手的适配器，然后按“刷新”。</translation>
     </message>
     <message>
-        <source>The port is gone. Plug the adapter in again and press Refresh.</source>
+        <source>The port is no longer available. Plug the adapter in again and click Refresh.</source>
         <translation>端口已不存在。请重新插入适配器，然后按“刷新”。</translation>
     </message>
     <message>
-        <source>You have no right to use this port. It belongs to the group &quot;%1&quot;; become a member of it with
+        <source>You do not have permission to use this port. It belongs to the group &quot;%1&quot;. To join that group, run
     sudo usermod -aG %1 $USER
 and log in again.</source>
         <translation>没有使用此端口的权限。它属于用户组“%1”，请用以下命令加入该组
@@ -184,7 +184,7 @@ and log in again.</source>
 然后重新登录。</translation>
     </message>
     <message>
-        <source>Another program uses this port. Close it and try again. (ModemManager takes a new adapter for some seconds.)</source>
+        <source>Another program is using this port. Close it and try again. (ModemManager may use a new adapter for a few seconds.)</source>
         <translation>此端口正被其他程序占用，请关闭该程序后重试。（ModemManager 会占用新插入的适配器数秒。）</translation>
     </message>
 </context>
@@ -524,7 +524,7 @@ and log in again.</source>
         <translation>拇指根部位置</translation>
     </message>
     <message>
-        <source>The thumb root moves there at once</source>
+        <source>The thumb root moves to this position at once</source>
         <translation>拇指根部会立即移动到该位置</translation>
     </message>
 </context>
@@ -1043,7 +1043,7 @@ Supported protocol:</source>
         <translation>保存序列</translation>
     </message>
     <message>
-        <source>Hands do not store sequences yet</source>
+        <source>Hands cannot store sequences yet</source>
         <translation>灵巧手暂不支持存储序列</translation>
     </message>
     <message>
@@ -1067,7 +1067,7 @@ Supported protocol:</source>
         <translation>延时：</translation>
     </message>
     <message>
-        <source>Delay of the step in milliseconds</source>
+        <source>Step delay in milliseconds</source>
         <translation>步骤延时（毫秒）</translation>
     </message>
     <message>

@@ -145,10 +145,10 @@ void TestScan::widgetsDuringScan()
 void TestScan::portNotOpened_data()
 {
     // "hand": that of a hand, and there is an obstacle.
-    addTextRows({"port", "cause"}, {{"/tmp/no/such%2/port%3", "The port is gone. "},
+    addTextRows({"port", "cause"}, {{"/tmp/no/such%2/port%3", "The port is no longer available. "},
                                     {"", "No port is selected. "},
-                                    {"hand", "Another program uses this port. "},
-                                    {"hand", "You have no right to use this port. "}});
+                                    {"hand", "Another program is using this port. "},
+                                    {"hand", "You do not have permission to use this port. "}});
 }
 
 void TestScan::portNotOpened()
