@@ -1,4 +1,4 @@
-// The window's form and style sheet without anything behind them.
+// The form and style sheet of the window without any functions.
 
 #include "ui_mainwindow.h"
 

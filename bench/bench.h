@@ -6,7 +6,7 @@
 namespace vanto
 {
 
-/// A simulated hand that has been started with these options.
+/// A simulated hand started with the given options.
 struct BenchHand : HandProcess {
     explicit BenchHand(const QStringList& options)
     {
@@ -15,7 +15,7 @@ struct BenchHand : HandProcess {
     }
 };
 
-/// The real window with a hand open on it.
+/// The real window with an open hand.
 struct Bench {
     explicit Bench(const QStringList& options = {})
         : hand(QStringList{QStringLiteral("--node"), QStringLiteral("1")} + options)

@@ -1,4 +1,4 @@
-// What an exchange with a hand costs with the window shown, and what an absent hand costs a scan.
+// The duration of an exchange while the window is shown, and of an absent node in a scan.
 
 #include "bench.h"
 #include "figures.h"
@@ -24,13 +24,13 @@ constexpr int WarmUps = 50;
 constexpr int Exchanges = 3001;
 constexpr int AbsentTries = 101;
 constexpr int ModbusAbsentTries = 21;
-constexpr int ScannedNodes = 60; ///< from node 3 on, where no hand is
-constexpr double TickMs = 1;     ///< grid of the wait for a reply
+constexpr int ScannedNodes = 60; ///< from node 3 on, all absent
+constexpr double TickMs = 1;     ///< interval of checks for a reply
 constexpr double TimeoutMs = 50; ///< of a command
 constexpr double Bar = 1.05;
 constexpr double MsPerNs = 1e-6;
 
-std::uint8_t askVersion(VantoProtocol& adapter, std::uint8_t node)
+std::uint8_t readVersion(VantoProtocol& adapter, std::uint8_t node)
 {
     const LineHold line;
     std::uint8_t major = 0;
@@ -39,21 +39,21 @@ std::uint8_t askVersion(VantoProtocol& adapter, std::uint8_t node)
     return adapter.getFirmwareVersion(node, &major, &minor, &revision);
 }
 
-/// Median in ms of `count` requests to the node; each must end in `wanted`, else negative.
-double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8_t wanted)
+/// Median in ms of `count` requests to the node; negative if one does not return `expected`.
+double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8_t expected)
 {
     std::vector<double> times;
     for (int i = 0; i < count; ++i) {
         QElapsedTimer timer;
         timer.start();
-        if (askVersion(adapter, node) != wanted)
+        if (readVersion(adapter, node) != expected)
             return -1;
         times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
     }
     return median(times);
 }
 
-/// Median time of a node at which no hand is, from one "Trying node" to the next in a real scan.
+/// Median time of an absent node in a scan, from one "Trying node" to the next.
 double medianOfScan(const WindowDriver& tool, const QString& port)
 {
     tool.choosePort(port);
@@ -78,7 +78,7 @@ double medianOfScan(const WindowDriver& tool, const QString& port)
 bool measured(double value, const char* what)
 {
     if (value < 0)
-        std::fprintf(stderr, "%s did not end as it must\n", what);
+        std::fprintf(stderr, "%s had an unexpected result\n", what);
     return value >= 0;
 }
 } // namespace
@@ -97,7 +97,7 @@ int runProgram(int argc, char* argv[])
 
     const auto adapter = VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0);
     if (!adapter->connect(hand.portName().toUtf8().constData(), BaudRate)) {
-        std::fprintf(stderr, "the port does not open\n");
+        std::fprintf(stderr, "the port cannot be opened\n");
         return 1;
     }
     medianOf(*adapter, HandNode, WarmUps, ResultCode::Success);
@@ -110,8 +110,9 @@ int runProgram(int argc, char* argv[])
         medianOf(*modbus, AbsentNode, ModbusAbsentTries, ResultCode::Timeout);
     modbus->disconnect();
     const double scanned = medianOfScan(tool, hand.portName());
-    if (!measured(exchange, "an exchange") || !measured(absent, "a request to nobody") ||
-        !measured(modbusAbsent, "a Modbus request to nobody") || !measured(scanned, "the scan"))
+    if (!measured(exchange, "an exchange") || !measured(absent, "a request to an absent node") ||
+        !measured(modbusAbsent, "a Modbus request to an absent node") ||
+        !measured(scanned, "the scan"))
         return 1;
 
     bool good = report({"exchange, in ticks", exchange, "ms", TickMs, Bar});

@@ -5,23 +5,23 @@
 namespace vanto
 {
 
-/// Keeps Qt's lines out of the report, of this program and those that it starts. To be called
-/// before the application object is made.
+/// Turns off log messages of Qt in this program and those that it starts. Must be called before
+/// the application object is created.
 void silenceLog();
 
-/// The middle of the values, which must not be empty.
+/// The median of the values, which must not be empty.
 double median(std::vector<double> values);
 
-/// One line of the report: a figure against its bar.
+/// One line of the report: a measured value and its limit.
 struct Figure {
     const char* what;
     double value;
     const char* unit;
-    double base; ///< what the value is divided by for the ratio
-    double bar;  ///< highest ratio that is good enough
+    double base; ///< divisor of the ratio
+    double bar;  ///< highest acceptable ratio
 };
 
-/// Prints the line and tells whether the bar holds.
+/// Prints the line and returns whether the ratio is acceptable.
 bool report(const Figure& figure);
 
 } // namespace vanto

@@ -1,4 +1,4 @@
-// What a firmware update costs beyond the time of its bytes on the wire, and reading the file.
+// The duration of a firmware update compared with its bytes on the line, and of reading the file.
 
 #include "figures.h"
 #include "handprocess.h"
@@ -28,9 +28,9 @@ constexpr int MiB = 1024 * 1024;
 constexpr int SmallImage = 4 * MiB;
 constexpr int LargeImage = 32 * MiB; ///< of the largest file that is read
 constexpr int Readings = 7;
-constexpr double LargeImageMs = 5000; ///< what is bearable for it
+constexpr double LargeImageMs = 5000; ///< acceptable time for it
 constexpr double LargeImageBar = 1;
-constexpr double LinearBar = 1.5; ///< a square growth would give 8
+constexpr double LinearBar = 1.5; ///< quadratic growth would give 8
 constexpr double MsPerNs = 1e-6;
 
 /// The data line of an update file with records of the usual size.
@@ -47,7 +47,7 @@ double elapsedMs(const QElapsedTimer& timer)
     return static_cast<double>(timer.nsecsElapsed()) * MsPerNs;
 }
 
-/// Milliseconds from the first record to the last verdict; negative when the update failed.
+/// Milliseconds from the first record to the last acknowledgment; negative if the update fails.
 double transferMs(const QString& port, const QString& file)
 {
     QElapsedTimer timer;
@@ -87,7 +87,7 @@ bool measureTransfer()
                    bothWays * BitsPerByte * 1000 / BaudRate, TransferBar});
 }
 
-/// Milliseconds, with a caller that looks for a new text in every call.
+/// Milliseconds, with a callback that checks each call for a new text.
 double readingMs(const QByteArray& content)
 {
     QString shown;

@@ -1,4 +1,4 @@
-// What the adapter adds to a Modbus request, against the Qt client alone on the same line.
+// The time that the adapter adds to a Modbus request, compared with the Qt client on the same line.
 
 #include "figures.h"
 #include "handcall.h"
@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QLoggingCategory>
 #include <QModbusReply>
 #include <QModbusRtuSerialClient>
 
@@ -28,15 +27,15 @@ constexpr std::uint8_t AbsentNode = 77;
 constexpr int VoltageRegister = 1007;
 constexpr int TimeoutMs = 50;
 constexpr int Retries = 1;
-constexpr int Rounds = 20; ///< the clients take turns, as the machine has moods
+constexpr int Rounds = 20; ///< the clients alternate, because the load of the machine varies
 constexpr int ReadsPerRound = 100;
 constexpr int AbsentPerRound = 4;
 constexpr double ReadBar = 1.05;
 constexpr double AbsentBar = 1.03;
 constexpr double MsPerNs = 1e-6;
 
-/// One of the clients; `read` tells whether the node answered.
-struct Contender {
+/// One of the clients; `read` returns whether the node answered.
+struct Client {
     std::function<bool(const char* port)> open;
     std::function<bool(std::uint8_t node)> read;
     std::function<void()> close;
@@ -44,7 +43,7 @@ struct Contender {
     std::vector<double> absent;
 };
 
-Contender adapterOf(const std::shared_ptr<VantoProtocol>& adapter)
+Client adapterOf(const std::shared_ptr<VantoProtocol>& adapter)
 {
     return {[adapter](const char* port) { return adapter->connect(port, BaudRate); },
             [adapter](std::uint8_t node) {
@@ -72,7 +71,7 @@ bool readBare(QModbusRtuSerialClient& client, std::uint8_t node)
     return reply->error() == QModbusDevice::NoError && reply->result().valueCount() == 1;
 }
 
-Contender bare(QModbusRtuSerialClient& client)
+Client bare(QModbusRtuSerialClient& client)
 {
     return {[&client](const char* port) {
                 client.setConnectionParameter(QModbusDevice::SerialPortNameParameter,
@@ -89,45 +88,45 @@ Contender bare(QModbusRtuSerialClient& client)
             {}};
 }
 
-/// Adds the time of each read in ms; false when the node did not answer as it must.
-bool time(const Contender& contender, std::uint8_t node, int count, std::vector<double>& times)
+/// Adds the time of each read in ms; false if the result was unexpected.
+bool time(const Client& subject, std::uint8_t node, int count, std::vector<double>& times)
 {
     for (int i = 0; i < count; ++i) {
         QElapsedTimer timer;
         timer.start();
-        if (contender.read(node) != (node == HandNode))
+        if (subject.read(node) != (node == HandNode))
             return false;
         times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
     }
     return true;
 }
 
-bool runRound(Contender& contender, const char* port)
+bool runRound(Client& subject, const char* port)
 {
-    if (!contender.open(port))
+    if (!subject.open(port))
         return false;
-    const bool good = time(contender, HandNode, ReadsPerRound, contender.present) &&
-                      time(contender, AbsentNode, AbsentPerRound, contender.absent);
-    contender.close();
+    const bool good = time(subject, HandNode, ReadsPerRound, subject.present) &&
+                      time(subject, AbsentNode, AbsentPerRound, subject.absent);
+    subject.close();
     return good;
 }
 
-/// Another implementation's figure for a read, where there is one.
+/// Prints the time of a read with another implementation, if available.
 void printReference([[maybe_unused]] const char* port)
 {
 #ifdef VANTO_HAVE_LIBMODBUS
     modbus_t* const context = modbus_new_rtu(port, BaudRate, 'N', 8, 1);
     modbus_set_slave(context, HandNode);
     std::vector<double> times;
-    const Contender libmodbus{[=](const char*) { return modbus_connect(context) == 0; },
-                              [=](std::uint8_t) {
-                                  std::uint16_t value = 0;
-                                  return modbus_read_registers(context, VoltageRegister, 1,
-                                                               &value) == 1;
-                              },
-                              [=] { modbus_close(context); },
-                              {},
-                              {}};
+    const Client libmodbus{[=](const char*) { return modbus_connect(context) == 0; },
+                           [=](std::uint8_t) {
+                               std::uint16_t value = 0;
+                               return modbus_read_registers(context, VoltageRegister, 1, &value) ==
+                                      1;
+                           },
+                           [=] { modbus_close(context); },
+                           {},
+                           {}};
     if (libmodbus.open(port) && time(libmodbus, HandNode, Rounds * ReadsPerRound, times))
         std::printf("     register read with libmodbus, for reference %13.3f ms\n", median(times));
     libmodbus.close();
@@ -147,11 +146,11 @@ int runProgram(int argc, char* argv[])
     }
     const QByteArray port = hand.portName().toUtf8();
     QModbusRtuSerialClient client;
-    Contender ours = adapterOf(VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_MODBUS_RTU, 1, 0));
-    Contender base = bare(client);
+    Client ours = adapterOf(VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_MODBUS_RTU, 1, 0));
+    Client base = bare(client);
     for (int round = 0; round < Rounds; ++round) {
         if (!runRound(ours, port.constData()) || !runRound(base, port.constData())) {
-            std::fprintf(stderr, "a request did not end as it must\n");
+            std::fprintf(stderr, "a request had an unexpected result\n");
             return 1;
         }
     }

@@ -1,5 +1,5 @@
-// Linked into a program, ends it after its first paint and prints how long that took. The start
-// is the moment at which the parent started the process, so that loading counts.
+// Ends the program into which it is linked after the first paint and prints the time since the
+// parent started the process, which includes loading.
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -23,14 +23,14 @@ protected:
     {
         if (event->type() == QEvent::Paint && !m_painted) {
             m_painted = true;
-            // Not yet: this event is the first of many that paint the window.
-            QTimer::singleShot(0, this, &PaintClock::tell);
+            // Later, because this is the first of many paint events of the window.
+            QTimer::singleShot(0, this, &PaintClock::report);
         }
         return QObject::eventFilter(watched, event);
     }
 
 private:
-    static void tell()
+    static void report()
     {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
         const auto start = std::chrono::nanoseconds(qgetenv("VANTO_BENCH_START").toLongLong());

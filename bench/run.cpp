@@ -1,4 +1,4 @@
-// What live reading and clicking cost on the Run page, and a reload of the Setting page.
+// The duration of a tick of the Run page, also with clicks, and of a reload of the Setting page.
 
 #include "bench.h"
 #include "figures.h"
@@ -21,7 +21,7 @@ namespace
 {
 constexpr int Repeats = 201;
 constexpr int FingerCount = 6;
-constexpr double TickMs = 1; ///< grid of the wait for a reply
+constexpr double TickMs = 1; ///< interval of checks for a reply
 constexpr double MsPerNs = 1e-6;
 constexpr double RunTickBar = 1.1;
 constexpr double ReloadBar = 1.2;
@@ -67,12 +67,12 @@ bool measureCosts()
     return tickGood && reloadGood;
 }
 
-/// Set is clicked all the time while the currents are read over a slow line.
+/// Clicks Set repeatedly while the currents are read over a slow line.
 bool clickSet()
 {
     Bench bench({QStringLiteral("--baud"), QString::number(SlowBaud)});
     bench.tool.showPage(RunTab);
-    // The scan's last time-out text is still shown.
+    // Waits until the last time-out text of the scan is cleared.
     while (!bench.tool.errorText().isEmpty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     bench.hand.forgetTrace();
@@ -124,9 +124,9 @@ int runProgram(int argc, char* argv[])
     const QApplication application(argc, argv);
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
-    const bool cheap = measureCosts();
-    const bool fair = clickSet();
-    return cheap && fair ? 0 : 1;
+    const bool fast = measureCosts();
+    const bool responsive = clickSet();
+    return fast && responsive ? 0 : 1;
 }
 
 } // namespace vanto

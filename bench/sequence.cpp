@@ -1,4 +1,4 @@
-// Whether loading and saving a sequence stays linear, and how often the player polls a hand.
+// Whether loading and saving a sequence is linear, and how often the player polls a hand.
 
 #include "figures.h"
 #include "handprocess.h"
@@ -23,20 +23,20 @@ namespace
 constexpr double MsPerNs = 1e-6;
 constexpr std::array Sizes{1'000, 10'000, 100'000}; ///< steps
 constexpr std::array Repeats{51, 11, 5};
-constexpr double LinearBar = 1.5; ///< on the time per step, against ten times fewer steps
+constexpr double LinearBar = 1.5; ///< time per step, compared with a tenth of the steps
 
 constexpr int HandNode = 2;
 constexpr int PlayingMs = 10'000;
 constexpr int LongestDelayMs = 65'535;
 constexpr double MsPerSecond = 1000;
 
-/// A protocol and the request that each poll makes once: the positions of all fingers.
+/// A protocol and the request that each poll sends once, which reads the positions of all fingers.
 struct Line {
     const char* name;
     PROTOCOL_TYPE type;
     int major;
-    QByteArray request; ///< how it begins, after the address
-    int at;             ///< where that is in the frame
+    QByteArray request; ///< its first bytes after the address
+    int at;             ///< index of these bytes in the frame
     double leastPolls;  ///< a second
 };
 
@@ -85,7 +85,7 @@ bool measureFiles()
     return good;
 }
 
-/// One step that takes longer than the measurement is played on a hand at rest.
+/// Plays one step, which takes longer than the measurement, on a hand at rest.
 bool measurePolls(const Line& line)
 {
     HandProcess hand;

@@ -1,4 +1,4 @@
-// Start to first paint: the program against its bare form, by turns.
+// Time from start to first paint, alternately of the program and of its form alone.
 
 #include "figures.h"
 
@@ -18,11 +18,11 @@ namespace vanto
 namespace
 {
 constexpr int Starts = 31;
-constexpr int WarmUps = 3; ///< of each program, until its files are in memory
+constexpr int WarmUps = 3; ///< of each program, to cache its files
 constexpr int LimitMs = 30'000;
 constexpr double Bar = 1.3;
 
-/// Milliseconds that the program printed, negative when it printed none.
+/// Milliseconds that the program printed; negative if it did not print them.
 double startOnce(const QString& program)
 {
     QProcess process;

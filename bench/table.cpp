@@ -1,4 +1,4 @@
-// How long a long sequence takes from its file to the table that shows it, and how smooth it is.
+// The time from a long sequence file to its table, and the time to scroll the table.
 
 #include "bench.h"
 #include "dialogwatch.h"
@@ -22,7 +22,7 @@ namespace
 {
 constexpr int Steps = 10'000;
 constexpr double LimitMs = 1000;
-constexpr double SmoothMs = 100; ///< for a jump to another place and its painting
+constexpr double SmoothMs = 100; ///< to scroll to another row and paint it
 constexpr double MsPerNs = 1e-6;
 
 QString writeSequence()

@@ -11,80 +11,83 @@ namespace vanto
 
 namespace
 {
-constexpr int FirstPlace = 1500; ///< of the thumb root, absolute
-constexpr int LastPlace = 2500;
-constexpr int Rounding = 1; ///< of a place that goes over the wire in other units
+constexpr int FirstPosition = 1500; ///< of the thumb root, absolute
+constexpr int LastPosition = 2500;
+constexpr int Rounding = 1; ///< of a position that is sent in other units
 
-QString property(Stage& stage, const char* name)
+QString property(TourRunner& tour, const char* name)
 {
-    return stage.askHands(QStringLiteral("get 5 ") + QLatin1String(name));
+    return tour.command(QStringLiteral("get 5 ") + QLatin1String(name));
 }
 
-DialogWatch::Answer box(Stage& stage, const char* beginning)
+DialogWatch::Answer acceptBox(TourRunner& tour, const char* beginning)
 {
-    return [&stage, beginning](QDialog& dialog) {
+    return [&tour, beginning](QDialog& dialog) {
         const auto& message = static_cast<QMessageBox&>(dialog);
-        if (stage.english() && !message.text().startsWith(QLatin1String(beginning)))
-            stage.complain(QStringLiteral("a box says \"%1\"").arg(message.text()));
+        if (tour.english() && !message.text().startsWith(QLatin1String(beginning)))
+            tour.addFailure(QStringLiteral("a message box shows \"%1\"").arg(message.text()));
         message.button(QMessageBox::Ok)->click();
     };
 }
 
-void typeKey(QDialog& dialog)
+void enterKey(QDialog& dialog)
 {
     static_cast<QInputDialog&>(dialog).setTextValue(QStringLiteral("1a2b"));
     dialog.accept();
 }
 
-DialogWatch::Answer rebooted(Stage& stage)
+DialogWatch::Answer waitForReboot(TourRunner& tour)
 {
-    return [&stage](QDialog& dialog) {
-        stage.await(QStringLiteral("the hand is calibrating"),
-                    [&] { return property(stage, "calibrating") == QLatin1String("1"); });
-        box(stage, "Wait for Vanto reboots")(dialog);
+    return [&tour](QDialog& dialog) {
+        tour.waitFor(QStringLiteral("the hand is calibrating"),
+                     [&] { return property(tour, "calibrating") == QLatin1String("1"); });
+        acceptBox(tour, "Wait for Vanto reboots")(dialog);
     };
 }
 
-DialogWatch::Answer place(Stage& stage, const char* beginning, int position, const char* picture)
+DialogWatch::Answer moveThumbRoot(TourRunner& tour, const char* beginning, int position,
+                                  const char* suffix)
 {
-    return [=, &stage](QDialog& dialog) {
+    return [=, &tour](QDialog& dialog) {
         const QString prompt = dialog.findChild<QLabel*>(QStringLiteral("label_Prompt"))->text();
-        if (stage.english() && !prompt.startsWith(QLatin1String(beginning)))
-            stage.complain(QStringLiteral("the prompt is \"%1\"").arg(prompt));
+        if (tour.english() && !prompt.startsWith(QLatin1String(beginning)))
+            tour.addFailure(QStringLiteral("the prompt is \"%1\"").arg(prompt));
         dialog.findChild<QSpinBox*>()->setValue(position);
-        stage.await(QStringLiteral("the thumb root is at %1").arg(position),
-                    [&] { return qAbs(property(stage, "raw 5").toInt() - position) <= Rounding; });
-        stage.takePicture(QLatin1String(picture), &dialog);
+        tour.waitFor(QStringLiteral("the thumb root is at %1").arg(position),
+                     [&] { return qAbs(property(tour, "raw 5").toInt() - position) <= Rounding; });
+        tour.saveScreenshot(QLatin1String(suffix), &dialog);
         dialog.accept();
     };
 }
 
-void expectNear(Stage& stage, const char* lineEdit, int wanted)
+void expectNear(TourRunner& tour, const char* lineEdit, int expected)
 {
-    const QString seen = stage.field(lineEdit);
-    if (qAbs(seen.toInt() - wanted) > Rounding)
-        stage.expect(QLatin1String(lineEdit), seen, QString::number(wanted));
+    const QString actual = tour.field(lineEdit);
+    if (qAbs(actual.toInt() - expected) > Rounding)
+        tour.expect(QLatin1String(lineEdit), actual, QString::number(expected));
 }
 } // namespace
 
-QString calibration(Stage& stage)
+QString calibration(TourRunner& tour)
 {
-    const QString before = stage.field("lineEdit_BasicCaliStart0");
-    stage.withDialogs(
-        [&] { stage.click("pushButton_BasicRecalibrate"); },
-        {box(stage, "Prepare calibration base"), typeKey, box(stage, "Vanto will reboot"),
-         rebooted(stage), place(stage, "Put Vanto onto calibration base", FirstPlace, "-first"),
-         box(stage, "Take Vanto up"), place(stage, "Move thumb root", LastPlace, "-last"),
-         box(stage, "Calibration finished")});
-    stage.expect(QStringLiteral("the hand's stage"), property(stage, "stage"), QStringLiteral("3"));
+    const QString before = tour.field("lineEdit_BasicCaliStart0");
+    tour.withDialogs(
+        [&] { tour.click("pushButton_BasicRecalibrate"); },
+        {acceptBox(tour, "Prepare calibration base"), enterKey,
+         acceptBox(tour, "Vanto will reboot"), waitForReboot(tour),
+         moveThumbRoot(tour, "Put Vanto onto calibration base", FirstPosition, "-first"),
+         acceptBox(tour, "Take Vanto up"),
+         moveThumbRoot(tour, "Move thumb root", LastPosition, "-last"),
+         acceptBox(tour, "Calibration finished")});
+    tour.expect(QStringLiteral("the hand's stage"), property(tour, "stage"), QStringLiteral("3"));
 
-    stage.click("pushButton_BasicReloadBasic");
-    const QString after = stage.field("lineEdit_BasicCaliStart0");
-    stage.expect(QStringLiteral("the thumb's start"), after, property(stage, "start 0"));
+    tour.click("pushButton_BasicReloadBasic");
+    const QString after = tour.field("lineEdit_BasicCaliStart0");
+    tour.expect(QStringLiteral("the thumb's start"), after, property(tour, "start 0"));
     if (after == before)
-        stage.complain(QStringLiteral("the thumb's start is still ") + before);
-    expectNear(stage, "lineEdit_BasicThumbRootPos0", FirstPlace);
-    expectNear(stage, "lineEdit_BasicThumbRootPos2", LastPlace);
+        tour.addFailure(QStringLiteral("the thumb's start is still ") + before);
+    expectNear(tour, "lineEdit_BasicThumbRootPos0", FirstPosition);
+    expectNear(tour, "lineEdit_BasicThumbRootPos2", LastPosition);
     return QStringLiteral("thumb's start %1 -> %2").arg(before, after);
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "stage.h"
+#include "tourrunner.h"
 
 namespace vanto
 {
 
-/// Walks through the calibration of the hand at node 5 and looks at what it has stored.
-QString calibration(Stage& stage);
+/// Calibrates the hand at node 5 and checks the stored data.
+QString calibration(TourRunner& tour);
 
 } // namespace vanto

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "stage.h"
+#include "tourrunner.h"
 
 namespace vanto
 {
 
-/// Moves fingers by position and by angle and watches their currents.
-QString runPage(Stage& stage);
+/// Moves fingers by position and by angle and checks their currents.
+QString runPage(TourRunner& tour);
 /// Writes the gains of a finger and reads them back.
-QString settingPage(Stage& stage);
+QString settingPage(TourRunner& tour);
 
 } // namespace vanto

@@ -1,8 +1,8 @@
 #include "calibrationprocedure.h"
 #include "replylimits.h"
-#include "stage.h"
 #include "steps.h"
 #include "theme.h"
+#include "tourrunner.h"
 #include "translation.h"
 
 #include <QApplication>
@@ -35,15 +35,15 @@ struct Options {
     bool modbus;
 };
 
-void endLateTour(int)
+void endOverdueTour(int)
 {
-    constexpr char message[] = "FAILED: the tour did not come to its end\n";
+    constexpr char message[] = "FAILED: the tour did not finish in time\n";
     [[maybe_unused]] const auto written = ::write(STDOUT_FILENO, message, sizeof message - 1);
     ::_exit(FailedStatus);
 }
 
-/// The offscreen platform warns on every window that it leaves sizes alone, and the program tells
-/// the debug log of every node that does not answer; neither is a finding.
+/// Ignores the warning of the offscreen platform for each window, and the debug messages of the
+/// program about nodes that do not answer.
 void showMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     if (type != QtDebugMsg && !text.contains(QLatin1String("propagateSizeHints")))
@@ -56,14 +56,14 @@ int fail(const QString& reason, int status)
     return status;
 }
 
-/// The platform is chosen when the application object is made, so before options are read.
-void choosePlatform(int argc, char* argv[])
+/// Selects the platform before the options are read, because QApplication needs it.
+void selectPlatform(int argc, char* argv[])
 {
     const auto* const end = argv + argc;
-    const bool asked = std::find(argv, argv + argc, std::string_view("--offscreen")) != end;
+    const bool requested = std::find(argv, argv + argc, std::string_view("--offscreen")) != end;
     const bool display =
         qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    if (asked || (!display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")))
+    if (requested || (!display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")))
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
@@ -71,25 +71,25 @@ Options readOptions()
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Drives the window of VantoSetting against simulated hands and takes a picture of\n"
-        "every step. Exit status 0 when every step worked."));
+        "Operates the window of VantoSetting with simulated hands and saves a screenshot of\n"
+        "every step. The exit status is 0 if every step succeeds."));
     parser.addHelpOption();
     const QCommandLineOption output(QStringLiteral("output"),
-                                    QStringLiteral("Folder for the pictures. Default: tour."),
+                                    QStringLiteral("Folder for the screenshots. Default: tour."),
                                     QStringLiteral("DIR"), QStringLiteral("tour"));
     const QCommandLineOption theme(
         QStringLiteral("theme"),
-        QStringLiteral("dark (default), light, or both: the whole tour once in each, with a "
-                       "folder for each."),
+        QStringLiteral("dark (default), light, or both, which runs the tour in each theme, "
+                       "with a folder for each."),
         QStringLiteral("NAME"), QStringLiteral("dark"));
     const QCommandLineOption protocol(
         QStringLiteral("protocol"),
-        QStringLiteral("Of the hand that is worked with: serialctrl (default) or modbus."),
+        QStringLiteral("Protocol of the hand in use: serialctrl (default) or modbus."),
         QStringLiteral("NAME"), QStringLiteral("serialctrl"));
     const QCommandLineOption language(
         QStringLiteral("language"),
-        QStringLiteral("Of the window, e.g. de_DE. Default: English. In other languages its texts "
-                       "are not compared."),
+        QStringLiteral("Language of the window, e.g. de_DE. Default: English. Texts are checked "
+                       "in English only."),
         QStringLiteral("LOCALE"));
     const QCommandLineOption offscreen(QStringLiteral("offscreen"),
                                        QStringLiteral("Show no window, even with a display."));
@@ -105,7 +105,7 @@ Options readOptions()
             parser.value(language), parser.value(protocol) == QLatin1String("modbus")};
 }
 
-/// An empty folder for pictures; those of an earlier tour would pass for new ones.
+/// Creates the folder and removes the screenshots of an earlier tour.
 bool prepareFolder(const QDir& folder)
 {
     if (!folder.mkpath(QStringLiteral(".")))
@@ -115,26 +115,25 @@ bool prepareFolder(const QDir& folder)
     return true;
 }
 
-int tour(const QString& theme, const QDir& folder, TourManner manner)
+int runTour(const QString& theme, const QDir& folder, TourOptions options)
 {
     if (!prepareFolder(folder))
-        return fail(QStringLiteral("cannot make ") + folder.path(), UsageStatus);
+        return fail(QStringLiteral("cannot create ") + folder.path(), UsageStatus);
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
     QSettings(QStringLiteral("setting.ini"), QSettings::IniFormat)
         .setValue(QStringLiteral("style"), theme);
 
     HandProcess hands;
-    if (!hands.start(tourHandOptions(manner.modbus)))
+    if (!hands.start(tourHandOptions(options.modbus)))
         return fail(hands.errorText(), FailedStatus);
-    // A window that is painted takes a large part of the time that a hand has for an answer, and so
-    // may a busy machine.
+    // Painting, and a busy machine, take much of the time that a hand has for a reply.
     ReplyLimits::current() = ReplyLimits().stretched(100);
     CalibrationProcedure::stageMs = 200;
 
-    Stage stage(hands, folder.path(), manner);
+    TourRunner tour(hands, folder.path(), options);
     ::alarm(LimitSeconds);
-    const bool passed = stage.play(tourSteps());
+    const bool passed = tour.run(tourSteps());
     ::alarm(0);
     QDir::setCurrent(QDir::rootPath());
     return passed ? 0 : FailedStatus;
@@ -143,28 +142,28 @@ int tour(const QString& theme, const QDir& folder, TourManner manner)
 
 int runProgram(int argc, char* argv[])
 {
-    choosePlatform(argc, argv);
-    std::signal(SIGALRM, endLateTour);
+    selectPlatform(argc, argv);
+    std::signal(SIGALRM, endOverdueTour);
     qInstallMessageHandler(showMessage);
     QApplication application(argc, argv);
     const Options options = readOptions();
     if (options.themes.isEmpty())
-        return fail(QStringLiteral("no such theme"), UsageStatus);
+        return fail(QStringLiteral("unknown theme"), UsageStatus);
 
     const bool english = options.language.isEmpty();
     QLocale::setDefault(english ? QLocale::c() : QLocale(options.language));
     if (!english && !Translation::install(options.language))
-        return fail(QStringLiteral("no such language"), UsageStatus);
+        return fail(QStringLiteral("unknown language"), UsageStatus);
 
     for (const QString& theme : options.themes) {
         const bool single = options.themes.size() == 1;
         const int status =
-            tour(theme, single ? options.output : QDir(options.output.filePath(theme)),
-                 {options.modbus, english});
+            runTour(theme, single ? options.output : QDir(options.output.filePath(theme)),
+                    {options.modbus, english});
         if (status != 0)
             return status;
     }
-    std::printf("pictures in %s\n", qPrintable(options.output.path()));
+    std::printf("screenshots in %s\n", qPrintable(options.output.path()));
     return 0;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -22,31 +21,31 @@ QByteArray contentOf(const QString& name)
 }
 } // namespace
 
-QString sequencePage(Stage& stage)
+QString sequencePage(TourRunner& tour)
 {
-    auto* table = stage.find<QTableWidget>("tableWidget_Seq");
-    auto* run = stage.find<QPushButton>("pushButton_SeqRun");
-    stage.showPage(SequenceTab);
-    stage.withDialog([&] { stage.click("pushButton_SeqLoad"); }, withFile(stage, Example));
+    auto* table = tour.find<QTableWidget>("tableWidget_Seq");
+    auto* run = tour.find<QPushButton>("pushButton_SeqRun");
+    tour.showPage(SequenceTab);
+    tour.withDialog([&] { tour.click("pushButton_SeqLoad"); }, answerWithFile(tour, Example));
     const int start = table->rowCount() - StepsPlayed;
     table->setCurrentCell(start, 0);
-    stage.await(QStringLiteral("the hand takes the step's pose"),
-                [&] { return run->isEnabled() && table->currentRow() == start; });
-    stage.takePicture(QStringLiteral("-edit"));
-    stage.click(run->objectName());
-    stage.await(QStringLiteral("the last step is played"),
-                [&] { return table->currentRow() == table->rowCount() - 1; });
-    stage.takePicture(QStringLiteral("-playing"));
-    stage.await(QStringLiteral("the play ends"), [&] { return run->isEnabled(); });
-    stage.expect(QStringLiteral("the index finger's target"),
-                 stage.askHands(QStringLiteral("get 2 target 1")),
-                 table->item(table->rowCount() - 1, IndexColumn)->text());
+    tour.waitFor(QStringLiteral("the hand takes the step's pose"),
+                 [&] { return run->isEnabled() && table->currentRow() == start; });
+    tour.saveScreenshot(QStringLiteral("-edit"));
+    tour.click(run->objectName());
+    tour.waitFor(QStringLiteral("the last step is played"),
+                 [&] { return table->currentRow() == table->rowCount() - 1; });
+    tour.saveScreenshot(QStringLiteral("-playing"));
+    tour.waitFor(QStringLiteral("the run ends"), [&] { return run->isEnabled(); });
+    tour.expect(QStringLiteral("the index finger's target"),
+                tour.command(QStringLiteral("get 2 target 1")),
+                table->item(table->rowCount() - 1, IndexColumn)->text());
 
     const QString copy = QDir::current().absoluteFilePath(QStringLiteral("copy.json"));
-    stage.withDialog([&] { stage.click("pushButton_SeqSave"); }, withFile(stage, copy));
+    tour.withDialog([&] { tour.click("pushButton_SeqSave"); }, answerWithFile(tour, copy));
     if (contentOf(copy).isEmpty() || contentOf(copy) != contentOf(Example))
-        stage.complain(QStringLiteral("what is saved is not what was loaded"));
-    stage.showPage(BasicTab);
+        tour.addFailure(QStringLiteral("the saved file differs from the loaded one"));
+    tour.showPage(BasicTab);
     return QStringLiteral("%1 of %2 steps played").arg(StepsPlayed).arg(table->rowCount());
 }
 

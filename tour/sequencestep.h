@@ -1,11 +1,11 @@
 #pragma once
 
-#include "stage.h"
+#include "tourrunner.h"
 
 namespace vanto
 {
 
-/// Loads an example, goes to one of its steps, plays from there and saves what it has loaded.
-QString sequencePage(Stage& stage);
+/// Loads an example, plays it from one of its steps and saves it.
+QString sequencePage(TourRunner& tour);
 
 } // namespace vanto

@@ -28,7 +28,7 @@ constexpr QLatin1String Firmware("2.5.11");
 constexpr QLatin1String UpdatedFirmware("2.5.12");
 constexpr QLatin1String SerialCtrlVersion("3.1");
 constexpr QLatin1String ModbusVersion("1.0");
-constexpr QLatin1String Hardware("1B01"); ///< that the example of an update is for
+constexpr QLatin1String Hardware("1B01"); ///< matches the example of an update file
 constexpr QLatin1String BootLoader("1.3");
 constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand
 
@@ -51,83 +51,83 @@ QString entryText(const Hand& hand)
              versionOf(hand.modbus));
 }
 
-/// Scans until as many hands are listed, then stops as soon as the present node is finished.
-void scanFor(Stage& stage, int hands)
+/// Scans until this number of hands is listed, then stops after the current node.
+void scanFor(TourRunner& tour, int hands)
 {
-    const auto* button = stage.find<QPushButton>("pushButton_ScanDevices");
+    const auto* button = tour.find<QPushButton>("pushButton_ScanDevices");
     const QString idleCaption = button->text();
-    // Nodes that are absent need not be waited for so long.
+    // Shortens the time-outs of absent nodes.
     const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().stretched(6));
-    stage.scan(hands, [&] {
-        stage.expectText(QStringLiteral("the Scan button while scanning"), button->text(),
-                         QStringLiteral("Stop"));
+    tour.scan(hands, [&] {
+        tour.expectText(QStringLiteral("the Scan button while scanning"), button->text(),
+                        QStringLiteral("Stop"));
         if (button->text() == idleCaption)
-            stage.complain(QStringLiteral("the Scan button keeps its caption"));
-        stage.takePicture(QStringLiteral("-running"));
+            tour.addFailure(QStringLiteral("the Scan button does not change its text"));
+        tour.saveScreenshot(QStringLiteral("-running"));
     });
-    stage.expect(QStringLiteral("the Scan button afterwards"), button->text(), idleCaption);
+    tour.expect(QStringLiteral("the Scan button afterwards"), button->text(), idleCaption);
 }
 
-void expectDevices(Stage& stage, const QList<Hand>& hands)
+void expectDevices(TourRunner& tour, const QList<Hand>& hands)
 {
-    auto* devices = stage.devices();
-    stage.expect(QStringLiteral("the number of hands"), QString::number(devices->count()),
-                 QString::number(hands.size()));
+    auto* devices = tour.devices();
+    tour.expect(QStringLiteral("the number of hands"), QString::number(devices->count()),
+                QString::number(hands.size()));
     for (int i = 0; i < hands.size(); ++i)
-        stage.expect(QStringLiteral("device %1").arg(i + 1), devices->itemText(i),
-                     entryText(hands[i]));
+        tour.expect(QStringLiteral("device %1").arg(i + 1), devices->itemText(i),
+                    entryText(hands[i]));
 }
 
-void chooseTheme(Stage& stage, const QString& name)
+void chooseTheme(TourRunner& tour, const QString& name)
 {
-    stage.withDialog([&] { stage.trigger("action_Theme"); },
-                     [&](QDialog& dialog) {
-                         static_cast<QInputDialog&>(dialog).setTextValue(name);
-                         stage.takePicture(QStringLiteral("-dialog"), &dialog);
-                         dialog.accept();
-                     });
+    tour.withDialog([&] { tour.trigger("action_Theme"); },
+                    [&](QDialog& dialog) {
+                        static_cast<QInputDialog&>(dialog).setTextValue(name);
+                        tour.saveScreenshot(QStringLiteral("-dialog"), &dialog);
+                        dialog.accept();
+                    });
 }
 
-QString start(Stage& stage)
+QString start(TourRunner& tour)
 {
-    stage.await(QStringLiteral("the port is listed"),
-                [&] { return stage.ports()->findData(stage.portName()) >= 0; });
-    stage.expect(QStringLiteral("the number of hands"), QString::number(stage.devices()->count()),
-                 QStringLiteral("0"));
+    tour.waitFor(QStringLiteral("the port is listed"),
+                 [&] { return tour.ports()->findData(tour.portName()) >= 0; });
+    tour.expect(QStringLiteral("the number of hands"), QString::number(tour.devices()->count()),
+                QStringLiteral("0"));
     return QStringLiteral("window shown");
 }
 
-/// Does the same in each theme and returns to the one that was in force.
-void inEveryTheme(Stage& stage, const std::function<void(const QString& theme)>& act)
+/// Runs `act` in each theme, then restores the current theme.
+void forEachTheme(TourRunner& tour, const std::function<void(const QString& theme)>& act)
 {
     const QString before = qApp->styleSheet();
     QStringList sheets;
     for (const QString& name : Theme::names()) {
-        chooseTheme(stage, name);
+        chooseTheme(tour, name);
         act(name);
         sheets.append(qApp->styleSheet());
     }
     if (sheets.contains(QString()) || QStringList(sheets).removeDuplicates() > 0)
-        stage.complain(QStringLiteral("the themes do not differ"));
-    chooseTheme(stage, Theme::names().value(sheets.indexOf(before)));
+        tour.addFailure(QStringLiteral("the themes do not differ"));
+    chooseTheme(tour, Theme::names().value(sheets.indexOf(before)));
 }
 
-QString theme(Stage& stage)
+QString theme(TourRunner& tour)
 {
-    inEveryTheme(stage, [&](const QString& name) { stage.takePicture(QLatin1Char('-') + name); });
+    forEachTheme(tour, [&](const QString& name) { tour.saveScreenshot(QLatin1Char('-') + name); });
     return Theme::names().join(QLatin1String(" and "));
 }
 
-QString pages(Stage& stage)
+QString pages(TourRunner& tour)
 {
-    auto* pages = stage.find<QTabWidget>("tabWidget");
+    auto* pages = tour.find<QTabWidget>("tabWidget");
     int pictures = 0;
-    inEveryTheme(stage, [&](const QString& name) {
+    forEachTheme(tour, [&](const QString& name) {
         for (int page = 0; page < pages->count(); ++page) {
             pages->setCurrentIndex(page);
             const QString pageName =
                 pages->currentWidget()->objectName().section(QLatin1Char('_'), 1);
-            stage.takePicture(QStringLiteral("-%1-%2").arg(pageName.toLower(), name));
+            tour.saveScreenshot(QStringLiteral("-%1-%2").arg(pageName.toLower(), name));
             ++pictures;
         }
     });
@@ -135,145 +135,145 @@ QString pages(Stage& stage)
     return QStringLiteral("%1 pictures").arg(pictures);
 }
 
-QString port(Stage& stage)
+QString port(TourRunner& tour)
 {
-    stage.choosePort(stage.portName());
-    return stage.ports()->currentText();
+    tour.choosePort(tour.portName());
+    return tour.ports()->currentText();
 }
 
-QString scan(Stage& stage)
+QString scan(TourRunner& tour)
 {
-    scanFor(stage, HandCount);
-    const bool modbus = stage.modbus();
-    expectDevices(stage, {{2, modbus}, {3, !modbus}, {4, true}, {4, false}});
+    scanFor(tour, HandCount);
+    const bool modbus = tour.modbus();
+    expectDevices(tour, {{2, modbus}, {3, !modbus}, {4, true}, {4, false}});
     return QStringLiteral("%1 entries").arg(HandCount);
 }
 
-QString open(Stage& stage)
+QString open(TourRunner& tour)
 {
-    auto* devices = stage.devices();
-    stage.expect(QStringLiteral("the current device"), devices->currentText(),
-                 entryText({2, stage.modbus()}));
-    stage.expectText(QStringLiteral("the status"), stage.statusText(),
-                     QStringLiteral("Running info loaded"));
-    stage.await(QStringLiteral("the scan's last time-out text vanishes"),
-                [&] { return stage.errorText().isEmpty(); });
+    auto* devices = tour.devices();
+    tour.expect(QStringLiteral("the current device"), devices->currentText(),
+                entryText({2, tour.modbus()}));
+    tour.expectText(QStringLiteral("the status"), tour.statusText(),
+                    QStringLiteral("Running info loaded"));
+    tour.waitFor(QStringLiteral("the last time-out text of the scan is cleared"),
+                 [&] { return tour.errorText().isEmpty(); });
     return devices->currentText();
 }
 
-void expectVersions(Stage& stage)
+void expectVersions(TourRunner& tour)
 {
     const std::array<std::pair<const char*, QString>, 4> versions{
         std::pair{"lineEdit_BasicFirmwareVersion", QLatin1Char('V') + Firmware},
-        {"lineEdit_BasicProtocolVersion", QLatin1Char('V') + versionOf(stage.modbus())},
+        {"lineEdit_BasicProtocolVersion", QLatin1Char('V') + versionOf(tour.modbus())},
         {"lineEdit_BasicHardwareTypeVersion", Hardware},
         {"lineEdit_BasicBootLoaderVersion", QLatin1Char('V') + BootLoader}};
-    for (const auto& [name, wanted] : versions)
-        stage.expect(QLatin1String(name), stage.field(name), wanted);
+    for (const auto& [name, expected] : versions)
+        tour.expect(QLatin1String(name), tour.field(name), expected);
 }
 
-void expectCalibration(Stage& stage, int node)
+void expectCalibration(TourRunner& tour, int node)
 {
     const std::array<std::pair<const char*, const char*>, 2> limits{
         std::pair{"lineEdit_BasicCaliStart%1", "start"}, {"lineEdit_BasicCaliEnd%1", "end"}};
     for (const auto& [name, property] : limits) {
         for (int finger = 0; finger < FingerCount; ++finger) {
             const QString lineEdit = QString::fromLatin1(name).arg(finger);
-            stage.expect(lineEdit, stage.field(lineEdit),
-                         stage.askHands(QStringLiteral("get %1 %2 %3")
-                                            .arg(node)
-                                            .arg(QLatin1String(property))
-                                            .arg(finger)));
+            tour.expect(lineEdit, tour.field(lineEdit),
+                        tour.command(QStringLiteral("get %1 %2 %3")
+                                         .arg(node)
+                                         .arg(QLatin1String(property))
+                                         .arg(finger)));
         }
     }
     for (std::size_t preset = 0; preset < ThumbRootPresets.size(); ++preset) {
         const QString lineEdit = QStringLiteral("lineEdit_BasicThumbRootPos%1").arg(preset);
-        stage.expect(lineEdit, stage.field(lineEdit), QString::number(ThumbRootPresets.at(preset)));
+        tour.expect(lineEdit, tour.field(lineEdit), QString::number(ThumbRootPresets.at(preset)));
     }
 }
 
-void expectChoices(Stage& stage, int node)
+void expectChoices(TourRunner& tour, int node)
 {
     const std::array<std::pair<const char*, const char*>, 2> choices{
         std::pair{"comboBox_BasicSelfTestLevel", "selftest"},
         {"comboBox_BasicBeepSwitch", "beepswitch"}};
     for (const auto& [name, property] : choices)
-        stage.expect(
-            QLatin1String(name), QString::number(stage.find<QComboBox>(name)->currentIndex()),
-            stage.askHands(QStringLiteral("get %1 %2").arg(node).arg(QLatin1String(property))));
+        tour.expect(
+            QLatin1String(name), QString::number(tour.find<QComboBox>(name)->currentIndex()),
+            tour.command(QStringLiteral("get %1 %2").arg(node).arg(QLatin1String(property))));
 }
 
-QString basic(Stage& stage)
+QString basic(TourRunner& tour)
 {
     for (const char* change :
          {"set 2 start 0 417", "set 2 end 5 3210", "set 2 selftest 0", "set 2 beepswitch 0"})
-        stage.askHands(QLatin1String(change));
-    stage.click("pushButton_BasicReloadBasic");
-    expectVersions(stage);
-    expectCalibration(stage, 2);
-    expectChoices(stage, 2);
-    return QStringLiteral("every field shows what the hand holds");
+        tour.command(QLatin1String(change));
+    tour.click("pushButton_BasicReloadBasic");
+    expectVersions(tour);
+    expectCalibration(tour, 2);
+    expectChoices(tour, 2);
+    return QStringLiteral("all fields show the values of the hand");
 }
 
-QString beep(Stage& stage)
+QString beep(TourRunner& tour)
 {
-    const int before = stage.askHands(QStringLiteral("get 2 beeps")).toInt();
-    stage.click("pushButton_BasicBeep");
-    stage.expectText(QStringLiteral("the status"), stage.statusText(),
-                     QStringLiteral("Beep succeeded"));
-    stage.expect(QStringLiteral("the hand's count of beeps"),
-                 stage.askHands(QStringLiteral("get 2 beeps")), QString::number(before + 1));
+    const int before = tour.command(QStringLiteral("get 2 beeps")).toInt();
+    tour.click("pushButton_BasicBeep");
+    tour.expectText(QStringLiteral("the status"), tour.statusText(),
+                    QStringLiteral("Beep succeeded"));
+    tour.expect(QStringLiteral("the hand's count of beeps"),
+                tour.command(QStringLiteral("get 2 beeps")), QString::number(before + 1));
     return QStringLiteral("the hand beeped once");
 }
 
-QString setId(Stage& stage)
+QString setId(TourRunner& tour)
 {
-    stage.withDialog([&] { stage.click("pushButton_BasicSetID"); },
-                     [&](QDialog& dialog) {
-                         auto& input = static_cast<QInputDialog&>(dialog);
-                         input.setIntValue(5);
-                         stage.takePicture(QStringLiteral("-dialog"), &dialog);
-                         input.accept();
-                     });
-    stage.expectText(
-        QStringLiteral("the status"), stage.statusText(),
-        QStringLiteral("node id changed from '0x02' to '0x05', ") +
-            (stage.modbus() ? QLatin1String("please wait for device rebooting then rescan devices")
-                            : QLatin1String("need to rescan devices")));
-    stage.askHands(QStringLiteral("get 5 id"));
+    tour.withDialog([&] { tour.click("pushButton_BasicSetID"); },
+                    [&](QDialog& dialog) {
+                        auto& input = static_cast<QInputDialog&>(dialog);
+                        input.setIntValue(5);
+                        tour.saveScreenshot(QStringLiteral("-dialog"), &dialog);
+                        input.accept();
+                    });
+    tour.expectText(QStringLiteral("the status"), tour.statusText(),
+                    QStringLiteral("node id changed from '0x02' to '0x05', ") +
+                        (tour.modbus()
+                             ? QLatin1String("please wait for device rebooting then rescan devices")
+                             : QLatin1String("need to rescan devices")));
+    tour.command(QStringLiteral("get 5 id"));
     return QStringLiteral("2 -> 5");
 }
 
-QString rescan(Stage& stage)
+QString rescan(TourRunner& tour)
 {
-    scanFor(stage, HandCount);
-    const bool modbus = stage.modbus();
-    expectDevices(stage, {{3, !modbus}, {4, true}, {4, false}, {5, modbus}});
-    stage.devices()->setCurrentIndex(HandCount - 1);
-    expectVersions(stage);
-    expectCalibration(stage, 5);
+    scanFor(tour, HandCount);
+    const bool modbus = tour.modbus();
+    expectDevices(tour, {{3, !modbus}, {4, true}, {4, false}, {5, modbus}});
+    tour.devices()->setCurrentIndex(HandCount - 1);
+    expectVersions(tour);
+    expectCalibration(tour, 5);
     return QStringLiteral("the hand is found at 5 and opened");
 }
 
-QString updated(Stage& stage)
+QString updated(TourRunner& tour)
 {
-    scanFor(stage, HandCount);
-    auto* devices = stage.devices();
-    stage.expect(QStringLiteral("the other hand"), devices->itemText(0),
-                 entryText({3, !stage.modbus()}));
+    scanFor(tour, HandCount);
+    auto* devices = tour.devices();
+    tour.expect(QStringLiteral("the other hand"), devices->itemText(0),
+                entryText({3, !tour.modbus()}));
     devices->setCurrentIndex(HandCount - 1);
-    const QString version = stage.field("lineEdit_BasicFirmwareVersion");
-    stage.expect(QStringLiteral("the firmware version"), version,
-                 QLatin1Char('V') + UpdatedFirmware);
+    const QString version = tour.field("lineEdit_BasicFirmwareVersion");
+    tour.expect(QStringLiteral("the firmware version"), version,
+                QLatin1Char('V') + UpdatedFirmware);
     return QStringLiteral("firmware %1 -> %2").arg(QLatin1Char('V') + Firmware, version);
 }
 
-QString wire(Stage& stage)
+QString wire(TourRunner& tour)
 {
-    const QString statistics = stage.askHands(QStringLiteral("stats"));
+    const QString statistics = tour.command(QStringLiteral("stats"));
     for (const char* faultless : {"overlaps=0", "bad=0"}) {
         if (!statistics.contains(QLatin1String(faultless)))
-            stage.complain(statistics);
+            tour.addFailure(statistics);
     }
     return statistics;
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "stage.h"
+#include "tourrunner.h"
 
 namespace vanto
 {
 
-/// The tour's steps in their order.
+/// The steps of the tour in their order.
 std::span<const Step> tourSteps();
-/// The options with which the simulated hands are started for them: one of the chosen protocol,
-/// with which the steps work, one of the other, and one that speaks both.
+/// The options for the simulated hands: one with the chosen protocol, which the steps use, one with
+/// the other protocol, and one with both.
 QStringList tourHandOptions(bool modbus);
 
 } // namespace vanto

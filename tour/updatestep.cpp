@@ -14,9 +14,9 @@ constexpr int UpdatedNode = 5;
 constexpr std::array OtherNodes{3, 4};
 constexpr int PicturePercent = 50;
 
-void switchPower(Stage& stage, int node, bool on)
+void switchPower(TourRunner& tour, int node, bool on)
 {
-    stage.askHands(QStringLiteral("set %1 powered %2").arg(node).arg(on ? 1 : 0));
+    tour.command(QStringLiteral("set %1 powered %2").arg(node).arg(on ? 1 : 0));
 }
 
 void chooseLocal(QDialog& dialog)
@@ -25,61 +25,61 @@ void chooseLocal(QDialog& dialog)
     dialog.accept();
 }
 
-DialogWatch::Answer switchOff(Stage& stage)
+DialogWatch::Answer switchOff(TourRunner& tour)
 {
-    return [&stage](QDialog& dialog) {
-        stage.takePicture(QStringLiteral("-prompt"), &dialog);
-        switchPower(stage, UpdatedNode, false);
+    return [&tour](QDialog& dialog) {
+        tour.saveScreenshot(QStringLiteral("-prompt"), &dialog);
+        switchPower(tour, UpdatedNode, false);
         for (const int node : OtherNodes)
-            switchPower(stage, node, false);
+            switchPower(tour, node, false);
         dialog.accept();
     };
 }
 
-void expectProgress(Stage& stage, QDialog& dialog)
+void expectProgress(TourRunner& tour, QDialog& dialog)
 {
     if (!qobject_cast<QProgressDialog*>(&dialog))
-        stage.complain(QStringLiteral("no progress is shown"));
+        tour.addFailure(QStringLiteral("no progress dialog is shown"));
 }
 
-DialogWatch::Answer expectSuccess(Stage& stage)
+DialogWatch::Answer expectSuccess(TourRunner& tour)
 {
-    return [&stage](QDialog& dialog) {
-        stage.expectText(QStringLiteral("the outcome"), static_cast<QMessageBox&>(dialog).text(),
-                         QStringLiteral("Firmware updated successfully"));
+    return [&tour](QDialog& dialog) {
+        tour.expectText(QStringLiteral("the outcome"), static_cast<QMessageBox&>(dialog).text(),
+                        QStringLiteral("Firmware updated successfully"));
         dialog.accept();
     };
 }
 } // namespace
 
-QString firmwareUpdate(Stage& stage)
+QString firmwareUpdate(TourRunner& tour)
 {
     QList<int> percentages;
     const auto watchProgress = [&](int percent) {
-        auto* dialog = stage.window()->findChild<QProgressDialog*>();
+        auto* dialog = tour.window()->findChild<QProgressDialog*>();
         if (percentages.isEmpty()) {
-            stage.takePicture(QStringLiteral("-power-up"), dialog);
-            switchPower(stage, UpdatedNode, true);
+            tour.saveScreenshot(QStringLiteral("-power-up"), dialog);
+            switchPower(tour, UpdatedNode, true);
         }
         if (percent == PicturePercent)
-            stage.takePicture(QStringLiteral("-transfer"), dialog);
+            tour.saveScreenshot(QStringLiteral("-transfer"), dialog);
         percentages.append(percent);
     };
-    const auto connection = QObject::connect(stage.window(), &MainWindow::sig_updateProgress,
-                                             stage.window(), watchProgress);
-    // A moment in which the progress can be looked at.
-    stage.askHands(QStringLiteral("fault late stage=record skip=8 ms=300"));
-    stage.withDialogs([&] { stage.click("pushButton_BasicUpdateFirmware"); },
-                      {chooseLocal, withFile(stage, UpdateFile), switchOff(stage),
-                       [&stage](QDialog& dialog) { expectProgress(stage, dialog); },
-                       expectSuccess(stage)});
+    const auto connection = QObject::connect(tour.window(), &MainWindow::sig_updateProgress,
+                                             tour.window(), watchProgress);
+    // Delays the transfer for a screenshot of the progress.
+    tour.command(QStringLiteral("fault late stage=record skip=8 ms=300"));
+    tour.withDialogs([&] { tour.click("pushButton_BasicUpdateFirmware"); },
+                     {chooseLocal, answerWithFile(tour, UpdateFile), switchOff(tour),
+                      [&tour](QDialog& dialog) { expectProgress(tour, dialog); },
+                      expectSuccess(tour)});
     QObject::disconnect(connection);
     for (const int node : OtherNodes)
-        switchPower(stage, node, true);
+        switchPower(tour, node, true);
     if (!percentages.contains(PicturePercent) || percentages.constLast() != 100)
-        stage.complain(QStringLiteral("the progress stopped before its end"));
-    stage.expect(QStringLiteral("the number of hands"), QString::number(stage.devices()->count()),
-                 QStringLiteral("0"));
+        tour.addFailure(QStringLiteral("the progress did not reach 100 %"));
+    tour.expect(QStringLiteral("the number of hands"), QString::number(tour.devices()->count()),
+                QStringLiteral("0"));
     return QStringLiteral("%1 steps up to 100 %").arg(percentages.size());
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "stage.h"
+#include "tourrunner.h"
 
 namespace vanto
 {
 
-/// Updates the firmware of the hand at node 5 from a file, with the other hands switched off.
-QString firmwareUpdate(Stage& stage);
+/// Updates the firmware of the hand at node 5 from a file while the other hands are switched off.
+QString firmwareUpdate(TourRunner& tour);
 
 } // namespace vanto

@@ -16,8 +16,8 @@ struct Report : CallReport {
         texts.append(QString("%1 timeout").arg(target.node));
         return true;
     }
-    void reportFailure(const HandTarget& target, std::string_view operation, quint8 result,
-                       quint8) override
+    void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,
+                       std::uint8_t) override
     {
         texts.append(QString("%1 %2 %3")
                          .arg(target.node)
@@ -43,7 +43,7 @@ void TestHandScan::scanOpenRead()
     QVERIFY(hand.start({"--node", "1:modbus", "--node", "2:serialctrl", "--no-force"}));
     ReplyLimits::current() = {1000, 1000, 1000, 1000};
     QList<DeviceEntry> found;
-    std::optional<quint8> current;
+    std::optional<std::uint8_t> current;
     DeviceSession session([&current] { return current; });
     Report report;
     HandScan scan(report);
@@ -68,13 +68,13 @@ void TestHandScan::scanOpenRead()
             VantoProtocol::getProtocolInstance(address.type, address.major, address.minor),
             hand.portName());
         QVERIFY(target && !session.hasForceSensing());
-        quint16 voltage = 0;
+        std::uint16_t voltage = 0;
         {
             HandCall call(*target, report);
             QVERIFY(call.perform<&VantoProtocol::getBatteryVoltage>(&voltage));
             QCOMPARE(voltage, 7400);
             hand.command("fault refuse error=0x21");
-            QVERIFY(!call.perform<&VantoProtocol::beep>(quint16{1}));
+            QVERIFY(!call.perform<&VantoProtocol::beep>(std::uint16_t{1}));
         }
         session.close();
         HandCall stale(*target, report);

@@ -26,10 +26,10 @@ constexpr const char* BadRecord = "CRC error. File damaged.";
 struct Row {
     const char* name;
     const char* setUp; ///< option or fault of the hand
-    int at, length;    ///< of what is replaced in the sample file
+    int at, length;    ///< of the replaced part of the sample file
     const char* by;
     const char* failure;
-    const char* counts; ///< of the boot loader
+    const char* counts; ///< reported by the boot loader
 };
 
 constexpr Row Rows[] = {
@@ -64,8 +64,8 @@ private slots:
     void update();
     void callbacks();
     void unplug();
-    void waiting();
-    void talkingLine();
+    void waitProcessesEvents();
+    void constantNoise();
 
 private:
     static QByteArray sample()
@@ -79,7 +79,7 @@ private:
         QVERIFY(m_hand->start(options.split(' ', Qt::SkipEmptyParts)));
         QTest::failOnWarning(QRegularExpression("."));
     }
-    QString tell(const QString& command) { return m_hand->command(command); }
+    QString command(const QString& line) { return m_hand->command(line); }
     QString write(const QByteArray& content, const LogCallback& log = {},
                   const ProgressCallback& progress = {}, const UpdateLimits& limits = Short)
     {
@@ -108,44 +108,44 @@ void tst_transfer::update()
     const bool isOption = setUp.startsWith("--");
     start(isOption ? setUp : QString());
     for (const QString& fault : setUp.split(';', Qt::SkipEmptyParts))
-        QVERIFY(isOption || tell("fault " + fault) == "ok");
+        QVERIFY(isOption || command("fault " + fault) == "ok");
     QByteArray file = sample().replace(row->at, row->length, row->by);
     QCOMPARE(write(file, [](const QString&) { QCoreApplication::processEvents(); }), row->failure);
-    QVERIFY2(tell("boot").contains(QLatin1String(row->counts)), qPrintable(tell("boot")));
+    QVERIFY2(command("boot").contains(QLatin1String(row->counts)), qPrintable(command("boot")));
     if (*row->failure != '\0') {
         if (isOption)
             return;
-        tell("clear");
+        command("clear");
         file = sample();
         QCOMPARE(write(file), "");
     }
     QFile image(m_folder.filePath("image"));
-    tell("image " + image.fileName());
+    command("image " + image.fileName());
     QVERIFY(image.open(QIODevice::ReadOnly));
     QCOMPARE(image.readAll(), QByteArray::fromHex(file.sliced(file.lastIndexOf('\n') + 1)));
-    tell("boot leave");
-    QCOMPARE(tell("get 2 revision"), "ok 8");
+    command("boot leave");
+    QCOMPARE(command("get 2 revision"), "ok 8");
 }
 
 void tst_transfer::callbacks()
 {
     start({});
-    QStringList told;
-    const auto log = [&](const QString& text) { told.append(text); };
-    const auto note = [&](int percent) { told.append(QString::number(percent)); };
-    QCOMPARE(write(sample(), log, note), "");
-    QStringList wanted = QString("Start to update, please keep device power on.\n0\n"
-                                 "Waiting for device response, loop 0...\n"
-                                 "Device said: 0x55\nDevice said: 0xaa\nDevice said: 0x59\n"
-                                 "Hardware type 0x1b, hardware version 0x01 matched.")
-                             .split('\n');
+    QStringList reported;
+    const auto log = [&](const QString& text) { reported.append(text); };
+    const auto progress = [&](int percent) { reported.append(QString::number(percent)); };
+    QCOMPARE(write(sample(), log, progress), "");
+    QStringList expected = QString("Start to update, please keep device power on.\n0\n"
+                                   "Waiting for device response, loop 0...\n"
+                                   "Device said: 0x55\nDevice said: 0xaa\nDevice said: 0x59\n"
+                                   "Hardware type 0x1b, hardware version 0x01 matched.")
+                               .split('\n');
     const QString spinner = QString("--\\\\||//").repeated(2);
     for (int record = 0; record < 16; ++record) {
         const QString done = QString::number(100 * record / 16);
-        wanted << "Transferring... " + spinner.mid(record, 1) + ' ' + done + "% done." << done;
+        expected << "Transferring... " + spinner.mid(record, 1) + ' ' + done + "% done." << done;
     }
-    QCOMPARE(told.first(), "Hardware type: 0x1B, ver: 0x01");
-    QCOMPARE(told.sliced(1 + 4096), wanted + QStringList({"100", "Transfer 100% done."}));
+    QCOMPARE(reported.first(), "Hardware type: 0x1B, ver: 0x01");
+    QCOMPARE(reported.sliced(1 + 4096), expected + QStringList({"100", "Transfer 100% done."}));
     QCOMPARE(updateFirmware("/dev/none", QSerialPort::Baud115200, SAMPLE, {}, {}),
              "Failed when openning port '/dev/none'.");
 }
@@ -159,17 +159,17 @@ void tst_transfer::unplug()
     for (const QString& moment : failures.keys()) {
         QElapsedTimer sinceUnplug;
         const auto log = [&](const QString& text) {
-            if (text == moment && tell("unplug") == "ok")
+            if (text == moment && command("unplug") == "ok")
                 sinceUnplug.start();
         };
         QCOMPARE(write(sample(), log, {}, Patient), failures[moment]);
         QVERIFY2(sinceUnplug.isValid() && sinceUnplug.elapsed() < 5000, qPrintable(moment));
-        QVERIFY(tell("replug").startsWith("ok"));
+        QVERIFY(command("replug").startsWith("ok"));
         QCOMPARE(write(sample()), "");
     }
 }
 
-void tst_transfer::waiting()
+void tst_transfer::waitProcessesEvents()
 {
     start("--boot-window 0");
     int ticks = 0;
@@ -179,15 +179,15 @@ void tst_transfer::waiting()
     const std::clock_t before = std::clock();
     QCOMPARE(write("0000", {}, {}, {3, 200, 0, 0, 0}), NoDevice);
     const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
-    QVERIFY2(ticks >= 15, "the event loop stood still");
+    QVERIFY2(ticks >= 15, "the event loop was blocked");
     QVERIFY2(used < 200, qPrintable(QString("%1 ms of processor time").arg(used)));
 }
 
-/// The answer comes behind more than three seconds of noise.
-void tst_transfer::talkingLine()
+/// More than three seconds of noise precede the answer.
+void tst_transfer::constantNoise()
 {
     start("--baud 300");
-    QCOMPARE(tell("fault noise stage=probe count=2 bytes=100"), "ok");
+    QCOMPARE(command("fault noise stage=probe count=2 bytes=100"), "ok");
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(write("0000", {}, {}, {2, 300, 0, 0, 0, 300}), NoDevice);

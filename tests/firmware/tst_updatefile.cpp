@@ -46,7 +46,7 @@ void tst_updatefile::content_data()
 void tst_updatefile::content()
 {
     QFETCH(QByteArray, bytes);
-    // What lies behind the view must not be read: it has no room for anything there.
+    // A copy without a terminator, so that sanitizers detect reads past the view.
     const std::vector<char> tight(bytes.begin(), bytes.end());
     const UpdateFile file = readUpdateFile(QByteArrayView(tight.data(), bytes.size()));
     QString outcome = "none";

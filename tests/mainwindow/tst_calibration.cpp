@@ -18,30 +18,27 @@ class TestCalibration : public HandTest
 private slots:
     void init();
     void cleanup() { close(); }
-    void wholeWalk_data() { addBool("serialctrl", "modbus"); }
-    void wholeWalk();
-    void ends_data();
-    void ends();
-    void quickSpinning_data() { addBool("accepted", "rejected"); }
+    void completeCalibration_data() { addBoolRows("first", "serialctrl", "modbus"); }
+    void completeCalibration();
+    void earlyEnds_data();
+    void earlyEnds();
+    void quickSpinning_data() { addBoolRows("first", "accepted", "rejected"); }
     void quickSpinning();
-    void cancelDuringAMove_data() { addBool("serialctrl", "modbus"); }
-    void cancelDuringAMove();
+    void cancelDuringMove_data() { addBoolRows("first", "serialctrl", "modbus"); }
+    void cancelDuringMove();
     void failureAfterOk();
-    void duringAWait_data() { addBool("window closed", "port pulled, About opened"); }
-    void duringAWait();
+    void disturbedWait_data()
+    {
+        addBoolRows("first", "window closed", "port unplugged, About opened");
+    }
+    void disturbedWait();
 
 private:
-    static void addBool(const char* yes, const char* no)
-    {
-        QTest::addColumn<bool>("first");
-        QTest::newRow(yes) << true;
-        QTest::newRow(no) << false;
-    }
-    /// `act` is done in the dialogs with a spin box; the one `cancelled` is counted from 1.
-    void walk(std::function<void(QSpinBox*)> act, int cancelled = 0, QString key = "1a2b");
+    /// Runs `act` in the dialogs with a spin box; cancels the dialog of number `cancelled`, from 1.
+    void calibrate(std::function<void(QSpinBox*)> act, int cancelled = 0, QString key = "1a2b");
     QString sent() const { return frames({0x43, 0x4B, 0x63}).join('|'); }
 
-    QStringList m_dialogs; ///< texts of those that were shown
+    QStringList m_dialogs; ///< texts of the dialogs that were shown
 };
 
 const QString Timeout = "Timeout for SerialCtrl node '0x02'...";
@@ -50,17 +47,17 @@ const QString Refused = "%1(0x02, ...) returned 0xff (sub err 21)";
 void TestCalibration::init()
 {
     const QString row = QTest::currentDataTag();
-    if (row.startsWith("fault drop") || row.startsWith("port pulled") ||
+    if (row.startsWith("fault drop") || row.startsWith("port unplugged") ||
         QTest::currentTestFunction() == QString("quickSpinning"))
         expectTimeouts();
     CalibrationProcedure::stageMs = 50;
     open({"--node", QTest::currentDataTag() == QString("modbus") ? "2:modbus" : "2"});
-    tell("set 2 raw 5 1000");
-    tell("set 2 reboot-time 0");
-    forget();
+    command("set 2 raw 5 1000");
+    command("set 2 reboot-time 0");
+    clearRecords();
 }
 
-void TestCalibration::walk(std::function<void(QSpinBox*)> act, int cancelled, QString key)
+void TestCalibration::calibrate(std::function<void(QSpinBox*)> act, int cancelled, QString key)
 {
     m_dialogs.clear();
     const auto enabled = [this] {
@@ -79,7 +76,7 @@ void TestCalibration::walk(std::function<void(QSpinBox*)> act, int cancelled, QS
         m_dialogs.append(box ? box->text() : dialog->findChild<QLabel*>()->text());
         auto* spinBox = dialog->findChild<QSpinBox*>("spinBox_ThumbRootPos");
         if (spinBox && m_dialogs.size() == cancelled)
-            QTest::keyClicks(spinBox, "\r25"); // Return is not OK; 25 is not finished
+            QTest::keyClicks(spinBox, "\r25"); // Return is not OK; 25 is incomplete
         if (m_dialogs.size() == cancelled)
             return dialog->reject();
         if (box)
@@ -96,12 +93,12 @@ void TestCalibration::walk(std::function<void(QSpinBox*)> act, int cancelled, QS
     QCOMPARE(enabled(), before);
 }
 
-void TestCalibration::wholeWalk()
+void TestCalibration::completeCalibration()
 {
     QFETCH(bool, first);
-    m_tool->find<QPushButton>("pushButton_RefreshPorts")->setEnabled(false); // and stays so
+    m_tool->find<QPushButton>("pushButton_RefreshPorts")->setEnabled(false); // stays disabled
     int position = 1000;
-    walk([&](QSpinBox* spinBox) {
+    calibrate([&](QSpinBox* spinBox) {
         QCOMPARE(spinBox->value(), position);
         QTest::keyClick(spinBox, Qt::Key_Up);
         position += 32;
@@ -124,12 +121,12 @@ void TestCalibration::wholeWalk()
     m_tool->click("pushButton_BasicReloadBasic");
     QCOMPARE(m_tool->field("lineEdit_BasicCaliStart0"), "424");
     QCOMPARE(m_tool->field("lineEdit_BasicThumbRootPos2"), "1064");
-    walk([](auto*) {}, 4); // the hand is in the calibrating state still
+    calibrate([](auto*) {}, 4); // the hand is still calibrating
     QCOMPARE(m_dialogs.size(), 4);
     QCOMPARE(m_hand->command("get 2 calibrations"), "ok 1");
 }
 
-void TestCalibration::ends_data()
+void TestCalibration::earlyEnds_data()
 {
     QTest::addColumn<int>("dialogs");
     QTest::addColumn<QString>("written");
@@ -158,14 +155,14 @@ void TestCalibration::ends_data()
         QTest::newRow(invalid) << 3 << QString() << QString();
 }
 
-void TestCalibration::ends()
+void TestCalibration::earlyEnds()
 {
     const QString what = QTest::currentDataTag();
     const QString value = what.section(' ', 1);
     const bool isKey = what.startsWith("key");
-    m_hand->command(what); // which it takes if it is a fault
+    m_hand->command(what); // accepted if it is a fault
     const auto move = [&](QSpinBox* spinBox) { spinBox->stepBy(what.contains("0x4B")); };
-    walk(move, value.toInt(), isKey ? value : "1a2b");
+    calibrate(move, value.toInt(), isKey ? value : "1a2b");
     QTEST(int(m_dialogs.size()), "dialogs");
     QTEST(sent(), "written");
     QTEST(shown().join('|'), "error");
@@ -176,13 +173,13 @@ void TestCalibration::quickSpinning()
 {
     QFETCH(bool, first);
     constexpr int End = 1000 + 40 * 32;
-    tell("fault late command=0x4B count=0 ms=30");
-    tell("fault drop command=0x63"); // ends the walk
-    walk([&](QSpinBox* spinBox) {
-        for (int turn = 1; turn <= 40; ++turn)
-            QTimer::singleShot(4 * turn, spinBox, &QSpinBox::stepUp);
+    command("fault late command=0x4B count=0 ms=30");
+    command("fault drop command=0x63"); // ends the calibration
+    calibrate([&](QSpinBox* spinBox) {
+        for (int step = 1; step <= 40; ++step)
+            QTimer::singleShot(4 * step, spinBox, &QSpinBox::stepUp);
         connect(spinBox, &QSpinBox::valueChanged, spinBox->window(), [=](int value) {
-            if (value == End) // what has not been sent by now is, or is not if rejected
+            if (value == End) // the last value is still sent unless the dialog is rejected
                 static_cast<QDialog*>(spinBox->window())->done(first);
         });
         QTRY_VERIFY(!spinBox->isVisible());
@@ -194,7 +191,7 @@ void TestCalibration::quickSpinning()
             continue;
         QVERIFY(move.ms - earlier >= 29); // one at a time
         earlier = move.ms;
-        const int next = quint8(move.bytes[7]) + 0x100 * quint8(move.bytes[8]);
+        const int next = std::uint8_t(move.bytes[7]) + 0x100 * std::uint8_t(move.bytes[8]);
         QVERIFY(next > position);
         position = next;
     }
@@ -202,11 +199,11 @@ void TestCalibration::quickSpinning()
     QCOMPARE(sent().endsWith("|63 01"), first);
 }
 
-void TestCalibration::cancelDuringAMove()
+void TestCalibration::cancelDuringMove()
 {
     QFETCH(bool, first);
-    walk([&](QSpinBox* spinBox) {
-        tell("fault late ms=30");
+    calibrate([&](QSpinBox* spinBox) {
+        command("fault late ms=30");
         duringExchange([=] { static_cast<QDialog*>(spinBox->window())->reject(); });
         spinBox->stepUp();
         QVERIFY(!spinBox->isVisible());
@@ -216,32 +213,32 @@ void TestCalibration::cancelDuringAMove()
              first ? "43 2b1a|4b 050804ff" : "1012: 1a2b|1130: ffff");
 }
 
-/// A typed number moves with the click on OK, too late for the person to see that it fails.
+/// A typed number is sent at the click on OK; if that fails, the dialog is shown again.
 void TestCalibration::failureAfterOk()
 {
-    bool back = false;
-    walk([&](QSpinBox* spinBox) {
+    bool shownAgain = false;
+    calibrate([&](QSpinBox* spinBox) {
         auto* dialog = static_cast<QDialog*>(spinBox->window());
-        tell("fault refuse command=0x4B");
+        command("fault refuse command=0x4B");
         spinBox->selectAll();
         QTest::keyClicks(spinBox, "2000");
         QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok),
                           Qt::LeftButton);
-        auto* look = new QTimer(dialog);
-        connect(look, &QTimer::timeout, dialog, [&back, dialog, this] {
+        auto* timer = new QTimer(dialog);
+        connect(timer, &QTimer::timeout, dialog, [&shownAgain, dialog, this] {
             if (shown().isEmpty() || !dialog->isVisible())
                 return;
-            back = true;
+            shownAgain = true;
             dialog->reject();
         });
-        look->start(10);
+        timer->start(10);
     });
-    QVERIFY(back);
+    QVERIFY(shownAgain);
     QCOMPARE(shown().join("|"), Refused.arg("setFingerPosAbs"));
     QCOMPARE(sent(), "43 2b1a|4b 05d007ff");
 }
 
-void TestCalibration::duringAWait()
+void TestCalibration::disturbedWait()
 {
     QFETCH(bool, first);
     CalibrationProcedure::stageMs = 3000;
@@ -253,7 +250,7 @@ void TestCalibration::duringAWait()
         m_hand->command(first ? QString() : "unplug");
     };
     QTimer::singleShot(0, m_tool->window(), [&] {
-        walk([&](QSpinBox*) { QTimer::singleShot(300, m_tool->window(), disturb); });
+        calibrate([&](QSpinBox*) { QTimer::singleShot(300, m_tool->window(), disturb); });
         QCOMPARE(since.elapsed() < 2500, first);
         QApplication::exit();
     });

@@ -5,7 +5,6 @@
 #include "testmain.h"
 
 #include <QSlider>
-#include <QTabWidget>
 #include <QTableWidget>
 #include <QtEndian>
 
@@ -15,10 +14,10 @@ namespace vanto
 namespace
 {
 constexpr int WritePid = 0x45;
-/// For each reply, where one does not come; for that to a write of gains three times as long.
+/// Time-out of a reply; that of a write of gains is three times as long.
 constexpr int LimitMs = 350;
 
-/// Results by what is asked: a register or command is read, or written.
+/// Result codes of an operation that reads a register or value, and of one that writes it.
 struct Results {
     int read;
     int write;
@@ -31,11 +30,11 @@ struct FaultRow {
     const char* subError = "00";
 };
 
-// Over Modbus a request is repeated once, and an answer that only comes late still counts. What
-// carries a right checksum but another value cannot be told from the truth.
+// Over Modbus a request is repeated once, and a late reply still counts. A reply with a wrong value
+// but a correct checksum cannot be detected.
 constexpr FaultRow rows[] = {
     {"drop", {3, 3}, {3, 3}},
-    {"hang", {3, 3}, {3, 3}}, // not this request alone
+    {"hang", {3, 3}, {3, 3}}, // affects every request
     {"late ms=500", {3, 3}, {0, 0}},
     {"late ms=1100", {3, 3}, {3, 3}},
     {"garble", {1, 1}, {3, 3}},
@@ -54,7 +53,7 @@ constexpr FaultRow rows[] = {
 
 constexpr int SerialCtrlOnly = 0;
 
-/// Something that a user does on a page, and the request of it that meets the fault.
+/// A user action on a page, and the request of it to which the fault applies.
 struct UserAction {
     int page;
     const char* control;
@@ -62,11 +61,11 @@ struct UserAction {
     int command; ///< of SerialCtrl
     int reg;     ///< of Modbus
     bool isRead = false;
-    const char* timeout = nullptr; ///< its text, if it has one of its own
+    const char* timeout = nullptr; ///< the text of a time-out, if it differs from other failures
 };
 
-// What a page makes of a result does not depend on the protocol, so over Modbus, where time-outs
-// take long, one of each kind is enough.
+// How a page handles a result does not depend on the protocol. Time-outs take long over Modbus, so
+// one action of each kind is enough there.
 constexpr UserAction actions[] = {
     {BasicTab, "pushButton_BasicBeep", "beep", 0x62, 1010, false, "Timeout for %1 node '0x02'..."},
     {SettingTab, "pushButton_SettingReadCurrentLimit2", "getFingerCurrentLimit", 0x05, 1097, true},
@@ -77,8 +76,8 @@ constexpr UserAction actions[] = {
 };
 } // namespace
 
-/// Replies that are spoilt in every way, under what is mainly done on the pages, over both
-/// protocols: the text, and that the same works right afterwards.
+/// Applies every fault to the main actions of the pages over both protocols. Checks the error text,
+/// and that the same action succeeds afterwards.
 class TestFaults : public HandTest
 {
     Q_OBJECT
@@ -90,11 +89,11 @@ private slots:
 private:
     void goTo(const UserAction& action) const;
     void act(const UserAction& action) const;
-    bool isAsked(const UserAction& action) const;
-    bool isAnswered() const;
+    bool isRequested(const UserAction& action) const;
+    bool areAllAnswered() const;
     QStringList failures() const;
 
-    bool m_hangs = false; ///< the hand; requests before the one that is meant fail as well
+    bool m_hangs = false; ///< the hand; earlier requests of the action fail as well
 };
 
 void TestFaults::faults_data()
@@ -103,7 +102,7 @@ void TestFaults::faults_data()
     QTest::addColumn<bool>("modbus");
     for (const FaultRow& row : rows)
         for (const bool modbus : {false, true})
-            if (!modbus || row.fault != QString("wrong-host")) // there is no host in its frames
+            if (!modbus || row.fault != QString("wrong-host")) // Modbus frames contain no host
                 QTest::addRow("%s %s", row.fault, modbus ? "Modbus" : "SerialCtrl")
                     << &row << modbus;
 }
@@ -118,12 +117,12 @@ void TestFaults::goTo(const UserAction& action) const
         m_tool->click("pushButton_SeqInsert");
     else
         table->setCurrentCell(0, 0);
-    QTRY_VERIFY(m_tool->enabled("verticalSlider_SeqPos2")); // the hand has taken the pose
+    QTRY_VERIFY(m_tool->enabled("verticalSlider_SeqPos2")); // once the hand has taken the pose
 }
 
 void TestFaults::act(const UserAction& action) const
 {
-    m_tool->forgetShownTexts();
+    m_tool->clearShownTexts();
     m_hand->forgetTrace();
     if (auto* slider = qobject_cast<QSlider*>(m_tool->find<QWidget>(action.control))) {
         slider->setSliderDown(true);
@@ -131,23 +130,23 @@ void TestFaults::act(const UserAction& action) const
     } else {
         m_tool->click(action.control);
     }
-    QTRY_VERIFY(isAsked(action) ||
-                m_hangs); // on the Run page it may come after an exchange of the timer
+    // On the Run page the request may follow an exchange of the timer.
+    QTRY_VERIFY(isRequested(action) || m_hangs);
     QTRY_VERIFY(idle());
 }
 
-bool TestFaults::isAsked(const UserAction& action) const
+bool TestFaults::isRequested(const UserAction& action) const
 {
     const auto requests = m_hand->requests();
     return std::any_of(requests.begin(), requests.end(), [&](const TracedFrame& request) {
         return request.protocol == "modbus"
-                   ? qFromBigEndian<quint16>(request.bytes.constData() + 2) == action.reg
+                   ? qFromBigEndian<std::uint16_t>(request.bytes.constData() + 2) == action.reg
                    : request.bytes[4] == action.command;
     });
 }
 
-/// Whether no reply is outstanding that could meet the next request.
-bool TestFaults::isAnswered() const
+/// Whether no late reply is outstanding, which the next request could receive.
+bool TestFaults::areAllAnswered() const
 {
     return m_hand->trace().size() == 2 * m_hand->requests().size();
 }
@@ -157,7 +156,7 @@ QStringList TestFaults::failures() const
     QStringList texts = shown();
     texts.removeAll("Beep succeeded");
     texts.removeIf([](const QString& text) { return text.startsWith("getFingerCurrent("); });
-    texts.removeDuplicates(); // the player tells of every finger
+    texts.removeDuplicates(); // the player reports every finger
     return texts;
 }
 
@@ -175,18 +174,18 @@ void TestFaults::faults()
         goTo(action);
         const bool late = QString(row->fault).startsWith("late");
         if (late && !modbus && action.page == SequenceTab)
-            continue; // a late reply may pass for the answer to an equal next request
+            continue; // a late reply matches an equal next request
         m_hangs = row->fault == QString("hang");
-        tell(m_hangs ? "hang"
-                     : QString("fault %1 count=0 ").arg(row->fault) +
-                           (modbus ? QString("command=%1 register=%2")
-                                         .arg(action.isRead ? 3 : 6)
-                                         .arg(action.reg)
-                                   : QString("command=%1").arg(action.command)));
+        command(m_hangs ? "hang"
+                        : QString("fault %1 count=0 ").arg(row->fault) +
+                              (modbus ? QString("command=%1 register=%2")
+                                            .arg(action.isRead ? 3 : 6)
+                                            .arg(action.reg)
+                                      : QString("command=%1").arg(action.command)));
         act(action);
         int result = action.isRead ? results.read : results.write;
         if (late && !modbus && action.command == WritePid && !QString(row->fault).endsWith("1100"))
-            result = 0; // the hand is given longer for it
+            result = 0; // its time-out is longer
         QString text = QString("%1(0x02, ...) returned 0x%2 (sub err %3)")
                            .arg(action.operation)
                            .arg(result, 2, 16, QChar('0'))
@@ -195,10 +194,10 @@ void TestFaults::faults()
             text = QString(action.timeout).replace("%1", modbus ? "ModBus-RTU" : "SerialCtrl");
         QTRY_COMPARE(failures().join("|"), result == 0 ? QString() : text);
 
-        tell(m_hangs ? "hang off" : "clear");
+        command(m_hangs ? "hang off" : "clear");
         m_hangs = false;
         if (late)
-            QTRY_VERIFY(isAnswered());
+            QTRY_VERIFY(areAllAnswered());
         goTo(action);
         act(action);
         QCOMPARE(failures(), QStringList());

@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QScrollBar>
 #include <QSlider>
@@ -16,8 +15,7 @@
 namespace vanto
 {
 
-/// The form: every named widget is there, has a name for assistive tools, a place in the tab
-/// order and room for its text.
+/// The form: accessible names, the tab order, and that no text is cut off.
 class TestForm : public QObject
 {
     Q_OBJECT
@@ -100,9 +98,7 @@ void TestForm::nothingIsCut()
     QFETCH(QString, language);
     QCOMPARE(Translation::install(language), !language.isEmpty());
     TestWindow tool;
-    QFile sheet(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
-    if (!theme.isEmpty() && sheet.open(QFile::ReadOnly))
-        qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    qApp->setStyleSheet(styleSheetOf(theme));
     tool.window()->resize(size);
     auto* tabs = tool.find<QTabWidget>("tabWidget");
     tabs->setTabVisible(3, true);
@@ -119,7 +115,7 @@ void TestForm::nothingIsCut()
                                               button->height() >= button->sizeHint().height()),
                      qPrintable(button->objectName()));
         for (auto* scroller : tabs->tabBar()->findChildren<QAbstractButton*>())
-            QVERIFY(!scroller->isVisible()); // they come when the tabs have no room
+            QVERIFY(!scroller->isVisible()); // visible when the tabs do not fit
         for (auto* field : tabs->currentWidget()->findChildren<QLineEdit*>())
             QVERIFY2(field->width() >= field->fontMetrics().horizontalAdvance("-327.68") + 4,
                      qPrintable(field->objectName()));
@@ -143,13 +139,13 @@ void TestForm::tabOrder()
             order.append(widget->objectName());
         widget = widget->nextInFocusChain();
     } while (widget != first);
-    const auto comesBefore = [&](const char* a, const char* b) {
+    const auto precedes = [&](const char* a, const char* b) {
         return order.contains(a) && order.contains(b) && order.indexOf(a) < order.indexOf(b);
     };
-    QVERIFY(comesBefore("comboBox_Devices", "pushButton_ScanDevices"));
-    QVERIFY(comesBefore("pushButton_SettingWriteForceLimit0", "lineEdit_SettingP1"));
-    QVERIFY(comesBefore("lineEdit_RunCurrent0", "verticalSlider_RunPos1"));
-    QVERIFY(comesBefore("tableWidget_Seq", "pushButton_SeqInsert"));
+    QVERIFY(precedes("comboBox_Devices", "pushButton_ScanDevices"));
+    QVERIFY(precedes("pushButton_SettingWriteForceLimit0", "lineEdit_SettingP1"));
+    QVERIFY(precedes("lineEdit_RunCurrent0", "verticalSlider_RunPos1"));
+    QVERIFY(precedes("tableWidget_Seq", "pushButton_SeqInsert"));
 }
 
 VANTO_TEST(TestForm)

@@ -19,38 +19,36 @@ private slots:
     void cleanup() { close(); }
     void init();
     void modes();
-    void dragPreviewsOnly();
-    void releasesAreSentTickByTick();
-    void leavingDropsWhatIsPending();
-    void setSendsAtOnce_data();
-    void setSendsAtOnce();
+    void releasesAreSentOnePerTick();
+    void leavingDiscardsPendingMotions();
+    void setSendsImmediately_data();
+    void setSendsImmediately();
     void readBacks_data();
     void readBacks();
     void setDuringTick();
-    void modeChangesMoveNothing();
-    void heldSliderStays();
+    void modeChangeMovesNothing();
+    void readBackKeepsHeldSlider();
     void failures();
-    void silentHandHonoursClicks();
-    void wheelAndKeys();
+    void clicksReachSilentHand();
+    void dragWheelAndKeys();
     void forcePage();
 
 private:
     QSlider* slider(int finger) const;
     void release(int finger, int value) const;
     void setMode(int mode) const;
-    void setField(const QString& name, const QString& text) const;
     QStringList motions() const { return frames({0x4C, 0x4D}); }
 };
 
 void TestRun::init()
 {
     const QString test = QTest::currentTestFunction();
-    if (test == "failures" || test == "silentHandHonoursClicks" ||
-        test == "leavingDropsWhatIsPending")
+    if (test == "failures" || test == "clicksReachSilentHand" ||
+        test == "leavingDiscardsPendingMotions")
         expectTimeouts();
     open();
     m_tool->showPage(2);
-    forget();
+    clearRecords();
 }
 
 QSlider* TestRun::slider(int finger) const
@@ -58,7 +56,7 @@ QSlider* TestRun::slider(int finger) const
     return m_tool->find<QSlider>(QString("verticalSlider_RunPos%1").arg(finger));
 }
 
-/// What a person's drag does: moves and a release.
+/// What a drag does: moves the slider and releases it.
 void TestRun::release(int finger, int value) const
 {
     slider(finger)->setSliderDown(true);
@@ -70,17 +68,12 @@ void TestRun::setMode(int mode) const
 {
     m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(mode);
     QTRY_VERIFY(slider(0)->isEnabled());
-    m_tool->forgetShownTexts();
-}
-
-void TestRun::setField(const QString& name, const QString& text) const
-{
-    m_tool->setField(name, text);
+    m_tool->clearShownTexts();
 }
 
 void TestRun::modes()
 {
-    tell("set 2 position 1 32768");
+    command("set 2 position 1 32768");
     m_tool->find<RunPage>("tab_Run")->reloadRunInfo();
     QTRY_COMPARE(m_tool->field("lineEdit_RunPos1"), "32768");
     QCOMPARE(slider(1)->value(), 32768);
@@ -99,46 +92,36 @@ void TestRun::modes()
     QCOMPARE(motions(), QStringList());
 }
 
-void TestRun::dragPreviewsOnly()
-{
-    slider(3)->setSliderDown(true);
-    for (int value = 0; value < 40000; value += 10000)
-        slider(3)->setSliderPosition(value);
-    QCOMPARE(m_tool->field("lineEdit_RunPos3"), "30000");
-    QTest::qWait(250); // two ticks
-    QCOMPARE(motions(), QStringList());
-}
-
-void TestRun::releasesAreSentTickByTick()
+void TestRun::releasesAreSentOnePerTick()
 {
     release(0, 1000);
     release(1, 2000);
-    setField("lineEdit_RunSpeed1", "300");
+    m_tool->setField("lineEdit_RunSpeed1", "300");
     release(1, 3000);
     QTRY_COMPARE(motions(), (QStringList{"4c 00e803ff", "4c 01d007ff", "4c 01b80b2c"}));
-    // Between two of them all the currents have been read.
+    // All currents are read between two of them.
     const QString kinds =
         frames({0x4C, 0x06}).replaceInStrings(QRegularExpression(" .*"), "").join(' ');
     QVERIFY2(QRegularExpression("4c( 06){6,} 4c( 06){6,} 4c").match(kinds).hasMatch(),
              qPrintable(kinds));
 }
 
-void TestRun::leavingDropsWhatIsPending()
+void TestRun::leavingDiscardsPendingMotions()
 {
     release(0, 1000);
     release(0, 2000);
     auto* tabs = m_tool->find<QTabWidget>("tabWidget");
     tabs->setCurrentIndex(0);
     tabs->setCurrentIndex(2);
-    QTest::qWait(250);
+    QTest::qWait(250); // two ticks, which send nothing
     QCOMPARE(motions(), QStringList());
     release(2, 5);
-    m_tool->click("pushButton_RefreshPorts"); // nor is anything sent to a closed device
-    QTest::qWait(250);
+    m_tool->click("pushButton_RefreshPorts");
+    QTest::qWait(250); // nothing is sent to a closed device
     QCOMPARE(motions(), QStringList());
 }
 
-void TestRun::setSendsAtOnce_data()
+void TestRun::setSendsImmediately_data()
 {
     addTextRows({"mode", "typed", "speed", "sent"},
                 {{"0", "1000", "255", "4c 04e803ff"},
@@ -153,14 +136,14 @@ void TestRun::setSendsAtOnce_data()
                  {"1", "nan", "1", "4d 04000001"}});
 }
 
-void TestRun::setSendsAtOnce()
+void TestRun::setSendsImmediately()
 {
     QFETCH(QString, mode);
     QFETCH(QString, typed);
     QFETCH(QString, speed);
     setMode(mode.toInt());
-    setField("lineEdit_RunPos4", typed);
-    setField("lineEdit_RunSpeed4", speed);
+    m_tool->setField("lineEdit_RunPos4", typed);
+    m_tool->setField("lineEdit_RunSpeed4", speed);
     m_tool->click("pushButton_RunSetPos4");
     QTRY_COMPARE(motions().size(), 1);
     QTEST(motions().constFirst(), "sent");
@@ -178,32 +161,31 @@ void TestRun::readBacks_data()
     QTest::newRow("Set, angle") << 1 << true << true << true;
 }
 
-/// The target is changed behind the tool's back before it is read back.
 void TestRun::readBacks()
 {
     QFETCH(int, mode);
     QFETCH(bool, bySet);
     setMode(mode);
-    // The motion's own answer comes late, and by then the target is another one.
-    tell(QString("fault late ms=60 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
-    QTimer watch;
-    connect(&watch, &QTimer::timeout, this, [&] {
+    // The reply to the motion is late; before it arrives the target changes.
+    command(QString("fault late ms=60 command=0x4%1").arg(mode == 0 ? 'c' : 'd'));
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
         if (motions().isEmpty())
             return;
-        watch.stop();
-        tell("set 2 target 2 32768");
+        timer.stop();
+        command("set 2 target 2 32768");
     });
-    watch.start(3);
+    timer.start(3);
     if (bySet) {
-        setField("lineEdit_RunPos2", mode == 0 ? "40000" : "150.00");
+        m_tool->setField("lineEdit_RunPos2", mode == 0 ? "40000" : "150.00");
         m_tool->click("pushButton_RunSetPos2");
     } else {
         release(2, mode == 0 ? 40000 : 15000);
     }
-    QTRY_VERIFY(!watch.isActive());
+    QTRY_VERIFY(!timer.isActive());
     QTRY_VERIFY(!frames({0x0B, 0x0C}).isEmpty());
     QTRY_VERIFY(idle());
-    // Both hold what was asked for until the read-back, but a slider has not moved by Set.
+    // Field and slider show the requested value until the read-back; Set does not move the slider.
     const QString back = mode == 0 ? "32768" : "134.05";
     const int backValue = mode == 0 ? 32768 : 13405;
     QFETCH(bool, fieldFollows);
@@ -218,44 +200,45 @@ void TestRun::readBacks()
 
 void TestRun::setDuringTick()
 {
-    tell("fault late count=0 ms=20"); // a whole tick takes 120 ms
-    setField("lineEdit_RunPos1", "1111");
+    command("fault late count=0 ms=20"); // a whole tick takes 120 ms
+    m_tool->setField("lineEdit_RunPos1", "1111");
     QTRY_VERIFY(!m_hand->requests().isEmpty());
     const auto before = m_hand->requests().size();
     m_tool->click("pushButton_RunSetPos1");
-    setField("lineEdit_RunPos1", "2222"); // the click's value counts
+    m_tool->setField("lineEdit_RunPos1", "2222"); // the value at the click counts
     QTRY_COMPARE(motions(), QStringList{"4c 015704ff"});
-    // The tick ends after the exchange that was under way, which may not have been traced before.
+    // The tick ends after the current exchange, which the trace may not have contained before.
     QVERIFY(frames().mid(before, 2).contains("4c 015704ff"));
     QTRY_VERIFY(!m_tool->field("lineEdit_RunCurrent5").isEmpty());
     QCOMPARE(shown(), QStringList());
 }
 
-/// Until all is shown anew, fields and sliders are still in the old unit.
-void TestRun::modeChangesMoveNothing()
+/// Until the reload, fields and sliders show the old unit.
+void TestRun::modeChangeMovesNothing()
 {
-    tell("fault late count=0 ms=30");
-    setField("lineEdit_RunPos1", "30000");
+    command("fault late count=0 ms=30");
+    m_tool->setField("lineEdit_RunPos1", "30000");
     slider(2)->setSliderDown(true);
     slider(2)->setSliderPosition(20000);
-    duringExchange([&] { // of a tick, so that the change has to wait
+    duringExchange([&] { // of a tick, so that the change is queued
         m_tool->find<QComboBox>("comboBox_RunPosOrAngle")->setCurrentIndex(1);
         m_tool->click("pushButton_RunSetPos1");
     });
     QTRY_COMPARE(slider(2)->maximum(), 17852);
     QTRY_VERIFY(slider(2)->isEnabled());
-    QTest::qWait(150);
-    QCOMPARE(motions(), QStringList{"4c 013075ff"}); // nor is the held slider taken as released
+    QTRY_COMPARE(motions(), QStringList{"4c 013075ff"});
+    QTest::qWait(150); // the held slider does not count as released
+    QCOMPARE(motions().size(), 1);
 }
 
-void TestRun::heldSliderStays()
+void TestRun::readBackKeepsHeldSlider()
 {
     setMode(1);
     release(2, 10000);
     slider(2)->setSliderDown(true);
     slider(2)->setSliderPosition(12000);
-    QTRY_COMPARE(motions().size(), 1);
-    QTest::qWait(150); // the read-back
+    QTRY_COMPARE(frames({0x0C}).size(), 1); // the read-back
+    QTRY_VERIFY(idle());
     slider(2)->setSliderDown(false);
     QTRY_COMPARE(motions(), (QStringList{"4d 021027ff", "4d 02e02eff"}));
 }
@@ -263,23 +246,23 @@ void TestRun::heldSliderStays()
 void TestRun::failures()
 {
     const QString refused = "(0x02, ...) returned 0xff (sub err 21)";
-    tell("fault refuse command=0x4c");
+    command("fault refuse command=0x4c");
     m_tool->click("pushButton_RunSetPos0");
     QTRY_COMPARE(m_tool->errorText(), "setFingerPos" + refused);
-    tell("fault refuse command=0x0b");
+    command("fault refuse command=0x0b");
     m_tool->click("pushButton_RunSetPos0");
     QTRY_COMPARE(m_tool->errorText(), "getFingerpos" + refused);
-    tell("fault refuse command=0x0b");
+    command("fault refuse command=0x0b");
     release(0, 99);
     QTRY_COMPARE(m_tool->errorText(), "getFingerPos" + refused);
-    tell("fault drop command=0x4c");
+    command("fault drop command=0x4c");
     release(0, 98);
     QTRY_COMPARE(m_tool->errorText(), "setFingerPos(0x02, ...) returned 0x03 (sub err 00)");
-    QTest::qWait(150);
-    QCOMPARE(motions().size(), 4); // a failed command is not repeated
+    QTest::qWait(150); // a failed command is not repeated
+    QCOMPARE(motions().size(), 4);
 }
 
-void TestRun::silentHandHonoursClicks()
+void TestRun::clicksReachSilentHand()
 {
     m_hand->command("hang");
     QTRY_VERIFY(!m_tool->errorText().isEmpty());
@@ -290,17 +273,22 @@ void TestRun::silentHandHonoursClicks()
     });
     QTRY_VERIFY(before >= 0);
     QTRY_COMPARE(motions().size(), 1);
-    // At most what was under way comes first.
+    // At most the request that was in progress precedes it.
     QVERIFY(frames().mid(before, 2).contains(motions().constFirst()));
     m_tool->showPage(0);
     QTRY_VERIFY(idle());
     m_hand->forgetTrace();
-    QTest::qWait(150);
+    QTest::qWait(150); // other pages send nothing
     QCOMPARE(m_hand->requests().size(), 0);
 }
 
-void TestRun::wheelAndKeys()
+/// Only a release sends a motion; until then the field shows a preview.
+void TestRun::dragWheelAndKeys()
 {
+    slider(3)->setSliderDown(true);
+    for (int value = 0; value < 40000; value += 10000)
+        slider(3)->setSliderPosition(value);
+    QCOMPARE(m_tool->field("lineEdit_RunPos3"), "30000");
     const QPointF at = slider(0)->rect().center();
     QWheelEvent wheel(at, slider(0)->mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
@@ -309,13 +297,13 @@ void TestRun::wheelAndKeys()
     QTest::keyClick(slider(0), Qt::Key_PageUp);
     QVERIFY(slider(0)->sliderPosition() > 0);
     QCOMPARE(m_tool->field("lineEdit_RunPos0"), QString::number(slider(0)->sliderPosition()));
-    QTest::qWait(150);
+    QTest::qWait(250); // two ticks, which send nothing
     QCOMPARE(motions(), QStringList());
     QTest::keyClick(slider(0), Qt::Key_Return);
     QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
     QApplication::sendEvent(slider(0), &repeated);
     QTRY_COMPARE(motions().size(), 1);
-    QTest::qWait(150);
+    QTest::qWait(150); // the repeated key sends nothing
     QCOMPARE(motions().size(), 1);
 }
 
@@ -325,7 +313,7 @@ void TestRun::forcePage()
     QTRY_VERIFY(idle());
     m_hand->forgetTrace();
     QTest::ignoreMessage(QtDebugMsg, "MainWindow::updateForce()");
-    QTest::qWait(250);
+    QTest::qWait(250); // two ticks, which send nothing
     QCOMPARE(m_hand->requests().size(), 0);
 }
 

@@ -20,22 +20,20 @@ class TestScan : public HandTest
 private slots:
     void init()
     {
-        for (const char* scans : {"findsAllHands", "stopFinishesTheNode", "widgetsDuringScan",
+        for (const char* scans : {"findsAllHands", "stopAfterCurrentNode", "widgetsDuringScan",
                                   "badAnswers", "pageTimers"})
             if (QTest::currentTestFunction() == QString(scans))
-                expectTimeouts(300); // of nodes that are absent
+                expectTimeouts(300); // of absent nodes
     }
     void cleanup() { close(); }
     void listsPorts();
     void findsAllHands();
     void entryTexts();
-    void stopFinishesTheNode();
+    void stopAfterCurrentNode();
     void widgetsDuringScan();
     void portNotOpened_data();
     void portNotOpened();
     void badAnswers();
-    void forceSensing_data();
-    void forceSensing();
     void badEntries_data();
     void badEntries();
     void pageTimers();
@@ -78,16 +76,16 @@ void TestScan::entryTexts()
     DeviceEntry entry{0x1F, "SerialCtrl", 1, 4, 300, 3, 2};
     QCOMPARE(entry.text(), "0x1f (SerialCtrl V1.4.300, Protocol V3.2)");
     open({"--node", "31"});
-    tell("fault refuse error=0x21");
+    command("fault refuse error=0x21");
     m_tool->click("pushButton_BasicBeep");
     QCOMPARE(m_tool->errorText(), "beep(0x1f, ...) returned 0xff (sub err 21)");
 }
 
-void TestScan::stopFinishesTheNode()
+void TestScan::stopAfterCurrentNode()
 {
     open({"--node", "2", "--node", "3"}, 0);
     auto* scan = m_tool->find<QPushButton>("pushButton_ScanDevices");
-    const auto secondHalf = [scan] { // of a double click, which counts as one click
+    const auto secondHalf = [scan] { // of a double click, which counts as a single click
         QTest::mouseDClick(scan, Qt::LeftButton);
         QTest::mouseRelease(scan, Qt::LeftButton);
     };
@@ -110,32 +108,32 @@ void TestScan::widgetsDuringScan()
     open({"--node", "2"}, 0);
     auto* progress = m_tool->find<QProgressBar>("progressBar_Scan");
     QVERIFY(!progress->isVisible());
-    bool looked = false;
-    const auto look = [&] {
-        looked = true;
+    bool checked = false;
+    const auto check = [&] {
+        checked = true;
         QCOMPARE(m_tool->find<QPushButton>("pushButton_ScanDevices")->text(), "Stop");
         QVERIFY(progress->isVisible() && progress->value() >= 2 && progress->maximum() == 255);
         for (const char* name :
              {"pushButton_RefreshPorts", "comboBox_Ports", "comboBox_Devices", "tabWidget"})
             QVERIFY2(!m_tool->enabled(name), name);
         QVERIFY(!m_tool->find<QAction>("action_Force_Update")->isEnabled());
-        // The error text stays beside the ordinary one.
+        // The error text does not replace the status text.
         QVERIFY(m_tool->find<QLabel>("label_StatusError")->isVisible());
         QVERIFY(m_tool->errorText().startsWith("Timeout"));
         QVERIFY(m_tool->statusText().startsWith("Trying"));
-        m_tool->trigger("action_About"); // need not wait for the end of the scan
+        m_tool->trigger("action_About"); // does not wait for the end of the scan
     };
     connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, this,
             [&](const QString& text) {
                 if (text == "Trying node '0x02'...")
-                    duringExchange(look);
+                    duringExchange(check);
             });
     DialogAnswer<QMessageBox> about([&](QMessageBox* box) {
         box->accept();
         m_tool->click("pushButton_ScanDevices");
     });
     m_tool->click("pushButton_ScanDevices");
-    QVERIFY(looked);
+    QVERIFY(checked);
     QCOMPARE(about.count(), 1);
     QVERIFY(!progress->isVisible());
     QVERIFY(m_tool->find<QAction>("action_Force_Update")->isEnabled());
@@ -144,7 +142,7 @@ void TestScan::widgetsDuringScan()
 
 void TestScan::portNotOpened_data()
 {
-    // "hand": that of a hand, and there is an obstacle.
+    // "hand": the port of a hand, which cannot be opened.
     addTextRows({"port", "cause"}, {{"/tmp/no/such%2/port%3", "The port is no longer available. "},
                                     {"", "No port is selected. "},
                                     {"hand", "Another program is using this port. "},
@@ -166,7 +164,7 @@ void TestScan::portNotOpened()
         } else {
             QVERIFY(QFile::setPermissions(port, {}));
             if (QFileInfo(port).isReadable())
-                QSKIP("root has every right; tst_scan_unprivileged is run by somebody else");
+                QSKIP("root has every permission; tst_scan_unprivileged covers this");
         }
     }
     TestWindow tool(port.isEmpty() ? QStringList() : QStringList{port});
@@ -191,34 +189,12 @@ void TestScan::portNotOpened()
 void TestScan::badAnswers()
 {
     open({"--node", "1", "--node", "2", "--node", "3"}, 0);
-    tell("fault refuse error=0x21 node=1 command=0x01");
-    tell("fault garble node=2 command=0x00");
+    command("fault refuse error=0x21 node=1 command=0x01");
+    command("fault garble node=2 command=0x00");
     m_tool->scanFor(1);
     QCOMPARE(m_tool->devices()->currentData().toInt(), 3);
     QVERIFY(shown().contains("getFirmwareVersion(0x01, ...) returned 0xff (sub err 21)"));
     QVERIFY(shown().contains("getProtocolVersion(0x02, ...) returned 0x01 (sub err 00)"));
-}
-
-void TestScan::forceSensing_data()
-{
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<bool>("visible");
-    QTest::newRow("with force sensing") << QStringList{"--node", "2"} << true;
-    QTest::newRow("without") << QStringList{"--node", "2", "--no-force"} << false;
-}
-
-void TestScan::forceSensing()
-{
-    QFETCH(QStringList, options);
-    open(options, 1);
-    auto* tabs = m_tool->find<QTabWidget>("tabWidget");
-    QTEST(tabs->isTabVisible(3), "visible");
-    QCOMPARE(frames({0x08}), QStringList{"08 0101"});
-
-    tabs->setCurrentIndex(3);
-    m_tool->click("pushButton_RefreshPorts");
-    QVERIFY(!tabs->isTabVisible(3));
-    QCOMPARE(tabs->currentIndex(), 0);
 }
 
 void TestScan::badEntries_data()
@@ -259,7 +235,7 @@ void TestScan::pageTimers()
     const auto* force = m_tool->find<QTimer>("forceTimer");
     tabs->setCurrentIndex(2);
     QVERIFY(!run->isActive());
-    m_tool->scanFor(1); // the page that is current gets its timer
+    m_tool->scanFor(1); // the timer of the current page starts
     QVERIFY(run->isActive() && run->interval() == 100);
     tabs->setCurrentIndex(3);
     QVERIFY(!run->isActive() && force->isActive() && force->interval() == 100);

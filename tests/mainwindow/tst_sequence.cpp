@@ -34,25 +34,27 @@ class TestSequence : public HandTest
 private slots:
     void init();
     void cleanup() { close(); }
-    void insertTakesThePose();
-    void enabling();
+    void insertReadsPose();
+    void enabledControls();
     void selectingPlaysForEdit();
     void runs_data();
     void runs();
-    void nothingElseMoves();
-    void rowsMoveAndGo();
+    void nothingElseMovesFingers();
+    void moveAndDeleteRows();
     void editors_data();
     void editors();
-    void sliderReleaseStores();
-    void typedBelongsToItsRow();
+    void sliderReleaseIsStored();
+    void typedTextBelongsToItsRow();
     void loadAndSave();
     void shortSteps();
-    void stopEndsEverything_data();
+    void stopEndsEverything_data()
+    {
+        addTextRows({"way"}, {{"Stop"}, {"page"}, {"port"}, {"device"}, {"Refresh"}, {"update"}});
+    }
     void stopEndsEverything();
-    void overCurrent();
     void staleRequests_data();
     void staleRequests();
-    void stopInThePose();
+    void stopDuringPose();
 
 private:
     QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
@@ -69,7 +71,7 @@ void TestSequence::init()
         expectTimeouts();
     open({"--node", "2", "--speed", "50"});
     pages()->setCurrentIndex(SequenceTab);
-    forget();
+    clearRecords();
 }
 
 QString TestSequence::row(int row) const
@@ -97,7 +99,7 @@ void TestSequence::load(const QByteArray& json) const
     QVERIFY(QTest::qWaitForWindowActive(m_tool->window()));
 }
 
-/// As a click does it; returns when the hand has taken the step's pose.
+/// Selects the row as a click does; returns when the hand has taken the pose of the step.
 void TestSequence::select(int row) const
 {
     table()->setCurrentCell(row, 0);
@@ -105,9 +107,9 @@ void TestSequence::select(int row) const
     m_hand->forgetTrace();
 }
 
-void TestSequence::insertTakesThePose()
+void TestSequence::insertReadsPose()
 {
-    tell("set 2 position 1 4660");
+    command("set 2 position 1 4660");
     m_tool->click("pushButton_SeqInsert");
     QCOMPARE(row(0).section(' ', 1, 2).section(' ', 1), "4660");
     QCOMPARE(motions(), QStringList()); // not before the row is selected
@@ -121,15 +123,15 @@ void TestSequence::insertTakesThePose()
     QTRY_COMPARE(table()->currentRow(), 1);
     table()->setCurrentCell(-1, -1);
     QTRY_VERIFY(m_tool->enabled("pushButton_SeqInsert"));
-    tell("fault refuse command=0x0f"); // is passed over in silence
-    m_tool->forgetShownTexts();
+    command("fault refuse command=0x0f"); // without a message
+    m_tool->clearShownTexts();
     m_tool->click("pushButton_SeqInsert");
-    QCOMPARE(row(1), "0 0 0 0 0 0");       // after the first when none is current
-    m_tool->click("pushButton_SeqDelete"); // so that nothing is selected any more
+    QCOMPARE(row(1), "0 0 0 0 0 0");       // after the first row when none is current
+    m_tool->click("pushButton_SeqDelete"); // so that the delayed selection finds no row
     QCOMPARE(shown(), QStringList());
 }
 
-void TestSequence::enabling()
+void TestSequence::enabledControls()
 {
     const QStringList controls{
         "verticalSlider_SeqPos3", "lineEdit_SeqDelay",  "tableWidget_Seq",
@@ -146,7 +148,7 @@ void TestSequence::enabling()
     QCOMPARE(enabled(), "001111100r"); // no row
     select(0);
     QCOMPARE(enabled(), "111111100w"); // a row
-    tell("set 2 position 0 60000");
+    command("set 2 position 0 60000");
     m_tool->setField("lineEdit_SeqDelay", "60000");
     emit m_tool->find<QLineEdit>("lineEdit_SeqDelay")->editingFinished();
     m_tool->click("pushButton_SeqRun");
@@ -161,16 +163,16 @@ void TestSequence::enabling()
 
 void TestSequence::selectingPlaysForEdit()
 {
-    // The player knows the hand from its opening on.
+    // The player knows the hand as soon as it is open.
     const SequenceData wave{.sequences = {{{1}, {2}, 0}}};
     QVERIFY(m_tool->window()->findChild<SequencePlayer*>()->play(wave, 0, 0, false));
     QCOMPARE(motions(), QStringList{"4c 00010002"});
-    forget();
+    clearRecords();
     m_tool->find<SequencePage>("tab_Sequence")->updateSequenceTab();
     load(TwoSteps);
     table()->setFocus();
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, {}, /*autorep=*/true);
-    QApplication::sendEvent(table(), &held); // since before the page came
+    QApplication::sendEvent(table(), &held); // pressed before the page was shown
     QCOMPARE(table()->currentRow(), -1);
     QTest::keyClick(table(), Qt::Key_Down);
     QTRY_COMPARE(motions().size(), 11);
@@ -184,17 +186,16 @@ void TestSequence::selectingPlaysForEdit()
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell);
     QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cell);
     QCOMPARE(motions(), FirstStep);
-    QCOMPARE(frames({0x0F}), QStringList()); // sent once and not followed
+    QCOMPARE(frames({0x0F}), QStringList()); // sent once and not polled
 }
 
 void TestSequence::runs_data()
 {
     QTest::addColumn<int>("current");
-    QTest::addColumn<int>("sent");
-    QTest::newRow("no row") << -1 << 12;
-    QTest::newRow("first") << 0 << 12;
-    QTest::newRow("last starts at the top") << 1 << 12;
-    QTest::newRow("middle") << 2 << 12;
+    QTest::newRow("no row") << -1;
+    QTest::newRow("first") << 0;
+    QTest::newRow("last starts at the top") << 1;
+    QTest::newRow("middle") << 2;
 }
 
 void TestSequence::runs()
@@ -211,20 +212,20 @@ void TestSequence::runs()
         select(current);
     m_tool->click("pushButton_SeqRun");
     QTRY_VERIFY(!m_tool->enabled("pushButton_SeqStop"));
-    QTEST(static_cast<int>(motions().size()), "sent");
+    QCOMPARE(motions().size(), 12);
     QCOMPARE(motions().first(6), FirstStep);
     QCOMPARE(motions().constLast(), "4c 053c00ff");
     QCOMPARE(table()->currentRow(), table()->rowCount() - 1);
-    QCOMPARE(m_tool->field("lineEdit_SeqPos5"), "60"); // of the row that is current now
+    QCOMPARE(m_tool->field("lineEdit_SeqPos5"), "60"); // of the current row
 }
 
-void TestSequence::nothingElseMoves()
+void TestSequence::nothingElseMovesFingers()
 {
     load(TwoSteps);
     m_tool->devices()->setFocus();
     m_tool->find<DeviceBar>("deviceBar")->openCurrentDevice();
     QVERIFY(m_tool->devices()->hasFocus());
-    forget();
+    clearRecords();
     pages()->setCurrentIndex(0);
     pages()->setCurrentIndex(SequenceTab);
     QVERIFY(table()->hasFocus());
@@ -243,17 +244,17 @@ void TestSequence::nothingElseMoves()
     QCOMPARE(frames(), QStringList());
 }
 
-void TestSequence::rowsMoveAndGo()
+void TestSequence::moveAndDeleteRows()
 {
     load(TwoSteps);
     select(0);
     m_tool->click("pushButton_SeqDown");
     QCOMPARE(row(1), "6000 1000 2000 3000 4000 5000");
     QTRY_COMPARE(motions().size(), 11);
-    QCOMPARE(motions().last(6), FirstStep); // it is still that step that is selected
+    QCOMPARE(motions().last(6), FirstStep); // the same step is selected
     QTRY_VERIFY(table()->isEnabled());
     m_hand->forgetTrace();
-    m_tool->click("pushButton_SeqDown"); // is the last
+    m_tool->click("pushButton_SeqDown"); // already the last
     QCOMPARE(motions(), QStringList());
     m_tool->click("pushButton_SeqUp");
     QTRY_COMPARE(motions().size(), 11);
@@ -263,7 +264,7 @@ void TestSequence::rowsMoveAndGo()
     m_hand->forgetTrace();
     m_tool->click("pushButton_SeqDelete");
     QTRY_COMPARE(motions().size(), 11);
-    QCOMPARE(motions()[5], "4c 000a0001"); // of the row that is current then
+    QCOMPARE(motions()[5], "4c 000a0001"); // of the row that becomes current
     QCOMPARE(table()->rowCount(), 1);
 }
 
@@ -294,11 +295,11 @@ void TestSequence::editors()
     QTEST(edit->text(), "shown");
     select(1);
     table()->setCurrentCell(0, 0);
-    m_tool->click("pushButton_SeqStop"); // it may last as long as the delay
+    m_tool->click("pushButton_SeqStop"); // does not wait for the delay of the step
     QTEST(edit->text(), "stored");
 }
 
-void TestSequence::sliderReleaseStores()
+void TestSequence::sliderReleaseIsStored()
 {
     load(TwoSteps);
     select(0);
@@ -311,8 +312,8 @@ void TestSequence::sliderReleaseStores()
     QCOMPARE(frames({0x4C, 0x0B}), (QStringList{"4c 023075fd", "0b 02"}));
     QCOMPARE(row(0), "6000 1000 2000 30000 4000 5000");
 
-    for (const auto& [command, operation] : {std::pair{"0x4c", "set"}, {"0x0b", "get"}}) {
-        tell(QString("fault refuse error=0x07 command=") + command);
+    for (const auto& [code, operation] : {std::pair{"0x4c", "set"}, {"0x0b", "get"}}) {
+        command(QString("fault refuse error=0x07 command=") + code);
         slider->setSliderDown(true);
         slider->setSliderPosition(50000);
         slider->setSliderDown(false);
@@ -322,15 +323,15 @@ void TestSequence::sliderReleaseStores()
     }
 }
 
-/// Qt tells that editing has finished when a field is disabled, too.
-void TestSequence::typedBelongsToItsRow()
+/// QLineEdit also emits editingFinished() when it is disabled.
+void TestSequence::typedTextBelongsToItsRow()
 {
     load(TwoSteps);
     select(0);
     auto* delay = m_tool->find<QLineEdit>("lineEdit_SeqDelay");
     delay->setFocus();
     delay->setText("777");
-    select(1); // not by a click, which would have taken the focus before
+    select(1); // not by a click, which would take the focus first
     QCOMPARE(delay->text(), "40");
     select(0);
     QCOMPARE(delay->text(), "777");
@@ -371,7 +372,7 @@ void TestSequence::shortSteps()
     QCOMPARE(m_tool->field("lineEdit_SeqPos1") + '|' + m_tool->field("lineEdit_SeqPos2") + '|' +
                  m_tool->field("lineEdit_SeqSpeed1"),
              "6||");
-    QTest::keyClick(m_tool->find<QLineEdit>("lineEdit_SeqSpeed1"), Qt::Key_Return); // still none
+    QTest::keyClick(m_tool->find<QLineEdit>("lineEdit_SeqSpeed1"), Qt::Key_Return); // no value
     m_tool->click("pushButton_SeqRun");
     QCOMPARE(motions(), QStringList{"4c 00050009"});
     load(R"({"version":1,"position_type":"position","sequences":[{"position":[5,6]},
@@ -381,18 +382,11 @@ void TestSequence::shortSteps()
     QCOMPARE(row(0) + '|' + row(1), "6 1 2 3 4 5|- 5 6 - - -");
 }
 
-void TestSequence::stopEndsEverything_data()
-{
-    QTest::addColumn<QString>("way");
-    for (const char* way : {"Stop", "page", "port", "device", "Refresh", "update"})
-        QTest::newRow(way) << way;
-}
-
-/// At a random moment of a run, also while a step is being sent.
+/// Acts at a random moment of a run, possibly while a step is being sent.
 void TestSequence::stopEndsEverything()
 {
     QFETCH(QString, way);
-    tell("fault late ms=15 count=0"); // widens the moments inside of exchanges
+    command("fault late ms=15 count=0"); // makes exchanges longer
     load(TwoSteps);
     DialogAnswer<QInputDialog> updateSource([](auto* dialog) { dialog->reject(); });
     const int wait = QRandomGenerator::global()->bounded(300);
@@ -415,44 +409,36 @@ void TestSequence::stopEndsEverything()
     });
     m_tool->click("pushButton_SeqRun");
     QTRY_VERIFY(acted && idle());
-    // What was on its way at that moment may still be traced.
+    // A request that was in progress may be traced afterwards.
     QVERIFY2(motions().size() <= 1, qPrintable(QString::number(wait) + motions().join('|')));
     QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
     QTRY_VERIFY(idle());
     m_hand->forgetTrace();
-    QTest::qWait(150); // longer than a poll and a step's delay
+    QTest::qWait(150); // longer than a poll and the delay of a step, which send nothing
     QCOMPARE(motions(), QStringList());
-}
-
-void TestSequence::overCurrent()
-{
-    load(TwoSteps);
-    tell("set 2 current 1 80");
-    m_tool->click("pushButton_SeqRun");
-    QTRY_COMPARE(m_tool->errorText(), "Index has too big current: 80 mA");
-    QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
 }
 
 void TestSequence::staleRequests_data()
 {
     QTest::addColumn<QString>("change");
-    QTest::addColumn<int>("motions");
+    QTest::addColumn<int>("sent");
     QTest::addColumn<QString>("rows");
     const QString released = "6000 1000 2000 30000 4000 5000";
     QTest::newRow("deleted, the other row plays") << "pushButton_SeqDelete" << 12 << released + '|';
     QTest::newRow("page left") << "" << 1 << released + "|60 10 20 30 40 50";
     QTest::newRow("other row") << "row" << 12 << released + "|60 10 20 30 40 50";
-    // What was released belongs to the step, wherever its row goes.
+    // The released value belongs to the step, even if its row moves.
     QTest::newRow("moved") << "pushButton_SeqUp" << 12 << "60 10 20 30 40 50|" + released;
 }
 
-/// While a slider's release is under way a row is selected, and then something else happens.
+/// While the release of a slider is sent, a row is selected, and then the change is made.
 void TestSequence::staleRequests()
 {
     QFETCH(QString, change);
+    QFETCH(int, sent);
     load(TwoSteps);
     select(0);
-    tell("fault late ms=15 count=0");
+    command("fault late ms=15 count=0");
     duringExchange([&] {
         table()->setCurrentCell(1, 0);
         if (change.isEmpty()) {
@@ -468,23 +454,23 @@ void TestSequence::staleRequests()
     slider->setSliderDown(true);
     slider->setSliderPosition(30000);
     slider->setSliderDown(false);
-    QTest::qWait(50); // for what has waited to begin
-    QTRY_VERIFY(table()->isEnabled());
-    QTEST(static_cast<int>(motions().size()), "motions");
+    QTRY_VERIFY(motions().size() >= sent && table()->isEnabled());
+    QTest::qWait(50); // nothing else is sent
+    QCOMPARE(motions().size(), sent);
     QTEST(row(0) + '|' + (table()->rowCount() > 1 ? row(1) : QString()), "rows");
     if (change == "row")
         QCOMPARE(motions().constLast(), FirstStep.constLast());
 }
 
-void TestSequence::stopInThePose()
+void TestSequence::stopDuringPose()
 {
     load(TwoSteps);
     select(0);
-    tell("fault late ms=30 count=0");
+    command("fault late ms=30 count=0");
     duringExchange([&] { m_tool->click("pushButton_SeqStop"); });
     table()->setCurrentCell(1, 0);
     QVERIFY(motions().size() < 5);
-    QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // of the row that is current
+    QCOMPARE(m_tool->field("lineEdit_SeqPos0"), "10"); // of the current row
 }
 
 VANTO_TEST(TestSequence)

@@ -8,21 +8,20 @@ namespace vanto
 
 using Change = RequestQueue::Kind;
 
-/// The doors of the session and the order behind them, without a window.
+/// The order in which the session runs requests and changes, without a window.
 class TestSession : public QObject
 {
     Q_OBJECT
 private slots:
     void init();
-    void busyWaitsInOrder();
-    void lastOfAKindWins();
-    void scanComesLast();
-    void droppedRequests();
+    void queuedWhileBusy();
+    void orderOfChanges();
+    void discardedRequests();
     void nothingRunsInsideAJob();
     void ticks();
 
 private:
-    void ask(const QString& name, bool wanted = true);
+    void request(const QString& name, bool wanted = true);
     void change(Change kind, const QString& name);
 
     std::optional<std::uint8_t> m_node;
@@ -38,7 +37,7 @@ void TestSession::init()
     m_done.clear();
 }
 
-void TestSession::ask(const QString& name, bool wanted)
+void TestSession::request(const QString& name, bool wanted)
 {
     m_session->request([wanted] { return wanted; },
                        [this, name](const HandTarget& target) {
@@ -52,66 +51,57 @@ void TestSession::change(Change kind, const QString& name)
     m_session->runWhenIdle(kind, [this, name] { m_done.append(name); });
 }
 
-void TestSession::busyWaitsInOrder()
+void TestSession::queuedWhileBusy()
 {
     {
         const LineHold outer;
-        ask("a");
+        request("a");
         {
             const LineHold inner;
             change(Change::ReloadBasic, "reload");
         }
         m_node = 8;
-        ask("b");
+        request("b");
         QCoreApplication::processEvents();
         QCOMPARE(m_done, QStringList());
     }
-    ask("c"); // comes after those that wait already
+    request("c"); // runs after those that are queued already
     QCOMPARE(m_done, QStringList());
     QTRY_COMPARE(m_done, (QStringList{"a7", "reload", "b8", "c8"}));
 }
 
-void TestSession::lastOfAKindWins()
+/// Only the last change of a kind runs, and a scan runs after other changes of the connection.
+void TestSession::orderOfChanges()
 {
-    {
-        const LineHold line;
-        change(Change::ChangeDevice, "device 1");
-        change(Change::Update, "update");
-        change(Change::ReloadBasic, "reload 1");
-        change(Change::ChangeDevice, "device 2");
-        change(Change::ReloadBasic, "reload 2");
+    using enum RequestQueue::Kind;
+    const std::pair<QList<Change>, QStringList> rows[] = {
+        {{ChangeDevice, Update, ReloadBasic, ChangeDevice, ReloadBasic}, {"3", "1", "4"}},
+        {{ChangeDevice, Scan, ChangeDevice, ReloadBasic, Update, ChangePort, RefreshPorts},
+         {"6", "5", "4", "1", "3"}}};
+    for (const auto& [changes, order] : rows) {
+        m_done.clear();
+        {
+            const LineHold line;
+            for (int i = 0; i < changes.size(); ++i)
+                change(changes[i], QString::number(i));
+        }
+        QTRY_COMPARE(m_done, order);
     }
-    QTRY_COMPARE(m_done, (QStringList{"device 2", "update", "reload 2"}));
 }
 
-void TestSession::scanComesLast()
+void TestSession::discardedRequests()
 {
     {
         const LineHold line;
-        change(Change::ChangeDevice, "device");
-        change(Change::Scan, "scan");
-        change(Change::ChangeDevice, "device");
-        change(Change::ReloadBasic, "reload");
-        change(Change::Update, "update");
-        change(Change::ChangePort, "port");
-        change(Change::RefreshPorts, "refresh");
-    }
-    QTRY_COMPARE(m_done, (QStringList{"refresh", "port", "update", "scan", "reload"}));
-}
-
-void TestSession::droppedRequests()
-{
-    {
-        const LineHold line;
-        ask("disabled meanwhile", false);
-        ask("for the old device");
+        request("disabled meanwhile", false);
+        request("for the old device");
         m_session->stopAtOnce();
         m_session->setAdapter(VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0));
-        ask("new");
+        request("new");
     }
     QTRY_COMPARE(m_done, QStringList{"new7"});
     m_node.reset();
-    ask("nobody there");
+    request("no device");
     QCoreApplication::processEvents();
     QCOMPARE(m_done, QStringList{"new7"});
 }
@@ -119,11 +109,11 @@ void TestSession::droppedRequests()
 void TestSession::nothingRunsInsideAJob()
 {
     m_session->runWhenIdle(Change::Scan, [this] {
-        ask("waits");
-        QCoreApplication::processEvents(); // as a dialog of this job would
+        request("queued");
+        QCoreApplication::processEvents(); // like a dialog of this job
         m_done.append("scan");
     });
-    QTRY_COMPARE(m_done, (QStringList{"scan", "waits7"}));
+    QTRY_COMPARE(m_done, (QStringList{"scan", "queued7"}));
 }
 
 void TestSession::ticks()
@@ -132,14 +122,14 @@ void TestSession::ticks()
     {
         const LineHold line;
         QVERIFY(!m_session->canTick());
-        ask("a");
+        request("a");
         QVERIFY(m_session->requestWaits());
     }
-    QVERIFY(!m_session->canTick()); // the person comes first
+    QVERIFY(!m_session->canTick()); // user requests precede ticks
     QTRY_VERIFY(m_session->canTick());
     m_session->runWhenIdle(Change::About, [this] {
-        ask("b");
-        QVERIFY(m_session->canTick()); // timers go on under a dialog
+        request("b");
+        QVERIFY(m_session->canTick()); // timers continue under a dialog
     });
 }
 

@@ -12,27 +12,20 @@ class TestSetting : public HandTest
     Q_OBJECT
 private slots:
     void cleanup() { close(); }
-    void showsWhatTheHandHolds_data();
-    void showsWhatTheHandHolds();
+    void showsValuesOfHand_data() { addBoolRows("force", "with force sensing", "without"); }
+    void showsValuesOfHand();
     void writesAndReadsBack_data();
     void writesAndReadsBack();
     void incompletePid();
     void thumbRootForce();
 };
 
-void TestSetting::showsWhatTheHandHolds_data()
-{
-    QTest::addColumn<bool>("force");
-    QTest::newRow("with force sensing") << true;
-    QTest::newRow("without") << false;
-}
-
-void TestSetting::showsWhatTheHandHolds()
+void TestSetting::showsValuesOfHand()
 {
     QFETCH(bool, force);
     open(force ? QStringList{"--node", "2"} : QStringList{"--node", "2", "--no-force"});
-    QCOMPARE(frames().filter(QRegularExpression("^08 ")).size(), 1);
-    QCOMPARE(frames().filter(QRegularExpression("^07 ")).size(), force ? 5 : 0);
+    QCOMPARE(frames({0x08}), QStringList{"08 0101"});
+    QCOMPARE(frames({0x07}).size(), force ? 5 : 0);
     for (int f = 0; f < 6; ++f) {
         const auto held = [&](const QString& what) {
             return m_hand->command(QString("get 2 %1 %2").arg(what).arg(f)).mid(3).toDouble();
@@ -51,6 +44,13 @@ void TestSetting::showsWhatTheHandHolds()
     QCOMPARE(m_tool->find<QLineEdit>("lineEdit_SettingForceLimit0")->isHidden(), !force);
     QCOMPARE(m_tool->find<QWidget>("label_SettingMN")->isHidden(), !force);
     QVERIFY(!m_tool->find<QLineEdit>("lineEdit_SettingP3")->isReadOnly());
+
+    auto* tabs = m_tool->find<QTabWidget>("tabWidget");
+    QCOMPARE(tabs->isTabVisible(ForceTab), force);
+    tabs->setCurrentIndex(ForceTab);
+    m_tool->click("pushButton_RefreshPorts");
+    QVERIFY(!tabs->isTabVisible(ForceTab));
+    QCOMPARE(tabs->currentIndex(), 0);
 }
 
 void TestSetting::writesAndReadsBack_data()
@@ -74,7 +74,7 @@ void TestSetting::writesAndReadsBack()
     QFETCH(QString, what);
     QFETCH(QString, typed);
     open();
-    forget();
+    clearRecords();
     for (const char* gain : {"I", "D"})
         m_tool->setField(QString("lineEdit_Setting") + gain + '2', "2.00");
     m_tool->setField("lineEdit_SettingG2", "-8");
@@ -90,7 +90,7 @@ void TestSetting::writesAndReadsBack()
 void TestSetting::incompletePid()
 {
     open();
-    forget();
+    clearRecords();
     for (const char* field : {"lineEdit_SettingI4", "lineEdit_SettingG4"})
         m_tool->find<QLineEdit>(field)->clear();
     m_tool->setField("lineEdit_SettingP4", "1");
@@ -111,7 +111,7 @@ void TestSetting::incompletePid()
 void TestSetting::thumbRootForce()
 {
     open();
-    forget();
+    clearRecords();
     m_tool->click("pushButton_SettingWriteForceLimit5");
     QCOMPARE(m_tool->field("lineEdit_SettingForceLimit5"), "NULL");
     m_tool->click("pushButton_SettingReadForceLimit5");

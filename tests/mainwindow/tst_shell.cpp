@@ -25,7 +25,7 @@ private slots:
     void about();
     void themeDialog_data();
     void themeDialog();
-    void errorLabel_data();
+    void errorLabel_data() { addTextRows({"theme"}, {{"dark"}, {"light"}}); }
     void errorLabel();
     void messageList();
     void program_data();
@@ -34,12 +34,6 @@ private slots:
 
 namespace
 {
-QString sheetOf(const QString& theme)
-{
-    QFile file(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
-    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
 QString storedStyle()
 {
     return QSettings("setting.ini", QSettings::IniFormat).value("style").toString();
@@ -49,7 +43,7 @@ QString storedStyle()
 void TestShell::everySlotIsConnected()
 {
     TestWindow tool;
-    // Counted through the objects' own connections, as a slot without its widget is silent.
+    // Checks the connections themselves, because a slot without its widget causes no error.
     int found = 0;
     QList<QWidget*> owners = tool.window()->findChildren<QWidget*>(QRegularExpression("^tab_"));
     owners << tool.window() << tool.find<QWidget>("deviceBar");
@@ -93,7 +87,7 @@ void TestShell::about()
 
 void TestShell::themeDialog_data()
 {
-    // Chosen is empty when the dialog is cancelled.
+    // An empty choice cancels the dialog.
     addTextRows({"stored", "preselected", "chosen", "storedAfter"},
                 {{"dark", "dark", "light", "light"},
                  {"light", "light", "dark", "dark"},
@@ -121,23 +115,18 @@ void TestShell::themeDialog()
     tool.trigger("action_Theme");
     QCOMPARE(answer.count(), 1);
     QTEST(storedStyle(), "storedAfter");
-    QCOMPARE(qApp->styleSheet(), chosen.isEmpty() ? QString() : sheetOf(chosen));
+    QCOMPARE(qApp->styleSheet(), chosen.isEmpty() ? QString() : styleSheetOf(chosen));
     qApp->setStyleSheet({});
-}
-
-void TestShell::errorLabel_data()
-{
-    addTextRows({"theme"}, {{"dark"}, {"light"}});
 }
 
 void TestShell::errorLabel()
 {
     QFETCH(QString, theme);
     TestWindow tool;
-    qApp->setStyleSheet(sheetOf(theme));
+    qApp->setStyleSheet(styleSheetOf(theme));
     QVERIFY(!qApp->styleSheet().isEmpty());
     tool.window()->showErrorOnStatusBar("first", Qt::red);
-    QTest::qWait(1000);
+    QTest::qWait(1000); // half of the time for which a text is shown
     tool.window()->showErrorOnStatusBar("second error", Qt::red);
 
     auto* label = tool.find<QLabel>("label_StatusError");
@@ -148,7 +137,7 @@ void TestShell::errorLabel()
             red += image.pixelColor(x, y) == QColor(Qt::red);
     QVERIFY2(red > 20, qPrintable(QString::number(red)));
 
-    // The clearing of the first text is not put off by the second.
+    // The second text does not delay the clearing of the first.
     QTRY_COMPARE_WITH_TIMEOUT(tool.errorText(), QString(), 1500);
     qApp->setStyleSheet({});
 }
@@ -183,7 +172,7 @@ void TestShell::messageList()
 
 void TestShell::program_data()
 {
-    QTest::addColumn<QByteArray>("settings"); // content of setting.ini, null: none
+    QTest::addColumn<QByteArray>("settings"); // content of setting.ini; null: no such file
     QTest::addColumn<QString>("log");
     QTest::addColumn<QByteArray>("output");
     QTest::addColumn<QString>("style");
@@ -191,7 +180,7 @@ void TestShell::program_data()
                                  << "dark";
     QTest::newRow("light") << QByteArray("[General]\nstyle=light\n")
                            << "translation:" << QByteArray() << "light";
-    QTest::newRow("no such style")
+    QTest::newRow("unknown style")
         << QByteArray("[General]\nstyle=DARK\n")
         << "translation:" << QByteArray("Unable to set stylesheet, file not found\n") << "DARK";
     QTest::newRow("unwritable") << QByteArray("folder") << "style not set, use default"
@@ -207,7 +196,7 @@ void TestShell::program()
     QFETCH(QString, style);
     const QTemporaryDir folder;
     const QString ini = folder.filePath("setting.ini");
-    if (settings == "folder") { // nothing can be stored, not even by root
+    if (settings == "folder") { // even root cannot store anything
         QVERIFY(QDir(folder.path()).mkdir("setting.ini"));
     } else if (!settings.isNull()) {
         QFile file(ini);
@@ -225,7 +214,7 @@ void TestShell::program()
     QByteArray printed;
     QTRY_VERIFY_WITH_TIMEOUT((printed += program.readAllStandardOutput()).size() >= output.size(),
                              10000);
-    QTest::qWait(300); // for what must not happen
+    QTest::qWait(300); // the program neither ends nor prints more
     QCOMPARE(program.state(), QProcess::Running);
     program.kill();
     program.waitForFinished();

@@ -23,7 +23,7 @@ constexpr const char* BadList = "Error when parsing version file.";
 constexpr const char* NoFile = "Error when reading firmware file from server.";
 constexpr const char* NotSaved = "Error when saving firmware file.";
 
-/// A letter for each dialog of the procedure.
+/// A letter for each dialog of the update.
 const QMap<QChar, QString> Dialogs{
     {'s', "Please select firmware source:"},
     {'f', "Open update file"},
@@ -54,7 +54,7 @@ QByteArray list(const QByteArray& file)
     return R"({"hand":{"version":"1.4.8","desc":"none","file":)" + file + "}}";
 }
 
-/// Answers each path with the bytes given for it, and with silence where none are given.
+/// Answers a request for a path with its bytes in `answers`, and does not answer others.
 struct Server : QTcpServer {
     Server()
     {
@@ -98,7 +98,7 @@ const QMap<const char*, Download> Downloads{
 };
 
 struct Procedure {
-    QString dialogs; ///< the last one is rejected unless a box tells of the outcome
+    QString dialogs; ///< letters; the last dialog is rejected unless it reports the outcome
     QString setUp, failure;
     QByteArray content = sample();
 };
@@ -142,19 +142,19 @@ private slots:
     void procedure_data() { addRows(Procedures); }
     void procedure();
     void duringTheTransfer();
-    void overtaken();
+    void portsRefreshed();
 
 private:
     void update(const QString& source, const QByteArray& content = {}, const QString& atPower = {});
 
-    QString m_dialogs;    ///< that came up
-    QString m_lastText;   ///< of the last of them
-    QString m_rejectedAt; ///< these dialogs the last one is rejected
+    QString m_dialogs;    ///< letters of those shown
+    QString m_lastText;   ///< of the last dialog
+    QString m_rejectedAt; ///< value of m_dialogs at which the dialog is rejected
     bool m_readingSeen = false;
 };
 
-/// Goes through the dialogs. Without content the chosen file vanishes; `atPower` is a command for
-/// the hand once its power is asked for.
+/// Answers the dialogs. Without content the chosen file is removed; `atPower` is a command for the
+/// hand at the prompt for its power.
 void TestUpdate::update(const QString& source, const QByteArray& content, const QString& atPower)
 {
     m_dialogs.clear();
@@ -181,7 +181,7 @@ void TestUpdate::update(const QString& source, const QByteArray& content, const 
         if (files && content.isEmpty())
             connect(files, &QDialog::accepted, this, [&] { file.remove(); });
         if (letter == 'p' && !atPower.isEmpty())
-            tell(atPower);
+            command(atPower);
         m_dialogs == m_rejectedAt ? dialog->reject()
         : letter == 'q'           ? box->button(QMessageBox::Yes)->click()
         : files                   ? chooseFile(*files, file.fileName())
@@ -220,7 +220,7 @@ void TestUpdate::downloads()
 void TestUpdate::procedure()
 {
     QFETCH(Procedure, row);
-    expectTimeouts(300); // the boot loader does not answer
+    expectTimeouts(300); // the boot loader does not answer requests
     open();
     Server server;
     server.answers = {{"/firmwares/1B01/latest_version.json", http(list(R"("hand.upd")"))},
@@ -251,7 +251,7 @@ void TestUpdate::procedure()
         return;
     if (!row.failure.isEmpty()) {
         m_hand->command("replug");
-        tell("clear");
+        command("clear");
         update("remote");
         QCOMPARE(m_dialogs, "sqhtpu");
     }
@@ -264,12 +264,12 @@ void TestUpdate::duringTheTransfer()
 {
     open();
     MainWindow* window = m_tool->window();
-    QStringList told;
+    QStringList reported;
     connect(window, &MainWindow::sig_updateProgress, this, [&](int percent) {
         auto* dialog = window->findChild<QProgressDialog*>();
         QCOMPARE(dialog->value(), percent);
-        if (told.isEmpty() || !told.constLast().endsWith(dialog->labelText()))
-            told.append(QString::number(percent) + ' ' + dialog->labelText());
+        if (reported.isEmpty() || !reported.constLast().endsWith(dialog->labelText()))
+            reported.append(QString::number(percent) + ' ' + dialog->labelText());
         if (percent == 50)
             QTimer::singleShot(100, window, [&, dialog] {
                 window->close();
@@ -282,15 +282,15 @@ void TestUpdate::duringTheTransfer()
                 QVERIFY(m_tool->errorText().contains("being updated"));
             });
     });
-    tell("fault late stage=record skip=8 ms=300");
+    command("fault late stage=record skip=8 ms=300");
     update("local", sample());
     QCOMPARE(m_dialogs, "sfpu");
-    QCOMPARE(told, (QStringList{"0 Power up the device now", "6 Updating device firmware..."}));
+    QCOMPARE(reported, (QStringList{"0 Power up the device now", "6 Updating device firmware..."}));
     for (const auto* timer : window->findChild<QProgressDialog*>()->findChildren<QTimer*>())
-        QVERIFY(!timer->isActive() || timer->interval() > 1000 * 3600); // does not come back
+        QVERIFY(!timer->isActive() || timer->interval() > 1000 * 3600); // is not shown again
 }
 
-void TestUpdate::overtaken()
+void TestUpdate::portsRefreshed()
 {
     open();
     Server server;

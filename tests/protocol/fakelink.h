@@ -9,7 +9,7 @@
 namespace vanto
 {
 
-/// A serial link in memory, with a clock that only the waiting moves on.
+/// A serial link in memory, with a clock that only delays advance.
 struct FakeLink {
     explicit FakeLink(std::uint32_t mode = HAND_MODE_SYNC)
         : owner(HAND_CreateContext(this, mode, 1, send, poll), HAND_FreeContext),
@@ -39,11 +39,11 @@ struct FakeLink {
     std::unique_ptr<HAND_Context, void (*)(HAND_Context*)> owner;
     HAND_Context* context;
     QByteArray sent;
-    QByteArray incoming;       ///< fed by the first poll that is not before the arrival
+    QByteArray incoming;       ///< received by the first poll at or after the arrival
     std::uint32_t arrival = 0; ///< ms after the request
     std::uint32_t sentAt = 0;
     static inline std::uint32_t now = 0;
-    static inline std::uint32_t stride = 1; ///< by how much a delay of 1 ms moves the clock on
+    static inline std::uint32_t stride = 1; ///< ms by which a delay of 1 ms advances the clock
 };
 
 } // namespace vanto

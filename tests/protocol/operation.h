@@ -9,10 +9,10 @@
 namespace vanto
 {
 
-// Operations as rows of a table: the arguments come from a text, the result and what the outputs
-// hold afterwards go into one. The text "1 500,600 -" is a number, an array and a null output.
+// Operations as rows of a table. A text gives the arguments, e.g. "1 500,600 -" for a number, an
+// array and a null output; another text receives the result and the outputs.
 
-inline constexpr u8 HandNode = 2;
+inline constexpr std::uint8_t HandNode = 2;
 
 template<class T>
 class Argument
@@ -41,7 +41,7 @@ public:
             return m_values[0];
     }
 
-    /// Of an output: the values that have been written.
+    /// The values that were written to an output.
     QString text() const
     {
         QString values;
@@ -72,7 +72,8 @@ QString perform(Target* target, Operation operation, const char* inputs)
 template<auto Operation>
 struct Call;
 
-template<class Target, class... Arguments, u8 (Target::*Operation)(u8, Arguments...)>
+template<class Target, class... Arguments,
+         std::uint8_t (Target::*Operation)(std::uint8_t, Arguments...)>
 struct Call<Operation> {
     static QString with(Target* target, const char* inputs)
     {
@@ -80,7 +81,8 @@ struct Call<Operation> {
     }
 };
 
-template<class Target, class... Arguments, u32 (*Operation)(Target*, u8, Arguments...)>
+template<class Target, class... Arguments,
+         std::uint32_t (*Operation)(Target*, std::uint8_t, Arguments...)>
 struct Call<Operation> {
     static QString with(Target* target, const char* inputs)
     {

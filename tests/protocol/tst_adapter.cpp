@@ -35,7 +35,7 @@ private slots:
     void initTestCase() { QVERIFY2(m_hand.start(), qPrintable(m_hand.errorText())); }
     void init() { QVERIFY(connectToHand(PatientLimits)); }
     void cleanup() { m_adapter.disconnect(); }
-    void gainsWaitLonger();
+    void longerTimeoutForGains();
     void interruptions();
     void nodeErrors();
     void lateReply();
@@ -46,14 +46,15 @@ private:
     {
         return operation.call(&m_adapter, operation.inputs).section(u' ', 0, 0).toInt();
     }
-    /// With the reply spoilt; returns when the hand has sent or withheld it.
+    /// Applies a fault to the reply; returns when the hand has sent or dropped the reply.
     int result(const char* fault, const Operation& operation)
     {
         m_hand.forgetTrace();
-        const bool armed = m_hand.command(QStringLiteral("fault ") + QLatin1String(fault)) == u"ok";
+        const bool accepted =
+            m_hand.command(QStringLiteral("fault ") + QLatin1String(fault)) == u"ok";
         const int result = this->result(operation);
         const bool done = QTest::qWaitFor([this] { return m_hand.trace().size() == 2; });
-        return armed && done ? result : -1;
+        return accepted && done ? result : -1;
     }
     bool connectToHand(const ReplyLimits& limits = Stretched)
     {
@@ -66,7 +67,7 @@ private:
     SerialProtocolV3 m_adapter;
 };
 
-void tst_adapter::gainsWaitLonger()
+void tst_adapter::longerTimeoutForGains()
 {
     QVERIFY(connectToHand());
     QCOMPARE(result("late ms=600", writeGains), 0);
@@ -117,19 +118,20 @@ void tst_adapter::lateReply()
     QVERIFY(connectToHand());
     m_hand.command(QStringLiteral("set 2 current 1 111"));
     m_hand.command(QStringLiteral("fault late ms=500"));
-    u16 current = 0;
+    std::uint16_t current = 0;
     QCOMPARE(int(m_adapter.getFingerCurrent(HandNode, 1, &current)), 3);
     const auto port = SerialPort::get("qtserial", qPrintable(m_hand.portName()));
     QTRY_VERIFY(port->bytesAvailable() == 10);
     m_hand.command(QStringLiteral("set 2 current 1 222"));
     QCOMPARE(int(m_adapter.getFingerCurrent(HandNode, 1, &current)), 0);
-    QCOMPARE(current, u16{222});
+    QCOMPARE(current, std::uint16_t{222});
 }
 
 void tst_adapter::factory()
 {
     const auto get = [](int type, int major, int minor) {
-        return VantoProtocol::getProtocolInstance(PROTOCOL_TYPE(type), u8(major), u8(minor));
+        return VantoProtocol::getProtocolInstance(PROTOCOL_TYPE(type), std::uint8_t(major),
+                                                  std::uint8_t(minor));
     };
     const auto adapter = get(2, 3, 0);
     QCOMPARE(get(2, 3, 0), adapter);

@@ -17,17 +17,17 @@ struct ExchangeRow {
     const char* request;
     const char* outcome = "0";
     const char* reply = nullptr; ///< null: a reply without payload
-    const char* state = "";      ///< what the hand is set to before
+    const char* state = "";      ///< properties of the hand that are set before
 };
 
-/// What the simulated hand cannot be brought to, on a link in memory.
+/// Cases that the simulated hand cannot produce, on a link in memory.
 struct CommandRow {
     const char* name;
     QString (*call)(HAND_Context*, const char*);
     const char* inputs;
     QByteArray payload; ///< of the reply
     const char* outcome;
-    const char* request = nullptr; ///< null: not looked at
+    const char* request = nullptr; ///< null: not checked
     const char* withoutContext = "2";
 };
 
@@ -137,7 +137,7 @@ const CommandRow commandRows[] = {
     {COMMAND(SetCustom), "64", {}, "7", ""},
 };
 
-/// What the hand sends to this host.
+/// A frame from the hand to this host.
 QByteArray replyFrame(char command, const QByteArray& payload)
 {
     QByteArray frame = bytes("55 AA 01 02") + command + char(payload.size()) + payload;
@@ -162,7 +162,7 @@ void tst_commands::exchanges()
 {
     QFETCH(const ExchangeRow*, row);
     HandProcess hand;
-    // So slow that a finger on its way does not move during a test.
+    // So slow that a moving finger keeps its position during a test.
     QVERIFY2(hand.start({QStringLiteral("--speed"), QStringLiteral("1e-9")}),
              qPrintable(hand.errorText()));
     for (const QString& value : QString::fromLatin1(row->state).split(u';', Qt::SkipEmptyParts))

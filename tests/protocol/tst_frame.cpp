@@ -7,36 +7,36 @@ namespace vanto
 
 namespace
 {
-constexpr u8 Asked = 0x0B;
-constexpr u8 NoSubError = 0x77; ///< what stands in the variable before
+constexpr std::uint8_t RequestedCommand = 0x0B;
+constexpr std::uint8_t NoSubError = 0x77; ///< value of the variable before the call
 
 struct RequestRow {
     const char* name;
     QByteArray payload;
     QByteArray sent; ///< in hexadecimal
-    u8 node = HandNode;
-    u32 mode = HAND_MODE_SYNC;
+    std::uint8_t node = HandNode;
+    std::uint32_t mode = HAND_MODE_SYNC;
 };
 
 struct ReplyRow {
     const char* name;
     QByteArray received; ///< in hexadecimal, like the payload
-    u32 result;
+    std::uint32_t result;
     QByteArray payload{};
-    u8 subError = NoSubError;
-    u8 node = HandNode;
-    u8 capacity = 64;
-    u32 mode = HAND_MODE_SYNC;
+    std::uint8_t subError = NoSubError;
+    std::uint8_t node = HandNode;
+    std::uint8_t capacity = 64;
+    std::uint32_t mode = HAND_MODE_SYNC;
 };
 
 struct DeadlineRow {
     const char* name;
-    u32 start;
-    int timeout; ///< ms; -1: as created
-    u32 arrival; ///< ms after the request
-    u32 result;
-    u32 elapsed; ///< ms
-    u32 stride = 1;
+    std::uint32_t start;
+    int timeout;           ///< ms; -1: as created
+    std::uint32_t arrival; ///< ms after the request
+    std::uint32_t result;
+    std::uint32_t elapsed; ///< ms
+    std::uint32_t stride = 1;
 };
 
 const QByteArray zeros(126, '0'); // 63 bytes
@@ -50,7 +50,7 @@ const RequestRow requestRows[] = {
     {"unknown mode", "01", "", HandNode, 2},
 };
 
-constexpr u32 Never = 1'000'000;
+constexpr std::uint32_t Never = 1'000'000;
 
 const DeadlineRow deadlineRows[] = {
     {"at the deadline", 1000, 10, 10, 0x00, 10},
@@ -85,15 +85,15 @@ const ReplyRow replyRows[] = {
     {"source before command", "55AA01030C000E", 0x05},
     {"other command", "55AA01020C000F", 0x06},
     {"any node", "55AA01090B0003", 0x00, "", NoSubError, HAND_ANY_NODE},
-    {"room for all", "55AA01020B027F7E0B", 0x00, "7F7E", NoSubError, HandNode, 2},
-    {"room for less", "55AA01020B027F7E0B", 0x04, "", NoSubError, HandNode, 1},
+    {"buffer large enough", "55AA01020B027F7E0B", 0x00, "7F7E", NoSubError, HandNode, 2},
+    {"buffer too small", "55AA01020B027F7E0B", 0x04, "", NoSubError, HandNode, 1},
     {"bare", "01020B4101020B017F76", 0x00, "7F", NoSubError, HandNode, 64, HAND_MODE_BARE},
 };
 
 void feed(HAND_Context* context, const QByteArray& hex)
 {
     for (const char byte : QByteArray::fromHex(hex))
-        HAND_OnData(context, static_cast<u8>(byte));
+        HAND_OnData(context, static_cast<std::uint8_t>(byte));
 }
 } // namespace
 
@@ -108,7 +108,7 @@ private slots:
     void replies();
     void deadlines_data() { addRows(deadlineRows); }
     void deadlines();
-    void obstacles();
+    void missingCallbacks();
     void halfFrames();
 };
 
@@ -118,7 +118,8 @@ void tst_frame::requests()
     FakeLink link(row->mode);
     const QByteArray payload = QByteArray::fromHex(row->payload);
     QCOMPARE(HAND_SendCmd(link.context, row->node, 0x00,
-                          reinterpret_cast<const u8*>(payload.data()), std::size_t(payload.size())),
+                          reinterpret_cast<const std::uint8_t*>(payload.data()),
+                          std::size_t(payload.size())),
              0x00U);
     QCOMPARE(link.sent.toHex().toUpper(), row->sent);
 }
@@ -128,28 +129,28 @@ void tst_frame::replies()
     QFETCH(const ReplyRow*, row);
     FakeLink link(row->mode);
     QByteArray reply(64, '\xEE');
-    u8 length = row->capacity;
-    u8 subError = NoSubError;
-    const auto ask = [&](const QByteArray& received, char* buffer, u8* sub) {
-        HAND_SendCmd(link.context, row->node, Asked, nullptr, 0);
+    std::uint8_t length = row->capacity;
+    std::uint8_t subError = NoSubError;
+    const auto request = [&](const QByteArray& received, char* buffer, std::uint8_t* sub) {
+        HAND_SendCmd(link.context, row->node, RequestedCommand, nullptr, 0);
         link.incoming = QByteArray::fromHex(received);
-        return HAND_GetResponse(link.context, row->node, Asked, 5, reinterpret_cast<u8*>(buffer),
-                                &length, sub);
+        return HAND_GetResponse(link.context, row->node, RequestedCommand, 5,
+                                reinterpret_cast<std::uint8_t*>(buffer), &length, sub);
     };
-    QCOMPARE(ask(row->received, reply.data(), &subError), row->result);
+    QCOMPARE(request(row->received, reply.data(), &subError), row->result);
     const QByteArray payload = QByteArray::fromHex(row->payload);
     QCOMPARE(reply.toHex(), payload.leftJustified(64, '\xEE').toHex());
-    const auto told = row->result == 0x00   ? payload.size()
-                      : row->result == 0x04 ? 2
-                                            : row->capacity;
-    QCOMPARE(qsizetype(length), told);
+    const auto reportedLength = row->result == 0x00   ? payload.size()
+                                : row->result == 0x04 ? 2
+                                                      : row->capacity;
+    QCOMPARE(qsizetype(length), reportedLength);
     QCOMPARE(subError, row->subError);
     QCOMPARE(bool(link.context->replyReady), row->result == 0xFF);
 
-    QCOMPARE(ask(row->received, nullptr, nullptr), row->result == 0x04 ? 0x00 : row->result);
-    QCOMPARE(qsizetype(length), told);
+    QCOMPARE(request(row->received, nullptr, nullptr), row->result == 0x04 ? 0x00 : row->result);
+    QCOMPARE(qsizetype(length), reportedLength);
     const bool bare = row->mode == HAND_MODE_BARE;
-    QCOMPARE(ask(bare ? "01020B0008" : "55AA01020B0008", nullptr, nullptr), 0x00U);
+    QCOMPARE(request(bare ? "01020B0008" : "55AA01020B0008", nullptr, nullptr), 0x00U);
 }
 
 void tst_frame::deadlines()
@@ -166,28 +167,28 @@ void tst_frame::deadlines()
     QCOMPARE(HAND_GetTick() - row->start, row->elapsed);
 }
 
-void tst_frame::obstacles()
+void tst_frame::missingCallbacks()
 {
     FakeLink link;
-    FakeLink mute;
-    mute.context->send = nullptr;
-    const std::array<u8, 64> payload{};
+    FakeLink withoutSend;
+    withoutSend.context->send = nullptr;
+    const std::array<std::uint8_t, 64> payload{};
     const auto send = [&payload](HAND_Context* context) {
-        return HAND_SendCmd(context, HandNode, Asked, payload.data(), payload.size());
+        return HAND_SendCmd(context, HandNode, RequestedCommand, payload.data(), payload.size());
     };
     const auto wait = [](HAND_Context* context) {
-        return HAND_GetResponse(context, HandNode, Asked, 5, nullptr, nullptr, nullptr);
+        return HAND_GetResponse(context, HandNode, RequestedCommand, 5, nullptr, nullptr, nullptr);
     };
     QCOMPARE(send(link.context), 0x07U);
     link.context->poll = nullptr;
     QCOMPARE(wait(link.context), 0x03U);
-    const HAND_TickFunction tick = [] { return u32{7}; };
-    const HAND_DelayFunction delay = [](u32) {};
+    const HAND_TickFunction tick = [] { return std::uint32_t{7}; };
+    const HAND_DelayFunction delay = [](std::uint32_t) {};
     for (const bool ticks : {false, true}) {
         HAND_SetTimerFunction(ticks ? tick : nullptr, ticks ? nullptr : delay);
         QCOMPARE(HAND_GetTick(), ticks ? 7U : 0U);
         QCOMPARE(send(nullptr), 0x02U);
-        QCOMPARE(send(mute.context), 0x02U);
+        QCOMPARE(send(withoutSend.context), 0x02U);
         QCOMPARE(send(link.context), 0x01U);
         QCOMPARE(wait(nullptr), 0x02U);
         QCOMPARE(HAND_StartInit(link.context, HandNode, nullptr), 0x01U);
@@ -202,18 +203,18 @@ void tst_frame::halfFrames()
 {
     FakeLink link;
     feed(link.context, "55AA01020B20");
-    HAND_SendCmd(link.context, HandNode, Asked, nullptr, 0);
+    HAND_SendCmd(link.context, HandNode, RequestedCommand, nullptr, 0);
     feed(link.context, "55AA01020B0008");
     QVERIFY2(link.context->replyReady, "a request did not restart the receiver");
     link.context->replyReady = 0;
     feed(link.context, "55AA01020B20");
-    HAND_GetResponse(link.context, HandNode, Asked, 5, nullptr, nullptr, nullptr);
+    HAND_GetResponse(link.context, HandNode, RequestedCommand, 5, nullptr, nullptr, nullptr);
     feed(link.context, "55AA01020B0008");
     QVERIFY2(link.context->replyReady, "a time-out did not restart the receiver");
     link.context->replyReady = 0;
     link.context->state = 8;
     feed(link.context, "0055AA01020B0008");
-    QVERIFY2(link.context->replyReady, "the receiver did not leave an impossible state");
+    QVERIFY2(link.context->replyReady, "the receiver did not leave an invalid state");
 }
 
 VANTO_TEST(tst_frame)

@@ -1,7 +1,6 @@
 #include "handprocess.h"
 #include "operation.h"
 #include "serialport.h"
-#include "serialprotocolv3.h"
 #include "testmain.h"
 #include "timing.h"
 
@@ -22,11 +21,13 @@ private slots:
     void init()
     {
         m_hand = std::make_unique<HandProcess>();
-        QVERIFY2(m_hand->start(), qPrintable(m_hand->errorText()));
+        QVERIFY2(m_hand->start({"--node", "2:serialctrl", "--node", "2:modbus"}),
+                 qPrintable(m_hand->errorText()));
         m_name = m_hand->portName().toStdString();
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
     }
     void factory();
+    void hangUp_data();
     void hangUp();
     void staleClose();
 
@@ -53,39 +54,51 @@ void tst_serialport::factory()
     } catch (const std::logic_error& error) {
         QCOMPARE(error.what(), "basic_string: construction from null is not valid");
     }
-    QVERIFY(SerialPort::get("qtserial", "one")); // the factory is not left locked
+    QVERIFY(SerialPort::get("qtserial", "one")); // the mutex is unlocked
+}
+
+void tst_serialport::hangUp_data()
+{
+    QTest::addColumn<PROTOCOL_TYPE>("protocol");
+    QTest::newRow("SerialCtrl") << PROTOCOL_TYPE_SERIALCTRL;
+    QTest::newRow("Modbus") << PROTOCOL_TYPE_MODBUS_RTU;
 }
 
 void tst_serialport::hangUp()
 {
-    SerialProtocolV3 adapter;
-    const auto beep = [&adapter](int limitMs) {
+    QFETCH(PROTOCOL_TYPE, protocol);
+    const bool modbus = protocol == PROTOCOL_TYPE_MODBUS_RTU;
+    const auto adapter = VantoProtocol::getProtocolInstance(protocol, modbus ? 1 : 3, 0);
+    const auto connectToHand = [&] { return adapter->connect(m_name.c_str(), BaudRate); };
+    const auto readVoltage = [&adapter](int limitMs) {
         ReplyLimits::current().serialCtrl = limitMs;
-        return adapter.beep(HandNode, 1);
+        std::uint16_t voltage = 0;
+        return int(adapter->getBatteryVoltage(HandNode, &voltage));
     };
     constexpr int Patient = PatientLimits.serialCtrl;
     constexpr int Brief = 500;
+    const int failure = modbus ? 16 : ResultCode::Timeout;
     for (const bool waiting : {false, true}) {
-        QVERIFY(adapter.connect(m_name.c_str(), BaudRate));
-        QCOMPARE(beep(Patient), ResultCode::Success);
+        QVERIFY(connectToHand());
+        QCOMPARE(readVoltage(Patient), 0);
         if (waiting) {
             m_hand->command(QStringLiteral("fault drop"));
-            QTimer::singleShot(5, this, &tst_serialport::unplug);
-            QCOMPARE(beep(Brief), ResultCode::Timeout);
+            QTimer::singleShot(10, this, &tst_serialport::unplug);
+            QCOMPARE(readVoltage(Brief), failure);
         } else {
             unplug();
         }
         const std::clock_t before = std::clock();
-        QTest::qWait(1000);
+        QTest::qWait(1000); // measures processor time: until it is closed, the port may use much
         const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
-        // Until the port is closed it may keep a processor busy.
         QVERIFY2(used < 400, qPrintable(QStringLiteral("%1 ms of processor time").arg(used)));
-        QCOMPARE(beep(Brief), ResultCode::Timeout);
-        QVERIFY(!adapter.connect(m_name.c_str(), BaudRate));
+        QCOMPARE(readVoltage(Brief), failure);
+        QVERIFY(!connectToHand());
         replug();
     }
-    QVERIFY(adapter.connect(m_name.c_str(), BaudRate));
-    QCOMPARE(beep(Patient), ResultCode::Success);
+    QVERIFY(connectToHand());
+    QCOMPARE(readVoltage(Patient), 0);
+    adapter->disconnect();
 }
 
 void tst_serialport::staleClose()
@@ -93,15 +106,15 @@ void tst_serialport::staleClose()
     const auto port = SerialPort::get("qtserial", "one");
     QVERIFY(port->open(m_name.c_str(), BaudRate));
     unplug();
-    port->clear(); // notices the hang-up, so that a close is on its way
+    port->clear(); // detects the hang-up and queues a close
     port->close();
     replug();
     QVERIFY(port->open(m_name.c_str(), BaudRate));
     QCoreApplication::processEvents();
-    QVERIFY2(port->bytesAvailable() == 0, "the close meant for the earlier opening shut this one");
+    QVERIFY2(port->bytesAvailable() == 0, "the queued close has closed the new connection");
     unplug();
     port->clear();
-    QVERIFY2(port->bytesAvailable() == 0, "closed inside its own signal");
+    QVERIFY2(port->bytesAvailable() == 0, "closed within its own signal");
     QTRY_VERIFY(port->bytesAvailable() == -1); // the second hang-up closes the port
 }
 

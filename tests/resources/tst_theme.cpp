@@ -3,7 +3,6 @@
 
 #include <QFile>
 #include <QLabel>
-#include <QTabBar>
 #include <QTabWidget>
 
 #include <cmath>
@@ -11,20 +10,16 @@
 namespace vanto
 {
 
-/// Whether both themes can be read: on their tables of colours and on what is painted.
+/// The contrast of both themes, in their tables of colors and in painted windows.
 class TestTheme : public QObject
 {
     Q_OBJECT
 private slots:
-    void tables_data() { themes(); }
+    void tables_data() { addTextRows({"theme"}, {{"dark"}, {"light"}}); }
     void tables();
-    void paintedText_data() { themes(); }
+    void paintedText_data() { tables_data(); }
     void paintedText();
     void cleanup() { qApp->setStyleSheet({}); }
-
-private:
-    static void themes();
-    static void apply(const QString& theme);
 };
 
 namespace
@@ -32,13 +27,13 @@ namespace
 constexpr double TextContrast = 4.5;
 constexpr double ControlContrast = 3.0;
 
-double luminance(const QColor& colour)
+double luminance(const QColor& color)
 {
     const auto linear = [](double part) {
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
 }
 
 double contrast(const QColor& a, const QColor& b)
@@ -49,19 +44,19 @@ double contrast(const QColor& a, const QColor& b)
 
 QMap<QString, QColor> tableOf(const QString& theme)
 {
-    QMap<QString, QColor> colours;
+    QMap<QString, QColor> colors;
     QFile file(QString(VANTO_THEME_FOLDER "/%1.txt").arg(theme));
     if (!file.open(QFile::ReadOnly))
-        return colours;
+        return colors;
     for (const QByteArray& line : file.readAll().split('\n')) {
         const QByteArrayList words = line.simplified().split(' ');
         if (words.size() == 2)
-            colours[words[0]] = QColor(QString::fromLatin1(words[1]));
+            colors[words[0]] = QColor(QString::fromLatin1(words[1]));
     }
-    return colours;
+    return colors;
 }
 
-/// The best contrast of any pixel against the image's most frequent colour.
+/// The highest contrast of any pixel to the most frequent color of the image.
 double bestContrast(const QImage& image)
 {
     QHash<QRgb, int> count;
@@ -78,20 +73,6 @@ double bestContrast(const QImage& image)
     return best;
 }
 } // namespace
-
-void TestTheme::themes()
-{
-    QTest::addColumn<QString>("theme");
-    QTest::newRow("dark") << "dark";
-    QTest::newRow("light") << "light";
-}
-
-void TestTheme::apply(const QString& theme)
-{
-    QFile sheet(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
-    QVERIFY(sheet.open(QFile::ReadOnly));
-    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
-}
 
 void TestTheme::tables()
 {
@@ -119,20 +100,21 @@ void TestTheme::paintedText()
 {
     QFETCH(QString, theme);
     TestWindow tool;
-    apply(theme);
+    qApp->setStyleSheet(styleSheetOf(theme));
+    QVERIFY(!qApp->styleSheet().isEmpty());
     auto* tabs = tool.find<QTabWidget>("tabWidget");
-    int looked = 0;
+    int checked = 0;
     QImage painted;
-    const auto look = [&](QWidget* widget, const QString& text) {
+    const auto check = [&](QWidget* widget, const QString& text) {
         if (!widget->isVisible() || !widget->isEnabled() || text.isEmpty())
             return;
-        // From the window's picture, as a widget alone is painted without what is behind it.
+        // From the image of the window, because a widget alone is painted without its background.
         const QPoint corner = widget->mapTo(tool.window(), QPoint(3, 3));
         const double ratio =
             bestContrast(painted.copy(QRect(corner, widget->size() - QSize(6, 6))));
         QVERIFY2(ratio >= TextContrast,
                  qPrintable(widget->objectName() + ' ' + QString::number(ratio)));
-        ++looked;
+        ++checked;
     };
     for (int page = 0; page < tabs->count(); ++page) {
         tabs->setCurrentIndex(page);
@@ -140,13 +122,13 @@ void TestTheme::paintedText()
             field->setText("65535");
         painted = tool.window()->grab().toImage();
         for (auto* label : tool.window()->findChildren<QLabel*>())
-            look(label, label->objectName() == "label_StatusError" ? QString() : label->text());
+            check(label, label->objectName() == "label_StatusError" ? QString() : label->text());
         for (auto* button : tool.window()->findChildren<QPushButton*>())
-            look(button, button->text());
+            check(button, button->text());
         for (auto* field : tool.window()->findChildren<QLineEdit*>())
-            look(field, field->text());
+            check(field, field->text());
     }
-    QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
+    QVERIFY2(checked > 60, qPrintable(QString::number(checked)));
 }
 
 VANTO_TEST(TestTheme)

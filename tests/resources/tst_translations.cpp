@@ -11,13 +11,13 @@
 namespace vanto
 {
 
-/// The catalogues: complete, with every placeholder, and shown by fonts that have every character.
+/// The catalogs: every text is translated with its placeholders, and fonts have every character.
 class TestTranslations : public QObject
 {
     Q_OBJECT
 private slots:
-    void choice_data();
-    void choice();
+    void selection_data();
+    void selection();
     void texts_data();
     void texts();
     void glyphs_data() { texts_data(); }
@@ -27,7 +27,7 @@ private slots:
 
 namespace
 {
-/// Source and finished translation by context, source and comment.
+/// Source text and finished translation by context, source text and comment.
 using Messages = QMap<QString, std::pair<QString, QString>>;
 
 Messages messagesIn(const QString& path)
@@ -53,7 +53,7 @@ Messages messagesIn(const QString& path)
     return messages;
 }
 
-/// What a translation must hold as often as its source.
+/// The parts that a translation must contain as often as its source text.
 QStringList fixedParts(const QString& text)
 {
     static const QRegularExpression part("%[1-9ds]|\n|^ +|\\.\\.\\.$|\\*\\.\\w+");
@@ -65,7 +65,7 @@ QStringList fixedParts(const QString& text)
 }
 } // namespace
 
-void TestTranslations::choice_data()
+void TestTranslations::selection_data()
 {
     QTest::addColumn<QString>("stop");
     QTest::newRow("de_AT") << "Stopp";
@@ -74,14 +74,14 @@ void TestTranslations::choice_data()
     QTest::newRow("zh_TW") << "Stop";
 }
 
-void TestTranslations::choice()
+void TestTranslations::selection()
 {
     QFETCH(QString, stop);
     const bool installed = Translation::install(QTest::currentDataTag());
     QCOMPARE(installed, stop != "Stop");
     QCOMPARE(QCoreApplication::translate("vanto::DeviceBar", "Stop"), stop);
     QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel") != "Cancel", installed);
-    QVERIFY(QCoreApplication::translate("vanto::DeviceBar", "Scan") != stop); // the button compares
+    QVERIFY(QCoreApplication::translate("vanto::DeviceBar", "Scan") != stop); // they differ
 }
 
 void TestTranslations::texts_data()
@@ -116,7 +116,7 @@ void TestTranslations::glyphs()
         layout.beginLayout();
         layout.createLine();
         layout.endLayout();
-        for (const QGlyphRun& run : layout.glyphRuns()) // 0 stands for what no font has
+        for (const QGlyphRun& run : layout.glyphRuns()) // 0: no font has this character
             QVERIFY2(!run.glyphIndexes().contains(0), qPrintable(QString(character)));
     }
 }

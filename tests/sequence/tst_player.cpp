@@ -13,15 +13,15 @@ class tst_player : public QObject
     Q_OBJECT
     const SequenceDataItem m_rest{QList<int>(7, 0), QList<int>(7, 255), 0};
     bool m_modbus = false;
-    int m_frames = 0; ///< requests that move a finger
+    int m_frames = 0; ///< requests for the motion of a finger
     std::unique_ptr<HandProcess> m_hand;
     std::shared_ptr<VantoProtocol> m_adapter;
     std::unique_ptr<SequencePlayer> m_player;
-    QByteArray m_told;   ///< "playing index error;" of each signal
-    qint64 m_period = 0; ///< of the last signal
+    QByteArray m_signals; ///< "playing index error;" of each signal
+    qint64 m_period = 0;  ///< of the last signal
 
-    void tell(const QByteArray& command) { QCOMPARE(m_hand->command(QString(command)), u"ok"); }
-    /// Where replies are dropped, time-outs may not take long.
+    void command(const QByteArray& line) { QCOMPARE(m_hand->command(QString(line)), u"ok"); }
+    /// For tests in which replies are dropped, so that time-outs are short.
     void limitReplies(int ms)
     {
         ReplyLimits::current() = {ms, ms, ms, ms};
@@ -32,10 +32,10 @@ class tst_player : public QObject
               const char* type = "position")
     {
         m_hand->forgetTrace();
-        m_told.clear();
+        m_signals.clear();
         return m_player->play({1, QLatin1String(type), steps}, start, end, forEdit);
     }
-    /// All requests that are no readings, without address and checksum.
+    /// All requests except those that read, without address and checksum.
     QByteArrayList motions() const
     {
         QByteArrayList all;
@@ -65,7 +65,7 @@ private slots:
         m_player->setVantoProtocol(m_adapter, 2);
         connect(m_player.get(), &SequencePlayer::sig_updatePlaying, this,
                 [this](bool playing, int index, qint64 period, const QString& error) {
-                    m_told +=
+                    m_signals +=
                         QStringLiteral("%1 %2 %3;").arg(playing).arg(index).arg(error).toLatin1();
                     m_period = period;
                 });
@@ -82,9 +82,9 @@ private slots:
                                                  "0604678080 060471ffff"
                                                : "4c04000000ff 4c0401307501 4c0402ffff80");
         QVERIFY(play({{{-1269, 9200}, {255}}}, 0, 0, false, "angle"));
-        QTest::qWait(30);
+        QTest::qWait(30); // a step that is only sent is neither polled nor reported again
         QCOMPARE(motions().join(' '), m_modbus ? "060465ffff 060483fb0b" : "4d04000bfbff");
-        QCOMPARE(m_told, "0 0 ;");
+        QCOMPARE(m_signals, "0 0 ;");
     }
     void runs()
     {
@@ -92,27 +92,27 @@ private slots:
         QVERIFY(play(steps, 0, -1));
         QVERIFY(!m_player->play({1, QStringLiteral("angle"), steps}, 1, 1, true) &&
                 !m_player->isPlayForEdit());
-        QTRY_COMPARE(m_told, "0 0 ;1 0 ;1 1 ;0 1 ;");
+        QTRY_COMPARE(m_signals, "0 0 ;1 0 ;1 1 ;0 1 ;");
         QVERIFY(m_period >= 90 && motions().size() == 12 * m_frames);
         QVERIFY(play(steps, 1, 1, true) && m_player->isPlayForEdit());
         QCOMPARE(motions().size(), 5 * m_frames);
         QCOMPARE(motions().last(), m_modbus ? "0604730000" : "4c04040000ff");
-        QTRY_COMPARE(m_told, "1 1 ;0 1 ;");
+        QTRY_COMPARE(m_signals, "1 1 ;0 1 ;");
         QCOMPARE(motions().size(), 11 * m_frames);
         QVERIFY(m_period >= 90 && !play(steps, -1, -1) && !play(steps, 2, -1));
     }
     void arrival()
     {
-        // At speed 0 a finger stays as far from its target as it is.
+        // At speed 0 the distance of a finger from its target stays the same.
         for (const auto& [type, start, window] :
              {std::tuple("position", 20000, 256), {"angle", 1000, 6}})
             for (const int distance : {window, window + 1, -window, -window - 1}) {
-                tell(QByteArray("set 2 ") + type + " 0 " + QByteArray::number(start));
+                command(QByteArray("set 2 ") + type + " 0 " + QByteArray::number(start));
                 QVERIFY(play({{{start + distance}, {0}}}, 0, 1, false, type));
                 QTRY_VERIFY(!m_player->isPlaying() || m_hand->requests().size() > 40);
                 QCOMPARE(m_player->isPlaying(), std::abs(distance) > window);
                 m_player->stop();
-                QCOMPARE(m_told, "0 0 ;1 0 ;0 0 ;");
+                QCOMPARE(m_signals, "0 0 ;1 0 ;0 0 ;");
             }
     }
     void failures()
@@ -126,15 +126,15 @@ private slots:
             {"fault refuse error=0x03", "getFingerCurrent(0x02, ...) returned 0xff (sub err 03)"},
             {"fault refuse skip=6", "getFingerPosAll(0x02, ...) returned 0xff (sub err 21)"}};
         for (const char* type : {"position", "angle"})
-            for (auto [command, message] : rows) {
+            for (auto [setUp, message] : rows) {
                 limitReplies(message == "TIME OUT" ? 250 : 20'000);
                 QVERIFY(play({{{}, {}, 60}}, 0, 1, false, type));
-                tell(command);
+                command(setUp);
                 message.replace("0xff", m_modbus ? "0x10" : "0xff");
                 message.replace("Pos", *type == 'a' ? "Angle" : "Pos");
-                QTRY_COMPARE(m_told, "0 0 ;1 0 ;0 0 " + message + ';');
+                QTRY_COMPARE(m_signals, "0 0 ;1 0 ;0 0 " + message + ';');
                 for (const char* undo : {"clear", "set 2 current 1 auto", "set 2 current 5 auto"})
-                    tell(undo);
+                    command(undo);
             }
     }
     void failedSteps()
@@ -144,13 +144,13 @@ private slots:
         const QByteArray writes = m_modbus ? "6" : "0x4C";
         for (const QByteArray step : {"0", "1"}) {
             const int before = 6 * m_frames * step.toInt();
-            tell("fault refuse error=0x33 count=2 command=" + writes +
-                 " skip=" + QByteArray::number(before));
+            command("fault refuse error=0x33 count=2 command=" + writes +
+                    " skip=" + QByteArray::number(before));
             QCOMPARE(play({m_rest, m_rest, m_rest}, 0, -1), before > 0);
             QTRY_VERIFY(!m_player->isPlaying());
-            QTest::qWait(50);
-            QVERIFY(m_told.endsWith(' ' + step + " ;0 " + step + failed + "0 " + step + failed));
-            // Over Modbus a finger whose speed was refused gets no target.
+            QTest::qWait(50); // nothing else is sent or reported
+            QVERIFY(m_signals.endsWith(' ' + step + " ;0 " + step + failed + "0 " + step + failed));
+            // Over Modbus a refused speed means that no target is sent.
             QCOMPARE(motions().size(), before + (m_modbus ? 10 : 6));
         }
     }
@@ -162,18 +162,18 @@ private slots:
             QTimer::singleShot(ms, this, [&] {
                 m_player->stop();
                 sent = motions().size();
-                m_told.clear();
+                m_signals.clear();
             });
             const bool played = play(QList<SequenceDataItem>(1000, m_rest), 0, -1, moment % 2);
             QCOMPARE(played, sent < 0);
             QTRY_VERIFY(sent >= 0);
-            QTest::qWait(40);
-            QVERIFY(!m_player->isPlaying() && m_told.isEmpty());
-            QVERIFY(motions().size() <= sent + 1); // one frame may have been on its way
+            QTest::qWait(40); // several polls, which send and report nothing
+            QVERIFY(!m_player->isPlaying() && m_signals.isEmpty());
+            QVERIFY(motions().size() <= sent + 1); // the trace may lack one frame at the stop
         }
-        // Nor is a frame repeated that got no answer.
+        // An unanswered frame is not repeated.
         limitReplies(500);
-        tell("fault drop count=0");
+        command("fault drop count=0");
         QTimer::singleShot(60, this, [&] { m_player->stop(); });
         play({m_rest}, 0, 0);
         QTRY_VERIFY(!Conversation::busy());
@@ -182,25 +182,25 @@ private slots:
     void newRunInsideOld()
     {
         connect(m_player.get(), &SequencePlayer::sig_updatePlaying, this, [&] {
-            if (m_told.endsWith(";1 1 ;") && !m_told.contains("0 2")) {
+            if (m_signals.endsWith(";1 1 ;") && !m_signals.contains("0 2")) {
                 m_player->stop();
                 m_player->play({1, QStringLiteral("position"), {{}, {}, m_rest}}, 2, 3, false);
             }
         });
         QVERIFY(play({m_rest, m_rest}, 0, -1));
-        QTRY_COMPARE(m_told, "0 0 ;1 0 ;1 1 ;0 1 ;0 2 ;1 2 ;0 2 ;");
+        QTRY_COMPARE(m_signals, "0 0 ;1 0 ;1 1 ;0 1 ;0 2 ;1 2 ;0 2 ;");
         QCOMPARE(motions().size(), 12 * m_frames);
     }
-    void conversations()
+    void polledBetweenConversations()
     {
         auto conversation = std::make_unique<LineHold>();
         QTimer::singleShot(0, this, [this] { m_player->setVantoProtocol(nullptr, 2); });
         QVERIFY(play({m_rest, m_rest}, 0, -1));
-        QTest::qWait(50);
+        QTest::qWait(50); // no poll while the line is held
         QCOMPARE(motions().size(), 6 * m_frames);
-        QCOMPARE(m_told, "0 0 ;1 0 ;");
+        QCOMPARE(m_signals, "0 0 ;1 0 ;");
         conversation.reset();
-        QTRY_COMPARE(m_told, "0 0 ;1 0 ;0 0 No VANTO;");
+        QTRY_COMPARE(m_signals, "0 0 ;1 0 ;0 0 No VANTO;");
     }
 };
 

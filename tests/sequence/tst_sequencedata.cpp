@@ -17,7 +17,7 @@ class tst_sequencedata : public QObject
                "}";
     }
 private slots:
-    void refusals()
+    void invalidDocuments()
     {
         const QByteArray good = document("angle", "[]");
         const auto with = [&](const char* old, const char* text) {
@@ -83,7 +83,7 @@ private slots:
             QVERIFY(read.fromJSON(data.toJSON()) && read == data && read.toJSON() == data.toJSON());
         }
     }
-    void manager()
+    void editedAndStored()
     {
         SequenceManager manager;
         for (const auto& [index, delay] : {std::pair(0, 1), {1, 2}, {0, 3}})

@@ -7,7 +7,7 @@ namespace vanto
 
 namespace
 {
-/// The entries of the Devices list for the nodes among the options of a hand.
+/// The texts in the Devices list for the nodes among the options of a hand.
 QStringList deviceTexts(const QStringList& options)
 {
     QStringList texts;
@@ -32,10 +32,10 @@ void HandTest::open(const QStringList& options, int hands)
     listAgain();
 }
 
-void HandTest::forget()
+void HandTest::clearRecords()
 {
     m_hand->forgetTrace();
-    m_tool->forgetShownTexts();
+    m_tool->clearShownTexts();
 }
 
 void HandTest::close()
@@ -55,20 +55,20 @@ void HandTest::expectTimeouts(int milliseconds)
 
 void HandTest::duringExchange(std::function<void()> act) const
 {
-    auto* look = new QTimer(m_tool->window());
-    connect(look, &QTimer::timeout, look, [look, act = std::move(act)] {
+    auto* timer = new QTimer(m_tool->window());
+    connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
         if (!Exchange::active())
             return;
-        look->stop();
-        look->deleteLater();
+        timer->stop();
+        timer->deleteLater();
         act();
     });
-    look->start(1);
+    timer->start(1);
 }
 
-void HandTest::tell(const QString& command) const
+void HandTest::command(const QString& line) const
 {
-    const QString answer = m_hand->command(command);
+    const QString answer = m_hand->command(line);
     QVERIFY2(answer.startsWith("ok"), qPrintable(answer));
 }
 

@@ -8,29 +8,29 @@
 namespace vanto
 {
 
-/// A test of the real window against simulated hands on a real serial device.
+/// Base class of tests that run the real window against simulated hands on a pseudo-terminal.
 class HandTest : public QObject
 {
     Q_OBJECT
 protected:
-    /// Starts the hands, lists the first `hands` of them, without a scan, and opens the first.
+    /// Starts the hands, lists the first `hands` of them without a scan, and opens the first.
     void open(const QStringList& options = {"--node", "2"}, int hands = 1);
     /// Lists the same hands again, and opens the first.
     void listAgain() const { m_tool->list(m_listed); }
-    /// For tests in which a hand does not answer: the time-outs of hands that are opened from now
-    /// on, up to close(). Without this call they are so long that a busy machine meets none.
+    /// Sets the time-outs until close(), for tests in which a hand does not answer. Without this
+    /// call they are so long that none occurs on a busy machine.
     void expectTimeouts(int milliseconds = 600);
-    /// Runs `act` as soon as an exchange with a hand is under way, inside its wait.
+    /// Runs `act` as soon as an exchange with a hand waits for the reply, from inside that wait.
     void duringExchange(std::function<void()> act) const;
-    /// Whether nothing is under way between the window and a hand.
+    /// Whether no conversation between the window and a hand is in progress.
     static bool idle() { return !Conversation::busy(); }
-    /// Forgets frames and texts until now.
-    void forget();
-    /// No two exchanges may have overlapped.
+    /// Clears the recorded frames and texts.
+    void clearRecords();
+    /// Checks that no exchanges overlapped, then closes the window and ends the hands.
     void close();
 
-    /// Gives the hands a command that they must accept.
-    void tell(const QString& command) const;
+    /// Sends a control command to the hands, which must accept it.
+    void command(const QString& line) const;
     QStringList frames(const QList<int>& commands = {}) const { return m_hand->frames(commands); }
     QStringList writes() const { return m_hand->modbusWrites(); }
     QStringList addressed() const { return m_hand->addressed(); }

@@ -7,23 +7,22 @@
 namespace vanto
 {
 
-/// Time-outs that are never met, as a simulated hand may have to wait for a processor. Every test
-/// begins with them; those in which a hand does not answer set others.
+/// Time-outs that never occur, because a simulated hand may have to wait for a processor. Every
+/// test starts with them; tests in which a hand does not answer set others.
 constexpr ReplyLimits PatientLimits{20'000, 20'000, 20'000, 20'000};
 
-/// A test class of a program that holds several of them: building, linking and starting one program
-/// is cheaper than thirty. `tests_window tst_run [FUNCTION...]` runs one class of tests_window.
+/// A test class in a program with several of them, because one program builds and links faster than
+/// thirty. `tests_window tst_run [FUNCTION...]` runs one class of tests_window.
 class RegisteredTest
 {
 public:
     using Run = int (*)(int argc, char* argv[]);
 
-    /// `sourceFile` gives the test its name: that of the file without folder and extension.
+    /// The name of the test is that of `sourceFile` without folder and extension.
     RegisteredTest(const char* sourceFile, Run run);
 };
 
-/// Makes the class known under the name of its file. Stands at the file's end, in place of a main
-/// function of Qt Test.
+/// Registers the class under the name of its file; replaces QTEST_MAIN().
 #define VANTO_TEST(Class)                                                                          \
     namespace                                                                                      \
     {                                                                                              \

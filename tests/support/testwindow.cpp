@@ -1,5 +1,6 @@
 #include "testwindow.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -9,21 +10,21 @@ namespace vanto
 
 namespace
 {
-/// Settings land in the working directory, so each window gets a fresh one.
-QStringList inFreshFolder(const QStringList& ports)
+/// The program stores settings in the working directory, so each window gets a new one.
+QStringList changeToNewFolder(const QStringList& ports)
 {
     static QList<std::shared_ptr<QTemporaryDir>> folders;
     folders.append(std::make_shared<QTemporaryDir>());
     QDir::setCurrent(folders.constLast()->path());
-    // All but what the offscreen platform says of itself.
+    // Any warning except the one of the offscreen platform.
     QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
     return ports;
 }
 } // namespace
 
-TestWindow::TestWindow(const QStringList& ports) : WindowDriver(inFreshFolder(ports))
+TestWindow::TestWindow(const QStringList& ports) : WindowDriver(changeToNewFolder(ports))
 {
-    click("pushButton_RefreshPorts"); // need not wait for the listing at the start
+    click("pushButton_RefreshPorts"); // instead of waiting for the list of the start
     connect(window()->statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
         if (!text.isEmpty())
             m_shown.append(text);
@@ -35,7 +36,7 @@ TestWindow::TestWindow(const QStringList& ports) : WindowDriver(inFreshFolder(po
 
 bool TestWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    // The error label's tool tip is its text; labels have no signal for a new one.
+    // The tool tip of the error label is its text; QLabel has no signal for a changed text.
     if (event->type() == QEvent::ToolTipChange && !errorText().isEmpty())
         m_shown.append(errorText());
     return QObject::eventFilter(watched, event);
@@ -60,6 +61,19 @@ void TestWindow::scanFor(int hands) const
     scan(hands);
     QCOMPARE(devices()->count(), hands);
     QCOMPARE(find<QPushButton>("pushButton_ScanDevices")->text(), QStringLiteral("Scan"));
+}
+
+QString styleSheetOf(const QString& theme)
+{
+    QFile file(QString(":qdarkstyle/%1/%1style.qss").arg(theme));
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+void addBoolRows(const char* column, const char* whenTrue, const char* whenFalse)
+{
+    QTest::addColumn<bool>(column);
+    QTest::newRow(whenTrue) << true;
+    QTest::newRow(whenFalse) << false;
 }
 
 void addTextRows(const QList<const char*>& columns, const QList<QStringList>& rows)

@@ -14,21 +14,21 @@
 namespace vanto
 {
 
-/// The window in a test: fails on warnings of Qt and records what the window shows.
+/// The window in a test. Fails on warnings of Qt and records what the window shows.
 class TestWindow : public QObject, public WindowDriver
 {
 public:
-    /// Lists `ports` after the system's and chooses the first of them.
+    /// Lists `ports` after those of the system and selects the first of them.
     explicit TestWindow(const QStringList& ports = {});
 
     QStringList deviceTexts() const;
-    /// Adds devices to the list, as if they had been found, and so opens the first.
+    /// Adds devices to the list as a scan does, which opens the first.
     void list(const QStringList& deviceTexts) const;
     void scanFor(int hands) const;
 
     /// All texts that the status bar and the error label have shown, in order.
     QStringList shownTexts() const { return m_shown; }
-    void forgetShownTexts() { m_shown.clear(); }
+    void clearShownTexts() { m_shown.clear(); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -36,10 +36,16 @@ private:
     QStringList m_shown;
 };
 
-/// Adds columns of texts to a test's data, and rows, which are named by their texts.
+/// The style sheet of a theme; empty if the theme does not exist.
+QString styleSheetOf(const QString& theme);
+
+/// Adds a column to the data of a test, and the names of its two rows.
+void addBoolRows(const char* column, const char* whenTrue, const char* whenFalse);
+
+/// Adds columns of texts to the data of a test, and rows named after their texts.
 void addTextRows(const QList<const char*>& columns, const QList<QStringList>& rows);
 
-/// Runs `act` on each modal dialog of type Dialog as soon as it is shown, and counts.
+/// Runs `act` on each modal dialog of type Dialog as soon as it is shown, and counts them.
 template<class Dialog>
 class DialogAnswer : public DialogWatch
 {
@@ -52,7 +58,7 @@ public:
               ++m_count;
               act(dialog);
               if (QTest::currentTestFailed() && dialog && dialog->isVisible())
-                  dialog->reject(); // a check that failed has returned before it answered
+                  dialog->reject(); // a failed check has returned from `act` early
           })
     {
     }

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs a test of a test program beside the other files that it needs, as nobody if root runs this.
+# Runs a test of a test program, copied together with the files that it needs, as an unprivileged
+# user: as nobody if root runs this script.
 # usage: unprivileged.sh PROGRAM TEST FILE...
 set -euo pipefail
 program=$1
@@ -8,7 +9,7 @@ shift 2
 
 [[ $EUID -ne 0 ]] && exec "$program" "$test"
 
-# Nobody may not enter every folder that root builds in.
+# The user nobody cannot enter every folder in which root builds.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp "$program" "$@" "$work"

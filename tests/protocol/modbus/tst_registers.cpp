@@ -10,14 +10,14 @@ namespace vanto
 
 namespace
 {
-/// An operation and the bytes of its requests. The CRCs were worked out by a program of their own.
+/// An operation and the bytes of its requests. A separate program calculated the CRCs.
 struct ExchangeRow {
     const char* name;
     QString (*call)(VantoProtocol*, const char*);
     const char* inputs;
     const char* requests;
     const char* outcome = "0";
-    const char* state = ""; ///< what the hand is set to before
+    const char* state = ""; ///< properties of the hand that are set before
 };
 
 const ExchangeRow exchangeRows[] = {
@@ -119,18 +119,20 @@ const ExchangeRow exchangeRows[] = {
     {OPERATION(startInit), "", "020603F50001584F"},
 };
 
-/// What becomes of an operation when one of its requests meets a fault.
+/// The result of an operation if a fault applies to one of its requests.
 struct BrokenRow {
     const char* name;
     QString (*call)(VantoProtocol*, const char*);
     const char* inputs;
     const char* fault;
     int requests;
-    const char* outcome; ///< and what was written to the outputs by then
+    const char* outcome; ///< with the values of the outputs that were written before
 };
 
 constexpr BrokenRow brokenRows[] = {
     {OPERATION(getFirmwareVersion), "", "fault short", 1, "255"},
+    {OPERATION(getBatteryVoltage), "", "fault garble count=0", 2, "3"},
+    {OPERATION(beep), "1", "fault drop count=0", 2, "3"},
     {OPERATION(getCaliData), "1 1", "fault refuse skip=1", 2, "16"},
     {OPERATION(getFingerPID), "0", "fault refuse skip=2", 3, "16 1.5 0.05"},
     {OPERATION(getFingerPosLimit), "0", "fault refuse skip=1", 2, "16"},
@@ -165,9 +167,9 @@ private slots:
     void errorCodes();
 
 private:
-    void tell(const QString& command) { QCOMPARE(m_hand->command(command), QStringLiteral("ok")); }
+    void command(const QString& line) { QCOMPARE(m_hand->command(line), QStringLiteral("ok")); }
     /// The first registers of the requests since the last call.
-    QList<int> asked()
+    QList<int> takeRequests()
     {
         QList<int> registers;
         for (const TracedFrame& frame : m_hand->requests())
@@ -182,10 +184,10 @@ private:
 
 void tst_registers::init()
 {
-    const bool spoilt = QTest::currentTestFunction() == QByteArray("broken");
-    ReplyLimits::current() = spoilt ? ReplyLimits{400, 400, 400, 400} : PatientLimits;
+    const bool faulty = QTest::currentTestFunction() == QByteArray("broken");
+    ReplyLimits::current() = faulty ? ReplyLimits{400, 400, 400, 400} : PatientLimits;
     m_hand = std::make_unique<HandProcess>();
-    // So slow that a finger on its way does not move during a test.
+    // So slow that a moving finger keeps its position during a test.
     const auto options = QStringLiteral("--speed 1e-9 --node 2:modbus --node 7:modbus").split(u' ');
     QVERIFY2(m_hand->start(options), qPrintable(m_hand->errorText()));
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
@@ -197,7 +199,7 @@ void tst_registers::exchanges()
 {
     QFETCH(const ExchangeRow*, row);
     for (const QString& value : QString::fromLatin1(row->state).split(u';', Qt::SkipEmptyParts))
-        tell(QStringLiteral("set 2 ") + value);
+        command(QStringLiteral("set 2 ") + value);
     QCOMPARE(row->call(m_adapter.get(), row->inputs), QString::fromLatin1(row->outcome));
     QByteArrayList requests;
     for (const TracedFrame& frame : m_hand->requests())
@@ -208,7 +210,7 @@ void tst_registers::exchanges()
 void tst_registers::broken()
 {
     QFETCH(const BrokenRow*, row);
-    tell(QString::fromLatin1(row->fault));
+    command(QString::fromLatin1(row->fault));
     QCOMPARE(row->call(m_adapter.get(), row->inputs), QString::fromLatin1(row->outcome));
     QCOMPARE(m_hand->requests().size(), row->requests);
 }
@@ -216,50 +218,49 @@ void tst_registers::broken()
 void tst_registers::caches()
 {
     for (const char* value : {"start 3 1000", "end 3 3000", "position 3 32768", "start 1 0"})
-        tell(QStringLiteral("set 7 ") + QLatin1String(value));
-    u16 target = 0;
-    u16 current = 0;
-    const auto read = [&](u8 node, u8 finger) {
+        command(QStringLiteral("set 7 ") + QLatin1String(value));
+    std::uint16_t target = 0;
+    std::uint16_t current = 0;
+    const auto read = [&](std::uint8_t node, std::uint8_t finger) {
         m_adapter->getFingerPosAbs(node, finger, &target, &current);
-        return asked();
+        return takeRequests();
     };
     QCOMPARE(read(7, 3), (QList<int>{1033, 1023, 1138, 1148}));
-    QCOMPARE(current, u16{2000});
-    // Kept whatever is written and across a reconnection.
-    const u16 limits[] = {0, 0, 0, 4000};
+    QCOMPARE(current, std::uint16_t{2000});
+    // The limits stay cached when they are written and when the adapter reconnects.
+    const std::uint16_t limits[] = {0, 0, 0, 4000};
     QCOMPARE(int(m_adapter->setCaliData(7, limits, limits, limits, 4, 1)), 0);
     m_adapter->disconnect();
     QVERIFY(m_adapter->connect(qPrintable(m_hand->portName()), BaudRate));
-    asked();
+    takeRequests();
     QCOMPARE(int(m_adapter->setFingerPosAbs(7, 3, 2000, 1)), 0);
-    QCOMPARE(asked(), (QList<int>{1128, 1138}));
+    QCOMPARE(takeRequests(), (QList<int>{1128, 1138}));
     QCOMPARE(m_hand->command(QStringLiteral("get 7 target 3")), QStringLiteral("ok 32767"));
-    // Each node has its own; a limit that is really 0 is asked for again, and so is that of what
-    // is no finger.
+    // Each node has its own limits. Limits of 0 and of invalid fingers are not cached.
     QCOMPARE(read(2, 3), (QList<int>{1033, 1023, 1138, 1148}));
     QCOMPARE(read(7, 1), (QList<int>{1031, 1021, 1136, 1146}));
     QCOMPARE(read(7, 1), (QList<int>{1031, 1021, 1136, 1146}));
     QCOMPARE(read(7, 10), (QList<int>{1040, 1030, 1145, 1155}));
     QCOMPARE(read(7, 10), (QList<int>{1040, 1030, 1145, 1155}));
-    // The thumb root's positions likewise; the first of node 7 is 0 by now.
+    // The same applies to the positions of the thumb root; the first of node 7 is now 0.
     for (const auto& [node, registers] : {std::pair{7, QList<int>{1040, 1150}},
                                           {7, {1040, 1150}},
                                           {2, {1040, 1150}},
                                           {2, {1150}}}) {
-        u8 index = 0;
-        m_adapter->getThumbRootPos(static_cast<u8>(node), &target, &index);
-        QCOMPARE(asked(), registers);
+        std::uint8_t index = 0;
+        m_adapter->getThumbRootPos(static_cast<std::uint8_t>(node), &target, &index);
+        QCOMPARE(takeRequests(), registers);
     }
 }
 
 void tst_registers::thumbRootTie()
 {
-    u16 word = 1;
-    const u16 presets[] = {1000, 3048, 2500};
+    std::uint16_t word = 1;
+    const std::uint16_t presets[] = {1000, 3048, 2500};
     QCOMPARE(int(m_adapter->setCaliData(2, &word, &word, presets, 1, 3)), 0);
     for (const auto& [position, wanted] : {std::pair{2024, 0}, {2025, 1}, {4072, 1}, {4073, 255}}) {
-        tell(QStringLiteral("set 2 position 5 %1").arg(position));
-        u8 index = 0;
+        command(QStringLiteral("set 2 position 5 %1").arg(position));
+        std::uint8_t index = 0;
         QCOMPARE(int(m_adapter->getThumbRootPos(2, &word, &index)), 0);
         QCOMPARE(std::pair(int(word), int(index)), std::pair(position, wanted));
     }

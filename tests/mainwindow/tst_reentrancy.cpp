@@ -6,42 +6,42 @@
 namespace vanto
 {
 
-/// What may arrive while an exchange waits, in the real window. The hands at nodes 2 and 3
-/// answer late, so that there is time to do it.
-class TestDoors : public HandTest
+/// User actions while an exchange waits for its reply, in the real window. The hands at nodes 2 and
+/// 3 answer late, which leaves time for the action.
+class TestReentrancy : public HandTest
 {
     Q_OBJECT
 private slots:
     void init();
     void cleanup();
-    void clicksWait();
-    void focusOutlastsAReload();
+    void clicksAreQueued();
+    void reloadKeepsFocus();
     void deviceChangedDuringReload();
-    void leavingDuringReload_data();
+    void leavingDuringReload_data() { addBoolRows("refresh", "ports refreshed", "port changed"); }
     void leavingDuringReload();
-    void closingEndsAtOnce_data();
-    void closingEndsAtOnce();
+    void closingIsImmediate_data();
+    void closingIsImmediate();
 
 private:
     static constexpr int ReplyMs = 25;
 };
 
-void TestDoors::init()
+void TestReentrancy::init()
 {
     expectTimeouts();
     open({"--node", "2", "--node", "3"}, 2);
-    tell(QString("fault late count=0 ms=%1").arg(ReplyMs));
-    forget();
+    command(QString("fault late count=0 ms=%1").arg(ReplyMs));
+    clearRecords();
 }
 
-void TestDoors::cleanup()
+void TestReentrancy::cleanup()
 {
     for (const QString& text : shown())
         QVERIFY2(!text.contains("Timeout"), qPrintable(text));
     close();
 }
 
-void TestDoors::clicksWait()
+void TestReentrancy::clicksAreQueued()
 {
     auto* level = m_tool->find<QComboBox>("comboBox_BasicSelfTestLevel");
     duringExchange([&] {
@@ -59,20 +59,20 @@ void TestDoors::clicksWait()
                                        "Reset succeeded", "Beep succeeded"}));
 }
 
-void TestDoors::focusOutlastsAReload()
+void TestReentrancy::reloadKeepsFocus()
 {
-    // A reload disables its own button; the focus must not end on another control.
+    // A reload disables its own button; the focus must not move to another control.
     auto* reload = m_tool->find<QPushButton>("pushButton_BasicReloadBasic");
     reload->setFocus();
     reload->click();
     QCOMPARE(m_tool->window()->focusWidget(), reload);
 }
 
-void TestDoors::deviceChangedDuringReload()
+void TestReentrancy::deviceChangedDuringReload()
 {
     duringExchange([&] {
         m_tool->find<QPushButton>("pushButton_BasicBeep")->setEnabled(true);
-        m_tool->click("pushButton_BasicBeep"); // for node 2, and so void after the change
+        m_tool->click("pushButton_BasicBeep"); // for node 2, so the change discards it
         m_tool->devices()->setCurrentIndex(1);
         m_tool->find<QPushButton>("pushButton_BasicReset")->setEnabled(true);
         m_tool->click("pushButton_BasicReset"); // node 3 is not open yet
@@ -89,14 +89,7 @@ void TestDoors::deviceChangedDuringReload()
     QCOMPARE(addressed().constLast(), "03:62");
 }
 
-void TestDoors::leavingDuringReload_data()
-{
-    QTest::addColumn<bool>("refresh");
-    QTest::newRow("port changed") << false;
-    QTest::newRow("ports refreshed") << true;
-}
-
-void TestDoors::leavingDuringReload()
+void TestReentrancy::leavingDuringReload()
 {
     QFETCH(bool, refresh);
     auto* ports = m_tool->ports();
@@ -115,7 +108,7 @@ void TestDoors::leavingDuringReload()
     QCOMPARE(shown(), QStringList());
 }
 
-void TestDoors::closingEndsAtOnce_data()
+void TestReentrancy::closingIsImmediate_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<bool>("byMenu");
@@ -125,27 +118,27 @@ void TestDoors::closingEndsAtOnce_data()
     QTest::newRow("reload, closed") << "pushButton_BasicReloadBasic" << false;
 }
 
-void TestDoors::closingEndsAtOnce()
+void TestReentrancy::closingIsImmediate()
 {
     QFETCH(QString, button);
     QFETCH(bool, byMenu);
-    qsizetype framesAtEnd = -1;
-    QElapsedTimer sinceEnd;
+    qsizetype framesAtClose = -1;
+    QElapsedTimer sinceClose;
     QTimer::singleShot(0, m_tool->window(), [&] { m_tool->click(button); });
     duringExchange([&] {
         QTRY_VERIFY(!m_hand->requests().isEmpty());
-        framesAtEnd = m_hand->requests().size();
-        sinceEnd.start();
+        framesAtClose = m_hand->requests().size();
+        sinceClose.start();
         byMenu ? m_tool->trigger("action_Exit") : static_cast<void>(m_tool->window()->close());
     });
     QCOMPARE(QApplication::exec(), 0);
-    QVERIFY2(sinceEnd.elapsed() < 3000, qPrintable(QString::number(sinceEnd.elapsed())));
-    QCOMPARE(m_hand->requests().size(), framesAtEnd);
-    m_tool->forgetShownTexts(); // absent nodes time out in a scan
+    QVERIFY2(sinceClose.elapsed() < 3000, qPrintable(QString::number(sinceClose.elapsed())));
+    QCOMPARE(m_hand->requests().size(), framesAtClose);
+    m_tool->clearShownTexts(); // time-outs of absent nodes in a scan
 }
 
-VANTO_TEST(TestDoors)
+VANTO_TEST(TestReentrancy)
 
 } // namespace vanto
 
-#include "tst_doors.moc"
+#include "tst_reentrancy.moc"

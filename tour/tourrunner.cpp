@@ -1,4 +1,4 @@
-#include "stage.h"
+#include "tourrunner.h"
 
 #include "theme.h"
 
@@ -15,7 +15,7 @@ namespace vanto
 
 namespace
 {
-constexpr int AwaitMs = 20000;
+constexpr int WaitMs = 20000;
 constexpr int EventSliceMs = 10;
 
 QString textOf(const QDialog& dialog)
@@ -28,79 +28,80 @@ QString textOf(const QDialog& dialog)
 }
 } // namespace
 
-Stage::Stage(HandProcess& hands, QString folder, TourManner manner)
+TourRunner::TourRunner(HandProcess& hands, QString folder, TourOptions options)
     : WindowDriver({hands.portName()}, Theme::applyStored),
       m_hands(hands),
       m_folder(std::move(folder)),
-      m_manner(manner)
+      m_options(options)
 {
 }
 
-bool Stage::play(std::span<const Step> steps)
+bool TourRunner::run(std::span<const Step> steps)
 {
     int number = 0;
     for (const Step& step : steps) {
         m_stepName = QStringLiteral("%1-%2")
                          .arg(++number, 2, 10, QLatin1Char('0'))
                          .arg(QLatin1String(step.name));
-        if (!playStep(step))
+        if (!runStep(step))
             return false;
     }
     return true;
 }
 
-bool Stage::playStep(const Step& step)
+bool TourRunner::runStep(const Step& step)
 {
-    QString seen = step.run(*this);
-    takePicture({});
-    const bool passed = m_complaints.isEmpty();
+    QString summary = step.run(*this);
+    saveScreenshot({});
+    const bool passed = m_failures.isEmpty();
     if (!passed)
-        seen = m_complaints.join(QLatin1String("; "));
+        summary = m_failures.join(QLatin1String("; "));
     std::printf("%s %s: %s\n", passed ? "ok" : "FAILED",
                 qPrintable(QString(m_stepName).replace(QLatin1Char('-'), QLatin1Char(' '))),
-                qPrintable(seen));
+                qPrintable(summary));
     std::fflush(stdout);
     return passed;
 }
 
-void Stage::expect(const QString& what, const QString& seen, const QString& wanted)
+void TourRunner::expect(const QString& what, const QString& actual, const QString& expected)
 {
-    if (seen != wanted)
-        complain(QStringLiteral("%1 is \"%2\", not \"%3\"").arg(what, seen, wanted));
+    if (actual != expected)
+        addFailure(QStringLiteral("%1 is \"%2\", not \"%3\"").arg(what, actual, expected));
 }
 
-void Stage::expectText(const QString& what, const QString& seen, const QString& wanted)
+void TourRunner::expectText(const QString& what, const QString& actual, const QString& expected)
 {
     if (english())
-        expect(what, seen, wanted);
+        expect(what, actual, expected);
 }
 
-void Stage::click(const QString& button)
+void TourRunner::click(const QString& button)
 {
     if (!enabled(button))
-        complain(QStringLiteral("%1 is disabled").arg(button));
+        addFailure(QStringLiteral("%1 is disabled").arg(button));
     WindowDriver::click(button);
 }
 
-void Stage::withDialog(const std::function<void()>& open, DialogWatch::Answer answer)
+void TourRunner::withDialog(const std::function<void()>& open, DialogWatch::Answer answer)
 {
     withDialogs(open, {std::move(answer)});
 }
 
-void Stage::withDialogs(const std::function<void()>& open, std::deque<DialogWatch::Answer> answers)
+void TourRunner::withDialogs(const std::function<void()>& open,
+                             std::deque<DialogWatch::Answer> answers)
 {
     m_answers = std::move(answers);
     open();
     if (!m_answers.empty())
-        complain(QStringLiteral("%1 dialogs did not come up").arg(m_answers.size()));
+        addFailure(QStringLiteral("%1 dialogs were not shown").arg(m_answers.size()));
     m_answers.clear();
 }
 
-void Stage::answer(QDialog& dialog)
+void TourRunner::answer(QDialog& dialog)
 {
     if (m_answers.empty()) {
-        takePicture(QStringLiteral("-unexpected"), &dialog);
-        complain(QStringLiteral("unexpected dialog \"%1\"").arg(textOf(dialog)));
+        saveScreenshot(QStringLiteral("-unexpected"), &dialog);
+        addFailure(QStringLiteral("unexpected dialog \"%1\"").arg(textOf(dialog)));
         dialog.reject();
         return;
     }
@@ -109,46 +110,46 @@ void Stage::answer(QDialog& dialog)
     answer(dialog);
 }
 
-void Stage::await(const QString& what, const std::function<bool()>& condition)
+void TourRunner::waitFor(const QString& what, const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(AwaitMs);
+    const QDeadlineTimer deadline(WaitMs);
     while (!condition()) {
         if (deadline.hasExpired()) {
-            complain(QStringLiteral("waited in vain: ") + what);
+            addFailure(QStringLiteral("time-out: ") + what);
             return;
         }
         QCoreApplication::processEvents(QEventLoop::AllEvents, EventSliceMs);
     }
 }
 
-QString Stage::askHands(const QString& command)
+QString TourRunner::command(const QString& line)
 {
-    const QString answer = m_hands.command(command);
+    const QString answer = m_hands.command(line);
     if (!answer.startsWith(QLatin1String("ok")))
-        complain(QStringLiteral("the hands answered \"%1\" to \"%2\"").arg(answer, command));
+        addFailure(QStringLiteral("the hands answered \"%1\" to \"%2\"").arg(answer, line));
     return answer.sliced(qMin(answer.size(), qsizetype{2})).trimmed();
 }
 
-void Stage::takePicture(const QString& suffix, QDialog* dialog)
+void TourRunner::saveScreenshot(const QString& suffix, QDialog* dialog)
 {
-    QPixmap picture = window()->grab();
+    QPixmap image = window()->grab();
     if (dialog) {
-        QPainter painter(&picture);
+        QPainter painter(&image);
         const QRect place(window()->mapFromGlobal(dialog->mapToGlobal(QPoint())), dialog->size());
         painter.drawPixmap(place.topLeft(), dialog->grab());
         painter.setPen(dialog->palette().color(QPalette::Mid));
         painter.drawRect(place);
     }
     const QString path = m_folder + QLatin1Char('/') + m_stepName + suffix + QStringLiteral(".png");
-    if (!picture.save(path))
-        complain(QStringLiteral("cannot write ") + path);
+    if (!image.save(path))
+        addFailure(QStringLiteral("cannot write ") + path);
 }
 
-DialogWatch::Answer withFile(Stage& stage, const QString& name)
+DialogWatch::Answer answerWithFile(TourRunner& tour, const QString& name)
 {
-    return [&stage, name](QDialog& dialog) {
+    return [&tour, name](QDialog& dialog) {
         chooseFile(dialog, name);
-        stage.takePicture(QStringLiteral("-file"), &dialog);
+        tour.saveScreenshot(QStringLiteral("-file"), &dialog);
     };
 }
 
