@@ -279,7 +279,7 @@ void TestUpdate::duringTheTransfer()
                 m_tool->trigger("action_Force_Update");
                 QMetaObject::invokeMethod(window, "on_pushButton_BasicUpdateFirmware_clicked");
                 QVERIFY(window->isVisible() && dialog->isVisible());
-                QVERIFY(m_tool->errorText().contains("being updated"));
+                QVERIFY(m_tool->errorText().contains("update in progress"));
             });
     });
     command("fault late stage=record skip=8 ms=300");
