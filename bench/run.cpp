@@ -55,7 +55,7 @@ bool measureCosts()
     auto* runPage = bench.tool.find<RunPage>(QStringLiteral("tab_Run"));
     const double tick = medianMs([&] { runPage->updateCurrent(); });
     bench.tool.showPage(BasicTab);
-    bench.hand.forgetTrace();
+    bench.hand.clearTrace();
     auto* settingPage = bench.tool.find<SettingPage>(QStringLiteral("tab_Setting"));
     settingPage->reloadSettingInfo();
     const auto exchanges = static_cast<double>(bench.hand.requests().size());
@@ -75,7 +75,7 @@ bool clickSet()
     // Waits until the last time-out text of the scan is cleared.
     while (!bench.tool.errorText().isEmpty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    bench.hand.forgetTrace();
+    bench.hand.clearTrace();
     int clicks = 0;
     QStringList errors;
     QTimer clicking;

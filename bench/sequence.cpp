@@ -101,7 +101,7 @@ bool measurePolls(const Line& line)
     if (!adapter->connect(hand.portName().toUtf8().constData(), BaudRate) ||
         !player.play(data, 0, -1, false))
         return false;
-    hand.forgetTrace();
+    hand.clearTrace();
     QEventLoop loop;
     QTimer::singleShot(PlayingMs, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();

@@ -22,25 +22,25 @@ QString DeviceEntry::text() const
         .arg(protocolMinor);
 }
 
-EntryFault parseDeviceEntry(const QString& text, DeviceAddress& address)
+EntryError parseDeviceEntry(const QString& text, DeviceAddress& address)
 {
     if (text.contains(QLatin1String("SerialCtrl")))
         address.type = PROTOCOL_TYPE_SERIALCTRL;
     else if (text.contains(QLatin1String("ModBus-RTU")))
         address.type = PROTOCOL_TYPE_MODBUS_RTU;
     else
-        return EntryFault::UnknownProtocolType;
+        return EntryError::UnknownProtocolType;
 
     const auto mark = text.indexOf(VersionMark);
     if (mark < 0)
-        return EntryFault::UnknownProtocolVersion;
+        return EntryError::UnknownProtocolVersion;
     static const QRegularExpression version(QStringLiteral("^\\s*([+-]?\\d+)\\.\\s*([+-]?\\d+)"));
     const auto match = version.match(text.sliced(mark + VersionMark.size()));
     if (!match.hasMatch())
-        return EntryFault::UnknownDeviceName;
+        return EntryError::UnknownDeviceName;
     address.major = static_cast<std::uint8_t>(match.captured(1).toInt());
     address.minor = static_cast<std::uint8_t>(match.captured(2).toInt());
-    return EntryFault::None;
+    return EntryError::None;
 }
 
 } // namespace vanto

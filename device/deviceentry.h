@@ -27,9 +27,9 @@ struct DeviceAddress {
     std::uint8_t minor = 0;
 };
 
-enum class EntryFault { None, UnknownProtocolType, UnknownProtocolVersion, UnknownDeviceName };
+enum class EntryError { None, UnknownProtocolType, UnknownProtocolVersion, UnknownDeviceName };
 
 /// Parses the text of an entry. `address` is complete only if the result is None.
-EntryFault parseDeviceEntry(const QString& text, DeviceAddress& address);
+EntryError parseDeviceEntry(const QString& text, DeviceAddress& address);
 
 } // namespace vanto

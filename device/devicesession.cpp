@@ -62,7 +62,7 @@ void DeviceSession::close()
 
 void DeviceSession::closeIfConnected()
 {
-    if (connected())
+    if (isConnected())
         close();
 }
 

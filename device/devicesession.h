@@ -30,7 +30,7 @@ public:
     ~DeviceSession() override;
 
     /// Whether an adapter is open. Check this before closing.
-    bool connected() const { return m_adapter != nullptr; }
+    bool isConnected() const { return m_adapter != nullptr; }
     /// The hand to send to: an adapter is open, a Devices entry is current and no other hand has
     /// been requested since. Check this before sending.
     std::optional<HandTarget> target() const;
@@ -64,7 +64,7 @@ public:
     void dropRequests() { m_queue.dropRequests(); }
     void openWaitingDialogs() { m_queue.openWaitingDialogs(); }
     bool canTick() const { return m_queue.canTick(); }
-    bool requestWaits() const { return m_queue.hasWaitingJobs(); }
+    bool hasWaitingJobs() const { return m_queue.hasWaitingJobs(); }
 
 signals:
     /// Timers and the player must stop now.

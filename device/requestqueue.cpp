@@ -57,7 +57,7 @@ void RequestQueue::dropRequests()
 
 void RequestQueue::openWaitingDialogs()
 {
-    if (Conversation::busy())
+    if (Conversation::isActive())
         return;
     for (const Kind kind : {Kind::About, Kind::Theme}) {
         const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(),
@@ -78,12 +78,12 @@ void RequestQueue::shutDown()
 
 bool RequestQueue::canTick() const
 {
-    return !m_shutDown && !Conversation::busy() && !hasWaitingJobs();
+    return !m_shutDown && !Conversation::isActive() && !hasWaitingJobs();
 }
 
 bool RequestQueue::isIdle() const
 {
-    return !Conversation::busy() && m_runningJobs == 0;
+    return !Conversation::isActive() && m_runningJobs == 0;
 }
 
 void RequestQueue::submit(Job job)

@@ -21,7 +21,7 @@ void checkRoundTrip(ByteSource source)
     entry.protocolMajor = source.take();
     entry.protocolMinor = source.take();
     DeviceAddress address;
-    check(parseDeviceEntry(entry.text(), address) == EntryFault::None, "own text rejected");
+    check(parseDeviceEntry(entry.text(), address) == EntryError::None, "own text rejected");
     check(address.type == (modbus ? PROTOCOL_TYPE_MODBUS_RTU : PROTOCOL_TYPE_SERIALCTRL) &&
               address.major == entry.protocolMajor && address.minor == entry.protocolMinor,
           "the parsed device differs from the entry");
@@ -33,11 +33,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     checkRoundTrip(ByteSource(std::span(data, size)));
     const QString text = QString::fromUtf8(QByteArrayView(data, static_cast<qsizetype>(size)));
     DeviceAddress address;
-    const EntryFault fault = parseDeviceEntry(text, address);
+    const EntryError fault = parseDeviceEntry(text, address);
     const bool hasProtocolName = text.contains(QLatin1StringView("SerialCtrl")) ||
                                  text.contains(QLatin1StringView("ModBus-RTU"));
-    check(hasProtocolName == (fault != EntryFault::UnknownProtocolType), "wrong protocol name");
-    check(fault != EntryFault::None || text.contains(QLatin1StringView("Protocol V")),
+    check(hasProtocolName == (fault != EntryError::UnknownProtocolType), "wrong protocol name");
+    check(fault != EntryError::None || text.contains(QLatin1StringView("Protocol V")),
           "a version is not in the text");
     return 0;
 }

@@ -21,7 +21,7 @@ Conversation::~Conversation()
         emit ConversationMonitor::instance().sig_quiet();
 }
 
-bool Conversation::busy()
+bool Conversation::isActive()
 {
     return s_depth > 0;
 }
@@ -34,7 +34,7 @@ ConversationMonitor& ConversationMonitor::instance()
 
 Exchange::Exchange()
 {
-    Q_ASSERT_X(Conversation::busy(), "Exchange", "no conversation holds the line");
+    Q_ASSERT_X(Conversation::isActive(), "Exchange", "no conversation holds the line");
     Q_ASSERT_X(!s_exchanging, "Exchange", "another exchange is under way");
     s_exchanging = true;
     s_abandoned = false;

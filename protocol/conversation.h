@@ -10,7 +10,7 @@ namespace vanto
 /// Everything runs on the user-interface thread, and every exchange processes events while it
 /// waits, so any slot or timer can run during the wait. Code that communicates with a hand has a
 /// conversation on the stack, by a HandCall or a LineHold; code that must not interrupt one checks
-/// busy() first. A conversation never spans a dialog: an exchange behind a dialog times out.
+/// isActive() first. A conversation never spans a dialog: an exchange behind a dialog times out.
 class Conversation
 {
 public:
@@ -18,7 +18,7 @@ public:
     Conversation& operator=(const Conversation&) = delete;
 
     /// Whether any conversation of this process is on the stack.
-    static bool busy();
+    static bool isActive();
 
 private:
     friend class LineHold; // the only class that may start one

@@ -14,7 +14,7 @@ struct ReplyLimits {
     /// The limits of all adapters of this process.
     static ReplyLimits& current();
     /// These limits multiplied by `factor`.
-    constexpr ReplyLimits stretched(int factor) const
+    constexpr ReplyLimits scaled(int factor) const
     {
         return {factor * serialCtrl, factor * serialCtrlGains, factor * modbusRead,
                 factor * modbusWrite};

@@ -93,7 +93,7 @@ void SequencePlayer::stop()
 
 void SequencePlayer::updatePlay()
 {
-    if (!isPlaying() || Conversation::busy())
+    if (!isPlaying() || Conversation::isActive())
         return;
     if (!m_protocol) {
         _stop(tr("No VANTO"));

@@ -69,7 +69,7 @@ void answerDialog(QDialog& dialog)
 /// Whether an operation is in progress. A request to the server only disables the pages.
 bool isBusy(const WindowDriver& driver)
 {
-    return Conversation::busy() || QApplication::activeModalWidget() ||
+    return Conversation::isActive() || QApplication::activeModalWidget() ||
            !driver.enabled("tabWidget") || driver.enabled("pushButton_SeqStop") ||
            driver.find<QTimer>("runTimer")->isActive();
 }

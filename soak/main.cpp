@@ -92,7 +92,7 @@ int runProgram(int argc, char* argv[])
     parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after, patience});
     parser.process(application);
     const int factor = parser.value(patience).toInt();
-    ReplyLimits::current() = ReplyLimits().stretched(factor);
+    ReplyLimits::current() = ReplyLimits().scaled(factor);
 
     const QTemporaryDir work;
     QDir::setCurrent(work.path());

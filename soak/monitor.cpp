@@ -89,7 +89,7 @@ void Monitor::endQuietPhase()
 void Monitor::checkTrace()
 {
     const auto frames = m_hand.trace();
-    m_hand.forgetTrace();
+    m_hand.clearTrace();
     for (const TracedFrame& frame : frames) {
         if (frame.marks.contains(QLatin1String("overlap")))
             addFinding(QStringLiteral("two exchanges at the same time: ") +

@@ -61,7 +61,7 @@ int StopTest::run(int count, std::uint32_t seed, const QString& protocol)
         QTimer::singleShot(random.bounded(MaxPlayMs), driver.window(), [&] {
             before += Monitor::countMotions(hand);
             driver.click("pushButton_SeqStop");
-            hand.forgetTrace();
+            hand.clearTrace();
         });
         driver.click("pushButton_SeqRun");
         wait(MaxPlayMs + SettleAfterStopMs);

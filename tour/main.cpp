@@ -128,7 +128,7 @@ int runTour(const QString& theme, const QDir& folder, TourOptions options)
     if (!hands.start(tourHandOptions(options.modbus)))
         return fail(hands.errorText(), FailedStatus);
     // Painting, and a busy machine, take much of the time that a hand has for a reply.
-    ReplyLimits::current() = ReplyLimits().stretched(100);
+    ReplyLimits::current() = ReplyLimits().scaled(100);
     CalibrationProcedure::stageMs = 200;
 
     TourRunner tour(hands, folder.path(), options);

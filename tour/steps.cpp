@@ -57,7 +57,7 @@ void scanFor(TourRunner& tour, int hands)
     const auto* button = tour.find<QPushButton>("pushButton_ScanDevices");
     const QString idleCaption = button->text();
     // Shortens the time-outs of absent nodes.
-    const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().stretched(6));
+    const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().scaled(6));
     tour.scan(hands, [&] {
         tour.expectText(QStringLiteral("the Scan button while scanning"), button->text(),
                         QStringLiteral("Stop"));

@@ -66,7 +66,7 @@ void FirmwareUpdater::update()
     if (path.isEmpty())
         return;
 
-    const bool wasOpen = m_session->connected();
+    const bool wasOpen = m_session->isConnected();
     m_session->closeIfConnected();
     m_token = m_session->token();
     const QString failure = headerFailure(path);

@@ -69,7 +69,7 @@ void BasicPage::reloadBasicInfo()
     clearFields();
     if (!m_deviceBar->hasCurrentDevice())
         return;
-    if (!session()->connected()) {
+    if (!session()->isConnected()) {
         QMessageBox::critical(window(), Program::title(), tr("Unknown protocol"));
         return;
     }

@@ -194,16 +194,16 @@ std::shared_ptr<VantoProtocol> DeviceBar::adapterOfCurrentEntry()
 {
     DeviceAddress address;
     switch (parseDeviceEntry(ui->comboBox_Devices->currentText(), address)) {
-    case EntryFault::UnknownProtocolType:
+    case EntryError::UnknownProtocolType:
         showCritical(tr("Unknown device protocol type"));
         return {};
-    case EntryFault::UnknownProtocolVersion:
+    case EntryError::UnknownProtocolVersion:
         showCritical(tr("Unknown device protocol version"));
         return {};
-    case EntryFault::UnknownDeviceName:
+    case EntryError::UnknownDeviceName:
         showCritical(tr("Unknown device name"));
         return {};
-    case EntryFault::None:
+    case EntryError::None:
         break;
     }
     auto adapter = VantoProtocol::getProtocolInstance(address.type, address.major, address.minor);

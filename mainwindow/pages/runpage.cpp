@@ -48,7 +48,7 @@ void RunPage::follow(bool isCurrent)
 {
     // Pending commands of an earlier visit must not be sent.
     dropPending();
-    if (isCurrent && session()->connected())
+    if (isCurrent && session()->isConnected())
         m_timer.start(RunIntervalMs);
     else
         m_timer.stop();
@@ -77,7 +77,7 @@ void RunPage::reloadRunInfo()
     const auto target = session()->target();
     if (!target)
         return;
-    HandCall call(*target, reporter()->plain());
+    HandCall call(*target, reporter()->plainReport());
     if (const auto pose = m_unit->readPose(call)) {
         for (std::size_t f = 0; f < FingerCount; ++f) {
             m_positions[f]->setText(UnitDisplay::text(*m_unit, pose->targets[f]));
@@ -161,7 +161,7 @@ void RunPage::tabRun_handleButtonSetPosClick(unsigned char finger)
     const POS_INFO command = makeCommand(finger, currentTarget->node,
                                          UnitDisplay::value(*m_unit, m_positions[finger]->text()));
     request(m_sliders[finger], [this, command](const HandTarget& target) {
-        HandCall call(target, reporter()->plain());
+        HandCall call(target, reporter()->plainReport());
         if (!move(call, command))
             return;
         if (command.isPosition)
@@ -200,7 +200,7 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
 /// A tick ends early if a request is waiting or the user has left the page.
 bool RunPage::canContinueTick(const HandCall& call) const
 {
-    return call.isCurrent() && !session()->requestWaits() && m_timer.isActive();
+    return call.isCurrent() && !session()->hasWaitingJobs() && m_timer.isActive();
 }
 
 void RunPage::updateCurrent()
@@ -212,7 +212,7 @@ void RunPage::updateCurrent()
     const auto target = session()->target();
     if (!target)
         return;
-    HandCall call(*target, reporter()->plain());
+    HandCall call(*target, reporter()->plainReport());
     sendPending(call);
     // The next tick continues one that ended early; otherwise the last finger would starve.
     const std::size_t first = std::exchange(m_firstCurrent, 0);

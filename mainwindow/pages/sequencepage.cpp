@@ -324,7 +324,7 @@ void SequencePage::tabSequence_handleSliderReleased(unsigned char finger)
 /// The target that the hand reports after the motion, or nothing on a failure.
 std::optional<int> SequencePage::move(const HandTarget& target, const Release& release)
 {
-    HandCall call(target, reporter()->plain());
+    HandCall call(target, reporter()->plainReport());
     if (!release.unit->move(call, release.finger, release.value, release.speed))
         return {};
     return release.unit->readTarget(call, release.finger);

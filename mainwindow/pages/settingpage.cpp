@@ -43,7 +43,7 @@ void SettingPage::reloadSettingInfo()
     const auto target = session()->target();
     if (!target)
         return;
-    HandCall call(*target, reporter()->plain());
+    HandCall call(*target, reporter()->plainReport());
     for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
         readPid(call, finger);
         readCurrentLimit(call, finger);
@@ -86,7 +86,7 @@ void SettingPage::setForceSensing(bool present)
 void SettingPage::tabSetting_handleReadPID(unsigned char finger)
 {
     request(m_readButtons[Pid][finger], [this, finger](const HandTarget& target) {
-        HandCall call(target, reporter()->plain());
+        HandCall call(target, reporter()->plainReport());
         readPid(call, finger);
     });
 }
@@ -119,7 +119,7 @@ void SettingPage::readPid(HandCall& call, std::uint8_t finger)
 
 void SettingPage::writePid(const HandTarget& target, std::uint8_t finger, const Gains& texts)
 {
-    HandCall call(target, reporter()->plain());
+    HandCall call(target, reporter()->plainReport());
     if (call.perform<&VantoProtocol::setFingerPID>(
             finger, NumberText::toFloat(texts[0]), NumberText::toFloat(texts[1]),
             NumberText::toFloat(texts[2]), NumberText::toFloat(texts[3])))
@@ -129,7 +129,7 @@ void SettingPage::writePid(const HandTarget& target, std::uint8_t finger, const 
 void SettingPage::tabSetting_handleReadCurrentLimit(unsigned char finger)
 {
     request(m_readButtons[CurrentLimit][finger], [this, finger](const HandTarget& target) {
-        HandCall call(target, reporter()->plain());
+        HandCall call(target, reporter()->plainReport());
         readCurrentLimit(call, finger);
     });
 }
@@ -138,7 +138,7 @@ void SettingPage::tabSetting_handleWriteCurrentLimit(unsigned char finger)
 {
     const std::uint16_t limit = NumberText::toWord(m_currentLimits[finger]->text());
     request(m_writeButtons[CurrentLimit][finger], [this, finger, limit](const HandTarget& target) {
-        HandCall call(target, reporter()->plain());
+        HandCall call(target, reporter()->plainReport());
         if (call.perform<&VantoProtocol::setFingerCurrentLimit>(finger, limit))
             readCurrentLimit(call, finger);
     });
@@ -154,7 +154,7 @@ void SettingPage::readCurrentLimit(HandCall& call, std::uint8_t finger)
 void SettingPage::tabSetting_handleReadForceLimit(unsigned char finger)
 {
     request(m_readButtons[ForceLimit][finger], [this, finger](const HandTarget& target) {
-        HandCall call(target, reporter()->plain());
+        HandCall call(target, reporter()->plainReport());
         readForceLimit(call, finger);
     });
 }
@@ -167,7 +167,7 @@ void SettingPage::tabSetting_handleWriteForceLimit(unsigned char finger)
             m_forceLimits[finger]->setText(QStringLiteral("NULL"));
             return;
         }
-        HandCall call(target, reporter()->plain());
+        HandCall call(target, reporter()->plainReport());
         if (call.perform<&VantoProtocol::setFingerForceLimit>(finger, limit))
             readForceLimit(call, finger);
     });

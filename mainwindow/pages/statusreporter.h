@@ -32,7 +32,7 @@ public:
     /// Reports failed operations; a time-out has a text of its own.
     CallReport& timeoutReport() { return m_timeoutReport; }
     /// Reports failed operations, including time-outs, in the same way.
-    CallReport& plain() { return m_plain; }
+    CallReport& plainReport() { return m_plain; }
 
     /// Formats a number for status texts: hexadecimal, lower case, at least two digits.
     static QString hex(unsigned number);

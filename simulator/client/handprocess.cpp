@@ -154,7 +154,7 @@ QStringList HandProcess::modbusWrites() const
     return writes;
 }
 
-void HandProcess::forgetTrace()
+void HandProcess::clearTrace()
 {
     m_traceStart = QFile(m_directory.filePath(QStringLiteral("trace"))).size();
 }

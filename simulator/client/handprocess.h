@@ -40,7 +40,7 @@ public:
     QString command(const QString& line);
     QString errorText() const { return m_errorText; }
 
-    /// All frames traced since the start or the last forgetTrace().
+    /// All frames traced since the start or the last clearTrace().
     QList<TracedFrame> trace() const;
     /// The requests in trace().
     QList<TracedFrame> requests() const;
@@ -51,7 +51,7 @@ public:
     QStringList addressed() const;
     /// Register and values of each Modbus write, e.g. "1010: 01f4".
     QStringList modbusWrites() const;
-    void forgetTrace();
+    void clearTrace();
 
 private:
     QString readLine();

@@ -62,7 +62,7 @@ void TestHandScan::scanOpenRead()
     report.texts.clear();
     for (const DeviceEntry& entry : found) {
         DeviceAddress address;
-        QCOMPARE(parseDeviceEntry(entry.text(), address), EntryFault::None);
+        QCOMPARE(parseDeviceEntry(entry.text(), address), EntryError::None);
         current = entry.node;
         const auto target = session.open(
             VantoProtocol::getProtocolInstance(address.type, address.major, address.minor),

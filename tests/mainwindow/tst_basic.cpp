@@ -170,7 +170,7 @@ void TestBasic::setId()
     QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion").isEmpty(), changed);
 
     // Without an entry nothing is sent.
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     m_tool->find<QPushButton>("pushButton_BasicBeep")->setEnabled(true);
     m_tool->click("pushButton_BasicBeep");
     QCOMPARE(m_hand->requests().size(), changed ? 0 : 1);

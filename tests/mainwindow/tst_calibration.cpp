@@ -69,7 +69,7 @@ void TestCalibration::calibrate(std::function<void(QSpinBox*)> act, int cancelle
     };
     const QString before = enabled();
     DialogAnswer<QDialog> watch([&](QDialog* dialog) {
-        QVERIFY(!Conversation::busy());
+        QVERIFY(!Conversation::isActive());
         QCOMPARE(dialog->windowTitle(), "VantoSetting");
         QVERIFY(!enabled().contains("true"));
         const auto* box = qobject_cast<QMessageBox*>(dialog);
@@ -244,7 +244,7 @@ void TestCalibration::disturbedWait()
     CalibrationProcedure::stageMs = 3000;
     QElapsedTimer since;
     const auto disturb = [&] {
-        QVERIFY(Conversation::busy());
+        QVERIFY(Conversation::isActive());
         since.start();
         first ? static_cast<void>(m_tool->window()->close()) : m_tool->trigger("action_About");
         m_hand->command(first ? QString() : "unplug");

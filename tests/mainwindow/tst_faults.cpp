@@ -123,7 +123,7 @@ void TestFaults::goTo(const UserAction& action) const
 void TestFaults::act(const UserAction& action) const
 {
     m_tool->clearShownTexts();
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     if (auto* slider = qobject_cast<QSlider*>(m_tool->find<QWidget>(action.control))) {
         slider->setSliderDown(true);
         slider->setSliderDown(false);

@@ -277,7 +277,7 @@ void TestRun::clicksReachSilentHand()
     QVERIFY(frames().mid(before, 2).contains(motions().constFirst()));
     m_tool->showPage(0);
     QTRY_VERIFY(idle());
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     QTest::qWait(150); // other pages send nothing
     QCOMPARE(m_hand->requests().size(), 0);
 }
@@ -311,7 +311,7 @@ void TestRun::forcePage()
 {
     m_tool->showPage(3);
     QTRY_VERIFY(idle());
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     QTest::ignoreMessage(QtDebugMsg, "MainWindow::updateForce()");
     QTest::qWait(250); // two ticks, which send nothing
     QCOMPARE(m_hand->requests().size(), 0);

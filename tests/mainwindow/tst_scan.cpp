@@ -211,7 +211,7 @@ void TestScan::badEntries()
 {
     QFETCH(QString, entry);
     open({"--node", "2"}, 1);
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     m_tool->devices()->addItem(QString("0x02 (%1)").arg(entry), 2);
     QString text;
     DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {

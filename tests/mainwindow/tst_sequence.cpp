@@ -104,7 +104,7 @@ void TestSequence::select(int row) const
 {
     table()->setCurrentCell(row, 0);
     QTRY_VERIFY(table()->isEnabled());
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
 }
 
 void TestSequence::insertReadsPose()
@@ -181,7 +181,7 @@ void TestSequence::selectingPlaysForEdit()
     QVERIFY(table()->hasFocus());
     QTest::keyClick(table(), Qt::Key_Up); // there is no row above
     QCOMPARE(motions().size(), 11);
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     const QPoint cell = table()->visualItemRect(table()->item(0, 0)).center();
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell);
     QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cell);
@@ -253,7 +253,7 @@ void TestSequence::moveAndDeleteRows()
     QTRY_COMPARE(motions().size(), 11);
     QCOMPARE(motions().last(6), FirstStep); // the same step is selected
     QTRY_VERIFY(table()->isEnabled());
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     m_tool->click("pushButton_SeqDown"); // already the last
     QCOMPARE(motions(), QStringList());
     m_tool->click("pushButton_SeqUp");
@@ -261,7 +261,7 @@ void TestSequence::moveAndDeleteRows()
     QCOMPARE(row(1), "60 10 20 30 40 50");
     QTRY_COMPARE(m_tool->field("lineEdit_SeqPos0"), "1000");
     QTRY_VERIFY(table()->isEnabled());
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     m_tool->click("pushButton_SeqDelete");
     QTRY_COMPARE(motions().size(), 11);
     QCOMPARE(motions()[5], "4c 000a0001"); // of the row that becomes current
@@ -357,7 +357,7 @@ void TestSequence::loadAndSave()
     QFile saved("saved.json");
     QVERIFY(saved.open(QFile::ReadOnly));
     QVERIFY(saved.readAll().contains("\"position_type\": \"angle\""));
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     m_tool->click("pushButton_SeqRun"); // the only step: sent once
     QCOMPARE(frames().size(), 6);
     QCOMPARE(frames().constFirst(), "4d 0018fc01");
@@ -404,7 +404,7 @@ void TestSequence::stopEndsEverything()
             m_tool->trigger("action_Force_Update");
         else
             m_tool->click("pushButton_RefreshPorts");
-        m_hand->forgetTrace();
+        m_hand->clearTrace();
         acted = true;
     });
     m_tool->click("pushButton_SeqRun");
@@ -413,7 +413,7 @@ void TestSequence::stopEndsEverything()
     QVERIFY2(motions().size() <= 1, qPrintable(QString::number(wait) + motions().join('|')));
     QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
     QTRY_VERIFY(idle());
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     QTest::qWait(150); // longer than a poll and the delay of a step, which send nothing
     QCOMPARE(motions(), QStringList());
 }

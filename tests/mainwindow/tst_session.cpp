@@ -123,7 +123,7 @@ void TestSession::ticks()
         const LineHold line;
         QVERIFY(!m_session->canTick());
         request("a");
-        QVERIFY(m_session->requestWaits());
+        QVERIFY(m_session->hasWaitingJobs());
     }
     QVERIFY(!m_session->canTick()); // user requests precede ticks
     QTRY_VERIFY(m_session->canTick());

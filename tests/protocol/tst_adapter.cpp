@@ -23,7 +23,7 @@ constexpr Operation writeOne{OPERATION(setFingerPos), "1 1000 20"};
 constexpr Operation readGains{OPERATION(getFingerPID), "1"};
 constexpr Operation writeGains{OPERATION(setFingerPID), "1 1 2 3 4"};
 
-constexpr ReplyLimits Stretched = ReplyLimits().stretched(6);
+constexpr ReplyLimits Stretched = ReplyLimits().scaled(6);
 } // namespace
 
 class tst_adapter : public QObject
@@ -49,7 +49,7 @@ private:
     /// Applies a fault to the reply; returns when the hand has sent or dropped the reply.
     int result(const char* fault, const Operation& operation)
     {
-        m_hand.forgetTrace();
+        m_hand.clearTrace();
         const bool accepted =
             m_hand.command(QStringLiteral("fault ") + QLatin1String(fault)) == u"ok";
         const int result = this->result(operation);

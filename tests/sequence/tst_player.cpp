@@ -31,7 +31,7 @@ class tst_player : public QObject
     bool play(const QList<SequenceDataItem>& steps, int start, int end, bool forEdit = false,
               const char* type = "position")
     {
-        m_hand->forgetTrace();
+        m_hand->clearTrace();
         m_signals.clear();
         return m_player->play({1, QLatin1String(type), steps}, start, end, forEdit);
     }
@@ -176,7 +176,7 @@ private slots:
         command("fault drop count=0");
         QTimer::singleShot(60, this, [&] { m_player->stop(); });
         play({m_rest}, 0, 0);
-        QTRY_VERIFY(!Conversation::busy());
+        QTRY_VERIFY(!Conversation::isActive());
         QCOMPARE(motions().size(), 1);
     }
     void newRunInsideOld()

@@ -34,7 +34,7 @@ void HandTest::open(const QStringList& options, int hands)
 
 void HandTest::clearRecords()
 {
-    m_hand->forgetTrace();
+    m_hand->clearTrace();
     m_tool->clearShownTexts();
 }
 

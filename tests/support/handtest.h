@@ -23,7 +23,7 @@ protected:
     /// Runs `act` as soon as an exchange with a hand waits for the reply, from inside that wait.
     void duringExchange(std::function<void()> act) const;
     /// Whether no conversation between the window and a hand is in progress.
-    static bool idle() { return !Conversation::busy(); }
+    static bool idle() { return !Conversation::isActive(); }
     /// Clears the recorded frames and texts.
     void clearRecords();
     /// Checks that no exchanges overlapped, then closes the window and ends the hands.

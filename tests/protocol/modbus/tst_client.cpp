@@ -115,7 +115,7 @@ void tst_client::interruptions()
     QVERIFY(connectToHand());
     for (const bool reconnect : {false, true}) {
         command(QStringLiteral("fault drop skip=1"));
-        m_hand->forgetTrace();
+        m_hand->clearTrace();
         QTimer timer;
         connect(&timer, &QTimer::timeout, this, [&] {
             if (m_hand->requests().size() < 2)
@@ -216,7 +216,7 @@ void tst_client::lateReplies_data()
 void tst_client::lateReplies()
 {
     QFETCH(int, ms);
-    ReplyLimits::current() = ReplyLimits().stretched(2);
+    ReplyLimits::current() = ReplyLimits().scaled(2);
     for (const char* value : {"start 5 1000", "end 5 3000", "voltage 1111"})
         command(QStringLiteral("set 2 ") + QLatin1String(value));
     command(QStringLiteral("fault late ms=%1 count=0").arg(ms));
@@ -238,11 +238,11 @@ void tst_client::lateReplies()
 /// The time-out of a write is longer than that of a read.
 void tst_client::timeouts()
 {
-    ReplyLimits::current() = ReplyLimits().stretched(16);
+    ReplyLimits::current() = ReplyLimits().scaled(16);
     for (const auto& [request, count] :
          {std::pair{std::function([&] { return int(m_adapter->beep(HandNode, 1)); }), 1},
           {std::function([&] { return readVoltage(); }), 2}}) {
-        m_hand->forgetTrace();
+        m_hand->clearTrace();
         command(QStringLiteral("fault late ms=1100 count=0"));
         QCOMPARE(request(), 0);
         QCOMPARE(m_hand->requests().size(), count);

@@ -174,7 +174,7 @@ private:
         QList<int> registers;
         for (const TracedFrame& frame : m_hand->requests())
             registers += frame.bytes.mid(2, 2).toHex().toInt(nullptr, 16);
-        m_hand->forgetTrace();
+        m_hand->clearTrace();
         return registers;
     }
 
