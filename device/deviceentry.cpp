@@ -22,6 +22,11 @@ QString DeviceEntry::text() const
         .arg(protocolMinor);
 }
 
+bool DeviceEntry::isAnyNode() const
+{
+    return node == AnyNode && protocolName == QLatin1String("SerialCtrl");
+}
+
 EntryError parseDeviceEntry(const QString& text, DeviceAddress& address)
 {
     if (text.contains(QLatin1String("SerialCtrl")))

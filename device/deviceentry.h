@@ -7,6 +7,9 @@
 namespace vanto
 {
 
+/// The node that every hand answers to over SerialCtrl.
+constexpr std::uint8_t AnyNode = 0xFF;
+
 /// One hand in the Devices list. text() formats the list entry, parseDeviceEntry() parses it.
 struct DeviceEntry {
     std::uint8_t node = 0;
@@ -18,6 +21,8 @@ struct DeviceEntry {
     std::uint8_t protocolMinor = 0;
 
     QString text() const;
+    /// Whether it stands for every hand on the bus.
+    bool isAnyNode() const;
 };
 
 /// The data needed to open the device of an entry.

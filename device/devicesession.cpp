@@ -1,16 +1,24 @@
 #include "devicesession.h"
 
+#include <QScopedValueRollback>
+
 namespace vanto
 {
 
 namespace
 {
 constexpr std::uint8_t ForceProbeFinger = 1;
+constexpr int AskSilentHandMs = 1000;
 } // namespace
 
 DeviceSession::DeviceSession(NodeSource currentNode, QObject* parent)
     : QObject(parent), m_currentNode(std::move(currentNode))
 {
+    m_askTimer.setInterval(AskSilentHandMs);
+    connect(&m_askTimer, &QTimer::timeout, this, &DeviceSession::askSilentHand);
+    const LineMonitor& line = LineMonitor::instance();
+    connect(&line, &LineMonitor::sig_portLost, this, &DeviceSession::losePort);
+    connect(&line, &LineMonitor::sig_operationEnded, this, &DeviceSession::noteResult);
 }
 
 DeviceSession::~DeviceSession()
@@ -33,17 +41,24 @@ void DeviceSession::setAdapter(std::shared_ptr<VantoProtocol> adapter)
 {
     m_adapter = std::move(adapter);
     m_opened = m_epoch.token();
+    m_identity = {};
+    m_portOpened = true;
+    m_lost = false;
+    m_timeouts = 0;
+    emit sig_stateChanged();
 }
 
 std::optional<HandTarget> DeviceSession::open(std::shared_ptr<VantoProtocol> adapter,
-                                              const QString& port)
+                                              const PortEntry& port)
 {
     setAdapter(std::move(adapter));
     const auto opened = target();
     if (!opened)
         return {};
+    m_port = port;
+    m_node = opened->node;
     HandCall call(*opened);
-    opened->adapter->connect(port.toUtf8().constData(), BaudRate);
+    m_portOpened = opened->adapter->connect(port.name.toUtf8().constData(), BaudRate);
     std::uint16_t force = 0;
     const std::uint8_t result =
         call.attempt<&VantoProtocol::getFingerForce>(ForceProbeFinger, &force, std::uint8_t{1});
@@ -58,6 +73,8 @@ void DeviceSession::close()
     stopAtOnce();
     m_adapter->disconnect();
     m_adapter.reset();
+    m_lost = false;
+    emit sig_stateChanged();
 }
 
 void DeviceSession::closeIfConnected()
@@ -69,13 +86,111 @@ void DeviceSession::closeIfConnected()
 void DeviceSession::stopAtOnce()
 {
     m_epoch.advance();
+    m_timeouts = 0;
+    m_askTimer.stop();
     emit sig_stop();
+    emit sig_stateChanged();
 }
 
 void DeviceSession::shutDown()
 {
     m_queue.shutDown();
     stopAtOnce();
+}
+
+DeviceSession::State DeviceSession::state() const
+{
+    if (m_scanning)
+        return State::Scanning;
+    if (!isConnected())
+        return State::NotConnected;
+    if (m_lost)
+        return State::PortLost;
+    if (!target())
+        return State::NoHandChosen;
+    if (isSilent())
+        return State::NoAnswer;
+    return m_portOpened ? State::Connected : State::NotConnected;
+}
+
+void DeviceSession::setScanning(bool scanning)
+{
+    m_scanning = scanning;
+    emit sig_stateChanged();
+}
+
+void DeviceSession::losePort()
+{
+    if (!isConnected() || m_lost || m_scanning)
+        return;
+    m_lost = true;
+    m_queue.dropRequests();
+    stopAtOnce();
+    emit sig_portLost();
+}
+
+std::optional<HandTarget> DeviceSession::lostHand() const
+{
+    if (!m_adapter || !m_lost)
+        return {};
+    return HandTarget{m_adapter, m_node, m_epoch.token()};
+}
+
+bool DeviceSession::reopenPort()
+{
+    const LineHold line;
+    return m_adapter->connect(m_port.name.toUtf8().constData(), BaudRate);
+}
+
+void DeviceSession::resume(const PortEntry& port)
+{
+    m_port = port;
+    m_opened = m_epoch.token();
+    m_portOpened = true;
+    m_lost = false;
+    emit sig_stateChanged();
+}
+
+void DeviceSession::noteResult(std::uint8_t result)
+{
+    if (m_asking || !target())
+        return;
+    const bool wasSilent = isSilent();
+    if (result == ResultCode::Timeout)
+        ++m_timeouts;
+    else if (result == ResultCode::Success)
+        m_timeouts = 0;
+    if (isSilent() == wasSilent)
+        return;
+    emit sig_stateChanged();
+    if (isSilent()) {
+        m_askTimer.start();
+        emit sig_noAnswer();
+    } else {
+        m_askTimer.stop();
+        emit sig_answersAgain();
+    }
+}
+
+void DeviceSession::askSilentHand()
+{
+    const auto hand = target();
+    if (!hand || !canTick())
+        return;
+    std::optional<HandIdentity> identity;
+    {
+        const QScopedValueRollback asking(m_asking, true);
+        HandCall call(*hand);
+        identity = HandIdentity::read(call);
+    }
+    if (!identity || !hand->isCurrent())
+        return;
+    if (m_identity.matches(*identity)) {
+        noteResult(ResultCode::Success);
+    } else {
+        close();
+        emit sig_otherHand(identity->text());
+    }
 }
 
 void DeviceSession::request(std::function<bool()> isStillWanted, RequestQueue::Request action)

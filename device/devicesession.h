@@ -1,6 +1,10 @@
 #pragma once
 
+#include "handidentity.h"
+#include "portlist.h"
 #include "requestqueue.h"
+
+#include <QTimer>
 
 #include <optional>
 
@@ -37,10 +41,30 @@ public:
     /// The token of the current connection; stale after stopAtOnce().
     Generation::Token token() const { return m_epoch.token(); }
 
+    /// What the user is told about the connection.
+    enum class State { NotConnected, Scanning, Connected, NoAnswer, PortLost, NoHandChosen };
+    State state() const;
+    void setScanning(bool scanning);
+    /// Whether the hand has left the last operations unanswered. Periodic work then rests; once a
+    /// second the session asks by itself.
+    bool isSilent() const { return m_timeouts >= TimeoutsOfSilence; }
+    /// Whether the port of the open hand is closed: it has vanished, or could not be opened.
+    bool isPortClosed() const { return isConnected() && (m_lost || !m_portOpened); }
+
+    /// What is known about the open hand; filled by what reads it.
+    HandIdentity& identity() { return m_identity; }
+    const PortEntry& port() const { return m_port; }
+    /// The hand that was open when the port was lost.
+    std::optional<HandTarget> lostHand() const;
+    /// Tries to open a closed port again. True if it is open then.
+    bool reopenPort();
+    /// Takes up the connection again after its port has been lost and opened again.
+    void resume(const PortEntry& port);
+
     /// Sets the adapter, opens the port for the current Devices entry and detects force sensing.
     /// The reads that follow show whether the port has opened. Returns nothing if there is no
     /// current entry, or if another hand has been requested meanwhile.
-    std::optional<HandTarget> open(std::shared_ptr<VantoProtocol> adapter, const QString& port);
+    std::optional<HandTarget> open(std::shared_ptr<VantoProtocol> adapter, const PortEntry& port);
     void setAdapter(std::shared_ptr<VantoProtocol> adapter);
     /// Stops everything at once and closes the adapter, which must be open.
     void close();
@@ -70,14 +94,38 @@ signals:
     /// Timers and the player must stop now.
     void sig_stop();
     void sig_stopMotion();
+    /// The state may have changed.
+    void sig_stateChanged();
+    /// The port of the open hand has vanished; everything has been stopped. This can be emitted
+    /// inside an exchange.
+    void sig_portLost();
+    void sig_noAnswer();
+    void sig_answersAgain();
+    /// After a silence another hand than before answers; the connection has been closed.
+    void sig_otherHand(const QString& description);
 
 private:
+    static constexpr int TimeoutsOfSilence = 3;
+
+    void losePort();
+    void noteResult(std::uint8_t result);
+    void askSilentHand();
+
     NodeSource m_currentNode;
     std::shared_ptr<VantoProtocol> m_adapter;
     Generation m_epoch;
     Generation::Token m_opened; ///< epoch in which the adapter was opened
     bool m_forceSensing = false;
     RequestQueue m_queue;
+    PortEntry m_port;
+    HandIdentity m_identity;
+    std::uint8_t m_node = 0; ///< of the open hand
+    bool m_portOpened = false;
+    bool m_lost = false;
+    bool m_scanning = false;
+    bool m_asking = false; ///< askSilentHand() is under way
+    int m_timeouts = 0;    ///< in a row
+    QTimer m_askTimer{this};
 };
 
 } // namespace vanto

@@ -1,7 +1,10 @@
 #include "portlist.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QSerialPortInfo>
+
+#include <algorithm>
 
 namespace vanto
 {
@@ -23,18 +26,47 @@ QString portDetails(const QSerialPortInfo& info)
                          .toUpper());
     return lines.join(QLatin1Char('\n'));
 }
+
+std::optional<AdapterId> adapterOf(const QSerialPortInfo& info)
+{
+    if (!info.hasVendorIdentifier() || !info.hasProductIdentifier())
+        return {};
+    return AdapterId{info.vendorIdentifier(), info.productIdentifier(), info.serialNumber()};
+}
 } // namespace
 
 QList<PortEntry> availablePorts()
 {
     QList<PortEntry> ports;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
-        ports.append({info.portName(), info.description(), portDetails(info)});
+        ports.append({info.portName(), info.description(), portDetails(info), adapterOf(info)});
     const auto added =
         qEnvironmentVariable("VANTO_PORTS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
     for (const QString& path : added)
         ports.append({path, QCoreApplication::translate("PortList", "added by VANTO_PORTS")});
     return ports;
+}
+
+bool canComeBack(const PortEntry& lost)
+{
+    return !lost.name.startsWith(QLatin1String("/dev/pts/")) &&
+           !lost.name.startsWith(QLatin1String("pts/"));
+}
+
+const PortEntry* findAgain(const PortEntry& lost, const QList<PortEntry>& ports)
+{
+    const auto sameAdapter = [&lost](const PortEntry& port) {
+        return port.adapter == lost.adapter;
+    };
+    const bool unique = lost.adapter && (!lost.adapter->serialNumber.isEmpty() ||
+                                         std::ranges::count_if(ports, sameAdapter) == 1);
+    const auto found = std::ranges::find_if(ports, [&](const PortEntry& port) {
+        if (!lost.adapter)
+            return port.name == lost.name && !port.adapter && QFileInfo::exists(port.name);
+        return unique && sameAdapter(port) &&
+               (!lost.adapter->serialNumber.isEmpty() || port.name == lost.name);
+    });
+    return found == ports.end() ? nullptr : &*found;
 }
 
 } // namespace vanto

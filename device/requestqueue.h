@@ -29,6 +29,7 @@ public:
         ReloadRun,
         LoadSequence,
         SaveSequence,
+        Reconnect,
         About,
         Theme
     };

@@ -3,6 +3,16 @@
 namespace vanto
 {
 
+/// A failure may be the first sign that the port has vanished. Then the target becomes stale here,
+/// and the failure is not reported on its own.
+void HandCall::noteResult(std::uint8_t result) const
+{
+    if (result != ResultCode::Success)
+        LineMonitor::instance().checkPorts();
+    if (isCurrent())
+        LineMonitor::instance().reportResult(result);
+}
+
 bool HandCall::accept(std::string_view operation, std::uint8_t result)
 {
     if (!isCurrent())

@@ -2,6 +2,7 @@
 
 #include "conversation.h"
 #include "generation.h"
+#include "linemonitor.h"
 #include "vantoprotocol.h"
 
 #include <functional>
@@ -84,7 +85,10 @@ public:
     {
         if (!isCurrent())
             return NotSent;
-        return std::invoke(Operation, *m_target.adapter, m_target.node, arguments...);
+        const std::uint8_t result =
+            std::invoke(Operation, *m_target.adapter, m_target.node, arguments...);
+        noteResult(result);
+        return result;
     }
 
     /// Reports `result` if it is a failure. Returns true on success, if the target is current.
@@ -99,6 +103,8 @@ public:
 
 private:
     static constexpr std::uint8_t NotSent = 0xFF;
+
+    void noteResult(std::uint8_t result) const;
 
     HandTarget m_target;
     CallReport* m_report = nullptr;

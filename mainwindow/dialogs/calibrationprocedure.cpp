@@ -85,6 +85,7 @@ void CalibrationProcedure::run(const HandTarget& target)
 {
     m_session->dropRequests(); // minutes later the user would not expect them
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
+    m_session->identity().calibration.reset(); // the hand is about to change it
     std::uint16_t key = 0;
     const std::initializer_list<std::function<bool()>> steps{
         [&] {

@@ -53,7 +53,12 @@ void BasicPage::setUp(DeviceSession* session, StatusReporter* reporter, DeviceBa
 
 void BasicPage::on_pushButton_BasicReloadBasic_clicked()
 {
-    session()->runWhenIdle(DeviceSession::Kind::ReloadBasic, [this] { reloadBasicInfo(); });
+    session()->runWhenIdle(DeviceSession::Kind::ReloadBasic, [this] {
+        if (session()->isPortClosed() && session()->reopenPort())
+            m_deviceBar->openCurrentDevice();
+        else
+            reloadBasicInfo();
+    });
 }
 
 void BasicPage::reloadBasicInfo()
@@ -75,6 +80,8 @@ void BasicPage::reloadBasicInfo()
     }
     if (const auto target = session()->target())
         readAll(*target);
+    else if (const auto lost = session()->lostHand())
+        readAll(*lost); // shows that it does not answer
 }
 
 void BasicPage::readAll(const HandTarget& target)
@@ -102,35 +109,37 @@ void BasicPage::readAll(const HandTarget& target)
 
 void BasicPage::readFirmwareVersion(HandCall& call)
 {
-    std::uint8_t major = 0;
-    std::uint8_t minor = 0;
-    std::uint16_t revision = 0;
-    if (call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
-        ui->lineEdit_BasicFirmwareVersion->setText(
-            QStringLiteral("V%1.%2.%3").arg(major).arg(minor).arg(revision));
+    HandIdentity::Firmware firmware;
+    if (!call.perform<&VantoProtocol::getFirmwareVersion>(&firmware.major, &firmware.minor,
+                                                          &firmware.revision))
+        return;
+    ui->lineEdit_BasicFirmwareVersion->setText(
+        QStringLiteral("V%1.%2.%3").arg(firmware.major).arg(firmware.minor).arg(firmware.revision));
+    session()->identity().firmware = firmware;
 }
 
 bool BasicPage::readProtocolVersion(HandCall& call)
 {
-    std::uint8_t major = 0;
-    std::uint8_t minor = 0;
-    if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
+    HandIdentity::Protocol protocol;
+    if (!call.perform<&VantoProtocol::getProtocolVersion>(&protocol.major, &protocol.minor))
         return false;
-    ui->lineEdit_BasicProtocolVersion->setText(QStringLiteral("V%1.%2").arg(major).arg(minor));
+    ui->lineEdit_BasicProtocolVersion->setText(
+        QStringLiteral("V%1.%2").arg(protocol.major).arg(protocol.minor));
+    session()->identity().protocol = protocol;
     return true;
 }
 
 bool BasicPage::readHardwareVersion(HandCall& call)
 {
-    std::uint8_t type = 0;
-    std::uint8_t version = 0;
-    std::uint16_t bootLoader = 0;
-    if (!call.perform<&VantoProtocol::getHardwareVersion>(&type, &version, &bootLoader))
+    HandIdentity::Hardware hardware;
+    if (!call.perform<&VantoProtocol::getHardwareVersion>(&hardware.type, &hardware.version,
+                                                          &hardware.bootLoader))
         return false;
     ui->lineEdit_BasicHardwareTypeVersion->setText(
-        (StatusReporter::hex(type) + StatusReporter::hex(version)).toUpper());
+        (StatusReporter::hex(hardware.type) + StatusReporter::hex(hardware.version)).toUpper());
     ui->lineEdit_BasicBootLoaderVersion->setText(
-        QStringLiteral("V%1.%2").arg(bootLoader >> 8).arg(bootLoader & 0xFF));
+        QStringLiteral("V%1.%2").arg(hardware.bootLoader >> 8).arg(hardware.bootLoader & 0xFF));
+    session()->identity().hardware = hardware;
     return true;
 }
 
@@ -161,20 +170,19 @@ void BasicPage::readBeepSwitch(HandCall& call)
 
 void BasicPage::readCalibration(HandCall& call)
 {
-    PerFinger<std::uint16_t> ends{};
-    PerFinger<std::uint16_t> starts{};
-    std::array<std::uint16_t, ThumbRootCount> thumbRoots{};
-    if (!call.perform<&VantoProtocol::getCaliData>(ends.data(), starts.data(),
-                                                   std::uint8_t{FingerCount}, thumbRoots.data(),
-                                                   std::uint8_t{ThumbRootCount}))
+    HandIdentity::Calibration calibration;
+    if (!call.perform<&VantoProtocol::getCaliData>(
+            calibration.ends.data(), calibration.starts.data(), std::uint8_t{FingerCount},
+            calibration.thumbRoots.data(), std::uint8_t{ThumbRootCount}))
         return;
+    session()->identity().calibration = calibration;
     const auto show = [](const auto& fields, const auto& values) {
         for (std::size_t i = 0; i < fields.size(); ++i)
             fields[i]->setText(QString::number(values[i]));
     };
-    show(m_starts, starts);
-    show(m_ends, ends);
-    show(m_thumbRoots, thumbRoots);
+    show(m_starts, calibration.starts);
+    show(m_ends, calibration.ends);
+    show(m_thumbRoots, calibration.thumbRoots);
 }
 
 void BasicPage::clearFields()

@@ -19,8 +19,6 @@ class BasicPage : public DevicePage
 {
     Q_OBJECT
 public:
-    static constexpr std::size_t ThumbRootCount = 3;
-
     explicit BasicPage(QWidget* parent = nullptr);
     ~BasicPage() override;
 

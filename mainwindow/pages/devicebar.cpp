@@ -1,17 +1,21 @@
 #include "devicebar.h"
 
+#include "connectionview.h"
 #include "devicepage.h"
 #include "equalwidthgroup.h"
 #include "handscan.h"
 #include "porterror.h"
 #include "program.h"
+#include "reconnection.h"
 #include "statusreporter.h"
 #include "ui_devicebar.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QTimer>
 
 namespace vanto
 {
@@ -58,6 +62,19 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
         Q_ASSERT(m_pages.constLast());
     }
     createScan();
+    auto* nextStep = new QLabel(pages);
+    nextStep->setObjectName(QStringLiteral("label_NextStep"));
+    pages->setCornerWidget(nextStep);
+    m_connection =
+        new ConnectionView(ui->label_ConnectionIcon, ui->label_ConnectionState, nextStep, session);
+    m_connection->reportTo(reporter);
+    connect(this, &DeviceBar::sig_currentDeviceChanged, m_connection, &ConnectionView::update);
+    connect(session, &DeviceSession::sig_portLost, this, &DeviceBar::disablePages);
+    connect(session, &DeviceSession::sig_otherHand, this, &DeviceBar::disablePages);
+    const auto* reconnection = new Reconnection(session, this);
+    connect(reconnection, &Reconnection::sig_reconnected, this, &DeviceBar::showReconnected);
+    connect(reconnection, &Reconnection::sig_otherHand, m_connection,
+            &ConnectionView::reportOtherHand);
     resetDevices();
 }
 
@@ -100,9 +117,9 @@ bool DeviceBar::hasPort() const
     return ui->comboBox_Ports->currentIndex() >= 0;
 }
 
-QString DeviceBar::portName() const
+PortEntry DeviceBar::port() const
 {
-    return ui->comboBox_Ports->currentData().toString();
+    return m_ports.value(ui->comboBox_Ports->currentIndex());
 }
 
 std::optional<std::uint8_t> DeviceBar::currentNode() const
@@ -122,6 +139,7 @@ void DeviceBar::on_pushButton_RefreshPorts_clicked()
 void DeviceBar::listPorts(const QList<PortEntry>& ports)
 {
     m_portsListed = true;
+    m_ports = ports;
     const QSignalBlocker blocker(ui->comboBox_Ports);
     ui->comboBox_Ports->clear();
     resetDevices();
@@ -145,6 +163,41 @@ void DeviceBar::on_comboBox_Devices_currentIndexChanged(int index)
         return;
     m_session->stopAtOnce();
     m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
+    // A choice that changes the index is followed by activated().
+    m_indexChanged = true;
+    QTimer::singleShot(0, this, [this] { m_indexChanged = false; });
+}
+
+/// Choosing the current entry again opens a closed port.
+void DeviceBar::on_comboBox_Devices_activated(int)
+{
+    if (!m_indexChanged && m_session->isPortClosed())
+        m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
+}
+
+/// What the pages show stays readable.
+void DeviceBar::disablePages()
+{
+    for (DevicePage* page : m_pages)
+        page->enableWidgets(false);
+}
+
+void DeviceBar::showReconnected(const PortEntry& port)
+{
+    // An adapter can come back under another name.
+    const int index = ui->comboBox_Ports->currentIndex();
+    const QSignalBlocker noPortChange(ui->comboBox_Ports);
+    m_ports[index] = port;
+    ui->comboBox_Ports->setItemText(index, port.text());
+    ui->comboBox_Ports->setItemData(index, port.name);
+    const auto token = m_session->token();
+    for (DevicePage* page : m_pages) {
+        page->reloadKeepingEdits();
+        if (!token.isCurrent())
+            return;
+    }
+    followCurrentPage();
+    m_connection->reportReconnected();
 }
 
 void DeviceBar::closeCurrentDevice()
@@ -152,8 +205,7 @@ void DeviceBar::closeCurrentDevice()
     m_session->closeIfConnected();
     for (DevicePage* page : m_pages)
         page->clear();
-    for (DevicePage* page : m_pages)
-        page->enableWidgets(false);
+    disablePages();
 }
 
 void DeviceBar::resetDevices()
@@ -178,7 +230,7 @@ void DeviceBar::openCurrentDevice()
         showForceSensing(false);
         return;
     }
-    const auto target = m_session->open(adapter, portName());
+    const auto target = m_session->open(adapter, port());
     if (!target)
         return;
     showForceSensing(m_session->hasForceSensing());
@@ -259,12 +311,14 @@ void DeviceBar::scan()
     const Outcome outcome = [this] {
         resetDevices();
         const ControlLock lock = lockWindow(Usable::Stop);
+        m_session->setScanning(true);
         showScanning(true);
         const Outcome ended = m_scan->run(portName(), m_session->token());
         if (ended == Outcome::PortNotOpened)
             showPortNotOpened();
         return ended;
     }();
+    m_session->setScanning(false);
     showScanning(false);
     if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
         openCurrentDevice();
@@ -290,6 +344,9 @@ void DeviceBar::showPortNotOpened()
 void DeviceBar::addDevice(const DeviceEntry& entry)
 {
     ui->comboBox_Devices->addItem(entry.text(), int{entry.node});
+    if (entry.isAnyNode())
+        ui->comboBox_Devices->setItemData(ui->comboBox_Devices->count() - 1,
+                                          ConnectionView::anyNodeHint(), Qt::ToolTipRole);
     m_reporter->showMessage(tr("node '0x%1' found, firmware version: %2.%3.%4")
                                 .arg(StatusReporter::hex(entry.node))
                                 .arg(entry.firmwareMajor)

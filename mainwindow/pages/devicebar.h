@@ -15,6 +15,7 @@ class QTabWidget;
 namespace vanto
 {
 
+class ConnectionView;
 class DevicePage;
 class HandScan;
 class StatusReporter;
@@ -41,7 +42,8 @@ public:
 
     bool hasPort() const;
     /// The name of the current port.
-    QString portName() const;
+    QString portName() const { return port().name; }
+    PortEntry port() const;
     bool hasCurrentDevice() const { return currentNode().has_value(); }
     /// The node of the current Devices entry.
     std::optional<std::uint8_t> currentNode() const;
@@ -69,6 +71,7 @@ private slots:
     void on_comboBox_Ports_currentIndexChanged(int index);
     void on_pushButton_ScanDevices_clicked();
     void on_comboBox_Devices_currentIndexChanged(int index);
+    void on_comboBox_Devices_activated(int index);
 
 private:
     void createScan();
@@ -81,6 +84,8 @@ private:
     void showPortNotOpened();
     void addDevice(const DeviceEntry& entry);
     void showCritical(const QString& text);
+    void disablePages();
+    void showReconnected(const PortEntry& port);
 
     std::unique_ptr<Ui::DeviceBar> ui;
     DeviceSession* m_session = nullptr;
@@ -88,10 +93,13 @@ private:
     QTabWidget* m_tabs = nullptr;
     QAction* m_updateAction = nullptr;
     QList<DevicePage*> m_pages;
+    QList<PortEntry> m_ports; ///< as listed
+    ConnectionView* m_connection = nullptr;
     HandScan* m_scan = nullptr;
     QProgressBar* m_progress = nullptr;
     QString m_idleCaption; ///< caption of the Scan button while no scan runs
     bool m_portsListed = false;
+    bool m_indexChanged = false;     ///< of the Devices list, by the choice under way
     std::future<void> m_portListing; ///< its destructor waits for the listing
 };
 

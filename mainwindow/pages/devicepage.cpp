@@ -1,5 +1,8 @@
 #include "devicepage.h"
 
+#include <QHash>
+#include <QLineEdit>
+
 namespace vanto
 {
 
@@ -7,6 +10,19 @@ void DevicePage::setUp(DeviceSession* session, StatusReporter* reporter)
 {
     m_session = session;
     m_reporter = reporter;
+}
+
+void DevicePage::reloadKeepingEdits()
+{
+    QHash<QLineEdit*, QString> edited;
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        if (field->isModified())
+            edited.insert(field, field->text());
+    reload();
+    for (auto [field, text] : edited.asKeyValueRange()) {
+        field->setText(text);
+        field->setModified(true);
+    }
 }
 
 void DevicePage::request(const QWidget* control, RequestQueue::Request action)

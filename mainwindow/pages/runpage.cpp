@@ -214,6 +214,8 @@ void RunPage::updateCurrent()
         return;
     HandCall call(*target, reporter()->plainReport());
     sendPending(call);
+    if (session()->isSilent())
+        return; // the session probes the hand once a second
     // The next tick continues one that ended early; otherwise the last finger would starve.
     const std::size_t first = std::exchange(m_firstCurrent, 0);
     for (std::size_t i = 0; i < FingerCount; ++i) {

@@ -1,5 +1,7 @@
 #include "portwatch.h"
 
+#include "linemonitor.h"
+
 #include <QSerialPort>
 
 #include <utility>
@@ -52,6 +54,8 @@ PortWatch::PortWatch(std::function<void()> close) : m_close(std::move(close))
 {
     m_timer.setInterval(CheckIntervalMs);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { check(); });
+    QObject::connect(&LineMonitor::instance(), &LineMonitor::sig_checkPorts, &m_timer,
+                     [this] { check(); });
 }
 
 void PortWatch::start(const QSerialPort* port)
@@ -90,6 +94,7 @@ void PortWatch::closeLater()
                 m_close();
         },
         Qt::QueuedConnection);
+    LineMonitor::instance().reportLoss();
 }
 
 } // namespace vanto

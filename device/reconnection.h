@@ -1,0 +1,37 @@
+#pragma once
+
+#include "devicesession.h"
+
+#include <future>
+
+namespace vanto
+{
+
+/// Brings a hand back whose port has been lost: looks for the port once a second, opens it and
+/// compares the hand that answers with the one that was open. It only reads. Whatever stops the
+/// session, such as a Scan or the choice of another port, ends the search.
+class Reconnection : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Reconnection(DeviceSession* session, QObject* parent = nullptr);
+
+signals:
+    /// The hand is open again.
+    void sig_reconnected(const PortEntry& port);
+    /// Another hand answers at its node; the search has ended.
+    void sig_otherHand(const QString& description);
+
+private:
+    void begin();
+    void look();
+    void compare(const QList<PortEntry>& ports);
+    void tryHand(const PortEntry& port);
+
+    DeviceSession* m_session;
+    QTimer m_timer{this};
+    Generation::Token m_search; ///< stale when the search is over
+    std::future<void> m_listing;
+};
+
+} // namespace vanto

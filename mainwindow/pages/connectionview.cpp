@@ -1,0 +1,128 @@
+#include "connectionview.h"
+
+#include "deviceentry.h"
+#include "statusreporter.h"
+
+#include <QLabel>
+#include <QStyle>
+
+namespace vanto
+{
+
+namespace
+{
+using State = DeviceSession::State;
+
+/// The look of a state in the style sheets.
+const char* lookOf(State state)
+{
+    switch (state) {
+    case State::Scanning:
+        return "busy";
+    case State::Connected:
+        return "good";
+    case State::NoAnswer:
+        return "warning";
+    case State::PortLost:
+        return "bad";
+    case State::NotConnected:
+    case State::NoHandChosen:
+        break;
+    }
+    return "idle";
+}
+} // namespace
+
+ConnectionView::ConnectionView(QLabel* icon, QLabel* state, QLabel* nextStep,
+                               DeviceSession* session)
+    : QObject(state), m_icon(icon), m_state(state), m_nextStep(nextStep), m_session(session)
+{
+    connect(session, &DeviceSession::sig_stateChanged, this, &ConnectionView::update);
+    update();
+}
+
+void ConnectionView::reportTo(StatusReporter* reporter)
+{
+    m_reporter = reporter;
+    // Queued, so that the message follows that of the operation which has shown it.
+    connect(
+        m_session, &DeviceSession::sig_portLost, this,
+        [this] { m_reporter->showError(tr("The port has been lost. Check the cable.")); },
+        Qt::QueuedConnection);
+    connect(
+        m_session, &DeviceSession::sig_noAnswer, this,
+        [this] { m_reporter->showError(tr("The hand does not answer. Check its power.")); },
+        Qt::QueuedConnection);
+    connect(
+        m_session, &DeviceSession::sig_answersAgain, this,
+        [this] { m_reporter->showMessage(tr("The hand answers again")); }, Qt::QueuedConnection);
+    connect(m_session, &DeviceSession::sig_otherHand, this, &ConnectionView::reportOtherHand,
+            Qt::QueuedConnection);
+}
+
+void ConnectionView::reportReconnected()
+{
+    m_reporter->showMessage(tr("Reconnected"));
+}
+
+void ConnectionView::reportOtherHand(const QString& description)
+{
+    m_reporter->showError(
+        tr("Another hand answers (%1). It has not been opened.").arg(description));
+}
+
+QString ConnectionView::anyNodeHint()
+{
+    return tr("Node 0xff is the address that every hand answers over SerialCtrl.\n"
+              "With several hands on the bus, all of them act and their replies collide.");
+}
+
+QString ConnectionView::toolTip(State state) const
+{
+    switch (state) {
+    case State::NotConnected:
+        return tr("Choose a port and click Scan.");
+    case State::Scanning:
+        return tr("Hands that answer are added to the devices. Stop ends the scan.");
+    case State::Connected: {
+        const auto hand = m_session->target();
+        const bool anyNode = hand && hand->node == AnyNode &&
+                             hand->adapter->protocolType() == PROTOCOL_TYPE_SERIALCTRL;
+        return anyNode ? anyNodeHint() : tr("The hand is ready.");
+    }
+    case State::NoAnswer:
+        return tr("Check the hand's power and its side of the cable.\n"
+                  "It is asked once a second until it answers.");
+    case State::PortLost:
+        return tr("Connect the adapter again. It is looked for once a second.\n"
+                  "Reload on the Basic page tries to open the port at once.");
+    case State::NoHandChosen:
+        return tr("Scan again, or open the node in the Options menu.");
+    }
+    return {};
+}
+
+void ConnectionView::update()
+{
+    static const QHash<State, QString> names{
+        {State::NotConnected, tr("Not connected")}, {State::Scanning, tr("Scanning")},
+        {State::Connected, tr("Connected")},        {State::NoAnswer, tr("No answer")},
+        {State::PortLost, tr("Port lost")},         {State::NoHandChosen, tr("No hand chosen")}};
+    const State state = m_session->state();
+    const QString tip = toolTip(state);
+    m_state->setText(names.value(state));
+    m_state->setAccessibleName(tr("Connection: %1").arg(names.value(state)));
+    m_state->setAccessibleDescription(tip);
+    for (QLabel* label : {m_icon, m_state}) {
+        label->setToolTip(tip);
+        if (label->property("look") == QLatin1String(lookOf(state)))
+            continue;
+        label->setProperty("look", QLatin1String(lookOf(state)));
+        label->style()->unpolish(label); // the style sheet depends on the property
+        label->style()->polish(label);
+    }
+    const bool usable = state == State::Connected || state == State::Scanning;
+    m_nextStep->setText(usable ? QString() : tip.section(QLatin1Char('\n'), 0, 0));
+}
+
+} // namespace vanto

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "devicesession.h"
+
+class QLabel;
+
+namespace vanto
+{
+
+class StatusReporter;
+
+/// Shows the state of the connection: an icon and a word in the row above the pages, what to do
+/// next beside the tabs, and a message when a hand is lost or found again.
+class ConnectionView : public QObject
+{
+    Q_OBJECT
+public:
+    ConnectionView(QLabel* icon, QLabel* state, QLabel* nextStep, DeviceSession* session);
+
+    void reportTo(StatusReporter* reporter);
+    /// The state may have changed.
+    void update();
+    void reportReconnected();
+    void reportOtherHand(const QString& description);
+
+    /// What node 255 means for hands that speak SerialCtrl.
+    static QString anyNodeHint();
+
+private:
+    QString toolTip(DeviceSession::State state) const;
+
+    QLabel* m_icon;
+    QLabel* m_state;
+    QLabel* m_nextStep;
+    DeviceSession* m_session;
+    StatusReporter* m_reporter = nullptr;
+};
+
+} // namespace vanto
