@@ -18,14 +18,17 @@ std::vector<std::shared_ptr<VantoProtocol>> protocolsToTry()
 
 HandScan::HandScan(CallReport& report, QObject* parent) : QObject(parent), m_report(report) {}
 
-HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& token)
+HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& token,
+                                const Range& range)
 {
     m_stop = false;
-    for (int node = FirstNode; node <= LastNode; ++node) {
+    for (int node = range.first; node <= range.last; ++node) {
         if (m_stop)
             return Outcome::Stopped;
         emit sig_nodeBegins(node);
         for (const auto& protocol : protocolsToTry()) {
+            if (range.protocol && protocol->protocolType() != *range.protocol)
+                continue;
             if (!tryNode(port, {protocol, static_cast<std::uint8_t>(node), token}))
                 return Outcome::PortNotOpened;
             emit sig_pause();

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace vanto
 {
 
@@ -13,17 +15,21 @@ class HandScan : public QObject
 {
     Q_OBJECT
 public:
-    static constexpr int FirstNode = 1;
-    static constexpr int LastNode = 255;
+    /// Which hands are looked for.
+    struct Range {
+        int first = 1;
+        int last = 255;
+        std::optional<PROTOCOL_TYPE> protocol = {}; ///< all if there is none
+    };
 
     enum class Outcome { Completed, Stopped, PortNotOpened, Superseded };
 
     /// Time-outs of absent nodes are reported like any failure.
     explicit HandScan(CallReport& report, QObject* parent = nullptr);
 
-    /// Returns after the last node, after stop(), if the port cannot be opened, or once `token` is
-    /// stale. Processes events meanwhile.
-    Outcome run(const QString& port, const Generation::Token& token);
+    /// Tries the nodes of `range`. Returns after the last node, after stop(), if the port cannot be
+    /// opened, or once `token` is stale. Processes events meanwhile.
+    Outcome run(const QString& port, const Generation::Token& token, const Range& range);
     /// Ends the scan after the current node.
     void stop() { m_stop = true; }
     /// The protocol with which the port could not be opened.

@@ -30,6 +30,8 @@ public:
         LoadSequence,
         SaveSequence,
         Reconnect,
+        OpenNode,
+        ScanRange,
         About,
         Theme
     };

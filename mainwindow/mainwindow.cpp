@@ -3,6 +3,7 @@
 #include "calibrationprocedure.h"
 #include "firmwareupdater.h"
 #include "messagelist.h"
+#include "nodedialogs.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "theme.h"
@@ -99,6 +100,22 @@ void MainWindow::on_action_Force_Update_triggered()
 void MainWindow::on_action_Theme_triggered()
 {
     m_session->runWhenIdle(DeviceSession::Kind::Theme, [this] { Theme::choose(this); });
+}
+
+void MainWindow::on_action_Open_Node_triggered()
+{
+    m_session->runWhenIdle(DeviceSession::Kind::OpenNode, [this] {
+        if (const auto node = NodeDialogs::openNode(this, ui->deviceBar->suggestedNode()))
+            ui->deviceBar->openNode(*node);
+    });
+}
+
+void MainWindow::on_action_Scan_Range_triggered()
+{
+    m_session->runWhenIdle(DeviceSession::Kind::ScanRange, [this] {
+        if (const auto range = NodeDialogs::scanRange(this, ui->deviceBar->scanRange()))
+            ui->deviceBar->setScanRange(*range);
+    });
 }
 
 void MainWindow::on_action_About_triggered()

@@ -48,6 +48,8 @@ private slots:
     void on_action_Exit_triggered();
     void on_action_Force_Update_triggered();
     void on_action_Theme_triggered();
+    void on_action_Open_Node_triggered();
+    void on_action_Scan_Range_triggered();
     void on_action_About_triggered();
     void on_tabWidget_currentChanged(int index);
     // These two open dialogs for the whole window.

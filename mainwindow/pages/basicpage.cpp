@@ -250,9 +250,9 @@ void BasicPage::changeId(const HandTarget& target, std::uint8_t newNode)
     if (!call.perform<&VantoProtocol::setID>(newNode))
         return;
     session()->stopAtOnce(); // the old id no longer answers
-    clearBasicInfo();
     m_deviceBar->clearDevices();
-    enableWidgetsForBasicTab(false); // they need a current entry
+    m_deviceBar->clearPages(); // they need a current entry
+    m_deviceBar->setSuggestedNode(newNode);
     const QString text =
         target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
             ? tr("node id changed from '0x%1' to '0x%2', please wait for device rebooting then "

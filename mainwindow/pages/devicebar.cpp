@@ -62,6 +62,7 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
         Q_ASSERT(m_pages.constLast());
     }
     createScan();
+    setScanRange(m_range);
     auto* nextStep = new QLabel(pages);
     nextStep->setObjectName(QStringLiteral("label_NextStep"));
     pages->setCornerWidget(nextStep);
@@ -84,7 +85,6 @@ void DeviceBar::createScan()
     m_progress = new QProgressBar(this);
     m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
     m_progress->setAccessibleName(tr("Scan progress"));
-    m_progress->setRange(HandScan::FirstNode, HandScan::LastNode);
     m_progress->setTextVisible(false);
     // Otherwise the theme would change the height after the first paint.
     m_progress->setMaximumHeight(m_progress->fontMetrics().height());
@@ -139,6 +139,7 @@ void DeviceBar::on_pushButton_RefreshPorts_clicked()
 void DeviceBar::listPorts(const QList<PortEntry>& ports)
 {
     m_portsListed = true;
+    const QString chosen = portName();
     m_ports = ports;
     const QSignalBlocker blocker(ui->comboBox_Ports);
     ui->comboBox_Ports->clear();
@@ -148,6 +149,8 @@ void DeviceBar::listPorts(const QList<PortEntry>& ports)
         ui->comboBox_Ports->setItemData(ui->comboBox_Ports->count() - 1, port.details,
                                         Qt::ToolTipRole);
     }
+    if (const int index = ui->comboBox_Ports->findData(chosen); index >= 0)
+        ui->comboBox_Ports->setCurrentIndex(index);
 }
 
 void DeviceBar::on_comboBox_Ports_currentIndexChanged(int)
@@ -203,6 +206,11 @@ void DeviceBar::showReconnected(const PortEntry& port)
 void DeviceBar::closeCurrentDevice()
 {
     m_session->closeIfConnected();
+    clearPages();
+}
+
+void DeviceBar::clearPages()
+{
     for (DevicePage* page : m_pages)
         page->clear();
     disablePages();
@@ -308,26 +316,70 @@ void DeviceBar::on_pushButton_ScanDevices_clicked()
 void DeviceBar::scan()
 {
     using Outcome = HandScan::Outcome;
-    const Outcome outcome = [this] {
-        resetDevices();
+    resetDevices();
+    const Outcome outcome = runScan(m_range);
+    if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
+        openCurrentDevice();
+}
+
+HandScan::Outcome DeviceBar::runScan(const HandScan::Range& range)
+{
+    using Outcome = HandScan::Outcome;
+    m_progress->setRange(range.first, range.last);
+    const Outcome outcome = [&] {
         const ControlLock lock = lockWindow(Usable::Stop);
         m_session->setScanning(true);
         showScanning(true);
-        const Outcome ended = m_scan->run(portName(), m_session->token());
+        const Outcome ended = m_scan->run(portName(), m_session->token(), range);
         if (ended == Outcome::PortNotOpened)
             showPortNotOpened();
         return ended;
     }();
     m_session->setScanning(false);
     showScanning(false);
-    if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
-        openCurrentDevice();
+    return outcome;
+}
+
+void DeviceBar::setScanRange(const HandScan::Range& range)
+{
+    m_range = range;
+    ui->pushButton_ScanDevices->setToolTip(
+        tr("Scans the nodes %1 to %2").arg(range.first).arg(range.last));
+}
+
+void DeviceBar::openNode(const HandScan::Range& node)
+{
+    m_session->stopAtOnce();
+    m_session->runWhenIdle(DeviceSession::Kind::Scan, [this, node] { tryNode(node); });
+}
+
+void DeviceBar::tryNode(const HandScan::Range& node)
+{
+    closeCurrentDevice();
+    QString found;
+    const auto connection = connect(m_scan, &HandScan::sig_found, this,
+                                    [&found](const DeviceEntry& entry) { found = entry.text(); });
+    const HandScan::Outcome outcome = runScan(node);
+    disconnect(connection);
+    if (outcome == HandScan::Outcome::PortNotOpened || outcome == HandScan::Outcome::Superseded)
+        return;
+    if (found.isEmpty()) {
+        m_reporter->showError(tr("No hand answers at node '0x%1'.")
+                                  .arg(StatusReporter::hex(static_cast<unsigned>(node.first))));
+        return;
+    }
+    {
+        const QSignalBlocker blocker(ui->comboBox_Devices);
+        ui->comboBox_Devices->setCurrentIndex(ui->comboBox_Devices->findText(found));
+    }
+    emit sig_currentDeviceChanged();
+    openCurrentDevice();
 }
 
 void DeviceBar::showScanning(bool scanning)
 {
     ui->pushButton_ScanDevices->setText(scanning ? tr("Stop") : m_idleCaption);
-    m_progress->setValue(HandScan::FirstNode);
+    m_progress->setValue(m_progress->minimum());
     m_progress->setVisible(scanning);
 }
 
@@ -343,7 +395,8 @@ void DeviceBar::showPortNotOpened()
 
 void DeviceBar::addDevice(const DeviceEntry& entry)
 {
-    ui->comboBox_Devices->addItem(entry.text(), int{entry.node});
+    if (ui->comboBox_Devices->findText(entry.text()) < 0)
+        ui->comboBox_Devices->addItem(entry.text(), int{entry.node});
     if (entry.isAnyNode())
         ui->comboBox_Devices->setItemData(ui->comboBox_Devices->count() - 1,
                                           ConnectionView::anyNodeHint(), Qt::ToolTipRole);

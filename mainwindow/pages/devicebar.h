@@ -3,6 +3,7 @@
 #include "controllock.h"
 #include "deviceentry.h"
 #include "devicesession.h"
+#include "handscan.h"
 #include "portlist.h"
 
 #include <QWidget>
@@ -17,7 +18,6 @@ namespace vanto
 
 class ConnectionView;
 class DevicePage;
-class HandScan;
 class StatusReporter;
 namespace Ui
 {
@@ -50,6 +50,16 @@ public:
 
     /// Opens the device of the current entry and reloads all pages.
     void openCurrentDevice();
+    /// The nodes of the next scans.
+    HandScan::Range scanRange() const { return m_range; }
+    void setScanRange(const HandScan::Range& range);
+    /// Looks for a hand at one node, lists it and opens it.
+    void openNode(const HandScan::Range& node);
+    /// What the dialog for that is filled with at first.
+    int suggestedNode() const { return m_suggestedNode; }
+    void setSuggestedNode(int node) { m_suggestedNode = node; }
+    /// Clears and disables all pages.
+    void clearPages();
     /// Closes the open device and clears the list of devices.
     void resetDevices();
     /// Only clears the list.
@@ -80,6 +90,8 @@ private:
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
     void showForceSensing(bool present);
     void scan();
+    HandScan::Outcome runScan(const HandScan::Range& range);
+    void tryNode(const HandScan::Range& node);
     void showScanning(bool scanning);
     void showPortNotOpened();
     void addDevice(const DeviceEntry& entry);
@@ -96,6 +108,8 @@ private:
     QList<PortEntry> m_ports; ///< as listed
     ConnectionView* m_connection = nullptr;
     HandScan* m_scan = nullptr;
+    HandScan::Range m_range;
+    int m_suggestedNode = 1;
     QProgressBar* m_progress = nullptr;
     QString m_idleCaption; ///< caption of the Scan button while no scan runs
     bool m_portsListed = false;

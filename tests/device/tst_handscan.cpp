@@ -52,7 +52,7 @@ void TestHandScan::scanOpenRead()
         if (found.size() == 2)
             scan.stop();
     });
-    QCOMPARE(scan.run(hand.portName(), session.token()), HandScan::Outcome::Stopped);
+    QCOMPARE(scan.run(hand.portName(), session.token(), {}), HandScan::Outcome::Stopped);
     QCOMPARE(found.size(), 2);
     QCOMPARE(found[0].text(), "0x01 (ModBus-RTU V1.4.7, Protocol V1.0)");
     QCOMPARE(found[1].text(), "0x02 (SerialCtrl V1.4.7, Protocol V3.1)");
@@ -66,7 +66,7 @@ void TestHandScan::scanOpenRead()
         current = entry.node;
         const auto target = session.open(
             VantoProtocol::getProtocolInstance(address.type, address.major, address.minor),
-            hand.portName());
+            PortEntry{hand.portName(), {}});
         QVERIFY(target && !session.hasForceSensing());
         std::uint16_t voltage = 0;
         {
@@ -88,14 +88,14 @@ void TestHandScan::endings()
     Report report;
     HandScan scan(report);
     const Generation generation;
-    QCOMPARE(scan.run("/dev/none", generation.token()), HandScan::Outcome::PortNotOpened);
+    QCOMPARE(scan.run("/dev/none", generation.token(), {}), HandScan::Outcome::PortNotOpened);
     QCOMPARE(scan.failedProtocol(), PROTOCOL_TYPE_MODBUS_RTU);
     HandProcess hand;
     QVERIFY(hand.start());
     ReplyLimits::current() = {50, 50, 50, 50};
     Generation other;
     connect(&scan, &HandScan::sig_pause, this, [&other] { other.advance(); });
-    QCOMPARE(scan.run(hand.portName(), other.token()), HandScan::Outcome::Superseded);
+    QCOMPARE(scan.run(hand.portName(), other.token(), {}), HandScan::Outcome::Superseded);
     QCOMPARE(report.texts,
              QStringList{"1 timeout"}); // of the first protocol; the rest is not tried
 }

@@ -24,7 +24,6 @@ private slots:
     void setId();
     void initDependsOnSelfTestLevel();
     void reloadWithoutAdapter();
-    void handVanishesDuringReload();
 };
 
 void TestBasic::init()
@@ -199,26 +198,6 @@ void TestBasic::reloadWithoutAdapter()
     QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
     QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
     m_tool->window()->closeDeviceIfOpen();
-}
-
-void TestBasic::handVanishesDuringReload()
-{
-    bool plugged = true;
-    connect(m_tool->find<QLineEdit>("lineEdit_BasicFirmwareVersion"), &QLineEdit::textChanged,
-            m_tool.get(), [&](const QString& text) {
-                if (!text.isEmpty() && std::exchange(plugged, false))
-                    command("unplug");
-            });
-    m_tool->click("pushButton_BasicReloadBasic");
-    QCOMPARE(shown().count("Timeout for SerialCtrl node '0x02'..."), 5);
-    QCOMPARE(shown().constLast(), "Basic info loaded");
-
-    QVERIFY(m_hand->command("replug").startsWith("ok"));
-    command("clear");
-    m_tool->click("pushButton_RefreshPorts");
-    m_tool->choosePort(m_hand->portName());
-    listAgain();
-    QCOMPARE(m_tool->field("lineEdit_BasicProtocolVersion"), "V3.1");
 }
 
 VANTO_TEST(TestBasic)

@@ -69,7 +69,7 @@ void TestShell::everySlotIsConnected()
             QVERIFY2(connected, name.constData());
         }
     }
-    QCOMPARE(found, 36 + 12 * 6);
+    QCOMPARE(found, 38 + 12 * 6);
 }
 
 void TestShell::about()

@@ -1,0 +1,146 @@
+#include "handtest.h"
+#include "testmain.h"
+
+#include <QLabel>
+#include <QTabWidget>
+#include <QTableWidget>
+
+namespace vanto
+{
+
+/// Losing the port or the hand and getting them back, in the real window.
+class TestConnection : public HandTest
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { close(); }
+    void lostAndBack_data();
+    void lostAndBack();
+    void lostDuringReload();
+    void otherHandComesBack();
+    void silentHand_data();
+    void silentHand();
+
+private:
+    QString state() const { return m_tool->find<QLabel>("label_ConnectionState")->text(); }
+    void replug() const { QVERIFY(m_hand->command("replug").startsWith("ok")); }
+    QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
+
+    const QString Lost = "The port has been lost. Check the cable.";
+};
+
+void TestConnection::lostAndBack_data()
+{
+    QTest::addColumn<int>("page");
+    for (const int page : {BasicTab, SettingTab, RunTab, SequenceTab})
+        QTest::addRow("page %d", page) << page;
+}
+
+void TestConnection::lostAndBack()
+{
+    QFETCH(int, page);
+    open();
+    QCOMPARE(state(), "Connected");
+    m_tool->showPage(page);
+    auto* gain = m_tool->find<QLineEdit>("lineEdit_SettingP2");
+    gain->selectAll();
+    QTest::keyClicks(gain, "7.5");
+    const QString current = m_tool->field("lineEdit_SettingCurrentLimit1");
+    clearRecords();
+    command("unplug");
+    QTRY_COMPARE(state(), "Port lost");
+    QTRY_COMPARE(shown().count(Lost), 1);
+    for (const char* control : {"pushButton_BasicBeep", "pushButton_SettingWritePID2",
+                                "pushButton_RunSetPos0", "tableWidget_Seq", "pushButton_SeqLoad"})
+        QVERIFY2(!m_tool->enabled(control), control);
+    QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
+    QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7"); // stays readable
+    QCOMPARE(m_tool->devices()->count(), 1);
+    replug();
+    QTRY_VERIFY_WITH_TIMEOUT(shown().contains("Reconnected"), 20'000);
+    QCOMPARE(state(), "Connected");
+    QVERIFY(m_tool->enabled("pushButton_BasicBeep"));
+    QCOMPARE(gain->text(), "7.5"); // was typed and not sent
+    QCOMPARE(m_tool->field("lineEdit_SettingCurrentLimit1"), current);
+    QCOMPARE(shown().count(Lost), 1);
+    QVERIFY2(shown().filter("Timeout").isEmpty() && shown().filter("returned").isEmpty(),
+             qPrintable(shown().join('\n')));
+    QCOMPARE(motions(), QStringList());
+}
+
+void TestConnection::lostDuringReload()
+{
+    expectTimeouts(150);
+    open();
+    clearRecords();
+    duringExchange([this] { command("unplug"); });
+    m_tool->click("pushButton_BasicReloadBasic");
+    QTRY_COMPARE(state(), "Port lost");
+    QTRY_COMPARE(shown(), QStringList{Lost}); // the exchange that was cut is not reported
+    clearRecords();
+    m_tool->click("pushButton_BasicReloadBasic"); // the port cannot be opened
+    QCOMPARE(shown().count("Timeout for SerialCtrl node '0x02'..."), 6);
+    QCOMPARE(shown().constLast(), "Basic info loaded");
+    QCOMPARE(state(), "Port lost");
+    ReplyLimits::current() = PatientLimits;
+    replug();
+    QTRY_VERIFY(idle());
+    m_tool->click("pushButton_BasicReloadBasic");
+    QTRY_COMPARE_WITH_TIMEOUT(state(), "Connected", 20'000);
+}
+
+void TestConnection::otherHandComesBack()
+{
+    open();
+    command("unplug");
+    QTRY_COMPARE(state(), "Port lost");
+    command("set 2 start 3 77"); // the calibration of another hand
+    clearRecords();
+    replug();
+    QTRY_COMPARE_WITH_TIMEOUT(state(), "Not connected", 20'000);
+    QTRY_COMPARE(shown(),
+                 QStringList{"Another hand answers (V1.4.7, 1B01). It has not been opened."});
+    QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
+    m_hand->clearTrace();
+    QTest::qWait(1500); // the search has ended
+    QCOMPARE(frames(), QStringList());
+}
+
+void TestConnection::silentHand_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::newRow("Basic page") << int{BasicTab};
+    QTest::newRow("Run page") << int{RunTab};
+}
+
+void TestConnection::silentHand()
+{
+    QFETCH(int, page);
+    expectTimeouts(100);
+    open();
+    m_tool->showPage(page);
+    clearRecords();
+    command("hang");
+    if (page == BasicTab)
+        m_tool->click("pushButton_BasicReloadBasic");
+    QTRY_COMPARE_WITH_TIMEOUT(state(), "No answer", 20'000);
+    QTRY_COMPARE(shown().count("The hand does not answer. Check its power."), 1);
+    QTRY_VERIFY(idle());
+    m_hand->clearTrace();
+    clearRecords();
+    QTest::qWait(2500); // measures how often it is asked
+    QVERIFY2(frames().size() <= 4, qPrintable(QString::number(frames().size())));
+    QCOMPARE(shown(), QStringList());
+    ReplyLimits::current() = PatientLimits;
+    command("hang off");
+    QTRY_COMPARE_WITH_TIMEOUT(state(), "Connected", 20'000);
+    QTRY_COMPARE(shown().count("The hand answers again"), 1);
+    QVERIFY(page != RunTab || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
+    QCOMPARE(motions(), QStringList());
+}
+
+VANTO_TEST(TestConnection)
+
+} // namespace vanto
+
+#include "tst_connection.moc"
