@@ -24,7 +24,7 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
     for (int node = FirstNode; node <= LastNode; ++node) {
         if (m_stop)
             return Outcome::Stopped;
-        emit sig_nodeBegins(node);
+        emit sig_nodeStarted(node);
         for (const auto& protocol : protocolsToTry()) {
             if (!tryNode(port, {protocol, static_cast<std::uint8_t>(node), token}))
                 return Outcome::PortNotOpened;

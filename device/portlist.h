@@ -8,7 +8,7 @@ namespace vanto
 
 /// A serial port as the Ports list shows it.
 struct PortEntry {
-    QString name;        ///< name to open the port by
+    QString name;        ///< name for opening the port
     QString description; ///< shown in parentheses
     QString details{};   ///< product, serial number and ids of the adapter, one per line
 
