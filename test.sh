@@ -19,7 +19,7 @@ fi
 scripts/packages.sh build window test
 # The compiler finds some warnings only while it optimises.
 cmake --preset release --log-level=NOTICE
-cmake --build --preset release --target VantoSetting vanto-hand vanto-tour
+cmake --build --preset release --target VantoSetting vanto-hand
 cmake --preset asan --log-level=NOTICE
 cmake --build --preset asan
 exec ctest --preset asan "$@"

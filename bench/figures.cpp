@@ -25,7 +25,7 @@ bool report(const Figure& figure)
 {
     const double ratio = figure.value / figure.base;
     const bool holds = ratio <= figure.bar;
-    std::printf("%-4s %-50s %9.3f %-5s / %8.3f = %5.3f  (bar %.2f)\n", holds ? "ok" : "OVER",
+    std::printf("%-4s %-50s %9.3f %-5s / %8.3f = %5.3f  (limit %.2f)\n", holds ? "ok" : "OVER",
                 figure.what, figure.value, figure.unit, figure.base, ratio, figure.bar);
     std::fflush(stdout);
     return holds;

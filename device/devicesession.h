@@ -13,15 +13,15 @@ namespace vanto
 
 /// The connection to a hand, and the functions through which all access to it passes.
 ///
-/// Every exchange with a hand processes events while it waits, so a click or a timer can arrive
-/// while another one is handled. These rules keep that safe:
-/// - stopAtOnce() acts at any depth: it makes all targets stale, so that loops for the old hand
-///   end, and stops timers and the player. It exchanges nothing.
-/// - Changes of the connection go through runWhenIdle(): at once if the line is idle, otherwise
-///   when it becomes idle; of each kind only the last one runs.
-/// - Requests of the user go through request(): at once, or later in the order of the clicks, and
-///   always to the hand that was open at the click.
-/// - Timers check canTick() and otherwise skip a tick.
+/// Every exchange with a hand processes events while it waits, so a click or a timer event can
+/// arrive while another one is being handled. These rules make that safe:
+/// - stopAtOnce() takes effect at any nesting depth: it makes all targets stale, so that loops for
+///   the old hand end, and stops timers and the player. It does not communicate with the hand.
+/// - Changes of the connection use runWhenIdle(), which runs them when the line is idle. Of several
+///   waiting changes of one kind only the last one runs.
+/// - Requests of the user use request(), which runs them in the order of the clicks and always for
+///   the hand that was open at the click.
+/// - Timer slots return without doing anything unless canTick() returns true.
 class DeviceSession : public QObject
 {
     Q_OBJECT
@@ -61,9 +61,9 @@ public:
     /// Takes up the connection again after its port has been lost and opened again.
     void resume(const PortEntry& port);
 
-    /// Sets the adapter, opens the port for the current Devices entry and detects force sensing.
-    /// The reads that follow show whether the port has opened. Returns nothing if there is no
-    /// current entry, or if another hand has been requested meanwhile.
+    /// Sets the adapter, opens the port for the current Devices entry and detects force sensing. If
+    /// the port cannot be opened, later reads fail. Returns std::nullopt if there is no current
+    /// entry, or if another hand has been requested meanwhile.
     std::optional<HandTarget> open(std::shared_ptr<VantoProtocol> adapter, const PortEntry& port);
     void setAdapter(std::shared_ptr<VantoProtocol> adapter);
     /// Stops everything at once and closes the adapter, which must be open.
@@ -79,7 +79,7 @@ public:
     /// Stops playback, before dialogs that would cover the Stop button.
     void stopMotion() { emit sig_stopMotion(); }
 
-    /// `isStillWanted` is checked before a request that had to wait runs.
+    /// If the request has to wait, it runs only if `isStillWanted` then returns true.
     void request(std::function<bool()> isStillWanted, RequestQueue::Request action);
     void runWhenIdle(Kind kind, std::function<void()> action)
     {

@@ -25,7 +25,7 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
     for (int node = range.first; node <= range.last; ++node) {
         if (m_stop)
             return Outcome::Stopped;
-        emit sig_nodeBegins(node);
+        emit sig_nodeStarted(node);
         for (const auto& protocol : protocolsToTry()) {
             if (range.protocol && protocol->protocolType() != *range.protocol)
                 continue;

@@ -24,7 +24,7 @@ public:
 
     enum class Outcome { Completed, Stopped, PortNotOpened, Superseded };
 
-    /// Time-outs of absent nodes are reported like any failure.
+    /// `report` also receives the time-outs of absent nodes.
     explicit HandScan(CallReport& report, QObject* parent = nullptr);
 
     /// Tries the nodes of `range`. Returns after the last node, after stop(), if the port cannot be
@@ -36,9 +36,9 @@ public:
     PROTOCOL_TYPE failedProtocol() const { return m_failedProtocol; }
 
 signals:
-    void sig_nodeBegins(int node);
+    void sig_nodeStarted(int node);
     void sig_found(const DeviceEntry& entry);
-    /// Between two conversations, when waiting jobs may run.
+    /// Emitted between two conversations, so that waiting jobs can run.
     void sig_pause();
 
 private:

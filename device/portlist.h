@@ -20,7 +20,7 @@ struct AdapterId {
 
 /// A serial port as the Ports list shows it.
 struct PortEntry {
-    QString name;                          ///< name to open the port by
+    QString name;                          ///< name for opening the port
     QString description;                   ///< shown in parentheses
     QString details{};                     ///< product, serial number and ids, one per line
     std::optional<AdapterId> adapter = {}; ///< of ports that have one

@@ -32,7 +32,7 @@ bool changesConnection(std::optional<Kind> kind)
 
 RequestQueue::RequestQueue(QObject* parent) : QObject(parent)
 {
-    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_quiet, this,
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this,
             &RequestQueue::scheduleDrain);
 }
 
@@ -110,7 +110,7 @@ void RequestQueue::enqueue(Job job)
 void RequestQueue::enqueueConnectionChange(Job job)
 {
     remove(job.kind);
-    // A waiting scan would close what a change of the device opens.
+    // A waiting scan would close the device that the change opens.
     if (job.kind == Kind::Scan)
         remove(Kind::ChangeDevice);
     const auto isScan = [](const Job& waiting) { return waiting.kind == Kind::Scan; };

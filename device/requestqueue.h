@@ -18,7 +18,7 @@ class RequestQueue : public QObject
 {
     Q_OBJECT
 public:
-    /// Jobs that are not requests to a hand, and so need no open hand.
+    /// Jobs that are not requests to a hand and therefore do not require an open hand.
     enum class Kind {
         RefreshPorts,
         ChangePort,
@@ -53,7 +53,7 @@ public:
     /// Drops all waiting jobs and accepts no new ones.
     void shutDown();
 
-    /// Whether periodic work may run now; otherwise it skips a tick.
+    /// Whether a timer slot may communicate with the hand now; otherwise it skips the tick.
     bool canTick() const;
     /// Whether a job waits for the current conversation to end.
     bool hasWaitingJobs() const { return m_runningJobs == 0 && !m_waiting.empty(); }

@@ -19,7 +19,7 @@ struct UpdateLimits {
     int matchMs = 1000;   ///< wait for the reply to the hardware type and version
     int recordMs = 4000;  ///< wait for the reply to a record
     int rejections = 4;   ///< of one record, after which the update fails
-    int listenMs = 10000; ///< on a line that is never silent, until the next probe
+    int listenMs = 10000; ///< maximum wait on a line that is never silent, before the next probe
 };
 
 /// The tool's side of the boot loader protocol, over an open port:
@@ -29,9 +29,9 @@ struct UpdateLimits {
 ///   hardware type, version       59 ("Y") if they match the hand; only for files with a header
 ///   a record                     11 if accepted; the next record, or the same one again
 ///
-/// The last record is not marked. Silence, any other byte and a port that disappears end the
-/// update. Call the functions in this order; each returns the reason of a failure, or an empty
-/// string.
+/// The last record is not marked. A time-out, any other byte or the loss of the port ends the
+/// update. Call the functions in the order of their declaration; each returns the reason of a
+/// failure, or an empty string.
 class BootLoaderLink
 {
     Q_DECLARE_TR_FUNCTIONS(BootLoaderLink)

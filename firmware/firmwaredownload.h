@@ -18,9 +18,9 @@ namespace vanto
 ///   /firmwares/HARDWARE/latest_version.json   the version file
 ///   /firmwares/HARDWARE/FILE                  the update file
 ///
-/// Possible errors: any status but 200, including redirects; silence; a broken connection; a body
-/// that is empty, endless or not JSON; members that are missing or not strings; file names that
-/// lead out of the download folder.
+/// Possible errors: any status other than 200, including redirects; a time-out; a broken
+/// connection; a body that is empty, too long or not JSON; members that are missing or not strings;
+/// file names that lead out of the download folder.
 ///
 /// The functions process events while they wait for the server. Their results hold either a
 /// failure, as text for the user, or the requested data.

@@ -10,9 +10,9 @@ namespace vanto
 /// Writes the firmware of an update file to the hand whose boot loader listens on the port. Returns
 /// the reason of a failure, or an empty string.
 ///
-/// Processes events while it waits for the boot loader. While the file is read only `log` can
-/// process events: to stay responsive a caller does so in it about every 10 ms. The function keeps
-/// no state between calls, and the port is closed when it returns.
+/// Processes events while it waits for the boot loader, but not while it reads the file: a caller
+/// that must stay responsive processes events in `log`, about every 10 ms. The function keeps no
+/// state between calls, and the port is closed when it returns.
 QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
                        LogCallback log, ProgressCallback progress, UpdateLimits limits = {});
 

@@ -27,7 +27,7 @@ struct FirmwareRelease {
 /// The releases in a version file, by type of firmware; empty if it cannot be read.
 QMap<QString, FirmwareRelease> readVersionFile(const QByteArray& content);
 
-/// Whether `name` is a file name that cannot lead out of its folder.
+/// Whether `name` is a file name without a path, which cannot refer to another folder.
 bool isPlainFileName(const QString& name);
 
 } // namespace vanto

@@ -17,8 +17,8 @@ namespace Ui
 class MainWindow;
 }
 
-/// The main window: menus, the device bar, the pages, the status bar. It creates the objects that
-/// these share; what a page does is in its class.
+/// The main window: menus, the device bar, the pages and the status bar. It creates the objects
+/// that these share; each page implements its own behaviour.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -52,7 +52,7 @@ private slots:
     void on_action_Scan_Range_triggered();
     void on_action_About_triggered();
     void on_tabWidget_currentChanged(int index);
-    // These two open dialogs for the whole window.
+    // These two buttons start procedures with dialogs of the main window.
     void on_pushButton_BasicUpdateFirmware_clicked();
     void on_pushButton_BasicRecalibrate_clicked();
 

@@ -15,7 +15,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "VantoSetting finds robotic hands with six motors on a serial bus, shows and
 changes their settings, moves their fingers and plays sequences of poses. It
-speaks both protocols of the hand, SerialCtrl and Modbus RTU.
+supports both protocols of the hand, SerialCtrl and Modbus RTU.
 .
 The package includes a simulated hand for trying everything without hardware.")
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)

@@ -18,7 +18,7 @@ Conversation::Conversation()
 Conversation::~Conversation()
 {
     if (--s_depth == 0)
-        emit ConversationMonitor::instance().sig_quiet();
+        emit ConversationMonitor::instance().sig_idle();
 }
 
 bool Conversation::isActive()

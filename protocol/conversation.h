@@ -5,12 +5,13 @@
 namespace vanto
 {
 
-/// A scope in which exchanges with a hand may happen.
+/// A scope in which exchanges with a hand are allowed.
 ///
 /// Everything runs on the user-interface thread, and every exchange processes events while it
-/// waits, so any slot or timer can run during the wait. Code that communicates with a hand has a
-/// conversation on the stack, by a HandCall or a LineHold; code that must not interrupt one checks
-/// isActive() first. A conversation never spans a dialog: an exchange behind a dialog times out.
+/// waits, so any slot or timer can run during the wait. Code that communicates with a hand
+/// therefore keeps a HandCall or a LineHold on the stack, which contains a conversation; code that
+/// must not interrupt one checks isActive() first. Do not open a dialog during a conversation: an
+/// exchange in progress would time out.
 class Conversation
 {
 public:
@@ -34,12 +35,12 @@ public:
     static ConversationMonitor& instance();
 
 signals:
-    void sig_quiet();
+    void sig_idle();
 };
 
-/// One adapter operation, on the stack of that operation. Two exchanges at a time would mix their
-/// frames on one line, and an exchange outside a conversation could overlap another one. Both are
-/// programming errors and are asserted.
+/// One adapter operation, on the stack of that operation. Two simultaneous exchanges would mix
+/// their frames on one line, and an exchange outside a conversation could overlap another one. Both
+/// are programming errors and are asserted.
 class Exchange
 {
 public:
@@ -49,8 +50,8 @@ public:
     Exchange& operator=(const Exchange&) = delete;
 
     static bool active();
-    /// Stops the current exchange, if any: it sends no further request and repeats no write. Its
-    /// result is a failure, unless it waits for its last request and the hand answers that.
+    /// Stops the current exchange, if any: it sends no further request and does not repeat a write.
+    /// It fails unless it is waiting for the reply to its last request and receives that reply.
     static void abandon();
     static bool abandoned();
 };

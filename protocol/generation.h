@@ -6,8 +6,9 @@
 namespace vanto
 {
 
-/// Counts the states of an object. A token refers to one state and becomes stale when the object
-/// advances to the next one. Tokens may outlive the object; they are stale then.
+/// Detects references to an outdated state of an object. A token refers to the state in which it
+/// was created and becomes stale when advance() is called or the object is destroyed. Tokens may
+/// outlive the object.
 class Generation
 {
 public:

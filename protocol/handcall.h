@@ -17,7 +17,7 @@ struct HandTarget {
     std::uint8_t node = 0;
     Generation::Token token;
 
-    /// Whether the connection has been neither changed nor stopped since.
+    /// Whether the connection has been neither changed nor stopped since the request was made.
     bool isCurrent() const { return token.isCurrent(); }
 };
 
@@ -35,7 +35,7 @@ class CallReport
 public:
     virtual ~CallReport() = default;
 
-    /// Reports a time-out. Returns false to have it reported like any other failure.
+    /// Reports a time-out. Returns false if it must be reported like any other failure.
     virtual bool reportTimeout(const HandTarget& target) = 0;
     /// `operation` is a name like "setFingerPos".
     virtual void reportFailure(const HandTarget& target, std::string_view operation,
@@ -52,7 +52,7 @@ constexpr std::string_view operationName()
     return name.substr(0, name.find_first_of(";]"));
 }
 
-/// One conversation with one hand; the way to call its adapter.
+/// One conversation with one hand. All calls to its adapter are made through this class.
 ///
 ///     HandCall call(target, report);
 ///     if (call.perform<&VantoProtocol::setFingerPos>(finger, position, speed))
@@ -65,7 +65,7 @@ public:
     HandCall(HandTarget target, CallReport& report) : m_target(std::move(target)), m_report(&report)
     {
     }
-    /// Without a report, for attempt() only.
+    /// Creates a call without a report; only attempt() may be used.
     explicit HandCall(HandTarget target) : m_target(std::move(target)) {}
 
     const HandTarget& target() const { return m_target; }

@@ -36,7 +36,7 @@ public:
     /// Like readPose(), but returns zeros on a failure and does not report it.
     virtual Pose readPoseOrZeros(HandCall& call) const = 0;
 
-    /// Distance from the target within which a finger has arrived.
+    /// Distance from the target within which a finger counts as arrived.
     virtual int arrivalTolerance() const = 0;
     bool isPosition() const { return this == &position(); }
 

@@ -3,8 +3,8 @@
 namespace vanto
 {
 
-/// Time-outs for the replies of a hand, in milliseconds. Variable for tests: on a busy machine a
-/// simulated hand may wait for a processor longer than the limits of a real hand allow.
+/// Time-outs for the replies of a hand, in milliseconds. Tests change them: on a busy machine a
+/// simulated hand may have to wait for a processor longer than the limits for a real hand allow.
 struct ReplyLimits {
     int serialCtrl = 50;
     int serialCtrlGains = 150; ///< the hand stores the gains before it answers

@@ -24,7 +24,7 @@ struct SequenceDataItem {
 ///         "sequences": [
 ///             {
 ///                 "delay": 500,
-///                 "position": [ 0, ... ],   one entry a line
+///                 "position": [ 0, ... ],   one entry per line
 ///                 "speed": [ 255, ... ]
 ///             }
 ///         ],

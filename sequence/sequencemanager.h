@@ -28,10 +28,10 @@ public:
     void swapSequenceDataItem(int index1, int index2);
     void removeSequenceDataItem(int index);
 
-    /// Returns false, leaving the sequence unchanged, if the file does not exist, does not open or
-    /// is not a valid sequence.
+    /// Returns false and leaves the sequence unchanged if the file does not exist, cannot be opened
+    /// or is not a valid sequence.
     bool loadSequenceData(QFile& file);
-    /// Returns false if the file does not open. Write errors are not checked.
+    /// Returns false if the file cannot be opened. Write errors are not checked.
     bool saveSequenceData(QFile& file) const;
 
 private:

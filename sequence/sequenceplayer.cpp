@@ -156,7 +156,7 @@ bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
     if (!prepare)
         emit sig_updatePlaying(isPlaying(), sequenceIndex, m_stepStart - previousStart, {});
 
-    // A failure stops the player, but the other fingers are still sent.
+    // A failure stops the player, but the commands for the other fingers are still sent.
     bool allSent = true;
     const auto count = std::min({step.position.size(), step.speed.size(), qsizetype{FingerCount}});
     for (std::uint8_t finger = 0; finger < count && call.isCurrent(); ++finger)

@@ -17,32 +17,32 @@ class MotionUnit;
 /// delay has elapsed, then sends the next step. Stops at the end, on a failure of the hand, and
 /// when a finger draws too much current.
 ///
-/// Every call of the hand processes events while it waits, so stop() can be called during play(), a
-/// poll or the sending of a step, and slots can call stop() and play() between two calls of the
-/// hand. Each run has its own generation: a call for an earlier run sends and reports nothing.
+/// Every exchange with the hand processes events while it waits, so stop() can be called during
+/// play(), a poll or the sending of a step, and slots can call stop() and play() between two
+/// exchanges. Each run has its own generation: a call for an earlier run sends and reports nothing.
 class SequencePlayer : public QObject, private CallReport
 {
     Q_OBJECT
 public:
     explicit SequencePlayer(QObject* parent = nullptr);
 
-    /// Does not stop a run: the current poll ends on the hand that it started with, the next one
-    /// uses the new hand.
+    /// Does not stop a run: a poll in progress continues with the previous hand, the next poll uses
+    /// the new one.
     void setVantoProtocol(std::shared_ptr<VantoProtocol> protocol, int node);
 
     /// Plays the steps from `startIndex` up to, but not including, `endIndex`; up to the last one
     /// if that is negative. With `playForEdit` all fingers but the thumb root are stretched first.
-    /// If both indices are equal, one step is sent, and awaited only with `playForEdit`.
-    /// Returns false, and does not play, if a run or an exchange is in progress, if there is no
-    /// hand or no such step, if the first step could not be sent completely, or if stop() was
-    /// called meanwhile.
+    /// If both indices are equal, one step is sent; the player waits for it only with
+    /// `playForEdit`. Returns false, and does not play, if a run or an exchange is in progress, if
+    /// there is no hand or no such step, if the first step could not be sent completely, or if
+    /// stop() was called meanwhile.
     bool play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit);
     /// Sends nothing more, whatever is in progress. Emits sig_updatePlaying() if a run was playing.
     void stop();
 
     bool isPlaying() const { return m_timer.isActive(); }
-    /// Whether a step is being sent or a poll is in progress; also after a failure, while the other
-    /// fingers are still sent.
+    /// Whether a step is being sent or a poll is in progress; also after a failure, while commands
+    /// for the other fingers are still being sent.
     bool isSending() const { return m_sending; }
     int getPlayingSequenceIndex() const { return m_playingIndex; }
     /// The argument of the last play().

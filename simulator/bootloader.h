@@ -35,12 +35,12 @@ struct BootStatistics {
 ///
 /// The CRC is CRC-16/CCITT (polynomial 1021, initial FFFF) of the bytes between length and CRC.
 ///
-/// Neither the type of a request nor the last record is marked, so pauses decide: two bytes and a
-/// pause directly after the probe are the hardware; four bytes and a pause can be another probe; a
-/// complete request of the application's protocols starts the application. An incomplete record is
-/// discarded. A long silence starts the application, unless the last record was not accepted or the
-/// port was unplugged: the application is then incomplete, and the boot loader waits for another
-/// update.
+/// Neither the type of a request nor the last record is marked, so pauses distinguish them: two
+/// bytes and a pause directly after the probe are the hardware; four bytes and a pause can be
+/// another probe; a complete request of the application's protocols starts the application. An
+/// incomplete record is discarded. A long silence starts the application, unless the last record
+/// was not accepted or the port was unplugged: the application is then incomplete, and the boot
+/// loader waits for another update.
 class BootLoader : public QObject
 {
     Q_OBJECT

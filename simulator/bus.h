@@ -26,7 +26,7 @@ struct BusStatistics {
     std::uint64_t bad = 0;     ///< frames with a wrong checksum
 };
 
-/// The hands on one line: receives requests, has the hands answer them and applies armed faults to
+/// The hands on one line: receives requests, forwards them to the hands and applies armed faults to
 /// the replies.
 class Bus : public QObject
 {

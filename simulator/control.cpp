@@ -53,7 +53,7 @@ const Control::Entry Control::Entries[] = {
     {"replug", "", "open a new port and show its path", 0, 0, &Control::replug},
     {"power-cycle", "[NODE]", "switch one or all hands off and on again", 0, 1,
      &Control::powerCycle},
-    {"set", "NODE NAME [FINGER] VALUE", "set a value; auto undoes a set current or force", 3, 4,
+    {"set", "NODE NAME [FINGER] VALUE", "set a value; auto: simulate current or force", 3, 4,
      &Control::set},
     {"get", "NODE NAME [FINGER]", "show a value", 2, 3, &Control::get},
     {"stats", "", "show the counts of frames", 0, 0, &Control::stats},
@@ -121,7 +121,7 @@ QString Control::hang(const QStringList& words)
     const QString state = words.value(0, QStringLiteral("on"));
     const bool isOff = state == QLatin1String("off");
     if (!isOff && state != QLatin1String("on"))
-        return failure(QStringLiteral("hang takes off or nothing"));
+        return failure(QStringLiteral("usage: hang [off]"));
     m_bus.setHung(!isOff);
     return Ok;
 }
@@ -193,7 +193,7 @@ QString Control::boot(const QStringList& words)
         return Ok;
     }
     if (!action.isEmpty())
-        return failure(QStringLiteral("boot takes enter, leave or nothing"));
+        return failure(QStringLiteral("usage: boot [enter|leave]"));
     const BootStatistics& counts = bootLoader.statistics();
     return QStringLiteral("ok running=%1 probes=%2 records=%3 rejected=%4 stray=%5 image=%6")
         .arg(bootLoader.isRunning() ? 1 : 0)

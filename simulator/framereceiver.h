@@ -22,7 +22,7 @@ struct ReceivedFrame {
 
 /// Finds requests of both protocols and the probe of the boot loader in a stream of bytes. A frame
 /// can be truncated, run into the next one or follow noise: the receiver skips bytes that do not
-/// belong to a frame, and discards a frame that pauses for longer than the idle limit.
+/// belong to a frame, and discards a frame with a pause longer than the idle limit.
 ///
 /// 55 AA always starts a SerialCtrl frame, as AA is not a Modbus function. A Modbus request can
 /// start with any other byte, so only a valid CRC at the length given by its function distinguishes

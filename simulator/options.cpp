@@ -162,7 +162,7 @@ constexpr OptionEntry Entries[] = {
      "Add a hand with this node id (decimal or 0x-hex) and protocol (serialctrl, modbus). Can be "
      "repeated; one id with both protocols is one hand that supports both. Default: 2:serialctrl.",
      applyNode},
-    {"no-force", "", "Hands without force sensing.", applyNoForce},
+    {"no-force", "", "Simulate hands without force sensing.", applyNoForce},
     {"firmware", "A.B.C", "Firmware version. Default: 1.4.7.",
      applyVersion<&HandTraits::firmware, 3>},
     {"hardware", "TTVV", "Hardware type and version, hexadecimal. Default: 1B01.", applyHardware},
@@ -171,7 +171,7 @@ constexpr OptionEntry Entries[] = {
      applyVersion<&HandTraits::protocol, 2>},
     {"modbus-version", "A.B", "Version of the Modbus register map. Default: 1.0.",
      applyVersion<&HandTraits::modbusProtocol, 2>},
-    {"calibration-key", "HEX", "Key that allows calibration. Default: 1A2B.", applyKey},
+    {"calibration-key", "HEX", "Calibration key of the hand. Default: 1A2B.", applyKey},
     {"boot-window", "MS",
      "Time after power-on in which the boot loader answers. Default: whenever the hand is idle.",
      applyBootWindow},

@@ -194,7 +194,7 @@ std::variant<Selection, QString> selectProperty(const QStringList& words, qsizet
         return Selection{property, 0};
     const std::optional<std::int64_t> finger = parseInteger(words.at(1), 0, FingerCount - 1);
     if (!finger)
-        return QStringLiteral("'%1' is no finger (0 to 5)").arg(words.at(1));
+        return QStringLiteral("'%1' is not a finger (0 to 5)").arg(words.at(1));
     return Selection{property, static_cast<std::size_t>(*finger)};
 }
 
@@ -235,7 +235,7 @@ QString writeProperty(Hand& hand, const QStringList& words, TimePoint now)
     }
     const std::optional<double> value = parseValue(text, *property);
     if (!value) {
-        return failure(QStringLiteral("'%1' is no number from %2 to %3")
+        return failure(QStringLiteral("'%1' is not a number from %2 to %3")
                            .arg(text, formatNumber(property->min), formatNumber(property->max)));
     }
     property->set(context, *value);

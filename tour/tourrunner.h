@@ -20,7 +20,7 @@ struct Step {
 
 /// The variants of a tour.
 struct TourOptions {
-    bool modbus;  ///< whether the hand that the steps use speaks Modbus
+    bool modbus;  ///< whether the hand that the steps operate uses Modbus
     bool english; ///< whether the window is in English
 };
 

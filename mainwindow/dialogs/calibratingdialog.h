@@ -19,7 +19,8 @@ class CalibratingDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /// `moved` is called with each new value, but not with the initial one and not after a reject.
+    /// `moved` is called with each new value, except the initial one. It is not called once the
+    /// dialog has been rejected.
     CalibratingDialog(QWidget* parent, const QString& prompt, std::uint16_t value,
                       std::uint16_t singleStep, std::function<void(int)> moved);
     ~CalibratingDialog() override;

@@ -12,9 +12,9 @@ namespace vanto
 class DeviceBar;
 class StatusReporter;
 
-/// Guides the user through the calibration of the hand. The hand measures and stores by itself; it
-/// receives the key that starts the calibration, the position of the thumb root and, as its button
-/// count, the number of the prepared stage.
+/// Guides the user through the calibration of the hand. The hand measures and stores the data
+/// itself; the program sends the key that starts the calibration, the position of the thumb root
+/// and, as the button count, the number of the prepared stage.
 ///
 /// If the procedure ends early, the hand stays at the stage that it has reached; the next run
 /// starts from the beginning.
@@ -27,7 +27,7 @@ public:
 
     void run(const HandTarget& target);
 
-    /// Time that the hand needs for a stage, in milliseconds. Tests need less.
+    /// Time that the hand needs for a stage, in milliseconds. Tests set a shorter time.
     static inline int stageMs = 2000;
 
 private:

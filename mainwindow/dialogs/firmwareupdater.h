@@ -19,7 +19,7 @@ class DeviceBar;
 class StatusReporter;
 class UpdateDialog;
 
-/// The firmware update as the user sees it: selection of the file, power cycle of the hand,
+/// Guides the user through a firmware update: selection of the file, power cycle of the hand,
 /// transfer, result.
 class FirmwareUpdater
 {
@@ -35,7 +35,7 @@ public:
 
     void requestUpdate();
     void showProgress(int percent);
-    /// Whether the program may end. If not, during a transfer, shows a message.
+    /// Whether the window may close. During a transfer, shows a message and returns false.
     bool canClose();
 
 private:

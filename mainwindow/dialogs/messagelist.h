@@ -9,7 +9,7 @@ class MessageLog;
 
 namespace MessageList
 {
-/// Opens the list of the latest messages, or raises it. The main window stays usable.
+/// Opens the modeless dialog that lists the latest messages, or raises it if it is open.
 void show(const MessageLog* log, QWidget* window);
 } // namespace MessageList
 

@@ -13,7 +13,7 @@ namespace Theme
 {
 /// The names of the themes, the default first.
 QStringList names();
-/// Applies the stored theme; without one, the default is stored first.
+/// Applies the stored theme. If none is stored, stores the default first.
 void applyStored();
 /// Lets the user choose a theme, stores it and applies it.
 void choose(QWidget* parent);

@@ -91,7 +91,7 @@ void DeviceBar::createScan()
     m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
     m_reporter->addToStatusBar(m_progress);
     m_progress->hide();
-    connect(m_scan, &HandScan::sig_nodeBegins, this, [this](int node) {
+    connect(m_scan, &HandScan::sig_nodeStarted, this, [this](int node) {
         m_progress->setValue(node);
         m_reporter->showMessage(
             tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));

@@ -37,7 +37,7 @@ public:
     /// locked together with this row.
     void setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
                QAction* update);
-    /// Lists the ports for the first time, in the background.
+    /// Lists the ports at start-up, in a background thread.
     void listPortsInBackground();
 
     bool hasPort() const;

@@ -9,7 +9,7 @@ namespace vanto
 
 class StatusReporter;
 
-/// A page about the open device.
+/// Base class of the pages, which show and control the open device.
 ///
 /// The form of the main window creates the pages; setUp() must be called before any other function.
 class DevicePage : public QWidget
@@ -27,8 +27,8 @@ public:
     /// Clears everything that the page shows of a device.
     virtual void clear() {}
     virtual void enableWidgets(bool /*enable*/) {}
-    /// Starts or ends the activity of a page that is current while a device is open. Called when
-    /// the user changes pages and when a device has been opened.
+    /// Starts or stops the periodic work of the page, which runs while the page is current and a
+    /// device is open. Called when the current page changes and when a device has been opened.
     virtual void follow(bool /*isCurrent*/) {}
 
     /// Whether the page is for hands with force sensing only.

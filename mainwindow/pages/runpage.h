@@ -63,7 +63,7 @@ private slots:
     VANTO_FINGER_SLOTS(pushButton_RunSetPos, clicked, tabRun_handleButtonSetPosClick)
 
 private:
-    /// The widgets that show a value that has been read back.
+    /// The widgets in which to show a value that has been read back.
     enum class ReadBack { IntoField, IntoSlider, IntoBoth };
 
     void postponeTick();
@@ -85,7 +85,7 @@ private:
     PerFinger<QLineEdit*> m_speeds;
     PerFinger<QLineEdit*> m_currents;
     QTimer m_timer; ///< runs while the page is current and a device is open
-    /// The unit of fields and sliders. The mode selector may be ahead of it briefly.
+    /// The unit of fields and sliders. The mode selector may briefly differ from it.
     const MotionUnit* m_unit = &MotionUnit::position();
     std::deque<POS_INFO> m_pending;
     QSemaphore m_pendingCount;      ///< number of pending commands

@@ -10,8 +10,8 @@ namespace vanto
 
 class StepTable;
 
-/// Changes the sequence and updates the table of its steps; nothing else changes either of them.
-/// Sends nothing to a hand.
+/// Changes the sequence and keeps the table of its steps up to date. All changes of either are made
+/// through this class. Sends nothing to a hand.
 class SequenceEditor
 {
 public:
@@ -26,7 +26,7 @@ public:
     void insert(int row, const SequenceDataItem& step);
     void remove(int row);
     void swap(int row, int other);
-    /// Changes the values of a step, whatever its row; does nothing if the step no longer exists.
+    /// Changes the values of a step, in whichever row it is; does nothing if it no longer exists.
     void edit(std::uint64_t step, const std::function<void(SequenceDataItem&)>& change);
 
     /// Stores a finger's value. Appends it if the list ends just before it, but leaves no gap: a

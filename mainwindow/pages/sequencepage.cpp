@@ -23,7 +23,7 @@ namespace
 {
 constexpr int InsertedSpeed = 255;
 constexpr int SelectInsertedMs = 100;
-constexpr int ToTheEnd = -1; ///< end index for all remaining steps
+constexpr int UntilLastStep = -1; ///< end index for all remaining steps
 } // namespace
 
 SequencePage::SequencePage(QWidget* parent)
@@ -209,7 +209,7 @@ void SequencePage::on_pushButton_SeqRun_clicked()
         [this, edition = m_sequence->edition()] {
             return ui->pushButton_SeqRun->isEnabled() && edition.isCurrent();
         },
-        [this, start, end = rows == 1 ? start : ToTheEnd](const HandTarget& target) {
+        [this, start, end = rows == 1 ? start : UntilLastStep](const HandTarget& target) {
             play(target, start, end, Purpose::Run);
         });
 }
@@ -262,7 +262,7 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
     QTimer::singleShot(SelectInsertedMs, m_table,
                        [this, target, step = m_table->idOf(row), visit = m_visit.token()] {
                            const int now = m_table->rowOf(step);
-                           // Behind a dialog the move would be delayed, and unexpected then.
+                           // A dialog would delay the move until the user no longer expects it.
                            if (now >= 0 && isSameVisit(visit) && target.isCurrent() &&
                                !isPlaying() && !QApplication::activeModalWidget())
                                m_table->setCurrentCell(now, 0);

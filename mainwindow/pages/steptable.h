@@ -16,8 +16,8 @@ public:
     ~MyQTableWidgetItem() override;
 };
 
-/// The steps of a sequence, one per row. Selecting a row moves the hand, so a row becomes current
-/// only on purpose, not by getting the focus or typing. The functions below block the signals that
+/// The steps of a sequence, one per row. Selecting a row moves the hand, so neither focus
+/// changes nor typing make a row current. The functions below block the signals that
 /// Qt emits when they make another row current.
 class StepTable : public QTableWidget
 {
@@ -28,7 +28,7 @@ public:
     void setSteps(const QList<SequenceDataItem>& steps);
     void insertStep(int row, const QList<int>& positions);
     void removeStep(int row);
-    /// Swaps the ids of two steps; the rows still show the old values.
+    /// Swaps the ids of two steps; does not update the displayed values.
     void swapIds(int row, int other);
     /// Missing values are shown empty.
     void showPositions(int row, const QList<int>& positions);

@@ -8,8 +8,8 @@
 namespace vanto
 {
 
-/// Disables controls while it exists. Afterwards each control has its previous state, and the
-/// keyboard focus is restored.
+/// Disables controls while it exists. The destructor restores the previous state of each control
+/// and the keyboard focus.
 class ControlLock
 {
 public:

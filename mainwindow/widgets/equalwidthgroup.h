@@ -8,7 +8,7 @@ class QWidget;
 namespace vanto
 {
 
-/// Keeps controls equally wide, also when font or theme change.
+/// Keeps controls equally wide, also when the font or the theme changes.
 class EqualWidthGroup : public QObject
 {
     Q_OBJECT

@@ -5,9 +5,9 @@
 namespace vanto
 {
 
-/// A slider for a finger. It ignores the wheel, which could move a finger by accident. Keys preview
-/// like a drag; Return commits like a release. Disabling the slider during a drag ends the drag
-/// without a release.
+/// A slider for a finger. It ignores the wheel, which could move a finger by accident. Keys
+/// preview a value, as dragging does; Return commits it, as releasing the slider does. Disabling
+/// the slider during a drag ends the drag without emitting sliderReleased().
 class FingerSlider : public QSlider
 {
     Q_OBJECT

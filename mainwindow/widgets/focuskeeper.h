@@ -12,8 +12,8 @@ namespace vanto
 class FocusKeeper
 {
 public:
-    /// Focus changes inside `region` are not the user's: keys that are held down act there once the
-    /// control that they were meant for is disabled.
+    /// Ignores focus changes inside `region`: if a control is disabled while a key is held down,
+    /// the key may move the focus there.
     explicit FocusKeeper(QWidget* window, const QWidget* region = nullptr);
     ~FocusKeeper();
     FocusKeeper(const FocusKeeper&) = delete;

@@ -5,8 +5,8 @@
 namespace vanto
 {
 
-/// A combo box that opens a device or changes a unit, and so ignores the wheel. Text that does not
-/// fit is elided; the tool tip shows it in full.
+/// A combo box that ignores the wheel, because its selection opens a device or changes a unit. Text
+/// that does not fit is elided; the tool tip shows it in full.
 class NoWheelComboBox : public QComboBox
 {
     Q_OBJECT

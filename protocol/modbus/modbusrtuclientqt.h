@@ -18,9 +18,9 @@ namespace vanto
 ///
 /// Disconnects when the far end of the port disappears, see PortWatch. Requests then fail at once.
 ///
-/// Replies carry no sequence number. After a request that was repeated or given up, a reply to it
-/// may still arrive, and the Qt client would take it for the reply to the next request. So the next
-/// different request to that slave waits until this is unlikely and discards the input.
+/// Replies carry no sequence number. After a request was repeated or abandoned, a reply to it may
+/// still arrive, and the Qt client would take it for the reply to the next request. Therefore the
+/// next different request to that slave waits until this is unlikely and discards the input.
 class ModBusRTUClientQT : public ModBusRTUClient
 {
 public:

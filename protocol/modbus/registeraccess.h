@@ -12,8 +12,8 @@
 namespace vanto
 {
 
-/// The requests of one adapter operation, in sequence. The first failure determines the result, and
-/// no further request is sent.
+/// Sends the requests of one adapter operation in sequence. The first failure determines the
+/// result; after it no further request is sent.
 ///
 /// Keeps the client alive, so that the adapter can be disconnected during the operation.
 class RegisterAccess

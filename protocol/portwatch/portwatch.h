@@ -18,9 +18,10 @@ namespace vanto
 /// of thousands of times per second, or nothing at all. In both cases it stays open and keeps one
 /// core busy forever, and every wait for it ends in a time-out.
 ///
-/// So the port's handle is polled while the port is open; errors that the port reports are a second
-/// source. Either leads to one queued call of `close`, because closing a port inside its own signal
-/// is not safe. A queued call is dropped if the port is closed or opened again first.
+/// Therefore the handle of the port is polled while the port is open; closeLater() is for errors
+/// that the port itself reports. Both lead to one queued call of `close`, because closing a port
+/// inside its own signal is not safe. A queued call is dropped if the port is closed or opened
+/// again first.
 class PortWatch
 {
 public:

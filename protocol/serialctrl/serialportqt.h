@@ -11,7 +11,7 @@ namespace vanto
 /// SerialPort over QSerialPort: 8 data bits, no parity, one stop bit, no flow control.
 ///
 /// Closes itself when the far end disappears, see PortWatch. Operations then fail at once, and
-/// callers end in their usual time-outs.
+/// waits of the callers end with their usual time-outs.
 class SerialPortQT : public SerialPort
 {
 public:

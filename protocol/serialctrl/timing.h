@@ -8,7 +8,7 @@ namespace vanto
 /// Milliseconds since the first call, modulo 2^32.
 std::uint32_t GetMilliSecondsImpl();
 
-/// Processes events until `milliseconds` of the time of day have passed; a delay across midnight
+/// Processes events until the time of day has advanced by `milliseconds`; a delay across midnight
 /// ends early.
 void DelayMilliSecondsImpl(std::uint32_t milliseconds);
 

@@ -50,7 +50,7 @@ inline constexpr std::size_t HAND_MAX_REQUEST_PAYLOAD = 63;
 inline constexpr std::size_t HAND_MAX_REPLY_PAYLOAD = 64;
 inline constexpr std::uint16_t HAND_DEFAULT_TIMEOUT_MS = 255;
 
-/// With sync bytes, or without them in both directions.
+/// Frames with or without sync bytes, in both directions.
 enum HAND_Mode : std::uint32_t { HAND_MODE_SYNC = 0, HAND_MODE_BARE = 1 };
 
 /// State of one link. One request and its reply at a time.

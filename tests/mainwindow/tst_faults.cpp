@@ -100,9 +100,12 @@ void TestFaults::faults_data()
 {
     QTest::addColumn<const FaultRow*>("row");
     QTest::addColumn<bool>("modbus");
+    // The table waits for many time-outs, so CTest runs its two halves side by side.
+    const QString only = qEnvironmentVariable("VANTO_FAULTS_OVER");
     for (const FaultRow& row : rows)
         for (const bool modbus : {false, true})
-            if (!modbus || row.fault != QString("wrong-host")) // Modbus frames contain no host
+            if ((!modbus || row.fault != QString("wrong-host")) && // Modbus frames contain no host
+                only != (modbus ? "SerialCtrl" : "Modbus"))
                 QTest::addRow("%s %s", row.fault, modbus ? "Modbus" : "SerialCtrl")
                     << &row << modbus;
 }

@@ -33,7 +33,11 @@ private slots:
 
 private:
     void unplug() { QCOMPARE(m_hand->command(QStringLiteral("unplug")), QStringLiteral("ok")); }
-    void replug() { QVERIFY(m_hand->command(QStringLiteral("replug")).startsWith(u"ok")); }
+    void replug()
+    {
+        m_hand->command(QStringLiteral("clear")); // a fault that no request has met
+        QVERIFY(m_hand->command(QStringLiteral("replug")).startsWith(u"ok"));
+    }
 
     std::unique_ptr<HandProcess> m_hand;
     std::string m_name;

@@ -11,7 +11,7 @@
 namespace vanto
 {
 
-/// The catalogs: every text is translated with its placeholders, and fonts have every character.
+/// The catalogues: every text is translated with its placeholders, and fonts have every character.
 class TestTranslations : public QObject
 {
     Q_OBJECT

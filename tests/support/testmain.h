@@ -7,8 +7,8 @@
 namespace vanto
 {
 
-/// Time-outs that never occur, because a simulated hand may have to wait for a processor. Every
-/// test starts with them; tests in which a hand does not answer set others.
+/// Time-outs that are too long to expire, because a simulated hand may have to wait for a
+/// processor. Every test starts with them; tests in which a hand does not answer set shorter ones.
 constexpr ReplyLimits PatientLimits{20'000, 20'000, 20'000, 20'000};
 
 /// A test class in a program with several of them, because one program builds and links faster than

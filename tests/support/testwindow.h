@@ -14,7 +14,8 @@
 namespace vanto
 {
 
-/// The window in a test. Fails on warnings of Qt and records what the window shows.
+/// Drives the window in a test. Records the texts that the window shows; a warning of Qt fails the
+/// test.
 class TestWindow : public QObject, public WindowDriver
 {
 public:
