@@ -104,12 +104,16 @@ QString ConnectionView::toolTip(State state) const
 
 void ConnectionView::update()
 {
-    static const QHash<State, QString> names{
+    const QHash<State, QString> names{
         {State::NotConnected, tr("Not connected")}, {State::Scanning, tr("Scanning")},
         {State::Connected, tr("Connected")},        {State::NoAnswer, tr("No answer")},
         {State::PortLost, tr("Port lost")},         {State::NoHandChosen, tr("No hand chosen")}};
     const State state = m_session->state();
     const QString tip = toolTip(state);
+    // As wide for every state, so that the row stays as it is.
+    for (const QString& name : names)
+        m_state->setMinimumWidth(
+            std::max(m_state->minimumWidth(), m_state->fontMetrics().horizontalAdvance(name)));
     m_state->setText(names.value(state));
     m_state->setAccessibleName(tr("Connection: %1").arg(names.value(state)));
     m_state->setAccessibleDescription(tip);

@@ -65,6 +65,7 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     setScanRange(m_range);
     auto* nextStep = new QLabel(pages);
     nextStep->setObjectName(QStringLiteral("label_NextStep"));
+    nextStep->setContentsMargins(0, 0, 0, nextStep->fontMetrics().height() / 2);
     pages->setCornerWidget(nextStep);
     m_connection =
         new ConnectionView(ui->label_ConnectionIcon, ui->label_ConnectionState, nextStep, session);
@@ -357,8 +358,11 @@ void DeviceBar::tryNode(const HandScan::Range& node)
 {
     closeCurrentDevice();
     QString found;
-    const auto connection = connect(m_scan, &HandScan::sig_found, this,
-                                    [&found](const DeviceEntry& entry) { found = entry.text(); });
+    const auto connection =
+        connect(m_scan, &HandScan::sig_found, this, [&found](const DeviceEntry& entry) {
+            if (found.isEmpty())
+                found = entry.text();
+        });
     const HandScan::Outcome outcome = runScan(node);
     disconnect(connection);
     if (outcome == HandScan::Outcome::PortNotOpened || outcome == HandScan::Outcome::Superseded)
@@ -395,11 +399,17 @@ void DeviceBar::showPortNotOpened()
 
 void DeviceBar::addDevice(const DeviceEntry& entry)
 {
-    if (ui->comboBox_Devices->findText(entry.text()) < 0)
-        ui->comboBox_Devices->addItem(entry.text(), int{entry.node});
+    // The same hand may have another firmware than when it was listed.
+    auto* list = ui->comboBox_Devices;
+    int index = 0;
+    while (index < list->count() && (list->itemData(index) != int{entry.node} ||
+                                     !list->itemText(index).contains(entry.protocolName)))
+        ++index;
+    if (index == list->count())
+        list->addItem(entry.text(), int{entry.node});
+    list->setItemText(index, entry.text());
     if (entry.isAnyNode())
-        ui->comboBox_Devices->setItemData(ui->comboBox_Devices->count() - 1,
-                                          ConnectionView::anyNodeHint(), Qt::ToolTipRole);
+        list->setItemData(index, ConnectionView::anyNodeHint(), Qt::ToolTipRole);
     m_reporter->showMessage(tr("node '0x%1' found, firmware version: %2.%3.%4")
                                 .arg(StatusReporter::hex(entry.node))
                                 .arg(entry.firmwareMajor)

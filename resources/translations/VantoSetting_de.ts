@@ -166,6 +166,41 @@ Gerät nach Aufforderung einschalten.</translation>
     </message>
 </context>
 <context>
+    <name>NodeDialogs</name>
+    <message>
+        <source>Both</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source>Node (decimal or 0x...):</source>
+        <translation>Knoten (dezimal oder 0x...):</translation>
+    </message>
+    <message>
+        <source>Protocol:</source>
+        <translation>Protokoll:</translation>
+    </message>
+    <message>
+        <source>Enter a number from 0 to 255.</source>
+        <translation>Geben Sie eine Zahl von 0 bis 255 ein.</translation>
+    </message>
+    <message>
+        <source>Node 0 exists over SerialCtrl only. Choose that protocol.</source>
+        <translation>Knoten 0 gibt es nur über SerialCtrl. Wählen Sie dieses Protokoll.</translation>
+    </message>
+    <message>
+        <source>First node:</source>
+        <translation>Erster Knoten:</translation>
+    </message>
+    <message>
+        <source>Last node:</source>
+        <translation>Letzter Knoten:</translation>
+    </message>
+    <message>
+        <source>The last node must not be below the first one.</source>
+        <translation>Der letzte Knoten darf nicht unter dem ersten liegen.</translation>
+    </message>
+</context>
+<context>
     <name>PortError</name>
     <message>
         <source>No port is selected. Plug in the hand&apos;s adapter and click Refresh.</source>
@@ -529,6 +564,91 @@ und neu anmelden.</translation>
     </message>
 </context>
 <context>
+    <name>vanto::ConnectionView</name>
+    <message>
+        <source>The port has been lost. Check the cable.</source>
+        <translation>Der Port ist verloren. Prüfen Sie das Kabel.</translation>
+    </message>
+    <message>
+        <source>The hand does not answer. Check its power.</source>
+        <translation>Die Hand antwortet nicht. Prüfen Sie ihre Stromversorgung.</translation>
+    </message>
+    <message>
+        <source>The hand answers again</source>
+        <translation>Die Hand antwortet wieder</translation>
+    </message>
+    <message>
+        <source>Reconnected</source>
+        <translation>Wieder verbunden</translation>
+    </message>
+    <message>
+        <source>Another hand answers (%1). It has not been opened.</source>
+        <translation>Eine andere Hand antwortet (%1). Sie wurde nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>Node 0xff is the address that every hand answers over SerialCtrl.
+With several hands on the bus, all of them act and their replies collide.</source>
+        <translation>Knoten 0xff ist die Adresse, auf die über SerialCtrl jede Hand antwortet.
+Bei mehreren Händen am Bus handeln alle, und ihre Antworten kollidieren.</translation>
+    </message>
+    <message>
+        <source>Choose a port and click Scan.</source>
+        <translation>Wählen Sie einen Port und klicken Sie auf Suchen.</translation>
+    </message>
+    <message>
+        <source>Hands that answer are added to the devices. Stop ends the scan.</source>
+        <translation>Hände, die antworten, kommen in die Geräteliste. Stopp beendet die Suche.</translation>
+    </message>
+    <message>
+        <source>The hand is ready.</source>
+        <translation>Die Hand ist bereit.</translation>
+    </message>
+    <message>
+        <source>Check the hand&apos;s power and its side of the cable.
+It is asked once a second until it answers.</source>
+        <translation>Prüfen Sie die Stromversorgung der Hand und ihr Kabelende.
+Sie wird einmal je Sekunde gefragt, bis sie antwortet.</translation>
+    </message>
+    <message>
+        <source>Connect the adapter again. It is looked for once a second.
+Reload on the Basic page tries to open the port at once.</source>
+        <translation>Schließen Sie den Adapter wieder an. Er wird einmal je Sekunde gesucht.
+Neu laden auf der Seite Basis versucht sofort, den Port zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Scan again, or open the node in the Options menu.</source>
+        <translation>Suchen Sie erneut, oder öffnen Sie den Knoten im Menü Optionen.</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>Suche läuft</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>No answer</source>
+        <translation>Keine Antwort</translation>
+    </message>
+    <message>
+        <source>Port lost</source>
+        <translation>Port verloren</translation>
+    </message>
+    <message>
+        <source>No hand chosen</source>
+        <translation>Keine Hand gewählt</translation>
+    </message>
+    <message>
+        <source>Connection: %1</source>
+        <translation>Verbindung: %1</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -597,6 +717,14 @@ und neu anmelden.</translation>
     <message>
         <source>Scan for devices</source>
         <translation>Geräte suchen</translation>
+    </message>
+    <message>
+        <source>Scans the nodes %1 to %2</source>
+        <translation>Durchsucht die Knoten %1 bis %2</translation>
+    </message>
+    <message>
+        <source>No hand answers at node &apos;0x%1&apos;.</source>
+        <translation>An Knoten „0x%1“ antwortet keine Hand.</translation>
     </message>
 </context>
 <context>
@@ -695,6 +823,14 @@ Unterstützte Protokolle:</translation>
     ModBus-RTU Protocol Ver %1.x</source>
         <translation>
     ModBus-RTU-Protokoll, Ver. %1.x</translation>
+    </message>
+    <message>
+        <source>&amp;Open Node...</source>
+        <translation>Knoten ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Scan &amp;Range...</source>
+        <translation>Such&amp;bereich...</translation>
     </message>
 </context>
 <context>

@@ -166,6 +166,41 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
+    <name>NodeDialogs</name>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>Node (decimal or 0x...):</source>
+        <translation>ノード (10進数または 0x...):</translation>
+    </message>
+    <message>
+        <source>Protocol:</source>
+        <translation>プロトコル:</translation>
+    </message>
+    <message>
+        <source>Enter a number from 0 to 255.</source>
+        <translation>0 から 255 までの数を入力してください。</translation>
+    </message>
+    <message>
+        <source>Node 0 exists over SerialCtrl only. Choose that protocol.</source>
+        <translation>ノード 0 は SerialCtrl にのみ存在します。このプロトコルを選択してください。</translation>
+    </message>
+    <message>
+        <source>First node:</source>
+        <translation>最初のノード:</translation>
+    </message>
+    <message>
+        <source>Last node:</source>
+        <translation>最後のノード:</translation>
+    </message>
+    <message>
+        <source>The last node must not be below the first one.</source>
+        <translation>最後のノードは最初のノード以上でなければなりません。</translation>
+    </message>
+</context>
+<context>
     <name>PortError</name>
     <message>
         <source>No port is selected. Plug in the hand&apos;s adapter and click Refresh.</source>
@@ -529,6 +564,91 @@ and log in again.</source>
     </message>
 </context>
 <context>
+    <name>vanto::ConnectionView</name>
+    <message>
+        <source>The port has been lost. Check the cable.</source>
+        <translation>ポートが失われました。ケーブルを確認してください。</translation>
+    </message>
+    <message>
+        <source>The hand does not answer. Check its power.</source>
+        <translation>ハンドが応答しません。電源を確認してください。</translation>
+    </message>
+    <message>
+        <source>The hand answers again</source>
+        <translation>ハンドが再び応答しています</translation>
+    </message>
+    <message>
+        <source>Reconnected</source>
+        <translation>再接続しました</translation>
+    </message>
+    <message>
+        <source>Another hand answers (%1). It has not been opened.</source>
+        <translation>別のハンドが応答しています (%1)。開いていません。</translation>
+    </message>
+    <message>
+        <source>Node 0xff is the address that every hand answers over SerialCtrl.
+With several hands on the bus, all of them act and their replies collide.</source>
+        <translation>ノード 0xff は SerialCtrl ですべてのハンドが応答するアドレスです。
+バス上に複数のハンドがあると、すべてが動作し、応答が衝突します。</translation>
+    </message>
+    <message>
+        <source>Choose a port and click Scan.</source>
+        <translation>ポートを選択して [スキャン] をクリックしてください。</translation>
+    </message>
+    <message>
+        <source>Hands that answer are added to the devices. Stop ends the scan.</source>
+        <translation>応答したハンドはデバイス一覧に追加されます。[停止] でスキャンを終了します。</translation>
+    </message>
+    <message>
+        <source>The hand is ready.</source>
+        <translation>ハンドの準備ができています。</translation>
+    </message>
+    <message>
+        <source>Check the hand&apos;s power and its side of the cable.
+It is asked once a second until it answers.</source>
+        <translation>ハンドの電源とハンド側のケーブルを確認してください。
+応答するまで 1 秒ごとに問い合わせます。</translation>
+    </message>
+    <message>
+        <source>Connect the adapter again. It is looked for once a second.
+Reload on the Basic page tries to open the port at once.</source>
+        <translation>アダプターを接続し直してください。1 秒ごとに検索します。
+[基本] ページの再読み込みはすぐにポートを開こうとします。</translation>
+    </message>
+    <message>
+        <source>Scan again, or open the node in the Options menu.</source>
+        <translation>再度スキャンするか、[オプション] メニューからノードを開いてください。</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>未接続</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>スキャン中</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>接続済み</translation>
+    </message>
+    <message>
+        <source>No answer</source>
+        <translation>応答なし</translation>
+    </message>
+    <message>
+        <source>Port lost</source>
+        <translation>ポート喪失</translation>
+    </message>
+    <message>
+        <source>No hand chosen</source>
+        <translation>ハンド未選択</translation>
+    </message>
+    <message>
+        <source>Connection: %1</source>
+        <translation>接続: %1</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -597,6 +717,14 @@ and log in again.</source>
     <message>
         <source>Scan for devices</source>
         <translation>デバイスをスキャン</translation>
+    </message>
+    <message>
+        <source>Scans the nodes %1 to %2</source>
+        <translation>ノード %1 から %2 をスキャンします</translation>
+    </message>
+    <message>
+        <source>No hand answers at node &apos;0x%1&apos;.</source>
+        <translation>ノード「0x%1」で応答するハンドはありません。</translation>
     </message>
 </context>
 <context>
@@ -695,6 +823,14 @@ Supported protocol:</source>
     ModBus-RTU Protocol Ver %1.x</source>
         <translation>
     ModBus-RTU プロトコル Ver %1.x</translation>
+    </message>
+    <message>
+        <source>&amp;Open Node...</source>
+        <translation>ノードを開く(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Scan &amp;Range...</source>
+        <translation>スキャン範囲(&amp;R)...</translation>
     </message>
 </context>
 <context>

@@ -166,6 +166,41 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
+    <name>NodeDialogs</name>
+    <message>
+        <source>Both</source>
+        <translation>两种</translation>
+    </message>
+    <message>
+        <source>Node (decimal or 0x...):</source>
+        <translation>节点（十进制或 0x...）：</translation>
+    </message>
+    <message>
+        <source>Protocol:</source>
+        <translation>协议：</translation>
+    </message>
+    <message>
+        <source>Enter a number from 0 to 255.</source>
+        <translation>请输入 0 到 255 之间的数字。</translation>
+    </message>
+    <message>
+        <source>Node 0 exists over SerialCtrl only. Choose that protocol.</source>
+        <translation>节点 0 仅存在于 SerialCtrl。请选择该协议。</translation>
+    </message>
+    <message>
+        <source>First node:</source>
+        <translation>第一个节点：</translation>
+    </message>
+    <message>
+        <source>Last node:</source>
+        <translation>最后一个节点：</translation>
+    </message>
+    <message>
+        <source>The last node must not be below the first one.</source>
+        <translation>最后一个节点不能小于第一个节点。</translation>
+    </message>
+</context>
+<context>
     <name>PortError</name>
     <message>
         <source>No port is selected. Plug in the hand&apos;s adapter and click Refresh.</source>
@@ -529,6 +564,91 @@ and log in again.</source>
     </message>
 </context>
 <context>
+    <name>vanto::ConnectionView</name>
+    <message>
+        <source>The port has been lost. Check the cable.</source>
+        <translation>端口已丢失。请检查电缆。</translation>
+    </message>
+    <message>
+        <source>The hand does not answer. Check its power.</source>
+        <translation>机械手无应答。请检查其电源。</translation>
+    </message>
+    <message>
+        <source>The hand answers again</source>
+        <translation>机械手恢复应答</translation>
+    </message>
+    <message>
+        <source>Reconnected</source>
+        <translation>已重新连接</translation>
+    </message>
+    <message>
+        <source>Another hand answers (%1). It has not been opened.</source>
+        <translation>另一只机械手在应答（%1）。未打开它。</translation>
+    </message>
+    <message>
+        <source>Node 0xff is the address that every hand answers over SerialCtrl.
+With several hands on the bus, all of them act and their replies collide.</source>
+        <translation>节点 0xff 是 SerialCtrl 下每只机械手都应答的地址。
+总线上有多只机械手时，它们都会动作，应答会冲突。</translation>
+    </message>
+    <message>
+        <source>Choose a port and click Scan.</source>
+        <translation>请选择端口并点击扫描。</translation>
+    </message>
+    <message>
+        <source>Hands that answer are added to the devices. Stop ends the scan.</source>
+        <translation>应答的机械手会加入设备列表。停止按钮结束扫描。</translation>
+    </message>
+    <message>
+        <source>The hand is ready.</source>
+        <translation>机械手已就绪。</translation>
+    </message>
+    <message>
+        <source>Check the hand&apos;s power and its side of the cable.
+It is asked once a second until it answers.</source>
+        <translation>请检查机械手的电源及其一侧的电缆。
+在应答之前每秒询问一次。</translation>
+    </message>
+    <message>
+        <source>Connect the adapter again. It is looked for once a second.
+Reload on the Basic page tries to open the port at once.</source>
+        <translation>请重新连接适配器。每秒查找一次。
+基本页面上的重新加载会立即尝试打开端口。</translation>
+    </message>
+    <message>
+        <source>Scan again, or open the node in the Options menu.</source>
+        <translation>请重新扫描，或在选项菜单中打开节点。</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>未连接</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>正在扫描</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+    <message>
+        <source>No answer</source>
+        <translation>无应答</translation>
+    </message>
+    <message>
+        <source>Port lost</source>
+        <translation>端口丢失</translation>
+    </message>
+    <message>
+        <source>No hand chosen</source>
+        <translation>未选择机械手</translation>
+    </message>
+    <message>
+        <source>Connection: %1</source>
+        <translation>连接：%1</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -597,6 +717,14 @@ and log in again.</source>
     <message>
         <source>Scan for devices</source>
         <translation>扫描设备</translation>
+    </message>
+    <message>
+        <source>Scans the nodes %1 to %2</source>
+        <translation>扫描节点 %1 到 %2</translation>
+    </message>
+    <message>
+        <source>No hand answers at node &apos;0x%1&apos;.</source>
+        <translation>节点“0x%1”没有机械手应答。</translation>
     </message>
 </context>
 <context>
@@ -695,6 +823,14 @@ Supported protocol:</source>
     ModBus-RTU Protocol Ver %1.x</source>
         <translation>
     ModBus-RTU 协议 Ver %1.x</translation>
+    </message>
+    <message>
+        <source>&amp;Open Node...</source>
+        <translation>打开节点(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Scan &amp;Range...</source>
+        <translation>扫描范围(&amp;R)...</translation>
     </message>
 </context>
 <context>

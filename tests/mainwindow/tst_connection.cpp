@@ -1,6 +1,7 @@
 #include "handtest.h"
 #include "testmain.h"
 
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -20,6 +21,8 @@ private slots:
     void otherHandComesBack();
     void silentHand_data();
     void silentHand();
+    void openNode_data();
+    void openNode();
 
 private:
     QString state() const { return m_tool->find<QLabel>("label_ConnectionState")->text(); }
@@ -135,7 +138,47 @@ void TestConnection::silentHand()
     command("hang off");
     QTRY_COMPARE_WITH_TIMEOUT(state(), "Connected", 20'000);
     QTRY_COMPARE(shown().count("The hand answers again"), 1);
-    QVERIFY(page != RunTab || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
+    QTRY_VERIFY(page != RunTab || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
+    QCOMPARE(motions(), QStringList());
+}
+
+void TestConnection::openNode_data()
+{
+    addTextRows({"node", "shown", "devices"},
+                {{"7", "Basic info loaded", "2"},
+                 {"0x7", "Basic info loaded", "2"},
+                 {"2", "Basic info loaded", "1"}, // is listed already
+                 {"9", "No hand answers at node '0x09'.", "1"},
+                 {"256", "Enter a number from 0 to 255.", "1"},
+                 {"abc", "Enter a number from 0 to 255.", "1"},
+                 {"0", "Node 0 exists over SerialCtrl only. Choose that protocol.", "1"}});
+}
+
+void TestConnection::openNode()
+{
+    expectTimeouts(200);
+    open({"--node", "2", "--node", "7"});
+    clearRecords();
+    QFETCH(QString, node);
+    QStringList complaints;
+    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
+        dialog->findChild<QLineEdit*>("lineEdit_Node")->setText(node);
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        for (const QLabel* label : dialog->findChildren<QLabel*>())
+            complaints.append(label->text());
+        if (dialog->isVisible()) // otherwise it has been accepted
+            dialog->reject();
+    });
+    m_tool->trigger("action_Open_Node");
+    QTRY_VERIFY(idle());
+    QCOMPARE(answer.count(), 1);
+    QFETCH(QString, shown);
+    QTRY_VERIFY2((this->shown() + complaints).contains(shown), qPrintable(complaints.join('|')));
+    QTEST(QString::number(m_tool->devices()->count()), "devices");
+    if (!complaints.contains(shown))
+        QCOMPARE(state(), shown.startsWith("Basic") ? "Connected" : "Not connected");
+    else
+        QCOMPARE(frames(), QStringList()); // nothing is sent
     QCOMPARE(motions(), QStringList());
 }
 

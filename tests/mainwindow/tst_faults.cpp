@@ -157,7 +157,10 @@ bool TestFaults::areAllAnswered() const
 QStringList TestFaults::failures() const
 {
     QStringList texts = shown();
-    texts.removeAll("Beep succeeded");
+    // After three time-outs; tst_connection is about these two.
+    for (const char* other :
+         {"Beep succeeded", "The hand does not answer. Check its power.", "The hand answers again"})
+        texts.removeAll(other);
     texts.removeIf([](const QString& text) { return text.startsWith("getFingerCurrent("); });
     texts.removeDuplicates(); // the player reports every finger
     return texts;
