@@ -40,11 +40,14 @@ QList<PortEntry> availablePorts()
     QList<PortEntry> ports;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
         ports.append({info.portName(), info.description(), portDetails(info), adapterOf(info)});
-    const auto added =
-        qEnvironmentVariable("VANTO_PORTS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
-    for (const QString& path : added)
+    for (const QString& path : addedPorts())
         ports.append({path, QCoreApplication::translate("PortList", "added by VANTO_PORTS")});
     return ports;
+}
+
+QStringList addedPorts()
+{
+    return qEnvironmentVariable("VANTO_PORTS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
 }
 
 bool canComeBack(const PortEntry& lost)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -33,6 +33,9 @@ struct PortEntry {
 /// paths separated by ':' for ports that the system does not list (pseudo-terminals, links under
 /// /dev/serial/by-id, links made by serial-over-network tools).
 QList<PortEntry> availablePorts();
+
+/// The ports of VANTO_PORTS.
+QStringList addedPorts();
 
 /// Whether a lost port can be recognized when it is back. The number of a pseudo-terminal is given
 /// to the next program that wants one.

@@ -3,6 +3,8 @@
 #include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -16,6 +18,8 @@ namespace vanto
 WindowDriver::WindowDriver(const QStringList& ports, void (*beforeShown)())
 {
     qputenv("VANTO_PORTS", ports.join(QLatin1Char(':')).toUtf8());
+    // Beside setting.ini, not among the files of the user who runs this.
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(QDir::currentPath()));
     m_window = std::make_unique<MainWindow>();
     if (beforeShown)
         beforeShown();

@@ -4,6 +4,7 @@
 #include "devicepage.h"
 #include "equalwidthgroup.h"
 #include "handscan.h"
+#include "lasthand.h"
 #include "porterror.h"
 #include "program.h"
 #include "reconnection.h"
@@ -63,6 +64,7 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     }
     createScan();
     setScanRange(m_range);
+    m_suggestedNode = LastHand::load().node;
     auto* nextStep = new QLabel(pages);
     nextStep->setObjectName(QStringLiteral("label_NextStep"));
     nextStep->setContentsMargins(0, 0, 0, nextStep->fontMetrics().height() / 2);
@@ -139,8 +141,11 @@ void DeviceBar::on_pushButton_RefreshPorts_clicked()
 
 void DeviceBar::listPorts(const QList<PortEntry>& ports)
 {
+    // The port that is chosen, else that of the last hand, else one that the user has added.
+    QStringList preferredPorts{portName()};
+    if (!m_portsListed)
+        preferredPorts << LastHand::load().port << addedPorts();
     m_portsListed = true;
-    const QString chosen = portName();
     m_ports = ports;
     const QSignalBlocker blocker(ui->comboBox_Ports);
     ui->comboBox_Ports->clear();
@@ -150,8 +155,12 @@ void DeviceBar::listPorts(const QList<PortEntry>& ports)
         ui->comboBox_Ports->setItemData(ui->comboBox_Ports->count() - 1, port.details,
                                         Qt::ToolTipRole);
     }
-    if (const int index = ui->comboBox_Ports->findData(chosen); index >= 0)
-        ui->comboBox_Ports->setCurrentIndex(index);
+    for (const QString& name : preferredPorts) {
+        if (const int index = ui->comboBox_Ports->findData(name); index >= 0) {
+            ui->comboBox_Ports->setCurrentIndex(index);
+            break;
+        }
+    }
 }
 
 void DeviceBar::on_comboBox_Ports_currentIndexChanged(int)
@@ -240,6 +249,8 @@ void DeviceBar::openCurrentDevice()
         return;
     }
     const auto target = m_session->open(adapter, port());
+    if (target && !m_session->isPortClosed())
+        LastHand{portName(), target->node}.save();
     if (!target)
         return;
     showForceSensing(m_session->hasForceSensing());

@@ -21,6 +21,7 @@ private slots:
     void otherHandComesBack();
     void silentHand_data();
     void silentHand();
+    void lastHandIsSuggested();
     void openNode_data();
     void openNode();
 
@@ -140,6 +141,22 @@ void TestConnection::silentHand()
     QTRY_COMPARE(shown().count("The hand answers again"), 1);
     QTRY_VERIFY(page != RunTab || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
     QCOMPARE(motions(), QStringList());
+}
+
+void TestConnection::lastHandIsSuggested()
+{
+    open({"--node", "7"});
+    clearRecords();
+    const WindowDriver next({"/tmp/other", m_hand->portName()});
+    QTRY_COMPARE(next.ports()->currentData().toString(), m_hand->portName());
+    QString node;
+    DialogAnswer<QDialog> answer([&node](QDialog* dialog) {
+        node = dialog->findChild<QLineEdit*>("lineEdit_Node")->text();
+        dialog->reject();
+    });
+    next.trigger("action_Open_Node");
+    QTRY_COMPARE(node, "7");
+    QCOMPARE(frames(), QStringList());
 }
 
 void TestConnection::openNode_data()

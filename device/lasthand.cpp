@@ -1,0 +1,42 @@
+#include "lasthand.h"
+
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr int HighestNode = 255;
+constexpr QLatin1String PortKey("lastHand/port");
+constexpr QLatin1String NodeKey("lastHand/node");
+
+QString stateFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+           QStringLiteral("/state.ini");
+}
+} // namespace
+
+LastHand LastHand::load()
+{
+    const QSettings settings(stateFile(), QSettings::IniFormat);
+    LastHand hand;
+    bool isNumber = false;
+    const int node = settings.value(NodeKey).toInt(&isNumber);
+    if (settings.status() != QSettings::NoError || !isNumber || node < 0 || node > HighestNode)
+        return hand;
+    hand.port = settings.value(PortKey).toString();
+    hand.node = node;
+    return hand;
+}
+
+void LastHand::save() const
+{
+    QSettings settings(stateFile(), QSettings::IniFormat);
+    settings.setValue(PortKey, port);
+    settings.setValue(NodeKey, node);
+}
+
+} // namespace vanto

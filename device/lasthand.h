@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace vanto
+{
+
+/// The hand that was opened last, kept in the user's configuration folder. It only fills in what
+/// the user would choose anyway; nothing is sent because of it.
+struct LastHand {
+    QString port;
+    int node = 1;
+
+    /// An empty port if there is no such record, or if it is damaged.
+    static LastHand load();
+    /// Failures are ignored, as the record is a convenience.
+    void save() const;
+};
+
+} // namespace vanto
