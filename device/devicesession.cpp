@@ -42,6 +42,7 @@ void DeviceSession::setAdapter(std::shared_ptr<VantoProtocol> adapter)
     m_adapter = std::move(adapter);
     m_opened = m_epoch.token();
     m_identity = {};
+    m_forceSensing = false;
     m_portOpened = true;
     m_lost = false;
     m_timeouts = 0;
@@ -108,9 +109,9 @@ DeviceSession::State DeviceSession::state() const
         return State::PortLost;
     if (!target())
         return State::NoHandChosen;
-    if (isSilent())
-        return State::NoAnswer;
-    return m_portOpened ? State::Connected : State::NotConnected;
+    if (!m_portOpened)
+        return State::NotConnected;
+    return isSilent() ? State::NoAnswer : State::Connected;
 }
 
 void DeviceSession::setScanning(bool scanning)
@@ -121,8 +122,10 @@ void DeviceSession::setScanning(bool scanning)
 
 void DeviceSession::losePort()
 {
+    m_loss.advance();
     if (!isConnected() || m_lost || m_scanning)
         return;
+    m_handWasOpen = target().has_value();
     m_lost = true;
     m_queue.dropRequests();
     stopAtOnce();
@@ -131,7 +134,7 @@ void DeviceSession::losePort()
 
 std::optional<HandTarget> DeviceSession::lostHand() const
 {
-    if (!m_adapter || !m_lost)
+    if (!m_adapter || !m_lost || !m_handWasOpen)
         return {};
     return HandTarget{m_adapter, m_node, m_epoch.token()};
 }
@@ -153,29 +156,26 @@ void DeviceSession::resume(const PortEntry& port)
 
 void DeviceSession::noteResult(std::uint8_t result)
 {
-    if (m_asking || !target())
+    if (m_asking || !m_portOpened || !target())
         return;
     const bool wasSilent = isSilent();
     if (result == ResultCode::Timeout)
         ++m_timeouts;
-    else if (result == ResultCode::Success)
+    else if (!wasSilent)
         m_timeouts = 0;
+    else // it may be another hand
+        QTimer::singleShot(0, this, &DeviceSession::askSilentHand);
     if (isSilent() == wasSilent)
         return;
+    m_askTimer.start();
     emit sig_stateChanged();
-    if (isSilent()) {
-        m_askTimer.start();
-        emit sig_noAnswer();
-    } else {
-        m_askTimer.stop();
-        emit sig_answersAgain();
-    }
+    emit sig_noAnswer();
 }
 
 void DeviceSession::askSilentHand()
 {
     const auto hand = target();
-    if (!hand || !canTick())
+    if (!hand || !isSilent() || !canTick())
         return;
     std::optional<HandIdentity> identity;
     {
@@ -183,10 +183,13 @@ void DeviceSession::askSilentHand()
         HandCall call(*hand);
         identity = HandIdentity::read(call);
     }
-    if (!identity || !hand->isCurrent())
+    if (!identity || !hand->isCurrent() || !identity->covers(m_identity))
         return;
     if (m_identity.matches(*identity)) {
-        noteResult(ResultCode::Success);
+        m_timeouts = 0;
+        m_askTimer.stop();
+        emit sig_stateChanged();
+        emit sig_answersAgain();
     } else {
         close();
         emit sig_otherHand(identity->text());

@@ -56,6 +56,8 @@ public:
     const PortEntry& port() const { return m_port; }
     /// The hand that was open when the port was lost.
     std::optional<HandTarget> lostHand() const;
+    /// Stale once the port has been lost again.
+    Generation::Token lossToken() const { return m_loss.token(); }
     /// Tries to open a closed port again. True if it is open then.
     bool reopenPort();
     /// Takes up the connection again after its port has been lost and opened again.
@@ -122,6 +124,8 @@ private:
     std::uint8_t m_node = 0; ///< of the open hand
     bool m_portOpened = false;
     bool m_lost = false;
+    bool m_handWasOpen = false; ///< when the port was lost
+    Generation m_loss;
     bool m_scanning = false;
     bool m_asking = false; ///< askSilentHand() is under way
     int m_timeouts = 0;    ///< in a row

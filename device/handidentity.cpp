@@ -40,6 +40,12 @@ std::optional<HandIdentity> HandIdentity::read(HandCall& call)
     return complete ? std::optional(identity) : std::nullopt;
 }
 
+bool HandIdentity::covers(const HandIdentity& known) const
+{
+    return (firmware || !known.firmware) && (protocol || !known.protocol) &&
+           (hardware || !known.hardware) && (calibration || !known.calibration);
+}
+
 bool HandIdentity::matches(const HandIdentity& other) const
 {
     return agree(firmware, other.firmware) && agree(protocol, other.protocol) &&

@@ -48,6 +48,8 @@ struct HandIdentity {
     /// Reads everything, without a report of failures; what the hand refuses is left out. None if
     /// the hand does not answer.
     static std::optional<HandIdentity> read(HandCall& call);
+    /// Whether it has every part that `known` has.
+    bool covers(const HandIdentity& known) const;
     /// Whether what both have is equal.
     bool matches(const HandIdentity& other) const;
     /// For a message, for example "V1.4.7, hardware 1B01".

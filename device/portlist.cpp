@@ -40,6 +40,8 @@ QList<PortEntry> availablePorts()
     QList<PortEntry> ports;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
         ports.append({info.portName(), info.description(), portDetails(info), adapterOf(info)});
+    for (PortEntry& port : ports)
+        port.isUnique = std::ranges::count(ports, port.adapter, &PortEntry::adapter) == 1;
     for (const QString& path : addedPorts())
         ports.append({path, QCoreApplication::translate("PortList", "added by VANTO_PORTS")});
     return ports;
@@ -61,13 +63,13 @@ const PortEntry* findAgain(const PortEntry& lost, const QList<PortEntry>& ports)
     const auto sameAdapter = [&lost](const PortEntry& port) {
         return port.adapter == lost.adapter;
     };
-    const bool unique = lost.adapter && (!lost.adapter->serialNumber.isEmpty() ||
-                                         std::ranges::count_if(ports, sameAdapter) == 1);
+    const bool byNumber = lost.adapter && lost.isUnique && !lost.adapter->serialNumber.isEmpty();
+    const bool unique = std::ranges::count_if(ports, sameAdapter) == 1;
     const auto found = std::ranges::find_if(ports, [&](const PortEntry& port) {
         if (!lost.adapter)
-            return port.name == lost.name && !port.adapter && QFileInfo::exists(port.name);
-        return unique && sameAdapter(port) &&
-               (!lost.adapter->serialNumber.isEmpty() || port.name == lost.name);
+            return port.name == lost.name && !port.adapter &&
+                   (!port.name.startsWith(QLatin1Char('/')) || QFileInfo::exists(port.name));
+        return unique && sameAdapter(port) && (byNumber || port.name == lost.name);
     });
     return found == ports.end() ? nullptr : &*found;
 }

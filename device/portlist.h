@@ -24,6 +24,7 @@ struct PortEntry {
     QString description;                   ///< shown in parentheses
     QString details{};                     ///< product, serial number and ids, one per line
     std::optional<AdapterId> adapter = {}; ///< of ports that have one
+    bool isUnique = true;                  ///< no other adapter has the same ids
 
     QString text() const { return QStringLiteral("%1 (%2)").arg(name, description); }
     bool operator==(const PortEntry&) const = default;
@@ -42,7 +43,8 @@ QStringList addedPorts();
 bool canComeBack(const PortEntry& lost);
 /// The port among `ports` that a lost port has become. An adapter is the same if its ids and serial
 /// number are, under whatever name. Without a serial number the name must be the same too, and only
-/// one adapter may have these ids. A port without ids is the same by its name.
+/// one adapter may have these ids. A serial number that several adapters have counts as none. A
+/// port without ids is the same by its name.
 const PortEntry* findAgain(const PortEntry& lost, const QList<PortEntry>& ports);
 
 } // namespace vanto

@@ -19,7 +19,7 @@ Reconnection::Reconnection(DeviceSession* session, QObject* parent)
 void Reconnection::begin()
 {
     m_search = m_session->token();
-    if (canComeBack(m_session->port()))
+    if (m_session->lostHand() && canComeBack(m_session->port()))
         m_timer.start();
 }
 
@@ -43,8 +43,9 @@ void Reconnection::compare(const QList<PortEntry>& ports)
     const PortEntry* found = findAgain(m_session->port(), ports);
     if (!found || !m_search.isCurrent())
         return;
-    m_session->runWhenIdle(DeviceSession::Kind::Reconnect,
-                           [this, port = *found] { tryHand(port); });
+    // Otherwise in a second. Under a dialog, too; its handler checks its target afterwards.
+    if (m_session->canTick())
+        tryHand(*found);
 }
 
 void Reconnection::tryHand(const PortEntry& port)
@@ -53,10 +54,13 @@ void Reconnection::tryHand(const PortEntry& port)
     if (!hand || !m_search.isCurrent())
         return;
     std::optional<HandIdentity> identity;
+    const Generation::Token loss = m_session->lossToken();
     {
         HandCall call(*hand);
         if (hand->adapter->connect(port.name.toUtf8().constData(), BaudRate))
             identity = HandIdentity::read(call);
+        if (identity && (!loss.isCurrent() || !identity->covers(m_session->identity())))
+            identity.reset(); // the port was lost again, or the hand is starting
         // Also when it has not opened: the adapter may be asked again only after a disconnection.
         if (!identity)
             hand->adapter->disconnect();
@@ -64,7 +68,9 @@ void Reconnection::tryHand(const PortEntry& port)
     if (!identity || !m_search.isCurrent())
         return;
     m_timer.stop();
-    if (m_session->identity().matches(*identity)) {
+    if (!m_session->identity().calibration) {
+        emit sig_portBack(port);
+    } else if (m_session->identity().matches(*identity)) {
         m_session->resume(port);
         emit sig_reconnected(port);
     } else {

@@ -19,6 +19,8 @@ public:
 signals:
     /// The hand is open again.
     void sig_reconnected(const PortEntry& port);
+    /// The port is back, but too little was known of the hand to recognize it.
+    void sig_portBack(const PortEntry& port);
     /// Another hand answers at its node; the search has ended.
     void sig_otherHand(const QString& description);
 

@@ -29,7 +29,6 @@ public:
         ReloadRun,
         LoadSequence,
         SaveSequence,
-        Reconnect,
         OpenNode,
         ScanRange,
         About,

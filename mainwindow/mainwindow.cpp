@@ -47,7 +47,8 @@ void MainWindow::setUpPages()
     ui->tab_Run->setUp(m_session.get(), m_reporter);
     ui->tab_Force->setUp(m_session.get(), m_reporter);
     ui->tab_Sequence->setUp(m_session.get(), m_reporter);
-    ui->deviceBar->setUp(m_session.get(), m_reporter, ui->tabWidget, ui->action_Force_Update);
+    ui->deviceBar->setUp(m_session.get(), m_reporter, ui->tabWidget,
+                         {ui->action_Force_Update, ui->action_Open_Node, ui->action_Scan_Range});
 }
 
 MainWindow::~MainWindow()
@@ -104,6 +105,7 @@ void MainWindow::on_action_Theme_triggered()
 
 void MainWindow::on_action_Open_Node_triggered()
 {
+    m_session->stopMotion(); // the dialog would cover Stop
     m_session->runWhenIdle(DeviceSession::Kind::OpenNode, [this] {
         if (const auto node = NodeDialogs::openNode(this, ui->deviceBar->suggestedNode()))
             ui->deviceBar->openNode(*node);

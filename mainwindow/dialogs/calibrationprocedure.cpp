@@ -85,7 +85,6 @@ void CalibrationProcedure::run(const HandTarget& target)
 {
     m_session->dropRequests(); // minutes later the user would not expect them
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
-    m_session->identity().calibration.reset(); // the hand is about to change it
     std::uint16_t key = 0;
     const std::initializer_list<std::function<bool()>> steps{
         [&] {
@@ -152,6 +151,7 @@ bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& k
 bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint16_t key)
 {
     HandCall call(target, m_reporter->timeoutReport());
+    m_session->identity().calibration.reset(); // the hand is about to change it
     const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
     if (result == AlreadyCalibrating)
         return true;

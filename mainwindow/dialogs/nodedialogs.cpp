@@ -68,6 +68,8 @@ std::optional<HandScan::Range> NodeDialogs::openNode(QWidget* parent, int sugges
     protocol->addItem(text(QT_TRANSLATE_NOOP("NodeDialogs", "Both")));
     protocol->addItem(QStringLiteral("Modbus RTU"), PROTOCOL_TYPE_MODBUS_RTU);
     protocol->addItem(QStringLiteral("SerialCtrl"), PROTOCOL_TYPE_SERIALCTRL);
+    if (suggestedNode == 0)
+        protocol->setCurrentIndex(protocol->count() - 1);
     dialog.form()->addRow(text(QT_TRANSLATE_NOOP("NodeDialogs", "Node (decimal or 0x...):")), node);
     dialog.form()->addRow(text(QT_TRANSLATE_NOOP("NodeDialogs", "Protocol:")), protocol);
     HandScan::Range range;

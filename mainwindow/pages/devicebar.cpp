@@ -52,12 +52,12 @@ DeviceBar::DeviceBar(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui:
 DeviceBar::~DeviceBar() = default;
 
 void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
-                      QAction* update)
+                      const QList<QAction*>& lockedActions)
 {
     m_session = session;
     m_reporter = reporter;
     m_tabs = pages;
-    m_updateAction = update;
+    m_lockedActions = lockedActions;
     for (int i = 0; i < pages->count(); ++i) {
         m_pages.append(qobject_cast<DevicePage*>(pages->widget(i)));
         Q_ASSERT(m_pages.constLast());
@@ -74,9 +74,14 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     m_connection->reportTo(reporter);
     connect(this, &DeviceBar::sig_currentDeviceChanged, m_connection, &ConnectionView::update);
     connect(session, &DeviceSession::sig_portLost, this, &DeviceBar::disablePages);
-    connect(session, &DeviceSession::sig_otherHand, this, &DeviceBar::disablePages);
+    connect(session, &DeviceSession::sig_otherHand, this, &DeviceBar::deselectDevice);
     const auto* reconnection = new Reconnection(session, this);
     connect(reconnection, &Reconnection::sig_reconnected, this, &DeviceBar::showReconnected);
+    connect(reconnection, &Reconnection::sig_portBack, this, [this](const PortEntry& port) {
+        replaceCurrentPort(port);
+        openCurrentDevice();
+    });
+    connect(reconnection, &Reconnection::sig_otherHand, this, &DeviceBar::deselectDevice);
     connect(reconnection, &Reconnection::sig_otherHand, m_connection,
             &ConnectionView::reportOtherHand);
     resetDevices();
@@ -185,7 +190,10 @@ void DeviceBar::on_comboBox_Devices_currentIndexChanged(int index)
 void DeviceBar::on_comboBox_Devices_activated(int)
 {
     if (!m_indexChanged && m_session->isPortClosed())
-        m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
+        m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] {
+            if (m_session->isPortClosed())
+                openCurrentDevice();
+        });
 }
 
 /// What the pages show stays readable.
@@ -195,14 +203,32 @@ void DeviceBar::disablePages()
         page->enableWidgets(false);
 }
 
-void DeviceBar::showReconnected(const PortEntry& port)
+/// Nothing is open any more; choosing the entry opens it again.
+void DeviceBar::deselectDevice()
 {
-    // An adapter can come back under another name.
+    disablePages();
+    {
+        const QSignalBlocker blocker(ui->comboBox_Devices);
+        ui->comboBox_Devices->setCurrentIndex(-1);
+    }
+    emit sig_currentDeviceChanged();
+}
+
+/// An adapter can come back under another name.
+void DeviceBar::replaceCurrentPort(const PortEntry& port)
+{
     const int index = ui->comboBox_Ports->currentIndex();
-    const QSignalBlocker noPortChange(ui->comboBox_Ports);
+    if (index < 0)
+        return;
+    const QSignalBlocker blocker(ui->comboBox_Ports);
     m_ports[index] = port;
     ui->comboBox_Ports->setItemText(index, port.text());
     ui->comboBox_Ports->setItemData(index, port.name);
+}
+
+void DeviceBar::showReconnected(const PortEntry& port)
+{
+    replaceCurrentPort(port);
     const auto token = m_session->token();
     for (DevicePage* page : m_pages) {
         page->reloadKeepingEdits();
@@ -311,7 +337,7 @@ ControlLock DeviceBar::lockWindow(Usable usable, QList<QAction*> actions) const
         widgets << ui->pushButton_RefreshPorts << ui->comboBox_Ports << ui->comboBox_Devices;
     if (usable == Usable::Nothing)
         widgets << ui->pushButton_ScanDevices;
-    actions.append(m_updateAction);
+    actions.append(m_lockedActions);
     return ControlLock(window(), widgets, actions);
 }
 
@@ -368,6 +394,7 @@ void DeviceBar::openNode(const HandScan::Range& node)
 void DeviceBar::tryNode(const HandScan::Range& node)
 {
     closeCurrentDevice();
+    deselectDevice();
     QString found;
     const auto connection =
         connect(m_scan, &HandScan::sig_found, this, [&found](const DeviceEntry& entry) {

@@ -33,10 +33,10 @@ public:
     explicit DeviceBar(QWidget* parent = nullptr);
     ~DeviceBar() override;
 
-    /// `pages` are reloaded in their order. They and `update`, the firmware update action, are
-    /// locked together with this row.
+    /// `pages` are reloaded in their order. They and `lockedActions` are locked together
+    /// with this row.
     void setUp(DeviceSession* session, StatusReporter* reporter, QTabWidget* pages,
-               QAction* update);
+               const QList<QAction*>& lockedActions);
     /// Lists the ports at start-up, in a background thread.
     void listPortsInBackground();
 
@@ -97,13 +97,15 @@ private:
     void addDevice(const DeviceEntry& entry);
     void showCritical(const QString& text);
     void disablePages();
+    void deselectDevice();
+    void replaceCurrentPort(const PortEntry& port);
     void showReconnected(const PortEntry& port);
 
     std::unique_ptr<Ui::DeviceBar> ui;
     DeviceSession* m_session = nullptr;
     StatusReporter* m_reporter = nullptr;
     QTabWidget* m_tabs = nullptr;
-    QAction* m_updateAction = nullptr;
+    QList<QAction*> m_lockedActions;
     QList<DevicePage*> m_pages;
     QList<PortEntry> m_ports; ///< as listed
     ConnectionView* m_connection = nullptr;

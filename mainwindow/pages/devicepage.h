@@ -23,7 +23,7 @@ public:
     /// Reads everything that the page shows from the open device. The line must be idle.
     virtual void reload() {}
     /// The same, but fields that the user has edited keep what has been typed.
-    void reloadKeepingEdits();
+    virtual void reloadKeepingEdits();
     /// Clears everything that the page shows of a device.
     virtual void clear() {}
     virtual void enableWidgets(bool /*enable*/) {}

@@ -64,7 +64,11 @@ void RunPage::postponeTick()
 
 void RunPage::on_comboBox_RunPosOrAngle_currentIndexChanged()
 {
-    session()->runWhenIdle(DeviceSession::Kind::ReloadRun, [this] { reloadRunInfo(); });
+    session()->runWhenIdle(DeviceSession::Kind::ReloadRun, [this] {
+        // What a lost hand has said stays readable; the unit follows when it is back.
+        if (session()->state() != DeviceSession::State::PortLost)
+            reloadRunInfo();
+    });
 }
 
 void RunPage::reloadRunInfo()
@@ -200,7 +204,8 @@ void RunPage::readBack(HandCall& call, const POS_INFO& command, ReadBack into,
 /// A tick ends early if a request is waiting or the user has left the page.
 bool RunPage::canContinueTick(const HandCall& call) const
 {
-    return call.isCurrent() && !session()->hasWaitingJobs() && m_timer.isActive();
+    return call.isCurrent() && !session()->isSilent() && !session()->hasWaitingJobs() &&
+           m_timer.isActive();
 }
 
 void RunPage::updateCurrent()

@@ -53,6 +53,7 @@ public:
     void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
     void reload() override;
+    void reloadKeepingEdits() override { reload(); } // its editors show no row then
     void clear() override { clearSequenceInfo(); }
     void enableWidgets(bool enable) override
     {
