@@ -141,6 +141,12 @@ std::optional<HandTarget> DeviceSession::lostHand() const
 
 bool DeviceSession::reopenPort()
 {
+    // Another adapter may have taken the name; one that has come back under another name is found
+    // by the search.
+    const QList<PortEntry> ports = availablePorts();
+    const PortEntry* found = findAgain(m_port, ports);
+    if (!found || found->name != m_port.name)
+        return false;
     const LineHold line;
     return m_adapter->connect(m_port.name.toUtf8().constData(), BaudRate);
 }

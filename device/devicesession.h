@@ -58,7 +58,8 @@ public:
     std::optional<HandTarget> lostHand() const;
     /// Stale once the port has been lost again.
     Generation::Token lossToken() const { return m_loss.token(); }
-    /// Tries to open a closed port again. True if it is open then.
+    /// Tries to open a closed port again, if it is still that of the same adapter. True if it is
+    /// open then.
     bool reopenPort();
     /// Takes up the connection again after its port has been lost and opened again.
     void resume(const PortEntry& port);

@@ -13,6 +13,16 @@ namespace
 {
 using State = DeviceSession::State;
 
+QHash<State, QString> stateNames()
+{
+    return {{State::NotConnected, ConnectionView::tr("Not connected")},
+            {State::Scanning, ConnectionView::tr("Scanning")},
+            {State::Connected, ConnectionView::tr("Connected")},
+            {State::NoAnswer, ConnectionView::tr("No answer")},
+            {State::PortLost, ConnectionView::tr("Port lost")},
+            {State::NoHandChosen, ConnectionView::tr("No hand chosen")}};
+}
+
 /// The look of a state in the style sheets.
 const char* lookOf(State state)
 {
@@ -35,8 +45,17 @@ const char* lookOf(State state)
 
 ConnectionView::ConnectionView(QLabel* icon, QLabel* state, QLabel* nextStep,
                                DeviceSession* session)
-    : QObject(state), m_icon(icon), m_state(state), m_nextStep(nextStep), m_session(session)
+    : QObject(state),
+      m_icon(icon),
+      m_state(state),
+      m_nextStep(nextStep),
+      m_session(session),
+      m_names(stateNames())
 {
+    // As wide for every state, so that the row stays as it is.
+    for (const QString& name : m_names)
+        m_state->setMinimumWidth(
+            std::max(m_state->minimumWidth(), m_state->fontMetrics().horizontalAdvance(name)));
     connect(session, &DeviceSession::sig_stateChanged, this, &ConnectionView::update);
     update();
 }
@@ -104,18 +123,10 @@ QString ConnectionView::toolTip(State state) const
 
 void ConnectionView::update()
 {
-    const QHash<State, QString> names{
-        {State::NotConnected, tr("Not connected")}, {State::Scanning, tr("Scanning")},
-        {State::Connected, tr("Connected")},        {State::NoAnswer, tr("No answer")},
-        {State::PortLost, tr("Port lost")},         {State::NoHandChosen, tr("No hand chosen")}};
     const State state = m_session->state();
     const QString tip = toolTip(state);
-    // As wide for every state, so that the row stays as it is.
-    for (const QString& name : names)
-        m_state->setMinimumWidth(
-            std::max(m_state->minimumWidth(), m_state->fontMetrics().horizontalAdvance(name)));
-    m_state->setText(names.value(state));
-    m_state->setAccessibleName(tr("Connection: %1").arg(names.value(state)));
+    m_state->setText(m_names.value(state));
+    m_state->setAccessibleName(tr("Connection: %1").arg(m_names.value(state)));
     m_state->setAccessibleDescription(tip);
     for (QLabel* label : {m_icon, m_state}) {
         label->setToolTip(tip);

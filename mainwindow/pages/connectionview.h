@@ -2,6 +2,8 @@
 
 #include "devicesession.h"
 
+#include <QHash>
+
 class QLabel;
 
 namespace vanto
@@ -33,6 +35,7 @@ private:
     QLabel* m_state;
     QLabel* m_nextStep;
     DeviceSession* m_session;
+    const QHash<DeviceSession::State, QString> m_names;
     StatusReporter* m_reporter = nullptr;
 };
 

@@ -64,7 +64,9 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     }
     createScan();
     setScanRange(m_range);
-    m_suggestedNode = LastHand::load().node;
+    const LastHand last = LastHand::load();
+    m_suggestedNode = last.node;
+    m_lastPort = last.port;
     auto* nextStep = new QLabel(pages);
     nextStep->setObjectName(QStringLiteral("label_NextStep"));
     nextStep->setContentsMargins(0, 0, 0, nextStep->fontMetrics().height() / 2);
@@ -149,7 +151,7 @@ void DeviceBar::listPorts(const QList<PortEntry>& ports)
     // The port that is chosen, else that of the last hand, else one that the user has added.
     QStringList preferredPorts{portName()};
     if (!m_portsListed)
-        preferredPorts << LastHand::load().port << addedPorts();
+        preferredPorts << m_lastPort << addedPorts();
     m_portsListed = true;
     m_ports = ports;
     const QSignalBlocker blocker(ui->comboBox_Ports);

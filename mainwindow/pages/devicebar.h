@@ -112,6 +112,7 @@ private:
     HandScan* m_scan = nullptr;
     HandScan::Range m_range;
     int m_suggestedNode = 1;
+    QString m_lastPort; ///< of the last hand that was open before the start
     QProgressBar* m_progress = nullptr;
     QString m_idleCaption; ///< caption of the Scan button while no scan runs
     bool m_portsListed = false;

@@ -18,8 +18,8 @@ namespace vanto
 //
 // Possible errors on the wire: no reply, half a frame, a wrong checksum, a frame for another host,
 // a reply from another node or to another command, a payload longer or shorter than that of the
-// command. There is no sequence number, so a reply is matched by node and command alone; the sender
-// must discard earlier bytes first.
+// command. Frames carry no sequence number, so a reply is matched by node and command alone; the
+// sender must discard earlier bytes first.
 
 struct HAND_Context;
 

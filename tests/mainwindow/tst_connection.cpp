@@ -97,8 +97,8 @@ void TestConnection::otherHandComesBack()
 {
     open();
     command("unplug");
-    QTRY_COMPARE(state(), "Port lost");
-    command("set 2 start 3 77"); // the calibration of another hand
+    QTRY_COMPARE(shown().count(Lost), 1); // follows the state
+    command("set 2 start 3 77");          // the calibration of another hand
     clearRecords();
     replug();
     QTRY_COMPARE_WITH_TIMEOUT(state(), "Not connected", 20'000);
