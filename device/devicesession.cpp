@@ -107,9 +107,9 @@ DeviceSession::State DeviceSession::state() const
         return State::NotConnected;
     if (m_lost)
         return State::PortLost;
-    if (!target())
+    if (!m_currentNode())
         return State::NoHandChosen;
-    if (!m_portOpened)
+    if (!m_portOpened || !m_opened.isCurrent())
         return State::NotConnected;
     return isSilent() ? State::NoAnswer : State::Connected;
 }

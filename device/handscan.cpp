@@ -1,5 +1,7 @@
 #include "handscan.h"
 
+#include "linemonitor.h"
+
 #include <vector>
 
 namespace vanto
@@ -16,12 +18,29 @@ std::vector<std::shared_ptr<VantoProtocol>> protocolsToTry()
 }
 } // namespace
 
-HandScan::HandScan(CallReport& report, QObject* parent) : QObject(parent), m_report(report) {}
+HandScan::HandScan(CallReport& report, QObject* parent) : QObject(parent), m_report(*this, report)
+{
+    connect(&LineMonitor::instance(), &LineMonitor::sig_portLost, this,
+            [this] { m_portLost = true; });
+}
+
+bool HandScan::Report::reportTimeout(const HandTarget& target)
+{
+    return m_scan.m_portLost || m_report.reportTimeout(target);
+}
+
+void HandScan::Report::reportFailure(const HandTarget& target, std::string_view operation,
+                                     std::uint8_t result, std::uint8_t subError)
+{
+    if (!m_scan.m_portLost)
+        m_report.reportFailure(target, operation, result, subError);
+}
 
 HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& token,
                                 const Range& range)
 {
     m_stop = false;
+    m_portLost = false;
     for (int node = range.first; node <= range.last; ++node) {
         if (m_stop)
             return Outcome::Stopped;
@@ -36,7 +55,7 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
                 return Outcome::Superseded;
         }
     }
-    return Outcome::Completed;
+    return m_portLost ? Outcome::PortLost : Outcome::Completed;
 }
 
 /// Returns false if the port could not be opened.
@@ -47,7 +66,9 @@ bool HandScan::tryNode(const QString& port, const HandTarget& candidate)
         m_failedProtocol = candidate.adapter->protocolType();
         return false;
     }
+    m_portLost = false;
     reportIfAnswering(call);
+    LineMonitor::instance().checkPorts();
     candidate.adapter->disconnect();
     return true;
 }

@@ -22,13 +22,14 @@ public:
         std::optional<PROTOCOL_TYPE> protocol = {}; ///< all if there is none
     };
 
-    enum class Outcome { Completed, Stopped, PortNotOpened, Superseded };
+    enum class Outcome { Completed, Stopped, PortNotOpened, PortLost, Superseded };
 
     /// `report` also receives the time-outs of absent nodes.
     explicit HandScan(CallReport& report, QObject* parent = nullptr);
 
     /// Tries the nodes of `range`. Returns after the last node, after stop(), if the port cannot be
-    /// opened, or once `token` is stale. Processes events meanwhile.
+    /// opened, or once `token` is stale. The outcome is PortLost if the port has vanished at the
+    /// last node. Processes events meanwhile.
     Outcome run(const QString& port, const Generation::Token& token, const Range& range);
     /// Ends the scan after the current node.
     void stop() { m_stop = true; }
@@ -42,11 +43,26 @@ signals:
     void sig_pause();
 
 private:
+    /// Leaves out what fails because the port has vanished.
+    class Report : public CallReport
+    {
+    public:
+        Report(const HandScan& scan, CallReport& report) : m_scan(scan), m_report(report) {}
+        bool reportTimeout(const HandTarget& target) override;
+        void reportFailure(const HandTarget& target, std::string_view operation,
+                           std::uint8_t result, std::uint8_t subError) override;
+
+    private:
+        const HandScan& m_scan;
+        CallReport& m_report;
+    };
+
     bool tryNode(const QString& port, const HandTarget& candidate);
     void reportIfAnswering(HandCall& call);
 
-    CallReport& m_report;
+    Report m_report;
     bool m_stop = false;
+    bool m_portLost = false; ///< since it was opened
     PROTOCOL_TYPE m_failedProtocol{};
 };
 

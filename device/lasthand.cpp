@@ -11,6 +11,9 @@ namespace
 constexpr int HighestNode = 255;
 constexpr QLatin1String PortKey("lastHand/port");
 constexpr QLatin1String NodeKey("lastHand/node");
+constexpr QLatin1String ProtocolKey("lastHand/protocol");
+constexpr QLatin1String ModbusName("modbus");
+constexpr QLatin1String SerialCtrlName("serialctrl");
 
 QString stateFile()
 {
@@ -29,6 +32,11 @@ LastHand LastHand::load()
         return hand;
     hand.port = settings.value(PortKey).toString();
     hand.node = node;
+    const QString protocol = settings.value(ProtocolKey).toString();
+    if (protocol == ModbusName)
+        hand.protocol = PROTOCOL_TYPE_MODBUS_RTU;
+    else if (protocol == SerialCtrlName || node == 0) // node 0 exists over SerialCtrl only
+        hand.protocol = PROTOCOL_TYPE_SERIALCTRL;
     return hand;
 }
 
@@ -37,6 +45,8 @@ void LastHand::save() const
     QSettings settings(stateFile(), QSettings::IniFormat);
     settings.setValue(PortKey, port);
     settings.setValue(NodeKey, node);
+    settings.setValue(ProtocolKey,
+                      protocol == PROTOCOL_TYPE_MODBUS_RTU ? ModbusName : SerialCtrlName);
 }
 
 } // namespace vanto

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "handscan.h"
+
 #include <QString>
 
 namespace vanto
@@ -10,9 +12,12 @@ namespace vanto
 struct LastHand {
     QString port;
     int node = 1;
+    std::optional<PROTOCOL_TYPE> protocol = {};
 
     /// An empty port if there is no such record, or if it is damaged.
     static LastHand load();
+    /// The scan that looks for this hand only.
+    HandScan::Range range() const { return {node, node, protocol}; }
     /// Failures are ignored, as the record is a convenience.
     void save() const;
 };

@@ -1,12 +1,17 @@
 #include "reconnection.h"
 
+#include "porterror.h"
+
 namespace vanto
 {
 
 namespace
 {
 constexpr int LookMs = 1000;
-}
+/// The system sets the permissions of a port some time after the port has appeared, and other
+/// programs may try a new port for some seconds.
+constexpr int FailuresToReport = 5;
+} // namespace
 
 Reconnection::Reconnection(DeviceSession* session, QObject* parent)
     : QObject(parent), m_session(session)
@@ -19,6 +24,7 @@ Reconnection::Reconnection(DeviceSession* session, QObject* parent)
 void Reconnection::begin()
 {
     m_search = m_session->token();
+    m_failedOpenings = 0;
     if (m_session->lostHand() && canComeBack(m_session->port()))
         m_timer.start();
 }
@@ -59,6 +65,8 @@ void Reconnection::tryHand(const PortEntry& port)
         HandCall call(*hand);
         if (hand->adapter->connect(port.name.toUtf8().constData(), BaudRate))
             identity = HandIdentity::read(call);
+        else
+            noteFailedOpening(port);
         if (identity && (!loss.isCurrent() || !identity->covers(m_session->identity())))
             identity.reset(); // the port was lost again, or the hand is starting
         // Also when it has not opened: the adapter may be asked again only after a disconnection.
@@ -77,6 +85,14 @@ void Reconnection::tryHand(const PortEntry& port)
         m_session->close();
         emit sig_otherHand(identity->text());
     }
+}
+
+void Reconnection::noteFailedOpening(const PortEntry& port)
+{
+    if (++m_failedOpenings != FailuresToReport)
+        return;
+    if (const QString cause = describePortError(port.name); !cause.isEmpty())
+        emit sig_notOpened(cause);
 }
 
 } // namespace vanto

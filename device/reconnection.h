@@ -21,6 +21,9 @@ signals:
     void sig_reconnected(const PortEntry& port);
     /// The port is back, but too little was known of the hand to recognize it.
     void sig_portBack(const PortEntry& port);
+    /// The port is back, but cannot be opened, for a reason that the user can remove. The search
+    /// goes on.
+    void sig_notOpened(const QString& cause);
     /// Another hand answers at its node; the search has ended.
     void sig_otherHand(const QString& description);
 
@@ -29,10 +32,12 @@ private:
     void look();
     void compare(const QList<PortEntry>& ports);
     void tryHand(const PortEntry& port);
+    void noteFailedOpening(const PortEntry& port);
 
     DeviceSession* m_session;
     QTimer m_timer{this};
     Generation::Token m_search; ///< stale when the search is over
+    int m_failedOpenings = 0;   ///< of this search
     std::future<void> m_listing;
 };
 

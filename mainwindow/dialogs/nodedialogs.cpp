@@ -57,10 +57,11 @@ private:
 };
 } // namespace
 
-std::optional<HandScan::Range> NodeDialogs::openNode(QWidget* parent, int suggestedNode)
+std::optional<HandScan::Range> NodeDialogs::openNode(QWidget* parent,
+                                                     const HandScan::Range& suggested)
 {
     FormDialog dialog(parent);
-    auto* node = new QLineEdit(QString::number(suggestedNode), &dialog);
+    auto* node = new QLineEdit(QString::number(suggested.first), &dialog);
     node->setObjectName(QStringLiteral("lineEdit_Node"));
     node->selectAll();
     auto* protocol = new QComboBox(&dialog);
@@ -68,8 +69,8 @@ std::optional<HandScan::Range> NodeDialogs::openNode(QWidget* parent, int sugges
     protocol->addItem(text(QT_TRANSLATE_NOOP("NodeDialogs", "Both")));
     protocol->addItem(QStringLiteral("Modbus RTU"), PROTOCOL_TYPE_MODBUS_RTU);
     protocol->addItem(QStringLiteral("SerialCtrl"), PROTOCOL_TYPE_SERIALCTRL);
-    if (suggestedNode == 0)
-        protocol->setCurrentIndex(protocol->count() - 1);
+    if (suggested.protocol)
+        protocol->setCurrentIndex(protocol->findData(*suggested.protocol));
     dialog.form()->addRow(text(QT_TRANSLATE_NOOP("NodeDialogs", "Node (decimal or 0x...):")), node);
     dialog.form()->addRow(text(QT_TRANSLATE_NOOP("NodeDialogs", "Protocol:")), protocol);
     HandScan::Range range;

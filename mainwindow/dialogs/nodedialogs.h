@@ -13,7 +13,7 @@ namespace vanto
 namespace NodeDialogs
 {
 /// Asks for one node and its protocol.
-std::optional<HandScan::Range> openNode(QWidget* parent, int suggestedNode);
+std::optional<HandScan::Range> openNode(QWidget* parent, const HandScan::Range& suggested);
 /// Asks for the first and the last node of a scan.
 std::optional<HandScan::Range> scanRange(QWidget* parent, const HandScan::Range& current);
 } // namespace NodeDialogs

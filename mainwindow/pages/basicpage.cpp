@@ -252,7 +252,7 @@ void BasicPage::changeId(const HandTarget& target, std::uint8_t newNode)
     session()->stopAtOnce(); // the old id no longer answers
     m_deviceBar->clearDevices();
     m_deviceBar->clearPages(); // they need a current entry
-    m_deviceBar->setSuggestedNode(newNode);
+    m_deviceBar->setSuggestedNode({newNode, newNode, target.adapter->protocolType()});
     const QString text =
         target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
             ? tr("node id changed from '0x%1' to '0x%2', please wait for device rebooting then "

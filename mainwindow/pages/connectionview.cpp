@@ -64,10 +64,8 @@ void ConnectionView::reportTo(StatusReporter* reporter)
 {
     m_reporter = reporter;
     // Queued, so that the message follows that of the operation which has shown it.
-    connect(
-        m_session, &DeviceSession::sig_portLost, this,
-        [this] { m_reporter->showError(tr("The port has been lost. Check the cable.")); },
-        Qt::QueuedConnection);
+    connect(m_session, &DeviceSession::sig_portLost, this, &ConnectionView::reportPortLost,
+            Qt::QueuedConnection);
     connect(
         m_session, &DeviceSession::sig_noAnswer, this,
         [this] { m_reporter->showError(tr("The hand does not answer. Check its power.")); },
@@ -77,6 +75,16 @@ void ConnectionView::reportTo(StatusReporter* reporter)
         [this] { m_reporter->showMessage(tr("The hand answers again")); }, Qt::QueuedConnection);
     connect(m_session, &DeviceSession::sig_otherHand, this, &ConnectionView::reportOtherHand,
             Qt::QueuedConnection);
+}
+
+void ConnectionView::reportPortLost()
+{
+    m_reporter->showError(tr("The port has been lost. Check the cable."));
+}
+
+void ConnectionView::reportNotOpened(const QString& cause)
+{
+    m_reporter->showError(tr("The port cannot be opened again. %1").arg(cause.simplified()));
 }
 
 void ConnectionView::reportReconnected()
@@ -113,6 +121,8 @@ QString ConnectionView::toolTip(State state) const
         return tr("Check the hand's power and its side of the cable.\n"
                   "It is asked once a second until it answers.");
     case State::PortLost:
+        if (!m_session->lostHand() || !canComeBack(m_session->port()))
+            return tr("Connect the adapter again, choose its port and click Scan.");
         return tr("Connect the adapter again. It is looked for once a second.\n"
                   "Reload on the Basic page tries to open the port at once.");
     case State::NoHandChosen:

@@ -22,6 +22,8 @@ public:
     void reportTo(StatusReporter* reporter);
     /// The state may have changed.
     void update();
+    void reportPortLost();
+    void reportNotOpened(const QString& cause);
     void reportReconnected();
     void reportOtherHand(const QString& description);
 

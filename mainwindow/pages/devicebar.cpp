@@ -3,17 +3,16 @@
 #include "connectionview.h"
 #include "devicepage.h"
 #include "equalwidthgroup.h"
-#include "handscan.h"
 #include "lasthand.h"
-#include "porterror.h"
+#include "portbox.h"
 #include "program.h"
 #include "reconnection.h"
+#include "scanrunner.h"
 #include "statusreporter.h"
 #include "ui_devicebar.h"
 
 #include <QLabel>
 #include <QMessageBox>
-#include <QProgressBar>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTimer>
@@ -42,7 +41,6 @@ public:
 DeviceBar::DeviceBar(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::DeviceBar>())
 {
     ui->setupUi(this);
-    m_idleCaption = ui->pushButton_ScanDevices->text();
     new EqualWidthGroup({ui->pushButton_RefreshPorts, ui->pushButton_ScanDevices});
     new DoubleClickFilter(ui->pushButton_ScanDevices);
     connect(ui->comboBox_Devices, &QComboBox::currentIndexChanged, this,
@@ -62,11 +60,14 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
         m_pages.append(qobject_cast<DevicePage*>(pages->widget(i)));
         Q_ASSERT(m_pages.constLast());
     }
-    createScan();
-    setScanRange(m_range);
     const LastHand last = LastHand::load();
-    m_suggestedNode = last.node;
-    m_lastPort = last.port;
+    m_suggestedNode = last.range();
+    m_portBox = new PortBox(ui->comboBox_Ports, last.port);
+    connect(m_portBox, &PortBox::sig_listed, this, [this](const QList<PortEntry>& ports) {
+        m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts, [this, ports] { list(ports); });
+    });
+    m_scan = new ScanRunner(ui->pushButton_ScanDevices, session, reporter);
+    connect(m_scan, &ScanRunner::sig_found, this, &DeviceBar::addDevice);
     auto* nextStep = new QLabel(pages);
     nextStep->setObjectName(QStringLiteral("label_NextStep"));
     nextStep->setContentsMargins(0, 0, 0, nextStep->fontMetrics().height() / 2);
@@ -80,56 +81,40 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     const auto* reconnection = new Reconnection(session, this);
     connect(reconnection, &Reconnection::sig_reconnected, this, &DeviceBar::showReconnected);
     connect(reconnection, &Reconnection::sig_portBack, this, [this](const PortEntry& port) {
-        replaceCurrentPort(port);
+        m_portBox->replaceCurrent(port);
         openCurrentDevice();
     });
     connect(reconnection, &Reconnection::sig_otherHand, this, &DeviceBar::deselectDevice);
     connect(reconnection, &Reconnection::sig_otherHand, m_connection,
             &ConnectionView::reportOtherHand);
+    connect(reconnection, &Reconnection::sig_notOpened, m_connection,
+            &ConnectionView::reportNotOpened);
     resetDevices();
-}
-
-void DeviceBar::createScan()
-{
-    m_scan = new HandScan(m_reporter->timeoutReport(), this);
-    m_progress = new QProgressBar(this);
-    m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
-    m_progress->setAccessibleName(tr("Scan progress"));
-    m_progress->setTextVisible(false);
-    // Otherwise the theme would change the height after the first paint.
-    m_progress->setMaximumHeight(m_progress->fontMetrics().height());
-    m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
-    m_reporter->addToStatusBar(m_progress);
-    m_progress->hide();
-    connect(m_scan, &HandScan::sig_nodeStarted, this, [this](int node) {
-        m_progress->setValue(node);
-        m_reporter->showMessage(
-            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));
-    });
-    connect(m_scan, &HandScan::sig_found, this, &DeviceBar::addDevice);
-    connect(m_scan, &HandScan::sig_pause, m_session, &DeviceSession::openWaitingDialogs);
 }
 
 void DeviceBar::listPortsInBackground()
 {
-    // Listing the ports takes longer than building the form.
-    m_portListing = std::async(std::launch::async, [this] {
-        QMetaObject::invokeMethod(this, [this, ports = availablePorts()] {
-            if (!m_portsListed) // otherwise a Refresh was faster
-                m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
-                                       [this, ports] { listPorts(ports); });
-        });
-    });
+    m_portBox->listInBackground();
 }
 
 bool DeviceBar::hasPort() const
 {
-    return ui->comboBox_Ports->currentIndex() >= 0;
+    return m_portBox->hasPort();
 }
 
-PortEntry DeviceBar::port() const
+QString DeviceBar::portName() const
 {
-    return m_ports.value(ui->comboBox_Ports->currentIndex());
+    return m_portBox->port().name;
+}
+
+HandScan::Range DeviceBar::scanRange() const
+{
+    return m_scan->range();
+}
+
+void DeviceBar::setScanRange(const HandScan::Range& range)
+{
+    m_scan->setRange(range);
 }
 
 std::optional<std::uint8_t> DeviceBar::currentNode() const
@@ -142,32 +127,13 @@ std::optional<std::uint8_t> DeviceBar::currentNode() const
 void DeviceBar::on_pushButton_RefreshPorts_clicked()
 {
     m_session->stopAtOnce();
-    m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts,
-                           [this] { listPorts(availablePorts()); });
+    m_session->runWhenIdle(DeviceSession::Kind::RefreshPorts, [this] { list(availablePorts()); });
 }
 
-void DeviceBar::listPorts(const QList<PortEntry>& ports)
+void DeviceBar::list(const QList<PortEntry>& ports)
 {
-    // The port that is chosen, else that of the last hand, else one that the user has added.
-    QStringList preferredPorts{portName()};
-    if (!m_portsListed)
-        preferredPorts << m_lastPort << addedPorts();
-    m_portsListed = true;
-    m_ports = ports;
-    const QSignalBlocker blocker(ui->comboBox_Ports);
-    ui->comboBox_Ports->clear();
+    m_portBox->list(ports);
     resetDevices();
-    for (const PortEntry& port : ports) {
-        ui->comboBox_Ports->addItem(port.text(), port.name);
-        ui->comboBox_Ports->setItemData(ui->comboBox_Ports->count() - 1, port.details,
-                                        Qt::ToolTipRole);
-    }
-    for (const QString& name : preferredPorts) {
-        if (const int index = ui->comboBox_Ports->findData(name); index >= 0) {
-            ui->comboBox_Ports->setCurrentIndex(index);
-            break;
-        }
-    }
 }
 
 void DeviceBar::on_comboBox_Ports_currentIndexChanged(int)
@@ -216,21 +182,9 @@ void DeviceBar::deselectDevice()
     emit sig_currentDeviceChanged();
 }
 
-/// An adapter can come back under another name.
-void DeviceBar::replaceCurrentPort(const PortEntry& port)
-{
-    const int index = ui->comboBox_Ports->currentIndex();
-    if (index < 0)
-        return;
-    const QSignalBlocker blocker(ui->comboBox_Ports);
-    m_ports[index] = port;
-    ui->comboBox_Ports->setItemText(index, port.text());
-    ui->comboBox_Ports->setItemData(index, port.name);
-}
-
 void DeviceBar::showReconnected(const PortEntry& port)
 {
-    replaceCurrentPort(port);
+    m_portBox->replaceCurrent(port);
     const auto token = m_session->token();
     for (DevicePage* page : m_pages) {
         page->reloadKeepingEdits();
@@ -276,9 +230,9 @@ void DeviceBar::openCurrentDevice()
         showForceSensing(false);
         return;
     }
-    const auto target = m_session->open(adapter, port());
+    const auto target = m_session->open(adapter, m_portBox->port());
     if (target && !m_session->isPortClosed())
-        LastHand{portName(), target->node}.save();
+        LastHand{portName(), target->node, adapter->protocolType()}.save();
     if (!target)
         return;
     showForceSensing(m_session->hasForceSensing());
@@ -345,7 +299,7 @@ ControlLock DeviceBar::lockWindow(Usable usable, QList<QAction*> actions) const
 
 void DeviceBar::on_pushButton_ScanDevices_clicked()
 {
-    if (ui->pushButton_ScanDevices->text() != m_idleCaption) {
+    if (m_scan->isRunning()) {
         m_scan->stop();
         return;
     }
@@ -357,34 +311,20 @@ void DeviceBar::scan()
 {
     using Outcome = HandScan::Outcome;
     resetDevices();
-    const Outcome outcome = runScan(m_range);
+    const Outcome outcome = runScan(m_scan->range());
     if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
         openCurrentDevice();
+    else if (outcome == Outcome::PortLost)
+        deselectDevice();
 }
 
 HandScan::Outcome DeviceBar::runScan(const HandScan::Range& range)
 {
-    using Outcome = HandScan::Outcome;
-    m_progress->setRange(range.first, range.last);
-    const Outcome outcome = [&] {
-        const ControlLock lock = lockWindow(Usable::Stop);
-        m_session->setScanning(true);
-        showScanning(true);
-        const Outcome ended = m_scan->run(portName(), m_session->token(), range);
-        if (ended == Outcome::PortNotOpened)
-            showPortNotOpened();
-        return ended;
-    }();
-    m_session->setScanning(false);
-    showScanning(false);
+    const ControlLock lock = lockWindow(Usable::Stop);
+    const HandScan::Outcome outcome = m_scan->run(portName(), range);
+    if (outcome == HandScan::Outcome::PortLost)
+        m_connection->reportPortLost();
     return outcome;
-}
-
-void DeviceBar::setScanRange(const HandScan::Range& range)
-{
-    m_range = range;
-    ui->pushButton_ScanDevices->setToolTip(
-        tr("Scans the nodes %1 to %2").arg(range.first).arg(range.last));
 }
 
 void DeviceBar::openNode(const HandScan::Range& node)
@@ -399,13 +339,13 @@ void DeviceBar::tryNode(const HandScan::Range& node)
     deselectDevice();
     QString found;
     const auto connection =
-        connect(m_scan, &HandScan::sig_found, this, [&found](const DeviceEntry& entry) {
+        connect(m_scan, &ScanRunner::sig_found, this, [&found](const DeviceEntry& entry) {
             if (found.isEmpty())
                 found = entry.text();
         });
     const HandScan::Outcome outcome = runScan(node);
     disconnect(connection);
-    if (outcome == HandScan::Outcome::PortNotOpened || outcome == HandScan::Outcome::Superseded)
+    if (outcome != HandScan::Outcome::Completed && outcome != HandScan::Outcome::Stopped)
         return;
     if (found.isEmpty()) {
         m_reporter->showError(tr("No hand answers at node '0x%1'.")
@@ -418,23 +358,6 @@ void DeviceBar::tryNode(const HandScan::Range& node)
     }
     emit sig_currentDeviceChanged();
     openCurrentDevice();
-}
-
-void DeviceBar::showScanning(bool scanning)
-{
-    ui->pushButton_ScanDevices->setText(scanning ? tr("Stop") : m_idleCaption);
-    m_progress->setValue(m_progress->minimum());
-    m_progress->setVisible(scanning);
-}
-
-void DeviceBar::showPortNotOpened()
-{
-    const QString text =
-        tr("Open port '%1' failed, protocol=%2, baudrate=%3")
-            .arg(portName(), QString::number(m_scan->failedProtocol()), QString::number(BaudRate));
-    QMessageBox box(QMessageBox::Critical, Program::title(), text, QMessageBox::Ok, window());
-    box.setInformativeText(describePortError(portName()));
-    box.exec();
 }
 
 void DeviceBar::addDevice(const DeviceEntry& entry)

@@ -8,9 +8,6 @@
 
 #include <QWidget>
 
-#include <future>
-
-class QProgressBar;
 class QTabWidget;
 
 namespace vanto
@@ -18,6 +15,8 @@ namespace vanto
 
 class ConnectionView;
 class DevicePage;
+class PortBox;
+class ScanRunner;
 class StatusReporter;
 namespace Ui
 {
@@ -42,8 +41,7 @@ public:
 
     bool hasPort() const;
     /// The name of the current port.
-    QString portName() const { return port().name; }
-    PortEntry port() const;
+    QString portName() const;
     bool hasCurrentDevice() const { return currentNode().has_value(); }
     /// The node of the current Devices entry.
     std::optional<std::uint8_t> currentNode() const;
@@ -51,13 +49,13 @@ public:
     /// Opens the device of the current entry and reloads all pages.
     void openCurrentDevice();
     /// The nodes of the next scans.
-    HandScan::Range scanRange() const { return m_range; }
+    HandScan::Range scanRange() const;
     void setScanRange(const HandScan::Range& range);
     /// Looks for a hand at one node, lists it and opens it.
     void openNode(const HandScan::Range& node);
     /// What the dialog for that is filled with at first.
-    int suggestedNode() const { return m_suggestedNode; }
-    void setSuggestedNode(int node) { m_suggestedNode = node; }
+    const HandScan::Range& suggestedNode() const { return m_suggestedNode; }
+    void setSuggestedNode(const HandScan::Range& node) { m_suggestedNode = node; }
     /// Clears and disables all pages.
     void clearPages();
     /// Closes the open device and clears the list of devices.
@@ -84,21 +82,17 @@ private slots:
     void on_comboBox_Devices_activated(int index);
 
 private:
-    void createScan();
-    void listPorts(const QList<PortEntry>& ports);
+    void list(const QList<PortEntry>& ports);
     void closeCurrentDevice();
     std::shared_ptr<VantoProtocol> adapterOfCurrentEntry();
     void showForceSensing(bool present);
     void scan();
     HandScan::Outcome runScan(const HandScan::Range& range);
     void tryNode(const HandScan::Range& node);
-    void showScanning(bool scanning);
-    void showPortNotOpened();
     void addDevice(const DeviceEntry& entry);
     void showCritical(const QString& text);
     void disablePages();
     void deselectDevice();
-    void replaceCurrentPort(const PortEntry& port);
     void showReconnected(const PortEntry& port);
 
     std::unique_ptr<Ui::DeviceBar> ui;
@@ -107,17 +101,11 @@ private:
     QTabWidget* m_tabs = nullptr;
     QList<QAction*> m_lockedActions;
     QList<DevicePage*> m_pages;
-    QList<PortEntry> m_ports; ///< as listed
     ConnectionView* m_connection = nullptr;
-    HandScan* m_scan = nullptr;
-    HandScan::Range m_range;
-    int m_suggestedNode = 1;
-    QString m_lastPort; ///< of the last hand that was open before the start
-    QProgressBar* m_progress = nullptr;
-    QString m_idleCaption; ///< caption of the Scan button while no scan runs
-    bool m_portsListed = false;
-    bool m_indexChanged = false;     ///< of the Devices list, by the choice under way
-    std::future<void> m_portListing; ///< its destructor waits for the listing
+    PortBox* m_portBox = nullptr;
+    ScanRunner* m_scan = nullptr;
+    HandScan::Range m_suggestedNode;
+    bool m_indexChanged = false; ///< of the Devices list, by the choice under way
 };
 
 } // namespace vanto

@@ -2,9 +2,12 @@
 #include "testmain.h"
 
 #include <QDialogButtonBox>
+#include <QInputDialog>
 #include <QLabel>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTimer>
 
 namespace vanto
 {
@@ -18,6 +21,10 @@ private slots:
     void lostAndBack_data();
     void lostAndBack();
     void lostDuringReload();
+    void lostAgain_data();
+    void lostAgain();
+    void lostAtLastNode();
+    void lostAfterSetId();
     void otherHandComesBack();
     void silentHand_data();
     void silentHand();
@@ -30,20 +37,35 @@ private:
     void replug() const { QVERIFY(m_hand->command("replug").startsWith("ok")); }
     QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
 
+    /// Time-out where an exchange is cut: over SerialCtrl it ends with its time-out.
+    static constexpr int CutMs = 2000;
     const QString Lost = "The port has been lost. Check the cable.";
 };
 
 void TestConnection::lostAndBack_data()
 {
+    QTest::addColumn<QString>("hand");
     QTest::addColumn<int>("page");
-    for (const int page : {BasicTab, SettingTab, RunTab, SequenceTab})
-        QTest::addRow("page %d", page) << page;
+    QTest::addColumn<QString>("control"); // clicked, so that its exchange is cut
+    QTest::newRow("Basic page, idle") << "2" << int{BasicTab} << "";
+    QTest::newRow("Basic page") << "2" << int{BasicTab} << "pushButton_BasicBeep";
+    QTest::newRow("Setting page") << "2" << int{SettingTab} << "pushButton_SettingReadPID3";
+    QTest::newRow("Run page") << "2" << int{RunTab} << "";
+    QTest::newRow("Force page") << "2" << int{ForceTab} << "";
+    QTest::newRow("Sequence page") << "2" << int{SequenceTab} << "pushButton_SeqInsert";
+    QTest::newRow("Basic page, Modbus") << "2:modbus" << int{BasicTab} << "pushButton_BasicBeep";
+    QTest::newRow("Setting page, Modbus")
+        << "2:modbus" << int{SettingTab} << "pushButton_SettingReadPID3";
+    QTest::newRow("Run page, Modbus") << "2:modbus" << int{RunTab} << "";
 }
 
 void TestConnection::lostAndBack()
 {
+    QFETCH(QString, hand);
     QFETCH(int, page);
-    open();
+    QFETCH(QString, control);
+    expectTimeouts(CutMs);
+    open({"--node", hand});
     QCOMPARE(state(), "Connected");
     m_tool->showPage(page);
     auto* gain = m_tool->find<QLineEdit>("lineEdit_SettingP2");
@@ -51,12 +73,18 @@ void TestConnection::lostAndBack()
     QTest::keyClicks(gain, "7.5");
     const QString current = m_tool->field("lineEdit_SettingCurrentLimit1");
     clearRecords();
-    command("unplug");
+    if (control.isEmpty()) {
+        command("unplug");
+    } else {
+        command("fault late ms=1000");
+        duringExchange([this] { command("unplug"); });
+        m_tool->click(control);
+    }
     QTRY_COMPARE(state(), "Port lost");
     QTRY_COMPARE(shown().count(Lost), 1);
-    for (const char* control : {"pushButton_BasicBeep", "pushButton_SettingWritePID2",
-                                "pushButton_RunSetPos0", "tableWidget_Seq", "pushButton_SeqLoad"})
-        QVERIFY2(!m_tool->enabled(control), control);
+    for (const char* disabled : {"pushButton_BasicBeep", "pushButton_SettingWritePID2",
+                                 "pushButton_RunSetPos0", "tableWidget_Seq", "pushButton_SeqLoad"})
+        QVERIFY2(!m_tool->enabled(disabled), disabled);
     QVERIFY(m_tool->enabled("pushButton_BasicReloadBasic"));
     QCOMPARE(m_tool->field("lineEdit_BasicFirmwareVersion"), "V1.4.7"); // stays readable
     QCOMPARE(m_tool->devices()->count(), 1);
@@ -110,52 +138,143 @@ void TestConnection::otherHandComesBack()
     QCOMPARE(frames(), QStringList());
 }
 
+void TestConnection::lostAgain_data()
+{
+    addTextRows({"hand"}, {{"2"}, {"2:modbus"}});
+}
+
+/// The port is lost a second time while the hand is recognized.
+void TestConnection::lostAgain()
+{
+    QFETCH(QString, hand);
+    expectTimeouts(CutMs);
+    open({"--node", hand});
+    clearRecords();
+    command("unplug");
+    QTRY_COMPARE(shown().count(Lost), 1);
+    replug();
+    bool lost = false;
+    duringExchange([&] {
+        command("unplug");
+        lost = true;
+    });
+    QTRY_VERIFY_WITH_TIMEOUT(lost && idle(), 20'000);
+    QCOMPARE(state(), "Port lost");
+    replug();
+    QTRY_COMPARE_WITH_TIMEOUT(state(), "Connected", 20'000);
+    QCOMPARE(shown().count(Lost), 1);
+    QVERIFY(shown().filter("Another").isEmpty());
+    QCOMPARE(motions(), QStringList());
+}
+
+void TestConnection::lostAtLastNode()
+{
+    expectTimeouts();
+    open();
+    DialogAnswer<QDialog> answer([](QDialog* dialog) {
+        for (auto* box : dialog->findChildren<QSpinBox*>())
+            box->setValue(2);
+        dialog->accept();
+    });
+    m_tool->trigger("action_Scan_Range");
+    QCOMPARE(answer.count(), 1);
+    clearRecords();
+    command("fault late ms=1000");
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, &timer, [&] {
+        const auto requests = m_hand->requests();
+        if (requests.isEmpty() || requests.constLast().protocol == "modbus")
+            return; // the first protocol
+        timer.stop();
+        command("unplug");
+    });
+    timer.start(10);
+    m_tool->click("pushButton_ScanDevices");
+    QTRY_VERIFY(!timer.isActive());
+    QTRY_COMPARE(shown().count(Lost), 1);
+    QCOMPARE(state(), "Not connected");
+    QCOMPARE(answer.count(), 1);
+}
+
+/// Nothing is looked for if no hand is chosen.
+void TestConnection::lostAfterSetId()
+{
+    open();
+    DialogAnswer<QInputDialog> answer([](QInputDialog* dialog) {
+        dialog->setIntValue(7);
+        dialog->accept();
+    });
+    m_tool->click("pushButton_BasicSetID");
+    QTRY_COMPARE(state(), "No hand chosen");
+    for (const char* control : {"pushButton_SettingWritePID2", "pushButton_RunSetPos0"})
+        QVERIFY2(!m_tool->enabled(control), control);
+    command("unplug");
+    QTRY_COMPARE(shown().count(Lost), 1);
+    m_hand->clearTrace();
+    replug();
+    QTest::qWait(1500); // longer than the interval at which a port is looked for
+    QCOMPARE(frames(), QStringList());
+    QCOMPARE(state(), "Port lost");
+}
+
 void TestConnection::silentHand_data()
 {
+    QTest::addColumn<QString>("hand");
     QTest::addColumn<int>("page");
-    QTest::newRow("Basic page") << int{BasicTab};
-    QTest::newRow("Run page") << int{RunTab};
+    QTest::addColumn<QString>("control");
+    QTest::newRow("Basic page") << "2" << int{BasicTab} << "pushButton_BasicReloadBasic";
+    QTest::newRow("Setting page") << "2" << int{SettingTab} << "pushButton_SettingReadPID3";
+    QTest::newRow("Run page") << "2" << int{RunTab} << "";
+    QTest::newRow("Sequence page") << "2" << int{SequenceTab} << "pushButton_SeqInsert";
+    QTest::newRow("Run page, Modbus") << "2:modbus" << int{RunTab} << "";
 }
 
 void TestConnection::silentHand()
 {
+    QFETCH(QString, hand);
     QFETCH(int, page);
+    QFETCH(QString, control);
     expectTimeouts(100);
-    open();
+    open({"--node", hand});
     m_tool->showPage(page);
     clearRecords();
     command("hang");
-    if (page == BasicTab)
-        m_tool->click("pushButton_BasicReloadBasic");
+    for (int i = 0; i < 3 && !control.isEmpty(); ++i) // each fails
+        m_tool->click(control);
     QTRY_COMPARE_WITH_TIMEOUT(state(), "No answer", 20'000);
     QTRY_COMPARE(shown().count("The hand does not answer. Check its power."), 1);
     QTRY_VERIFY(idle());
-    m_hand->clearTrace();
+    if (page == int{SequenceTab})
+        QTest::qWait(1000); // until the row that Insert selects has been played
     clearRecords();
     QTest::qWait(2500); // measures how often it is asked
-    QVERIFY2(frames().size() <= 4, qPrintable(QString::number(frames().size())));
+    // Over Modbus a request is repeated once.
+    QVERIFY2(frames().size() <= (hand.endsWith("modbus") ? 8 : 4), qPrintable(frames().join('\n')));
     QCOMPARE(shown(), QStringList());
     ReplyLimits::current() = PatientLimits;
     command("hang off");
     QTRY_COMPARE_WITH_TIMEOUT(state(), "Connected", 20'000);
     QTRY_COMPARE(shown().count("The hand answers again"), 1);
-    QTRY_VERIFY(page != RunTab || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
+    QTRY_VERIFY(page != int{RunTab} || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
     QCOMPARE(motions(), QStringList());
 }
 
 void TestConnection::lastHandIsSuggested()
 {
-    open({"--node", "7"});
+    open({"--node", "7:modbus"});
     clearRecords();
     const WindowDriver next({"/tmp/other", m_hand->portName()});
     QTRY_COMPARE(next.ports()->currentData().toString(), m_hand->portName());
     QString node;
-    DialogAnswer<QDialog> answer([&node](QDialog* dialog) {
+    QString protocol;
+    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
         node = dialog->findChild<QLineEdit*>("lineEdit_Node")->text();
+        protocol = dialog->findChild<QComboBox*>("comboBox_Protocol")->currentText();
         dialog->reject();
     });
     next.trigger("action_Open_Node");
     QTRY_COMPARE(node, "7");
+    QCOMPARE(protocol, "Modbus RTU");
     QCOMPARE(frames(), QStringList());
 }
 
@@ -196,6 +315,11 @@ void TestConnection::openNode()
         QCOMPARE(state(), shown.startsWith("Basic") ? "Connected" : "Not connected");
     else
         QCOMPARE(frames(), QStringList()); // nothing is sent
+    if (!complaints.contains(shown)) {
+        m_tool->devices()->setCurrentIndex(-1);
+        m_tool->devices()->setCurrentIndex(0); // opens it, also after a failure
+        QTRY_COMPARE(state(), "Connected");
+    }
     QCOMPARE(motions(), QStringList());
 }
 
