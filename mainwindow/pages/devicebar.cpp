@@ -91,7 +91,7 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
 
 void DeviceBar::createScan()
 {
-    m_scan = new HandScan(m_reporter->timeoutReport(), this);
+    m_scan = new HandScan(m_reporter->scanReport(), this);
     m_progress = new QProgressBar(this);
     m_progress->setObjectName(QStringLiteral("progressBar_Scan"));
     m_progress->setAccessibleName(tr("Scan progress"));
@@ -104,7 +104,8 @@ void DeviceBar::createScan()
     connect(m_scan, &HandScan::sig_nodeStarted, this, [this](int node) {
         m_progress->setValue(node);
         m_reporter->showMessage(
-            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));
+            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))),
+            StatusReporter::Listing::Unlisted);
     });
     connect(m_scan, &HandScan::sig_found, this, &DeviceBar::addDevice);
     connect(m_scan, &HandScan::sig_pause, m_session, &DeviceSession::openWaitingDialogs);
