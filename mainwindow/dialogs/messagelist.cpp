@@ -68,7 +68,8 @@ MessageList::MessageList(const MessageLog* log, QWidget* window)
     layout->addWidget(buttons);
     m_list->setPlainText(log->lines().join(QLatin1Char('\n')));
     m_list->moveCursor(QTextCursor::End);
-    resize(window->size() * 2 / 3);
+    m_list->moveCursor(QTextCursor::StartOfBlock);
+    resize(window->size() * 4 / 5);
 }
 
 /// Replaces only what differs, at the end of the line, so that a selection in the rest of it stays.
