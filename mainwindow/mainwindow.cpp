@@ -26,8 +26,7 @@ MainWindow::MainWindow(QWidget* parent)
     m_session =
         std::make_unique<DeviceSession>([bar = ui->deviceBar] { return bar->currentNode(); });
     m_reporter = new StatusReporter(ui->statusBar);
-    connect(m_reporter, &StatusReporter::sig_logRequested, this,
-            [this] { MessageList::show(m_reporter->log(), this); });
+    m_reporter->addContextAction(ui->action_Messages);
     setUpPages();
     m_calibration =
         std::make_unique<CalibrationProcedure>(this, m_session.get(), m_reporter, ui->deviceBar);
@@ -91,6 +90,11 @@ void MainWindow::on_action_Exit_triggered()
         return;
     m_session->shutDown();
     QCoreApplication::exit(0);
+}
+
+void MainWindow::on_action_Messages_triggered()
+{
+    MessageList::showLog(m_reporter->log(), this);
 }
 
 void MainWindow::on_action_Force_Update_triggered()

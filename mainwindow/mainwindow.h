@@ -46,6 +46,7 @@ protected:
 
 private slots:
     void on_action_Exit_triggered();
+    void on_action_Messages_triggered();
     void on_action_Force_Update_triggered();
     void on_action_Theme_triggered();
     void on_action_Open_Node_triggered();

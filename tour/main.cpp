@@ -24,7 +24,7 @@ namespace vanto
 
 namespace
 {
-constexpr unsigned LimitSeconds = 120; ///< for one theme
+constexpr unsigned LimitSeconds = 300; ///< for one theme
 constexpr int FailedStatus = 1;
 constexpr int UsageStatus = 2;
 

@@ -3,57 +3,133 @@
 #include "messagelog.h"
 #include "program.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QDialog>
 #include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSaveFile>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace vanto
 {
 
 namespace
 {
-constexpr QLatin1String ListName("messageList");
+/// Raises the open dialog of a type, if there is one.
+template<class Dialog>
+bool raiseOpen(const QWidget* parent)
+{
+    auto* open = parent->findChild<Dialog*>();
+    if (!open)
+        return false;
+    open->raise();
+    open->activateWindow();
+    return true;
+}
 } // namespace
 
-void MessageList::show(const MessageLog* log, QWidget* window)
+void MessageList::showLog(const MessageLog* log, QWidget* window)
 {
-    if (auto* open = window->findChild<QDialog*>(ListName)) {
-        open->raise();
-        open->activateWindow();
-        return;
-    }
-    auto* dialog = new QDialog(window);
-    dialog->setObjectName(ListName);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(Program::title() + QStringLiteral(" - ") +
-                           QCoreApplication::translate("MessageList", "Messages"));
-    auto* list = new QPlainTextEdit(dialog);
-    list->setReadOnly(true);
-    list->setMaximumBlockCount(MessageLog::Capacity);
-    list->setLineWrapMode(QPlainTextEdit::NoWrap);
-    list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    list->setAccessibleName(QCoreApplication::translate("MessageList", "Messages"));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
-    auto* copy = buttons->addButton(QCoreApplication::translate("MessageList", "Copy"),
-                                    QDialogButtonBox::ActionRole);
-    QObject::connect(copy, &QPushButton::clicked, list,
-                     [list] { QApplication::clipboard()->setText(list->toPlainText()); });
-    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
+    if (!raiseOpen<MessageList>(window))
+        (new MessageList(log, window))->show();
+}
+
+MessageList::MessageList(const MessageLog* log, QWidget* window)
+    : QDialog(window), m_log(log), m_list(new QPlainTextEdit(this))
+{
+    setObjectName(QStringLiteral("messageList"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(Program::title() + QStringLiteral(" - ") + tr("Messages"));
+    m_list->setReadOnly(true);
+    m_list->setMaximumBlockCount(MessageLog::Capacity);
+    m_list->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_list->setAccessibleName(tr("Messages"));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    auto* copy = buttons->addButton(tr("Copy"), QDialogButtonBox::ActionRole);
+    copy->setObjectName(QStringLiteral("pushButton_MessagesCopy"));
+    auto* save = buttons->addButton(tr("Save..."), QDialogButtonBox::ActionRole);
+    save->setObjectName(QStringLiteral("pushButton_MessagesSave"));
+    connect(copy, &QPushButton::clicked, this,
+            [this] { QApplication::clipboard()->setText(m_list->toPlainText()); });
+    connect(save, &QPushButton::clicked, this, &MessageList::chooseFile);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     // Appending keeps the selection and the scroll position.
-    QObject::connect(log, &MessageLog::sig_added, list, &QPlainTextEdit::appendPlainText);
-    auto* layout = new QVBoxLayout(dialog);
-    layout->addWidget(list);
+    connect(log, &MessageLog::sig_added, m_list, &QPlainTextEdit::appendPlainText);
+    connect(log, &MessageLog::sig_repeated, this, &MessageList::replaceLine);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_list);
     layout->addWidget(buttons);
-    for (const QString& line : log->lines())
-        list->appendPlainText(line);
-    dialog->resize(window->size() * 2 / 3);
-    dialog->show();
+    m_list->setPlainText(log->lines().join(QLatin1Char('\n')));
+    m_list->moveCursor(QTextCursor::End);
+    m_list->moveCursor(QTextCursor::StartOfBlock);
+    resize(window->size() * 4 / 5);
+}
+
+/// Replaces only what differs, at the end of the line, so that a selection in the rest of it stays.
+void MessageList::replaceLine(int index, const QString& line)
+{
+    const QTextBlock block = m_list->document()->findBlockByNumber(index);
+    const QString old = block.text();
+    const auto difference = std::mismatch(old.cbegin(), old.cend(), line.cbegin(), line.cend());
+    const auto same = static_cast<int>(difference.first - old.cbegin());
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor, same);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    cursor.insertText(line.sliced(same));
+}
+
+void MessageList::chooseFile()
+{
+    if (raiseOpen<QFileDialog>(this))
+        return;
+    auto* files = new QFileDialog(this, tr("Save messages"), {}, tr("Text files (*.txt)"));
+    files->setAttribute(Qt::WA_DeleteOnClose);
+    files->setAcceptMode(QFileDialog::AcceptSave);
+    files->setDefaultSuffix(QStringLiteral("txt"));
+    // Its own question is modal.
+    files->setOption(QFileDialog::DontConfirmOverwrite);
+    files->selectFile(QStringLiteral("messages.txt"));
+    connect(files, &QFileDialog::fileSelected, this, &MessageList::confirmFile);
+    files->show();
+}
+
+void MessageList::confirmFile(const QString& path)
+{
+    if (!QFile::exists(path))
+        return save(path);
+    auto* question = showBox(QMessageBox::Question, tr("'%1' already exists.").arg(path),
+                             tr("Do you want to replace it?"), QMessageBox::Yes | QMessageBox::No);
+    connect(question, &QDialog::accepted, this, [this, path] { save(path); });
+}
+
+void MessageList::save(const QString& path)
+{
+    QSaveFile file(path);
+    const QByteArray text = m_log->lines().join(QLatin1Char('\n')).toUtf8() + '\n';
+    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+        return;
+    showBox(QMessageBox::Critical, tr("The messages could not be saved in '%1'.").arg(path),
+            file.errorString(), QMessageBox::Ok);
+}
+
+QMessageBox* MessageList::showBox(QMessageBox::Icon icon, const QString& text,
+                                  const QString& details, QMessageBox::StandardButtons buttons)
+{
+    auto* box = new QMessageBox(icon, Program::title(), text, buttons, this);
+    box->setInformativeText(details);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+    return box;
 }
 
 } // namespace vanto

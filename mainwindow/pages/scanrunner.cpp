@@ -17,7 +17,7 @@ ScanRunner::ScanRunner(QPushButton* button, DeviceSession* session, StatusReport
       m_button(button),
       m_session(session),
       m_reporter(reporter),
-      m_scan(reporter->timeoutReport()),
+      m_scan(reporter->scanReport()),
       m_idleCaption(button->text())
 {
     createProgressBar();
@@ -25,7 +25,8 @@ ScanRunner::ScanRunner(QPushButton* button, DeviceSession* session, StatusReport
     connect(&m_scan, &HandScan::sig_nodeStarted, this, [this](int node) {
         m_progress->setValue(node);
         m_reporter->showMessage(
-            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))));
+            tr("Trying node '0x%1'...").arg(StatusReporter::hex(static_cast<unsigned>(node))),
+            StatusReporter::Listing::Unlisted);
     });
     connect(&m_scan, &HandScan::sig_found, this, &ScanRunner::sig_found);
     connect(&m_scan, &HandScan::sig_pause, session, &DeviceSession::openWaitingDialogs);

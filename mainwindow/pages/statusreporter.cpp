@@ -25,15 +25,6 @@ StatusReporter::StatusReporter(QStatusBar* statusBar)
     m_errorLabel->setObjectName("label_StatusError");
     m_errorLabel->setAccessibleName(tr("Error"));
     m_statusBar->addPermanentWidget(m_errorLabel);
-    auto* showLog = new QAction(tr("Messages..."), this);
-    showLog->setObjectName("action_Messages");
-    showLog->setShortcut(Qt::CTRL | Qt::Key_L);
-    connect(showLog, &QAction::triggered, this, &StatusReporter::sig_logRequested);
-    // The label has no width while there is no error, so the whole status bar opens the list.
-    for (QWidget* bar : {static_cast<QWidget*>(m_statusBar), static_cast<QWidget*>(m_errorLabel)}) {
-        bar->setContextMenuPolicy(Qt::ActionsContextMenu);
-        bar->addAction(showLog);
-    }
 }
 
 void StatusReporter::addToStatusBar(QWidget* widget)
@@ -41,22 +32,33 @@ void StatusReporter::addToStatusBar(QWidget* widget)
     m_statusBar->addPermanentWidget(widget);
 }
 
-void StatusReporter::showMessage(const QString& text)
+void StatusReporter::addContextAction(QAction* action)
+{
+    // The label has no width while there is no error, so the whole status bar has the menu.
+    for (QWidget* bar : {static_cast<QWidget*>(m_statusBar), static_cast<QWidget*>(m_errorLabel)}) {
+        bar->setContextMenuPolicy(Qt::ActionsContextMenu);
+        bar->addAction(action);
+    }
+}
+
+void StatusReporter::showMessage(const QString& text, Listing listing)
 {
     // Otherwise an identical text would keep the remaining time of the previous one.
     m_statusBar->clearMessage();
     m_statusBar->showMessage(text, MessageDurationMs);
-    m_log->add(MessageLog::Kind::Message, text);
+    if (listing == Listing::Listed)
+        m_log->add(MessageLog::Kind::Message, text);
 }
 
-void StatusReporter::showError(const QString& text, const QColor& color)
+void StatusReporter::showError(const QString& text, const QColor& color, Listing listing)
 {
     QPalette palette = m_errorLabel->palette();
     palette.setColor(QPalette::WindowText, color);
     m_errorLabel->setPalette(palette);
     m_errorLabel->setText(text);
     m_errorLabel->setAccessibleName(text);
-    m_log->add(MessageLog::Kind::Error, text);
+    if (listing == Listing::Listed)
+        m_log->add(MessageLog::Kind::Error, text);
     QTimer::singleShot(MessageDurationMs, m_errorLabel, [label = m_errorLabel] {
         label->setText({});
         label->setAccessibleName(tr("Error"));
@@ -66,7 +68,8 @@ void StatusReporter::showError(const QString& text, const QColor& color)
 bool StatusReporter::TimeoutReport::reportTimeout(const HandTarget& target)
 {
     m_reporter.showError(tr("Timeout for %1 node '0x%2'...")
-                             .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)));
+                             .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)),
+                         Qt::red, m_listing);
     return true;
 }
 

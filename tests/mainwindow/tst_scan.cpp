@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSerialPort>
 #include <QStatusBar>
@@ -65,6 +66,11 @@ void TestScan::findsAllHands()
     QVERIFY(shown().contains("Trying node '0x04'..."));
     QVERIFY(shown().contains("Timeout for SerialCtrl node '0x03'..."));
     QVERIFY(shown().contains("node '0x04' found, firmware version: 1.4.300"));
+    m_tool->trigger("action_Messages"); // lists the hands, not what every absent node causes
+    const QString listed = m_tool->window()->findChild<QPlainTextEdit*>()->toPlainText();
+    QVERIFY(listed.contains("node '0x02' found, firmware version: 1.4.300 (x 2)"));
+    QVERIFY(listed.contains("node '0x04' found, firmware version: 1.4.300\n"));
+    QCOMPARE(listed.count('\n'), 4); // otherwise only what has been loaded
     QCOMPARE(m_tool->devices()->currentIndex(), 0);
     QCOMPARE(shown().last(3),
              (QStringList{"Basic info loaded", "Setting loaded", "Running info loaded"}));

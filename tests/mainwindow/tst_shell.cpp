@@ -1,26 +1,33 @@
+#include "handtest.h"
 #include "testmain.h"
 #include "testwindow.h"
 
 #include <QClipboard>
 #include <QFile>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QMetaMethod>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTextCursor>
 
 namespace vanto
 {
 
-/// Start-up, menus, theme, About and the error label.
-class TestShell : public QObject
+/// Start-up, menus, theme, About, the error label and the list of messages.
+class TestShell : public HandTest
 {
     Q_OBJECT
 private slots:
+    void cleanup() { close(); }
     void everySlotIsConnected();
     void about();
     void themeDialog_data();
@@ -28,6 +35,10 @@ private slots:
     void errorLabel_data() { addTextRows({"theme"}, {{"dark"}, {"light"}}); }
     void errorLabel();
     void messageList();
+    void repeatedMessages();
+    void viewOfRepeatedMessages();
+    void savesMessages_data();
+    void savesMessages();
     void program_data();
     void program();
 };
@@ -69,7 +80,7 @@ void TestShell::everySlotIsConnected()
             QVERIFY2(connected, name.constData());
         }
     }
-    QCOMPARE(found, 38 + 12 * 6);
+    QCOMPARE(found, 39 + 12 * 6);
 }
 
 void TestShell::about()
@@ -145,29 +156,132 @@ void TestShell::errorLabel()
 void TestShell::messageList()
 {
     TestWindow tool;
-    for (int i = 0; i < 200; ++i)
+    for (int i = 0; i < 1000; ++i)
         tool.window()->showErrorOnStatusBar(QString("error %1").arg(i), Qt::red);
-    QVERIFY(tool.find<QStatusBar>("statusBar")
-                ->actions()
-                .contains(tool.find<QAction>("action_Messages")));
+    auto* action = tool.find<QAction>("action_Messages");
+    QVERIFY(tool.find<QStatusBar>("statusBar")->actions().contains(action));
+    QVERIFY(tool.find<QMenu>("menu_View")->actions().contains(action));
     tool.window()->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(tool.window()));
     QTest::keyClick(tool.window(), Qt::Key_L, Qt::ControlModifier);
-    auto* dialog = tool.find<QDialog>("messageList");
-    auto* list = dialog->findChild<QPlainTextEdit*>();
-    tool.window()->showErrorOnStatusBar("the last", Qt::red); // while the list is open
+    auto* list = tool.find<QDialog>("messageList")->findChild<QPlainTextEdit*>();
+    tool.window()->showErrorOnStatusBar("the\rlast\n", Qt::red); // while the list is open
     const QStringList lines = list->toPlainText().split('\n');
-    QCOMPARE(lines.size(), 200);
+    QCOMPARE(lines.size(), 1000);
     const QRegularExpression oldest(R"(^\d\d:\d\d:\d\d\.\d{3} ! error 1$)");
     QVERIFY2(oldest.match(lines.first()).hasMatch(), qPrintable(lines.first()));
-    QVERIFY2(lines.last().endsWith(" ! the last"), qPrintable(lines.last()));
-
-    const auto buttons = dialog->findChildren<QPushButton*>();
-    const auto copy = std::find_if(buttons.begin(), buttons.end(),
-                                   [](const auto* button) { return button->text() == "Copy"; });
-    QVERIFY(copy != buttons.end());
-    (*copy)->click();
+    QVERIFY2(lines.last().endsWith(" ! the last "), qPrintable(lines.last()));
+    tool.click("pushButton_MessagesCopy");
     QCOMPARE(QApplication::clipboard()->text(), list->toPlainText());
+}
+
+void TestShell::repeatedMessages()
+{
+    open();
+    m_tool->trigger("action_Messages");
+    auto* list = m_tool->find<QDialog>("messageList")->findChild<QPlainTextEdit*>();
+    const auto texts = [list] { // without the times
+        static const QRegularExpression time("(^|, last )\\d\\d:\\d\\d:\\d\\d\\.\\d{3}",
+                                             QRegularExpression::MultilineOption);
+        return list->toPlainText().remove(time).split('\n');
+    };
+    command("fault refuse command=0x06 count=12");
+    m_tool->showPage(RunTab); // reads the currents of six fingers again and again
+    const QString refused = " ! getFingerCurrent(0x02, ...) returned 0xff (sub err 21) (x 12)";
+    QTRY_COMPARE(texts().last(), refused);
+    m_tool->showPage(BasicTab);
+    const auto lines = texts().size();
+
+    const auto addErrors = [this](const QStringList& errors) {
+        for (const QString& error : errors)
+            m_tool->window()->showErrorOnStatusBar(error, Qt::red);
+    };
+    addErrors({"a", "b", "c", "d", "e", "f", "a", "b"}); // as many as fingers, in turn
+    m_tool->click("pushButton_BasicBeep");               // a success in between
+    addErrors({"b", "1", "2", "3", "4", "5", "6", "b"}); // after too many others
+    QCOMPARE(texts().mid(lines), (QStringList{" ! a (x 2)", " ! b (x 2)", " ! c", " ! d", " ! e",
+                                              " ! f", "   Beep succeeded", " ! b", " ! 1", " ! 2",
+                                              " ! 3", " ! 4", " ! 5", " ! 6", " ! b"}));
+}
+
+/// What the user has selected or looks at stays.
+void TestShell::viewOfRepeatedMessages()
+{
+    TestWindow tool;
+    const auto addError = [&](int number) { // long enough for the horizontal scroll bar
+        tool.window()->showErrorOnStatusBar(QString("error %1").arg(number, 200), Qt::red);
+    };
+    for (int i = 0; i < 100; ++i)
+        addError(i);
+    tool.trigger("action_Messages");
+    auto* list = tool.find<QDialog>("messageList")->findChild<QPlainTextEdit*>();
+    QTRY_VERIFY(list->verticalScrollBar()->value() > 0); // the latest are shown
+    QCOMPARE(list->verticalScrollBar()->value(), list->verticalScrollBar()->maximum());
+    QCOMPARE(list->horizontalScrollBar()->value(), 0);
+    for (const int line : {99, 3}) {
+        QTextCursor cursor(list->document()->findBlockByNumber(line));
+        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor, 4);
+        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor, 30);
+        list->setTextCursor(cursor);
+        list->horizontalScrollBar()->setValue(20);
+        const int x = list->horizontalScrollBar()->value();
+        const int y = list->verticalScrollBar()->value();
+        QVERIFY(x > 0);
+        for (int i = 0; i < 20; ++i)
+            addError(99);
+        QCOMPARE(list->textCursor().selectedText().size(), 30);
+        QCOMPARE(list->horizontalScrollBar()->value(), x);
+        QCOMPARE(list->verticalScrollBar()->value(), y);
+    }
+    QVERIFY(list->toPlainText().contains("(x 41)"));
+}
+
+void TestShell::savesMessages_data()
+{
+    // "existing" is a file already; the answer to the question whether to replace it, if any.
+    addTextRows({"file", "answer", "error"},
+                {{"new.txt", "", ""},
+                 {"existing.txt", "Yes", ""},
+                 {"existing.txt", "No", ""},
+                 {"missing/new.txt", "", "The messages could not be saved in '%1'."}});
+}
+
+void TestShell::savesMessages()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, answer);
+    QFETCH(QString, error);
+    TestWindow tool;
+    const QString path = QDir::current().filePath(file);
+    QFile existing("existing.txt");
+    QVERIFY(existing.open(QFile::WriteOnly) && existing.write("old") == 3);
+    existing.close();
+    tool.window()->showErrorOnStatusBar("Größe 大", Qt::red);
+    tool.trigger("action_Messages");
+    auto* list = tool.find<QDialog>("messageList");
+    tool.click("pushButton_MessagesSave");
+    tool.click("pushButton_MessagesSave"); // raises the first
+    const auto dialogs = list->findChildren<QFileDialog*>();
+    QCOMPARE(dialogs.size(), 1);
+    QVERIFY(!QApplication::activeModalWidget()); // Stop remains available
+    QTRY_COMPARE(dialogs[0]->findChild<QLineEdit*>("fileNameEdit")->text(), "messages.txt");
+    const QPointer<QFileDialog> dialog = dialogs[0];
+    chooseFile(*dialog, path);
+    QTRY_VERIFY(!dialog);
+    auto* box = list->findChild<QMessageBox*>();
+    QCOMPARE(box != nullptr, !answer.isEmpty() || !error.isEmpty());
+    if (!error.isEmpty()) {
+        QCOMPARE(box->text(), error.arg(path));
+        QCOMPARE(box->icon(), QMessageBox::Critical);
+        QVERIFY(!box->informativeText().isEmpty());
+        return;
+    }
+    if (box)
+        box->button(answer == "Yes" ? QMessageBox::Yes : QMessageBox::No)->click();
+    QFile saved(path);
+    QVERIFY(saved.open(QFile::ReadOnly));
+    QCOMPARE(QString::fromUtf8(saved.readAll()),
+             answer == "No" ? "old" : list->findChild<QPlainTextEdit*>()->toPlainText() + '\n');
 }
 
 void TestShell::program_data()
