@@ -155,17 +155,6 @@ Gerät nach Aufforderung einschalten.</translation>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>Messages</source>
-        <translation>Meldungen</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-</context>
-<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -647,6 +636,14 @@ Neu laden auf der Seite Basis versucht sofort, den Port zu öffnen.</translation
         <source>Connection: %1</source>
         <translation>Verbindung: %1</translation>
     </message>
+    <message>
+        <source>The port cannot be opened again. %1</source>
+        <translation>Der Port lässt sich nicht wieder öffnen. %1</translation>
+    </message>
+    <message>
+        <source>Connect the adapter again, choose its port and click Scan.</source>
+        <translation>Schließen Sie den Adapter wieder an, wählen Sie seinen Port und klicken Sie auf Suchen.</translation>
+    </message>
 </context>
 <context>
     <name>vanto::DeviceBar</name>
@@ -665,22 +662,6 @@ Neu laden auf der Seite Basis versucht sofort, den Port zu öffnen.</translation
     <message>
         <source>Unsupported protocol version</source>
         <translation>Protokollversion wird nicht unterstützt</translation>
-    </message>
-    <message>
-        <source>Scan progress</source>
-        <translation>Fortschritt der Suche</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
-    </message>
-    <message>
-        <source>Trying node &apos;0x%1&apos;...</source>
-        <translation>Knoten „0x%1“ wird abgefragt...</translation>
-    </message>
-    <message>
-        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
-        <translation>Öffnen von Port „%1“ fehlgeschlagen, Protokoll=%2, Baudrate=%3</translation>
     </message>
     <message>
         <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
@@ -717,10 +698,6 @@ Neu laden auf der Seite Basis versucht sofort, den Port zu öffnen.</translation
     <message>
         <source>Scan for devices</source>
         <translation>Geräte suchen</translation>
-    </message>
-    <message>
-        <source>Scans the nodes %1 to %2</source>
-        <translation>Durchsucht die Knoten %1 bis %2</translation>
     </message>
     <message>
         <source>No hand answers at node &apos;0x%1&apos;.</source>
@@ -831,6 +808,56 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Scan &amp;Range...</source>
         <translation>Such&amp;bereich...</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Messages...</source>
+        <translation>&amp;Meldungen...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Speichern...</translation>
+    </message>
+    <message>
+        <source>Save messages</source>
+        <translation>Meldungen speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>Textdateien (*.txt)</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; ist bereits vorhanden.</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>Möchten Sie die Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>The messages could not be saved in &apos;%1&apos;.</source>
+        <translation>Die Meldungen konnten nicht in &apos;%1&apos; gespeichert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MessageLog</name>
+    <message>
+        <source>(x %1), last %2</source>
+        <translation>(x %1), zuletzt %2</translation>
     </message>
 </context>
 <context>
@@ -1014,6 +1041,29 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Running info loaded</source>
         <translation>Betriebsdaten geladen</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ScanRunner</name>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>Knoten „0x%1“ wird abgefragt...</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+    <message>
+        <source>Scans the nodes %1 to %2</source>
+        <translation>Durchsucht die Knoten %1 bis %2</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>Öffnen von Port „%1“ fehlgeschlagen, Protokoll=%2, Baudrate=%3</translation>
     </message>
 </context>
 <context>
@@ -1665,10 +1715,6 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Error</source>
         <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>Messages...</source>
-        <translation>Meldungen...</translation>
     </message>
     <message>
         <source>Timeout for %1 node &apos;0x%2&apos;...</source>

@@ -155,17 +155,6 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>Messages</source>
-        <translation>メッセージ</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>コピー</translation>
-    </message>
-</context>
-<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -647,6 +636,14 @@ Reload on the Basic page tries to open the port at once.</source>
         <source>Connection: %1</source>
         <translation>接続: %1</translation>
     </message>
+    <message>
+        <source>The port cannot be opened again. %1</source>
+        <translation>ポートを再び開けません。%1</translation>
+    </message>
+    <message>
+        <source>Connect the adapter again, choose its port and click Scan.</source>
+        <translation>アダプターを再接続し、そのポートを選択して [スキャン] をクリックしてください。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::DeviceBar</name>
@@ -665,22 +662,6 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>Unsupported protocol version</source>
         <translation>対応していないプロトコルバージョンです</translation>
-    </message>
-    <message>
-        <source>Scan progress</source>
-        <translation>スキャンの進行状況</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Trying node &apos;0x%1&apos;...</source>
-        <translation>ノード「0x%1」を確認中...</translation>
-    </message>
-    <message>
-        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
-        <translation>ポート「%1」を開けませんでした、プロトコル=%2、ボーレート=%3</translation>
     </message>
     <message>
         <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
@@ -717,10 +698,6 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>Scan for devices</source>
         <translation>デバイスをスキャン</translation>
-    </message>
-    <message>
-        <source>Scans the nodes %1 to %2</source>
-        <translation>ノード %1 から %2 をスキャンします</translation>
     </message>
     <message>
         <source>No hand answers at node &apos;0x%1&apos;.</source>
@@ -831,6 +808,56 @@ Supported protocol:</source>
     <message>
         <source>Scan &amp;Range...</source>
         <translation>スキャン範囲(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Messages...</source>
+        <translation>メッセージ(&amp;M)...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>メッセージ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>保存...</translation>
+    </message>
+    <message>
+        <source>Save messages</source>
+        <translation>メッセージを保存</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>テキスト ファイル (*.txt)</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; は既に存在します。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>置き換えますか?</translation>
+    </message>
+    <message>
+        <source>The messages could not be saved in &apos;%1&apos;.</source>
+        <translation>メッセージを &apos;%1&apos; に保存できませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MessageLog</name>
+    <message>
+        <source>(x %1), last %2</source>
+        <translation>(x %1)、最終 %2</translation>
     </message>
 </context>
 <context>
@@ -1014,6 +1041,29 @@ Supported protocol:</source>
     <message>
         <source>Running info loaded</source>
         <translation>動作情報を読み込みました</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ScanRunner</name>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>ノード「0x%1」を確認中...</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>スキャンの進行状況</translation>
+    </message>
+    <message>
+        <source>Scans the nodes %1 to %2</source>
+        <translation>ノード %1 から %2 をスキャンします</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>ポート「%1」を開けませんでした、プロトコル=%2、ボーレート=%3</translation>
     </message>
 </context>
 <context>
@@ -1665,10 +1715,6 @@ Supported protocol:</source>
     <message>
         <source>Error</source>
         <translation>エラー</translation>
-    </message>
-    <message>
-        <source>Messages...</source>
-        <translation>メッセージ...</translation>
     </message>
     <message>
         <source>Timeout for %1 node &apos;0x%2&apos;...</source>

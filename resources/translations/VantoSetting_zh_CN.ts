@@ -155,17 +155,6 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>Messages</source>
-        <translation>消息</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
-    </message>
-</context>
-<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -647,6 +636,14 @@ Reload on the Basic page tries to open the port at once.</source>
         <source>Connection: %1</source>
         <translation>连接：%1</translation>
     </message>
+    <message>
+        <source>The port cannot be opened again. %1</source>
+        <translation>无法重新打开端口。%1</translation>
+    </message>
+    <message>
+        <source>Connect the adapter again, choose its port and click Scan.</source>
+        <translation>请重新连接适配器，选择其端口并点击扫描。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::DeviceBar</name>
@@ -665,22 +662,6 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>Unsupported protocol version</source>
         <translation>不支持的协议版本</translation>
-    </message>
-    <message>
-        <source>Scan progress</source>
-        <translation>扫描进度</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Trying node &apos;0x%1&apos;...</source>
-        <translation>正在尝试节点“0x%1”...</translation>
-    </message>
-    <message>
-        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
-        <translation>打开端口“%1”失败，协议=%2，波特率=%3</translation>
     </message>
     <message>
         <source>node &apos;0x%1&apos; found, firmware version: %2.%3.%4</source>
@@ -717,10 +698,6 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>Scan for devices</source>
         <translation>扫描设备</translation>
-    </message>
-    <message>
-        <source>Scans the nodes %1 to %2</source>
-        <translation>扫描节点 %1 到 %2</translation>
     </message>
     <message>
         <source>No hand answers at node &apos;0x%1&apos;.</source>
@@ -831,6 +808,56 @@ Supported protocol:</source>
     <message>
         <source>Scan &amp;Range...</source>
         <translation>扫描范围(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Messages...</source>
+        <translation>消息(&amp;M)...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MessageList</name>
+    <message>
+        <source>Messages</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>保存...</translation>
+    </message>
+    <message>
+        <source>Save messages</source>
+        <translation>保存消息</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>文本文件 (*.txt)</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; 已存在。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>是否替换？</translation>
+    </message>
+    <message>
+        <source>The messages could not be saved in &apos;%1&apos;.</source>
+        <translation>无法将消息保存到 &apos;%1&apos;。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MessageLog</name>
+    <message>
+        <source>(x %1), last %2</source>
+        <translation>(x %1)，最后 %2</translation>
     </message>
 </context>
 <context>
@@ -1014,6 +1041,29 @@ Supported protocol:</source>
     <message>
         <source>Running info loaded</source>
         <translation>运行信息已加载</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ScanRunner</name>
+    <message>
+        <source>Trying node &apos;0x%1&apos;...</source>
+        <translation>正在尝试节点“0x%1”...</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>扫描进度</translation>
+    </message>
+    <message>
+        <source>Scans the nodes %1 to %2</source>
+        <translation>扫描节点 %1 到 %2</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
+        <translation>打开端口“%1”失败，协议=%2，波特率=%3</translation>
     </message>
 </context>
 <context>
@@ -1665,10 +1715,6 @@ Supported protocol:</source>
     <message>
         <source>Error</source>
         <translation>错误</translation>
-    </message>
-    <message>
-        <source>Messages...</source>
-        <translation>消息...</translation>
     </message>
     <message>
         <source>Timeout for %1 node &apos;0x%2&apos;...</source>
