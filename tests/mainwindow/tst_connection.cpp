@@ -38,7 +38,7 @@ private:
     QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
 
     /// Time-out where an exchange is cut: over SerialCtrl it ends with its time-out.
-    static constexpr int CutMs = 2000;
+    static constexpr int CutMs = 1000;
     const QString Lost = "The port has been lost. Check the cable.";
 };
 

@@ -79,7 +79,7 @@ void TestTranslations::selection()
     QFETCH(QString, stop);
     const bool installed = Translation::install(QTest::currentDataTag());
     QCOMPARE(installed, stop != "Stop");
-    QCOMPARE(QCoreApplication::translate("vanto::DeviceBar", "Stop"), stop);
+    QCOMPARE(QCoreApplication::translate("vanto::ScanRunner", "Stop"), stop);
     QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel") != "Cancel", installed);
     QVERIFY(QCoreApplication::translate("vanto::DeviceBar", "Scan") != stop); // they differ
 }
