@@ -9,7 +9,10 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabWidget>
@@ -255,6 +258,44 @@ QString rescan(TourRunner& tour)
     return QStringLiteral("the hand is found at 5 and opened");
 }
 
+/// Unplugs the adapter and connects it again.
+QString cable(TourRunner& tour)
+{
+    const auto* state = tour.find<QLabel>("label_ConnectionState");
+    const QString connected = state->text();
+    tour.expectText(QStringLiteral("the state"), connected, QStringLiteral("Connected"));
+    tour.command(QStringLiteral("unplug"));
+    tour.waitFor(QStringLiteral("the loss is shown"),
+                 [&] { return state->text() != connected && !tour.errorText().isEmpty(); });
+    tour.expectText(QStringLiteral("the state without the cable"), state->text(),
+                    QStringLiteral("Port lost"));
+    tour.saveScreenshot(QStringLiteral("-lost"));
+    tour.command(QStringLiteral("replug"));
+    tour.waitFor(QStringLiteral("the hand is open again"),
+                 [&] { return state->text() == connected; });
+    expectCalibration(tour, 5);
+    return QStringLiteral("the hand is open again");
+}
+
+QString openNode(TourRunner& tour)
+{
+    const auto* state = tour.find<QLabel>("label_ConnectionState");
+    const QString connected = state->text();
+    tour.withDialog(
+        [&] { tour.trigger("action_Open_Node"); },
+        [&](QDialog& dialog) {
+            dialog.findChild<QLineEdit*>()->setText(QStringLiteral("0x05"));
+            tour.saveScreenshot(QStringLiteral("-dialog"), &dialog);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+    tour.waitFor(QStringLiteral("the hand is open"), [&] { return state->text() == connected; });
+    expectDevices(tour, {{3, !tour.modbus()}, {4, true}, {4, false}, {5, tour.modbus()}});
+    tour.expect(QStringLiteral("the current device"), tour.devices()->currentText(),
+                entryText({5, tour.modbus()}));
+    expectCalibration(tour, 5);
+    return tour.devices()->currentText();
+}
+
 QString updated(TourRunner& tour)
 {
     scanFor(tour, HandCount);
@@ -292,6 +333,8 @@ constexpr std::array steps{
     Step{"sequence", sequencePage},
     Step{"id", setId},
     Step{"rescan", rescan},
+    Step{"cable", cable},
+    Step{"node", openNode},
     Step{"calibrate", calibration},
     Step{"update", firmwareUpdate},
     Step{"updated", updated},

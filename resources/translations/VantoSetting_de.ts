@@ -602,7 +602,7 @@ Sie wird einmal je Sekunde gefragt, bis sie antwortet.</translation>
         <source>Connect the adapter again. It is looked for once a second.
 Reload on the Basic page tries to open the port at once.</source>
         <translation>Schließen Sie den Adapter wieder an. Er wird einmal je Sekunde gesucht.
-Neu laden auf der Seite Basis versucht sofort, den Port zu öffnen.</translation>
+Neu laden auf der Seite Allgemein versucht sofort, den Port zu öffnen.</translation>
     </message>
     <message>
         <source>Scan again, or open the node in the Options menu.</source>
