@@ -60,6 +60,7 @@ std::optional<HandTarget> DeviceSession::open(std::shared_ptr<VantoProtocol> ada
     m_node = opened->node;
     HandCall call(*opened);
     m_portOpened = opened->adapter->connect(port.name.toUtf8().constData(), BaudRate);
+    emit sig_opened();
     std::uint16_t force = 0;
     const std::uint8_t result =
         call.attempt<&VantoProtocol::getFingerForce>(ForceProbeFinger, &force, std::uint8_t{1});
@@ -75,6 +76,7 @@ void DeviceSession::close()
     m_adapter->disconnect();
     m_adapter.reset();
     m_lost = false;
+    emit sig_closed();
     emit sig_stateChanged();
 }
 
@@ -93,10 +95,27 @@ void DeviceSession::stopAtOnce()
     emit sig_stateChanged();
 }
 
+void DeviceSession::interrupt()
+{
+    const bool open = m_opened.isCurrent();
+    m_queue.dropRequests();
+    stopAtOnce();
+    if (open)
+        m_opened = m_epoch.token();
+    emit sig_interrupted();
+}
+
+void DeviceSession::setNode(std::uint8_t node)
+{
+    m_node = node;
+    emit sig_nodeChanged(node);
+}
+
 void DeviceSession::shutDown()
 {
     m_queue.shutDown();
     stopAtOnce();
+    emit sig_shutDown();
 }
 
 DeviceSession::State DeviceSession::state() const

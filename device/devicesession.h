@@ -77,6 +77,10 @@ public:
     void clearForceSensing() { m_forceSensing = false; }
 
     void stopAtOnce();
+    /// Stops everything at once; the open hand stays open for requests from now on.
+    void interrupt();
+    /// The open hand has got a new id.
+    void setNode(std::uint8_t node);
     /// Like stopAtOnce(), but permanent: waiting jobs are dropped and new ones ignored.
     void shutDown();
     /// Stops playback, before dialogs that would cover the Stop button.
@@ -94,8 +98,16 @@ public:
     bool hasWaitingJobs() const { return m_queue.hasWaitingJobs(); }
 
 signals:
+    /// A hand is about to be read for the first time; its port may be closed.
+    void sig_opened();
+    /// The adapter has been closed.
+    void sig_closed();
+    void sig_nodeChanged(std::uint8_t node);
     /// Timers and the player must stop now.
     void sig_stop();
+    /// What could move a finger later must be forgotten as well, such as a slider that is held.
+    void sig_interrupted();
+    void sig_shutDown();
     void sig_stopMotion();
     /// The state may have changed.
     void sig_stateChanged();

@@ -31,6 +31,7 @@ public:
         SaveSequence,
         OpenNode,
         ScanRange,
+        Continue,
         About,
         Theme
     };

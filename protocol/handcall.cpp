@@ -1,5 +1,7 @@
 #include "handcall.h"
 
+#include <utility>
+
 namespace vanto
 {
 
@@ -17,6 +19,11 @@ bool HandCall::accept(std::string_view operation, std::uint8_t result)
 {
     if (!isCurrent())
         return false;
+    if (std::exchange(m_refused, false)) {
+        if (m_report)
+            m_report->reportHalted();
+        return false;
+    }
     if (result == ResultCode::Success)
         return true;
     if (!m_report || (result == ResultCode::Timeout && m_report->reportTimeout(m_target)))

@@ -3,6 +3,7 @@
 #include "conversation.h"
 #include "generation.h"
 #include "linemonitor.h"
+#include "motiongate.h"
 #include "vantoprotocol.h"
 
 #include <functional>
@@ -40,6 +41,8 @@ public:
     /// `operation` is a name like "setFingerPos".
     virtual void reportFailure(const HandTarget& target, std::string_view operation,
                                std::uint8_t result, std::uint8_t subError) = 0;
+    /// An operation that moves a finger has been refused, because the hand has been halted.
+    virtual void reportHalted() {}
 };
 
 /// The name of an operation of VantoProtocol, given by its member pointer.
@@ -58,7 +61,8 @@ constexpr std::string_view operationName()
 ///     if (call.perform<&VantoProtocol::setFingerPos>(finger, position, speed))
 ///         ...
 ///
-/// Once the target is no longer current, nothing is sent or reported.
+/// Once the target is no longer current, or while a halt is in progress, nothing is sent or
+/// reported.
 class HandCall : public LineHold
 {
 public:
@@ -69,7 +73,11 @@ public:
     explicit HandCall(HandTarget target) : m_target(std::move(target)) {}
 
     const HandTarget& target() const { return m_target; }
-    bool isCurrent() const { return m_target.isCurrent(); }
+    bool isCurrent() const
+    {
+        return m_target.isCurrent() &&
+               (m_halts || MotionGate::state() != MotionGate::State::Closed);
+    }
 
     /// Calls the operation and reports a failure. Returns true on success; only then are the
     /// outputs valid.
@@ -85,12 +93,19 @@ public:
     {
         if (!isCurrent())
             return NotSent;
+        if constexpr (MotionGate::isMotion(operationName<Operation>())) {
+            m_refused = !m_halts && MotionGate::state() == MotionGate::State::Latched;
+            if (m_refused)
+                return NotSent;
+        }
         const std::uint8_t result =
             std::invoke(Operation, *m_target.adapter, m_target.node, arguments...);
         noteResult(result);
         return result;
     }
 
+    /// Whether the last operation has been refused because the hand has been halted.
+    bool wasRefused() const { return m_refused; }
     /// Reports `result` if it is a failure. Returns true on success, if the target is current.
     bool accept(std::string_view operation, std::uint8_t result);
     template<auto Operation>
@@ -101,6 +116,10 @@ public:
     /// The hand's own error byte for its most recent exchange.
     std::uint8_t subError() { return m_target.adapter->getNodeError(m_target.node); }
 
+protected:
+    /// Whether the call belongs to a halt, or ends one.
+    bool m_halts = false;
+
 private:
     static constexpr std::uint8_t NotSent = 0xFF;
 
@@ -108,6 +127,7 @@ private:
 
     HandTarget m_target;
     CallReport* m_report = nullptr;
+    bool m_refused = false; ///< the last operation, by the gate
 };
 
 } // namespace vanto

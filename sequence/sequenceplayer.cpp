@@ -204,6 +204,11 @@ void SequencePlayer::reportFailure(const HandTarget& target, std::string_view op
     _stop(_getErrorMsg(name, target.node, result, subError));
 }
 
+void SequencePlayer::reportHalted()
+{
+    _stop(tr("Halted. Press Continue."));
+}
+
 void SequencePlayer::_stop(const QString& errMsg)
 {
     m_timer.stop();

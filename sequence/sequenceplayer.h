@@ -71,6 +71,7 @@ private:
     bool reportTimeout(const HandTarget& target) override;
     void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,
                        std::uint8_t subError) override;
+    void reportHalted() override;
     void _stop(const QString& errMsg);
     static QString _getErrorMsg(const QString& functionName, std::uint8_t node, std::uint8_t result,
                                 std::uint8_t subError);

@@ -3,10 +3,12 @@
 #include "calibratingdialog.h"
 #include "devicebar.h"
 #include "fingers.h"
+#include "haltcontrol.h"
 #include "program.h"
 #include "statusreporter.h"
 
 #include <QDeadlineTimer>
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QScopedValueRollback>
@@ -127,22 +129,35 @@ void CalibrationProcedure::run(const HandTarget& target)
                                 "now to see the result"));
 }
 
+/// Runs a dialog with a Halt button, which ends the procedure.
+int CalibrationProcedure::exec(QDialog& dialog)
+{
+    dialog.sizeHint(); // creates the buttons of an input dialog
+    auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    m_deviceBar->haltControl()->addTo(buttons);
+    QObject::connect(m_session, &DeviceSession::sig_interrupted, &dialog, &QDialog::reject,
+                     Qt::UniqueConnection);
+    return dialog.exec();
+}
+
 bool CalibrationProcedure::confirm(const QString& prompt)
 {
-    return QMessageBox::information(m_window, Program::title(), prompt,
-                                    QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
+    QMessageBox box(QMessageBox::Information, Program::title(), prompt,
+                    QMessageBox::Ok | QMessageBox::Cancel, m_window);
+    return exec(box) == QMessageBox::Ok;
 }
 
 bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& key)
 {
-    bool accepted = false;
-    const QString text =
-        QInputDialog::getText(m_window, Program::title(), tr("Please input calibration key:"),
-                              QLineEdit::Password, {}, &accepted);
-    if (!accepted || !target.isCurrent())
+    QInputDialog dialog(m_window);
+    dialog.setWindowTitle(Program::title());
+    dialog.setLabelText(tr("Please input calibration key:"));
+    dialog.setTextEchoMode(QLineEdit::Password);
+    if (exec(dialog) != QDialog::Accepted || !target.isCurrent())
         return false;
     bool valid = false;
-    key = static_cast<std::uint16_t>(text.toUInt(&valid, KeyBase)); // the hand takes 16 bits
+    // The hand takes 16 bits.
+    key = static_cast<std::uint16_t>(dialog.textValue().toUInt(&valid, KeyBase));
     if (!valid)
         QMessageBox::critical(m_window, Program::title(), tr("Invalid calibration key"));
     return valid;
@@ -155,7 +170,7 @@ bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint1
     const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
     if (result == AlreadyCalibrating)
         return true;
-    if (result == ResultCode::Success || result == ResultCode::Timeout)
+    if (result == ResultCode::Success || result == ResultCode::Timeout || call.wasRefused())
         return call.accept<&VantoProtocol::calibrate>(result);
     if (!call.isCurrent())
         return false;
@@ -189,7 +204,7 @@ bool CalibrationProcedure::positionThumbRoot(const HandTarget& target, const QSt
     int answer = QDialog::Rejected;
     do {
         failedAfterOk = false;
-        answer = dialog.exec();
+        answer = exec(dialog);
     } while (answer == QDialog::Accepted && failedAfterOk && target.isCurrent());
     return answer == QDialog::Accepted;
 }

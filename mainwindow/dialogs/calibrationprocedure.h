@@ -31,6 +31,7 @@ public:
     static inline int stageMs = 2000;
 
 private:
+    int exec(QDialog& dialog);
     // Each step returns true if the next one may follow.
     bool confirm(const QString& prompt);
     bool requestKey(const HandTarget& target, std::uint16_t& key);

@@ -2,6 +2,7 @@
 
 #include "devicebar.h"
 #include "firmwaredownload.h"
+#include "haltcontrol.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "updatedialog.h"
@@ -174,6 +175,8 @@ QString FirmwareUpdater::write(const QString& path)
 {
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
     const QScopedValueRollback transferring(m_transferring, true);
+    Halt& halt = m_deviceBar->haltControl()->halt();
+    halt.setBlocked(true);
     const LineHold line;
     if (!m_dialog)
         m_dialog = new UpdateDialog(m_window);
@@ -183,6 +186,7 @@ QString FirmwareUpdater::write(const QString& path)
         m_deviceBar->portName(), static_cast<QSerialPort::BaudRate>(BaudRate), path,
         [this](const QString& text) { showLog(text); }, m_progress);
     m_dialog->end();
+    halt.setBlocked(false);
     return failure;
 }
 

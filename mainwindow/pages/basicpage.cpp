@@ -250,6 +250,7 @@ void BasicPage::changeId(const HandTarget& target, std::uint8_t newNode)
     if (!call.perform<&VantoProtocol::setID>(newNode))
         return;
     session()->stopAtOnce(); // the old id no longer answers
+    session()->setNode(newNode);
     m_deviceBar->clearDevices();
     m_deviceBar->clearPages(); // they need a current entry
     m_deviceBar->setSuggestedNode({newNode, newNode, target.adapter->protocolType()});

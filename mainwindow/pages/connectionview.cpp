@@ -1,6 +1,7 @@
 #include "connectionview.h"
 
 #include "deviceentry.h"
+#include "haltcontrol.h"
 #include "statusreporter.h"
 
 #include <QLabel>
@@ -77,6 +78,12 @@ void ConnectionView::reportTo(StatusReporter* reporter)
             Qt::QueuedConnection);
 }
 
+void ConnectionView::setHalt(const Halt* halt)
+{
+    m_halt = halt;
+    connect(halt, &Halt::sig_stateChanged, this, &ConnectionView::update);
+}
+
 void ConnectionView::reportPortLost()
 {
     m_reporter->showError(tr("The port has been lost. Check the cable."));
@@ -135,19 +142,28 @@ void ConnectionView::update()
 {
     const State state = m_session->state();
     const QString tip = toolTip(state);
-    m_state->setText(m_names.value(state));
-    m_state->setAccessibleName(tr("Connection: %1").arg(m_names.value(state)));
+    const bool usable = state == State::Connected || state == State::Scanning;
+    m_nextStep->setText(usable ? QString() : tip.section(QLatin1Char('\n'), 0, 0));
+    const QString halt = m_halt ? HaltControl::stateText(m_halt->state()) : QString();
+    if (halt.isEmpty())
+        show(m_names.value(state), tip, lookOf(state));
+    else
+        show(halt, tr("Continue ends a halt."), "bad");
+}
+
+void ConnectionView::show(const QString& text, const QString& tip, const char* look)
+{
+    m_state->setText(text);
+    m_state->setAccessibleName(tr("Connection: %1").arg(text));
     m_state->setAccessibleDescription(tip);
     for (QLabel* label : {m_icon, m_state}) {
         label->setToolTip(tip);
-        if (label->property("look") == QLatin1String(lookOf(state)))
+        if (label->property("look") == QLatin1String(look))
             continue;
-        label->setProperty("look", QLatin1String(lookOf(state)));
+        label->setProperty("look", QLatin1String(look));
         label->style()->unpolish(label); // the style sheet depends on the property
         label->style()->polish(label);
     }
-    const bool usable = state == State::Connected || state == State::Scanning;
-    m_nextStep->setText(usable ? QString() : tip.section(QLatin1Char('\n'), 0, 0));
 }
 
 } // namespace vanto

@@ -9,6 +9,7 @@ class QLabel;
 namespace vanto
 {
 
+class Halt;
 class StatusReporter;
 
 /// Shows the state of the connection: an icon and a word in the row above the pages, what to do
@@ -20,6 +21,8 @@ public:
     ConnectionView(QLabel* icon, QLabel* state, QLabel* nextStep, DeviceSession* session);
 
     void reportTo(StatusReporter* reporter);
+    /// A halt is shown instead of the state of the connection.
+    void setHalt(const Halt* halt);
     /// The state may have changed.
     void update();
     void reportPortLost();
@@ -32,6 +35,7 @@ public:
 
 private:
     QString toolTip(DeviceSession::State state) const;
+    void show(const QString& text, const QString& tip, const char* look);
 
     QLabel* m_icon;
     QLabel* m_state;
@@ -39,6 +43,7 @@ private:
     DeviceSession* m_session;
     const QHash<DeviceSession::State, QString> m_names;
     StatusReporter* m_reporter = nullptr;
+    const Halt* m_halt = nullptr;
 };
 
 } // namespace vanto

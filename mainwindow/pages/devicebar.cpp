@@ -3,6 +3,7 @@
 #include "connectionview.h"
 #include "devicepage.h"
 #include "equalwidthgroup.h"
+#include "haltcontrol.h"
 #include "lasthand.h"
 #include "portbox.h"
 #include "program.h"
@@ -89,7 +90,37 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
             &ConnectionView::reportOtherHand);
     connect(reconnection, &Reconnection::sig_notOpened, m_connection,
             &ConnectionView::reportNotOpened);
+    createHaltControl();
     resetDevices();
+}
+
+void DeviceBar::createHaltControl()
+{
+    const auto listedNodes = [this] {
+        std::vector<std::uint8_t> nodes;
+        for (int i = 0; i < ui->comboBox_Devices->count(); ++i) {
+            const auto node = static_cast<std::uint8_t>(ui->comboBox_Devices->itemData(i).toInt());
+            DeviceAddress address;
+            parseDeviceEntry(ui->comboBox_Devices->itemText(i), address);
+            if (node != AnyNode && address.type == PROTOCOL_TYPE_SERIALCTRL)
+                nodes.push_back(node);
+        }
+        return nodes;
+    };
+    m_haltControl = new HaltControl(ui->pushButton_Halt, m_session, m_reporter, listedNodes);
+    m_connection->setHalt(&m_haltControl->halt());
+    connect(&m_haltControl->halt(), &Halt::sig_halted, this, &DeviceBar::showHalted);
+}
+
+/// The halt may have cut short what the pages were reading.
+void DeviceBar::showHalted()
+{
+    const auto target = m_session->target();
+    for (DevicePage* page : m_pages)
+        if (target && target->isCurrent())
+            page->resumeAfterHalt(page == m_tabs->currentWidget());
+    if (m_haltControl->halt().state() == Halt::State::Halted)
+        m_reporter->showMessage(HaltControl::stateText(Halt::State::Halted));
 }
 
 void DeviceBar::listPortsInBackground()

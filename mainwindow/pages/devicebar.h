@@ -15,6 +15,7 @@ namespace vanto
 
 class ConnectionView;
 class DevicePage;
+class HaltControl;
 class PortBox;
 class ScanRunner;
 class StatusReporter;
@@ -65,6 +66,8 @@ public:
     /// Calls follow() of all pages.
     void followCurrentPage();
 
+    HaltControl* haltControl() const { return m_haltControl; }
+
     /// The controls that stay usable during a long operation.
     enum class Usable { Nothing, Stop, TopRow };
     /// Disables the rest of this row, the pages, the update action and `actions` while the result
@@ -94,6 +97,8 @@ private:
     void disablePages();
     void deselectDevice();
     void showReconnected(const PortEntry& port);
+    void createHaltControl();
+    void showHalted();
 
     std::unique_ptr<Ui::DeviceBar> ui;
     DeviceSession* m_session = nullptr;
@@ -104,6 +109,7 @@ private:
     ConnectionView* m_connection = nullptr;
     PortBox* m_portBox = nullptr;
     ScanRunner* m_scan = nullptr;
+    HaltControl* m_haltControl = nullptr;
     HandScan::Range m_suggestedNode;
     bool m_indexChanged = false; ///< of the Devices list, by the choice under way
 };

@@ -25,6 +25,12 @@ void DevicePage::reloadKeepingEdits()
     }
 }
 
+void DevicePage::resumeAfterHalt(bool isCurrent)
+{
+    reloadKeepingEdits();
+    follow(isCurrent);
+}
+
 void DevicePage::request(const QWidget* control, RequestQueue::Request action)
 {
     m_session->request([control] { return control->isEnabled(); }, std::move(action));

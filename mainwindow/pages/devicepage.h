@@ -24,6 +24,8 @@ public:
     virtual void reload() {}
     /// The same, but fields that the user has edited keep what has been typed.
     virtual void reloadKeepingEdits();
+    /// Shows the hand after a halt, which may have cut short what the page was reading.
+    virtual void resumeAfterHalt(bool isCurrent);
     /// Clears everything that the page shows of a device.
     virtual void clear() {}
     virtual void enableWidgets(bool /*enable*/) {}

@@ -2,6 +2,8 @@
 
 #include "fingers.h"
 
+#include <QSignalBlocker>
+#include <QSlider>
 #include <QString>
 #include <QWidget>
 
@@ -18,6 +20,15 @@ PerFinger<Widget*> fingerWidgets(const QWidget* page, const char* prefix)
         Q_ASSERT_X(widgets[finger], "fingerWidgets", prefix);
     }
     return widgets;
+}
+
+/// Ends the drags in progress. The releases emit nothing then.
+inline void cancelDrags(const PerFinger<QSlider*>& sliders)
+{
+    for (QSlider* slider : sliders) {
+        const QSignalBlocker blocker(slider);
+        slider->setSliderDown(false);
+    }
 }
 
 } // namespace vanto

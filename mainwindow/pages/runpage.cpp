@@ -42,6 +42,7 @@ void RunPage::setUp(DeviceSession* session, StatusReporter* reporter)
 {
     DevicePage::setUp(session, reporter);
     connect(session, &DeviceSession::sig_stop, &m_timer, &QTimer::stop);
+    connect(session, &DeviceSession::sig_interrupted, this, &RunPage::dropMotions);
 }
 
 void RunPage::follow(bool isCurrent)
@@ -148,6 +149,13 @@ void RunPage::tabRun_handleSliderReleased(unsigned char finger)
         return;
     m_pending.push_back(makeCommand(finger, target->node, m_sliders[finger]->sliderPosition()));
     m_pendingCount.release();
+}
+
+/// A slider that is held now sends nothing when it is released.
+void RunPage::dropMotions()
+{
+    dropPending();
+    cancelDrags(m_sliders);
 }
 
 void RunPage::dropPending()

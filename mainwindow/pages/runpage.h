@@ -68,6 +68,7 @@ private:
 
     void postponeTick();
     bool canContinueTick(const HandCall& call) const;
+    void dropMotions();
     void dropPending();
     void applyMode();
     POS_INFO makeCommand(std::uint8_t finger, std::uint8_t node, int value) const;

@@ -69,6 +69,7 @@ void SequencePage::setUp(DeviceSession* session, StatusReporter* reporter)
     m_table->installEventFilter(window());
     connect(session, &DeviceSession::sig_stop, m_player, &SequencePlayer::stop);
     connect(session, &DeviceSession::sig_stopMotion, m_player, &SequencePlayer::stop);
+    connect(session, &DeviceSession::sig_interrupted, this, [this] { m_editors->cancelDrags(); });
 }
 
 void SequencePage::follow(bool isCurrent)
@@ -140,6 +141,9 @@ void SequencePage::updateSequenceTab()
     enableWidgetsForSequenceTab(Load, editable);
     enableWidgetsForSequenceTab(Save, editable && hasSteps);
     enableWidgetsForSequenceTab(Run, editable && hasSteps);
+    // The next key must not start the run again, nor go to whatever control follows.
+    if (!playing && ui->pushButton_SeqStop->hasFocus())
+        focusTable();
     enableWidgetsForSequenceTab(Stop, playing);
     if (!playing)
         m_focus.reset();
@@ -176,9 +180,13 @@ void SequencePage::play(const HandTarget& target, int start, int end, Purpose pu
         // Unlike a field that is disabled, one that becomes read-only does not finish editing.
         if (const auto finger = m_editors->fingerOfEditedSpeed())
             tabSequence_handleSpeedEdit(*finger);
-        m_focus = std::make_unique<FocusKeeper>(window(), this);
+        if (purpose == Purpose::Edit)
+            m_focus = std::make_unique<FocusKeeper>(window(), this);
         updateSequenceTab();
-        m_focus->recordFocusMove();
+        if (purpose == Purpose::Edit)
+            m_focus->recordFocusMove();
+        else
+            ui->pushButton_SeqStop->setFocus(); // Space stops
         m_player->play(m_sequence->data(), start, end, purpose == Purpose::Edit);
     }
     updateAfterPlay();

@@ -54,6 +54,7 @@ public:
 
     void reload() override;
     void reloadKeepingEdits() override { reload(); } // its editors show no row then
+    void resumeAfterHalt(bool) override { updateAfterPlay(); }
     void clear() override { clearSequenceInfo(); }
     void enableWidgets(bool enable) override
     {

@@ -81,6 +81,11 @@ void StatusReporter::Report::reportFailure(const HandTarget& target, std::string
                              .arg(name, hex(target.node), hex(result), hex(subError)));
 }
 
+void StatusReporter::Report::reportHalted()
+{
+    m_reporter.showError(tr("Halted. Press Continue."));
+}
+
 QString StatusReporter::hex(unsigned number)
 {
     return QStringLiteral("%1").arg(number, 2, 16, QLatin1Char('0'));

@@ -54,6 +54,7 @@ private:
         bool reportTimeout(const HandTarget&) override { return false; }
         void reportFailure(const HandTarget& target, std::string_view operation,
                            std::uint8_t result, std::uint8_t subError) override;
+        void reportHalted() override;
 
     protected:
         StatusReporter& m_reporter;

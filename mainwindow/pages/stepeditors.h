@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fingerwidgets.h"
 #include "motionunit.h"
 #include "sequencedata.h"
 
@@ -34,6 +35,8 @@ public:
     /// Updates slider and read-out.
     void setValue(std::uint8_t finger, int value);
     void setEnabled(bool enabled);
+    /// Forgets sliders that are held.
+    void cancelDrags() { vanto::cancelDrags(m_sliders); }
 
     /// Store the typed value, clamped to its range, and show the stored one.
     void storeDelay(SequenceDataItem& step);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string_view>
+
+namespace vanto
+{
+
+/// Decides for the whole process which operations HandCall sends to hands.
+class MotionGate
+{
+public:
+    enum class State {
+        Open,    ///< all
+        Latched, ///< all that do not move a finger: the hand has been halted
+        Closed   ///< only those of the halt that is in progress
+    };
+
+    static State state();
+    static void set(State state);
+
+    /// Whether the operation of this name can move a finger.
+    static constexpr bool isMotion(std::string_view operation)
+    {
+        for (const std::string_view motion :
+             {"setFingerPos", "setFingerPosAll", "setFingerPosAbs", "setFingerPosAbsAll",
+              "setFingerAngle", "setFingerAngleAll", "fingerStart", "startInit", "calibrate",
+              "reset"})
+            if (operation == motion)
+                return true;
+        return false;
+    }
+};
+
+} // namespace vanto
