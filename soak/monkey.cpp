@@ -1,9 +1,11 @@
 #include "monkey.h"
 
+#include "messagelog.h"
 #include "monitor.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -18,6 +20,7 @@
 #include <QTableWidget>
 #include <QTimer>
 
+#include <array>
 #include <numeric>
 
 namespace vanto
@@ -95,6 +98,11 @@ void Monkey::start(int seconds)
     startTimer(CheckIntervalMs);
     m_stuckMs = std::min(StuckMs, 1000 * seconds / 2);
     m_sinceAction.start();
+    connect(m_driver.window()->findChild<MessageLog*>(), &MessageLog::sig_added, this,
+            [this](const QString& line) {
+                if (line.endsWith(QLatin1String("Reconnected")))
+                    ++m_counts[QStringLiteral("reconnection")];
+            });
     QTimer::singleShot(seconds * 1000, this, [this] { closeWindow(); });
     reconnect();
     scheduleAction();
@@ -185,6 +193,8 @@ void Monkey::answerDialog(QDialog* dialog)
             button->click();
         return;
     }
+    if (answerNodeDialog(dialog))
+        return;
     if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
         if (input->inputMode() == QInputDialog::IntInput)
             input->setIntValue(1 + randomBelow(3));
@@ -205,6 +215,27 @@ void Monkey::answerDialog(QDialog* dialog)
                                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
     else
         dialog->accept();
+}
+
+/// Enters a node or a range, right or wrong. Returns false if the dialog asks for something else.
+bool Monkey::answerNodeDialog(QDialog* dialog)
+{
+    if (auto* node = dialog->findChild<QLineEdit*>(QStringLiteral("lineEdit_Node"))) {
+        node->setText(randomBelow(2) == 0 ? QString::number(1 + randomBelow(2)) : randomText());
+        selectRandomItem(dialog->findChild<QComboBox*>(QStringLiteral("comboBox_Protocol")));
+    } else if (auto* first = dialog->findChild<QSpinBox*>(QStringLiteral("spinBox_FirstNode"))) {
+        // At least one of the hands is in the range, if there is a range.
+        first->setValue(1 + randomBelow(2));
+        auto* last = dialog->findChild<QSpinBox*>(QStringLiteral("spinBox_LastNode"));
+        last->setValue(1 + randomBelow(randomBelow(2) == 0 ? 3 : 255));
+    } else {
+        return false;
+    }
+    if (randomBelow(4) != 0)
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    if (dialog->isVisible()) // a wrong entry does not close it
+        dialog->reject();
+    return true;
 }
 
 QString Monkey::randomText()
@@ -354,9 +385,9 @@ void Monkey::stopSequence()
 
 void Monkey::triggerAction()
 {
-    const QString names[] = {QStringLiteral("action_Theme"), QStringLiteral("action_About"),
-                             QStringLiteral("action_Messages")};
-    m_driver.trigger(names[randomBelow(3)]);
+    constexpr std::array names{"action_Theme", "action_About", "action_Messages",
+                               "action_Open_Node", "action_Scan_Range"};
+    m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 
 /// Arms a fault for one of the next ten requests. In total it affects one request in ten.
@@ -381,8 +412,8 @@ void Monkey::interruptConnection()
     QTimer::singleShot(DisconnectedMs, this, [this, hang] {
         m_hand.command(hang ? QStringLiteral("hang off") : QStringLiteral("replug"));
         m_hand.command(QStringLiteral("clear"));
-        if (!hang)
-            reconnect();
+        if (!hang && randomBelow(2) == 0)
+            reconnect(); // otherwise the window does this by itself
     });
 }
 

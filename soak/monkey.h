@@ -56,6 +56,7 @@ private:
     void closeWindow();
     void changePhase();
     void answerDialog(QDialog* dialog);
+    bool answerNodeDialog(QDialog* dialog);
     QString randomText();
     QString randomSequenceFile();
 
