@@ -1,5 +1,6 @@
 #include "losstest.h"
 
+#include "conversation.h"
 #include "dialogwatch.h"
 #include "handprocess.h"
 #include "messagelog.h"
@@ -91,6 +92,7 @@ private:
     bool isInUse() const;
     void unplug();
     void noteLoss();
+    void beginMeasurement();
     void replug();
     void missDeadline();
     void scanAgain();
@@ -104,14 +106,16 @@ private:
     int m_patience;
     WindowDriver m_driver;
     QEventLoop m_loop;
-    QTimer m_deadline; ///< of the current phase
-    QElapsedTimer m_sincePhase;
+    QTimer m_deadline;          ///< of the current phase
+    QElapsedTimer m_sincePhase; ///< since unplug or replug
     Phase m_phase = Phase::InUse;
 
     std::vector<Use> m_uses; ///< still to come, before each has its turn again
     Use m_use = OnBasicPage;
     QStringList m_errors; ///< shown since the unplug
     int m_boxes = 0;      ///< likewise
+    bool m_measuring = false;
+    QElapsedTimer m_sinceMeasured;
     double m_processorStart = 0;
 
     int m_remaining = 0;
@@ -135,6 +139,8 @@ LossCampaign::LossCampaign(HandProcess& hand, Monitor& monitor, std::uint32_t se
     connect(&m_deadline, &QTimer::timeout, this, &LossCampaign::missDeadline);
     connect(m_driver.window()->findChild<MessageLog*>(), &MessageLog::sig_added, this,
             &LossCampaign::noteMessage);
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this,
+            &LossCampaign::beginMeasurement);
     qApp->installEventFilter(this);
 }
 
@@ -267,15 +273,29 @@ void LossCampaign::noteLoss()
     m_deadline.stop();
     m_longestNoticeMs = std::max(m_longestNoticeMs, m_sincePhase.elapsed());
     m_phase = Phase::Lost;
-    m_sincePhase.start();
-    m_processorStart = processorSeconds();
+    m_measuring = false;
+    if (!Conversation::isActive())
+        beginMeasurement();
     after(between(MinLostMs, MaxLostMs), &LossCampaign::replug);
+}
+
+/// Not earlier than the end of the exchange that was cut: over SerialCtrl it polls the port until
+/// its time-out.
+void LossCampaign::beginMeasurement()
+{
+    if (m_phase != Phase::Lost || m_measuring)
+        return;
+    m_measuring = true;
+    m_sinceMeasured.start();
+    m_processorStart = processorSeconds();
 }
 
 void LossCampaign::replug()
 {
-    m_processorSeconds += processorSeconds() - m_processorStart;
-    m_lostSeconds += static_cast<double>(m_sincePhase.elapsed()) / 1000;
+    if (m_measuring) {
+        m_processorSeconds += processorSeconds() - m_processorStart;
+        m_lostSeconds += 1e-9 * static_cast<double>(m_sinceMeasured.nsecsElapsed());
+    }
     const QLatin1String expected(m_use == InScan ? "Not connected" : "Port lost");
     if (stateText() != expected)
         addFinding(QStringLiteral("the state is shown as '%1'").arg(stateText()));

@@ -34,7 +34,8 @@ constexpr int PhaseMs = 6000;
 constexpr int SettleMs = 3000; ///< until requests from before a quiet phase are finished
 constexpr int MaxNesting = 4;
 constexpr int DisconnectedMs = 700;
-constexpr int StuckMs = 60'000; ///< without an action; includes the time of an update
+constexpr int ReconnectionMs = 2000; ///< two searches of the window
+constexpr int StuckMs = 60'000;      ///< without an action; includes the time of an update
 constexpr int CloseRetryMs = 200;
 
 /// Whether the button of this name can move a finger.
@@ -61,21 +62,21 @@ QString dialogText(const QWidget* dialog)
 const std::vector<Monkey::Action>& Monkey::actionTable()
 {
     static const std::vector<Action> actions{
-        {"click", 20, false, &Monkey::clickRandomButton},
-        {"click that moves", 14, true, &Monkey::clickMotionButton},
-        {"page", 14, false, &Monkey::changePage},
-        {"key", 10, false, &Monkey::pressKey},
-        {"type", 10, false, &Monkey::enterRandomText},
-        {"slider", 12, true, &Monkey::dragSlider},
-        {"choice", 5, false, &Monkey::changeComboBox},
-        {"device", 3, false, &Monkey::changeDevice},
-        {"port", 1, false, &Monkey::changePort},
-        {"connect", 4, false, &Monkey::reconnect},
-        {"row", 8, true, &Monkey::selectRow},
-        {"stop", 5, false, &Monkey::stopSequence},
-        {"menu", 2, false, &Monkey::triggerAction},
-        {"fault", 25, false, &Monkey::injectFault},
-        {"cable", 1, false, &Monkey::interruptConnection},
+        {"click", 20, false, false, &Monkey::clickRandomButton},
+        {"click that moves", 14, true, false, &Monkey::clickMotionButton},
+        {"page", 14, false, false, &Monkey::changePage},
+        {"key", 10, false, false, &Monkey::pressKey},
+        {"type", 10, false, false, &Monkey::enterRandomText},
+        {"slider", 12, true, false, &Monkey::dragSlider},
+        {"choice", 5, false, false, &Monkey::changeComboBox},
+        {"device", 3, false, true, &Monkey::changeDevice},
+        {"port", 1, false, true, &Monkey::changePort},
+        {"connect", 4, false, true, &Monkey::reconnect},
+        {"row", 8, true, false, &Monkey::selectRow},
+        {"stop", 5, false, false, &Monkey::stopSequence},
+        {"menu", 2, false, false, &Monkey::triggerAction},
+        {"fault", 25, false, false, &Monkey::injectFault},
+        {"cable", 1, false, false, &Monkey::interruptConnection},
     };
     return actions;
 }
@@ -133,7 +134,7 @@ void Monkey::scheduleAction()
         auto chosen = std::find_if(actions.begin(), actions.end(), [&choice](const Action& action) {
             return (choice -= action.weight) < 0;
         });
-        if (m_quiet && chosen->movesFinger)
+        if ((m_quiet && chosen->movesFinger) || (chosen->changesConnection && !m_left.hasExpired()))
             return;
         if (m_driver.devices()->count() == 0 && randomBelow(3) == 0)
             chosen = std::find_if(actions.begin(), actions.end(), [](const Action& action) {
@@ -405,15 +406,19 @@ void Monkey::injectFault()
                        .arg(randomBelow(10)));
 }
 
+/// Half of the time the port is left to the window, which looks for it by itself.
 void Monkey::interruptConnection()
 {
     const bool hang = randomBelow(2) == 0;
+    const bool isLeft = !hang && randomBelow(2) == 0;
+    if (isLeft)
+        m_left.setRemainingTime(DisconnectedMs + ReconnectionMs);
     m_hand.command(hang ? QStringLiteral("hang") : QStringLiteral("unplug"));
-    QTimer::singleShot(DisconnectedMs, this, [this, hang] {
+    QTimer::singleShot(DisconnectedMs, this, [this, hang, isLeft] {
         m_hand.command(hang ? QStringLiteral("hang off") : QStringLiteral("replug"));
         m_hand.command(QStringLiteral("clear"));
-        if (!hang && randomBelow(2) == 0)
-            reconnect(); // otherwise the window does this by itself
+        if (!hang && !isLeft)
+            reconnect();
     });
 }
 
