@@ -36,6 +36,7 @@ constexpr int NoticeLimitMs = 300;
 constexpr int ReconnectLimitMs = 1500; ///< the window looks for the port once a second
 constexpr int NoSearchMs = 1300;       ///< longer than that second
 constexpr int PauseBetweenMs = 100;
+constexpr double SlowFrameMs = 30;
 constexpr double ProcessorLimit = 0.02; ///< of one processor, while the port is lost
 
 constexpr QLatin1String LostText("The port has been lost. Check the cable.");
@@ -96,8 +97,10 @@ private:
     void replug();
     void missDeadline();
     void scanAgain();
+    void endReconnection();
     void endLoss();
     void checkMessages();
+    void printSlowFrames() const;
     static void closeDialog();
 
     HandProcess& m_hand;
@@ -199,7 +202,7 @@ void LossCampaign::noteMessage(const QString& line)
     } else if (m_phase == Phase::Replugged && line.endsWith(ReconnectedText)) {
         m_deadline.stop();
         m_reconnectMs.push_back(m_sincePhase.elapsed());
-        after(PauseBetweenMs, &LossCampaign::endLoss);
+        after(PauseBetweenMs, &LossCampaign::endReconnection);
     }
 }
 
@@ -315,8 +318,8 @@ void LossCampaign::missDeadline()
         noteLoss();
         return;
     }
-    addFinding(QStringLiteral("the hand is not reconnected in time: ") +
-               m_errors.join(QLatin1String(" | ")));
+    addFinding(QStringLiteral("the hand is not reconnected in time"));
+    checkMessages();
     closeDialog();
     after(PauseBetweenMs, &LossCampaign::scanAgain);
 }
@@ -325,13 +328,20 @@ void LossCampaign::scanAgain()
 {
     if (m_use == InScan && !m_hand.requests().isEmpty())
         addFinding(QStringLiteral("requests without a search"));
+    if (m_use == InScan)
+        checkMessages();
     m_driver.openHand(m_hand.portName());
+    endLoss();
+}
+
+void LossCampaign::endReconnection()
+{
+    checkMessages();
     endLoss();
 }
 
 void LossCampaign::endLoss()
 {
-    checkMessages();
     if (stateText() != QLatin1String("Connected"))
         addFinding(QStringLiteral("the hand is not open again"));
     if (m_use == OnRunPage && !m_driver.find<QTimer>(QStringLiteral("runTimer"))->isActive())
@@ -353,8 +363,23 @@ void LossCampaign::checkMessages()
     const bool inScan = m_use == InScan;
     if (m_boxes != (inScan ? 1 : 0))
         addFinding(QStringLiteral("%1 boxes").arg(m_boxes));
-    if (inScan ? m_errors.contains(LostText) : m_errors != QStringList{LostText})
+    if (inScan ? m_errors.contains(LostText) : m_errors != QStringList{LostText}) {
         addFinding(QStringLiteral("wrong messages: ") + m_errors.join(QLatin1String(" | ")));
+        printSlowFrames();
+    }
+}
+
+/// Whether a time-out is due to the machine: then the hand has read requests late.
+void LossCampaign::printSlowFrames() const
+{
+    double previous = 0;
+    for (const TracedFrame& frame : m_hand.trace()) {
+        if (!frame.marks.isEmpty() || frame.ms - previous > SlowFrameMs)
+            std::fprintf(stderr, "    %.1f ms, %.1f ms after the last frame: %s %s %s\n", frame.ms,
+                         frame.ms - previous, qPrintable(frame.direction),
+                         frame.bytes.toHex(' ').constData(), qPrintable(frame.marks));
+        previous = frame.ms;
+    }
 }
 
 void LossCampaign::closeDialog()
