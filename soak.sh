@@ -18,7 +18,7 @@ status=0
 for protocol in serialctrl modbus; do
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --seconds $((60 * minutes)) || status=1
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --stops 200 || status=1
-    build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --losses 100 || status=1
+    build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --losses 100 --patience 2 || status=1
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --endings $((10 * minutes)) || status=1
 done
 exit "$status"

@@ -139,6 +139,7 @@ LossCampaign::LossCampaign(HandProcess& hand, Monitor& monitor, std::uint32_t se
       m_driver({hand.portName()})
 {
     m_deadline.setSingleShot(true);
+    m_deadline.setTimerType(Qt::PreciseTimer);
     connect(&m_deadline, &QTimer::timeout, this, &LossCampaign::missDeadline);
     connect(m_driver.window()->findChild<MessageLog*>(), &MessageLog::sig_added, this,
             &LossCampaign::noteMessage);
@@ -202,6 +203,8 @@ void LossCampaign::noteMessage(const QString& line)
     } else if (m_phase == Phase::Replugged && line.endsWith(ReconnectedText)) {
         m_deadline.stop();
         m_reconnectMs.push_back(m_sincePhase.elapsed());
+        if (m_reconnectMs.back() > ReconnectLimitMs * m_patience)
+            addFinding(QStringLiteral("reconnected after %1 ms").arg(m_reconnectMs.back()));
         after(PauseBetweenMs, &LossCampaign::endReconnection);
     }
 }
@@ -274,7 +277,10 @@ void LossCampaign::noteLoss()
     if (m_phase != Phase::Unplugged)
         return; // checkMessages() reports it
     m_deadline.stop();
-    m_longestNoticeMs = std::max(m_longestNoticeMs, m_sincePhase.elapsed());
+    const qint64 took = m_sincePhase.elapsed();
+    m_longestNoticeMs = std::max(m_longestNoticeMs, took);
+    if (took >= NoticeLimitMs * m_patience)
+        addFinding(QStringLiteral("the loss is reported after %1 ms").arg(took));
     m_phase = Phase::Lost;
     m_measuring = false;
     if (!Conversation::isActive())
@@ -314,10 +320,10 @@ void LossCampaign::replug()
 void LossCampaign::missDeadline()
 {
     if (m_phase == Phase::Unplugged) {
-        addFinding(QStringLiteral("the loss is not reported in time"));
-        noteLoss();
+        noteLoss(); // and checkMessages() if it is never reported
         return;
     }
+    m_phase = Phase::InUse; // a late reconnection ends nothing
     addFinding(QStringLiteral("the hand is not reconnected in time"));
     checkMessages();
     closeDialog();
@@ -326,6 +332,10 @@ void LossCampaign::missDeadline()
 
 void LossCampaign::scanAgain()
 {
+    if (Conversation::isActive() || QApplication::activeModalWidget()) { // the scan would wait
+        after(PauseBetweenMs, &LossCampaign::scanAgain);
+        return;
+    }
     if (m_use == InScan && !m_hand.requests().isEmpty())
         addFinding(QStringLiteral("requests without a search"));
     if (m_use == InScan)
