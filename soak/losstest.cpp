@@ -115,8 +115,8 @@ private:
 
     std::vector<Use> m_uses; ///< still to come, before each has its turn again
     Use m_use = OnBasicPage;
-    QStringList m_errors; ///< shown since the unplug
-    int m_boxes = 0;      ///< likewise
+    QStringList m_errors; ///< shown since the start of the use, then since the unplug
+    int m_boxes = 0;      ///< since the unplug
     bool m_measuring = false;
     QElapsedTimer m_sinceMeasured;
     double m_processorStart = 0;
@@ -220,6 +220,7 @@ void LossCampaign::beginLoss()
     m_uses.pop_back();
     ++m_counts.at(m_use);
     m_phase = Phase::InUse;
+    m_errors.clear();
     beginUse();
     after(between(MinUseMs, MaxUseMs), &LossCampaign::unplug);
 }
@@ -262,7 +263,7 @@ bool LossCampaign::isInUse() const
 void LossCampaign::unplug()
 {
     if (!isInUse())
-        addFinding(QStringLiteral("the window does something else"));
+        addFinding(QStringLiteral("the use has ended: ") + m_errors.join(QLatin1String(" | ")));
     m_errors.clear();
     m_boxes = 0;
     m_phase = Phase::Unplugged;
