@@ -1,6 +1,7 @@
 // Monkey test: uses the real window with a simulated hand at random.
 
 #include "exittest.h"
+#include "losstest.h"
 #include "monitor.h"
 #include "monkey.h"
 #include "replylimits.h"
@@ -17,16 +18,29 @@
 namespace vanto
 {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool Sanitized = true;
-#else
-constexpr bool Sanitized = false;
-#endif
-
 namespace
 {
 /// Actions and requests per second; a run with fewer of them tests too little.
 constexpr int MinPerSecond = 2;
+
+struct Option {
+    const char* name;
+    const char* description;
+    const char* valueName;
+    const char* value; ///< if the option is not given
+};
+
+constexpr Option Options[] = {
+    {"seconds", "Duration in seconds.", "N", "60"},
+    {"seed", "Seed of the random choices.", "N", "1"},
+    {"protocol", "Protocol: serialctrl or modbus.", "NAME", "serialctrl"},
+    {"endings", "Exit N times during long operations instead.", "N", ""},
+    {"stops", "Stop a running sequence at N random moments instead.", "N", ""},
+    {"losses", "Unplug the hand N times and plug it in again instead.", "N", ""},
+    {"end-during", "Exit once during this operation instead.", "NAME", ""},
+    {"after", "Delay before that exit in ms.", "N", "100"},
+    {"patience", "Multiply all time-outs by N, for a busy machine.", "N", "1"},
+};
 
 int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int patience)
 {
@@ -63,50 +77,29 @@ int runProgram(int argc, char* argv[])
     parser.setApplicationDescription(QStringLiteral(
         "Uses the window at random. The exit status is 0 if there are no findings."));
     parser.addHelpOption();
-    const QCommandLineOption seconds(QStringLiteral("seconds"),
-                                     QStringLiteral("Duration in seconds."), QStringLiteral("N"),
-                                     QStringLiteral("60"));
-    const QCommandLineOption seed(QStringLiteral("seed"),
-                                  QStringLiteral("Seed of the random choices."),
-                                  QStringLiteral("N"), QStringLiteral("1"));
-    const QCommandLineOption protocol(QStringLiteral("protocol"),
-                                      QStringLiteral("Protocol: serialctrl or modbus."),
-                                      QStringLiteral("NAME"), QStringLiteral("serialctrl"));
-    const QCommandLineOption endings(QStringLiteral("endings"),
-                                     QStringLiteral("Exit N times during long operations instead."),
-                                     QStringLiteral("N"));
-    const QCommandLineOption stops(
-        QStringLiteral("stops"),
-        QStringLiteral("Stop a running sequence at N random moments instead."),
-        QStringLiteral("N"));
-    const QCommandLineOption endDuring(QStringLiteral("end-during"),
-                                       QStringLiteral("Exit once during this operation instead."),
-                                       QStringLiteral("NAME"));
-    const QCommandLineOption after(QStringLiteral("after"),
-                                   QStringLiteral("Delay before that exit in ms."),
-                                   QStringLiteral("N"), QStringLiteral("100"));
-    const QCommandLineOption patience(
-        QStringLiteral("patience"),
-        QStringLiteral("Multiply all time-outs by N, for a busy machine."), QStringLiteral("N"),
-        QStringLiteral("1"));
-    parser.addOptions({seconds, seed, protocol, endings, stops, endDuring, after, patience});
+    for (const auto& [name, description, valueName, value] : Options)
+        parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(valueName),
+                          QLatin1String(value)});
     parser.process(application);
-    const int factor = parser.value(patience).toInt();
-    ReplyLimits::current() = ReplyLimits().scaled(factor);
+    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
+    const int patience = value("patience").toInt();
+    ReplyLimits::current() = ReplyLimits().scaled(patience);
 
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
-    const QString kind = parser.value(protocol);
-    if (parser.isSet(endings))
-        return ExitTest::run(parser.value(endings).toInt(), parser.value(seed).toUInt(), kind,
-                             parser.value(patience));
-    if (parser.isSet(stops))
-        return StopTest::run(parser.value(stops).toInt(), parser.value(seed).toUInt(), kind);
-    if (parser.isSet(endDuring)) {
+    const QString protocol = value("protocol");
+    const auto seed = value("seed").toUInt();
+    if (parser.isSet(QStringLiteral("endings")))
+        return ExitTest::run(value("endings").toInt(), seed, protocol, value("patience"));
+    if (parser.isSet(QStringLiteral("stops")))
+        return StopTest::run(value("stops").toInt(), seed, protocol);
+    if (parser.isSet(QStringLiteral("losses")))
+        return LossTest::run(value("losses").toInt(), seed, protocol, patience);
+    if (parser.isSet(QStringLiteral("end-during"))) {
         qputenv("QT_LOGGING_RULES", "default.debug=false");
-        return ExitTest::runOnce(parser.value(endDuring), parser.value(after).toInt(), kind);
+        return ExitTest::runOnce(value("end-during"), value("after").toInt(), protocol);
     }
-    return runMonkey(parser.value(seconds).toInt(), parser.value(seed).toUInt(), kind, factor);
+    return runMonkey(value("seconds").toInt(), seed, protocol, patience);
 }
 
 } // namespace vanto

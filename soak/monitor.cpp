@@ -112,7 +112,10 @@ void Monitor::checkEventLoop()
     m_processorMs += used;
     m_longestGapMs = std::max(m_longestGapMs, gap);
     if (gap > m_limitMs && (!m_busyMachine || used > m_limitMs || gap > MaxGapMs))
-        addFinding(QStringLiteral("the event loop was blocked for %1 ms").arg(gap));
+        addFinding(
+            QStringLiteral("the event loop was blocked for %1 ms, with %2 ms of processor time")
+                .arg(gap)
+                .arg(used));
 }
 
 void Monitor::addFinding(const QString& finding)

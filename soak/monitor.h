@@ -10,6 +10,12 @@ namespace vanto
 
 class HandProcess;
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool Sanitized = true;
+#else
+constexpr bool Sanitized = false;
+#endif
+
 /// Checks conditions that must hold during all actions: no Qt warnings, no blocked event loop, no
 /// overlapping exchanges on the wire, and no motion in quiet phases.
 class Monitor : public QObject

@@ -1,9 +1,11 @@
 #include "monkey.h"
 
+#include "messagelog.h"
 #include "monitor.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -18,6 +20,7 @@
 #include <QTableWidget>
 #include <QTimer>
 
+#include <array>
 #include <numeric>
 
 namespace vanto
@@ -31,7 +34,8 @@ constexpr int PhaseMs = 6000;
 constexpr int SettleMs = 3000; ///< until requests from before a quiet phase are finished
 constexpr int MaxNesting = 4;
 constexpr int DisconnectedMs = 700;
-constexpr int StuckMs = 60'000; ///< without an action; includes the time of an update
+constexpr int ReconnectionMs = 2000; ///< two searches of the window
+constexpr int StuckMs = 60'000;      ///< without an action; includes the time of an update
 constexpr int CloseRetryMs = 200;
 
 /// Whether the button of this name can move a finger.
@@ -58,21 +62,21 @@ QString dialogText(const QWidget* dialog)
 const std::vector<Monkey::Action>& Monkey::actionTable()
 {
     static const std::vector<Action> actions{
-        {"click", 20, false, &Monkey::clickRandomButton},
-        {"click that moves", 14, true, &Monkey::clickMotionButton},
-        {"page", 14, false, &Monkey::changePage},
-        {"key", 10, false, &Monkey::pressKey},
-        {"type", 10, false, &Monkey::enterRandomText},
-        {"slider", 12, true, &Monkey::dragSlider},
-        {"choice", 5, false, &Monkey::changeComboBox},
-        {"device", 3, false, &Monkey::changeDevice},
-        {"port", 1, false, &Monkey::changePort},
-        {"connect", 4, false, &Monkey::reconnect},
-        {"row", 8, true, &Monkey::selectRow},
-        {"stop", 5, false, &Monkey::stopSequence},
-        {"menu", 2, false, &Monkey::triggerAction},
-        {"fault", 25, false, &Monkey::injectFault},
-        {"cable", 1, false, &Monkey::interruptConnection},
+        {"click", 20, false, false, &Monkey::clickRandomButton},
+        {"click that moves", 14, true, false, &Monkey::clickMotionButton},
+        {"page", 14, false, false, &Monkey::changePage},
+        {"key", 10, false, false, &Monkey::pressKey},
+        {"type", 10, false, false, &Monkey::enterRandomText},
+        {"slider", 12, true, false, &Monkey::dragSlider},
+        {"choice", 5, false, false, &Monkey::changeComboBox},
+        {"device", 3, false, true, &Monkey::changeDevice},
+        {"port", 1, false, true, &Monkey::changePort},
+        {"connect", 4, false, true, &Monkey::reconnect},
+        {"row", 8, true, false, &Monkey::selectRow},
+        {"stop", 5, false, false, &Monkey::stopSequence},
+        {"menu", 2, false, false, &Monkey::triggerAction},
+        {"fault", 25, false, false, &Monkey::injectFault},
+        {"cable", 1, false, false, &Monkey::interruptConnection},
     };
     return actions;
 }
@@ -95,6 +99,11 @@ void Monkey::start(int seconds)
     startTimer(CheckIntervalMs);
     m_stuckMs = std::min(StuckMs, 1000 * seconds / 2);
     m_sinceAction.start();
+    connect(m_driver.window()->findChild<MessageLog*>(), &MessageLog::sig_added, this,
+            [this](const QString& line) {
+                if (line.endsWith(QLatin1String("Reconnected")))
+                    ++m_counts[QStringLiteral("reconnection")];
+            });
     QTimer::singleShot(seconds * 1000, this, [this] { closeWindow(); });
     reconnect();
     scheduleAction();
@@ -125,7 +134,7 @@ void Monkey::scheduleAction()
         auto chosen = std::find_if(actions.begin(), actions.end(), [&choice](const Action& action) {
             return (choice -= action.weight) < 0;
         });
-        if (m_quiet && chosen->movesFinger)
+        if ((m_quiet && chosen->movesFinger) || (chosen->changesConnection && !m_left.hasExpired()))
             return;
         if (m_driver.devices()->count() == 0 && randomBelow(3) == 0)
             chosen = std::find_if(actions.begin(), actions.end(), [](const Action& action) {
@@ -185,6 +194,8 @@ void Monkey::answerDialog(QDialog* dialog)
             button->click();
         return;
     }
+    if (answerNodeDialog(dialog))
+        return;
     if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
         if (input->inputMode() == QInputDialog::IntInput)
             input->setIntValue(1 + randomBelow(3));
@@ -205,6 +216,27 @@ void Monkey::answerDialog(QDialog* dialog)
                                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
     else
         dialog->accept();
+}
+
+/// Enters a node or a range, right or wrong. Returns false if the dialog asks for something else.
+bool Monkey::answerNodeDialog(QDialog* dialog)
+{
+    if (auto* node = dialog->findChild<QLineEdit*>(QStringLiteral("lineEdit_Node"))) {
+        node->setText(randomBelow(2) == 0 ? QString::number(1 + randomBelow(2)) : randomText());
+        selectRandomItem(dialog->findChild<QComboBox*>(QStringLiteral("comboBox_Protocol")));
+    } else if (auto* first = dialog->findChild<QSpinBox*>(QStringLiteral("spinBox_FirstNode"))) {
+        // At least one of the hands is in the range, if there is a range.
+        first->setValue(1 + randomBelow(2));
+        auto* last = dialog->findChild<QSpinBox*>(QStringLiteral("spinBox_LastNode"));
+        last->setValue(1 + randomBelow(randomBelow(2) == 0 ? 3 : 255));
+    } else {
+        return false;
+    }
+    if (randomBelow(4) != 0)
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    if (dialog->isVisible()) // a wrong entry does not close it
+        dialog->reject();
+    return true;
 }
 
 QString Monkey::randomText()
@@ -354,9 +386,9 @@ void Monkey::stopSequence()
 
 void Monkey::triggerAction()
 {
-    const QString names[] = {QStringLiteral("action_Theme"), QStringLiteral("action_About"),
-                             QStringLiteral("action_Messages")};
-    m_driver.trigger(names[randomBelow(3)]);
+    constexpr std::array names{"action_Theme", "action_About", "action_Messages",
+                               "action_Open_Node", "action_Scan_Range"};
+    m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 
 /// Arms a fault for one of the next ten requests. In total it affects one request in ten.
@@ -374,14 +406,18 @@ void Monkey::injectFault()
                        .arg(randomBelow(10)));
 }
 
+/// Half of the time the port is left to the window, which looks for it by itself.
 void Monkey::interruptConnection()
 {
     const bool hang = randomBelow(2) == 0;
+    const bool isLeft = !hang && randomBelow(2) == 0;
+    if (isLeft)
+        m_left.setRemainingTime(DisconnectedMs + ReconnectionMs);
     m_hand.command(hang ? QStringLiteral("hang") : QStringLiteral("unplug"));
-    QTimer::singleShot(DisconnectedMs, this, [this, hang] {
+    QTimer::singleShot(DisconnectedMs, this, [this, hang, isLeft] {
         m_hand.command(hang ? QStringLiteral("hang off") : QStringLiteral("replug"));
         m_hand.command(QStringLiteral("clear"));
-        if (!hang)
+        if (!hang && !isLeft)
             reconnect();
     });
 }

@@ -4,6 +4,7 @@
 #include "handprocess.h"
 #include "windowdriver.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
@@ -41,6 +42,7 @@ private:
         const char* name;
         int weight;
         bool movesFinger;
+        bool changesConnection;
         void (Monkey::*run)();
     };
     static const std::vector<Action>& actionTable();
@@ -56,6 +58,7 @@ private:
     void closeWindow();
     void changePhase();
     void answerDialog(QDialog* dialog);
+    bool answerNodeDialog(QDialog* dialog);
     QString randomText();
     QString randomSequenceFile();
 
@@ -83,6 +86,7 @@ private:
     DialogWatch m_dialogs;
     QElapsedTimer m_sinceAction;
     int m_stuckMs = 0;
+    QDeadlineTimer m_left; ///< until then the connection is left to the window
     bool m_quiet = false;
     bool m_closing = false;
     int m_nesting = 0; ///< actions on the stack, each possibly in a nested event loop

@@ -29,8 +29,9 @@ void wait(int ms)
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
 }
+} // namespace
 
-QString writeSequence()
+QString StopTest::writeSequence()
 {
     SequenceManager manager;
     for (int i = 0; i < StepCount; ++i)
@@ -40,7 +41,6 @@ QString writeSequence()
     manager.saveSequenceData(file);
     return file.fileName();
 }
-} // namespace
 
 int StopTest::run(int count, std::uint32_t seed, const QString& protocol)
 {
