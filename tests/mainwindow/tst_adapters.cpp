@@ -26,6 +26,7 @@ private slots:
     void comesBackUnderOtherName();
     void otherAdapterTakesName_data();
     void otherAdapterTakesName();
+    void newAdaptersAppear();
 
 private:
     QString state() const { return m_tool->find<QLabel>("label_ConnectionState")->text(); }
@@ -129,6 +130,26 @@ void TestAdapters::otherAdapterTakesName()
     ReplyLimits::current() = PatientLimits;
     plugIn("ttyUSB1");
     awaitReconnection("ttyUSB1");
+}
+
+void TestAdapters::newAdaptersAppear()
+{
+    openByScan("ttyUSB1");
+    clearRecords();
+    plugIn("ttyUSB2", "B2");
+    plugIn("ttyUSB0", "");
+    QTRY_COMPARE_WITH_TIMEOUT(
+        ports(), (QStringList{text("ttyUSB0"), text("ttyUSB1"), text("ttyUSB2"), Added}), 60'000);
+    QCOMPARE(port(), text("ttyUSB1"));
+    QCOMPARE(m_tool->ports()->itemData(0).toString(), "ttyUSB0");
+    QCOMPARE(m_tool->devices()->count(), 2);
+    QCOMPARE(state(), "Connected");
+    QVERIFY(m_hand->trace().isEmpty());
+    unplug("ttyUSB1");
+    plugIn("ttyUSB3");
+    awaitReconnection("ttyUSB3");
+    QTest::qWait(2500); // new adapters are looked for every two seconds
+    QCOMPARE(ports().count(text("ttyUSB3")), 1);
 }
 
 VANTO_TEST(TestAdapters)
