@@ -26,7 +26,7 @@ log=$folder/$release$(printf -- '-%s' "$*" | tr --complement --squeeze-repeats '
 clean_up() {
     # Removing the folder must not remove /dev/pts or other mounts.
     local mount_point
-    for mount_point in dev/pts dev proc; do
+    for mount_point in dev/pts dev proc .; do
         mountpoint --quiet "$root/$mount_point" && umount "$root/$mount_point"
     done
     rm -rf --one-file-system "$root"
@@ -44,6 +44,7 @@ if [[ ! -e $archive ]]; then
 else
     tar --extract --file "$archive" --directory "$root"
 fi
+mount --bind "$root" "$root" # tests with a mount namespace need a root that is a mount point
 mount -t proc proc "$root/proc"
 mount --bind /dev "$root/dev"
 mount --bind /dev/pts "$root/dev/pts"
