@@ -24,6 +24,14 @@ QHash<State, QString> stateNames()
             {State::NoHandChosen, ConnectionView::tr("No hand chosen")}};
 }
 
+/// A long text would make the row too wide.
+QString onTwoLines(QString text)
+{
+    text.replace(QLatin1String(". "), QLatin1String(".\n"));
+    text.replace(QStringLiteral("\u3002"), QStringLiteral("\u3002\n")); // the full stop of CJK
+    return text.trimmed();
+}
+
 /// The look of a state in the style sheets.
 const char* lookOf(State state)
 {
@@ -148,7 +156,7 @@ void ConnectionView::update()
     if (halt.isEmpty())
         show(m_names.value(state), tip, lookOf(state));
     else
-        show(halt, tr("Continue ends a halt."), "bad");
+        show(onTwoLines(halt), tr("Continue ends a halt."), "bad");
 }
 
 void ConnectionView::show(const QString& text, const QString& tip, const char* look)

@@ -117,9 +117,7 @@ void HaltControl::update()
     const bool halted = state == Halt::State::Halted;
     const bool alarm = state == Halt::State::NotConfirmed || state == Halt::State::SentToAll;
     m_button->setEnabled(m_halt.isAvailable());
-    m_button->setText(halted  ? tr("Continue")
-                      : alarm ? tr("Not confirmed\nSwitch the power off")
-                              : tr("Halt"));
+    m_button->setText(halted ? tr("Continue") : alarm ? tr("Halt not\nconfirmed") : tr("Halt"));
     m_button->setToolTip(halted ? tr("The fingers are held. Continue allows motions again.")
                                 : tr("Stops all fingers at once (Esc, Pause, Shift+Esc)"));
     m_button->setAccessibleName(alarm ? stateText(state) : m_button->text());

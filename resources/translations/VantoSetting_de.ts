@@ -644,6 +644,10 @@ Neu laden auf der Seite Allgemein versucht sofort, den Port zu öffnen.</transla
         <source>Connect the adapter again, choose its port and click Scan.</source>
         <translation>Schließen Sie den Adapter wieder an, wählen Sie seinen Port und klicken Sie auf Suchen.</translation>
     </message>
+    <message>
+        <source>Continue ends a halt.</source>
+        <translation>Fortsetzen beendet einen Halt.</translation>
+    </message>
 </context>
 <context>
     <name>vanto::DeviceBar</name>
@@ -728,6 +732,59 @@ Neu laden auf der Seite Allgemein versucht sofort, den Port zu öffnen.</transla
     <message>
         <source>This hand has force sensors. Set its force limits on the Setting page.</source>
         <translation>Diese Hand hat Kraftsensoren. Die Kraftgrenzen werden auf der Seite „Einstellungen“ gesetzt.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::HaltControl</name>
+    <message>
+        <source>The port is lost; nothing can be sent. Switch the power off.</source>
+        <translation>Der Port ist verloren, es kann nichts gesendet werden. Schalten Sie den Strom ab.</translation>
+    </message>
+    <message>
+        <source>Continued</source>
+        <translation>Fortgesetzt</translation>
+    </message>
+    <message>
+        <source>The hand does not answer. Press Continue again.</source>
+        <translation>Die Hand antwortet nicht. Klicken Sie erneut auf Fortsetzen.</translation>
+    </message>
+    <message>
+        <source>Halting</source>
+        <translation>Wird angehalten</translation>
+    </message>
+    <message>
+        <source>Halted</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Halt not confirmed. Switch the power off.</source>
+        <translation>Halt nicht bestätigt. Schalten Sie den Strom ab.</translation>
+    </message>
+    <message>
+        <source>Stop sent to all hands, not confirmed. Switch the power off.</source>
+        <translation>Stopp an alle Hände gesendet, nicht bestätigt. Schalten Sie den Strom ab.</translation>
+    </message>
+    <message>
+        <source>Halt</source>
+        <translation>Halt</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Halt not
+confirmed</source>
+        <translation>Halt nicht
+bestätigt</translation>
+    </message>
+    <message>
+        <source>The fingers are held. Continue allows motions again.</source>
+        <translation>Die Finger werden gehalten. Fortsetzen lässt Bewegungen wieder zu.</translation>
+    </message>
+    <message>
+        <source>Stops all fingers at once (Esc, Pause, Shift+Esc)</source>
+        <translation>Hält alle Finger sofort an (Esc, Pause, Umschalt+Esc)</translation>
     </message>
 </context>
 <context>
@@ -1346,6 +1403,10 @@ Unterstützte Protokolle:</translation>
         <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
         <translation>%1(0x%2, ...) gab 0x%3 zurück (Unterfehler %4)</translation>
     </message>
+    <message>
+        <source>Halted. Press Continue.</source>
+        <translation>Angehalten. Klicken Sie auf Fortsetzen.</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SettingPage</name>
@@ -1723,6 +1784,10 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
         <translation>%1(0x%2, ...) gab 0x%3 zurück (Unterfehler %4)</translation>
+    </message>
+    <message>
+        <source>Halted. Press Continue.</source>
+        <translation>Angehalten. Klicken Sie auf Fortsetzen.</translation>
     </message>
 </context>
 <context>

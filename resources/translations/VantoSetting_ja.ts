@@ -644,6 +644,10 @@ Reload on the Basic page tries to open the port at once.</source>
         <source>Connect the adapter again, choose its port and click Scan.</source>
         <translation>アダプターを再接続し、そのポートを選択して [スキャン] をクリックしてください。</translation>
     </message>
+    <message>
+        <source>Continue ends a halt.</source>
+        <translation>[再開] で停止を解除します。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::DeviceBar</name>
@@ -728,6 +732,59 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>This hand has force sensors. Set its force limits on the Setting page.</source>
         <translation>このハンドには力センサーがあります。力上限は「設定」ページで設定します。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::HaltControl</name>
+    <message>
+        <source>The port is lost; nothing can be sent. Switch the power off.</source>
+        <translation>ポートが失われたため何も送信できません。電源を切ってください。</translation>
+    </message>
+    <message>
+        <source>Continued</source>
+        <translation>再開しました</translation>
+    </message>
+    <message>
+        <source>The hand does not answer. Press Continue again.</source>
+        <translation>ハンドが応答しません。もう一度 [再開] を押してください。</translation>
+    </message>
+    <message>
+        <source>Halting</source>
+        <translation>停止中</translation>
+    </message>
+    <message>
+        <source>Halted</source>
+        <translation>停止済み</translation>
+    </message>
+    <message>
+        <source>Halt not confirmed. Switch the power off.</source>
+        <translation>停止を確認できません。電源を切ってください。</translation>
+    </message>
+    <message>
+        <source>Stop sent to all hands, not confirmed. Switch the power off.</source>
+        <translation>すべてのハンドに停止を送信しましたが確認できません。電源を切ってください。</translation>
+    </message>
+    <message>
+        <source>Halt</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>再開</translation>
+    </message>
+    <message>
+        <source>Halt not
+confirmed</source>
+        <translation>停止
+未確認</translation>
+    </message>
+    <message>
+        <source>The fingers are held. Continue allows motions again.</source>
+        <translation>指は保持されています。[再開] で動作が再び可能になります。</translation>
+    </message>
+    <message>
+        <source>Stops all fingers at once (Esc, Pause, Shift+Esc)</source>
+        <translation>すべての指を直ちに停止します (Esc、Pause、Shift+Esc)</translation>
     </message>
 </context>
 <context>
@@ -1346,6 +1403,10 @@ Supported protocol:</source>
         <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
         <translation>%1(0x%2, ...) が 0x%3 を返しました (サブエラー %4)</translation>
     </message>
+    <message>
+        <source>Halted. Press Continue.</source>
+        <translation>停止しています。[再開] を押してください。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SettingPage</name>
@@ -1723,6 +1784,10 @@ Supported protocol:</source>
     <message>
         <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
         <translation>%1(0x%2, ...) が 0x%3 を返しました (サブエラー %4)</translation>
+    </message>
+    <message>
+        <source>Halted. Press Continue.</source>
+        <translation>停止しています。[再開] を押してください。</translation>
     </message>
 </context>
 <context>

@@ -644,6 +644,10 @@ Reload on the Basic page tries to open the port at once.</source>
         <source>Connect the adapter again, choose its port and click Scan.</source>
         <translation>请重新连接适配器，选择其端口并点击扫描。</translation>
     </message>
+    <message>
+        <source>Continue ends a halt.</source>
+        <translation>“继续”结束停止状态。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::DeviceBar</name>
@@ -728,6 +732,59 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>This hand has force sensors. Set its force limits on the Setting page.</source>
         <translation>此灵巧手带有力传感器，请在“参数”页设置力上限。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::HaltControl</name>
+    <message>
+        <source>The port is lost; nothing can be sent. Switch the power off.</source>
+        <translation>端口已丢失，无法发送。请切断电源。</translation>
+    </message>
+    <message>
+        <source>Continued</source>
+        <translation>已继续</translation>
+    </message>
+    <message>
+        <source>The hand does not answer. Press Continue again.</source>
+        <translation>手没有应答。请再次按“继续”。</translation>
+    </message>
+    <message>
+        <source>Halting</source>
+        <translation>正在停止</translation>
+    </message>
+    <message>
+        <source>Halted</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>Halt not confirmed. Switch the power off.</source>
+        <translation>停止未确认。请切断电源。</translation>
+    </message>
+    <message>
+        <source>Stop sent to all hands, not confirmed. Switch the power off.</source>
+        <translation>已向所有手发送停止，未确认。请切断电源。</translation>
+    </message>
+    <message>
+        <source>Halt</source>
+        <translation>急停</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>继续</translation>
+    </message>
+    <message>
+        <source>Halt not
+confirmed</source>
+        <translation>停止
+未确认</translation>
+    </message>
+    <message>
+        <source>The fingers are held. Continue allows motions again.</source>
+        <translation>手指被保持。“继续”将重新允许运动。</translation>
+    </message>
+    <message>
+        <source>Stops all fingers at once (Esc, Pause, Shift+Esc)</source>
+        <translation>立即停止所有手指（Esc、Pause、Shift+Esc）</translation>
     </message>
 </context>
 <context>
@@ -1346,6 +1403,10 @@ Supported protocol:</source>
         <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
         <translation>%1(0x%2, ...) 返回 0x%3（子错误 %4）</translation>
     </message>
+    <message>
+        <source>Halted. Press Continue.</source>
+        <translation>已停止。请按“继续”。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SettingPage</name>
@@ -1723,6 +1784,10 @@ Supported protocol:</source>
     <message>
         <source>%1(0x%2, ...) returned 0x%3 (sub err %4)</source>
         <translation>%1(0x%2, ...) 返回 0x%3（子错误 %4）</translation>
+    </message>
+    <message>
+        <source>Halted. Press Continue.</source>
+        <translation>已停止。请按“继续”。</translation>
     </message>
 </context>
 <context>

@@ -65,8 +65,8 @@ QString databaseText(const FakeAdapter& adapter)
 
 FakeUsb::~FakeUsb()
 {
-    while (!m_names.isEmpty())
-        unplug(m_names.constFirst());
+    for (const QString& name : QStringList(m_names)) // unplug() changes it
+        unplug(name);
 }
 
 bool FakeUsb::isAvailable()
