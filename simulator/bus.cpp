@@ -14,6 +14,19 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr Clock::duration ReceiverIdleLimit = 20ms;
+
+Frame answer(Hand& hand, const Frame& request, TimePoint now)
+{
+    Frame frame{request.source, hand.id, request.command, {}};
+    Response response = executeSerialCtrl(hand, request.command, request.payload, now);
+    if (response.subError != NoSubError) {
+        frame.command |= ErrorBit;
+        response.payload.clear();
+        response.u8(response.subError);
+    }
+    frame.payload = response.payload;
+    return frame;
+}
 } // namespace
 
 Bus::Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& boot,
@@ -22,10 +35,13 @@ Bus::Bus(std::vector<Node> nodes, Line& line, Trace& trace, const BootOptions& b
       m_nodes(std::move(nodes)),
       m_line(line),
       m_trace(trace),
+      m_motionTrace(trace),
       m_receiver(ReceiverIdleLimit + line.wire().byteTime()),
       m_bootLoader(boot),
       m_delayedReplies(std::make_unique<QObject>())
 {
+    for (const Node& node : m_nodes)
+        m_motionTrace.add(node.hand);
     connect(&line.wire(), &Wire::received, this, &Bus::receive);
     connect(&line, &Line::unplugged, this, &Bus::discardReplies);
     connect(&m_bootLoader, &BootLoader::received, this, &Bus::handleFrame);
@@ -63,6 +79,7 @@ void Bus::handleFrame(const ReceivedFrame& received)
 
 void Bus::recordFrame(const ReceivedFrame& received)
 {
+    m_motionTrace.update(Clock::now());
     QStringList marks;
     if (m_pendingReplies > 0 || received.startTime < m_lastReplyWritten) {
         ++m_statistics.overlaps;
@@ -77,7 +94,8 @@ void Bus::recordFrame(const ReceivedFrame& received)
     m_trace.writeRequest(peer, received.bytes, marks);
 }
 
-/// Every addressed hand executes the request; the one with the lowest id answers.
+/// Every addressed hand executes the request; the one with the lowest id answers, unless the
+/// replies collide.
 void Bus::handleRequest(const Frame& request)
 {
     const std::vector<Hand*> hands =
@@ -90,27 +108,25 @@ void Bus::handleRequest(const Frame& request)
         return;
     }
 
-    Frame reply{request.source, peer.node, request.command, {}};
     const std::optional<Fault> fault = m_faults.take({peer, request.command, {}});
     if (fault && fault->kind->refuses) {
-        deliver(fault->kind->deliver(reply, *fault), peer, *fault);
+        const Frame refused{request.source, peer.node, request.command, {}};
+        deliver(fault->kind->deliver(refused, *fault), peer, *fault);
         return;
     }
 
     const TimePoint now = Clock::now();
-    Response first = executeSerialCtrl(*hands.front(), request.command, request.payload, now);
+    const Frame first = answer(*hands.front(), request, now);
+    QList<QByteArray> replies{encode(first)};
     for (auto hand = hands.begin() + 1; hand != hands.end(); ++hand)
-        executeSerialCtrl(**hand, request.command, request.payload, now);
-    if (first.subError != NoSubError) {
-        reply.command |= ErrorBit;
-        first.payload.clear();
-        first.u8(first.subError);
-    }
-    reply.payload = first.payload;
+        replies.append(encode(answer(**hand, request, now)));
+    m_motionTrace.update(now);
     if (fault)
-        deliver(fault->kind->deliver(reply, *fault), peer, *fault);
+        deliver(fault->kind->deliver(first, *fault), peer, *fault);
+    else if (m_colliding && replies.size() > 1)
+        send(mixed(replies), peer, {QStringLiteral("!collision")}, true);
     else
-        send(encode(reply), peer, {}, true);
+        send(replies.front(), peer, {}, true);
 }
 
 void Bus::handleRequest(const ModbusFrame& request)
@@ -128,6 +144,7 @@ void Bus::handleRequest(const ModbusFrame& request)
     if (request.node == BroadcastNode) {
         for (Hand* const hand : hands)
             executeModbus(*hand, request, now);
+        m_motionTrace.update(now);
         return;
     }
     Hand& hand = *hands.front();
@@ -136,6 +153,7 @@ void Bus::handleRequest(const ModbusFrame& request)
     const bool refused = fault && fault->kind->refuses;
     const ModbusFrame reply =
         refused ? refuseModbus(hand, request, fault->error) : executeModbus(hand, request, now);
+    m_motionTrace.update(now);
     if (fault)
         deliver(fault->kind->deliverModbus(reply, *fault), peer, *fault);
     else
@@ -203,25 +221,26 @@ std::vector<Hand*> Bus::addressedHands(Peer peer, std::uint8_t allNodes)
 void Bus::deliver(const Delivery& delivery, Peer peer, const Fault& fault)
 {
     const QString name = QLatin1String(fault.kind->name);
+    const QStringList marks{faultMark(name)};
     if (delivery.bytes.isEmpty()) {
         withhold(peer, name);
         return;
     }
     if (delivery.delay == 0ms) {
-        send(delivery.bytes, peer, name, true);
+        send(delivery.bytes, peer, marks, true);
         return;
     }
     QTimer::singleShot(delivery.delay, Qt::PreciseTimer, m_delayedReplies.get(),
-                       [this, delivery, peer, name] { send(delivery.bytes, peer, name, false); });
+                       [this, delivery, peer, marks] { send(delivery.bytes, peer, marks, false); });
 }
 
 /// A request that arrives before the end of an `awaited` reply counts as an overlap.
-void Bus::send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited)
+void Bus::send(const QByteArray& bytes, Peer peer, const QStringList& marks, bool awaited)
 {
-    const auto beforeLastByte = [this, bytes, peer, fault, awaited] {
+    const auto beforeLastByte = [this, bytes, peer, marks, awaited] {
         ++m_statistics.replies;
-        m_trace.writeReply(peer, bytes,
-                           fault.isEmpty() ? QStringList() : QStringList(faultMark(fault)));
+        m_motionTrace.update(Clock::now());
+        m_trace.writeReply(peer, bytes, marks);
         if (!awaited)
             return;
         --m_pendingReplies;

@@ -5,6 +5,7 @@
 #include "framereceiver.h"
 #include "hand.h"
 #include "line.h"
+#include "motiontrace.h"
 #include "trace.h"
 
 #include <cstdint>
@@ -44,6 +45,9 @@ public:
     bool enterBootLoader();
     void powerCycle(Hand& hand);
     void setHung(bool hung) { m_hung = hung; }
+    /// Whether the replies of several hands to node 255 collide; otherwise one hand answers.
+    void setColliding(bool colliding) { m_colliding = colliding; }
+    MotionTrace& motionTrace() { return m_motionTrace; }
     const BusStatistics& statistics() const { return m_statistics; }
 
 private:
@@ -56,18 +60,20 @@ private:
     Hand* bootLoaderHand();
     std::vector<Hand*> addressedHands(Peer peer, std::uint8_t allNodes);
     void deliver(const Delivery& delivery, Peer peer, const Fault& fault);
-    void send(const QByteArray& bytes, Peer peer, const QString& fault, bool awaited);
+    void send(const QByteArray& bytes, Peer peer, const QStringList& marks, bool awaited);
     void withhold(Peer peer, const QString& fault);
     void discardReplies();
 
     std::vector<Node> m_nodes;
     Line& m_line;
     Trace& m_trace;
+    MotionTrace m_motionTrace;
     FrameReceiver m_receiver;
     BootLoader m_bootLoader;
     FaultList m_faults;
     BusStatistics m_statistics;
     bool m_hung = false;
+    bool m_colliding = false;
     int m_pendingReplies = 0;
     TimePoint m_lastReplyWritten{};
     std::unique_ptr<QObject> m_delayedReplies; ///< context object of their timers

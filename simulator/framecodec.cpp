@@ -20,6 +20,7 @@ enum Offset : qsizetype {
 };
 constexpr qsizetype FrameOverhead = 7;
 constexpr qsizetype MaxRequestPayload = 63;
+constexpr char FlippedChecksumBits = 0x24;
 
 std::uint8_t byteAt(QByteArrayView bytes, qsizetype offset)
 {
@@ -42,6 +43,25 @@ QByteArray encode(const Frame& frame)
     bytes.append(static_cast<char>(frame.command)).append(static_cast<char>(frame.payload.size()));
     bytes.append(frame.payload);
     bytes.append(checksum(QByteArrayView(bytes).sliced(DestinationOffset)));
+    return bytes;
+}
+
+/// A 0 bit of any hand hides the 1 bits of the others, and an idle line carries 1 bits.
+QByteArray mixed(const QList<QByteArray>& replies)
+{
+    QByteArray bytes;
+    for (const QByteArray& reply : replies) {
+        const qsizetype shared = std::min(bytes.size(), reply.size());
+        for (qsizetype i = 0; i < shared; ++i)
+            bytes[i] = static_cast<char>(bytes[i] & reply[i]);
+        bytes += reply.sliced(shared);
+    }
+    // By chance the mix can be valid, e.g. that of the nodes 2 and 3.
+    const qsizetype checksumAt = PayloadOffset + byteAt(bytes, LengthOffset);
+    const auto covered = QByteArrayView(bytes).sliced(DestinationOffset);
+    if (checksumAt < bytes.size() &&
+        bytes[checksumAt] == checksum(covered.first(checksumAt - DestinationOffset)))
+        bytes[checksumAt] = static_cast<char>(bytes[checksumAt] ^ FlippedChecksumBits);
     return bytes;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +22,10 @@ constexpr std::uint8_t AnyNode = 0xFF;
 constexpr std::uint8_t ErrorBit = 0x80;
 
 QByteArray encode(const Frame& frame);
+
+/// The replies of several hands at the same time as they arrive at the host: at least two encoded
+/// frames, mixed to bytes with a wrong checksum.
+QByteArray mixed(const QList<QByteArray>& replies);
 
 /// Returns the length of the request that begins with `start`: 0 while it is unknown, nullopt if no
 /// request begins with these bytes.

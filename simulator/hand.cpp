@@ -21,7 +21,7 @@ constexpr std::uint16_t MovingCurrentBase = 25; ///< mA
 constexpr std::uint16_t MovingCurrentSpan = 36;
 constexpr std::uint16_t IdleCurrentBase = 3;
 
-Finger makeFinger(std::size_t index, double speedFactor)
+Finger makeFinger(std::size_t index, const HandTraits& traits)
 {
     const auto number = static_cast<int>(index);
     const auto step = static_cast<float>(index);
@@ -31,7 +31,7 @@ Finger makeFinger(std::size_t index, double speedFactor)
     finger.currentLimit = static_cast<std::uint16_t>(400 + 10 * number);
     finger.forceLimit = static_cast<std::uint16_t>(1000 + 50 * number);
     finger.raw = {400 + 13 * number, 3600 - 17 * number};
-    finger.motion = FingerMotion(speedFactor);
+    finger.motion = FingerMotion(traits.speedFactor, traits.latchesStop);
     finger.moves = static_cast<std::uint32_t>(100 + 11 * number);
     return finger;
 }
@@ -41,7 +41,7 @@ Hand::Hand(std::uint8_t nodeId, const HandTraits& handTraits)
     : traits(handTraits), id(nodeId), uid{0x00430020U + nodeId, 0x484E5601U, 0x20383550U}
 {
     for (std::size_t finger = 0; finger < FingerCount; ++finger)
-        fingers[finger] = makeFinger(finger, traits.speedFactor);
+        fingers[finger] = makeFinger(finger, traits);
 }
 
 void Hand::moveTo(Unit unit, std::size_t finger, int value, std::uint8_t speed, TimePoint now)
@@ -53,6 +53,13 @@ void Hand::moveTo(Unit unit, std::size_t finger, int value, std::uint8_t speed, 
 void Hand::placeAt(Unit unit, std::size_t finger, int value, TimePoint now)
 {
     fingers[finger].motion.placeAt(scale(unit, finger).toLogical(value), now);
+}
+
+void Hand::setSpeed(std::size_t finger, std::uint8_t speed, TimePoint now)
+{
+    fingers[finger].nextSpeed = speed;
+    if (traits.appliesSpeedAtOnce)
+        fingers[finger].motion.setSpeed(speed, now);
 }
 
 int Hand::target(Unit unit, std::size_t finger) const
@@ -98,7 +105,7 @@ std::uint8_t Hand::thumbRootPreset(TimePoint now) const
 void Hand::stopMotion(TimePoint now)
 {
     for (Finger& finger : fingers)
-        finger.motion.placeAt(finger.motion.position(now), now);
+        finger.motion.reset(now);
 }
 
 void Hand::startInit(TimePoint now)

@@ -43,6 +43,8 @@ struct HandTraits {
     bool forceSensing = true;
     std::uint16_t calibrationKey = 0x1A2B;
     double speedFactor = 1.0;
+    bool appliesSpeedAtOnce = false; ///< a Modbus speed also to the motion under way
+    bool latchesStop = false;        ///< stopped fingers ignore targets until a start
 };
 
 enum class Unit { Logical, Raw, Angle };
@@ -68,6 +70,8 @@ public:
     void moveTo(Unit unit, std::size_t finger, int value, std::uint8_t speed, TimePoint now);
     /// Sets the position at once, without motion.
     void placeAt(Unit unit, std::size_t finger, int value, TimePoint now);
+    /// Sets the speed of the next motion, if speed and target are set separately.
+    void setSpeed(std::size_t finger, std::uint8_t speed, TimePoint now);
     int target(Unit unit, std::size_t finger) const;
     int position(Unit unit, std::size_t finger, TimePoint now) const;
     std::uint16_t current(std::size_t finger, TimePoint now) const;

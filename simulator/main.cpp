@@ -53,6 +53,7 @@ int serve(const simulator::Options& options)
         nodes.push_back({node.protocols, simulator::Hand(node.id, options.traits)});
     simulator::Line line(options.baud, options.linkPath);
     simulator::Bus bus(std::move(nodes), line, trace, options.boot);
+    bus.setColliding(options.collides);
     simulator::Control control(bus, line);
     const QString error = line.plug();
     if (!error.isEmpty())

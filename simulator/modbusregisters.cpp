@@ -154,7 +154,7 @@ const Block Blocks[] = {
     fingerWord<&Finger::forceLimit>(1115, ForceFingerCount),
     {1125, FingerCount, [](const Register& r) { return r.finger().nextSpeed * SpeedScale; },
      [](const Register& r, std::uint16_t v) {
-         r.finger().nextSpeed = static_cast<std::uint8_t>(v / SpeedScale);
+         r.hand.setSpeed(r.index, static_cast<std::uint8_t>(v / SpeedScale), r.now);
      }},
     target<Unit::Logical>(1135),
     actual<Unit::Logical>(1145),

@@ -10,6 +10,7 @@ namespace
 constexpr double FullRange = 65535.0;
 constexpr double FullSpeed = 255.0;
 constexpr double FullRangeSeconds = 1.0;
+constexpr double EndlessSeconds = 1e8; ///< longer motions would overflow a TimePoint
 } // namespace
 
 int Scale::fromLogical(std::uint16_t logical) const
@@ -30,7 +31,13 @@ void FingerMotion::moveTo(std::uint16_t target, std::uint8_t speed, TimePoint no
     rebase(now);
     m_target = target;
     m_speed = speed;
-    m_stopped = false;
+    m_stopped = m_stopped && m_latchesStop;
+}
+
+void FingerMotion::setSpeed(std::uint8_t speed, TimePoint now)
+{
+    rebase(now);
+    m_speed = speed;
 }
 
 void FingerMotion::placeAt(std::uint16_t position, TimePoint now)
@@ -38,6 +45,11 @@ void FingerMotion::placeAt(std::uint16_t position, TimePoint now)
     m_from = position;
     m_since = now;
     m_target = position;
+}
+
+void FingerMotion::reset(TimePoint now)
+{
+    placeAt(position(now), now);
     m_stopped = false;
 }
 
@@ -58,9 +70,21 @@ std::uint16_t FingerMotion::position(TimePoint now) const
     return static_cast<std::uint16_t>(std::lround(exactPosition(now)));
 }
 
-bool FingerMotion::isMoving(TimePoint now) const
+double FingerMotion::velocity(TimePoint now) const
 {
-    return !m_stopped && m_speed != 0 && position(now) != m_target;
+    if (!isMoving(now))
+        return 0.0;
+    return m_target > m_from ? ticksPerSecond() : -ticksPerSecond();
+}
+
+TimePoint FingerMotion::arrival() const
+{
+    if (m_stopped || m_speed == 0)
+        return m_since;
+    const std::chrono::duration<double> travel(std::abs(m_target - m_from) / ticksPerSecond());
+    if (travel.count() > EndlessSeconds)
+        return TimePoint::max();
+    return m_since + std::chrono::duration_cast<Clock::duration>(travel);
 }
 
 double FingerMotion::exactPosition(TimePoint now) const

@@ -135,6 +135,19 @@ QString applyNoForce(Options& options, const QString&, const QString&)
     return {};
 }
 
+template<bool HandTraits::*Member>
+QString applyTrait(Options& options, const QString&, const QString&)
+{
+    options.traits.*Member = true;
+    return {};
+}
+
+QString applyCollide(Options& options, const QString&, const QString&)
+{
+    options.collides = true;
+    return {};
+}
+
 QString applyForever(Options& options, const QString&, const QString&)
 {
     options.keepsRunning = true;
@@ -177,10 +190,23 @@ constexpr OptionEntry Entries[] = {
      applyBootWindow},
     {"no-record-check", "", "Accept firmware records with a wrong CRC.", applyNoRecordCheck},
     {"link", "PATH", "Symbolic link to the port, removed on exit.", applyPath<&Options::linkPath>},
-    {"trace", "FILE", "Write each frame as a line to FILE; - is standard error.",
+    {"trace", "FILE",
+     "Write a line to FILE for each frame and each change of motion; - is standard error.",
      applyPath<&Options::tracePath>},
     {"baud", "N", "Limit the transfer to this baud rate. Default: 0, no limit.", applyBaud},
     {"speed", "X", "Factor applied to the speed of motion. Default: 1.", applySpeed},
+    {"speed-at-once", "",
+     "Apply a speed written over Modbus also to the motion under way. Default: only to the next "
+     "motion.",
+     applyTrait<&HandTraits::appliesSpeedAtOnce>},
+    {"latch-stop", "",
+     "Stopped fingers stand until they are started; a position only sets their target. Default: a "
+     "position also starts them.",
+     applyTrait<&HandTraits::latchesStop>},
+    {"collide", "",
+     "The replies of several hands to SerialCtrl node 255 collide into one damaged frame. Default: "
+     "only the hand with the lowest id answers.",
+     applyCollide},
     {"forever", "", "Keep running when standard input ends.", applyForever},
 };
 

@@ -19,6 +19,7 @@ struct Options {
     QString linkPath;
     QString tracePath;
     std::uint32_t baud = 0;    ///< 0: no limit
+    bool collides = false;     ///< replies of several hands to one request
     bool keepsRunning = false; ///< after the end of standard input
 };
 

@@ -130,6 +130,8 @@ constexpr Property Properties[] = {
      }},
     {"moving", true, 0, 1,
      [](const Context& c) { return c.finger().motion.isMoving(c.now) ? 1.0 : 0.0; }, nullptr},
+    {"stopped", true, 0, 1,
+     [](const Context& c) { return c.finger().motion.isStopped() ? 1.0 : 0.0; }, nullptr},
     pidGain<0>("pid-p"),
     pidGain<1>("pid-i"),
     pidGain<2>("pid-d"),

@@ -32,13 +32,26 @@ void Trace::writeWithheldReply(Peer peer, const QString& fault)
     writeLine("--", peer, {}, {faultMark(fault)});
 }
 
+void Trace::writeMotion(TimePoint time, std::uint8_t node, bool moves, const QStringList& positions)
+{
+    if (!m_file.isOpen())
+        return;
+    const QString text =
+        QString::asprintf("%08.3f mv %s %02x ", elapsedMs(time), moves ? "moves" : "stands", node);
+    m_file.write((text + positions.join(QLatin1Char(' '))).toLatin1() + '\n');
+}
+
+double Trace::elapsedMs(TimePoint time) const
+{
+    return std::chrono::duration<double, std::milli>(time - m_start).count();
+}
+
 void Trace::writeLine(const char* direction, Peer peer, const QByteArray& bytes,
                       const QStringList& marks)
 {
     if (!m_file.isOpen())
         return;
-    const std::chrono::duration<double, std::milli> elapsed = Clock::now() - m_start;
-    QString text = QString::asprintf("%08.3f %s %s %02x ", elapsed.count(), direction,
+    QString text = QString::asprintf("%08.3f %s %s %02x ", elapsedMs(Clock::now()), direction,
                                      qPrintable(protocolName(peer.protocol)), peer.node);
     text += QString::fromLatin1(bytes.toHex(' ').toUpper());
     for (const QString& mark : marks)

@@ -42,6 +42,23 @@ TracedFrame parseTraceLine(const QString& line)
     }
     return frame;
 }
+
+bool isMotion(const QByteArray& line)
+{
+    return line.contains(" mv ");
+}
+
+MotionMark parseMotionLine(const QString& line)
+{
+    const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    MotionMark mark{words.value(0).toDouble(),
+                    words.value(3).toInt(nullptr, 16),
+                    words.value(2) == QLatin1String("moves"),
+                    {}};
+    for (const QString& position : words.mid(4))
+        mark.positions.append(position.toInt());
+    return mark;
+}
 } // namespace
 
 HandProcess::HandProcess() = default;
@@ -97,16 +114,60 @@ QString HandProcess::readLine()
     return QString::fromUtf8(m_process.readLine()).trimmed();
 }
 
-QList<TracedFrame> HandProcess::trace() const
+QStringList HandProcess::traceLines(bool ofMotion) const
 {
     QFile file(m_directory.filePath(QStringLiteral("trace")));
-    QList<TracedFrame> frames;
+    QStringList found;
     if (!file.open(QFile::ReadOnly) || !file.seek(m_traceStart))
-        return frames;
+        return found;
     const auto lines = file.readAll().split('\n');
-    for (const QByteArray& line : lines.first(lines.size() - 1))
-        frames.append(parseTraceLine(QString::fromLatin1(line)));
+    for (const QByteArray& line : lines.first(lines.size() - 1)) {
+        if (isMotion(line) == ofMotion)
+            found.append(QString::fromLatin1(line));
+    }
+    return found;
+}
+
+QList<TracedFrame> HandProcess::trace() const
+{
+    QList<TracedFrame> frames;
+    for (const QString& line : traceLines(false))
+        frames.append(parseTraceLine(line));
     return frames;
+}
+
+QList<MotionMark> HandProcess::motionMarks() const
+{
+    QList<MotionMark> marks;
+    for (const QString& line : traceLines(true))
+        marks.append(parseMotionLine(line));
+    return marks;
+}
+
+QList<double> HandProcess::positionsAt(const QList<MotionMark>& marks, int node, double ms)
+{
+    const MotionMark* before = nullptr;
+    const MotionMark* after = nullptr;
+    for (const MotionMark& mark : marks) {
+        if (mark.node != node)
+            continue;
+        (mark.ms <= ms ? before : after) = &mark;
+        if (after != nullptr)
+            break;
+    }
+    if (before == nullptr)
+        before = after;
+    if (before == nullptr)
+        return {};
+    const bool between = before->moving && after != nullptr && after != before;
+    const double share = between ? (ms - before->ms) / (after->ms - before->ms) : 0.0;
+    QList<double> positions;
+    for (qsizetype finger = 0; finger < before->positions.size(); ++finger) {
+        const int from = before->positions[finger];
+        const int to = between ? after->positions[finger] : from;
+        positions.append(from + share * (to - from));
+    }
+    return positions;
 }
 
 QList<TracedFrame> HandProcess::requests() const

@@ -19,6 +19,15 @@ struct TracedFrame {
     QString marks;    ///< e.g. "!overlap"
 };
 
+/// A change of motion of a simulated hand: a finger begins to move, changes its velocity, stands or
+/// is placed elsewhere. Until the next mark of the hand all positions are linear in time.
+struct MotionMark {
+    double ms = 0; ///< since the start of the hand, computed: not delayed by the processor
+    int node = 0;
+    bool moving = false;  ///< at least one finger; false: all fingers stand
+    QList<int> positions; ///< logical, from finger 0 on
+};
+
 /// Runs `vanto-hand` as a separate process, sends it commands and reads its trace. The destructor
 /// ends the process.
 class HandProcess
@@ -51,10 +60,17 @@ public:
     QStringList addressed() const;
     /// Register and values of each Modbus write, e.g. "1010: 01f4".
     QStringList modbusWrites() const;
+    /// The changes of motion traced since the start or the last clearTrace(). The end of a motion
+    /// is written at most some milliseconds late.
+    QList<MotionMark> motionMarks() const;
+    /// The logical positions of a hand at a time between the first and the last of its marks;
+    /// otherwise those of the nearest mark. Empty without marks.
+    static QList<double> positionsAt(const QList<MotionMark>& marks, int node, double ms);
     void clearTrace();
 
 private:
     QString readLine();
+    QStringList traceLines(bool ofMotion) const;
 
     QTemporaryDir m_directory;
     QProcess m_process;
