@@ -1,0 +1,307 @@
+#include "calibrationprocedure.h"
+#include "handtest.h"
+#include "pageindex.h"
+#include "testmain.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QSlider>
+#include <QTableWidget>
+
+namespace vanto
+{
+
+namespace
+{
+/// Commands of SerialCtrl.
+constexpr int ReadPositions = 0x0F;
+constexpr int FingerStart = 0x49;
+constexpr int FingerStop = 0x4A;
+constexpr int WritePositions = 0x50;
+} // namespace
+
+/// The halt of the real window, against hands that move.
+class TestHalt : public HandTest
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { close(); }
+    void halts_data();
+    void halts();
+    void faults_data();
+    void faults();
+    void keys();
+    void anyNode_data();
+    void anyNode();
+    void handJustLeft();
+    void calibration();
+    void focusInPlay();
+
+private:
+    QString state() const { return m_tool->find<QLabel>("label_ConnectionState")->text(); }
+    QStringList positions() const;
+    void moveFinger(int finger) const;
+    void press() const { m_tool->click("pushButton_Halt"); }
+    void proceed() const;
+    QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, WritePositions, 0x51}); }
+
+    const QString Refusal = "Halted. Press Continue.";
+};
+
+QStringList TestHalt::positions() const
+{
+    QStringList positions;
+    for (std::size_t finger = 0; finger < FingerCount; ++finger)
+        positions.append(m_hand->command(QString("get 2 position %1").arg(finger)));
+    return positions;
+}
+
+/// Sends a finger to the far end, at full speed.
+void TestHalt::moveFinger(int finger) const
+{
+    m_tool->setField(QString("lineEdit_RunPos%1").arg(finger), "65535");
+    m_tool->click(QString("pushButton_RunSetPos%1").arg(finger));
+}
+
+/// A click on Continue right after the halt counts as one more halt.
+void TestHalt::proceed() const
+{
+    QTRY_VERIFY([this] {
+        m_tool->click("pushButton_Halt");
+        return state() == "Connected";
+    }());
+}
+
+void TestHalt::halts_data()
+{
+    QTest::addColumn<QString>("hand");
+    QTest::addColumn<QString>("during");
+    for (const char* hand : {"2", "2:modbus"})
+        for (const char* during : {"motion", "reload", "held slider", "Insert", "play"})
+            QTest::addRow("%s, %s", hand, during) << hand << during;
+    QTest::newRow("hand that latches a stop") << "2 --latch-stop"
+                                              << "motion";
+    QTest::newRow("hand that applies a speed at once") << "2:modbus --speed-at-once"
+                                                       << "motion";
+}
+
+void TestHalt::halts()
+{
+    QFETCH(QString, hand);
+    QFETCH(QString, during);
+    open(QStringList{"--node"} + hand.split(' '));
+    m_tool->showPage(RunTab);
+    moveFinger(1);
+    auto* slider = m_tool->find<QSlider>("verticalSlider_RunPos3");
+    if (during == "held slider") {
+        slider->setSliderDown(true);
+        slider->setSliderPosition(40'000);
+    } else if (during == "Insert" || during == "play") {
+        m_tool->showPage(SequenceTab);
+        m_tool->click("pushButton_SeqInsert");
+        if (during == "play")
+            QTRY_VERIFY(m_tool->enabled("pushButton_SeqStop")); // the row is played for edit
+    }
+    clearRecords();
+    if (during == "reload") {
+        duringExchange([this] { press(); });
+        m_tool->click("pushButton_BasicReloadBasic");
+    } else {
+        press();
+    }
+    QTRY_COMPARE(state(), "Halted");
+    QTRY_VERIFY(idle());
+    QTRY_VERIFY(shown().contains("Halted"));
+    const QStringList stopped = positions();
+    slider->setSliderDown(false);
+    const bool modbus = hand.contains("modbus");
+    m_hand->clearTrace();
+    m_tool->showPage(RunTab);
+    moveFinger(1);
+    QTRY_VERIFY(shown().contains(Refusal));
+    QCOMPARE(positions(), stopped);
+    QCOMPARE(modbus ? writes() : motions(), QStringList());
+    QCOMPARE(m_tool->find<QPushButton>("pushButton_Halt")->text(), "Continue");
+
+    proceed();
+    QCOMPARE(frames({FingerStart}).size(), modbus ? 0 : 1);
+    QCOMPARE(positions(), stopped);
+    moveFinger(1);
+    QTRY_VERIFY(positions() != stopped);
+}
+
+void TestHalt::faults_data()
+{
+    QTest::addColumn<int>("command");
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<bool>("always");
+    for (const int command : {FingerStop, ReadPositions, WritePositions})
+        for (const char* fault : {"drop", "refuse", "garble", "late ms=500"})
+            for (const bool always : {false, true})
+                QTest::addRow("%02x %s %s", unsigned(command), fault, always ? "always" : "once")
+                    << command << QString(fault) << always;
+}
+
+void TestHalt::faults()
+{
+    QFETCH(int, command);
+    QFETCH(QString, fault);
+    QFETCH(bool, always);
+    expectTimeouts(200);
+    open();
+    m_tool->showPage(RunTab);
+    moveFinger(1);
+    QTRY_VERIFY(idle());
+    this->command(
+        QString("fault %1 command=%2 count=%3").arg(fault).arg(command).arg(always ? 0 : 1));
+    clearRecords();
+    press();
+    // The result of the first frame decides nothing; the others have to be answered.
+    if (always && command != FingerStop) {
+        QTRY_COMPARE(state(), "Halt not confirmed.\nSwitch the power off.");
+        QVERIFY(shown().contains("Halt not confirmed. Switch the power off."));
+        m_tool->click("pushButton_BasicBeep"); // everything else waits for the end
+        QTest::qWait(300);
+        QCOMPARE(frames({0x62}), QStringList());
+        QVERIFY(!frames({FingerStop}).isEmpty());
+        this->command("clear");
+    }
+    QTRY_COMPARE(state(), "Halted");
+    QTRY_VERIFY(idle());
+    const QStringList stopped = positions();
+    QTest::qWait(100);
+    QCOMPARE(positions(), stopped);
+    QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+}
+
+void TestHalt::keys()
+{
+    open();
+    const auto pressKey = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QTest::keyClick(dialog ? dialog : m_tool->window(), key, modifiers);
+    };
+    for (const auto& [key, modifiers] : {std::pair{Qt::Key_Escape, Qt::NoModifier},
+                                         {Qt::Key_Escape, Qt::ShiftModifier},
+                                         {Qt::Key_Pause, Qt::NoModifier}}) {
+        pressKey(key, modifiers);
+        QTRY_COMPARE(state(), "Halted");
+        proceed();
+    }
+    clearRecords();
+    QStringList states;
+    DialogAnswer<QMessageBox> answer([&](QMessageBox* box) {
+        pressKey(Qt::Key_Pause);
+        QTRY_COMPARE(state(), "Halted"); // under the dialog
+        states.append(state());
+        pressKey(Qt::Key_Escape); // closes it
+        QVERIFY(!box->isVisible());
+    });
+    m_tool->trigger("action_About");
+    QTRY_COMPARE(states.size(), 1);
+    proceed();
+    QTRY_VERIFY(idle());
+    clearRecords();
+    DialogAnswer<QMessageBox> escape([&](QMessageBox*) { pressKey(Qt::Key_Escape); });
+    m_tool->trigger("action_About");
+    QTRY_VERIFY(escape.count() == 1 && idle());
+    QCOMPARE(frames({FingerStop}), QStringList());
+}
+
+void TestHalt::anyNode_data()
+{
+    addBoolRows("listed", "with listed hands", "alone in the list");
+}
+
+void TestHalt::anyNode()
+{
+    QFETCH(bool, listed);
+    open({"--node", "2", "--node", "3"}, 2);
+    const QString anyNode = "0xff (SerialCtrl V1.4.7, Protocol V3.0)";
+    m_tool->list(listed ? QStringList{anyNode} + m_listed : QStringList{anyNode});
+    m_tool->showPage(RunTab);
+    clearRecords();
+    press();
+    if (listed) {
+        QTRY_COMPARE(state(), "Halted");
+    } else {
+        QTRY_COMPARE(state(), "Stop sent to all hands, not confirmed.\nSwitch the power off.");
+        QCOMPARE(m_tool->find<QPushButton>("pushButton_Halt")->text(), "Halt not\nconfirmed");
+    }
+    QTRY_VERIFY(idle());
+    QCOMPARE(addressed().constFirst(), "ff:4a");
+    QCOMPARE(addressed().count("ff:50"), 0); // positions are never written to all
+    for (const char* node : {"02", "03"})
+        QCOMPARE(addressed().count(QString("%1:50").arg(node)), listed ? 2 : 0);
+}
+
+/// A hand that moves while the connection changes can still be halted.
+void TestHalt::handJustLeft()
+{
+    open();
+    m_tool->showPage(RunTab);
+    moveFinger(1);
+    m_tool->click("pushButton_RefreshPorts");
+    QTRY_COMPARE(state(), "Not connected");
+    clearRecords();
+    QVERIFY(m_tool->enabled("pushButton_Halt"));
+    press();
+    QTRY_COMPARE(state(), "Halted");
+    QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+    listAgain();
+    QTRY_COMPARE(state(), "Halted"); // also after it has been opened again
+    proceed();
+}
+
+void TestHalt::calibration()
+{
+    open();
+    QStringList prompts;
+    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
+        prompts.append(dialog->metaObject()->className());
+        auto* halt = dialog->findChild<QPushButton*>("pushButton_DialogHalt");
+        QVERIFY(halt);
+        if (qobject_cast<QInputDialog*>(dialog))
+            QTest::mouseClick(halt, Qt::LeftButton);
+        else
+            static_cast<QMessageBox*>(dialog)->button(QMessageBox::Ok)->click();
+    });
+    clearRecords();
+    m_tool->click("pushButton_BasicRecalibrate");
+    QTRY_COMPARE(state(), "Halted");
+    QTRY_COMPARE(prompts.size(), 2); // the second one was the last
+    QVERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(frames({0x43}), QStringList());
+}
+
+void TestHalt::focusInPlay()
+{
+    open({"--node", "2", "--speed", "4"});
+    m_tool->showPage(SequenceTab);
+    auto* table = m_tool->find<QTableWidget>("tableWidget_Seq");
+    m_tool->click("pushButton_SeqInsert");
+    QTRY_VERIFY(table->currentRow() == 0 && m_tool->enabled("pushButton_SeqRun"));
+    QVERIFY(!m_tool->find<QWidget>("pushButton_SeqStop")->hasFocus());
+    m_tool->setField("lineEdit_SeqDelay", "60000");
+    emit m_tool->find<QLineEdit>("lineEdit_SeqDelay")->editingFinished();
+    m_tool->click("pushButton_SeqInsert");
+    QTRY_VERIFY(table->currentRow() == 1 && m_tool->enabled("pushButton_SeqRun"));
+    table->setCurrentCell(0, 0);
+    QTRY_VERIFY(m_tool->enabled("pushButton_SeqRun"));
+    m_tool->click("pushButton_SeqRun");
+    auto* stop = m_tool->find<QPushButton>("pushButton_SeqStop");
+    QTRY_VERIFY(stop->isEnabled());
+    QCOMPARE(m_tool->window()->focusWidget(), stop);
+    QTest::keyClick(stop, Qt::Key_Space);
+    QTRY_VERIFY(!stop->isEnabled());
+    QCOMPARE(m_tool->window()->focusWidget(), table);
+    QTest::keyClick(table, Qt::Key_Space);
+    QTest::qWait(50);
+    QVERIFY(!stop->isEnabled()); // does not start it again
+}
+
+VANTO_TEST(TestHalt)
+
+} // namespace vanto
+
+#include "tst_halt.moc"
