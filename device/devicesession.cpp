@@ -147,6 +147,7 @@ void DeviceSession::losePort()
     m_handWasOpen = target().has_value();
     m_lost = true;
     m_queue.dropRequests();
+    m_queue.dropReload();
     stopAtOnce();
     emit sig_portLost();
 }
@@ -162,9 +163,7 @@ bool DeviceSession::reopenPort()
 {
     // Another adapter may have taken the name; one that has come back under another name is found
     // by the search.
-    const QList<PortEntry> ports = availablePorts();
-    const PortEntry* found = findAgain(m_port, ports);
-    if (!found || found->name != m_port.name)
+    if (!isSameAdapter(m_port, availablePorts()))
         return false;
     const LineHold line;
     return m_adapter->connect(m_port.name.toUtf8().constData(), BaudRate);

@@ -1,5 +1,7 @@
 #include "handidentity.h"
 
+#include <QCoreApplication>
+
 namespace vanto
 {
 
@@ -56,15 +58,16 @@ QString HandIdentity::text() const
 {
     QStringList parts;
     if (firmware)
-        parts.append(QStringLiteral("V%1.%2.%3")
+        parts.append(QCoreApplication::translate("HandIdentity", "firmware V%1.%2.%3")
                          .arg(firmware->major)
                          .arg(firmware->minor)
                          .arg(firmware->revision));
     if (hardware)
-        parts.append(QStringLiteral("%1%2")
-                         .arg(hardware->type, 2, 16, QLatin1Char('0'))
-                         .arg(hardware->version, 2, 16, QLatin1Char('0'))
-                         .toUpper());
+        parts.append(QCoreApplication::translate("HandIdentity", "hardware %1")
+                         .arg(QStringLiteral("%1%2")
+                                  .arg(hardware->type, 2, 16, QLatin1Char('0'))
+                                  .arg(hardware->version, 2, 16, QLatin1Char('0'))
+                                  .toUpper()));
     return parts.join(QStringLiteral(", "));
 }
 

@@ -52,7 +52,7 @@ struct HandIdentity {
     bool covers(const HandIdentity& known) const;
     /// Whether what both have is equal.
     bool matches(const HandIdentity& other) const;
-    /// For a message, for example "V1.4.7, hardware 1B01".
+    /// For a message, for example "firmware V1.4.7, hardware 1B01".
     QString text() const;
 };
 

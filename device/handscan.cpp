@@ -43,7 +43,7 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
     m_portLost = false;
     for (int node = range.first; node <= range.last; ++node) {
         if (m_stop)
-            return Outcome::Stopped;
+            return m_portLost ? Outcome::PortLost : Outcome::Stopped;
         emit sig_nodeStarted(node);
         for (const auto& protocol : protocolsToTry()) {
             if (range.protocol && protocol->protocolType() != *range.protocol)

@@ -29,7 +29,7 @@ public:
 
     /// Tries the nodes of `range`. Returns after the last node, after stop(), if the port cannot be
     /// opened, or once `token` is stale. The outcome is PortLost if the port has vanished at the
-    /// last node. Processes events meanwhile.
+    /// last node that was tried. Processes events meanwhile.
     Outcome run(const QString& port, const Generation::Token& token, const Range& range);
     /// Ends the scan after the current node.
     void stop() { m_stop = true; }

@@ -58,6 +58,12 @@ bool canComeBack(const PortEntry& lost)
            !lost.name.startsWith(QLatin1String("pts/"));
 }
 
+bool isSameAdapter(const PortEntry& known, const QList<PortEntry>& ports)
+{
+    const auto found = std::ranges::find(ports, known.name, &PortEntry::name);
+    return found != ports.end() && found->adapter == known.adapter;
+}
+
 const PortEntry* findAgain(const PortEntry& lost, const QList<PortEntry>& ports)
 {
     const auto sameAdapter = [&lost](const PortEntry& port) {

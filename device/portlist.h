@@ -41,6 +41,8 @@ QStringList addedPorts();
 /// Whether a lost port can be recognized when it is back. The number of a pseudo-terminal is given
 /// to the next program that wants one.
 bool canComeBack(const PortEntry& lost);
+/// Whether the name of a port still belongs to the same adapter.
+bool isSameAdapter(const PortEntry& known, const QList<PortEntry>& ports);
 /// The port among `ports` that a lost port has become. An adapter is the same if its ids and serial
 /// number are, under whatever name. Without a serial number the name must be the same too, and only
 /// one adapter may have these ids. A serial number that several adapters have counts as none. A

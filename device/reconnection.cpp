@@ -2,6 +2,8 @@
 
 #include "porterror.h"
 
+#include <utility>
+
 namespace vanto
 {
 
@@ -25,8 +27,15 @@ void Reconnection::begin()
 {
     m_search = m_session->token();
     m_failedOpenings = 0;
+    m_waitingReported = false;
     if (m_session->lostHand() && canComeBack(m_session->port()))
         m_timer.start();
+}
+
+void Reconnection::tryNow()
+{
+    if (m_timer.isActive())
+        compare(availablePorts());
 }
 
 void Reconnection::look()
@@ -60,10 +69,12 @@ void Reconnection::tryHand(const PortEntry& port)
     if (!hand || !m_search.isCurrent())
         return;
     std::optional<HandIdentity> identity;
+    bool opened = false;
     const Generation::Token loss = m_session->lossToken();
     {
         HandCall call(*hand);
-        if (hand->adapter->connect(port.name.toUtf8().constData(), BaudRate))
+        opened = hand->adapter->connect(port.name.toUtf8().constData(), BaudRate);
+        if (opened)
             identity = HandIdentity::read(call);
         else
             noteFailedOpening(port);
@@ -73,12 +84,18 @@ void Reconnection::tryHand(const PortEntry& port)
         if (!identity)
             hand->adapter->disconnect();
     }
-    if (!identity || !m_search.isCurrent())
+    if (!m_search.isCurrent())
         return;
+    if (!identity) {
+        if (opened && loss.isCurrent() && !std::exchange(m_waitingReported, true))
+            emit sig_waitingForHand();
+        return;
+    }
     m_timer.stop();
-    if (!m_session->identity().calibration) {
+    const bool matches = m_session->identity().matches(*identity);
+    if (matches && !m_session->identity().calibration) {
         emit sig_portBack(port);
-    } else if (m_session->identity().matches(*identity)) {
+    } else if (matches) {
         m_session->resume(port);
         emit sig_reconnected(port);
     } else {

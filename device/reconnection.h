@@ -16,6 +16,9 @@ class Reconnection : public QObject
 public:
     explicit Reconnection(DeviceSession* session, QObject* parent = nullptr);
 
+    /// Tries at once, if a search is in progress.
+    void tryNow();
+
 signals:
     /// The hand is open again.
     void sig_reconnected(const PortEntry& port);
@@ -24,6 +27,8 @@ signals:
     /// The port is back, but cannot be opened, for a reason that the user can remove. The search
     /// goes on.
     void sig_notOpened(const QString& cause);
+    /// The port is open again, but the hand does not answer yet. The search goes on.
+    void sig_waitingForHand();
     /// Another hand answers at its node; the search has ended.
     void sig_otherHand(const QString& description);
 
@@ -38,6 +43,7 @@ private:
     QTimer m_timer{this};
     Generation::Token m_search; ///< stale when the search is over
     int m_failedOpenings = 0;   ///< of this search
+    bool m_waitingReported = false;
     std::future<void> m_listing;
 };
 

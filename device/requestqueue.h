@@ -47,6 +47,8 @@ public:
 
     /// Drops waiting requests to a hand, before a long operation.
     void dropRequests();
+    /// Drops a waiting reload of the Basic page.
+    void dropReload() { remove(Kind::ReloadBasic); }
     /// Opens About and Theme if they are waiting. Long operations call this between two
     /// conversations, so that these dialogs need not wait for their end.
     void openWaitingDialogs();

@@ -86,8 +86,8 @@ std::optional<HandScan::Range> NodeDialogs::openNode(QWidget* parent,
             return text(QT_TRANSLATE_NOOP("NodeDialogs", "Enter a number from 0 to 255."));
         if (range.first != 0 || range.protocol == PROTOCOL_TYPE_SERIALCTRL)
             return {};
-        return text(QT_TRANSLATE_NOOP("NodeDialogs",
-                                      "Node 0 exists over SerialCtrl only. Choose that protocol."));
+        return text(QT_TRANSLATE_NOOP(
+            "NodeDialogs", "Node 0 is available only over SerialCtrl. Choose this protocol."));
     };
     return dialog.ask(problem) ? std::optional(range) : std::nullopt;
 }

@@ -54,6 +54,7 @@ void BasicPage::setUp(DeviceSession* session, StatusReporter* reporter, DeviceBa
 void BasicPage::on_pushButton_BasicReloadBasic_clicked()
 {
     session()->runWhenIdle(DeviceSession::Kind::ReloadBasic, [this] {
+        m_deviceBar->reconnectNow();
         if (session()->isPortClosed() && session()->reopenPort())
             m_deviceBar->openCurrentDevice();
         else

@@ -102,6 +102,11 @@ void ConnectionView::reportNotOpened(const QString& cause)
     m_reporter->showError(tr("The port cannot be opened again. %1").arg(cause.simplified()));
 }
 
+void ConnectionView::reportWaiting()
+{
+    m_reporter->showError(tr("The port is back. The hand does not answer yet."));
+}
+
 void ConnectionView::reportReconnected()
 {
     m_reporter->showMessage(tr("Reconnected"));
@@ -115,7 +120,7 @@ void ConnectionView::reportOtherHand(const QString& description)
 
 QString ConnectionView::anyNodeHint()
 {
-    return tr("Node 0xff is the address that every hand answers over SerialCtrl.\n"
+    return tr("Every hand answers to node 0xff over SerialCtrl.\n"
               "With several hands on the bus, all of them act and their replies collide.");
 }
 

@@ -27,6 +27,7 @@ public:
     void update();
     void reportPortLost();
     void reportNotOpened(const QString& cause);
+    void reportWaiting();
     void reportReconnected();
     void reportOtherHand(const QString& description);
 

@@ -77,9 +77,15 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
         new ConnectionView(ui->label_ConnectionIcon, ui->label_ConnectionState, nextStep, session);
     m_connection->reportTo(reporter);
     connect(this, &DeviceBar::sig_currentDeviceChanged, m_connection, &ConnectionView::update);
-    connect(session, &DeviceSession::sig_portLost, this, &DeviceBar::disablePages);
+    connect(session, &DeviceSession::sig_portLost, this, &DeviceBar::showPortLost);
+    connect(session, &DeviceSession::sig_answersAgain, this, [this] {
+        if (!m_session->identity().firmware) // it was silent from the start
+            m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice,
+                                   [this] { openCurrentDevice(); });
+    });
     connect(session, &DeviceSession::sig_otherHand, this, &DeviceBar::deselectDevice);
-    const auto* reconnection = new Reconnection(session, this);
+    auto* reconnection = new Reconnection(session, this);
+    m_reconnection = reconnection;
     connect(reconnection, &Reconnection::sig_reconnected, this, &DeviceBar::showReconnected);
     connect(reconnection, &Reconnection::sig_portBack, this, [this](const PortEntry& port) {
         m_portBox->replaceCurrent(port);
@@ -88,6 +94,8 @@ void DeviceBar::setUp(DeviceSession* session, StatusReporter* reporter, QTabWidg
     connect(reconnection, &Reconnection::sig_otherHand, this, &DeviceBar::deselectDevice);
     connect(reconnection, &Reconnection::sig_otherHand, m_connection,
             &ConnectionView::reportOtherHand);
+    connect(reconnection, &Reconnection::sig_waitingForHand, m_connection,
+            &ConnectionView::reportWaiting);
     connect(reconnection, &Reconnection::sig_notOpened, m_connection,
             &ConnectionView::reportNotOpened);
     createHaltControl();
@@ -190,12 +198,21 @@ void DeviceBar::on_comboBox_Devices_activated(int)
 {
     if (!m_indexChanged && m_session->isPortClosed())
         m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] {
-            if (m_session->isPortClosed())
+            if (m_session->isPortClosed() && m_session->reopenPort())
                 openCurrentDevice();
         });
 }
 
 /// What the pages show stays readable.
+void DeviceBar::showPortLost()
+{
+    // Otherwise the focus would move on to the list of ports, where a key closes the hand.
+    m_focusBeforeLoss = window()->focusWidget();
+    if (m_tabs->currentWidget()->isAncestorOf(m_focusBeforeLoss))
+        m_tabs->setFocus();
+    disablePages();
+}
+
 void DeviceBar::disablePages()
 {
     for (DevicePage* page : m_pages)
@@ -223,7 +240,15 @@ void DeviceBar::showReconnected(const PortEntry& port)
             return;
     }
     followCurrentPage();
+    if (m_focusBeforeLoss && m_tabs->hasFocus())
+        m_focusBeforeLoss->setFocus();
+    saveLastHand();
     m_connection->reportReconnected();
+}
+
+void DeviceBar::reconnectNow()
+{
+    m_reconnection->tryNow();
 }
 
 void DeviceBar::closeCurrentDevice()
@@ -261,11 +286,11 @@ void DeviceBar::openCurrentDevice()
         showForceSensing(false);
         return;
     }
-    const auto target = m_session->open(adapter, m_portBox->port());
-    if (target && !m_session->isPortClosed())
-        LastHand{portName(), target->node, adapter->protocolType()}.save();
+    const auto target = m_session->open(adapter, m_portBox->updateCurrent());
     if (!target)
         return;
+    if (!m_session->isPortClosed())
+        saveLastHand();
     showForceSensing(m_session->hasForceSensing());
     for (DevicePage* page : m_pages) {
         page->reload();
@@ -273,6 +298,12 @@ void DeviceBar::openCurrentDevice()
             return;
     }
     followCurrentPage();
+}
+
+void DeviceBar::saveLastHand() const
+{
+    if (const auto hand = m_session->target())
+        LastHand{portName(), hand->node, hand->adapter->protocolType()}.save();
 }
 
 std::shared_ptr<VantoProtocol> DeviceBar::adapterOfCurrentEntry()
@@ -345,8 +376,8 @@ void DeviceBar::scan()
     const Outcome outcome = runScan(m_scan->range());
     if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
         openCurrentDevice();
-    else if (outcome == Outcome::PortLost)
-        deselectDevice();
+    else if (outcome != Outcome::Superseded)
+        deselectDevice(); // it can be chosen when the port is back
 }
 
 HandScan::Outcome DeviceBar::runScan(const HandScan::Range& range)
@@ -376,8 +407,12 @@ void DeviceBar::tryNode(const HandScan::Range& node)
         });
     const HandScan::Outcome outcome = runScan(node);
     disconnect(connection);
-    if (outcome != HandScan::Outcome::Completed && outcome != HandScan::Outcome::Stopped)
+    if (outcome == HandScan::Outcome::Superseded)
         return;
+    if (outcome != HandScan::Outcome::Completed && outcome != HandScan::Outcome::Stopped) {
+        deselectDevice(); // it can be chosen when the port is back
+        return;
+    }
     if (found.isEmpty()) {
         m_reporter->showError(tr("No hand answers at node '0x%1'.")
                                   .arg(StatusReporter::hex(static_cast<unsigned>(node.first))));

@@ -6,6 +6,7 @@
 #include "handscan.h"
 #include "portlist.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QTabWidget;
@@ -17,6 +18,7 @@ class ConnectionView;
 class DevicePage;
 class HaltControl;
 class PortBox;
+class Reconnection;
 class ScanRunner;
 class StatusReporter;
 namespace Ui
@@ -49,6 +51,8 @@ public:
 
     /// Opens the device of the current entry and reloads all pages.
     void openCurrentDevice();
+    /// If the port is lost, looks for the hand at once.
+    void reconnectNow();
     /// The nodes of the next scans.
     HandScan::Range scanRange() const;
     void setScanRange(const HandScan::Range& range);
@@ -94,7 +98,9 @@ private:
     void tryNode(const HandScan::Range& node);
     void addDevice(const DeviceEntry& entry);
     void showCritical(const QString& text);
+    void showPortLost();
     void disablePages();
+    void saveLastHand() const;
     void deselectDevice();
     void showReconnected(const PortEntry& port);
     void createHaltControl();
@@ -107,10 +113,12 @@ private:
     QList<QAction*> m_lockedActions;
     QList<DevicePage*> m_pages;
     ConnectionView* m_connection = nullptr;
+    Reconnection* m_reconnection = nullptr;
     PortBox* m_portBox = nullptr;
     ScanRunner* m_scan = nullptr;
     HaltControl* m_haltControl = nullptr;
     HandScan::Range m_suggestedNode;
+    QPointer<QWidget> m_focusBeforeLoss;
     bool m_indexChanged = false; ///< of the Devices list, by the choice under way
 };
 

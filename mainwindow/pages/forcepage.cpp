@@ -31,7 +31,7 @@ void ForcePage::setUp(DeviceSession* session, StatusReporter* reporter)
 
 void ForcePage::follow(bool isCurrent)
 {
-    if (isCurrent && session()->isConnected())
+    if (isCurrent && session()->target())
         m_timer.start();
     else
         m_timer.stop();

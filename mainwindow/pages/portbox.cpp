@@ -18,7 +18,13 @@ constexpr int ClosedListCheckMs = 300;
 PortBox::PortBox(QComboBox* box, const QString& lastPort)
     : QObject(box), m_box(box), m_lastPort(lastPort)
 {
-    connect(&m_watch, &AdapterWatch::sig_listed, this, &PortBox::addNew);
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(ClosedListCheckMs);
+    connect(&m_delay, &QTimer::timeout, this, [this] { addNew(m_delayed); });
+    connect(&m_watch, &AdapterWatch::sig_listed, this, [this](const QList<PortEntry>& ports) {
+        m_delay.stop();
+        addNew(ports);
+    });
 }
 
 bool PortBox::hasPort() const
@@ -68,7 +74,8 @@ void PortBox::addNew(const QList<PortEntry>& ports)
     if (!m_listed)
         return;
     if (m_box->view()->isVisible()) { // do not move entries under the mouse
-        QTimer::singleShot(ClosedListCheckMs, this, [this, ports] { addNew(ports); });
+        m_delayed = ports;
+        m_delay.start();
         return;
     }
     const QSignalBlocker blocker(m_box);
@@ -81,7 +88,7 @@ void PortBox::addNew(const QList<PortEntry>& ports)
             continue;
         }
         next = index + 1;
-        // The current entry describes the adapter that is open or lost.
+        // The current entry describes the adapter that is open or lost; see updateCurrent().
         if (index != m_box->currentIndex() && *known != port) {
             *known = port;
             show(index);
@@ -96,11 +103,21 @@ void PortBox::insert(qsizetype index, const PortEntry& port)
     show(index);
 }
 
+PortEntry PortBox::updateCurrent()
+{
+    const QList<PortEntry> ports = availablePorts();
+    const auto found = std::ranges::find(ports, port().name, &PortEntry::name);
+    if (found != ports.end())
+        replaceCurrent(*found);
+    return port();
+}
+
 void PortBox::replaceCurrent(const PortEntry& port)
 {
     const int index = m_box->currentIndex();
     if (index < 0)
         return;
+    m_box->hidePopup(); // do not move entries under the mouse
     const QSignalBlocker blocker(m_box);
     // Its new name may have been listed already.
     for (int other = m_box->count() - 1; other >= 0; --other) {

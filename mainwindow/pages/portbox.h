@@ -3,6 +3,7 @@
 #include "adapterwatch.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <optional>
 
@@ -29,6 +30,8 @@ public:
     /// Lists these ports instead of those that are listed. The current one stays current if it is
     /// among them.
     void list(const QList<PortEntry>& ports);
+    /// The current port as it is now: another adapter may have taken its name.
+    PortEntry updateCurrent();
     /// An adapter can come back under another name.
     void replaceCurrent(const PortEntry& port);
 
@@ -45,6 +48,8 @@ private:
     QString m_lastPort;
     QList<PortEntry> m_ports; ///< as listed
     AdapterWatch m_watch{this};
+    QTimer m_delay{this};
+    QList<PortEntry> m_delayed; ///< listed while the list was open
     bool m_listed = false;
     std::future<void> m_listing; ///< its destructor waits for the listing
 };

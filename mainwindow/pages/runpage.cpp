@@ -43,13 +43,18 @@ void RunPage::setUp(DeviceSession* session, StatusReporter* reporter)
     DevicePage::setUp(session, reporter);
     connect(session, &DeviceSession::sig_stop, &m_timer, &QTimer::stop);
     connect(session, &DeviceSession::sig_interrupted, this, &RunPage::dropMotions);
+    // What has been typed keeps its unit.
+    connect(session, &DeviceSession::sig_stateChanged, this, [this] {
+        ui->comboBox_RunPosOrAngle->setEnabled(this->session()->state() !=
+                                               DeviceSession::State::PortLost);
+    });
 }
 
 void RunPage::follow(bool isCurrent)
 {
     // Pending commands of an earlier visit must not be sent.
     dropPending();
-    if (isCurrent && session()->isConnected())
+    if (isCurrent && session()->target())
         m_timer.start(RunIntervalMs);
     else
         m_timer.stop();

@@ -66,7 +66,7 @@ HandScan::Outcome ScanRunner::run(const QString& port, const HandScan::Range& ra
 void ScanRunner::setRange(const HandScan::Range& range)
 {
     m_range = range;
-    m_button->setToolTip(tr("Scans the nodes %1 to %2").arg(range.first).arg(range.last));
+    m_button->setToolTip(tr("Scans nodes %1 to %2").arg(range.first).arg(range.last));
 }
 
 void ScanRunner::showRunning(bool running)

@@ -101,6 +101,30 @@ void SequencePage::reload()
     reloadSequenceInfo();
 }
 
+void SequencePage::reloadKeepingEdits()
+{
+    if (const auto target = session()->target())
+        m_player->setVantoProtocol(target->adapter, target->node);
+    updateAfterPlay();
+}
+
+void SequencePage::enableWidgets(bool enable)
+{
+    if (enable) {
+        updateSequenceTab();
+        return;
+    }
+    storeEditedSpeed();
+    enableWidgetsForSequenceTab(Everything, false);
+}
+
+/// Unlike a field that is disabled, one that becomes read-only does not finish editing.
+void SequencePage::storeEditedSpeed()
+{
+    if (const auto finger = m_editors->fingerOfEditedSpeed())
+        tabSequence_handleSpeedEdit(*finger);
+}
+
 void SequencePage::focusTable()
 {
     m_table->setFocus();
@@ -177,9 +201,7 @@ void SequencePage::play(const HandTarget& target, int start, int end, Purpose pu
     m_player->setVantoProtocol(target.adapter, target.node);
     {
         const QScopedValueRollback starting(m_starting, true);
-        // Unlike a field that is disabled, one that becomes read-only does not finish editing.
-        if (const auto finger = m_editors->fingerOfEditedSpeed())
-            tabSequence_handleSpeedEdit(*finger);
+        storeEditedSpeed();
         if (purpose == Purpose::Edit)
             m_focus = std::make_unique<FocusKeeper>(window(), this);
         updateSequenceTab();

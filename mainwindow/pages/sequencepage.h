@@ -53,13 +53,10 @@ public:
     void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
     void reload() override;
-    void reloadKeepingEdits() override { reload(); } // its editors show no row then
+    void reloadKeepingEdits() override;
     void resumeAfterHalt(bool) override { updateAfterPlay(); }
     void clear() override { clearSequenceInfo(); }
-    void enableWidgets(bool enable) override
-    {
-        enable ? updateSequenceTab() : enableWidgetsForSequenceTab(Everything, false);
-    }
+    void enableWidgets(bool enable) override;
     void follow(bool isCurrent) override;
 
     void focusTable();
@@ -104,6 +101,7 @@ private:
 
     void setUpLayout();
     bool isPlaying() const;
+    void storeEditedSpeed();
     /// Whether the page is the current one; isVisible() also depends on the window.
     bool isShown() const { return !isHidden(); }
     /// Whether the page is shown and has not been left or cleared since `visit`.

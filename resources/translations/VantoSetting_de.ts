@@ -155,6 +155,17 @@ Gerät nach Aufforderung einschalten.</translation>
     </message>
 </context>
 <context>
+    <name>HandIdentity</name>
+    <message>
+        <source>firmware V%1.%2.%3</source>
+        <translation>Firmware V%1.%2.%3</translation>
+    </message>
+    <message>
+        <source>hardware %1</source>
+        <translation>Hardware %1</translation>
+    </message>
+</context>
+<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -173,10 +184,6 @@ Gerät nach Aufforderung einschalten.</translation>
         <translation>Geben Sie eine Zahl von 0 bis 255 ein.</translation>
     </message>
     <message>
-        <source>Node 0 exists over SerialCtrl only. Choose that protocol.</source>
-        <translation>Knoten 0 gibt es nur über SerialCtrl. Wählen Sie dieses Protokoll.</translation>
-    </message>
-    <message>
         <source>First node:</source>
         <translation>Erster Knoten:</translation>
     </message>
@@ -187,6 +194,10 @@ Gerät nach Aufforderung einschalten.</translation>
     <message>
         <source>The last node must not be below the first one.</source>
         <translation>Der letzte Knoten darf nicht unter dem ersten liegen.</translation>
+    </message>
+    <message>
+        <source>Node 0 is available only over SerialCtrl. Choose this protocol.</source>
+        <translation>Knoten 0 gibt es nur über SerialCtrl. Wählen Sie dieses Protokoll.</translation>
     </message>
 </context>
 <context>
@@ -575,12 +586,6 @@ und neu anmelden.</translation>
         <translation>Eine andere Hand antwortet (%1). Sie wurde nicht geöffnet.</translation>
     </message>
     <message>
-        <source>Node 0xff is the address that every hand answers over SerialCtrl.
-With several hands on the bus, all of them act and their replies collide.</source>
-        <translation>Knoten 0xff ist die Adresse, auf die über SerialCtrl jede Hand antwortet.
-Bei mehreren Händen am Bus handeln alle, und ihre Antworten kollidieren.</translation>
-    </message>
-    <message>
         <source>Choose a port and click Scan.</source>
         <translation>Wählen Sie einen Port und klicken Sie auf Suchen.</translation>
     </message>
@@ -647,6 +652,16 @@ Neu laden auf der Seite Allgemein versucht sofort, den Port zu öffnen.</transla
     <message>
         <source>Continue ends a halt.</source>
         <translation>Fortsetzen beendet einen Halt.</translation>
+    </message>
+    <message>
+        <source>The port is back. The hand does not answer yet.</source>
+        <translation>Der Port ist wieder da. Die Hand antwortet noch nicht.</translation>
+    </message>
+    <message>
+        <source>Every hand answers to node 0xff over SerialCtrl.
+With several hands on the bus, all of them act and their replies collide.</source>
+        <translation>Über SerialCtrl antwortet jede Hand auf Knoten 0xff.
+Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</translation>
     </message>
 </context>
 <context>
@@ -1111,16 +1126,16 @@ Unterstützte Protokolle:</translation>
         <translation>Fortschritt der Suche</translation>
     </message>
     <message>
-        <source>Scans the nodes %1 to %2</source>
-        <translation>Durchsucht die Knoten %1 bis %2</translation>
-    </message>
-    <message>
         <source>Stop</source>
         <translation>Stopp</translation>
     </message>
     <message>
         <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
         <translation>Öffnen von Port „%1“ fehlgeschlagen, Protokoll=%2, Baudrate=%3</translation>
+    </message>
+    <message>
+        <source>Scans nodes %1 to %2</source>
+        <translation>Sucht die Knoten %1 bis %2</translation>
     </message>
 </context>
 <context>

@@ -155,6 +155,17 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
+    <name>HandIdentity</name>
+    <message>
+        <source>firmware V%1.%2.%3</source>
+        <translation>ファームウェア V%1.%2.%3</translation>
+    </message>
+    <message>
+        <source>hardware %1</source>
+        <translation>ハードウェア %1</translation>
+    </message>
+</context>
+<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -173,10 +184,6 @@ Power on the device when prompted.</source>
         <translation>0 から 255 までの数を入力してください。</translation>
     </message>
     <message>
-        <source>Node 0 exists over SerialCtrl only. Choose that protocol.</source>
-        <translation>ノード 0 は SerialCtrl にのみ存在します。このプロトコルを選択してください。</translation>
-    </message>
-    <message>
         <source>First node:</source>
         <translation>最初のノード:</translation>
     </message>
@@ -187,6 +194,10 @@ Power on the device when prompted.</source>
     <message>
         <source>The last node must not be below the first one.</source>
         <translation>最後のノードは最初のノード以上でなければなりません。</translation>
+    </message>
+    <message>
+        <source>Node 0 is available only over SerialCtrl. Choose this protocol.</source>
+        <translation>ノード 0 は SerialCtrl でのみ使用できます。このプロトコルを選択してください。</translation>
     </message>
 </context>
 <context>
@@ -575,12 +586,6 @@ and log in again.</source>
         <translation>別のハンドが応答しています (%1)。開いていません。</translation>
     </message>
     <message>
-        <source>Node 0xff is the address that every hand answers over SerialCtrl.
-With several hands on the bus, all of them act and their replies collide.</source>
-        <translation>ノード 0xff は SerialCtrl ですべてのハンドが応答するアドレスです。
-バス上に複数のハンドがあると、すべてが動作し、応答が衝突します。</translation>
-    </message>
-    <message>
         <source>Choose a port and click Scan.</source>
         <translation>ポートを選択して [スキャン] をクリックしてください。</translation>
     </message>
@@ -647,6 +652,16 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>Continue ends a halt.</source>
         <translation>[再開] で停止を解除します。</translation>
+    </message>
+    <message>
+        <source>The port is back. The hand does not answer yet.</source>
+        <translation>ポートは復帰しましたが、ハンドはまだ応答しません。</translation>
+    </message>
+    <message>
+        <source>Every hand answers to node 0xff over SerialCtrl.
+With several hands on the bus, all of them act and their replies collide.</source>
+        <translation>SerialCtrl では、すべてのハンドがノード 0xff に応答します。
+バスに複数のハンドがあると、すべてが動作し、応答が衝突します。</translation>
     </message>
 </context>
 <context>
@@ -1111,16 +1126,16 @@ Supported protocol:</source>
         <translation>スキャンの進行状況</translation>
     </message>
     <message>
-        <source>Scans the nodes %1 to %2</source>
-        <translation>ノード %1 から %2 をスキャンします</translation>
-    </message>
-    <message>
         <source>Stop</source>
         <translation>停止</translation>
     </message>
     <message>
         <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
         <translation>ポート「%1」を開けませんでした、プロトコル=%2、ボーレート=%3</translation>
+    </message>
+    <message>
+        <source>Scans nodes %1 to %2</source>
+        <translation>ノード %1 から %2 をスキャンします</translation>
     </message>
 </context>
 <context>

@@ -155,6 +155,17 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
+    <name>HandIdentity</name>
+    <message>
+        <source>firmware V%1.%2.%3</source>
+        <translation>固件 V%1.%2.%3</translation>
+    </message>
+    <message>
+        <source>hardware %1</source>
+        <translation>硬件 %1</translation>
+    </message>
+</context>
+<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -173,10 +184,6 @@ Power on the device when prompted.</source>
         <translation>请输入 0 到 255 之间的数字。</translation>
     </message>
     <message>
-        <source>Node 0 exists over SerialCtrl only. Choose that protocol.</source>
-        <translation>节点 0 仅存在于 SerialCtrl。请选择该协议。</translation>
-    </message>
-    <message>
         <source>First node:</source>
         <translation>第一个节点：</translation>
     </message>
@@ -187,6 +194,10 @@ Power on the device when prompted.</source>
     <message>
         <source>The last node must not be below the first one.</source>
         <translation>最后一个节点不能小于第一个节点。</translation>
+    </message>
+    <message>
+        <source>Node 0 is available only over SerialCtrl. Choose this protocol.</source>
+        <translation>节点 0 仅可通过 SerialCtrl 使用。请选择此协议。</translation>
     </message>
 </context>
 <context>
@@ -575,12 +586,6 @@ and log in again.</source>
         <translation>另一只机械手在应答（%1）。未打开它。</translation>
     </message>
     <message>
-        <source>Node 0xff is the address that every hand answers over SerialCtrl.
-With several hands on the bus, all of them act and their replies collide.</source>
-        <translation>节点 0xff 是 SerialCtrl 下每只机械手都应答的地址。
-总线上有多只机械手时，它们都会动作，应答会冲突。</translation>
-    </message>
-    <message>
         <source>Choose a port and click Scan.</source>
         <translation>请选择端口并点击扫描。</translation>
     </message>
@@ -647,6 +652,16 @@ Reload on the Basic page tries to open the port at once.</source>
     <message>
         <source>Continue ends a halt.</source>
         <translation>“继续”结束停止状态。</translation>
+    </message>
+    <message>
+        <source>The port is back. The hand does not answer yet.</source>
+        <translation>端口已恢复，但手尚未应答。</translation>
+    </message>
+    <message>
+        <source>Every hand answers to node 0xff over SerialCtrl.
+With several hands on the bus, all of them act and their replies collide.</source>
+        <translation>通过 SerialCtrl，每只手都会应答节点 0xff。
+总线上有多只手时，它们都会动作，应答会冲突。</translation>
     </message>
 </context>
 <context>
@@ -1111,16 +1126,16 @@ Supported protocol:</source>
         <translation>扫描进度</translation>
     </message>
     <message>
-        <source>Scans the nodes %1 to %2</source>
-        <translation>扫描节点 %1 到 %2</translation>
-    </message>
-    <message>
         <source>Stop</source>
         <translation>停止</translation>
     </message>
     <message>
         <source>Open port &apos;%1&apos; failed, protocol=%2, baudrate=%3</source>
         <translation>打开端口“%1”失败，协议=%2，波特率=%3</translation>
+    </message>
+    <message>
+        <source>Scans nodes %1 to %2</source>
+        <translation>扫描节点 %1 到 %2</translation>
     </message>
 </context>
 <context>

@@ -130,8 +130,10 @@ void TestConnection::otherHandComesBack()
     clearRecords();
     replug();
     QTRY_COMPARE_WITH_TIMEOUT(state(), "Not connected", 20'000);
-    QTRY_COMPARE(shown(),
-                 QStringList{"Another hand answers (V1.4.7, 1B01). It has not been opened."});
+    QTRY_COMPARE(
+        shown(),
+        QStringList{
+            "Another hand answers (firmware V1.4.7, hardware 1B01). It has not been opened."});
     QVERIFY(!m_tool->enabled("pushButton_BasicBeep"));
     m_hand->clearTrace();
     QTest::qWait(1500); // the search has ended
@@ -287,7 +289,7 @@ void TestConnection::openNode_data()
                  {"9", "No hand answers at node '0x09'.", "1"},
                  {"256", "Enter a number from 0 to 255.", "1"},
                  {"abc", "Enter a number from 0 to 255.", "1"},
-                 {"0", "Node 0 exists over SerialCtrl only. Choose that protocol.", "1"}});
+                 {"0", "Node 0 is available only over SerialCtrl. Choose this protocol.", "1"}});
 }
 
 void TestConnection::openNode()
