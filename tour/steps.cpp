@@ -2,6 +2,7 @@
 
 #include "calibrationstep.h"
 #include "fingersteps.h"
+#include "pageindex.h"
 #include "replylimits.h"
 #include "sequencestep.h"
 #include "theme.h"
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabWidget>
+#include <QTimer>
 
 #include <array>
 #include <functional>
@@ -277,6 +279,31 @@ QString cable(TourRunner& tour)
     return QStringLiteral("the hand is open again");
 }
 
+/// Halts a finger on its way, and continues.
+QString halt(TourRunner& tour)
+{
+    constexpr int ContinueMs = 800; // an earlier click would count as one more halt
+    auto* pages = tour.find<QTabWidget>("tabWidget");
+    const auto* state = tour.find<QLabel>("label_ConnectionState");
+    const QString connected = state->text();
+    const auto* button = tour.find<QPushButton>("pushButton_Halt");
+    const QString idle = button->text();
+    pages->setCurrentIndex(RunTab);
+    tour.setField("lineEdit_RunPos1", QStringLiteral("65535"));
+    tour.click("pushButton_RunSetPos1");
+    tour.click("pushButton_Halt");
+    tour.waitFor(QStringLiteral("the halt is confirmed"), [&] { return button->text() != idle; });
+    tour.expectText(QStringLiteral("the state"), state->text(), QStringLiteral("Halted"));
+    tour.saveScreenshot(QStringLiteral("-halted"));
+    const QString position = tour.command(QStringLiteral("get 5 position 1"));
+    QTimer::singleShot(ContinueMs, tour.window(), [&tour] { tour.click("pushButton_Halt"); });
+    tour.waitFor(QStringLiteral("the hand continues"), [&] { return state->text() == connected; });
+    tour.expect(QStringLiteral("the finger's position afterwards"),
+                tour.command(QStringLiteral("get 5 position 1")), position);
+    pages->setCurrentIndex(BasicTab);
+    return QStringLiteral("the finger stands at %1").arg(position);
+}
+
 QString openNode(TourRunner& tour)
 {
     const auto* state = tour.find<QLabel>("label_ConnectionState");
@@ -335,6 +362,7 @@ constexpr std::array steps{
     Step{"rescan", rescan},
     Step{"cable", cable},
     Step{"node", openNode},
+    Step{"halt", halt},
     Step{"calibrate", calibration},
     Step{"update", firmwareUpdate},
     Step{"updated", updated},
