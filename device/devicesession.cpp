@@ -60,7 +60,8 @@ std::optional<HandTarget> DeviceSession::open(std::shared_ptr<VantoProtocol> ada
     m_node = opened->node;
     HandCall call(*opened);
     m_portOpened = opened->adapter->connect(port.name.toUtf8().constData(), BaudRate);
-    emit sig_opened();
+    if (m_portOpened)
+        emit sig_opened();
     std::uint16_t force = 0;
     const std::uint8_t result =
         call.attempt<&VantoProtocol::getFingerForce>(ForceProbeFinger, &force, std::uint8_t{1});
@@ -88,7 +89,15 @@ void DeviceSession::closeIfConnected()
 
 void DeviceSession::stopAtOnce()
 {
+    stop(false);
+}
+
+void DeviceSession::stop(bool keepOpen)
+{
+    const bool open = keepOpen && m_opened.isCurrent();
     m_epoch.advance();
+    if (open)
+        m_opened = m_epoch.token();
     m_timeouts = 0;
     m_askTimer.stop();
     emit sig_stop();
@@ -97,11 +106,8 @@ void DeviceSession::stopAtOnce()
 
 void DeviceSession::interrupt()
 {
-    const bool open = m_opened.isCurrent();
     m_queue.dropRequests();
-    stopAtOnce();
-    if (open)
-        m_opened = m_epoch.token();
+    stop(true);
     emit sig_interrupted();
 }
 
@@ -175,6 +181,7 @@ void DeviceSession::resume(const PortEntry& port)
     m_opened = m_epoch.token();
     m_portOpened = true;
     m_lost = false;
+    emit sig_resumed();
     emit sig_stateChanged();
 }
 

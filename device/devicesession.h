@@ -93,13 +93,17 @@ public:
         m_queue.runWhenIdle(kind, std::move(action));
     }
     void dropRequests() { m_queue.dropRequests(); }
+    /// While held, no job runs: a halt comes first.
+    void holdJobs(bool held) { m_queue.hold(held); }
     void openWaitingDialogs() { m_queue.openWaitingDialogs(); }
     bool canTick() const { return m_queue.canTick(); }
     bool hasWaitingJobs() const { return m_queue.hasWaitingJobs(); }
 
 signals:
-    /// A hand is about to be read for the first time; its port may be closed.
+    /// A hand is about to be read for the first time.
     void sig_opened();
+    /// The port has been opened again for the same hand; its name may be another one.
+    void sig_resumed();
     /// The adapter has been closed.
     void sig_closed();
     void sig_nodeChanged(std::uint8_t node);
@@ -122,6 +126,7 @@ signals:
 private:
     static constexpr int TimeoutsOfSilence = 3;
 
+    void stop(bool keepOpen);
     void losePort();
     void noteResult(std::uint8_t result);
     void askSilentHand();

@@ -67,44 +67,44 @@ void pause(const HaltCall& call)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-enum class Confirmation { Standing, Moving, OtherTargets, NoAnswer };
-
-Confirmation confirm(HaltCall& call, const PerFinger<std::uint16_t>& goals)
+/// Whether two reads show the targets as written and no motion.
+bool standStill(HaltCall& call, const PerFinger<std::uint16_t>& goals)
 {
     const auto first = read(call);
-    if (!first)
-        return Confirmation::NoAnswer;
+    if (!first || first->targets != goals)
+        return false;
     pause(call);
     const auto second = read(call);
-    if (!second)
-        return Confirmation::NoAnswer;
-    if (first->targets != goals || second->targets != goals)
-        return Confirmation::OtherTargets;
+    if (!second || second->targets != goals)
+        return false;
     for (std::size_t finger = 0; finger < FingerCount; ++finger)
         if (std::abs(first->positions[finger] - second->positions[finger]) > StandsStill)
-            return Confirmation::Moving;
-    return Confirmation::Standing;
+            return false;
+    return true;
 }
 
 /// Chooses the targets and writes them. The second time the fingers are almost at rest: those that
 /// were moving get the place where they have come to, instead of going back to the first one.
-std::optional<PerFinger<std::uint16_t>> chooseGoals(HaltCall& call)
+bool choose(HaltCall& call, Pose pose, std::optional<PerFinger<std::uint16_t>>& goals)
 {
-    PerFinger<std::uint16_t> goals{};
     PerFinger<bool> moving{};
+    for (std::size_t finger = 0; finger < FingerCount; ++finger)
+        moving[finger] = !pose.hasArrived(finger);
     for (const bool first : {true, false}) {
-        const auto pose = read(call);
-        if (!pose)
-            return {};
-        for (std::size_t finger = 0; finger < FingerCount; ++finger) {
-            if (first)
-                moving[finger] = !pose->hasArrived(finger);
-            goals[finger] = moving[finger] ? pose->positions[finger] : pose->targets[finger];
+        if (!first) {
+            const auto slowed = read(call);
+            if (!slowed)
+                return false;
+            pose = *slowed;
         }
-        if (!write(call, goals))
-            return {};
+        goals = pose.targets;
+        for (std::size_t finger = 0; finger < FingerCount; ++finger)
+            if (moving[finger])
+                (*goals)[finger] = pose.positions[finger];
+        if (!write(call, *goals))
+            return false;
     }
-    return goals;
+    return true;
 }
 } // namespace
 
@@ -115,14 +115,17 @@ Halt::Halt(DeviceSession* session, ListedNodes listedNodes, QObject* parent)
     m_retry.setInterval(RetryMs);
     connect(&m_retry, &QTimer::timeout, this, &Halt::startWhenIdle);
     connect(session, &DeviceSession::sig_opened, this, &Halt::noteOpened);
-    connect(session, &DeviceSession::sig_closed, this, &Halt::leave);
+    connect(session, &DeviceSession::sig_closed, this, [this] {
+        m_open = false;
+        leave();
+    });
+    connect(session, &DeviceSession::sig_resumed, this, &Halt::followPort);
     connect(session, &DeviceSession::sig_portLost, this, &Halt::leave);
-    connect(session, &DeviceSession::sig_nodeChanged, this,
-            [this](std::uint8_t node) { m_node = node; });
+    connect(session, &DeviceSession::sig_nodeChanged, this, &Halt::follow);
     connect(session, &DeviceSession::sig_shutDown, this, &Halt::leave);
     connect(session, &DeviceSession::sig_stop, this, [this] {
         // A change of the connection leaves a hand whose port is not open, too.
-        if (m_state == State::NotConfirmed && !m_running && !m_session->isConnected())
+        if (m_state == State::NotConfirmed && !m_running && !m_open)
             leave();
     });
     connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
@@ -145,29 +148,46 @@ void Halt::setBlocked(bool blocked)
 
 void Halt::noteOpened()
 {
-    leave();
     const auto hand = m_session->target();
     m_adapter = hand->adapter;
     m_node = hand->node;
     m_port = m_session->port();
-    const bool latched = std::ranges::find(m_latched, key()) != m_latched.end();
-    setState(latched ? State::Halted : State::Ready);
+    m_open = true;
+    m_state = State::Ready;
+    leave();
 }
 
-/// Ends a halt that has not been confirmed. A confirmed one holds until the hand is continued or
-/// another one is open.
+/// The hand has got another node.
+void Halt::follow(std::uint8_t newNode)
+{
+    if (Latch* halted = latch())
+        std::ranges::replace(halted->nodes, m_node, newNode);
+    m_node = newNode;
+}
+
+/// The adapter can have come back under another name.
+void Halt::followPort()
+{
+    if (Latch* halted = latch())
+        halted->port = m_session->port().name;
+    m_port = m_session->port();
+    leave();
+}
+
+/// Ends a halt that has not been confirmed. A confirmed one holds until the user continues.
 void Halt::leave()
 {
     m_run.advance();
     m_retry.stop();
     m_waiting = false;
-    if (m_state != State::Halted)
-        setState(State::Ready);
+    if (m_adapter)
+        setState(latch() ? State::Halted : State::Ready);
 }
 
 void Halt::setState(State state)
 {
     m_state = state;
+    m_session->holdJobs(state == State::Halting);
     switch (state) {
     case State::Halting:
     case State::NotConfirmed:
@@ -184,14 +204,27 @@ void Halt::setState(State state)
     emit sig_stateChanged();
 }
 
-Halt::Key Halt::key() const
+Halt::Latch* Halt::latch()
 {
-    return {m_port.name, m_adapter->protocolType(), m_node};
+    const auto found = std::ranges::find(m_latches, m_port.name, &Latch::port);
+    return found == m_latches.end() ? nullptr : &*found;
 }
 
 bool Halt::isSerialCtrl() const
 {
     return m_adapter->protocolType() == PROTOCOL_TYPE_SERIALCTRL;
+}
+
+bool Halt::isAnyNode() const
+{
+    return m_node == AnyNode && isSerialCtrl();
+}
+
+/// Opens the port for a hand that has been left.
+bool Halt::openPort(const std::shared_ptr<VantoProtocol>& adapter) const
+{
+    adapter->disconnect(); // after a failure it cannot be asked again otherwise
+    return adapter->connect(m_port.name.toUtf8().constData(), BaudRate);
 }
 
 HandTarget Halt::target(std::uint8_t node) const
@@ -203,7 +236,7 @@ void Halt::press()
 {
     if (!isAvailable() || m_running || m_state == State::Halting)
         return;
-    if (m_session->isPortClosed()) {
+    if (m_open && m_session->isPortClosed()) {
         emit sig_unreachable();
         return;
     }
@@ -217,7 +250,7 @@ void Halt::press()
     }
     m_failures = 0;
     m_hands.clear();
-    if (m_node == AnyNode && isSerialCtrl()) {
+    if (isAnyNode()) {
         for (const std::uint8_t node : m_listedNodes())
             m_hands.push_back({.node = node, .goals = {}});
     } else {
@@ -250,11 +283,11 @@ void Halt::run()
 bool Halt::runOnLine()
 {
     const LineHold line;
-    const bool wasLeft = !m_session->isConnected();
+    const bool wasLeft = !m_open;
     const auto token = m_run.token();
     const auto adapter = m_adapter;
-    if (wasLeft && !adapter->connect(m_port.name.toUtf8().constData(), BaudRate)) {
-        adapter->disconnect(); // otherwise it cannot be asked again
+    if (wasLeft && !openPort(adapter)) {
+        adapter->disconnect();
         m_failures = std::max(m_failures + 1, TriesAtOnce);
         return false;
     }
@@ -271,7 +304,7 @@ bool Halt::runOnLine()
 /// Tries once to halt all hands that have not confirmed it.
 bool Halt::tryAll()
 {
-    if (m_node == AnyNode && isSerialCtrl()) {
+    if (isAnyNode()) {
         HaltCall(target(AnyNode)).attempt<&VantoProtocol::fingerStop>(AllFingers);
         // A position must not be written to node 255: it would be that of one hand, and reach all.
         if (m_hands.empty())
@@ -290,64 +323,78 @@ bool Halt::halt(Hand& hand)
     HaltCall call(target(hand.node));
     if (isSerialCtrl())
         call.attempt<&VantoProtocol::fingerStop>(AllFingers);
-    // A repetition writes the same targets. With new ones a loaded finger would creep.
-    if (hand.goals && !write(call, *hand.goals))
-        hand.goals.reset();
-    if (!hand.goals)
-        hand.goals = chooseGoals(call);
-    if (!hand.goals)
+    const auto pose = read(call);
+    if (!pose)
         return false;
-    const Confirmation confirmation = confirm(call, *hand.goals);
-    if (confirmation == Confirmation::OtherTargets)
-        hand.goals.reset();
-    return confirmation == Confirmation::Standing;
+    // A repetition writes the same targets. With new ones a loaded finger would creep.
+    const bool hasGoals = hand.goals && pose->targets == *hand.goals;
+    if (hasGoals ? !write(call, *hand.goals) : !choose(call, *pose, hand.goals))
+        return false;
+    return standStill(call, *hand.goals);
 }
 
 void Halt::finish(bool confirmed)
 {
-    if (confirmed && m_hands.empty()) {
-        setState(State::SentToAll);
-    } else if (confirmed) {
-        if (std::ranges::find(m_latched, key()) == m_latched.end())
-            m_latched.push_back(key());
-        setState(State::Halted);
-    } else {
+    if (!confirmed) {
         setState(State::NotConfirmed);
         m_retry.start();
         return;
     }
+    m_session->dropRequests(); // made during the halt
+    if (!m_hands.empty())
+        latchHands();
+    setState(m_hands.empty() ? State::SentToAll : State::Halted);
     emit sig_halted();
+}
+
+void Halt::latchHands()
+{
+    if (!latch())
+        m_latches.push_back({m_port.name, m_adapter, {}});
+    for (const Hand& hand : m_hands)
+        if (std::ranges::find(latch()->nodes, hand.node) == latch()->nodes.end())
+            latch()->nodes.push_back(hand.node);
 }
 
 void Halt::proceed()
 {
     m_session->runWhenIdle(DeviceSession::Kind::Continue, [this] {
-        if (m_state == State::Halted && isAvailable())
-            continueHand();
+        if (m_state == State::Halted && isAvailable() && latch())
+            continueHands();
     });
 }
 
-void Halt::continueHand()
+void Halt::continueHands()
 {
-    bool accepted = true;
-    if (isSerialCtrl()) {
-        const bool wasLeft = !m_session->isConnected();
-        const auto adapter = m_adapter;
-        HaltCall call(target(m_node));
-        accepted = (!wasLeft || adapter->connect(m_port.name.toUtf8().constData(), BaudRate)) &&
-                   call.attempt<&VantoProtocol::fingerStart>(AllFingers) == ResultCode::Success;
-        if (wasLeft)
-            adapter->disconnect();
-    }
+    const Latch halted = *latch();
+    const bool accepted =
+        halted.adapter->protocolType() != PROTOCOL_TYPE_SERIALCTRL || startFingers(halted);
     if (m_state != State::Halted)
         return;
     if (!accepted) {
         emit sig_notContinued();
         return;
     }
-    std::erase(m_latched, key());
+    std::erase_if(m_latches, [this](const Latch& each) { return each.port == m_port.name; });
     setState(State::Ready);
     emit sig_continued();
+}
+
+/// Not by node 255: a hand that is not listed still has its old target.
+bool Halt::startFingers(const Latch& latch)
+{
+    const LineHold line;
+    const bool wasLeft = !m_open;
+    if (!wasLeft && latch.adapter != m_adapter)
+        return false; // the port is open with the other protocol
+    bool accepted = !wasLeft || openPort(latch.adapter);
+    for (const std::uint8_t node : latch.nodes)
+        accepted = accepted &&
+                   HaltCall({latch.adapter, node, m_run.token()})
+                           .attempt<&VantoProtocol::fingerStart>(AllFingers) == ResultCode::Success;
+    if (wasLeft)
+        latch.adapter->disconnect();
+    return accepted;
 }
 
 } // namespace vanto

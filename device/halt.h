@@ -68,20 +68,24 @@ private:
         std::optional<Positions> goals; ///< the targets that have been chosen for the fingers
         bool confirmed = false;
     };
-    /// A hand that has been halted and not continued.
-    struct Key {
+    /// Hands of a port that have been halted and not continued. The motions of all hands of this
+    /// port are refused, as one hand can be listed with several nodes and protocols.
+    struct Latch {
         QString port;
-        PROTOCOL_TYPE protocol;
-        std::uint8_t node;
-        bool operator==(const Key&) const = default;
+        std::shared_ptr<VantoProtocol> adapter;
+        std::vector<std::uint8_t> nodes;
     };
 
     void noteOpened();
     void leave();
     void setState(State state);
-    Key key() const;
+    void follow(std::uint8_t newNode);
+    void followPort();
     bool isSerialCtrl() const;
+    bool isAnyNode() const;
+    Latch* latch();
     HandTarget target(std::uint8_t node) const;
+    bool openPort(const std::shared_ptr<VantoProtocol>& adapter) const;
 
     void startWhenIdle();
     void run();
@@ -89,14 +93,17 @@ private:
     bool tryAll();
     bool halt(Hand& hand);
     void finish(bool confirmed);
-    void continueHand();
+    void latchHands();
+    void continueHands();
+    bool startFingers(const Latch& latch);
 
     DeviceSession* m_session;
     ListedNodes m_listedNodes;
     std::shared_ptr<VantoProtocol> m_adapter; ///< of the hand that was opened last
     PortEntry m_port;
     std::uint8_t m_node = 0;
-    std::vector<Key> m_latched;
+    bool m_open = false; ///< it is the open one
+    std::vector<Latch> m_latches;
     State m_state = State::Ready;
     Generation m_run; ///< advanced when the hand is left or the port is lost
     std::vector<Hand> m_hands;

@@ -70,6 +70,13 @@ void RequestQueue::openWaitingDialogs()
     }
 }
 
+void RequestQueue::hold(bool held)
+{
+    m_held = held;
+    if (!held)
+        scheduleDrain();
+}
+
 void RequestQueue::shutDown()
 {
     m_shutDown = true;
@@ -83,7 +90,7 @@ bool RequestQueue::canTick() const
 
 bool RequestQueue::isIdle() const
 {
-    return !Conversation::isActive() && m_runningJobs == 0;
+    return !Conversation::isActive() && m_runningJobs == 0 && !m_held;
 }
 
 void RequestQueue::submit(Job job)

@@ -52,6 +52,8 @@ public:
     /// Opens About and Theme if they are waiting. Long operations call this between two
     /// conversations, so that these dialogs need not wait for their end.
     void openWaitingDialogs();
+    /// While held, no job runs: a halt comes first.
+    void hold(bool held);
     /// Drops all waiting jobs and accepts no new ones.
     void shutDown();
 
@@ -78,6 +80,7 @@ private:
     void drain();
 
     bool m_shutDown = false;
+    bool m_held = false;
     bool m_drainScheduled = false;
     int m_runningJobs = 0; ///< on the stack; a job may show dialogs between its conversations
     std::list<Job> m_waiting;

@@ -124,9 +124,11 @@ void CalibrationProcedure::run(const HandTarget& target)
         if (!target.isCurrent())
             return;
     }
-    QMessageBox::information(m_window, Program::title(),
-                             tr("Calibration finished, you may power off and power on the Vanto "
-                                "now to see the result"));
+    QMessageBox box(QMessageBox::Information, Program::title(),
+                    tr("Calibration finished, you may power off and power on the Vanto "
+                       "now to see the result"),
+                    QMessageBox::Ok, m_window);
+    exec(box);
 }
 
 /// Runs a dialog with a Halt button, which ends the procedure.

@@ -100,7 +100,7 @@ void BasicPage::readAll(const HandTarget& target)
     };
     for (const auto& read : reads) {
         read();
-        if (!target.isCurrent())
+        if (!call.isCurrent())
             return;
     }
     enableWidgetsForBasicTab(protocolRead);

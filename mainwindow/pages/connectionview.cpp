@@ -157,11 +157,13 @@ void ConnectionView::update()
     const QString tip = toolTip(state);
     const bool usable = state == State::Connected || state == State::Scanning;
     m_nextStep->setText(usable ? QString() : tip.section(QLatin1Char('\n'), 0, 0));
-    const QString halt = m_halt ? HaltControl::stateText(m_halt->state()) : QString();
-    if (halt.isEmpty())
+    const Halt::State halt = m_halt ? m_halt->state() : Halt::State::Ready;
+    const bool halted = halt == Halt::State::Halted;
+    if (halt == Halt::State::Ready || (halted && state != State::Connected))
         show(m_names.value(state), tip, lookOf(state));
     else
-        show(onTwoLines(halt), tr("Continue ends a halt."), "bad");
+        show(onTwoLines(HaltControl::stateText(halt)), halted ? tr("Continue ends a halt.") : tip,
+             "bad");
 }
 
 void ConnectionView::show(const QString& text, const QString& tip, const char* look)

@@ -124,6 +124,8 @@ void DeviceBar::createHaltControl()
 void DeviceBar::showHalted()
 {
     const auto target = m_session->target();
+    if (target && m_openedPartly)
+        m_session->runWhenIdle(DeviceSession::Kind::ChangeDevice, [this] { openCurrentDevice(); });
     for (DevicePage* page : m_pages)
         if (target && target->isCurrent())
             page->resumeAfterHalt(page == m_tabs->currentWidget());
@@ -287,6 +289,7 @@ void DeviceBar::openCurrentDevice()
         return;
     }
     const auto target = m_session->open(adapter, m_portBox->updateCurrent());
+    m_openedPartly = !target;
     if (!target)
         return;
     if (!m_session->isPortClosed())
@@ -376,8 +379,8 @@ void DeviceBar::scan()
     const Outcome outcome = runScan(m_scan->range());
     if (outcome == Outcome::Completed || outcome == Outcome::Stopped)
         openCurrentDevice();
-    else if (outcome != Outcome::Superseded)
-        deselectDevice(); // it can be chosen when the port is back
+    else
+        deselectDevice(); // it can be chosen then
 }
 
 HandScan::Outcome DeviceBar::runScan(const HandScan::Range& range)
@@ -407,10 +410,8 @@ void DeviceBar::tryNode(const HandScan::Range& node)
         });
     const HandScan::Outcome outcome = runScan(node);
     disconnect(connection);
-    if (outcome == HandScan::Outcome::Superseded)
-        return;
     if (outcome != HandScan::Outcome::Completed && outcome != HandScan::Outcome::Stopped) {
-        deselectDevice(); // it can be chosen when the port is back
+        deselectDevice(); // it can be chosen then
         return;
     }
     if (found.isEmpty()) {

@@ -119,6 +119,7 @@ private:
     HaltControl* m_haltControl = nullptr;
     HandScan::Range m_suggestedNode;
     QPointer<QWidget> m_focusBeforeLoss;
+    bool m_openedPartly = false; ///< the opening has been cut short
     bool m_indexChanged = false; ///< of the Devices list, by the choice under way
 };
 

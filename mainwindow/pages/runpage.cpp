@@ -152,6 +152,10 @@ void RunPage::tabRun_handleSliderReleased(unsigned char finger)
     const auto target = session()->target();
     if (!target)
         return;
+    if (MotionGate::state() == MotionGate::State::Latched) {
+        reporter()->plainReport().reportHalted(); // it must not move after Continue
+        return;
+    }
     m_pending.push_back(makeCommand(finger, target->node, m_sliders[finger]->sliderPosition()));
     m_pendingCount.release();
 }

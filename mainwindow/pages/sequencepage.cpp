@@ -166,7 +166,7 @@ void SequencePage::updateSequenceTab()
     enableWidgetsForSequenceTab(Save, editable && hasSteps);
     enableWidgetsForSequenceTab(Run, editable && hasSteps);
     // The next key must not start the run again, nor go to whatever control follows.
-    if (!playing && ui->pushButton_SeqStop->hasFocus())
+    if (!playing && window()->focusWidget() == ui->pushButton_SeqStop)
         focusTable();
     enableWidgetsForSequenceTab(Stop, playing);
     if (!playing)
@@ -271,13 +271,16 @@ void SequencePage::on_pushButton_SeqInsert_clicked()
 
 void SequencePage::insert(const HandTarget& target, std::uint64_t after)
 {
+    bool current = false;
     const MotionUnit::Pose pose = [&] {
         const QScopedValueRollback reading(m_reading, true);
         updateSequenceTab();
         HandCall call(target);
-        return m_editors->unit().readPoseOrZeros(call);
+        const MotionUnit::Pose read = m_editors->unit().readPoseOrZeros(call);
+        current = call.isCurrent();
+        return read;
     }();
-    if (!target.isCurrent())
+    if (!current)
         return;
     const int row = m_table->rowOf(after) + 1; // at the top if that row no longer exists
     m_sequence->insert(
