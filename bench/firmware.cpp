@@ -37,8 +37,8 @@ constexpr double MsPerNs = 1e-6;
 QByteArray dataLine(int imageSize)
 {
     const QByteArray length = QByteArray::number(RecordSize - LengthFieldSize, 16);
-    const QByteArray body((RecordSize - LengthFieldSize) * 2, 'A');
-    return (length.rightJustified(LengthFieldSize * 2, '0') + body)
+    const QByteArray body(qsizetype{RecordSize - LengthFieldSize} * 2, 'A');
+    return (length.rightJustified(qsizetype{LengthFieldSize} * 2, '0') + body)
         .repeated(imageSize / RecordSize);
 }
 

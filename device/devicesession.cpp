@@ -53,7 +53,7 @@ std::optional<HandTarget> DeviceSession::open(std::shared_ptr<VantoProtocol> ada
                                               const PortEntry& port)
 {
     setAdapter(std::move(adapter));
-    const auto opened = target();
+    auto opened = target();
     if (!opened)
         return {};
     m_port = port;

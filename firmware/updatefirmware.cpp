@@ -21,6 +21,7 @@ bool openPort(QSerialPort& port, QSerialPort::BaudRate baudRate)
 } // namespace
 
 // By value: the caller's variables may change while events are processed.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
                        LogCallback log, ProgressCallback progress, UpdateLimits limits)
 {

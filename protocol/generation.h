@@ -21,7 +21,9 @@ public:
 
     private:
         friend Generation;
-        explicit Token(std::shared_ptr<const std::uint64_t> now) : m_now(now), m_number(*now) {}
+        explicit Token(const std::shared_ptr<const std::uint64_t>& now) : m_now(now), m_number(*now)
+        {
+        }
 
         std::shared_ptr<const std::uint64_t> m_now;
         std::uint64_t m_number = 0;

@@ -100,7 +100,7 @@ QString FirmwareUpdater::chooseFile()
 
 QString FirmwareUpdater::chooseHardware()
 {
-    const QString read = m_hardware();
+    QString read = m_hardware();
     if (!read.isEmpty())
         return read;
     const auto answer =
@@ -182,7 +182,7 @@ QString FirmwareUpdater::write(const QString& path)
         m_dialog = new UpdateDialog(m_window);
     m_dialog->begin();
     m_eventTimer.start();
-    const QString failure = updateFirmware(
+    QString failure = updateFirmware(
         m_deviceBar->portName(), static_cast<QSerialPort::BaudRate>(BaudRate), path,
         [this](const QString& text) { showLog(text); }, m_progress);
     m_dialog->end();

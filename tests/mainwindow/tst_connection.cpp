@@ -294,7 +294,7 @@ void TestConnection::openNode_data()
 
 void TestConnection::openNode()
 {
-    expectTimeouts(200);
+    expectTimeouts();
     open({"--node", "2", "--node", "7"});
     clearRecords();
     QFETCH(QString, node);
