@@ -1,5 +1,7 @@
 #include "halt.h"
 
+#include "deviceentry.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QScopedValueRollback>

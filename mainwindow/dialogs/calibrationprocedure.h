@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 
+class QDialog;
 class QWidget;
 
 namespace vanto

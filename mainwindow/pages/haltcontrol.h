@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 
 class QDialogButtonBox;
+class QKeyEvent;
 class QPushButton;
 
 namespace vanto
