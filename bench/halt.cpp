@@ -177,6 +177,9 @@ bool HaltBench::halt(Silence silence)
     if (silence == Silence::None) {
         move();
     } else {
+        for (const char* gain : {"P1", "I1", "D1", "G1"}) // an empty one would open a dialog
+            m_tool.setField(QStringLiteral("lineEdit_Setting") + QLatin1String(gain),
+                            QStringLiteral("1"));
         m_hand.command(QStringLiteral("hang"));
         m_tool.click(silence == Silence::InRead ? QStringLiteral("pushButton_BasicReloadBasic")
                                                 : QStringLiteral("pushButton_SettingWritePID1"));
