@@ -10,7 +10,9 @@
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QRandomGenerator>
 #include <QTcpServer>
 #include <QTimer>
@@ -63,7 +65,10 @@ void answerDialog(QDialog& dialog)
     if (auto* input = qobject_cast<QInputDialog*>(&dialog))
         input->setTextValue(input->comboBoxItems().isEmpty() ? QStringLiteral("1A2B")
                                                              : input->comboBoxItems().constLast());
-    dialog.accept();
+    if (auto* box = qobject_cast<QMessageBox*>(&dialog); box && box->button(QMessageBox::Ok))
+        box->button(QMessageBox::Ok)->click();
+    else
+        dialog.accept();
 }
 
 /// Whether an operation is in progress. A request to the server only disables the pages.

@@ -1,6 +1,7 @@
 // Monkey test: uses the real window with a simulated hand at random.
 
 #include "exittest.h"
+#include "halttest.h"
 #include "losstest.h"
 #include "monitor.h"
 #include "monkey.h"
@@ -36,6 +37,8 @@ constexpr Option Options[] = {
     {"protocol", "Protocol: serialctrl or modbus.", "NAME", "serialctrl"},
     {"endings", "Exit N times during long operations instead.", "N", ""},
     {"stops", "Stop a running sequence at N random moments instead.", "N", ""},
+    {"halts", "Halt the hand at N random moments instead, with each kind of hand.", "N", ""},
+    {"hand", "Only with this kind of hand: plain, latch-stop or speed-at-once.", "KIND", ""},
     {"losses", "Unplug the hand N times and plug it in again instead.", "N", ""},
     {"end-during", "Exit once during this operation instead.", "NAME", ""},
     {"after", "Delay before that exit in ms.", "N", "100"},
@@ -58,10 +61,11 @@ int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int pati
     monitor.checkTrace();
     if (std::min(monkey.actions(), monitor.exchanges()) * patience < MinPerSecond * seconds)
         monitor.addFinding(QStringLiteral("too few actions or requests"));
-    std::printf("%s, seed %u: %d s, %d actions, %d requests on the wire, longest gap %lld ms, "
-                "%d findings\n",
-                qPrintable(protocol), seed, seconds, monkey.actions(), monitor.exchanges(),
-                monitor.longestGapMs(), static_cast<int>(monitor.findings().size()));
+    std::printf(
+        "%s, seed %u: %d s, %d actions, %d requests on the wire, %d writes of halts in quiet "
+        "phases, longest gap %lld ms, %d findings\n",
+        qPrintable(protocol), seed, seconds, monkey.actions(), monitor.exchanges(),
+        monitor.haltWrites(), monitor.longestGapMs(), static_cast<int>(monitor.findings().size()));
     for (const auto& [name, count] : monkey.counts())
         std::printf("    %-18s %d\n", qPrintable(name), count);
     return monitor.findings().isEmpty() ? 0 : 1;
@@ -93,6 +97,8 @@ int runProgram(int argc, char* argv[])
         return ExitTest::run(value("endings").toInt(), seed, protocol, value("patience"));
     if (parser.isSet(QStringLiteral("stops")))
         return StopTest::run(value("stops").toInt(), seed, protocol);
+    if (parser.isSet(QStringLiteral("halts")))
+        return HaltTest::run(value("halts").toInt(), seed, protocol, value("hand"), patience);
     if (parser.isSet(QStringLiteral("losses")))
         return LossTest::run(value("losses").toInt(), seed, protocol, patience);
     if (parser.isSet(QStringLiteral("end-during"))) {

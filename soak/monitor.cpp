@@ -1,8 +1,7 @@
 #include "monitor.h"
 
-#include "handprocess.h"
-
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <ctime>
 
@@ -12,8 +11,9 @@ namespace vanto
 namespace
 {
 constexpr int LoopCheckMs = 20;
-constexpr qint64 GapLimitMs = 500; ///< allowed blocking time of the event loop
-constexpr qint64 MaxGapMs = 5000;  ///< not explained by a busy machine
+constexpr qint64 GapLimitMs = 500;    ///< allowed blocking time of the event loop
+constexpr double FarFromPlace = 1024; ///< ticks; a halt reads a moving finger before it writes
+constexpr qint64 MaxGapMs = 5000;     ///< not explained by a busy machine
 
 qint64 processorMs()
 {
@@ -36,20 +36,6 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     if (s_messages)
         s_messages->append(QStringLiteral("Qt message: ") + text);
 }
-
-/// Whether a request moves a finger.
-bool isMotion(const TracedFrame& request)
-{
-    const auto byte = [&](int at) {
-        return at < request.bytes.size() ? static_cast<unsigned char>(request.bytes[at]) : 0;
-    };
-    if (request.protocol == QLatin1String("serialctrl"))
-        return (byte(4) >= 0x4B && byte(4) <= 0x4D) || (byte(4) >= 0x4F && byte(4) <= 0x51);
-    if (request.protocol != QLatin1String("modbus") || (byte(1) != 6 && byte(1) != 16))
-        return false;
-    const int start = byte(2) * 256 + byte(3);
-    return (start >= 1135 && start < 1145) || (start >= 1155 && start < 1165);
-}
 } // namespace
 
 Monitor::Monitor(HandProcess& hand, bool slow, bool busy)
@@ -71,7 +57,7 @@ Monitor::~Monitor()
 int Monitor::countMotions(const HandProcess& hand)
 {
     const auto requests = hand.requests();
-    return static_cast<int>(std::count_if(requests.begin(), requests.end(), isMotion));
+    return static_cast<int>(std::count_if(requests.begin(), requests.end(), HaltFrames::isMotion));
 }
 
 void Monitor::beginQuietPhase()
@@ -89,6 +75,7 @@ void Monitor::endQuietPhase()
 void Monitor::checkTrace()
 {
     const auto frames = m_hand.trace();
+    m_marks += m_hand.motionMarks();
     m_hand.clearTrace();
     for (const TracedFrame& frame : frames) {
         if (frame.marks.contains(QLatin1String("overlap")))
@@ -97,12 +84,38 @@ void Monitor::checkTrace()
         if (frame.direction != QLatin1String("rx"))
             continue;
         ++m_exchanges;
-        if (m_quiet && isMotion(frame))
+        const bool halts = m_haltFrames.accept(frame) && m_haltAllowed && keepsPlaces(frame);
+        m_haltWrites += m_quiet && halts && HaltFrames::isMotion(frame);
+        if (m_quiet && HaltFrames::isMotion(frame) && !halts)
             addFinding(QStringLiteral("unexpected motion: ") +
                        QString::fromLatin1(frame.bytes.toHex(' ')));
     }
+    keepLastMarks();
     m_processorMs = processorMs();
     m_sinceCheck.restart(); // excludes the time for reading a long trace
+}
+
+/// Whether the request writes to every finger where it is at that time.
+bool Monitor::keepsPlaces(const TracedFrame& request) const
+{
+    const auto places = HandProcess::positionsAt(m_marks, request.node, request.ms);
+    const auto goals = HaltFrames::goals(request);
+    for (qsizetype finger = 0; finger < std::min(places.size(), goals.size()); ++finger)
+        if (std::abs(places[finger] - goals[finger]) > FarFromPlace)
+            return false;
+    return true;
+}
+
+/// The next trace begins without them.
+void Monitor::keepLastMarks()
+{
+    QList<MotionMark> last;
+    for (auto mark = m_marks.crbegin(); mark != m_marks.crend(); ++mark) {
+        const auto isSameHand = [&](const MotionMark& kept) { return kept.node == mark->node; };
+        if (std::none_of(last.cbegin(), last.cend(), isSameHand))
+            last.prepend(*mark);
+    }
+    m_marks = last;
 }
 
 void Monitor::checkEventLoop()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "halttrace.h"
+
 #include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
@@ -7,8 +9,6 @@
 
 namespace vanto
 {
-
-class HandProcess;
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool Sanitized = true;
@@ -33,16 +33,22 @@ public:
     void beginQuietPhase();
     /// Checks the frames of the quiet phase.
     void endQuietPhase();
+    /// Whether the frames of a halt count as no motion, if they write to every finger where it is.
+    void allowHalt(bool allow) { m_haltAllowed = allow; }
     /// Checks the frames since the last check and clears the trace.
     void checkTrace();
 
     void addFinding(const QString& finding);
     const QStringList& findings() const { return m_findings; }
     int exchanges() const { return m_exchanges; }
+    /// The frames of halts that wrote positions in quiet phases.
+    int haltWrites() const { return m_haltWrites; }
     qint64 longestGapMs() const { return m_longestGapMs; }
 
 private:
     void checkEventLoop();
+    bool keepsPlaces(const TracedFrame& request) const;
+    void keepLastMarks();
 
     HandProcess& m_hand;
     QTimer m_loopTimer;
@@ -52,6 +58,10 @@ private:
     qint64 m_processorMs = 0; ///< processor time at the last check
     bool m_busyMachine;
     bool m_quiet = false;
+    bool m_haltAllowed = false;
+    HaltFrames m_haltFrames;
+    QList<MotionMark> m_marks; ///< since the last check, and the last one of each hand before it
+    int m_haltWrites = 0;
     int m_exchanges = 0;
     QStringList m_findings;
 };

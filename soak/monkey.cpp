@@ -37,6 +37,8 @@ constexpr int DisconnectedMs = 700;
 constexpr int ReconnectionMs = 2000; ///< two searches of the window
 constexpr int StuckMs = 60'000;      ///< without an action; includes the time of an update
 constexpr int CloseRetryMs = 200;
+constexpr int MinHaltMs = 750; ///< an earlier click on Continue halts once more
+constexpr int MaxHaltMs = 2000;
 
 /// Whether the button of this name can move a finger.
 bool isMotionButton(const QString& name)
@@ -74,6 +76,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"connect", 4, false, true, &Monkey::reconnect},
         {"row", 8, true, false, &Monkey::selectRow},
         {"stop", 5, false, false, &Monkey::stopSequence},
+        {"halt", 3, false, false, &Monkey::pressHalt},
         {"menu", 2, false, false, &Monkey::triggerAction},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
@@ -153,6 +156,7 @@ void Monkey::changePhase()
 {
     m_quiet = ++m_phase % 2 == 0;
     if (m_quiet) {
+        m_monitor.allowHalt(false);
         stopSequence();
         if (auto* pages = m_driver.find<QTabWidget>("tabWidget"); pages->isEnabled())
             pages->setCurrentIndex(0); // clears the queue of the Run page
@@ -190,8 +194,11 @@ void Monkey::answerDialog(QDialog* dialog)
 {
     ++m_counts[QStringLiteral("dialog")];
     if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
-        if (auto* button = randomItem(box->buttons()))
+        if (auto* button = randomItem(box->buttons())) {
+            if (button->objectName() == QLatin1String("pushButton_DialogHalt"))
+                noteHalt();
             button->click();
+        }
         return;
     }
     if (answerNodeDialog(dialog))
@@ -266,7 +273,8 @@ QString Monkey::randomSequenceFile()
 void Monkey::clickRandomButton()
 {
     auto* button = randomItem(m_driver.window()->findChildren<QPushButton*>());
-    if (button && button->isVisible() && !isMotionButton(button->objectName()))
+    if (button && button->isVisible() && !isMotionButton(button->objectName()) &&
+        button->objectName() != QLatin1String("pushButton_Halt"))
         button->click();
 }
 
@@ -288,8 +296,8 @@ void Monkey::changePage()
 /// Excludes the keys that select a row or move a finger during a quiet phase.
 void Monkey::pressKey()
 {
-    constexpr std::array quietKeys{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_1, Qt::Key_Escape,
-                                   Qt::Key_F2};
+    constexpr std::array quietKeys{Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_1,
+                                   Qt::Key_Escape, Qt::Key_Pause,   Qt::Key_F2};
     constexpr std::array motionKeys{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Return,
                                     Qt::Key_PageUp, Qt::Key_Space, Qt::Key_Home};
     QWidget* focus = m_driver.window()->focusWidget();
@@ -298,6 +306,8 @@ void Monkey::pressKey()
     const bool move = !m_quiet && randomBelow(2) == 0;
     const Qt::Key key = move ? motionKeys[static_cast<std::size_t>(randomBelow(motionKeys.size()))]
                              : quietKeys[static_cast<std::size_t>(randomBelow(quietKeys.size()))];
+    if (key == Qt::Key_Escape || key == Qt::Key_Pause)
+        noteHalt();
     const QPointer<QWidget> target(focus);
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, Qt::NoModifier);
@@ -382,6 +392,23 @@ void Monkey::selectRow()
 void Monkey::stopSequence()
 {
     m_driver.click("pushButton_SeqStop");
+}
+
+/// Halts, and continues later, so that most actions find a hand that moves.
+void Monkey::pressHalt()
+{
+    noteHalt();
+    m_driver.click("pushButton_Halt");
+}
+
+/// The frames of a halt are allowed in a quiet phase once a halt has been pressed in it.
+void Monkey::noteHalt()
+{
+    m_monitor.allowHalt(true);
+    QTimer::singleShot(MinHaltMs + randomBelow(MaxHaltMs - MinHaltMs), this, [this] {
+        m_monitor.allowHalt(true); // a halt that has taken long gets one more
+        m_driver.click("pushButton_Halt");
+    });
 }
 
 void Monkey::triggerAction()

@@ -75,6 +75,8 @@ private:
     void reconnect();
     void selectRow();
     void stopSequence();
+    void pressHalt();
+    void noteHalt();
     void triggerAction();
     void injectFault();
     void interruptConnection();
