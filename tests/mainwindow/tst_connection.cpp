@@ -5,6 +5,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
@@ -23,11 +24,13 @@ private slots:
     void lostDuringReload();
     void lostAgain_data();
     void lostAgain();
+    void startsLater();
     void lostAtLastNode();
     void lostAfterSetId();
     void otherHandComesBack();
     void silentHand_data();
     void silentHand();
+    void damagedStateFile();
     void lastHandIsSuggested();
     void openNode_data();
     void openNode();
@@ -169,6 +172,26 @@ void TestConnection::lostAgain()
     QCOMPARE(motions(), QStringList());
 }
 
+/// The hand needs some time after the port has come back.
+void TestConnection::startsLater()
+{
+    expectTimeouts(150);
+    open();
+    command("unplug");
+    QTRY_COMPARE(shown().count(Lost), 1);
+    clearRecords();
+    command("hang");
+    replug();
+    const QString waiting = "The port is back. The hand does not answer yet.";
+    QTRY_VERIFY_WITH_TIMEOUT(shown().contains(waiting), 20'000);
+    QTest::qWait(1500); // one more try
+    QCOMPARE(shown(), QStringList{waiting});
+    command("hang off");
+    ReplyLimits::current() = PatientLimits;
+    QTRY_COMPARE_WITH_TIMEOUT(state(), "Connected", 20'000);
+    QCOMPARE(motions(), QStringList());
+}
+
 void TestConnection::lostAtLastNode()
 {
     expectTimeouts();
@@ -259,6 +282,20 @@ void TestConnection::silentHand()
     QTRY_COMPARE(shown().count("The hand answers again"), 1);
     QTRY_VERIFY(page != int{RunTab} || !m_tool->field("lineEdit_RunCurrent0").isEmpty());
     QCOMPARE(motions(), QStringList());
+}
+
+void TestConnection::damagedStateFile()
+{
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(QDir::currentPath())); // as the window driver
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    QVERIFY(QDir().mkpath(folder));
+    QFile file(folder + "/state.ini");
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write("[lastHand]\nnode=999\nport=/tmp/other\n\0\xff[[[");
+    file.close();
+    const WindowDriver tool({"/tmp/first", "/tmp/other"});
+    QTRY_COMPARE(tool.ports()->currentData().toString(), "/tmp/first");
+    QVERIFY(file.remove());
 }
 
 void TestConnection::lastHandIsSuggested()
