@@ -21,7 +21,7 @@ folder=${VANTO_BARE:-/var/tmp/vanto-bare}
 mirror=${VANTO_MIRROR:-http://deb.debian.org/debian}
 archive=$folder/$release.tar
 root=$folder/$release-$$
-log=$folder/$release$(printf -- '-%s' "$*" | tr --complement --squeeze-repeats '[:alnum:].\n' - | cut --bytes 1-60).log
+log=$folder/$release$(printf -- '-%s' "$*" | tr --complement --squeeze-repeats '[:alnum:].' - | cut --bytes 1-60).log
 
 clean_up() {
     # Removing the folder must not remove /dev/pts or other mounts.
