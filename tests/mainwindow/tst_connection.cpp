@@ -175,7 +175,7 @@ void TestConnection::lostAgain()
 /// The hand needs some time after the port has come back.
 void TestConnection::startsLater()
 {
-    expectTimeouts(150);
+    expectTimeouts();
     open();
     command("unplug");
     QTRY_COMPARE(shown().count(Lost), 1);
