@@ -351,6 +351,11 @@ void Halt::latchHands()
 {
     if (!latch())
         m_latches.push_back({m_port.name, m_adapter, {}});
+    // A hand can have been halted over both protocols. Only SerialCtrl needs a start afterwards.
+    if (isSerialCtrl() && latch()->adapter != m_adapter)
+        *latch() = {m_port.name, m_adapter, {}};
+    if (latch()->adapter != m_adapter)
+        return;
     for (const Hand& hand : m_hands)
         if (std::ranges::find(latch()->nodes, hand.node) == latch()->nodes.end())
             latch()->nodes.push_back(hand.node);

@@ -34,8 +34,8 @@ public:
     /// if that is negative. With `playForEdit` all fingers but the thumb root are stretched first.
     /// If both indices are equal, one step is sent; the player waits for it only with
     /// `playForEdit`. Returns false, and does not play, if a run or an exchange is in progress, if
-    /// there is no hand or no such step, if the first step could not be sent completely, or if
-    /// stop() was called meanwhile.
+    /// no hand has been set, if the step does not exist, if the first step could not be sent
+    /// completely, or if stop() was called meanwhile.
     bool play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit);
     /// Sends nothing more, whatever is in progress. Emits sig_updatePlaying() if a run was playing.
     void stop();

@@ -31,12 +31,7 @@ std::int64_t SerialPortQT::read(std::uint8_t* buffer, std::uint32_t length)
 
 std::int64_t SerialPortQT::write(const std::uint8_t* buffer, std::uint32_t length)
 {
-    if (!m_port.isOpen())
-        return Failed;
-    const auto written = m_port.write(reinterpret_cast<const char*>(buffer), length);
-    // Otherwise the event loop would do it, after it has painted what has changed.
-    m_port.flush();
-    return written;
+    return m_port.isOpen() ? m_port.write(reinterpret_cast<const char*>(buffer), length) : Failed;
 }
 
 bool SerialPortQT::open(const char* name, std::uint32_t baudRate)
