@@ -37,25 +37,44 @@ if(VANTO_QUICK_BUILD)
     endif()
 endif()
 
-# vanto_precompile_headers(TARGET): for targets with many files that use Qt Widgets; parsing the Qt
-# headers takes longer than compiling such a file. A build without VANTO_QUICK_BUILD detects missing
-# includes.
+# vanto_header_library(NAME LIBRARIES...): headers that take longer to parse than a file that uses them
+# takes to compile, precompiled for other targets.
+function(vanto_header_library name)
+    set(source ${CMAKE_BINARY_DIR}/${name}.cpp)
+    if(NOT EXISTS ${source})
+        file(WRITE ${source} "")
+    endif()
+    add_library(${name} OBJECT ${source})
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    target_link_libraries(${name} PRIVATE vanto_build_flags Qt6::Widgets ${ARGN})
+    target_precompile_headers(${name} PRIVATE <QApplication> <QComboBox> <QDebug>
+        <QDialog> <QElapsedTimer> <QFile> <QJsonDocument> <QLabel> <QLineEdit> <QMainWindow>
+        <QMessageBox> <QPointer> <QProcess> <QPushButton> <QRegularExpression> <QSlider>
+        <QTableWidget> <QTabWidget> <QTemporaryDir> <QTimer> <algorithm> <array>
+        <functional> <memory> <optional> <vector>)
+endfunction()
+
+# vanto_precompile_headers(TARGET): for targets with many files that use Qt Widgets. A build without
+# VANTO_QUICK_BUILD detects missing includes.
 function(vanto_precompile_headers target)
     if(NOT VANTO_QUICK_BUILD)
         return()
     endif()
     if(NOT TARGET vanto_qt_headers)
-        if(NOT EXISTS ${CMAKE_BINARY_DIR}/qtheaders.cpp)
-            file(WRITE ${CMAKE_BINARY_DIR}/qtheaders.cpp "")
-        endif()
-        add_library(vanto_qt_headers OBJECT ${CMAKE_BINARY_DIR}/qtheaders.cpp)
-        set_target_properties(vanto_qt_headers PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
-        target_link_libraries(vanto_qt_headers PRIVATE vanto_build_flags Qt6::Widgets)
-        target_precompile_headers(vanto_qt_headers PRIVATE <QApplication> <QComboBox> <QDebug>
-            <QDialog> <QElapsedTimer> <QFile> <QJsonDocument> <QLabel> <QLineEdit> <QMainWindow>
-            <QMessageBox> <QPointer> <QProcess> <QPushButton> <QRegularExpression> <QSlider>
-            <QTableWidget> <QTabWidget> <QTemporaryDir> <QTimer> <algorithm> <array>
-            <functional> <memory> <optional> <vector>)
+        vanto_header_library(vanto_qt_headers)
     endif()
     target_precompile_headers(${target} REUSE_FROM vanto_qt_headers)
+endfunction()
+
+# vanto_precompile_test_headers(TARGET): the same for a test program, in which also Qt Test is slow to
+# parse. Tests spend most of their time waiting, so they are not optimised.
+function(vanto_precompile_test_headers target)
+    if(NOT VANTO_QUICK_BUILD)
+        return()
+    endif()
+    vanto_header_library(${target}_headers Qt6::Network Qt6::Test)
+    target_precompile_headers(${target}_headers PRIVATE <QTest>)
+    target_compile_options(${target}_headers PRIVATE -O0)
+    target_compile_options(${target} PRIVATE -O0)
+    target_precompile_headers(${target} REUSE_FROM ${target}_headers)
 endfunction()

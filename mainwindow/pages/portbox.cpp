@@ -105,6 +105,8 @@ void PortBox::insert(qsizetype index, const PortEntry& port)
 
 PortEntry PortBox::updateCurrent()
 {
+    if (addedPorts().contains(port().name)) // never changes, and listing takes milliseconds
+        return port();
     const QList<PortEntry> ports = availablePorts();
     const auto found = std::ranges::find(ports, port().name, &PortEntry::name);
     if (found != ports.end())

@@ -8,6 +8,9 @@
 #include <QSlider>
 #include <QTableWidget>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace vanto
 {
 
@@ -38,7 +41,8 @@ private slots:
 
 private:
     QString state() const { return m_tool->find<QLabel>("label_ConnectionState")->text(); }
-    QStringList positions() const;
+    QList<int> positions() const;
+    bool stands(const QList<int>& expected) const;
     void moveFinger(int finger) const;
     void press() const { m_tool->click("pushButton_Halt"); }
     void proceed() const;
@@ -47,12 +51,21 @@ private:
     const QString Refusal = "Halted. Press Continue.";
 };
 
-QStringList TestHalt::positions() const
+QList<int> TestHalt::positions() const
 {
-    QStringList positions;
+    QList<int> positions;
     for (std::size_t finger = 0; finger < FingerCount; ++finger)
-        positions.append(m_hand->command(QString("get 2 position %1").arg(finger)));
+        positions.append(
+            m_hand->command(QString("get 2 position %1").arg(finger)).section(' ', 1).toInt());
     return positions;
+}
+
+/// At speed 1 a finger may still settle into its target.
+bool TestHalt::stands(const QList<int>& expected) const
+{
+    return std::ranges::equal(positions(), expected, [](int position, int other) {
+        return std::abs(position - other) <= 64;
+    });
 }
 
 /// Sends a finger to the far end, at full speed.
@@ -110,22 +123,22 @@ void TestHalt::halts()
     QTRY_COMPARE(state(), "Halted");
     QTRY_VERIFY(idle());
     QTRY_VERIFY(shown().contains("Halted"));
-    const QStringList stopped = positions();
+    const QList<int> stopped = positions();
     slider->setSliderDown(false);
     const bool modbus = hand.contains("modbus");
     m_hand->clearTrace();
     m_tool->showPage(RunTab);
     moveFinger(1);
     QTRY_VERIFY(shown().contains(Refusal));
-    QCOMPARE(positions(), stopped);
+    QVERIFY(stands(stopped));
     QCOMPARE(modbus ? writes() : motions(), QStringList());
     QCOMPARE(m_tool->find<QPushButton>("pushButton_Halt")->text(), "Continue");
 
     proceed();
     QCOMPARE(frames({FingerStart}).size(), modbus ? 0 : 1);
-    QCOMPARE(positions(), stopped);
+    QVERIFY(stands(stopped));
     moveFinger(1);
-    QTRY_VERIFY(positions() != stopped);
+    QTRY_VERIFY(!stands(stopped));
 }
 
 void TestHalt::faults_data()
@@ -177,9 +190,9 @@ void TestHalt::faults()
     }
     QTRY_COMPARE(state(), "Halted");
     QTRY_VERIFY(idle());
-    const QStringList stopped = positions();
+    const QList<int> stopped = positions();
     QTest::qWait(100);
-    QCOMPARE(positions(), stopped);
+    QVERIFY(stands(stopped));
     QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
 }
 
