@@ -27,7 +27,7 @@ QString onSingleLine(QString text)
 
 QString MessageLog::Entry::line() const
 {
-    const QString once =
+    QString once =
         timeText(first) + QLatin1String(kind == Kind::Error ? " ! " : "   ") + text;
     if (count == 1)
         return once;

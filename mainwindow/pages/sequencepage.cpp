@@ -244,6 +244,8 @@ void SequencePage::on_pushButton_SeqRun_clicked()
         });
 }
 
+// The parameters are those of the player's signal.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QString errMsg)
 {
     if (isPlaying && !m_player->isPlayForEdit())
