@@ -27,8 +27,7 @@ QString onSingleLine(QString text)
 
 QString MessageLog::Entry::line() const
 {
-    QString once =
-        timeText(first) + QLatin1String(kind == Kind::Error ? " ! " : "   ") + text;
+    QString once = timeText(first) + QLatin1String(kind == Kind::Error ? " ! " : "   ") + text;
     if (count == 1)
         return once;
     return once + QLatin1Char(' ') +
