@@ -254,10 +254,8 @@ void ParametersDialog::finishRestore()
         if (result.readBack)
             m_subject.hand.values[result.key] = *result.readBack;
     }
-    // The hand is recognized by its calibration.
-    if (const auto calibration = m_writer->calibrationInHand();
-        calibration && m_subject.target.isCurrent())
-        m_session->identity().calibration = *calibration;
+    if (const auto calibration = m_writer->calibrationInHand())
+        takeOver(*calibration);
     m_progress->hide();
     m_close->setText(tr("Close"));
     m_table->setTicksEnabled(true);
@@ -271,6 +269,16 @@ void ParametersDialog::finishRestore()
             parts.append(text.arg(count));
     showState((parts.join(QStringLiteral(", ")) + QStringLiteral(". ") + m_writer->outcomeText())
                   .trimmed());
+}
+
+/// The hand is recognized by its calibration.
+void ParametersDialog::takeOver(const HandIdentity::Calibration& calibration)
+{
+    const ParameterKey key{ParameterKind::Calibration};
+    m_subject.hand.values[key] = fromCalibration(calibration);
+    m_table->showInHand(key, m_subject.hand.values[key]);
+    if (m_subject.target.isCurrent())
+        m_session->identity().calibration = calibration;
 }
 
 void ParametersDialog::showState(const QString& text)

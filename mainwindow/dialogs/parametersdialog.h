@@ -63,6 +63,7 @@ private:
     void restore();
     void showProgress(int done, int total);
     void finishRestore();
+    void takeOver(const HandIdentity::Calibration& calibration);
     void showState(const QString& text);
     void updateControls();
     bool isRestoring() const { return m_runner != nullptr; }

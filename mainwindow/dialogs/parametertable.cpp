@@ -278,14 +278,25 @@ void ParameterTable::showResults(const QList<WrittenParameter>& results)
         if (result.result == Outcome::Written)
             m_ticked.erase(result.key);
     }
+    compareAgain();
+    if (const int line = lineOf(last); line >= 0 && !m_results.empty())
+        scrollToItem(item(line, Name));
+}
+
+void ParameterTable::showInHand(const ParameterKey& key, const ParameterValue& value)
+{
+    m_hand.values[key] = value;
+    compareAgain();
+}
+
+void ParameterTable::compareAgain()
+{
     m_rows = compareParameters(m_hand, m_file);
     std::erase_if(m_ticked, [this](const ParameterKey& key) {
         const int line = lineOf(key);
         return line < 0 || !canTick(m_rows[line - m_factCount]);
     });
     build();
-    if (const int line = lineOf(last); line >= 0 && !m_results.empty())
-        scrollToItem(item(line, Name));
 }
 
 QString ParameterTable::toText() const

@@ -40,6 +40,8 @@ public:
 
     /// Marks the rows; what has been written is no longer ticked.
     void showResults(const QList<WrittenParameter>& results);
+    /// Shows what the hand has now, which may have changed with another parameter.
+    void showInHand(const ParameterKey& key, const ParameterValue& value);
     /// The rows that are shown as lines of text, columns separated by tabs.
     QString toText() const;
 
@@ -54,6 +56,7 @@ protected:
 private:
     enum Column { Name, Finger, InHand, InFile, Result };
 
+    void compareAgain();
     void build();
     void addFact(const FactRow& fact);
     void addParameter(const ParameterRow& row);

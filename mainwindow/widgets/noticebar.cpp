@@ -16,11 +16,12 @@ NoticeBar::NoticeBar(QWidget* parent)
     auto* close = new QToolButton(this);
     close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     close->setToolTip(tr("Close"));
-    close->setAccessibleName(tr("Close"));
+    close->setAccessibleName(tr("Close the notice"));
     close->setAutoRaise(true);
     close->setFocusPolicy(Qt::TabFocus);
     m_text->setObjectName(QStringLiteral("label_Notice"));
     m_button->setObjectName(QStringLiteral("pushButton_Notice"));
+    m_button->setText(tr("Show"));
     m_button->setFocusPolicy(Qt::TabFocus);
     close->setObjectName(QStringLiteral("toolButton_NoticeClose"));
     auto* layout = new QHBoxLayout(this);

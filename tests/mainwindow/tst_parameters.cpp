@@ -353,7 +353,7 @@ void TestParameters::interrupted()
     QFETCH(QString, act);
     QFETCH(QString, state);
     QFETCH(int, writes);
-    if (fault.contains("drop"))
+    if (fault.contains("drop") || act == "unplug")
         expectTimeouts(500);
     open();
     saveTo("before.json");
