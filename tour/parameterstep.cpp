@@ -14,8 +14,8 @@ namespace
 {
 constexpr QLatin1String FileName("hand.json");
 /// Changes of the hand, and of the calibration, which is not restored.
-constexpr std::array Changes{"pid-p 1", "pid-i 1", "current-limit 2", "beepswitch"};
-constexpr std::array ChangedValues{"42.5", "0.75", "321", "0"};
+constexpr std::array Changes{"pid-p 1", "pid-i 1", "current-limit 2", "force-limit 3"};
+constexpr std::array ChangedValues{"42.5", "0.75", "321", "456"};
 constexpr int ChangedStart = 433;
 
 QString valueOf(TourRunner& tour, std::size_t change)

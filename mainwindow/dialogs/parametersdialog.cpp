@@ -102,20 +102,19 @@ void ParametersDialog::addGroupBoxes(QBoxLayout* layout)
     auto* kindRow = new QHBoxLayout;
     kindRow->addWidget(new QLabel(tr("Kinds:"), this));
     for (const KindGroup& kind : kinds) {
-        const auto group = [first = kind.first, last = kind.last](const ParameterKey& key) {
-            return key.kind >= first && key.kind <= last;
-        };
-        addGroup(kindRow, kind.text, QLatin1String(kind.name), group, group);
+        addGroup(kindRow, kind.text, QLatin1String(kind.name),
+                 [first = kind.first, last = kind.last](const ParameterKey& key) {
+                     return key.kind >= first && key.kind <= last;
+                 });
     }
     kindRow->addStretch();
     auto* fingerRow = new QHBoxLayout;
     fingerRow->addWidget(new QLabel(tr("Fingers:"), this));
     for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
-        const auto group = [finger](const ParameterKey& key) { return key.finger == finger; };
         // Position limits are ticked by their own boxes only.
         addGroup(fingerRow, ParameterNames::displayName(finger),
-                 QStringLiteral("Finger%1").arg(finger), group, [group](const ParameterKey& key) {
-                     return group(key) && describe(key.kind).tickedByDefault;
+                 QStringLiteral("Finger%1").arg(finger), [finger](const ParameterKey& key) {
+                     return key.finger == finger && describe(key.kind).tickedByDefault;
                  });
     }
     fingerRow->addStretch();
@@ -132,17 +131,15 @@ void ParametersDialog::addGroupBoxes(QBoxLayout* layout)
 }
 
 void ParametersDialog::addGroup(QBoxLayout* layout, const QString& text, const QString& name,
-                                const ParameterTable::Group& group,
-                                const ParameterTable::Group& tickedGroup)
+                                const ParameterTable::Group& group)
 {
     auto* box = new QCheckBox(text, this);
     box->setObjectName(QStringLiteral("checkBox_") + name);
     layout->addWidget(box);
-    connect(box, &QCheckBox::clicked, this, [this, group, tickedGroup] {
-        const bool all = m_table->groupState(tickedGroup) == Qt::Checked;
-        m_table->tickGroup(all ? group : tickedGroup, !all);
+    connect(box, &QCheckBox::clicked, this, [this, group] {
+        m_table->tickGroup(group, m_table->groupState(group) != Qt::Checked);
     });
-    m_groups.append({box, group, tickedGroup});
+    m_groups.append({box, group});
 }
 
 void ParametersDialog::addButtons(QBoxLayout* layout)

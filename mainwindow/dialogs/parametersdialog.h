@@ -47,13 +47,12 @@ private:
     /// A check box for all rows of a kind or of a finger.
     struct GroupBox {
         QCheckBox* box;
-        ParameterTable::Group group;       ///< the rows that it shows and unticks
-        ParameterTable::Group tickedGroup; ///< the rows that it ticks
+        ParameterTable::Group group;
     };
 
     void addGroupBoxes(QBoxLayout* layout);
     void addGroup(QBoxLayout* layout, const QString& text, const QString& name,
-                  const ParameterTable::Group& group, const ParameterTable::Group& tickedGroup);
+                  const ParameterTable::Group& group);
     void addButtons(QBoxLayout* layout);
     /// Runs an action that shows a dialog, when no exchange is in progress.
     void whenIdle(std::function<void()> action);

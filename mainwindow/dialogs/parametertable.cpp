@@ -50,7 +50,7 @@ ParameterTable::ParameterTable(QWidget* parent) : QTableWidget(parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
-    setWordWrap(false);
+    setWordWrap(true);
     connect(this, &QTableWidget::itemChanged, this, &ParameterTable::applyTick);
 }
 
