@@ -78,6 +78,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"stop", 5, false, false, &Monkey::stopSequence},
         {"halt", 3, false, false, &Monkey::pressHalt},
         {"menu", 2, false, false, &Monkey::triggerAction},
+        {"parameters", 6, false, false, &Monkey::useParameters},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
     };
@@ -201,6 +202,15 @@ void Monkey::answerDialog(QDialog* dialog)
         }
         return;
     }
+    if (dialog->objectName() == QLatin1String("taskDialog")) {
+        if (randomBelow(8) == 0)
+            dialog->reject();
+        return;
+    }
+    if (dialog->objectName() == QLatin1String("parametersDialog")) {
+        answerParametersDialog(dialog);
+        return;
+    }
     if (answerNodeDialog(dialog))
         return;
     if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
@@ -218,9 +228,7 @@ void Monkey::answerDialog(QDialog* dialog)
     if (randomBelow(4) == 0)
         dialog->reject();
     else if (files)
-        chooseFile(*dialog, files->acceptMode() == QFileDialog::AcceptOpen
-                                ? randomSequenceFile()
-                                : QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
+        chooseFile(*dialog, fileFor(*files));
     else
         dialog->accept();
 }

@@ -3,6 +3,7 @@
 #include "calibrationstep.h"
 #include "fingersteps.h"
 #include "pageindex.h"
+#include "parameterstep.h"
 #include "replylimits.h"
 #include "sequencestep.h"
 #include "theme.h"
@@ -323,6 +324,7 @@ QString openNode(TourRunner& tour)
 
 QString updated(TourRunner& tour)
 {
+    tour.command(QStringLiteral("set 5 current-limit 1 333")); // as if by the new firmware
     scanFor(tour, HandCount);
     auto* devices = tour.devices();
     tour.expect(QStringLiteral("the other hand"), devices->itemText(0),
@@ -331,6 +333,9 @@ QString updated(TourRunner& tour)
     const QString version = tour.field("lineEdit_BasicFirmwareVersion");
     tour.expect(QStringLiteral("the firmware version"), version,
                 QLatin1Char('V') + UpdatedFirmware);
+    const auto* notice = tour.find<QWidget>("noticeBar");
+    tour.waitFor(QStringLiteral("the comparison with the backup is offered"),
+                 [&] { return notice->isVisible(); });
     return QStringLiteral("firmware %1 -> %2").arg(QLatin1Char('V') + Firmware, version);
 }
 
@@ -361,6 +366,7 @@ constexpr std::array steps{
     Step{"cable", cable},
     Step{"node", openNode},
     Step{"halt", halt},
+    Step{"parameters", parameterFiles},
     Step{"calibrate", calibration},
     Step{"update", firmwareUpdate},
     Step{"updated", updated},

@@ -4,6 +4,7 @@
 #include "devicebar.h"
 #include "fingers.h"
 #include "haltcontrol.h"
+#include "parameterbackups.h"
 #include "program.h"
 #include "statusreporter.h"
 
@@ -78,8 +79,13 @@ private:
 } // namespace
 
 CalibrationProcedure::CalibrationProcedure(QWidget* window, DeviceSession* session,
-                                           StatusReporter* reporter, const DeviceBar* deviceBar)
-    : m_window(window), m_session(session), m_reporter(reporter), m_deviceBar(deviceBar)
+                                           StatusReporter* reporter, const DeviceBar* deviceBar,
+                                           ParameterBackups* backups)
+    : m_window(window),
+      m_session(session),
+      m_reporter(reporter),
+      m_deviceBar(deviceBar),
+      m_backups(backups)
 {
 }
 
@@ -93,6 +99,7 @@ void CalibrationProcedure::run(const HandTarget& target)
             return confirm(tr("Prepare calibration base and take Vanto up then power on,\n"
                               "presss OK when Vanto is ready."));
         },
+        [&] { return backUp(target); },
         [&] { return requestKey(target, key); },
         [&] {
             return confirm(tr("Vanto will reboot if not in calibrating state & calibration key is "
@@ -147,6 +154,13 @@ bool CalibrationProcedure::confirm(const QString& prompt)
     QMessageBox box(QMessageBox::Information, Program::title(), prompt,
                     QMessageBox::Ok | QMessageBox::Cancel, m_window);
     return exec(box) == QMessageBox::Ok;
+}
+
+/// The calibration goes on without a backup if the hand cannot be read.
+bool CalibrationProcedure::backUp(const HandTarget& target)
+{
+    m_backups->save(target);
+    return true;
 }
 
 bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& key)
