@@ -1,0 +1,61 @@
+#pragma once
+
+#include "handtask.h"
+#include "parameterset.h"
+
+#include <QJsonObject>
+#include <QJsonValue>
+
+#include <vector>
+
+namespace vanto
+{
+
+/// All that a hand tells, apart from its parameters.
+struct HandInformation {
+    enum class State {
+        Known,
+        NotSupported, ///< the protocol or the hand has nothing of this kind
+        Refused,
+        NotRead
+    };
+    struct Entry {
+        QString key;  ///< for JSON, for example "batteryVoltage" or "current.thumb"
+        QString name; ///< for the user, translated
+        State state = State::NotRead;
+        QString text;     ///< the value for the user; if it is not known, why
+        QJsonValue value; ///< null if it is not known
+    };
+
+    HandFacts facts;
+    QList<Entry> entries;
+
+    const Entry* find(const QString& key) const;
+    /// Lines "name: text", for the clipboard.
+    QString toText() const;
+    /// One member for each entry, by its key; not known: null.
+    QJsonObject toJson() const;
+};
+
+/// Reads all that a hand tells; sends reads only.
+class HandInformationReader : public HandTask
+{
+public:
+    /// `forceSensing`: asked first if it is not known.
+    explicit HandInformationReader(HandTarget target, std::optional<bool> forceSensing = {});
+    ~HandInformationReader() override;
+
+    int stepCount() const override;
+    const HandInformation& information() const { return m_information; }
+
+private:
+    struct Item;
+
+    void perform(int step) override;
+
+    std::optional<bool> m_forceSensing;
+    HandInformation m_information;
+    std::vector<Item> m_items;
+};
+
+} // namespace vanto

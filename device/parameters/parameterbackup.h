@@ -1,0 +1,29 @@
+#pragma once
+
+#include "parameterset.h"
+
+namespace vanto
+{
+
+/// Backups that the program makes by itself, in the user's data folder.
+namespace ParameterBackup
+{
+constexpr int KeptPerHand = 10;
+
+/// The folder "parameters" in the data folder of the application.
+QString folder();
+/// "<hardware>-<UID or node>-<time>.json", for example
+/// "1B01-0043002048E5601020383550-20261122T062517123Z.json" or "1B01-node2-...".
+QString fileName(const ParameterSet& parameters);
+
+struct Saved {
+    QString path;
+    QString error; ///< for the user; empty on success
+};
+/// Writes a file of the folder and removes all but the newest ones of this hand.
+Saved save(const ParameterSet& parameters);
+/// The newest backup of this hand, empty if there is none.
+QString newest(const HandFacts& hand);
+} // namespace ParameterBackup
+
+} // namespace vanto

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "handtask.h"
+#include "parameterset.h"
+
+#include <vector>
+
+namespace vanto
+{
+
+/// Reads the parameters of a hand and what it says about itself; sends reads only.
+///
+/// Force limits are read only with force sensing, position limits only over SerialCtrl. What the
+/// hand refuses is listed and skipped. A read that is not answered is sent once more, unless one
+/// time-out ends the task.
+class ParameterReader : public HandTask
+{
+public:
+    struct Options {
+        QList<ParameterKey> keys = allParameterKeys(); ///< what to read
+        bool facts = true; ///< firmware, protocol, hardware and UID, read first
+        /// Whether the hand has force sensing; asked first if unknown and needed.
+        std::optional<bool> forceSensing = {};
+        int timeoutsInARow = 2; ///< automatic backups: 1
+        QString toolVersion = {};
+    };
+
+    ParameterReader(HandTarget target, Options options);
+
+    int stepCount() const override;
+    /// What has been read so far; everything if the outcome is Completed.
+    const ParameterSet& parameters() const { return m_parameters; }
+
+private:
+    struct Step {
+        enum class What { Firmware, Protocol, Hardware, Uid, ForceProbe, Parameter } what;
+        ParameterKey key = {};
+    };
+
+    void perform(int step) override;
+    std::uint8_t readFact(HandCall& call, Step::What what);
+    bool isAvailable(const ParameterKey& key) const;
+    void keep(const ParameterKey& key, const ParameterValue& value);
+
+    Options m_options;
+    std::vector<Step> m_steps;
+    ParameterSet m_parameters;
+};
+
+} // namespace vanto

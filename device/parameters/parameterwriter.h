@@ -1,0 +1,88 @@
+#pragma once
+
+#include "handtask.h"
+#include "parameterset.h"
+
+#include <vector>
+
+namespace vanto
+{
+
+/// What happened to a parameter that was to be written.
+struct WrittenParameter {
+    enum class Result {
+        NotTried,
+        Written, ///< and read back
+        Refused,
+        NotKept,  ///< accepted, but another value was read back, or none
+        NoAnswer, ///< it is not known whether the hand has it now
+    };
+
+    ParameterKey key;
+    Result result = Result::NotTried;
+    std::optional<ParameterValue> readBack; ///< what the hand has now, if it could be read
+    std::uint8_t code = 0;                  ///< result code of the failed operation
+    std::uint8_t subError = 0;
+
+    /// For the user, translated, for example "not kept (1.5)".
+    QString text() const;
+};
+
+/// Restores the chosen parameters, one after the other, each followed by its read.
+///
+/// Before the first write, and after a time-out, the hand is compared with what is known about it,
+/// so that nothing is written to a hand that has taken its place. A chosen parameter is written
+/// even if the hand has the value already: the caller chooses what differs. Gains of one finger are
+/// one write; gains of it that are not chosen keep the value in the hand, which is read at that
+/// moment.
+class ParameterWriter : public HandTask
+{
+public:
+    struct Options {
+        /// The user's own consent to write the calibration: without it the calibration is not
+        /// tried, even if chosen. It never is if calibrationRule() says OtherHand.
+        bool writeCalibration = false;
+        /// Allow node 255 of SerialCtrl, which writes to every hand on the bus.
+        bool anyNode = false;
+        int timeoutsInARow = 2;
+    };
+
+    /// `hand`: what was read from the hand, for its identity; `wanted`: the values, as from a file;
+    /// `chosen`: those to write, without duplicates. Those that `wanted` does not have, or that are
+    /// not representable over the protocol, are not tried.
+    ParameterWriter(HandTarget target, const ParameterSet& hand, const ParameterSet& wanted,
+                    const QList<ParameterKey>& chosen, Options options);
+
+    /// Whether writing through this target reaches every hand on the bus.
+    static bool isAnyNode(const HandTarget& target);
+
+    /// Steps: the check of the hand, then one for each write.
+    int stepCount() const override;
+    /// One for each chosen parameter, in the order in which they are written.
+    const QList<WrittenParameter>& results() const { return m_results; }
+    /// The value of that parameter in the hand after the calibration has failed or was not kept, or
+    /// was written: as read back. DeviceSession::identity() must take it over, because the hand is
+    /// recognized by its calibration.
+    std::optional<HandIdentity::Calibration> calibrationInHand() const { return m_calibration; }
+    int count(WrittenParameter::Result result) const;
+
+private:
+    struct Write {
+        ParameterKey key;              ///< of gains: the first chosen one
+        QList<qsizetype> results = {}; ///< indices of its parameters
+    };
+
+    void perform(int step) override;
+    bool checkHand(HandCall& call);
+    void write(HandCall& call, const Write& job);
+
+    HandFacts m_facts;
+    std::optional<HandIdentity::Calibration> m_known; ///< calibration that identifies the hand
+    std::map<ParameterKey, ParameterValue> m_wanted;
+    Options m_options;
+    std::vector<Write> m_writes;
+    QList<WrittenParameter> m_results;
+    std::optional<HandIdentity::Calibration> m_calibration;
+};
+
+} // namespace vanto
