@@ -24,13 +24,6 @@ std::shared_ptr<VantoProtocol> adapterOf(PROTOCOL_TYPE protocol)
     return VantoProtocol::getProtocolInstance(protocol, static_cast<unsigned char>(major), 0);
 }
 
-/// Over Modbus a refusal and an invalid reply have the same code.
-bool isRefusal(const HandTarget& target, std::uint8_t result)
-{
-    return result == SerialCtrlRefused ||
-           (result != ResultCode::Timeout &&
-            target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU);
-}
 } // namespace
 
 Connection::Connection(const GeneralOptions& options)
@@ -40,10 +33,8 @@ Connection::Connection(const GeneralOptions& options)
       m_halt(&m_session, [] { return std::vector<std::uint8_t>(); })
 {
     m_session.setWatched(false);
-    connect(&m_session, &DeviceSession::sig_portLost, this, [this] {
-        if (m_answer)
-            m_answer->fail(ExitStatus::NoAnswer, CallText::portLost());
-    });
+    connect(&m_session, &DeviceSession::sig_portLost, this, &Connection::reportPortLost);
+    connect(&m_session, &DeviceSession::sig_stop, this, &Connection::sig_stopped);
     connect(&m_halt, &Halt::sig_unreachable, this, [this] { m_unreachable = true; });
 }
 
@@ -111,6 +102,12 @@ Connection::Opening Connection::openWith(PROTOCOL_TYPE protocol, const QString& 
     const bool answered = result == ResultCode::Success ||
                           (protocol == PROTOCOL_TYPE_SERIALCTRL && result == SerialCtrlRefused);
     return answered ? Opening::Answered : Opening::Silent;
+}
+
+void Connection::reportPortLost()
+{
+    if (m_answer)
+        m_answer->fail(ExitStatus::NoAnswer, CallText::portLost(), ResultCode::Timeout);
 }
 
 void Connection::reportNotOpened(const QString& port, PROTOCOL_TYPE protocol)
@@ -207,6 +204,15 @@ bool Connection::proceed()
            hand.perform<&VantoProtocol::fingerStart>(AllFingers);
 }
 
+/// Over Modbus a refusal and an invalid reply have the same code.
+ExitStatus Connection::failureStatus(const HandTarget& target, std::uint8_t result)
+{
+    const bool isRefusal = result == SerialCtrlRefused ||
+                           (result != ResultCode::Timeout && target.adapter &&
+                            target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU);
+    return isRefusal ? ExitStatus::Refused : ExitStatus::NoAnswer;
+}
+
 bool Connection::reportTimeout(const HandTarget& target)
 {
     m_answer->fail(ExitStatus::NoAnswer, CallText::timeout(target), ResultCode::Timeout);
@@ -216,7 +222,7 @@ bool Connection::reportTimeout(const HandTarget& target)
 void Connection::reportFailure(const HandTarget& target, std::string_view operation,
                                std::uint8_t result, std::uint8_t subError)
 {
-    m_answer->fail(isRefusal(target, result) ? ExitStatus::Refused : ExitStatus::NoAnswer,
+    m_answer->fail(failureStatus(target, result),
                    CallText::failure(target, operation, result, subError), result, subError);
 }
 

@@ -28,6 +28,7 @@ public:
     bool isOpen() const { return m_session.isConnected(); }
     /// Releases the port, for what opens it by itself.
     void close() { m_session.closeIfConnected(); }
+    void reportPortLost();
     /// Reports that the port cannot be opened.
     void reportNotOpened(const QString& port, PROTOCOL_TYPE protocol);
 
@@ -57,6 +58,13 @@ public:
     void stop();
     /// Allows motions again after a halt.
     bool proceed();
+
+    /// What the result code of a failed operation means.
+    static ExitStatus failureStatus(const HandTarget& target, std::uint8_t result);
+
+signals:
+    /// Everything that sends must stop now.
+    void sig_stopped();
 
 private:
     enum class Opening { Answered, Silent, Failed };

@@ -65,6 +65,7 @@ ExitStatus Tool::run(const Command& command, Arguments& arguments)
     Interruption interruption;
     connect(&interruption, &Interruption::sig_requested, this, [this] {
         m_hand.stop();
+        emit sig_interrupted();
         QTimer::singleShot(LongestEndMs, this, endProcess);
     });
     Answer answer;

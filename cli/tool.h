@@ -37,6 +37,10 @@ public:
     /// Tells that the command has written its results itself.
     void setHasWritten() { m_hasWritten = true; }
 
+signals:
+    /// SIGINT, SIGTERM or SIGHUP has arrived; nothing more is sent.
+    void sig_interrupted();
+
 private:
     void haltIfRequested(Answer& answer);
     void write(const Command& command, Answer& answer);
