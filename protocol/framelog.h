@@ -28,13 +28,15 @@ public:
         std::chrono::system_clock::time_point time;
         Direction direction = Direction::Sent;
         PROTOCOL_TYPE protocol = PROTOCOL_TYPE_SERIALCTRL;
-        std::uint8_t result = 0;  ///< of the exchange, for received ones
+        /// Of a received one: 0 is success; others are results of SerialCtrl or errors of the
+        /// Modbus client.
+        std::uint8_t result = 0;
         std::uint16_t length = 0; ///< on the line; 0: nothing was received
         std::array<std::uint8_t, MaxBytes> data{};
 
         std::span<const std::uint8_t> bytes() const;
         /// "2026-11-22T06:25:17.123456Z SerialCtrl tx 55 aa 02 ..."; a received one ends with its
-        /// result.
+        /// result. A calibration key is shown as "**".
         QString text() const;
     };
 

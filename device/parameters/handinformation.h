@@ -33,6 +33,8 @@ struct HandInformation {
     const Entry* find(const QString& key) const;
     /// Lines "name: text", for the clipboard.
     QString toText() const;
+    /// Lines "key: text", English.
+    QString toEnglish() const;
     /// One member for each entry, by its key; not known: null.
     QJsonObject toJson() const;
 };
@@ -49,9 +51,14 @@ public:
     const HandInformation& information() const { return m_information; }
 
 private:
+    /// One read and the entries that it fills.
     struct Item;
 
     void perform(int step) override;
+    void addItems();
+    void addFingerItems();
+    template<class Read>
+    void add(bool isSupported, QList<HandInformation::Entry> entries, Read read);
 
     std::optional<bool> m_forceSensing;
     HandInformation m_information;

@@ -53,6 +53,8 @@ public:
 
 protected:
     /// `timeoutsInARow`: so many end the task.
+    static constexpr int TimeoutsInARow = 2; ///< unless a task accepts fewer
+
     HandTask(HandTarget target, int timeoutsInARow);
 
     /// Performs the step of this number.

@@ -36,6 +36,7 @@ private:
     const DeviceSession* m_session;
     std::shared_ptr<HandTask> m_task;
     QTimer m_timer{this};
+    bool m_finished = false;
 };
 
 } // namespace vanto

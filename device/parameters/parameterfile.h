@@ -14,6 +14,7 @@ namespace vanto
 /// silently left out. If a key is there twice, the last one counts.
 namespace ParameterFile
 {
+constexpr QLatin1String Kind("hand parameters");
 constexpr int SchemaVersion = 1;
 constexpr qint64 MaxSize = 1024 * 1024; ///< bytes
 

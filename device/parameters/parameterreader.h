@@ -21,7 +21,7 @@ public:
         bool facts = true; ///< firmware, protocol, hardware and UID, read first
         /// Whether the hand has force sensing; asked first if unknown and needed.
         std::optional<bool> forceSensing = {};
-        int timeoutsInARow = 2; ///< automatic backups: 1
+        int timeoutsInARow = TimeoutsInARow; ///< automatic backups: 1
         QString toolVersion = {};
     };
 
@@ -39,8 +39,11 @@ private:
 
     void perform(int step) override;
     std::uint8_t readFact(HandCall& call, Step::What what);
+    std::uint8_t readParameter(HandCall& call, const ParameterKey& key);
+    void keepGain(const ParameterKey& key, float gain);
+    void refuse(const ParameterKey& key, std::uint8_t result, std::uint8_t subError);
+    QList<ParameterKey> gainsOf(std::uint8_t finger) const;
     bool isAvailable(const ParameterKey& key) const;
-    void keep(const ParameterKey& key, const ParameterValue& value);
 
     Options m_options;
     std::vector<Step> m_steps;

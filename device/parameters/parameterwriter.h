@@ -20,8 +20,8 @@ struct WrittenParameter {
 
     ParameterKey key;
     Result result = Result::NotTried;
-    std::optional<ParameterValue> readBack; ///< what the hand has now, if it could be read
-    std::uint8_t code = 0;                  ///< result code of the failed operation
+    std::optional<ParameterValue> readBack = {}; ///< what the hand has now, if it could be read
+    std::uint8_t code = 0;                       ///< result code of the failed operation
     std::uint8_t subError = 0;
 
     /// For the user, translated, for example "not kept (1.5)".
@@ -44,7 +44,7 @@ public:
         bool writeCalibration = false;
         /// Allow node 255 of SerialCtrl, which writes to every hand on the bus.
         bool anyNode = false;
-        int timeoutsInARow = 2;
+        int timeoutsInARow = TimeoutsInARow;
     };
 
     /// `hand`: what was read from the hand, for its identity; `wanted`: the values, as from a file;
@@ -73,8 +73,20 @@ private:
     };
 
     void perform(int step) override;
+    bool canWrite(const ParameterKey& key) const;
+    void addWrite(const ParameterKey& key, qsizetype result);
     bool checkHand(HandCall& call);
-    void write(HandCall& call, const Write& job);
+    bool hasKnownUid(HandCall& call);
+    template<class Read>
+    std::uint8_t readPatiently(HandCall& call, Read read);
+    void writeGains(HandCall& call, const Write& job);
+    void writeOther(HandCall& call, const Write& job);
+    void readCalibration(HandCall& call);
+    bool noteWrite(HandCall& call, const Write& job, std::uint8_t result);
+    void refuse(const Write& job, std::uint8_t code, std::uint8_t subError);
+    void mark(const Write& job, WrittenParameter::Result result, std::uint8_t code,
+              std::uint8_t subError);
+    void judge(WrittenParameter& written, const ParameterValue& value);
 
     HandFacts m_facts;
     std::optional<HandIdentity::Calibration> m_known; ///< calibration that identifies the hand

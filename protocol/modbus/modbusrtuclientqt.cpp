@@ -70,9 +70,8 @@ ModBusRTUClientQT::Reply ModBusRTUClientQT::waitForReply(QModbusReply* pending,
     reply->deleteLater();
     if (!reply->isFinished())
         return {QModbusDevice::ReplyAbortedError, QStringLiteral("Wait ended."), {}, {}};
-    const bool traced = ModbusTrace::log().isDebugEnabled();
     return {reply->error(), reply->errorString(), reply->result().values(),
-            traced ? reply->rawResult().data() : QByteArray()};
+            reply->rawResult().data()};
 }
 
 ModBusRTUClientQT::ModBusRTUClientQT()
@@ -165,8 +164,7 @@ QModbusRequest ModBusRTUClientQT::toPdu(const Request& request)
 
 QModbusReply* ModBusRTUClientQT::send(const Request& request)
 {
-    if (ModbusTrace::log().isDebugEnabled())
-        ModbusTrace::request(request.slave, functionCode(request), toPdu(request).data());
+    ModbusTrace::request(request.slave, functionCode(request), toPdu(request).data());
     const QModbusDataUnit registers = holdingRegisters(request.start, request.values);
     return request.isWrite ? m_client->sendWriteRequest(registers, request.slave)
                            : m_client->sendReadRequest(registers, request.slave);
@@ -195,8 +193,8 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
             return translateError(m_client->error());
         }
         reply = waitForReply(pending, m_waiting);
-        if (ModbusTrace::log().isDebugEnabled())
-            ModbusTrace::reply(request.slave, functionCode(request), reply.data, reply.error);
+        ModbusTrace::reply(request.slave, functionCode(request), reply.data, reply.error,
+                           static_cast<std::uint8_t>(translateError(reply.error)));
         if (reply.error != QModbusDevice::TimeoutError || !alive || Exchange::abandoned())
             break;
     }

@@ -1,5 +1,6 @@
 #include "modbusrtuprotocolv1.h"
 
+#include "modbusgain.h"
 #include "modbusregisters.h"
 #include "registeraccess.h"
 #include "resultcode.h"
@@ -278,11 +279,17 @@ u8 ModBusRTUProtocolV1::setCaliData(u8 node, const u16* endPositions, const u16*
                                     const u16* thumbRootPositions, u16 fingerCount,
                                     u16 thumbRootCount)
 {
-    return access(node)
-        .writeAll(Register::FingerUpperLimit, endPositions, fingerCount)
-        .writeAll(Register::FingerLowerLimit, startPositions, fingerCount)
-        .writeAll(Register::ThumbRootPreset, thumbRootPositions, thumbRootCount)
-        .result();
+    const u8 result = access(node)
+                          .writeAll(Register::FingerUpperLimit, endPositions, fingerCount)
+                          .writeAll(Register::FingerLowerLimit, startPositions, fingerCount)
+                          .writeAll(Register::ThumbRootPreset, thumbRootPositions, thumbRootCount)
+                          .result();
+    // Absolute moves converted with the old limits would miss their targets.
+    if (result == ResultCode::Success) {
+        m_lowerLimits[node] = {};
+        m_upperLimits[node] = {};
+    }
+    return result;
 }
 
 u8 ModBusRTUProtocolV1::setFingerPID(u8 node, u8 finger, float p, float i, float d, float g)

@@ -19,7 +19,7 @@ class RegisterAccess;
 /// when all reads have succeeded; only getFingerPID() keeps gains that it read before a failure.
 ///
 /// Limits and presets used for conversions are read once from each node and cached for the lifetime
-/// of the adapter, whatever is written to the hand.
+/// of the adapter. Only a successful setCaliData() clears the limits of its node.
 class ModBusRTUProtocolV1 : public VantoProtocol
 {
 public:

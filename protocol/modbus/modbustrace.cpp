@@ -1,8 +1,13 @@
 #include "modbustrace.h"
 
+#include "framelog.h"
+
+#include <QLoggingCategory>
 #include <QModbusDevice>
 #include <QModbusPdu>
 #include <QTime>
+
+#include <span>
 
 namespace vanto
 {
@@ -35,23 +40,28 @@ QString now()
 {
     return QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
 }
-} // namespace
 
-const QLoggingCategory& ModbusTrace::log()
+std::span<const std::uint8_t> bytesOf(const QByteArray& frame)
 {
-    return traceLog();
+    return {reinterpret_cast<const std::uint8_t*>(frame.constData()),
+            static_cast<std::size_t>(frame.size())};
 }
+} // namespace
 
 void ModbusTrace::request(std::uint8_t slave, int function, const QByteArray& data)
 {
-    qCDebug(traceLog).noquote() << now() << "tx" << buildFrame(slave, function, data).toHex(' ');
+    const QByteArray frame = buildFrame(slave, function, data);
+    FrameLog::instance().noteSent(PROTOCOL_TYPE_MODBUS_RTU, bytesOf(frame));
+    qCDebug(traceLog).noquote() << now() << "tx" << frame.toHex(' ');
 }
 
-void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data, int error)
+void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data, int error,
+                        std::uint8_t result)
 {
     const int exception = error == QModbusDevice::ProtocolError ? QModbusPdu::ExceptionByte : 0;
     const QByteArray frame =
         data.isEmpty() ? QByteArray() : buildFrame(slave, function | exception, data);
+    FrameLog::instance().noteReceived(PROTOCOL_TYPE_MODBUS_RTU, bytesOf(frame), result);
     qCDebug(traceLog).noquote() << now() << "rx" << frame.toHex(' ') << "error" << error;
 }
 

@@ -1,18 +1,22 @@
 #pragma once
 
-#include <QLoggingCategory>
+#include <QByteArray>
+
+#include <cstdint>
 
 namespace vanto
 {
 
-/// Logs each frame with its time, direction and, for a reply, error. Costs nothing while the
-/// logging category vanto.modbus is disabled, as it is by default.
+/// Keeps each frame for support reports and, if the logging category vanto.modbus is enabled, logs
+/// it with its time, direction and, for a reply, error. Repetitions of a read and damaged frames
+/// stay inside the Qt client; of them only the error is seen.
 namespace ModbusTrace
 {
-const QLoggingCategory& log();
 void request(std::uint8_t slave, int function, const QByteArray& data);
-/// `error` is a QModbusDevice::Error. Empty data means that there was no reply.
-void reply(std::uint8_t slave, int function, const QByteArray& data, int error);
+/// `error` is a QModbusDevice::Error, `result` the client's. Empty data means that there was no
+/// reply.
+void reply(std::uint8_t slave, int function, const QByteArray& data, int error,
+           std::uint8_t result);
 } // namespace ModbusTrace
 
 } // namespace vanto

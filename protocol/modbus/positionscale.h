@@ -21,8 +21,4 @@ struct PositionLimits {
 /// Maps 0..255 to the full range of the register.
 std::uint16_t speedToRegister(std::uint8_t speed);
 
-/// Hundredths, truncated; only the low 16 bits are kept.
-std::uint16_t gainToRegister(float gain);
-float gainFromRegister(std::uint16_t value);
-
 } // namespace vanto

@@ -1,6 +1,7 @@
 #include "serialprotocolv3.h"
 
 #include "conversation.h"
+#include "framelog.h"
 #include "replylimits.h"
 #include "serialport.h"
 #include "timing.h"
@@ -9,6 +10,9 @@
 #include <QLoggingCategory>
 #include <QTime>
 
+#include <array>
+#include <span>
+
 namespace vanto
 {
 
@@ -16,7 +20,26 @@ namespace
 {
 /// Logs each frame with its time, direction and, for a reply, result.
 Q_LOGGING_CATEGORY(traceLog, "vanto.serialctrl", QtWarningMsg)
-QByteArray s_receivedBytes; ///< bytes received since the request, if logging is enabled
+/// Bytes received since the request. What a disturbed line adds to a reply is kept up to this size.
+struct ReceivedBytes {
+    std::array<u8, 256> data;
+    std::size_t count = 0;
+
+    void append(u8 byte)
+    {
+        if (count < data.size())
+            data[count++] = byte;
+    }
+    std::span<const u8> bytes() const { return std::span(data).first(count); }
+};
+ReceivedBytes s_received;
+
+QByteArray toHex(std::span<const std::uint8_t> bytes)
+{
+    return QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                      static_cast<qsizetype>(bytes.size()))
+        .toHex(' ');
+}
 
 QString traceTime()
 {
@@ -40,10 +63,8 @@ int SendData(u8 /*node*/, const u8* data, u32 length, HAND_Context* context)
     auto& port = portOf(context);
     // A late reply to an earlier request must not be taken for the reply to this one.
     port.clear();
-    qCDebug(traceLog).noquote() << traceTime() << "tx"
-                                << QByteArray(reinterpret_cast<const char*>(data),
-                                              static_cast<qsizetype>(length))
-                                       .toHex(' ');
+    FrameLog::instance().noteSent(PROTOCOL_TYPE_SERIALCTRL, {data, length});
+    qCDebug(traceLog).noquote() << traceTime() << "tx" << toHex({data, length});
     return static_cast<int>(port.write(data, length));
 }
 
@@ -52,8 +73,7 @@ int RecvData(HAND_Context* context)
     auto& port = portOf(context);
     u8 byte = 0;
     while (port.bytesAvailable() >= 1 && port.read(&byte, 1) == 1) {
-        if (traceLog().isDebugEnabled())
-            s_receivedBytes += static_cast<char>(byte);
+        s_received.append(byte);
         HAND_OnData(context, byte);
     }
     return 0;
@@ -92,11 +112,13 @@ u8 SerialProtocolV3::exchangeWithin(int milliseconds, Command command, u8 node,
     const auto port = m_port;
     const auto context = m_context;
     setTimeout(context.get(), milliseconds);
-    s_receivedBytes.clear();
+    s_received.count = 0;
     u8 subError = 0;
     const u32 result = command(context.get(), node, arguments..., &subError);
     setNodeError(node, subError);
-    qCDebug(traceLog).noquote() << traceTime() << "rx" << s_receivedBytes.toHex(' ') << "result"
+    FrameLog::instance().noteReceived(PROTOCOL_TYPE_SERIALCTRL, s_received.bytes(),
+                                      static_cast<u8>(result));
+    qCDebug(traceLog).noquote() << traceTime() << "rx" << toHex(s_received.bytes()) << "result"
                                 << Qt::hex << Qt::showbase << (result & 0xFF);
     return translateError(result);
 }
