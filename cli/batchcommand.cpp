@@ -34,8 +34,7 @@ public:
         LineInput& input = m_tool.input();
         if (m_watchdog.interval() > 0)
             m_watchdog.start();
-        while (!Interruption::isRequested() &&
-               m_tool.output().problem() == Output::Problem::None) {
+        while (!Interruption::isRequested() && m_tool.output().problem() == Output::Problem::None) {
             if (input.hasLine()) {
                 const auto line = input.takeLine();
                 if (m_watchdog.interval() > 0)

@@ -19,8 +19,9 @@ bool isText(QByteArrayView bytes)
 
 const CommandOption* findOption(const Command& command, const QString& name)
 {
-    const auto found = std::ranges::find_if(
-        command.options, [&](const CommandOption& each) { return name == QLatin1String(each.name); });
+    const auto found = std::ranges::find_if(command.options, [&](const CommandOption& each) {
+        return name == QLatin1String(each.name);
+    });
     return found == command.options.end() ? nullptr : &*found;
 }
 

@@ -17,7 +17,9 @@ namespace vanto
 
 namespace
 {
-constexpr int MaxPosition = 65535;
+constexpr int MaxPlace = 65535;
+constexpr int CalibrationRebootMs = 15000; ///< with its eight beeps
+constexpr int ButtonReadMs = 200;
 constexpr qint64 MaxKeyFile = 1024; ///< bytes
 
 using Calibration::Prompt;
@@ -48,7 +50,7 @@ private:
     bool readPlaces()
     {
         for (const QString& text : m_arguments.list("--thumb-root"))
-            m_places.append(m_arguments.number(text, "A place of the thumb root", 0, MaxPosition));
+            m_places.append(m_arguments.number(text, "A place of the thumb root", 0, MaxPlace));
         if (m_arguments.has("--thumb-root") && m_places.size() != 2)
             m_arguments.setError(QStringLiteral("--thumb-root takes two places: A,B."));
         return m_arguments.error().isEmpty();
@@ -73,15 +75,13 @@ private:
     /// Without a prompt the hand itself shows when it is ready.
     bool waitForReboot()
     {
-        constexpr int RebootMs = 15000; ///< with its eight beeps
-        constexpr int AskAgainMs = 200;
-        waitUntil(&Interruption::isRequested, AskAgainMs);
-        for (int waited = 0; waited < RebootMs && goesOn(); waited += AskAgainMs) {
+        waitUntil(&Interruption::isRequested, ButtonReadMs);
+        for (int waited = 0; waited < CalibrationRebootMs && goesOn(); waited += ButtonReadMs) {
             HandCall call(m_tool.hand().target());
             std::uint8_t count = 0;
             if (call.attempt<&VantoProtocol::getButtonPressedCnt>(&count) == ResultCode::Success)
                 return true;
-            waitUntil(&Interruption::isRequested, AskAgainMs);
+            waitUntil(&Interruption::isRequested, ButtonReadMs);
         }
         m_answer.fail(ExitStatus::NoAnswer,
                       QStringLiteral("The hand does not answer after its reboot."),
@@ -96,14 +96,13 @@ private:
         const QString path = m_arguments.option("--key-file");
         QString text;
         if (path.isEmpty() || path == QLatin1String("-")) {
-            text = m_tool.ask(path.isEmpty() ? Calibration::promptText(Prompt::Key) : QString(),
-                              true)
-                       .value_or(QString());
+            text =
+                m_tool.ask(path.isEmpty() ? Calibration::promptText(Prompt::Key) : QString(), true)
+                    .value_or(QString());
         } else {
             QFile file(path);
             if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-                m_answer.fail(ExitStatus::File,
-                              QStringLiteral("Open file '%1' failed.").arg(path));
+                m_answer.fail(ExitStatus::File, QStringLiteral("Open file '%1' failed.").arg(path));
                 return false;
             }
             text = QString::fromLatin1(file.read(MaxKeyFile));
@@ -159,14 +158,13 @@ private:
         const int step = Calibration::ThumbRootStep;
         if (text == QLatin1String("+") || text == QLatin1String("-"))
             return std::clamp(present + (text == QLatin1String("+") ? step : -step), 0,
-                              MaxPosition);
+                              MaxPlace);
         bool isNumber = false;
         const int position = text.toInt(&isNumber);
-        if (isNumber && position >= 0 && position <= MaxPosition)
+        if (isNumber && position >= 0 && position <= MaxPlace)
             return position;
-        m_tool.output().prompt(QStringLiteral("'%1' is not a number from 0 to %2.")
-                                   .arg(text)
-                                   .arg(MaxPosition));
+        m_tool.output().prompt(
+            QStringLiteral("'%1' is not a number from 0 to %2.").arg(text).arg(MaxPlace));
         return {};
     }
 
@@ -179,8 +177,7 @@ private:
 
     bool stage(std::uint8_t number)
     {
-        if (!goesOn() ||
-            !m_tool.hand().call().perform<&VantoProtocol::setButtonPressedCnt>(number))
+        if (!goesOn() || !m_tool.hand().call().perform<&VantoProtocol::setButtonPressedCnt>(number))
             return false;
         if (number < 3)
             waitUntil(&Interruption::isRequested, Calibration::StageMs);

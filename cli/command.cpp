@@ -30,8 +30,7 @@ int distance(const QString& one, const QString& other)
     for (qsizetype i = 0; i < one.size(); ++i) {
         int diagonal = row[0]++;
         for (std::size_t j = 1; j < row.size(); ++j) {
-            const bool same =
-                one[i].toLower() == other[static_cast<qsizetype>(j) - 1].toLower();
+            const bool same = one[i].toLower() == other[static_cast<qsizetype>(j) - 1].toLower();
             const int replaced = diagonal + (same ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
@@ -93,8 +92,8 @@ QStringList Arguments::list(const char* option) const
 int Arguments::number(const QString& text, const char* what, int min, int max)
 {
     bool valid = false;
-    const int number = text.startsWith(QLatin1String("0x")) ? text.toInt(&valid, 16)
-                                                            : text.toInt(&valid);
+    const int number =
+        text.startsWith(QLatin1String("0x")) ? text.toInt(&valid, 16) : text.toInt(&valid);
     if (valid && number >= min && number <= max)
         return number;
     setError(QStringLiteral("%1 must be an integer from %2 to %3, not '%4'.")
@@ -105,7 +104,8 @@ int Arguments::number(const QString& text, const char* what, int min, int max)
 double Arguments::real(const QString& text, const char* what, double min, double max)
 {
     bool valid = false;
-    const double number = QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&valid);
+    const double number =
+        QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&valid);
     if (valid && std::isfinite(number) && number >= min && number <= max)
         return number;
     setError(QStringLiteral("%1 must be a number from %2 to %3, not '%4'.")

@@ -89,10 +89,11 @@ void Parser::add(const Command& command)
             ->required(each.min > 0);
     for (const CommandOption& option : command.options) {
         if (option.value)
-            parser->add_option(option.name,
-                               values.options.emplace_back(option.name, std::vector<std::string>())
-                                   .second,
-                               option.help)
+            parser
+                ->add_option(
+                    option.name,
+                    values.options.emplace_back(option.name, std::vector<std::string>()).second,
+                    option.help)
                 ->type_name(option.value)
                 ->expected(1, option.max);
         else

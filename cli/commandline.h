@@ -19,7 +19,7 @@ Invocation parseCommandLine(int argc, const char* const* argv);
 /// One option of all commands, for the help, the completion and the manual page.
 struct GeneralOption {
     const char* name;
-    const char* value; ///< null: a flag
+    const char* value;    ///< null: a flag
     const char* variable; ///< environment variable; null: none
     const char* help;
 };

@@ -174,8 +174,8 @@ bool Connection::haltMoved()
 bool Connection::awaitHalt()
 {
     const auto ended = [this] {
-        return m_unreachable ||
-               (m_halt.state() != Halt::State::Halting && m_halt.state() != Halt::State::NotConfirmed);
+        return m_unreachable || (m_halt.state() != Halt::State::Halting &&
+                                 m_halt.state() != Halt::State::NotConfirmed);
     };
     waitUntil(ended, m_options.patience * HaltGivenUpMs);
     if (m_halt.state() == Halt::State::Halted) {
@@ -207,9 +207,9 @@ bool Connection::proceed()
 /// Over Modbus a refusal and an invalid reply have the same code.
 ExitStatus Connection::failureStatus(const HandTarget& target, std::uint8_t result)
 {
-    const bool isRefusal = result == SerialCtrlRefused ||
-                           (result != ResultCode::Timeout && target.adapter &&
-                            target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU);
+    const bool isRefusal =
+        result == SerialCtrlRefused || (result != ResultCode::Timeout && target.adapter &&
+                                        target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU);
     return isRefusal ? ExitStatus::Refused : ExitStatus::NoAnswer;
 }
 

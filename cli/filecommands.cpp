@@ -89,8 +89,8 @@ ParameterTolerances parseTolerances(Arguments& arguments)
         const QString name = text.section(QLatin1Char('='), 0, 0);
         const auto kind = ParameterNames::parseKind(name);
         if (kind)
-            tolerances[*kind] = arguments.real(text.section(QLatin1Char('='), 1), "The tolerance",
-                                               0, Largest);
+            tolerances[*kind] =
+                arguments.real(text.section(QLatin1Char('='), 1), "The tolerance", 0, Largest);
         else
             arguments.setError(
                 QStringLiteral("There is no parameter '%1'; a tolerance is NAME=X.").arg(name));
@@ -175,12 +175,12 @@ void writeResults(const ParameterWriter& writer, Answer& answer)
 {
     QJsonArray results;
     for (const WrittenParameter& each : writer.results()) {
-        results.append(QJsonObject{{QStringLiteral("parameter"), each.key.name()},
-                                   {QStringLiteral("written"),
-                                    each.result == WrittenParameter::Result::Written},
-                                   {QStringLiteral("text"), each.text()},
-                                   {QStringLiteral("result"), each.code},
-                                   {QStringLiteral("subError"), each.subError}});
+        results.append(QJsonObject{
+            {QStringLiteral("parameter"), each.key.name()},
+            {QStringLiteral("written"), each.result == WrittenParameter::Result::Written},
+            {QStringLiteral("text"), each.text()},
+            {QStringLiteral("result"), each.code},
+            {QStringLiteral("subError"), each.subError}});
         answer.addLine(each.key.name() + QStringLiteral(": ") + each.text());
     }
     answer.data.insert(QStringLiteral("results"), results);
@@ -207,9 +207,9 @@ void restore(Tool& tool, Arguments& arguments, Answer& answer)
     const bool isLimited = arguments.has("--only");
     const bool withCalibration = arguments.has("--with-calibration");
     const auto only = selectParameters(arguments, arguments.list("--only"));
-    if (isLimited && !withCalibration && only.contains(ParameterKey{ParameterKind::Calibration, {}}))
-        arguments.setError(
-            QStringLiteral("Restoring the calibration needs --with-calibration."));
+    if (isLimited && !withCalibration &&
+        only.contains(ParameterKey{ParameterKind::Calibration, {}}))
+        arguments.setError(QStringLiteral("Restoring the calibration needs --with-calibration."));
     ParameterSet file;
     if (!arguments.error().isEmpty() || !readFile(arguments.values.constFirst(), file, answer))
         return;

@@ -14,9 +14,6 @@ namespace vanto
 
 namespace
 {
-constexpr int ForceFingers = 5; ///< the thumb root has no force sensor
-constexpr double HundredthsPerDegree = 100.0;
-
 QString reduced(QString name)
 {
     return name.remove(QLatin1Char('-')).remove(QLatin1Char('_')).toLower();
@@ -56,21 +53,23 @@ QJsonValue readForce(HandCall& call, std::uint8_t finger)
                : QJsonValue(QJsonValue::Undefined);
 }
 
-template<auto Operation>
-QJsonValue readVersion(HandCall& call, std::uint8_t)
+QJsonValue readProtocolVersion(HandCall& call, std::uint8_t)
 {
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
-    if constexpr (Operation == &VantoProtocol::getProtocolVersion) {
-        if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
-            return QJsonValue::Undefined;
-        return QStringLiteral("%1.%2").arg(major).arg(minor);
-    } else {
-        std::uint16_t revision = 0;
-        if (!call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
-            return QJsonValue::Undefined;
-        return QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(revision);
-    }
+    if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
+        return QJsonValue::Undefined;
+    return QStringLiteral("%1.%2").arg(major).arg(minor);
+}
+
+QJsonValue readFirmwareVersion(HandCall& call, std::uint8_t)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    std::uint16_t revision = 0;
+    if (!call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
+        return QJsonValue::Undefined;
+    return QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(revision);
 }
 
 QJsonValue readHardware(HandCall& call, std::uint8_t)
@@ -140,8 +139,8 @@ const std::vector<HandValue>& handValues()
         {"batteryVoltage", 0, readOne<&Hand::getBatteryVoltage, Word>},
         {"buttonCount", 0, readOne<&Hand::getButtonPressedCnt, std::uint8_t>},
         {"usage", 0, readUsage},
-        {"firmware", 0, readVersion<&Hand::getFirmwareVersion>},
-        {"protocolVersion", 0, readVersion<&Hand::getProtocolVersion>},
+        {"firmware", 0, readFirmwareVersion},
+        {"protocolVersion", 0, readProtocolVersion},
         {"hardware", 0, readHardware},
         {"uid", 0, readUid},
     };

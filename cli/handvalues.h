@@ -4,8 +4,13 @@
 
 #include <QJsonValue>
 
+#include <vector>
+
 namespace vanto
 {
+
+constexpr int ForceFingers = 5; ///< the thumb root has no force sensor
+constexpr double HundredthsPerDegree = 100;
 
 /// A value of a hand that is no parameter, such as a current.
 struct HandValue {

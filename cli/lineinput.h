@@ -16,7 +16,7 @@ public:
     static constexpr qsizetype MaxLength = 4096; ///< bytes
 
     struct Line {
-        QByteArray text; ///< without the line feed, and without a carriage return before it
+        QByteArray text;        ///< without the line feed, and without a carriage return before it
         bool isTooLong = false; ///< then `text` is its beginning
     };
 

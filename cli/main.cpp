@@ -26,11 +26,11 @@ int reportUsage(const Invocation& invocation, const QString& error)
     answer.fail(ExitStatus::Usage, error);
     Output output(false, invocation.options.json);
     if (invocation.options.json)
-        output.write(QJsonDocument(answer.toJson(invocation.command
-                                                     ? QLatin1String(invocation.command->name)
-                                                     : QLatin1String()))
-                         .toJson(QJsonDocument::Compact) +
-                     '\n');
+        output.write(
+            QJsonDocument(answer.toJson(invocation.command ? QLatin1String(invocation.command->name)
+                                                           : QLatin1String()))
+                .toJson(QJsonDocument::Compact) +
+            '\n');
     output.error(answer.reason());
     return static_cast<int>(ExitStatus::Usage);
 }

@@ -1,7 +1,9 @@
 #include "monitorcommand.h"
 
 #include "eventwait.h"
+#include "handvalues.h"
 #include "interruption.h"
+#include "motionunit.h"
 #include "tool.h"
 
 #include <QDateTime>
@@ -22,8 +24,6 @@ constexpr double MaxRate = 1000;
 constexpr double MaxSeconds = 1e9;
 constexpr qint64 NsPerS = 1'000'000'000;
 constexpr qint64 NsPerMs = 1'000'000;
-constexpr std::size_t ForceFingers = 5; ///< the thumb root has no force sensor
-constexpr double HundredthsPerDegree = 100;
 
 using Numbers = QList<double>;
 
@@ -51,7 +51,7 @@ std::optional<Numbers> readForces(HandCall& call)
     return numbers;
 }
 
-std::optional<Numbers> readPose(HandCall& call, const MotionUnit& unit)
+std::optional<Numbers> readPositions(HandCall& call, const MotionUnit& unit)
 {
     const auto pose = unit.readPose(call);
     if (!pose)
@@ -71,8 +71,8 @@ struct Field {
 const std::array Fields{
     Field{"current", FingerCount, readCurrents},
     Field{"position", FingerCount,
-          [](HandCall& call) { return readPose(call, MotionUnit::position()); }},
-    Field{"angle", FingerCount, [](HandCall& call) { return readPose(call, MotionUnit::angle()); }},
+          [](HandCall& call) { return readPositions(call, MotionUnit::position()); }},
+    Field{"angle", FingerCount, [](HandCall& call) { return readPositions(call, MotionUnit::angle()); }},
     Field{"force", ForceFingers, readForces},
 };
 
@@ -95,9 +95,9 @@ Plan parsePlan(const Tool& tool, Arguments& arguments)
     for (const QString& name : names) {
         const qsizetype index = known.indexOf(name);
         if (index < 0)
-            arguments.setError(QStringLiteral("There is no field '%1'; use some of %2.%3")
-                                   .arg(name, known.join(QLatin1String(", ")),
-                                        didYouMean(name, known)));
+            arguments.setError(
+                QStringLiteral("There is no field '%1'; use some of %2.%3")
+                    .arg(name, known.join(QLatin1String(", ")), didYouMean(name, known)));
         else
             plan.fields.append(Fields.at(static_cast<std::size_t>(index)));
     }
@@ -176,7 +176,8 @@ private:
 
     bool sample(qint64 begin)
     {
-        const QByteArray time = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
+        const QByteArray time =
+            QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
         QList<Numbers> values;
         HandCall call = m_tool.hand().call();
         for (const Field& field : m_plan.fields) {
@@ -193,8 +194,8 @@ private:
 
     QByteArray toCsv(const QByteArray& time, double seconds, const QList<Numbers>& values) const
     {
-        QByteArray line = time + ',' + QByteArray::number(seconds, 'f', 6) + ',' +
-                          QByteArray::number(m_late);
+        QByteArray line =
+            time + ',' + QByteArray::number(seconds, 'f', 6) + ',' + QByteArray::number(m_late);
         for (const Numbers& numbers : values)
             for (const double number : numbers)
                 line += ',' + QByteArray::number(number, 'g', 10);

@@ -1,6 +1,7 @@
 #include "motioncommands.h"
 
 #include "eventwait.h"
+#include "handvalues.h"
 #include "interruption.h"
 #include "motionguard.h"
 #include "tool.h"
@@ -19,7 +20,6 @@ namespace
 constexpr int MaxPosition = 65535;
 constexpr double MinAngle = -327.68; ///< degrees
 constexpr double MaxAngle = 327.67;
-constexpr double HundredthsPerDegree = 100;
 constexpr int MaxSpeed = 255;
 constexpr int PollMs = 10;
 const char* const FullSpeed = "255";
@@ -111,8 +111,9 @@ void move(Tool& tool, Arguments& arguments, Answer& answer)
 {
     const std::uint8_t finger = arguments.finger(arguments.values.value(0));
     const int value = parseValue(arguments, arguments.values.value(1));
-    const std::uint8_t speed = parseSpeed(
-        arguments, arguments.has("--speed") ? arguments.option("--speed") : QLatin1String(FullSpeed));
+    const std::uint8_t speed =
+        parseSpeed(arguments, arguments.has("--speed") ? arguments.option("--speed")
+                                                       : QLatin1String(FullSpeed));
     if (!arguments.error().isEmpty() || !tool.hand().open())
         return;
     const MotionUnit& unit = unitOf(arguments);
@@ -154,11 +155,14 @@ void pose(Tool& tool, Arguments& arguments, Answer& answer)
     bool sent = false;
     if (unit.isPosition()) {
         PerFinger<std::uint16_t> positions{};
-        std::ranges::transform(values, positions.begin(), [](int v) { return static_cast<std::uint16_t>(v); });
-        sent = call.perform<&VantoProtocol::setFingerPosAll>(positions.data(), speeds.data(), count);
+        std::ranges::transform(values, positions.begin(),
+                               [](int v) { return static_cast<std::uint16_t>(v); });
+        sent =
+            call.perform<&VantoProtocol::setFingerPosAll>(positions.data(), speeds.data(), count);
     } else {
         PerFinger<std::int16_t> angles{};
-        std::ranges::transform(values, angles.begin(), [](int v) { return static_cast<std::int16_t>(v); });
+        std::ranges::transform(values, angles.begin(),
+                               [](int v) { return static_cast<std::int16_t>(v); });
         sent = call.perform<&VantoProtocol::setFingerAngleAll>(angles.data(), speeds.data(), count);
     }
     if (sent && arguments.has("--wait"))

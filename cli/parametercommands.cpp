@@ -207,7 +207,8 @@ void set(Tool& tool, Arguments& arguments, Answer& answer)
     }
     if (!tool.hand().open())
         return;
-    ParameterReader reader(tool.hand().target(), {.keys = keys, .forceSensing = true, .timeoutsInARow = 1});
+    ParameterReader reader(tool.hand().target(),
+                           {.keys = keys, .forceSensing = true, .timeoutsInARow = 1});
     if (!runTask(tool, reader, answer))
         return;
     for (const ParameterKey& key : keys) {

@@ -78,10 +78,7 @@ public:
         return false;
     }
 
-    void writeResult()
-    {
-        m_answer.data.insert(QStringLiteral("steps"), m_steps);
-    }
+    void writeResult() { m_answer.data.insert(QStringLiteral("steps"), m_steps); }
 
 private:
     void noteStep(bool isPlaying, int index, qint64 milliseconds, const QString& error)
@@ -104,8 +101,7 @@ private:
         m_steps.append(QJsonObject{{QStringLiteral("step"), m_step + 1},
                                    {QStringLiteral("milliseconds"), milliseconds},
                                    {QStringLiteral("highestCurrent"), highest}});
-        m_tool.output().note(
-            QStringLiteral("Step %1: %2 ms").arg(m_step + 1).arg(milliseconds));
+        m_tool.output().note(QStringLiteral("Step %1: %2 ms").arg(m_step + 1).arg(milliseconds));
         m_highest = {};
     }
 
@@ -135,7 +131,7 @@ private:
     QJsonArray m_steps;
     PerFinger<int> m_highest{}; ///< mA, of the present step
     int m_step = 0;             ///< index of the present step
-    bool m_starting = false; ///< the first step is being sent
+    bool m_starting = false;    ///< the first step is being sent
     bool m_finished = false;
     bool m_overCurrent = false;
     int m_result = 0;
@@ -154,8 +150,9 @@ void play(Tool& tool, Arguments& arguments, Answer& answer)
         return;
     }
     const auto step = [&](const char* option, int otherwise) {
-        return arguments.has(option) ? arguments.number(arguments.option(option), "A step", 1, count)
-                                     : otherwise;
+        return arguments.has(option)
+                   ? arguments.number(arguments.option(option), "A step", 1, count)
+                   : otherwise;
     };
     const int first = step("--from", 1);
     const int last = step("--to", count);

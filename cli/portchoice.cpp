@@ -23,10 +23,10 @@ PortChoice chooseOnly(const QList<PortEntry>& ports)
         return {ports.constFirst().name, {}};
     if (ports.isEmpty())
         return {{}, QStringLiteral("There is no serial port."), ExitStatus::PortNotOpened};
-    return {{},
-            QStringLiteral("There are several ports; choose one with --port: %1.")
-                .arg(listOf(ports)),
-            ExitStatus::Usage};
+    return {
+        {},
+        QStringLiteral("There are several ports; choose one with --port: %1.").arg(listOf(ports)),
+        ExitStatus::Usage};
 }
 
 PortChoice chooseUsb(const QString& serialNumber, const QList<PortEntry>& ports)

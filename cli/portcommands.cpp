@@ -46,7 +46,8 @@ void listPorts(Tool& tool, Arguments&, Answer& answer)
         for (const QString& line : port.details.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
             if (line != port.description)
                 answer.addLine(QStringLiteral("  ") + line);
-        answer.addLine(QStringLiteral("  ") + (canOpen ? QStringLiteral("Can be opened.") : problem));
+        answer.addLine(QStringLiteral("  ") +
+                       (canOpen ? QStringLiteral("Can be opened.") : problem));
     }
     if (list.isEmpty())
         tool.output().note(QStringLiteral("There is no serial port."));
@@ -149,7 +150,8 @@ std::vector<Command> portCommands()
          Effect::NoHand,
          false,
          {},
-         {{"--nodes", "LIST", 64, "Nodes to try, for example 1-16,32; all from 1 to 255 if omitted"}},
+         {{"--nodes", "LIST", 64,
+           "Nodes to try, for example 1-16,32; all from 1 to 255 if omitted"}},
          scan},
     };
 }

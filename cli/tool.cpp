@@ -31,9 +31,7 @@ void endProcess()
 } // namespace
 
 Tool::Tool(GeneralOptions options)
-    : m_options(std::move(options)),
-      m_output(m_options.quiet, m_options.json),
-      m_hand(m_options)
+    : m_options(std::move(options)), m_output(m_options.quiet, m_options.json), m_hand(m_options)
 {
 }
 

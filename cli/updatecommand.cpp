@@ -122,8 +122,8 @@ void transfer(Tool& tool, const QString& port, const QString& path, Answer& answ
         return;
     }
     if (examinePort(port) != PortProblem::None)
-        answer.fail(ExitStatus::PortNotOpened, failure + QStringLiteral(" ") +
-                                                   describePortProblem(port));
+        answer.fail(ExitStatus::PortNotOpened,
+                    failure + QStringLiteral(" ") + describePortProblem(port));
     else
         answer.fail(ExitStatus::NoAnswer, failure);
 }
