@@ -157,8 +157,7 @@ private:
     {
         const int step = Calibration::ThumbRootStep;
         if (text == QLatin1String("+") || text == QLatin1String("-"))
-            return std::clamp(present + (text == QLatin1String("+") ? step : -step), 0,
-                              MaxPlace);
+            return std::clamp(present + (text == QLatin1String("+") ? step : -step), 0, MaxPlace);
         bool isNumber = false;
         const int position = text.toInt(&isNumber);
         if (isNumber && position >= 0 && position <= MaxPlace)

@@ -86,6 +86,7 @@ void Parser::add(const Command& command)
         parser->add_option(each.name, values.positionals.emplace_back(), each.help)
             ->type_name("")
             ->expected(std::max(each.min, 1), each.max)
+            ->allow_extra_args(false)
             ->required(each.min > 0);
     for (const CommandOption& option : command.options) {
         if (option.value)
@@ -171,7 +172,7 @@ QString unknownWord(const QStringList& words)
                 options.append(QLatin1String(option.name));
         }
     }
-    return {};
+    return command ? QString() : QStringLiteral("No command is given; see vantoctl --help.");
 }
 
 Invocation Parser::parse(int argc, const char* const* argv)

@@ -59,7 +59,7 @@ int runProgram(int argc, char* argv[])
         qputenv("QT_LOGGING_RULES", "vanto.serialctrl.debug=true;vanto.modbus.debug=true");
     qInstallMessageHandler(writeMessage);
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("VantoSetting"));
+    QCoreApplication::setApplicationName(QStringLiteral("vantoctl"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VANTO_VERSION));
     ReplyLimits::current() = ReplyLimits().scaled(invocation.options.patience);
     Tool tool(invocation.options);

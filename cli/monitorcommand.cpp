@@ -72,7 +72,8 @@ const std::array Fields{
     Field{"current", FingerCount, readCurrents},
     Field{"position", FingerCount,
           [](HandCall& call) { return readPositions(call, MotionUnit::position()); }},
-    Field{"angle", FingerCount, [](HandCall& call) { return readPositions(call, MotionUnit::angle()); }},
+    Field{"angle", FingerCount,
+          [](HandCall& call) { return readPositions(call, MotionUnit::angle()); }},
     Field{"force", ForceFingers, readForces},
 };
 
