@@ -147,7 +147,7 @@ private:
             }
             if (line->trimmed().isEmpty())
                 return true;
-            if (const auto position = parsePlace(line->trimmed(), target);
+            if (const auto position = parsePlace(line->trimmed(), current);
                 position && !moveThumbRoot(*position))
                 return false;
         }
