@@ -37,9 +37,9 @@ public:
         while (!Interruption::isRequested() && m_tool.output().problem() == Output::Problem::None) {
             if (input.hasLine()) {
                 const auto line = input.takeLine();
+                perform(line);
                 if (m_watchdog.interval() > 0)
                     m_watchdog.start();
-                perform(line);
             } else if (input.hasEnded()) {
                 break;
             } else {
@@ -82,12 +82,9 @@ private:
 
     void haltAtSilence()
     {
-        if (!m_tool.hand().hasMoved())
+        // A command that is running starts the time anew at its end.
+        if (!m_tool.hand().hasMoved() || Conversation::isActive())
             return;
-        if (Conversation::isActive()) { // it ends within its time-outs
-            m_watchdog.start();
-            return;
-        }
         Answer answer;
         answer.data.insert(QStringLiteral("event"), QStringLiteral("watchdog"));
         m_tool.hand().reportTo(&answer);

@@ -86,7 +86,7 @@ void Parser::add(const Command& command)
         parser->add_option(each.name, values.positionals.emplace_back(), each.help)
             ->type_name("")
             ->expected(std::max(each.min, 1), each.max)
-            ->allow_extra_args(false)
+            ->allow_extra_args(each.max > std::max(each.min, 1))
             ->required(each.min > 0);
     for (const CommandOption& option : command.options) {
         if (option.value)

@@ -57,12 +57,21 @@ bool Connection::isUsable(PROTOCOL_TYPE protocol) const
                                : protocol == *m_options.protocol;
 }
 
+bool Connection::isReady()
+{
+    if (m_halt.state() == Halt::State::NotConfirmed)
+        m_answer->fail(ExitStatus::NoAnswer, Halt::stateText(m_halt.state()), ResultCode::Timeout);
+    else if (!Interruption::isRequested() && !target().isCurrent())
+        reportPortLost();
+    return !m_answer->hasFailed() && !Interruption::isRequested();
+}
+
 bool Connection::open()
 {
     if (Interruption::isRequested() || m_answer->hasFailed())
         return false;
     if (isOpen())
-        return true;
+        return isReady();
     const auto port = portName();
     if (!port)
         return false;

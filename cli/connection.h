@@ -26,6 +26,8 @@ public:
     /// false if it has reported a failure.
     bool open();
     bool isOpen() const { return m_session.isConnected(); }
+    /// Whether something can be sent through the open port; otherwise it has reported why not.
+    bool isReady();
     /// Releases the port, for what opens it by itself.
     void close() { m_session.closeIfConnected(); }
     void reportPortLost();

@@ -123,9 +123,9 @@ void diff(Tool& tool, Arguments& arguments, Answer& answer)
     answer.data.insert(QStringLiteral("different"), different);
     answer.data.insert(QStringLiteral("compared"), keys.size());
     if (!different.isEmpty())
-        answer.fail(ExitStatus::Refused,
-                    QStringLiteral("The hand differs from the file in %1 parameters.")
-                        .arg(different.size()));
+        answer.fail(
+            ExitStatus::Refused,
+            QStringLiteral("%1 of %2 parameters differ.").arg(different.size()).arg(keys.size()));
 }
 
 /// The user must know what a calibration or another hardware means.

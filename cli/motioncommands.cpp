@@ -118,8 +118,11 @@ void move(Tool& tool, Arguments& arguments, Answer& answer)
         return;
     const MotionUnit& unit = unitOf(arguments);
     tool.hand().noteMotion();
-    HandCall call = tool.hand().call();
-    if (unit.move(call, finger, value, speed) && arguments.has("--wait"))
+    const bool sent = [&] {
+        HandCall call = tool.hand().call();
+        return unit.move(call, finger, value, speed);
+    }();
+    if (sent && arguments.has("--wait")) // outside of a conversation, which would delay a halt
         ArrivalWait(tool, unit, answer).run({finger});
 }
 
@@ -138,6 +141,24 @@ PerFinger<std::uint8_t> parseSpeeds(Arguments& arguments)
     return speeds;
 }
 
+bool sendPose(Connection& hand, const MotionUnit& unit, const PerFinger<int>& values,
+              const PerFinger<std::uint8_t>& speeds)
+{
+    HandCall call = hand.call();
+    constexpr std::uint8_t count = FingerCount;
+    if (unit.isPosition()) {
+        PerFinger<std::uint16_t> positions{};
+        std::ranges::transform(values, positions.begin(),
+                               [](int value) { return static_cast<std::uint16_t>(value); });
+        return call.perform<&VantoProtocol::setFingerPosAll>(positions.data(), speeds.data(),
+                                                             count);
+    }
+    PerFinger<std::int16_t> angles{};
+    std::ranges::transform(values, angles.begin(),
+                           [](int value) { return static_cast<std::int16_t>(value); });
+    return call.perform<&VantoProtocol::setFingerAngleAll>(angles.data(), speeds.data(), count);
+}
+
 void pose(Tool& tool, Arguments& arguments, Answer& answer)
 {
     PerFinger<int> values{};
@@ -150,21 +171,7 @@ void pose(Tool& tool, Arguments& arguments, Answer& answer)
         return;
     const MotionUnit& unit = unitOf(arguments);
     tool.hand().noteMotion();
-    HandCall call = tool.hand().call();
-    constexpr std::uint8_t count = FingerCount;
-    bool sent = false;
-    if (unit.isPosition()) {
-        PerFinger<std::uint16_t> positions{};
-        std::ranges::transform(values, positions.begin(),
-                               [](int v) { return static_cast<std::uint16_t>(v); });
-        sent =
-            call.perform<&VantoProtocol::setFingerPosAll>(positions.data(), speeds.data(), count);
-    } else {
-        PerFinger<std::int16_t> angles{};
-        std::ranges::transform(values, angles.begin(),
-                               [](int v) { return static_cast<std::int16_t>(v); });
-        sent = call.perform<&VantoProtocol::setFingerAngleAll>(angles.data(), speeds.data(), count);
-    }
+    const bool sent = sendPose(tool.hand(), unit, values, speeds);
     if (sent && arguments.has("--wait"))
         ArrivalWait(tool, unit, answer).run({0, 1, 2, 3, 4, 5});
 }

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace vanto
@@ -44,10 +45,15 @@ bool Output::write(const QByteArray& bytes)
             done += count;
             continue;
         }
-        if (errno == EINTR && !Interruption::isRequested())
+        if (errno == EAGAIN) { // another program has made the pipe non-blocking
+            pollfd output{STDOUT_FILENO, POLLOUT, 0};
+            poll(&output, 1, -1);
+        }
+        if ((errno == EINTR || errno == EAGAIN) && !Interruption::isRequested())
             continue;
         m_errorNumber = errno;
-        m_problem = errno == EPIPE || errno == EINTR ? Problem::Closed : Problem::Failed;
+        m_problem =
+            errno == EPIPE || Interruption::isRequested() ? Problem::Closed : Problem::Failed;
     }
     return m_problem == Problem::None;
 }

@@ -53,6 +53,9 @@ void Tool::perform(const Command& command, Arguments& arguments, Answer& answer)
                                    "needs --any-node."));
     else
         command.run(*this, arguments, answer);
+    // What is not sent reports nothing.
+    if (command.effect != Effect::NoHand && !answer.hasFailed() && m_hand.isOpen())
+        m_hand.isReady();
     if (!arguments.error().isEmpty())
         answer.fail(ExitStatus::Usage, arguments.error());
     m_hand.reportTo(nullptr);

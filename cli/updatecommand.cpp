@@ -121,7 +121,8 @@ void transfer(Tool& tool, const QString& port, const QString& path, Answer& answ
         answer.addLine(updateSucceededText());
         return;
     }
-    if (examinePort(port) != PortProblem::None)
+    const PortProblem problem = examinePort(port);
+    if (problem == PortProblem::InUse || problem == PortProblem::NoPermission)
         answer.fail(ExitStatus::PortNotOpened,
                     failure + QStringLiteral(" ") + describePortProblem(port));
     else
@@ -154,6 +155,10 @@ void update(Tool& tool, Arguments& arguments, Answer& answer)
     const auto port = tool.hand().portName();
     if (!port)
         return;
+    if (examinePort(*port) != PortProblem::None) {
+        tool.hand().reportNotOpened(*port, PROTOCOL_TYPE_SERIALCTRL);
+        return;
+    }
     if (!arguments.has("--yes") && !tool.confirm(updatePrompt())) {
         answer.fail(ExitStatus::Usage, QStringLiteral("Not confirmed."));
         return;
