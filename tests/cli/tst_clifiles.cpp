@@ -115,7 +115,9 @@ void TestCliFiles::examples()
     m_hand->command("set 2 pid-i 0 9");
     const auto run = [this](const QStringList& words) {
         QProcess program;
-        program.setProcessEnvironment(environment());
+        auto variables = environment();
+        variables.insert("NODES", "2");
+        program.setProcessEnvironment(variables);
         program.start(words[0], words.mid(1));
         program.waitForFinished(60'000);
         return qMakePair(program.exitCode(),

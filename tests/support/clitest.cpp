@@ -31,7 +31,8 @@ QStringList CliTest::writes() const
 
 QProcessEnvironment CliTest::environment() const
 {
-    CliProcess cli(*m_hand);
+    constexpr int Patience = 20; // scans wait for nodes that are not there
+    CliProcess cli(*m_hand, Patience);
     auto environment = cli.process().processEnvironment();
     environment.insert("PATH",
                        QCoreApplication::applicationDirPath() + ':' + environment.value("PATH"));
