@@ -4,6 +4,8 @@
 #include "firmwareupdater.h"
 #include "messagelist.h"
 #include "nodedialogs.h"
+#include "parameteractions.h"
+#include "parameterbackups.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "theme.h"
@@ -28,10 +30,11 @@ MainWindow::MainWindow(QWidget* parent)
     m_reporter = new StatusReporter(ui->statusBar);
     m_reporter->addContextAction(ui->action_Messages);
     setUpPages();
-    m_calibration =
-        std::make_unique<CalibrationProcedure>(this, m_session.get(), m_reporter, ui->deviceBar);
+    setUpParameters();
+    m_calibration = std::make_unique<CalibrationProcedure>(this, m_session.get(), m_reporter,
+                                                           ui->deviceBar, m_backups.get());
     m_updater = std::make_unique<FirmwareUpdater>(
-        this, m_session.get(), m_reporter, ui->deviceBar,
+        this, m_session.get(), m_reporter, ui->deviceBar, m_backups.get(),
         [page = ui->tab_Basic] { return page->hardware(); },
         [this](int percent) { emit sig_updateProgress(percent); });
     m_updater->disableDuringDownload({ui->action_Theme, ui->action_About});
@@ -50,11 +53,27 @@ void MainWindow::setUpPages()
                          {ui->action_Force_Update, ui->action_Open_Node, ui->action_Scan_Range});
 }
 
+void MainWindow::setUpParameters()
+{
+    m_backups = std::make_unique<ParameterBackups>(
+        m_session.get(), m_reporter, ui->deviceBar, ui->noticeBar,
+        [page = ui->tab_Basic] { return page->isRead(); });
+    m_parameters = std::make_unique<ParameterActions>(
+        this, m_session.get(), m_reporter, ui->deviceBar, ui->tabWidget,
+        ParameterActions::Actions{ui->action_Save_Parameters, ui->action_Restore_Parameters,
+                                  ui->action_Hand_Information});
+    m_parameters->setPlaying([page = ui->tab_Sequence] { return page->isPlaying(); });
+    connect(ui->tab_Sequence, &SequencePage::sig_playingChanged, m_parameters.get(),
+            &ParameterActions::update);
+    connect(m_backups.get(), &ParameterBackups::sig_compareRequested, m_parameters.get(),
+            &ParameterActions::compareWith);
+}
+
 MainWindow::~MainWindow()
 {
     m_session->shutDown();
     // Widgets emit signals during destruction, when their page is already partly destroyed.
-    QList<QObject*> receivers{this, ui->deviceBar};
+    QList<QObject*> receivers{this, ui->deviceBar, m_parameters.get(), m_backups.get()};
     for (int i = 0; i < ui->tabWidget->count(); ++i)
         receivers.append(ui->tabWidget->widget(i));
     for (const QObject* child : findChildren<QObject*>())
@@ -82,6 +101,21 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->setAccepted(m_updater->canClose());
     if (event->isAccepted())
         on_action_Exit_triggered();
+}
+
+void MainWindow::on_action_Save_Parameters_triggered()
+{
+    m_parameters->save();
+}
+
+void MainWindow::on_action_Restore_Parameters_triggered()
+{
+    m_parameters->compare();
+}
+
+void MainWindow::on_action_Hand_Information_triggered()
+{
+    m_parameters->showInformation();
 }
 
 void MainWindow::on_action_Exit_triggered()

@@ -11,6 +11,8 @@ namespace vanto
 class CalibrationProcedure;
 class DeviceSession;
 class FirmwareUpdater;
+class ParameterActions;
+class ParameterBackups;
 class StatusReporter;
 namespace Ui
 {
@@ -45,6 +47,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private slots:
+    void on_action_Save_Parameters_triggered();
+    void on_action_Restore_Parameters_triggered();
+    void on_action_Hand_Information_triggered();
     void on_action_Exit_triggered();
     void on_action_Messages_triggered();
     void on_action_Force_Update_triggered();
@@ -59,11 +64,14 @@ private slots:
 
 private:
     void setUpPages();
+    void setUpParameters();
     void showAbout();
 
     std::unique_ptr<Ui::MainWindow> ui;
     std::unique_ptr<DeviceSession> m_session;
     StatusReporter* m_reporter = nullptr;
+    std::unique_ptr<ParameterBackups> m_backups;
+    std::unique_ptr<ParameterActions> m_parameters;
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;
 };

@@ -10,7 +10,7 @@ declare -A packages=(
     # the window shows boxes instead of letters. Qt's own catalogues translate the standard buttons.
     [window]="qt6-svg-plugins|libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n
         ca-certificates"
-    [test]="libmodbus-dev mold"
+    [test]="libmodbus-dev mold python3-jsonschema"
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [fuzz]="clang"
     [coverage]="gcovr"

@@ -116,7 +116,9 @@ void Bus::handleRequest(const Frame& request)
     }
 
     const TimePoint now = Clock::now();
-    const Frame first = answer(*hands.front(), request, now);
+    Hand copy = *hands.front();
+    const bool ignores = fault && fault->kind->ignores;
+    const Frame first = answer(ignores ? copy : *hands.front(), request, now);
     QList<QByteArray> replies{encode(first)};
     for (auto hand = hands.begin() + 1; hand != hands.end(); ++hand)
         replies.append(encode(answer(**hand, request, now)));
@@ -151,8 +153,10 @@ void Bus::handleRequest(const ModbusFrame& request)
     const std::optional<Fault> fault =
         m_faults.take({peer, request.function, firstRegister(request)});
     const bool refused = fault && fault->kind->refuses;
-    const ModbusFrame reply =
-        refused ? refuseModbus(hand, request, fault->error) : executeModbus(hand, request, now);
+    Hand copy = hand;
+    Hand& executing = fault && fault->kind->ignores ? copy : hand;
+    const ModbusFrame reply = refused ? refuseModbus(hand, request, fault->error)
+                                      : executeModbus(executing, request, now);
     m_motionTrace.update(now);
     if (fault)
         deliver(fault->kind->deliverModbus(reply, *fault), peer, *fault);

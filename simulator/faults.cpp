@@ -152,6 +152,12 @@ Delivery dropped(const Reply&, const Fault&)
 }
 
 template<class Reply>
+Delivery unaltered(const Reply& reply, const Fault&)
+{
+    return {encode(reply)};
+}
+
+template<class Reply>
 Delivery delayed(const Reply& reply, const Fault& fault)
 {
     return {encode(reply), fault.delay};
@@ -220,6 +226,7 @@ constexpr FaultKind Kinds[] = {
     {"garbage", false, BOTH(onlyNoise), onlyNoise<BootReply>},
     {"refuse", true, BOTH_ALTERED(setError), altered<BootReply, setError>},
     {"refuse-bare", true, BOTH_ALTERED(setBareError)},
+    {"ignore", false, BOTH(unaltered), nullptr, true},
     {"wrong-finger", false, BOTH_ALTERED(changeFinger)},
     {"wrong-host", false, altered<Frame, changeHost>, nullptr},
     {"stutter", false, nullptr, nullptr, stuttering},

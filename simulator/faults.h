@@ -45,6 +45,7 @@ struct FaultKind {
     Delivery (*deliver)(const Frame& reply, const Fault& fault);
     Delivery (*deliverModbus)(const ModbusFrame& reply, const Fault& fault);
     Delivery (*deliverBoot)(const BootReply& reply, const Fault& fault) = nullptr;
+    bool ignores = false; ///< the hand answers as if it had executed the request
 };
 
 /// The properties of a request that a fault is matched against.

@@ -72,6 +72,19 @@ constexpr Property pidGain(const char* name)
             [](const Context& c, double v) { c.finger().pid[Gain] = static_cast<float>(v); }};
 }
 
+template<std::size_t Preset>
+constexpr Property thumbRootPreset(const char* name)
+{
+    return {name,
+            false,
+            0,
+            MaxWord,
+            [](const Context& c) { return static_cast<double>(c.hand.thumbRootPresets[Preset]); },
+            [](const Context& c, double v) {
+                c.hand.thumbRootPresets[Preset] = static_cast<std::uint16_t>(v);
+            }};
+}
+
 /// Setting a position moves the finger there at once.
 template<Unit U>
 constexpr Property positionIn(const char* name, double min, double max)
@@ -100,6 +113,9 @@ constexpr Property Properties[] = {
     {"stage", false, 0, MaxByte,
      [](const Context& c) { return static_cast<double>(c.hand.calibrationStage()); }, nullptr},
     handValue<&Hand::rebootTime>("reboot-time", MaxWord),
+    thumbRootPreset<0>("preset-1"),
+    thumbRootPreset<1>("preset-2"),
+    thumbRootPreset<2>("preset-3"),
     handValue<&Hand::error>("error", MaxByte),
     handValue<&Hand::voltage>("voltage", MaxWord),
     handValue<&Hand::beeps>("beeps", MaxU32),

@@ -3,6 +3,7 @@
 #include "calibrationstep.h"
 #include "fingersteps.h"
 #include "pageindex.h"
+#include "parameterstep.h"
 #include "replylimits.h"
 #include "sequencestep.h"
 #include "theme.h"
@@ -363,6 +364,7 @@ constexpr std::array steps{
     Step{"cable", cable},
     Step{"node", openNode},
     Step{"halt", halt},
+    Step{"parameters", parameterFiles},
     Step{"calibrate", calibration},
     Step{"update", firmwareUpdate},
     Step{"updated", updated},

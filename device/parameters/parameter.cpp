@@ -226,7 +226,9 @@ double ParameterValues::shortest(float gain)
     const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), gain);
     double number = gain;
     std::from_chars(digits.data(), written.ptr, number);
-    return static_cast<float>(number) == gain ? number : double{gain};
+    // The shortest form of the largest float is a little larger than that.
+    return std::abs(number) <= MaxGain && static_cast<float>(number) == gain ? number
+                                                                             : double{gain};
 }
 
 std::optional<ParameterValue> ParameterValues::parse(ParameterKind kind, const QStringList& texts,

@@ -139,7 +139,10 @@ QString ParameterFile::writeBytes(const QString& path, const QByteArray& bytes)
     if (info.exists() && !info.isFile())
         return fileError(QT_TRANSLATE_NOOP("ParameterFile", "This is not a regular file."));
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // commit() does not notice that the last buffer could not be written, on a full disk for
+    // example.
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+        !file.commit())
         return file.errorString();
     return {};
 }

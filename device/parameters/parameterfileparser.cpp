@@ -79,6 +79,7 @@ std::optional<std::array<std::uint32_t, Count>> hexWords(const QString& text, qs
     return words;
 }
 
+constexpr int MaxYear = 9999;
 constexpr uint MaxByte = 0xFF;
 constexpr uint MaxWord = 0xFFFF;
 
@@ -253,7 +254,8 @@ bool ParameterFileParser::parseTime(const QString& path, const QJsonValue& json)
     if (!toText(path, json, text))
         return false;
     parameters().time = QDateTime::fromString(text, Qt::ISODate).toUTC();
-    return parameters().time.isValid() ||
+    const int year = parameters().time.date().year(); // of four digits, also after the conversion
+    return (parameters().time.isValid() && year >= 1 && year <= MaxYear) ||
            fail(path,
                 foundText(QT_TRANSLATE_NOOP("ParameterFile", "expected a time such as "
                                                              "\"2026-11-22T06:25:17Z\", found %1"),

@@ -5,6 +5,7 @@
 #include "devicebar.h"
 #include "fingers.h"
 #include "haltcontrol.h"
+#include "parameterbackups.h"
 #include "program.h"
 #include "statusreporter.h"
 
@@ -73,8 +74,13 @@ private:
 } // namespace
 
 CalibrationProcedure::CalibrationProcedure(QWidget* window, DeviceSession* session,
-                                           StatusReporter* reporter, const DeviceBar* deviceBar)
-    : m_window(window), m_session(session), m_reporter(reporter), m_deviceBar(deviceBar)
+                                           StatusReporter* reporter, const DeviceBar* deviceBar,
+                                           ParameterBackups* backups)
+    : m_window(window),
+      m_session(session),
+      m_reporter(reporter),
+      m_deviceBar(deviceBar),
+      m_backups(backups)
 {
 }
 
@@ -85,6 +91,7 @@ void CalibrationProcedure::run(const HandTarget& target)
     std::uint16_t key = 0;
     const std::initializer_list<std::function<bool()>> steps{
         [&] { return confirm(Prompt::Prepare); },
+        [&] { return backUp(target); },
         [&] { return requestKey(target, key); },
         [&] { return confirm(Prompt::BeforeReboot); },
         [&] { return startCalibrating(target, key); },
@@ -124,6 +131,13 @@ bool CalibrationProcedure::confirm(Prompt prompt)
     QMessageBox box(QMessageBox::Information, Program::title(), Calibration::promptText(prompt),
                     QMessageBox::Ok | QMessageBox::Cancel, m_window);
     return exec(box) == QMessageBox::Ok;
+}
+
+/// The calibration goes on without a backup if the hand cannot be read.
+bool CalibrationProcedure::backUp(const HandTarget& target)
+{
+    m_backups->save(target);
+    return true;
 }
 
 bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& key)

@@ -12,6 +12,7 @@ namespace vanto
 {
 
 class DeviceBar;
+class ParameterBackups;
 class StatusReporter;
 
 /// Guides the user through the calibration of the hand. The hand measures and stores the data
@@ -25,7 +26,7 @@ class CalibrationProcedure
     Q_DECLARE_TR_FUNCTIONS(CalibrationProcedure)
 public:
     CalibrationProcedure(QWidget* window, DeviceSession* session, StatusReporter* reporter,
-                         const DeviceBar* deviceBar);
+                         const DeviceBar* deviceBar, ParameterBackups* backups);
 
     void run(const HandTarget& target);
 
@@ -38,6 +39,7 @@ private:
     int exec(QDialog& dialog);
     // Each step returns true if the next one may follow.
     bool confirm(Prompt prompt);
+    bool backUp(const HandTarget& target);
     bool requestKey(const HandTarget& target, std::uint16_t& key);
     bool startCalibrating(const HandTarget& target, std::uint16_t key);
     bool positionThumbRoot(const HandTarget& target, const QString& prompt);
@@ -48,6 +50,7 @@ private:
     DeviceSession* m_session;
     StatusReporter* m_reporter;
     const DeviceBar* m_deviceBar;
+    ParameterBackups* m_backups;
 };
 
 } // namespace vanto

@@ -3,6 +3,7 @@
 #include "devicebar.h"
 #include "firmwaredownload.h"
 #include "haltcontrol.h"
+#include "parameterbackups.h"
 #include "program.h"
 #include "statusreporter.h"
 #include "updatedialog.h"
@@ -33,12 +34,14 @@ void showMessageBox(QWidget* parent, QMessageBox::Icon icon, const QString& text
 } // namespace
 
 FirmwareUpdater::FirmwareUpdater(QWidget* window, DeviceSession* session, StatusReporter* reporter,
-                                 DeviceBar* deviceBar, std::function<QString()> hardware,
+                                 DeviceBar* deviceBar, ParameterBackups* backups,
+                                 std::function<QString()> hardware,
                                  std::function<void(int)> progress)
     : m_window(window),
       m_session(session),
       m_reporter(reporter),
       m_deviceBar(deviceBar),
+      m_backups(backups),
       m_hardware(std::move(hardware)),
       m_progress(std::move(progress)),
       m_sources{LocalSource, RemoteSource},
@@ -64,6 +67,9 @@ void FirmwareUpdater::update()
     m_token = m_session->token();
     const QString path = chooseFile();
     if (path.isEmpty())
+        return;
+    m_backups->saveBeforeUpdate();
+    if (!isCurrent())
         return;
 
     const bool wasOpen = m_session->isConnected();
@@ -174,6 +180,7 @@ QString FirmwareUpdater::write(const QString& path)
         m_deviceBar->portName(), static_cast<QSerialPort::BaudRate>(BaudRate), path,
         [this](const QString& text) { showLog(text); }, m_progress);
     m_dialog->end();
+    m_backups->noteUpdate();
     halt.setBlocked(false);
     return failure;
 }

@@ -16,6 +16,7 @@ namespace vanto
 {
 
 class DeviceBar;
+class ParameterBackups;
 class StatusReporter;
 class UpdateDialog;
 
@@ -28,8 +29,8 @@ public:
     /// `hardware` returns the type and version of the hand if they are known; `progress` is called
     /// with the percentages of the transfer.
     FirmwareUpdater(QWidget* window, DeviceSession* session, StatusReporter* reporter,
-                    DeviceBar* deviceBar, std::function<QString()> hardware,
-                    std::function<void(int)> progress);
+                    DeviceBar* deviceBar, ParameterBackups* backups,
+                    std::function<QString()> hardware, std::function<void(int)> progress);
     /// Sets the actions that are disabled during a download.
     void disableDuringDownload(const QList<QAction*>& actions) { m_disabledActions = actions; }
 
@@ -61,6 +62,7 @@ private:
     DeviceSession* m_session;
     StatusReporter* m_reporter;
     DeviceBar* m_deviceBar;
+    ParameterBackups* m_backups;
     std::function<QString()> m_hardware;
     QList<QAction*> m_disabledActions;
     std::function<void(int)> m_progress;

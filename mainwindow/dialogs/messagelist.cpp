@@ -1,17 +1,15 @@
 #include "messagelist.h"
 
+#include "filesaver.h"
 #include "messagelog.h"
 #include "program.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
-#include <QFile>
-#include <QFileDialog>
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QVBoxLayout>
@@ -21,24 +19,9 @@
 namespace vanto
 {
 
-namespace
-{
-/// Raises the open dialog of a type, if there is one.
-template<class Dialog>
-bool raiseOpen(const QWidget* parent)
-{
-    auto* open = parent->findChild<Dialog*>();
-    if (!open)
-        return false;
-    open->raise();
-    open->activateWindow();
-    return true;
-}
-} // namespace
-
 void MessageList::showLog(const MessageLog* log, QWidget* window)
 {
-    if (!raiseOpen<MessageList>(window))
+    if (!FileSaver::raiseOpen<MessageList>(window))
         (new MessageList(log, window))->show();
 }
 
@@ -60,7 +43,7 @@ MessageList::MessageList(const MessageLog* log, QWidget* window)
     save->setObjectName(QStringLiteral("pushButton_MessagesSave"));
     connect(copy, &QPushButton::clicked, this,
             [this] { QApplication::clipboard()->setText(m_list->toPlainText()); });
-    connect(save, &QPushButton::clicked, this, &MessageList::chooseFile);
+    connect(save, &QPushButton::clicked, this, &MessageList::save);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     // Appending keeps the selection and the scroll position.
     connect(log, &MessageLog::sig_added, m_list, &QPlainTextEdit::appendPlainText);
@@ -87,49 +70,15 @@ void MessageList::replaceLine(int index, const QString& line)
     cursor.insertText(line.sliced(same));
 }
 
-void MessageList::chooseFile()
+void MessageList::save()
 {
-    if (raiseOpen<QFileDialog>(this))
-        return;
-    auto* files = new QFileDialog(this, tr("Save messages"), {}, tr("Text files (*.txt)"));
-    files->setAttribute(Qt::WA_DeleteOnClose);
-    files->setAcceptMode(QFileDialog::AcceptSave);
-    files->setDefaultSuffix(QStringLiteral("txt"));
-    // Its own question is modal.
-    files->setOption(QFileDialog::DontConfirmOverwrite);
-    files->selectFile(QStringLiteral("messages.txt"));
-    connect(files, &QFileDialog::fileSelected, this, &MessageList::confirmFile);
-    files->show();
-}
-
-void MessageList::confirmFile(const QString& path)
-{
-    if (!QFile::exists(path))
-        return save(path);
-    auto* question = showBox(QMessageBox::Question, tr("'%1' already exists.").arg(path),
-                             tr("Do you want to replace it?"), QMessageBox::Yes | QMessageBox::No);
-    connect(question, &QDialog::accepted, this, [this, path] { save(path); });
-}
-
-void MessageList::save(const QString& path)
-{
-    QSaveFile file(path);
-    const QByteArray text = m_log->lines().join(QLatin1Char('\n')).toUtf8() + '\n';
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-        return;
-    showBox(QMessageBox::Critical, tr("The messages could not be saved in '%1'.").arg(path),
-            file.errorString(), QMessageBox::Ok);
-}
-
-QMessageBox* MessageList::showBox(QMessageBox::Icon icon, const QString& text,
-                                  const QString& details, QMessageBox::StandardButtons buttons)
-{
-    auto* box = new QMessageBox(icon, Program::title(), text, buttons, this);
-    box->setInformativeText(details);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setModal(false);
-    box->show();
-    return box;
+    FileSaver::save(this, {.caption = tr("Save messages"),
+                           .filter = tr("Text files (*.txt)"),
+                           .name = QStringLiteral("messages.txt"),
+                           .failure = tr("The messages could not be saved in '%1'."),
+                           .content = [this](const QString&) {
+                               return m_log->lines().join(QLatin1Char('\n')).toUtf8() + '\n';
+                           }});
 }
 
 } // namespace vanto

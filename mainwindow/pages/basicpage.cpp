@@ -314,6 +314,11 @@ QString BasicPage::hardware() const
     return ui->lineEdit_BasicHardwareTypeVersion->text();
 }
 
+bool BasicPage::isRead() const
+{
+    return !ui->lineEdit_BasicProtocolVersion->text().isEmpty();
+}
+
 void BasicPage::requestRecalibration(RequestQueue::Request action)
 {
     // Timers of the other pages exchange data with the hand, even while a dialog is open.

@@ -33,6 +33,8 @@ public:
 
     /// Type and version as shown; empty if they have not been read.
     QString hardware() const;
+    /// Whether the last reload has read the hand.
+    bool isRead() const;
     /// Runs `action` for the Recalibrate button.
     void requestRecalibration(RequestQueue::Request action);
 

@@ -237,16 +237,24 @@ void DeviceBar::showReconnected(const PortEntry& port)
 {
     m_portBox->replaceCurrent(port);
     const auto token = m_session->token();
+    reloadPages();
+    if (!token.isCurrent())
+        return;
+    if (m_focusBeforeLoss && m_tabs->hasFocus())
+        m_focusBeforeLoss->setFocus();
+    saveLastHand();
+    m_connection->reportReconnected();
+}
+
+void DeviceBar::reloadPages()
+{
+    const auto token = m_session->token();
     for (DevicePage* page : m_pages) {
         page->reloadKeepingEdits();
         if (!token.isCurrent())
             return;
     }
     followCurrentPage();
-    if (m_focusBeforeLoss && m_tabs->hasFocus())
-        m_focusBeforeLoss->setFocus();
-    saveLastHand();
-    m_connection->reportReconnected();
 }
 
 void DeviceBar::reconnectNow()
@@ -302,6 +310,8 @@ void DeviceBar::openCurrentDevice()
             return;
     }
     followCurrentPage();
+    if (target->isCurrent())
+        emit sig_pagesLoaded();
 }
 
 void DeviceBar::saveLastHand() const

@@ -51,6 +51,8 @@ public:
 
     /// Opens the device of the current entry and reloads all pages.
     void openCurrentDevice();
+    /// Reads what the pages show again; fields that the user has edited keep what has been typed.
+    void reloadPages();
     /// If the port is lost, looks for the hand at once.
     void reconnectNow();
     /// The nodes of the next scans.
@@ -80,6 +82,8 @@ public:
 
 signals:
     void sig_currentDeviceChanged();
+    /// A hand has been opened and the pages show it.
+    void sig_pagesLoaded();
 
 private slots:
     void on_pushButton_RefreshPorts_clicked();

@@ -171,6 +171,7 @@ void SequencePage::updateSequenceTab()
     enableWidgetsForSequenceTab(Stop, playing);
     if (!playing)
         m_focus.reset();
+    emit sig_playingChanged();
 }
 
 void SequencePage::updateEditCell()

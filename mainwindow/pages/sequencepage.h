@@ -59,9 +59,15 @@ public:
     void enableWidgets(bool enable) override;
     void follow(bool isCurrent) override;
 
+    /// Whether a run is in progress, or a step is being sent.
+    bool isPlaying() const;
     void focusTable();
     /// Handles a key pressed in the table; returns whether it is consumed.
     bool handleKeyPress(const QKeyEvent& event);
+
+signals:
+    /// isPlaying() may have changed.
+    void sig_playingChanged();
 
 private slots:
     void on_pushButton_SeqInsert_clicked();
@@ -100,7 +106,6 @@ private:
     };
 
     void setUpLayout();
-    bool isPlaying() const;
     void storeEditedSpeed();
     /// Whether the page is the current one; isVisible() also depends on the window.
     bool isShown() const { return !isHidden(); }

@@ -227,17 +227,27 @@ void tst_registers::caches()
     };
     QCOMPARE(read(7, 3), (QList<int>{1033, 1023, 1138, 1148}));
     QCOMPARE(current, std::uint16_t{2000});
-    // The limits stay cached when they are written and when the adapter reconnects.
-    const std::uint16_t limits[] = {0, 0, 0, 4000};
-    QCOMPARE(int(m_adapter->setCaliData(7, limits, limits, limits, 4, 1)), 0);
+    // The limits stay cached when the hand changes them itself, when writing them fails and when
+    // the adapter reconnects.
+    const std::uint16_t starts[] = {0, 0, 0, 500};
+    const std::uint16_t ends[] = {0, 0, 0, 4500};
+    command("fault refuse register=1030");
+    QVERIFY(m_adapter->setCaliData(7, ends, starts, starts, 4, 1) != 0);
     m_adapter->disconnect();
     QVERIFY(m_adapter->connect(qPrintable(m_hand->portName()), BaudRate));
     takeRequests();
     QCOMPARE(int(m_adapter->setFingerPosAbs(7, 3, 2000, 1)), 0);
     QCOMPARE(takeRequests(), (QList<int>{1128, 1138}));
     QCOMPARE(m_hand->command(QStringLiteral("get 7 target 3")), QStringLiteral("ok 32767"));
-    // Each node has its own limits. Limits of 0 and of invalid fingers are not cached.
-    QCOMPARE(read(2, 3), (QList<int>{1033, 1023, 1138, 1148}));
+    QCOMPARE(read(2, 3).size(), 4);
+    // They are read again after they have been written, but only those of that node.
+    QCOMPARE(int(m_adapter->setCaliData(7, ends, starts, starts, 4, 1)), 0);
+    takeRequests();
+    QCOMPARE(int(m_adapter->setFingerPosAbs(7, 3, 2500, 1)), 0);
+    QCOMPARE(takeRequests(), (QList<int>{1033, 1023, 1128, 1138}));
+    QCOMPARE(m_hand->command(QStringLiteral("get 7 target 3")), QStringLiteral("ok 32767"));
+    QCOMPARE(read(2, 3), (QList<int>{1138, 1148}));
+    // Limits of 0 and of invalid fingers are not cached.
     QCOMPARE(read(7, 1), (QList<int>{1031, 1021, 1136, 1146}));
     QCOMPARE(read(7, 1), (QList<int>{1031, 1021, 1136, 1146}));
     QCOMPARE(read(7, 10), (QList<int>{1040, 1030, 1145, 1155}));

@@ -1,0 +1,120 @@
+#include "parameterbackups.h"
+
+#include "devicebar.h"
+#include "noticebar.h"
+#include "parameterbackup.h"
+#include "parametercomparison.h"
+#include "program.h"
+#include "statusreporter.h"
+
+#include <QProgressBar>
+
+#include <algorithm>
+
+namespace vanto
+{
+
+namespace
+{
+/// Without a UID, a hand of the same type at the same node and protocol counts as the same.
+bool isSameHand(const HandFacts& one, const HandFacts& other)
+{
+    if (one.uid && other.uid)
+        return one.uid == other.uid;
+    return one.node == other.node && one.protocolType == other.protocolType &&
+           !isOtherHardware(one, other);
+}
+} // namespace
+
+ParameterBackups::ParameterBackups(DeviceSession* session, StatusReporter* reporter,
+                                   DeviceBar* deviceBar, NoticeBar* notice,
+                                   std::function<bool()> isRead)
+    : m_session(session),
+      m_reporter(reporter),
+      m_deviceBar(deviceBar),
+      m_notice(notice),
+      m_isRead(std::move(isRead)),
+      m_progress(new QProgressBar)
+{
+    m_progress->setObjectName(QStringLiteral("progressBar_Backup"));
+    m_progress->setAccessibleName(tr("Backup of the parameters"));
+    m_progress->setFormat(tr("Backup %p%"));
+    m_progress->setMaximumHeight(m_progress->fontMetrics().height());
+    m_progress->setMaximumWidth(20 * m_progress->fontMetrics().averageCharWidth());
+    m_reporter->addToStatusBar(m_progress);
+    m_progress->hide();
+    connect(deviceBar, &DeviceBar::sig_pagesLoaded, this, &ParameterBackups::startComparison);
+    connect(session, &DeviceSession::sig_closed, notice, &QWidget::hide);
+}
+
+ParameterBackups::~ParameterBackups() = default;
+
+std::shared_ptr<ParameterReader> ParameterBackups::readerFor(const HandTarget& target) const
+{
+    return std::make_shared<ParameterReader>(
+        target, ParameterReader::Options{.forceSensing = m_session->hasForceSensing(),
+                                         .timeoutsInARow = 1,
+                                         .toolVersion = QLatin1String(Program::Version)});
+}
+
+void ParameterBackups::save(const HandTarget& target)
+{
+    const auto reader = readerFor(target);
+    m_progress->setRange(0, reader->stepCount());
+    m_progress->setValue(0);
+    m_progress->show();
+    const auto outcome = reader->run([this](int done, int) { m_progress->setValue(done); });
+    m_progress->hide();
+    if (outcome == HandTask::Outcome::Superseded)
+        return; // closed or halted, which the user knows
+    QString failure = reader->outcomeText();
+    if (outcome == HandTask::Outcome::Completed) {
+        const auto saved = ParameterBackup::save(reader->parameters());
+        failure = saved.error;
+        if (failure.isEmpty())
+            m_backup = Backup{reader->parameters(), saved.path};
+    }
+    if (!failure.isEmpty())
+        m_reporter->showError(tr("The parameters were not backed up. %1").arg(failure));
+}
+
+void ParameterBackups::saveBeforeUpdate()
+{
+    const auto target = m_session->target();
+    if (!target || !m_isRead() || m_session->state() != DeviceSession::State::Connected)
+        return;
+    const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
+    save(*target);
+}
+
+void ParameterBackups::startComparison()
+{
+    const auto target = m_session->target();
+    if (!m_compares || !target)
+        return;
+    m_reader = readerFor(*target);
+    m_runner = std::make_unique<HandTaskRunner>(m_session, m_reader);
+    // Queued, because the runner is still emitting.
+    connect(m_runner.get(), &HandTaskRunner::sig_finished, this,
+            &ParameterBackups::finishComparison, Qt::QueuedConnection);
+    m_runner->start();
+}
+
+/// If the hand could not be read, or is another one, the next hand that is opened is compared.
+void ParameterBackups::finishComparison()
+{
+    m_runner.reset();
+    const ParameterSet& now = m_reader->parameters();
+    if (m_reader->outcome() != HandTask::Outcome::Completed || !m_reader->target().isCurrent() ||
+        !isSameHand(now.hand, m_backup->parameters.hand))
+        return;
+    m_compares = false;
+    const auto rows = compareParameters(now, m_backup->parameters);
+    if (!std::ranges::any_of(rows, differs))
+        return;
+    m_notice->showNotice(tr("Parameters of the hand differ from its backup before the update."),
+                         tr("Compare..."),
+                         [this, path = m_backup->path] { emit sig_compareRequested(path); });
+}
+
+} // namespace vanto

@@ -1,0 +1,332 @@
+#include "parametertable.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace vanto
+{
+
+namespace
+{
+/// The calibration has too many numbers for one line of the table.
+QString tableText(const ParameterKey& key, const std::optional<ParameterValue>& value)
+{
+    if (!value)
+        return {};
+    QString text = ParameterValues::text(key.kind, *value);
+    if (key.kind == ParameterKind::Calibration)
+        text.replace(QLatin1String("; "), QLatin1String("\n"));
+    return text;
+}
+
+QString onOneLine(QString text)
+{
+    return text.replace(QLatin1Char('\n'), QLatin1String("; "));
+}
+
+/// Whether nothing that could make the row interesting has happened.
+bool wasTried(const WrittenParameter& result)
+{
+    return result.result != WrittenParameter::Result::NotTried;
+}
+} // namespace
+
+ParameterTable::ParameterTable(QWidget* parent) : QTableWidget(parent)
+{
+    setObjectName(QStringLiteral("tableWidget_Parameters"));
+    setAccessibleName(tr("Parameters"));
+    setColumnCount(Result + 1);
+    setHorizontalHeaderLabels(
+        {tr("Parameter"), tr("Finger"), tr("In the hand"), tr("In the file"), tr("Result")});
+    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setHighlightSections(false);
+    verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    verticalHeader()->hide();
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(true);
+    connect(this, &QTableWidget::itemChanged, this, &ParameterTable::applyTick);
+}
+
+void ParameterTable::compare(const ParameterSet& hand, const ParameterSet& file)
+{
+    m_hand = hand;
+    m_file = file;
+    m_rows = compareParameters(hand, file);
+    m_ticked.clear();
+    for (const ParameterRow& row : m_rows)
+        if (row.isTickedByDefault() && canTick(row))
+            m_ticked.insert(row.key);
+    build();
+}
+
+void ParameterTable::replaceFile(const ParameterSet& file, const QList<std::uint8_t>& copiedFingers)
+{
+    m_file = file;
+    m_rows = compareParameters(m_hand, file);
+    for (const ParameterRow& row : m_rows) {
+        const bool copied =
+            isGain(row.key.kind) && row.key.finger && copiedFingers.contains(*row.key.finger);
+        if (copied)
+            m_results.erase(row.key);
+        if (!canTick(row))
+            m_ticked.erase(row.key);
+        else if (copied)
+            m_ticked.insert(row.key);
+    }
+    build();
+}
+
+bool ParameterTable::canTick(const ParameterRow& row) const
+{
+    if (row.key.kind == ParameterKind::Calibration &&
+        calibrationRule(m_hand.hand, m_file.hand) == CalibrationRule::OtherHand)
+        return false;
+    return row.canTick();
+}
+
+/// Why the row cannot be ticked, or is not ticked by default.
+QString ParameterTable::noteFor(const ParameterRow& row) const
+{
+    if (!row.canTick())
+        return row.obstacle();
+    switch (row.key.kind) {
+    case ParameterKind::SelfTestLevel:
+        return tr("Level 2 moves the hand when it is switched on");
+    case ParameterKind::PositionLimits:
+        return tr("Limits where the finger can move");
+    case ParameterKind::Calibration:
+        return canTick(row) ? tr("A wrong calibration drives fingers into their stops")
+                            : tr("The file is from another hand");
+    default:
+        return {};
+    }
+}
+
+void ParameterTable::build()
+{
+    const int current = currentRow();
+    {
+        const QSignalBlocker blocker(this);
+        setRowCount(0);
+        m_equal.clear();
+        const auto facts = compareFacts(m_hand.hand, m_file.hand);
+        m_factCount = static_cast<int>(facts.size());
+        for (const FactRow& fact : facts)
+            addFact(fact);
+        for (const ParameterRow& row : m_rows)
+            addParameter(row);
+    }
+    updateTicks();
+    updateHidden();
+    setCurrentCell(current, Name);
+}
+
+void ParameterTable::addFact(const FactRow& fact)
+{
+    const bool isEqual = fact.inHand == fact.inFile;
+    addLine({fact.name, {}, fact.inHand, fact.inFile, isEqual ? QString() : tr("Never written")},
+            isEqual);
+}
+
+void ParameterTable::addParameter(const ParameterRow& row)
+{
+    const QString finger =
+        row.key.finger ? ParameterNames::displayName(*row.key.finger) : QString();
+    const auto result = m_results.find(row.key);
+    const bool hasResult = result != m_results.end();
+    addLine({ParameterNames::displayName(row.key.kind), finger, tableText(row.key, row.inHand),
+             tableText(row.key, row.inFile), hasResult ? result->second.text() : noteFor(row)},
+            row.state == ParameterRow::State::Equal && !hasResult);
+}
+
+void ParameterTable::addLine(const QStringList& texts, bool isEqual)
+{
+    const int line = rowCount();
+    insertRow(line);
+    m_equal.append(isEqual);
+    for (int column = Name; column <= Result; ++column) {
+        auto* item = new QTableWidgetItem(texts[column]);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        item->setToolTip(texts[column]);
+        setItem(line, column, item);
+    }
+}
+
+int ParameterTable::lineOf(const ParameterKey& key) const
+{
+    const auto found = std::ranges::find(m_rows, key, &ParameterRow::key);
+    return found == m_rows.end() ? -1 : m_factCount + static_cast<int>(found - m_rows.begin());
+}
+
+/// Shows the ticks as they are.
+void ParameterTable::updateTicks()
+{
+    {
+        const QSignalBlocker blocker(this);
+        for (int i = 0; i < m_rows.size(); ++i) {
+            if (!canTick(m_rows[i]))
+                continue;
+            QTableWidgetItem* box = item(m_factCount + i, Name);
+            const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+            box->setFlags(m_ticksEnabled ? flags | Qt::ItemIsUserCheckable : flags);
+            box->setCheckState(isTicked(m_rows[i].key) ? Qt::Checked : Qt::Unchecked);
+        }
+    }
+    viewport()->update();
+    emit sig_ticksChanged();
+}
+
+/// The user has clicked a box.
+void ParameterTable::applyTick(const QTableWidgetItem* item)
+{
+    const int index = item->row() - m_factCount;
+    if (item->column() != Name || index < 0 || !canTick(m_rows[index]))
+        return;
+    const ParameterKey key = m_rows[index].key;
+    const bool ticked = item->checkState() == Qt::Checked;
+    const bool mustAsk = ticked && key.kind == ParameterKind::Calibration;
+    if (!ticked || !m_ticksEnabled)
+        m_ticked.erase(key);
+    else if (!mustAsk)
+        m_ticked.insert(key);
+    updateTicks();
+    if (mustAsk && m_ticksEnabled)
+        emit sig_calibrationRequested();
+}
+
+void ParameterTable::tickCalibration(bool ticked)
+{
+    const ParameterKey key{ParameterKind::Calibration};
+    const int line = lineOf(key);
+    if (ticked && line >= 0 && canTick(m_rows[line - m_factCount]))
+        m_ticked.insert(key);
+    else
+        m_ticked.erase(key);
+    updateTicks();
+}
+
+void ParameterTable::showEqualRows(bool shown)
+{
+    m_showEqual = shown;
+    updateHidden();
+}
+
+void ParameterTable::updateHidden()
+{
+    for (int line = 0; line < rowCount(); ++line)
+        setRowHidden(line, m_equal[line] && !m_showEqual);
+}
+
+void ParameterTable::setTicksEnabled(bool enabled)
+{
+    m_ticksEnabled = enabled;
+    updateTicks();
+}
+
+QList<ParameterKey> ParameterTable::tickedKeys() const
+{
+    return {m_ticked.begin(), m_ticked.end()};
+}
+
+bool ParameterTable::hasTickable(const Group& group) const
+{
+    return std::ranges::any_of(
+        m_rows, [&](const ParameterRow& row) { return canTick(row) && group(row.key); });
+}
+
+Qt::CheckState ParameterTable::groupState(const Group& group) const
+{
+    int ticked = 0;
+    int unticked = 0;
+    for (const ParameterRow& row : m_rows)
+        if (canTick(row) && group(row.key))
+            ++(isTicked(row.key) ? ticked : unticked);
+    return ticked == 0 ? Qt::Unchecked : unticked == 0 ? Qt::Checked : Qt::PartiallyChecked;
+}
+
+void ParameterTable::tickGroup(const Group& group, bool ticked)
+{
+    for (const ParameterRow& row : m_rows) {
+        if (!canTick(row) || !group(row.key) || row.key.kind == ParameterKind::Calibration)
+            continue;
+        if (ticked)
+            m_ticked.insert(row.key);
+        else
+            m_ticked.erase(row.key);
+    }
+    updateTicks();
+}
+
+void ParameterTable::showResults(const QList<WrittenParameter>& results)
+{
+    using Outcome = WrittenParameter::Result;
+    ParameterKey last;
+    for (const WrittenParameter& result : results) {
+        if (!wasTried(result))
+            continue;
+        last = result.key;
+        m_results.insert_or_assign(result.key, result);
+        if (result.readBack)
+            m_hand.values[result.key] = *result.readBack;
+        if (result.result == Outcome::Written)
+            m_ticked.erase(result.key);
+    }
+    compareAgain();
+    if (const int line = lineOf(last); line >= 0 && !m_results.empty())
+        scrollToItem(item(line, Name));
+}
+
+void ParameterTable::showInHand(const ParameterKey& key, const ParameterValue& value)
+{
+    m_hand.values[key] = value;
+    compareAgain();
+}
+
+void ParameterTable::compareAgain()
+{
+    m_rows = compareParameters(m_hand, m_file);
+    std::erase_if(m_ticked, [this](const ParameterKey& key) {
+        const int line = lineOf(key);
+        return line < 0 || !canTick(m_rows[line - m_factCount]);
+    });
+    build();
+}
+
+QString ParameterTable::toText() const
+{
+    QStringList lines;
+    QStringList header;
+    for (int column = Name; column <= Result; ++column)
+        header.append(horizontalHeaderItem(column)->text());
+    lines.append(header.join(QLatin1Char('\t')));
+    for (int line = 0; line < rowCount(); ++line) {
+        if (isRowHidden(line))
+            continue;
+        QStringList texts;
+        for (int column = Name; column <= Result; ++column)
+            texts.append(onOneLine(item(line, column)->text()));
+        lines.append(texts.join(QLatin1Char('\t')));
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+/// Space ticks the current row, whichever column is current.
+void ParameterTable::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Space || !currentItem()) {
+        QTableWidget::keyPressEvent(event);
+        return;
+    }
+    QTableWidgetItem* box = item(currentRow(), Name);
+    if (box->flags().testFlag(Qt::ItemIsUserCheckable))
+        box->setCheckState(box->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+}
+
+} // namespace vanto
