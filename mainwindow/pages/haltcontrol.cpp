@@ -55,9 +55,8 @@ HaltControl::HaltControl(QPushButton* button, DeviceSession* session, StatusRepo
     connect(button, &QPushButton::pressed, this, &HaltControl::press);
     connect(button, &QPushButton::clicked, this, &HaltControl::click);
     connect(&m_halt, &Halt::sig_stateChanged, this, &HaltControl::update);
-    connect(&m_halt, &Halt::sig_unreachable, this, [this] {
-        m_reporter->showError(Halt::unreachableText());
-    });
+    connect(&m_halt, &Halt::sig_unreachable, this,
+            [this] { m_reporter->showError(Halt::unreachableText()); });
     connect(&m_halt, &Halt::sig_continued, this,
             [this] { m_reporter->showMessage(tr("Continued")); });
     connect(&m_halt, &Halt::sig_notContinued, this, [this] {
