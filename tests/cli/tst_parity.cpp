@@ -4,9 +4,7 @@
 
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QLabel>
 #include <QProgressDialog>
-#include <QTemporaryDir>
 
 namespace vanto
 {
