@@ -47,7 +47,10 @@ void acceptDialogs(const TestWindow& tool, const char* button)
         if (auto* files = qobject_cast<QFileDialog*>(dialog))
             files->selectFile(files->windowTitle() == "Open update file" ? SAMPLE
                                                                          : EXAMPLES "/grip.json");
-        dialog->accept();
+        if (const auto* box = qobject_cast<QMessageBox*>(dialog))
+            box->button(QMessageBox::Ok)->click();
+        else
+            dialog->accept();
     });
     tool.click(button);
     if (QString(button) == "pushButton_BasicUpdateFirmware")
