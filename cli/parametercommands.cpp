@@ -227,10 +227,17 @@ void set(Tool& tool, Arguments& arguments, Answer& answer)
     if (runTask(tool, writer, answer))
         reportWriting(writer, answer);
     ValueList list(answer, arguments.values.constFirst(), keys.size() == 1);
-    for (const WrittenParameter& each : writer.results())
-        if (each.readBack && keys.size() == 1)
-            list.add(each.key.finger, toJson(each.key.kind, *each.readBack),
-                     ParameterValues::text(each.key.kind, *each.readBack));
+    QJsonObject gains;
+    for (const WrittenParameter& each : writer.results()) {
+        if (!each.readBack)
+            continue;
+        const QJsonValue value = toJson(each.key.kind, *each.readBack);
+        gains.insert(QLatin1String(describe(each.key.kind).name), value);
+        if (keys.size() == 1)
+            list.add(each.key.finger, value, ParameterValues::text(each.key.kind, *each.readBack));
+    }
+    if (keys.size() > 1)
+        answer.data.insert(QStringLiteral("values"), gains);
 }
 } // namespace
 

@@ -113,6 +113,7 @@ void scan(Tool& tool, Arguments& arguments, Answer& answer)
     });
     QObject::connect(&handScan, &HandScan::sig_found, &handScan, [&](const DeviceEntry& entry) {
         hands.append(describe(entry));
+        answer.data.insert(QStringLiteral("hands"), hands); // also if a signal ends the program
         answer.addLine(entry.text());
     });
     const Generation generation; // a signal ends the scan after the present exchange

@@ -21,13 +21,6 @@ namespace
 constexpr int SecondSignalMs = 250;
 /// The program ends this long after a signal, whatever it waits for.
 constexpr int LongestEndMs = 480;
-
-/// A halt may take longer.
-void endProcess()
-{
-    if (!Interruption::isHaltRequested())
-        std::_Exit(static_cast<int>(ExitStatus::Interrupted));
-}
 } // namespace
 
 Tool::Tool(GeneralOptions options)
@@ -63,13 +56,13 @@ void Tool::perform(const Command& command, Arguments& arguments, Answer& answer)
 
 ExitStatus Tool::run(const Command& command, Arguments& arguments)
 {
+    Answer answer;
     Interruption interruption;
-    connect(&interruption, &Interruption::sig_requested, this, [this] {
+    connect(&interruption, &Interruption::sig_requested, this, [&] {
         m_hand.stop();
         emit sig_interrupted();
-        QTimer::singleShot(LongestEndMs, this, endProcess);
+        QTimer::singleShot(LongestEndMs, this, [&] { endNow(command, answer); });
     });
-    Answer answer;
     if (command.effect != Effect::NoHand && !m_options.node)
         answer.fail(ExitStatus::Usage,
                     QStringLiteral("No node is given; use --node or VANTO_NODE."));
@@ -84,6 +77,16 @@ ExitStatus Tool::run(const Command& command, Arguments& arguments)
         answer.replaceFailure(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
     write(command, answer);
     return answer.status();
+}
+
+/// Ends the program within a command that still waits, for example for an absent node.
+void Tool::endNow(const Command& command, Answer& answer)
+{
+    if (Interruption::isHaltRequested() && m_hand.hasMoved())
+        return; // the halt may take longer
+    answer.replaceFailure(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
+    write(command, answer);
+    std::_Exit(static_cast<int>(answer.status()));
 }
 
 /// A motion that has been sent goes on without a halt.

@@ -42,6 +42,7 @@ signals:
     void sig_interrupted();
 
 private:
+    void endNow(const Command& command, Answer& answer);
     void haltIfRequested(Answer& answer);
     void write(const Command& command, Answer& answer);
 
