@@ -151,7 +151,7 @@ HandTarget Connection::target() const
 
 void Connection::stop()
 {
-    if (m_halt.state() == Halt::State::Halting || m_halt.state() == Halt::State::NotConfirmed)
+    if (isHalting())
         return;
     m_session.stopAtOnce();
     Exchange::abandon();
@@ -180,12 +180,14 @@ bool Connection::haltMoved()
     return awaitHalt();
 }
 
+bool Connection::isHalting() const
+{
+    return m_halt.state() == Halt::State::Halting || m_halt.state() == Halt::State::NotConfirmed;
+}
+
 bool Connection::awaitHalt()
 {
-    const auto ended = [this] {
-        return m_unreachable || (m_halt.state() != Halt::State::Halting &&
-                                 m_halt.state() != Halt::State::NotConfirmed);
-    };
+    const auto ended = [this] { return m_unreachable || !isHalting(); };
     waitUntil(ended, m_options.patience * HaltGivenUpMs);
     if (m_halt.state() == Halt::State::Halted) {
         m_moved.clear();

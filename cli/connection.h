@@ -56,6 +56,8 @@ public:
     bool halt();
     /// Halts each hand that has been moved.
     bool haltMoved();
+    /// Whether a halt has begun and is not confirmed.
+    bool isHalting() const;
     /// Sends nothing more; a halt in progress goes on.
     void stop();
     /// Allows motions again after a halt.

@@ -82,8 +82,9 @@ ExitStatus Tool::run(const Command& command, Arguments& arguments)
 /// Ends the program within a command that still waits, for example for an absent node.
 void Tool::endNow(const Command& command, Answer& answer)
 {
-    if (Interruption::isHaltRequested() && m_hand.hasMoved())
-        return; // the halt may take longer
+    const bool willHalt = Interruption::isHaltRequested() && m_hand.hasMoved();
+    if (willHalt || m_hand.isHalting())
+        return; // which may take longer
     answer.replaceFailure(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
     write(command, answer);
     std::_Exit(static_cast<int>(answer.status()));
