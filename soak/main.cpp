@@ -63,9 +63,10 @@ int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int pati
         monitor.addFinding(QStringLiteral("too few actions or requests"));
     std::printf(
         "%s, seed %u: %d s, %d actions, %d requests on the wire, %d writes of halts in quiet "
-        "phases, longest gap %lld ms, %d findings\n",
+        "phases, %d writes of restores, longest gap %lld ms, %d findings\n",
         qPrintable(protocol), seed, seconds, monkey.actions(), monitor.exchanges(),
-        monitor.haltWrites(), monitor.longestGapMs(), static_cast<int>(monitor.findings().size()));
+        monitor.haltWrites(), monitor.restoreWrites(), monitor.longestGapMs(),
+        static_cast<int>(monitor.findings().size()));
     for (const auto& [name, count] : monkey.counts())
         std::printf("    %-18s %d\n", qPrintable(name), count);
     return monitor.findings().isEmpty() ? 0 : 1;

@@ -1,6 +1,9 @@
 #include "monitor.h"
 
+#include <QtEndian>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
@@ -35,6 +38,31 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     std::fprintf(stderr, "%s: %s\n", context.category, qPrintable(text));
     if (s_messages)
         s_messages->append(QStringLiteral("Qt message: ") + text);
+}
+
+constexpr int WriteCalibration = 0x44; ///< of SerialCtrl
+constexpr int FirstCalibrationRegister = 1020;
+constexpr int LastCalibrationRegister = 1042;
+
+/// Commands of SerialCtrl that write a parameter.
+bool isParameterCommand(int command)
+{
+    return (command >= 0x45 && command <= 0x48) || command == 0x60 || command == 0x61;
+}
+
+/// The first register of each kind of parameter; those of fingers are six.
+constexpr std::array ParameterRegisters{1045, 1055, 1065, 1075, 1095, 1115};
+
+bool isParameterRegister(int reg)
+{
+    return reg == 1008 || reg == 1009 ||
+           std::any_of(ParameterRegisters.begin(), ParameterRegisters.end(),
+                       [reg](int first) { return reg >= first && reg < first + 6; });
+}
+
+QString hexOf(const TracedFrame& frame)
+{
+    return QString::fromLatin1(frame.bytes.toHex(' '));
 }
 } // namespace
 
@@ -79,20 +107,56 @@ void Monitor::checkTrace()
     m_hand.clearTrace();
     for (const TracedFrame& frame : frames) {
         if (frame.marks.contains(QLatin1String("overlap")))
-            addFinding(QStringLiteral("two exchanges at the same time: ") +
-                       QString::fromLatin1(frame.bytes.toHex(' ')));
+            addFinding(QStringLiteral("two exchanges at the same time: ") + hexOf(frame));
         if (frame.direction != QLatin1String("rx"))
             continue;
         ++m_exchanges;
+        checkWrite(frame);
         const bool halts = m_haltFrames.accept(frame) && m_haltAllowed && keepsPlaces(frame);
         m_haltWrites += m_quiet && halts && HaltFrames::isMotion(frame);
         if (m_quiet && HaltFrames::isMotion(frame) && !halts)
-            addFinding(QStringLiteral("unexpected motion: ") +
-                       QString::fromLatin1(frame.bytes.toHex(' ')));
+            addFinding(QStringLiteral("unexpected motion: ") + hexOf(frame));
     }
     keepLastMarks();
     m_processorMs = processorMs();
     m_sinceCheck.restart(); // excludes the time for reading a long trace
+}
+
+void Monitor::beginRestore(const QList<Write>& allowed)
+{
+    checkTrace();
+    m_allowed = allowed;
+}
+
+void Monitor::endRestore()
+{
+    checkTrace();
+    m_allowed.reset();
+}
+
+void Monitor::checkWrite(const TracedFrame& request)
+{
+    const bool modbus = request.protocol == QLatin1String("modbus");
+    const auto byte = [&](qsizetype index) { return std::uint8_t(request.bytes[index]); };
+    constexpr int ReadRegisters = 3;
+    if (request.bytes.size() < 7 || (modbus && byte(1) == ReadRegisters))
+        return;
+    const int what =
+        modbus ? qFromBigEndian<std::uint16_t>(request.bytes.constData() + 2) : byte(4);
+    if (modbus ? what >= FirstCalibrationRegister && what <= LastCalibrationRegister
+               : what == WriteCalibration)
+        addFinding(QStringLiteral("the calibration was written: ") + hexOf(request));
+    if (!m_allowed || !(modbus ? isParameterRegister(what) : isParameterCommand(what)))
+        return;
+    ++m_restoreWrites;
+    const bool isAllowed =
+        std::any_of(m_allowed->cbegin(), m_allowed->cend(), [&](const Write& write) {
+            const bool hasFinger = write.command < 0x60;
+            return modbus ? what == write.reg + write.finger
+                          : what == write.command && (!hasFinger || byte(6) == write.finger);
+        });
+    if (!isAllowed)
+        addFinding(QStringLiteral("written without its tick: ") + hexOf(request));
 }
 
 /// Whether the request writes to every finger where it is at that time.

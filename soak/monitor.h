@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <optional>
+
 namespace vanto
 {
 
@@ -17,7 +19,8 @@ constexpr bool Sanitized = false;
 #endif
 
 /// Checks conditions that must hold during all actions: no Qt warnings, no blocked event loop, no
-/// overlapping exchanges on the wire, and no motion in quiet phases.
+/// overlapping exchanges on the wire, no motion in quiet phases, no parameter that is restored
+/// without its tick, and never a calibration.
 class Monitor : public QObject
 {
 public:
@@ -35,6 +38,15 @@ public:
     void endQuietPhase();
     /// Whether the frames of a halt count as no motion, if they write to every finger where it is.
     void allowHalt(bool allow) { m_haltAllowed = allow; }
+    /// A parameter that may be written: its command over SerialCtrl, its register over Modbus.
+    struct Write {
+        int command;
+        int reg;
+        int finger; ///< 0 if the hand has one value
+    };
+    /// Until endRestore(), no other parameters may be written.
+    void beginRestore(const QList<Write>& allowed);
+    void endRestore();
     /// Checks the frames since the last check and clears the trace.
     void checkTrace();
 
@@ -43,10 +55,13 @@ public:
     int exchanges() const { return m_exchanges; }
     /// The frames of halts that wrote positions in quiet phases.
     int haltWrites() const { return m_haltWrites; }
+    /// The writes of restores.
+    int restoreWrites() const { return m_restoreWrites; }
     qint64 longestGapMs() const { return m_longestGapMs; }
 
 private:
     void checkEventLoop();
+    void checkWrite(const TracedFrame& request);
     bool keepsPlaces(const TracedFrame& request) const;
     void keepLastMarks();
 
@@ -59,6 +74,8 @@ private:
     bool m_busyMachine;
     bool m_quiet = false;
     bool m_haltAllowed = false;
+    std::optional<QList<Write>> m_allowed; ///< during a restore
+    int m_restoreWrites = 0;
     HaltFrames m_haltFrames;
     QList<MotionMark> m_marks; ///< since the last check, and the last one of each hand before it
     int m_haltWrites = 0;

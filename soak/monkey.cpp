@@ -51,6 +51,8 @@ bool isMotionButton(const QString& name)
     return false;
 }
 
+constexpr QLatin1String ParameterFileName("hand.json");
+
 QString dialogText(const QWidget* dialog)
 {
     if (const auto* box = qobject_cast<const QMessageBox*>(dialog))
@@ -77,7 +79,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"row", 8, true, false, &Monkey::selectRow},
         {"stop", 5, false, false, &Monkey::stopSequence},
         {"halt", 3, false, false, &Monkey::pressHalt},
-        {"menu", 2, false, false, &Monkey::triggerAction},
+        {"menu", 5, false, false, &Monkey::triggerAction},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
     };
@@ -201,6 +203,15 @@ void Monkey::answerDialog(QDialog* dialog)
         }
         return;
     }
+    if (dialog->objectName() == QLatin1String("taskDialog")) {
+        if (randomBelow(8) == 0)
+            dialog->reject();
+        return;
+    }
+    if (dialog->objectName() == QLatin1String("parametersDialog")) {
+        answerParametersDialog(dialog);
+        return;
+    }
     if (answerNodeDialog(dialog))
         return;
     if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
@@ -218,9 +229,7 @@ void Monkey::answerDialog(QDialog* dialog)
     if (randomBelow(4) == 0)
         dialog->reject();
     else if (files)
-        chooseFile(*dialog, files->acceptMode() == QFileDialog::AcceptOpen
-                                ? randomSequenceFile()
-                                : QDir::current().absoluteFilePath(QStringLiteral("saved.json")));
+        chooseFile(*dialog, fileFor(*files));
     else
         dialog->accept();
 }
@@ -244,6 +253,16 @@ bool Monkey::answerNodeDialog(QDialog* dialog)
     if (dialog->isVisible()) // a wrong entry does not close it
         dialog->reject();
     return true;
+}
+
+QString Monkey::fileFor(const QFileDialog& dialog)
+{
+    const bool opens = dialog.acceptMode() == QFileDialog::AcceptOpen;
+    if (dialog.windowTitle().contains(QLatin1String("parameter")) &&
+        (!opens || randomBelow(4) != 0))
+        return QDir::current().absoluteFilePath(ParameterFileName);
+    return opens ? randomSequenceFile()
+                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json"));
 }
 
 QString Monkey::randomText()
@@ -413,8 +432,15 @@ void Monkey::noteHalt()
 
 void Monkey::triggerAction()
 {
-    constexpr std::array names{"action_Theme", "action_About", "action_Messages",
-                               "action_Open_Node", "action_Scan_Range"};
+    constexpr std::array names{"action_Theme",
+                               "action_About",
+                               "action_Messages",
+                               "action_Open_Node",
+                               "action_Scan_Range",
+                               "action_Save_Parameters",
+                               "action_Restore_Parameters",
+                               "action_Restore_Parameters",
+                               "action_Hand_Information"};
     m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 

@@ -12,6 +12,7 @@
 #include <map>
 
 class QDialog;
+class QFileDialog;
 
 namespace vanto
 {
@@ -59,6 +60,9 @@ private:
     void changePhase();
     void answerDialog(QDialog* dialog);
     bool answerNodeDialog(QDialog* dialog);
+    void answerParametersDialog(QDialog* dialog);
+    void restoreParameters(QDialog* dialog);
+    QString fileFor(const QFileDialog& dialog);
     QString randomText();
     QString randomSequenceFile();
 

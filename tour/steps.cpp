@@ -326,6 +326,7 @@ QString openNode(TourRunner& tour)
 
 QString updated(TourRunner& tour)
 {
+    tour.command(QStringLiteral("set 5 current-limit 1 333")); // as if by the new firmware
     scanFor(tour, HandCount);
     auto* devices = tour.devices();
     tour.expect(QStringLiteral("the other hand"), devices->itemText(0),
@@ -334,6 +335,9 @@ QString updated(TourRunner& tour)
     const QString version = tour.field("lineEdit_BasicFirmwareVersion");
     tour.expect(QStringLiteral("the firmware version"), version,
                 QLatin1Char('V') + UpdatedFirmware);
+    const auto* notice = tour.find<QWidget>("noticeBar");
+    tour.waitFor(QStringLiteral("the comparison with the backup is offered"),
+                 [&] { return notice->isVisible(); });
     return QStringLiteral("firmware %1 -> %2").arg(QLatin1Char('V') + Firmware, version);
 }
 

@@ -38,10 +38,11 @@ bool TaskDialog::run(const Tasks& tasks)
         0, std::accumulate(tasks.begin(), tasks.end(), 0,
                            [](int sum, const auto& task) { return sum + task->stepCount(); }));
     startNext();
-    if (exec() == QDialog::Accepted)
-        return true;
+    exec();
     m_runner.reset(); // the program may be about to end
-    const HandTask& last = *m_tasks[std::min(m_current, m_tasks.size() - 1)];
+    if (m_current == m_tasks.size())
+        return true;
+    const HandTask& last = *m_tasks[m_current];
     using Outcome = HandTask::Outcome;
     if (last.outcome() == Outcome::NoAnswer || last.outcome() == Outcome::PortLost)
         QMessageBox::warning(parentWidget(), Program::title(), last.outcomeText());

@@ -1,6 +1,6 @@
 #include "conversation.h"
-#include "handtest.h"
 #include "pageindex.h"
+#include "parametertest.h"
 #include "resultcode.h"
 #include "testmain.h"
 
@@ -78,13 +78,15 @@ constexpr UserAction actions[] = {
 
 /// Applies every fault to the main actions of the pages over both protocols. Checks the error text,
 /// and that the same action succeeds afterwards.
-class TestFaults : public HandTest
+class TestFaults : public ParameterTest
 {
     Q_OBJECT
 private slots:
     void cleanup() { close(); }
     void faults_data();
     void faults();
+    void restoring_data() { faults_data(); }
+    void restoring();
 
 private:
     void goTo(const UserAction& action) const;
@@ -208,6 +210,53 @@ void TestFaults::faults()
         act(action);
         QCOMPARE(failures(), QStringList());
     }
+}
+
+/// A fault of a write while parameters are restored: its row is marked as it is, nothing else is
+/// written, and the value can be restored afterwards.
+void TestFaults::restoring()
+{
+    QFETCH(const FaultRow*, row);
+    QFETCH(bool, modbus);
+    expectTimeouts(LimitMs);
+    const int code = (modbus ? row->modbus : row->serialCtrl).write;
+    const QString fault = row->fault;
+    const bool hangs = fault == "hang";
+    const bool unchanged = fault.startsWith("refuse");
+    const bool refused = code != ResultCode::Success && code != ResultCode::Timeout;
+    open({"--node", modbus ? "2:modbus" : "2"});
+    saveTo("hand.json");
+    const auto value = [this] { return m_hand->command("get 2 current-limit 2"); };
+    const QString before = value();
+    command("set 2 current-limit 2 321");
+    command("set 2 start 0 499"); // of the calibration, which stays
+    clearRecords();
+    compare("hand.json", [&](ParametersDialog* dialog) {
+        const QTableWidget* table = tableOf(dialog);
+        const auto mark = [table] {
+            return table->item(rowOf(table, "Current limit", "Middle"), 4)->text();
+        };
+        command(hangs ? "hang"
+                      : QString("fault %1 count=0 command=%2").arg(fault).arg(modbus ? 6 : 0x46));
+        restore(dialog);
+        const QString refusal = QString("refused (result 0x%1, sub error 0x%2)")
+                                    .arg(code, 2, 16, QChar('0'))
+                                    .arg(row->subError);
+        QCOMPARE(mark(), hangs ? "" : refused ? refusal : unchanged ? "not kept (321)" : "written");
+        QCOMPARE(value() == before, !hangs && !unchanged);
+        command(hangs ? "hang off" : "clear");
+        if (dialog->findChild<QPushButton*>("pushButton_Restore")->isEnabled()) {
+            restore(dialog);
+            QCOMPARE(mark(), "written");
+        }
+    });
+    QCOMPARE(value(), before);
+    QStringList written = modbus ? writes() : frames(writeCommands());
+    for (QString& request : written)
+        request = request.left(request.indexOf(' '));
+    written.removeDuplicates();
+    QCOMPARE(written.join(' '), modbus ? "1097:" : "46");
+    QCOMPARE(m_hand->command("get 2 start 0"), "ok 499");
 }
 
 VANTO_TEST(TestFaults)

@@ -1,20 +1,13 @@
-#include "handtest.h"
-#include "parametersdialog.h"
+#include "parametertest.h"
 #include "testmain.h"
 
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFile>
-#include <QFileDialog>
-#include <QInputDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QLabel>
-#include <QStandardPaths>
-#include <QTableWidget>
 #include <QTimer>
 
 #include <sys/stat.h>
@@ -24,47 +17,13 @@ namespace vanto
 
 namespace
 {
-/// The command that reads what a command of SerialCtrl writes.
-const QMap<int, int> ReadOfWrite{{0x44, 0x03}, {0x45, 0x04}, {0x46, 0x05}, {0x47, 0x07},
-                                 {0x48, 0x09}, {0x60, 0x20}, {0x61, 0x21}};
 constexpr int WriteCalibration = 0x44;
 constexpr int WriteCurrentLimit = 0x46;
-
-QList<int> writeCommands()
-{
-    return ReadOfWrite.keys();
-}
-
-QJsonObject contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
-                                      : QJsonObject();
-}
 
 bool save(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QString stateOf(const ParametersDialog* dialog)
-{
-    return dialog->findChild<QLabel*>("label_RestoreState")->text();
-}
-
-QTableWidget* tableOf(const ParametersDialog* dialog)
-{
-    return dialog->findChild<QTableWidget*>("tableWidget_Parameters");
-}
-
-/// The row of a parameter, -1 if there is none.
-int rowOf(const QTableWidget* table, const QString& name, const QString& finger = {})
-{
-    for (int row = 0; row < table->rowCount(); ++row)
-        if (table->item(row, 0)->text() == name && table->item(row, 1)->text() == finger)
-            return row;
-    return -1;
 }
 
 /// The visible rows with a result that begins like this.
@@ -76,30 +35,15 @@ int countResults(const QTableWidget* table, const QString& beginning)
     return count;
 }
 
-bool isTicked(const QTableWidget* table, int row)
-{
-    return table->item(row, 0)->checkState() == Qt::Checked;
-}
-
 void pressSpace(QTableWidget* table, int row)
 {
     table->setCurrentCell(row, 2);
     QTest::keyClick(table, Qt::Key_Space);
 }
-
-QStringList backups()
-{
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                      "/parameters");
-    QStringList files;
-    for (const QString& name : folder.entryList(QDir::Files))
-        files.append(folder.filePath(name));
-    return files;
-}
 } // namespace
 
-/// Saving, comparing and restoring parameters, and the information about a hand, in the window.
-class TestParameters : public HandTest
+/// Saving, comparing and restoring parameters in the window.
+class TestParameters : public ParameterTest
 {
     Q_OBJECT
 private slots:
@@ -113,81 +57,8 @@ private slots:
     void copiedGains();
     void badFiles_data();
     void badFiles();
-    void enabled();
     void anyNode();
-    void information();
-    void backupBeforeCalibration();
-    void comparisonAfterUpdate();
-
-private:
-    using Act = std::function<void(ParametersDialog*)>;
-
-    void changeAll() const;
-    void saveTo(const QString& path);
-    void compare(const QString& path, Act act);
-    void restore(ParametersDialog* dialog) const;
-    void trigger(const QString& action, const QString& path, Act act = {});
-    bool areEnabled() const;
-
-    QStringList m_boxes;      ///< texts of the message boxes
-    int m_acceptedBoxes = 10; ///< the others are answered with No
 };
-
-/// Gives every parameter another value.
-void TestParameters::changeAll() const
-{
-    for (int finger = 0; finger < 6; ++finger) {
-        for (const char* gain : {"pid-p", "pid-i", "pid-d", "pid-g"})
-            command(QString("set 2 %1 %2 %3.25").arg(gain).arg(finger).arg(11 + finger));
-        command(QString("set 2 current-limit %1 %2").arg(finger).arg(301 + finger));
-        if (finger < 5)
-            command(QString("set 2 force-limit %1 %2").arg(finger).arg(401 + finger));
-        command(QString("set 2 start %1 %2").arg(finger).arg(501 + finger));
-        command(QString("set 2 end %1 %2").arg(finger).arg(3001 + finger));
-    }
-    command("set 2 selftest 0");
-    command("set 2 beepswitch 0");
-}
-
-void TestParameters::trigger(const QString& action, const QString& path, Act act)
-{
-    m_boxes.clear();
-    const QString file = QDir::current().absoluteFilePath(path);
-    DialogAnswer<QFileDialog> files([&](QFileDialog* dialog) { chooseFile(*dialog, file); });
-    DialogAnswer<QMessageBox> boxes([&](QMessageBox* box) {
-        m_boxes.append((box->text() + ' ' + box->informativeText()).trimmed());
-        const bool accepts = m_boxes.size() <= m_acceptedBoxes;
-        auto* yes = box->button(accepts ? QMessageBox::Yes : QMessageBox::No);
-        (yes ? yes : box->button(QMessageBox::Ok))->click();
-    });
-    DialogAnswer<ParametersDialog> dialogs([&](ParametersDialog* dialog) {
-        QVERIFY(!Conversation::isActive());
-        act(dialog);
-        dialog->reject();
-    });
-    m_tool->trigger(action);
-    QCOMPARE(dialogs.count(), act ? 1 : 0);
-}
-
-void TestParameters::saveTo(const QString& path)
-{
-    trigger("action_Save_Parameters", path);
-    QVERIFY(QFile::exists(path));
-    QCOMPARE(m_boxes, QStringList());
-}
-
-void TestParameters::compare(const QString& path, Act act)
-{
-    trigger("action_Restore_Parameters", path, std::move(act));
-}
-
-void TestParameters::restore(ParametersDialog* dialog) const
-{
-    const auto* close = dialog->findChild<QPushButton*>("pushButton_ParametersClose");
-    dialog->findChild<QPushButton*>("pushButton_Restore")->click();
-    QCOMPARE(close->text(), "Cancel");
-    QTRY_COMPARE_WITH_TIMEOUT(close->text(), "Close", 60'000);
-}
 
 void TestParameters::roundTrip()
 {
@@ -470,67 +341,7 @@ void TestParameters::badFiles()
 
     trigger("action_Save_Parameters", "/dev/full/none.json");
     QCOMPARE(m_boxes.size(), 1);
-    QVERIFY(m_tool->window()->isEnabled() && areEnabled());
-}
-
-bool TestParameters::areEnabled() const
-{
-    int count = 0;
-    for (const char* name :
-         {"action_Save_Parameters", "action_Restore_Parameters", "action_Hand_Information"})
-        count += m_tool->find<QAction>(name)->isEnabled();
-    if (count != 0 && count != 3)
-        qWarning("the actions differ");
-    return count == 3;
-}
-
-void TestParameters::enabled()
-{
-    expectTimeouts(300);
-    {
-        TestWindow closed;
-        QVERIFY(!closed.find<QAction>("action_Save_Parameters")->isEnabled());
-    }
-    open();
-    QVERIFY(areEnabled());
-    m_tool->showPage(SequenceTab);
-    m_tool->click("pushButton_SeqInsert");
-    auto* run = m_tool->find<QPushButton>("pushButton_SeqRun");
-    QTRY_VERIFY(run->isEnabled());
-    QTRY_VERIFY(areEnabled());
-    m_tool->setField("lineEdit_SeqDelay", "5000");
-    emit m_tool->find<QLineEdit>("lineEdit_SeqDelay")->editingFinished();
-    m_tool->click("pushButton_SeqInsert");
-    QTRY_VERIFY(run->isEnabled());
-    m_tool->find<QTableWidget>("tableWidget_Seq")->setCurrentCell(0, 0);
-    QTRY_VERIFY(run->isEnabled());
-    m_tool->click("pushButton_SeqRun");
-    QVERIFY(!areEnabled());
-    m_tool->click("pushButton_SeqStop");
-    QTRY_VERIFY(areEnabled());
-    m_tool->click("pushButton_Halt");
-    QVERIFY(!areEnabled());
-    QTRY_COMPARE(m_tool->find<QPushButton>("pushButton_Halt")->text(), "Continue");
-    QVERIFY(!areEnabled());
-    QTest::qWait(800); // an earlier click halts once more
-    m_tool->click("pushButton_Halt");
-    QTRY_VERIFY(areEnabled());
-    DialogAnswer<QMessageBox> calibration([&](QMessageBox* box) {
-        QVERIFY(!areEnabled());
-        box->reject();
-    });
-    m_tool->showPage(BasicTab);
-    m_tool->click("pushButton_BasicRecalibrate");
-    QCOMPARE(calibration.count(), 1);
-    QVERIFY(areEnabled());
-    command("hang");
-    for (int i = 0; i < 3; ++i)
-        m_tool->click("pushButton_BasicBeep");
-    QTRY_VERIFY(!areEnabled());
-    command("hang off");
-    QTRY_VERIFY(areEnabled());
-    command("unplug");
-    QTRY_VERIFY(!areEnabled());
+    QVERIFY(m_tool->find<QAction>("action_Save_Parameters")->isEnabled());
 }
 
 /// A write through this node would reach every hand on the bus.
@@ -547,89 +358,6 @@ void TestParameters::anyNode()
         QVERIFY(stateOf(dialog).startsWith("Node 0xff is every hand on the bus."));
     });
     QCOMPARE(frames(writeCommands()), QStringList());
-}
-
-void TestParameters::information()
-{
-    open();
-    trigger("action_Hand_Information", {});
-    auto* dialog = m_tool->window()->findChild<QDialog*>("handInformation");
-    QVERIFY(dialog && dialog->isVisible() && !dialog->isModal());
-    dialog->findChild<QPushButton*>("pushButton_InformationCopy")->click();
-    const QString text = QApplication::clipboard()->text();
-    for (const char* part : {"1.4.7", "1B01"})
-        QVERIFY2(text.contains(part), qPrintable(text));
-    QCOMPARE(text.count('\n') >= dialog->findChild<QTableWidget*>()->rowCount() - 1, true);
-
-    dialog->findChild<QPushButton*>("pushButton_SaveReport")->click();
-    auto* files = dialog->findChild<QFileDialog*>();
-    QVERIFY(files && !files->isModal());
-    const QString path = QDir::current().absoluteFilePath("report.json");
-    chooseFile(*files, path);
-    QTRY_VERIFY(QFile::exists(path));
-    const QByteArray report = QJsonDocument(contentOf(path)).toJson();
-    for (const char* part : {"Basic info loaded", "currentLimit", "55 aa"})
-        QVERIFY2(report.contains(part), part);
-}
-
-void TestParameters::backupBeforeCalibration()
-{
-    open();
-    clearRecords();
-    QStringList labels;
-    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
-        labels.append(dialog->findChild<QLabel*>()->text());
-        if (auto* box = qobject_cast<QMessageBox*>(dialog))
-            return box->button(QMessageBox::Ok)->click();
-        QCOMPARE(backups().size(), 1); // before the key is entered
-        dialog->reject();
-    });
-    m_tool->click("pushButton_BasicRecalibrate");
-    QCOMPARE(answer.count(), 2);
-    for (const QString& frame : frames())
-        QVERIFY2(frame.left(2).toInt(nullptr, 16) < 0x40, qPrintable(frame)); // reads only
-    QVERIFY(contentOf(backups().value(0)).contains("calibration"));
-    QVERIFY2(backups()[0].contains("1B01-"), qPrintable(backups()[0]));
-}
-
-/// The comparison with the backup is offered once.
-void TestParameters::comparisonAfterUpdate()
-{
-    open();
-    {
-        DialogAnswer<QDialog> answer([&](QDialog* dialog) {
-            auto* input = qobject_cast<QInputDialog*>(dialog);
-            if (input)
-                input->setTextValue("local");
-            if (qobject_cast<QFileDialog*>(dialog))
-                chooseFile(*dialog, SAMPLE);
-            else if (input || qobject_cast<QMessageBox*>(dialog))
-                dialog->accept();
-        });
-        m_tool->click("pushButton_BasicUpdateFirmware");
-    }
-    QCOMPARE(backups().size(), 1);
-    const auto* notice = m_tool->find<QWidget>("noticeBar");
-    QVERIFY(!notice->isVisible());
-    command("set 2 pid-p 4 9.5");
-    listAgain();
-    QTRY_VERIFY(notice->isVisible());
-    clearRecords();
-    compare(backups()[0], [](ParametersDialog*) {}); // the notice does not disturb
-    DialogAnswer<ParametersDialog> dialogs([&](ParametersDialog* dialog) {
-        QTableWidget* table = tableOf(dialog);
-        QVERIFY(isTicked(table, rowOf(table, "P", "Little")));
-        restore(dialog);
-        dialog->reject();
-    });
-    m_tool->click("pushButton_Notice");
-    QCOMPARE(dialogs.count(), 1);
-    QVERIFY(!notice->isVisible());
-    QCOMPARE(frames(writeCommands()).size(), 1);
-    m_tool->devices()->setCurrentIndex(-1);
-    m_tool->devices()->setCurrentIndex(0);
-    QTest::qWait(0);
-    QVERIFY(!notice->isVisible());
 }
 
 VANTO_TEST(TestParameters)

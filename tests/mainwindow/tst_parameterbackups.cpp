@@ -1,0 +1,190 @@
+#include "parametertest.h"
+#include "testmain.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QInputDialog>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QStandardPaths>
+
+namespace vanto
+{
+
+/// When parameters can be saved, the backups that the window makes by itself, and the information
+/// about a hand.
+class TestParameterBackups : public ParameterTest
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { close(); }
+    void enabled();
+    void information();
+    void backupBeforeCalibration();
+    void comparisonAfterUpdate();
+
+private:
+    bool areEnabled() const;
+};
+
+namespace
+{
+QStringList backups()
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                      "/parameters");
+    QStringList files;
+    for (const QString& name : folder.entryList(QDir::Files))
+        files.append(folder.filePath(name));
+    return files;
+}
+} // namespace
+
+bool TestParameterBackups::areEnabled() const
+{
+    int count = 0;
+    for (const char* name :
+         {"action_Save_Parameters", "action_Restore_Parameters", "action_Hand_Information"})
+        count += m_tool->find<QAction>(name)->isEnabled();
+    if (count != 0 && count != 3)
+        qWarning("the actions differ");
+    return count == 3;
+}
+
+void TestParameterBackups::enabled()
+{
+    expectTimeouts(300);
+    {
+        TestWindow closed;
+        QVERIFY(!closed.find<QAction>("action_Save_Parameters")->isEnabled());
+    }
+    open();
+    QVERIFY(areEnabled());
+    m_tool->showPage(SequenceTab);
+    m_tool->click("pushButton_SeqInsert");
+    auto* run = m_tool->find<QPushButton>("pushButton_SeqRun");
+    QTRY_VERIFY(run->isEnabled());
+    QTRY_VERIFY(areEnabled());
+    m_tool->setField("lineEdit_SeqDelay", "5000");
+    emit m_tool->find<QLineEdit>("lineEdit_SeqDelay")->editingFinished();
+    m_tool->click("pushButton_SeqInsert");
+    QTRY_VERIFY(run->isEnabled());
+    m_tool->find<QTableWidget>("tableWidget_Seq")->setCurrentCell(0, 0);
+    QTRY_VERIFY(run->isEnabled());
+    m_tool->click("pushButton_SeqRun");
+    QVERIFY(!areEnabled());
+    m_tool->click("pushButton_SeqStop");
+    QTRY_VERIFY(areEnabled());
+    m_tool->click("pushButton_Halt");
+    QVERIFY(!areEnabled());
+    QTRY_COMPARE(m_tool->find<QPushButton>("pushButton_Halt")->text(), "Continue");
+    QVERIFY(!areEnabled());
+    QTest::qWait(800); // an earlier click halts once more
+    m_tool->click("pushButton_Halt");
+    QTRY_VERIFY(areEnabled());
+    DialogAnswer<QMessageBox> calibration([&](QMessageBox* box) {
+        QVERIFY(!areEnabled());
+        box->reject();
+    });
+    m_tool->showPage(BasicTab);
+    m_tool->click("pushButton_BasicRecalibrate");
+    QCOMPARE(calibration.count(), 1);
+    QVERIFY(areEnabled());
+    command("hang");
+    for (int i = 0; i < 3; ++i)
+        m_tool->click("pushButton_BasicBeep");
+    QTRY_VERIFY(!areEnabled());
+    command("hang off");
+    QTRY_VERIFY(areEnabled());
+    command("unplug");
+    QTRY_VERIFY(!areEnabled());
+}
+
+void TestParameterBackups::information()
+{
+    open();
+    trigger("action_Hand_Information", {});
+    auto* dialog = m_tool->window()->findChild<QDialog*>("handInformation");
+    QVERIFY(dialog && dialog->isVisible() && !dialog->isModal());
+    dialog->findChild<QPushButton*>("pushButton_InformationCopy")->click();
+    const QString text = QApplication::clipboard()->text();
+    for (const char* part : {"1.4.7", "1B01"})
+        QVERIFY2(text.contains(part), qPrintable(text));
+    QCOMPARE(text.count('\n') >= dialog->findChild<QTableWidget*>()->rowCount() - 1, true);
+
+    dialog->findChild<QPushButton*>("pushButton_SaveReport")->click();
+    auto* files = dialog->findChild<QFileDialog*>();
+    QVERIFY(files && !files->isModal());
+    const QString path = QDir::current().absoluteFilePath("report.json");
+    chooseFile(*files, path);
+    QTRY_VERIFY(QFile::exists(path));
+    const QByteArray report = QJsonDocument(contentOf(path)).toJson();
+    for (const char* part : {"Basic info loaded", "currentLimit", "55 aa"})
+        QVERIFY2(report.contains(part), part);
+}
+
+void TestParameterBackups::backupBeforeCalibration()
+{
+    open();
+    clearRecords();
+    QStringList labels;
+    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
+        labels.append(dialog->findChild<QLabel*>()->text());
+        if (auto* box = qobject_cast<QMessageBox*>(dialog))
+            return box->button(QMessageBox::Ok)->click();
+        QCOMPARE(backups().size(), 1); // before the key is entered
+        dialog->reject();
+    });
+    m_tool->click("pushButton_BasicRecalibrate");
+    QCOMPARE(answer.count(), 2);
+    for (const QString& frame : frames())
+        QVERIFY2(frame.left(2).toInt(nullptr, 16) < 0x40, qPrintable(frame)); // reads only
+    QVERIFY(contentOf(backups().value(0)).contains("calibration"));
+    QVERIFY2(backups()[0].contains("1B01-"), qPrintable(backups()[0]));
+}
+
+/// The comparison with the backup is offered once.
+void TestParameterBackups::comparisonAfterUpdate()
+{
+    open();
+    {
+        DialogAnswer<QDialog> answer([&](QDialog* dialog) {
+            auto* input = qobject_cast<QInputDialog*>(dialog);
+            if (input)
+                input->setTextValue("local");
+            if (qobject_cast<QFileDialog*>(dialog))
+                chooseFile(*dialog, SAMPLE);
+            else if (input || qobject_cast<QMessageBox*>(dialog))
+                dialog->accept();
+        });
+        m_tool->click("pushButton_BasicUpdateFirmware");
+    }
+    QCOMPARE(backups().size(), 1);
+    const auto* notice = m_tool->find<QWidget>("noticeBar");
+    QVERIFY(!notice->isVisible());
+    command("set 2 pid-p 4 9.5");
+    listAgain();
+    QTRY_VERIFY(notice->isVisible());
+    clearRecords();
+    compare(backups()[0], [](ParametersDialog*) {}); // the notice does not disturb
+    DialogAnswer<ParametersDialog> dialogs([&](ParametersDialog* dialog) {
+        QTableWidget* table = tableOf(dialog);
+        QVERIFY(isTicked(table, rowOf(table, "P", "Little")));
+        restore(dialog);
+        dialog->reject();
+    });
+    m_tool->click("pushButton_Notice");
+    QCOMPARE(dialogs.count(), 1);
+    QVERIFY(!notice->isVisible());
+    QCOMPARE(frames(writeCommands()).size(), 1);
+    m_tool->devices()->setCurrentIndex(-1);
+    m_tool->devices()->setCurrentIndex(0);
+    QTest::qWait(0);
+    QVERIFY(!notice->isVisible());
+}
+
+VANTO_TEST(TestParameterBackups)
+
+} // namespace vanto
+
+#include "tst_parameterbackups.moc"
