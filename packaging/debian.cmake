@@ -19,15 +19,13 @@ set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_NAME ${package})
 set(CPACK_DEBIAN_VANTOCTL_PACKAGE_NAME vantoctl)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_COMPONENT_VANTOCTL_DESCRIPTION
-"configure and move a robotic hand from the command line
-vantoctl finds robotic hands with six motors on a serial bus, reads and writes
+"vantoctl finds robotic hands with six motors on a serial bus, reads and writes
 their parameters, moves their fingers, plays sequences and updates firmware.
 It needs no graphical libraries. It supports both protocols of the hand,
 SerialCtrl and Modbus RTU, and gives programs in other languages access to
 hands over one open port.")
 set(CPACK_COMPONENT_VANTOSETTING_DESCRIPTION
-"configure and move a robotic hand over a serial port
-VantoSetting finds robotic hands with six motors on a serial bus, shows and
+"VantoSetting finds robotic hands with six motors on a serial bus, shows and
 changes their settings, moves their fingers and plays sequences of poses. It
 supports both protocols of the hand, SerialCtrl and Modbus RTU.
 .
@@ -44,6 +42,7 @@ if(svg_plugin MATCHES "^([a-z0-9-]+):")
 else()
     set(svg_package libqt6svg6)
 endif()
+set(CPACK_DEBIAN_VANTOCTL_PACKAGE_SUGGESTS python3)
 set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_DEPENDS "${svg_package}, vantoctl (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_RECOMMENDS
     "ca-certificates, fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
