@@ -91,8 +91,8 @@ bool Connection::open()
 
 Connection::Opening Connection::openWith(PROTOCOL_TYPE protocol, const QString& port, bool ask)
 {
-    m_protocol = protocol;
-    m_session.openPort(adapterOf(protocol), PortEntry{port, {}});
+    m_adapter = adapterOf(protocol);
+    m_session.openPort(m_adapter, PortEntry{port, {}});
     if (m_session.isPortClosed()) {
         m_session.close();
         reportNotOpened(port, protocol);
@@ -145,7 +145,7 @@ HandTarget Connection::target() const
 {
     const auto open = m_session.target();
     if (!open || Interruption::isRequested())
-        return {open ? open->adapter : nullptr, m_node, {}};
+        return {m_adapter, m_node, {}};
     return *open;
 }
 
@@ -168,7 +168,8 @@ bool Connection::haltMoved()
     std::vector<std::uint8_t> nodes(m_moved.begin(), m_moved.end());
     m_unreachable = false;
     // A position must not be written to node 255.
-    if (m_protocol == PROTOCOL_TYPE_SERIALCTRL && std::erase(nodes, AnyNode) > 0) {
+    const bool isSerialCtrl = m_adapter && m_adapter->protocolType() == PROTOCOL_TYPE_SERIALCTRL;
+    if (isSerialCtrl && std::erase(nodes, AnyNode) > 0) {
         setNode(AnyNode);
         if (nodes.empty())
             m_halt.press();

@@ -39,7 +39,7 @@ public:
     std::uint8_t node() const { return m_node; }
     /// The hand has got a new id.
     void followNode(std::uint8_t node);
-    /// Stale after a signal.
+    /// Stale after a signal, and if the port is lost. It has an adapter once open() has succeeded.
     HandTarget target() const;
     HandCall call() { return {target(), *this}; }
     CallReport& report() { return *this; }
@@ -87,8 +87,8 @@ private:
     std::uint8_t m_node = 0;
     DeviceSession m_session;
     Halt m_halt;
-    PROTOCOL_TYPE m_protocol{}; ///< with which the port was opened last
-    bool m_unreachable = false; ///< the halt could not be sent
+    std::shared_ptr<VantoProtocol> m_adapter; ///< with which the port was opened last
+    bool m_unreachable = false;               ///< the halt could not be sent
     std::set<std::uint8_t> m_moved;
 };
 
