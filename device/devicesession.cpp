@@ -52,22 +52,33 @@ void DeviceSession::setAdapter(std::shared_ptr<VantoProtocol> adapter)
 std::optional<HandTarget> DeviceSession::open(std::shared_ptr<VantoProtocol> adapter,
                                               const PortEntry& port)
 {
-    setAdapter(std::move(adapter));
-    auto opened = target();
+    const LineHold line;
+    auto opened = openPort(std::move(adapter), port);
     if (!opened)
         return {};
-    m_port = port;
-    m_node = opened->node;
     HandCall call(*opened);
-    m_portOpened = opened->adapter->connect(port.name.toUtf8().constData(), BaudRate);
-    if (m_portOpened)
-        emit sig_opened();
     std::uint16_t force = 0;
     const std::uint8_t result =
         call.attempt<&VantoProtocol::getFingerForce>(ForceProbeFinger, &force, std::uint8_t{1});
     if (!call.isCurrent())
         return {};
     m_forceSensing = result == ResultCode::Success;
+    return opened;
+}
+
+std::optional<HandTarget> DeviceSession::openPort(std::shared_ptr<VantoProtocol> adapter,
+                                                  const PortEntry& port)
+{
+    setAdapter(std::move(adapter));
+    auto opened = target();
+    if (!opened)
+        return {};
+    m_port = port;
+    m_node = opened->node;
+    const LineHold line;
+    m_portOpened = opened->adapter->connect(port.name.toUtf8().constData(), BaudRate);
+    if (m_portOpened)
+        emit sig_opened();
     return opened;
 }
 
@@ -187,7 +198,7 @@ void DeviceSession::resume(const PortEntry& port)
 
 void DeviceSession::noteResult(std::uint8_t result)
 {
-    if (m_asking || !m_portOpened || !target())
+    if (!m_watched || m_asking || !m_portOpened || !target())
         return;
     const bool wasSilent = isSilent();
     if (result == ResultCode::Timeout)

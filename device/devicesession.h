@@ -48,6 +48,8 @@ public:
     /// Whether the hand has left the last operations unanswered. Periodic work then rests; once a
     /// second the session asks by itself.
     bool isSilent() const { return m_timeouts >= TimeoutsOfSilence; }
+    /// A session that is not watched never asks a silent hand by itself. It is watched at first.
+    void setWatched(bool watched) { m_watched = watched; }
     /// Whether the port of the open hand is closed: it has vanished, or could not be opened.
     bool isPortClosed() const { return isConnected() && (m_lost || !m_portOpened); }
 
@@ -68,6 +70,9 @@ public:
     /// the port cannot be opened, later reads fail. Returns std::nullopt if there is no current
     /// entry, or if another hand has been requested meanwhile.
     std::optional<HandTarget> open(std::shared_ptr<VantoProtocol> adapter, const PortEntry& port);
+    /// The same without the detection of force sensing: exchanges nothing with the hand.
+    std::optional<HandTarget> openPort(std::shared_ptr<VantoProtocol> adapter,
+                                       const PortEntry& port);
     void setAdapter(std::shared_ptr<VantoProtocol> adapter);
     /// Stops everything at once and closes the adapter, which must be open.
     void close();
@@ -145,6 +150,7 @@ private:
     bool m_handWasOpen = false; ///< when the port was lost
     Generation m_loss;
     bool m_scanning = false;
+    bool m_watched = true;
     bool m_asking = false; ///< askSilentHand() is under way
     int m_timeouts = 0;    ///< in a row
     QTimer m_askTimer{this};

@@ -23,6 +23,11 @@ constexpr int EventSliceMs = 5;
 constexpr int TriesAtOnce = 3;
 constexpr int RetryMs = 100;
 
+/// The context of the texts, which the window shows beside its Halt button.
+struct HaltText {
+    Q_DECLARE_TR_FUNCTIONS(vanto::HaltControl)
+};
+
 /// The only calls that pass the gate.
 class HaltCall : public HandCall
 {
@@ -135,6 +140,28 @@ Halt::Halt(DeviceSession* session, ListedNodes listedNodes, QObject* parent)
     });
 }
 
+QString Halt::stateText(State state)
+{
+    switch (state) {
+    case State::Ready:
+        return {};
+    case State::Halting:
+        return HaltText::tr("Halting");
+    case State::Halted:
+        return HaltText::tr("Halted");
+    case State::NotConfirmed:
+        return HaltText::tr("Halt not confirmed. Switch the power off.");
+    case State::SentToAll:
+        return HaltText::tr("Stop sent to all hands, not confirmed. Switch the power off.");
+    }
+    return {};
+}
+
+QString Halt::unreachableText()
+{
+    return HaltText::tr("The port is lost; nothing can be sent. Switch the power off.");
+}
+
 Halt::~Halt()
 {
     MotionGate::set(MotionGate::State::Open);
@@ -232,24 +259,39 @@ HandTarget Halt::target(std::uint8_t node) const
     return {m_adapter, node, m_run.token()};
 }
 
-void Halt::press()
+/// Stops everything else. Returns whether a halt can begin.
+bool Halt::interruptAll()
 {
     if (!isAvailable() || m_running || m_state == State::Halting)
-        return;
+        return false;
     if (m_open && m_session->isPortClosed()) {
         emit sig_unreachable();
-        return;
+        return false;
     }
-    {
-        const QScopedValueRollback running(m_running, true);
-        m_retry.stop();
-        if (m_state != State::NotConfirmed)
-            setState(State::Halting);
-        Exchange::abandon();
-        m_session->interrupt();
-    }
+    const QScopedValueRollback running(m_running, true);
+    m_retry.stop();
+    if (m_state != State::NotConfirmed)
+        setState(State::Halting);
+    Exchange::abandon();
+    m_session->interrupt();
     m_failures = 0;
     m_hands.clear();
+    return true;
+}
+
+void Halt::haltNodes(const std::vector<std::uint8_t>& nodes)
+{
+    if (!interruptAll())
+        return;
+    for (const std::uint8_t node : nodes)
+        m_hands.push_back({.node = node, .goals = {}});
+    startWhenIdle();
+}
+
+void Halt::press()
+{
+    if (!interruptAll())
+        return;
     if (isAnyNode()) {
         for (const std::uint8_t node : m_listedNodes())
             m_hands.push_back({.node = node, .goals = {}});

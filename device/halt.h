@@ -40,6 +40,10 @@ public:
     ~Halt() override;
 
     State state() const { return m_state; }
+    /// What the user is told about a state; empty for Ready.
+    static QString stateText(State state);
+    /// For sig_unreachable().
+    static QString unreachableText();
     /// Whether there is a hand to halt.
     bool isAvailable() const { return m_adapter != nullptr && !m_blocked; }
     /// During a firmware transfer there is none.
@@ -47,6 +51,8 @@ public:
 
     /// Halts the hand. Does nothing while a halt is in progress.
     void press();
+    /// Halts these hands on the port of the hand, instead of the hand itself.
+    void haltNodes(const std::vector<std::uint8_t>& nodes);
     /// Ends a confirmed halt. Waits for the line, as it is not urgent.
     void proceed();
 
@@ -77,6 +83,7 @@ private:
     };
 
     void noteOpened();
+    bool interruptAll();
     void leave();
     void setState(State state);
     void follow(std::uint8_t newNode);

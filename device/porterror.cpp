@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSerialPort>
 #include <QSerialPortInfo>
 
@@ -14,43 +15,84 @@ struct PortError {
     Q_DECLARE_TR_FUNCTIONS(PortError)
 };
 
-QString unavailableText()
+/// The path of the device; the name itself if the system does not list it.
+QString devicePath(const QString& portName)
 {
-    return PortError::tr(
-        "The port is no longer available. Plug the adapter in again and click Refresh.");
+    const QString path = QSerialPortInfo(portName).systemLocation();
+    return path.isEmpty() ? portName : path;
 }
 } // namespace
 
-QString describePortError(const QString& portName)
+PortProblem examinePort(const QString& portName)
 {
     if (portName.isEmpty())
-        return PortError::tr("No port is selected. Plug in the hand's adapter and click Refresh.");
-    QString path = QSerialPortInfo(portName).systemLocation();
-    if (path.isEmpty())
-        path = portName;
+        return PortProblem::NoPort;
 #ifdef Q_OS_UNIX
-    const QFileInfo device(path);
+    const QFileInfo device(devicePath(portName));
     if (!device.exists())
-        return unavailableText();
+        return PortProblem::NotThere;
     if (!device.isReadable() || !device.isWritable())
-        return PortError::tr(
-                   "You do not have permission to use this port. It belongs to the group \"%1\". "
-                   "To join that group, run\n    sudo usermod -aG %1 $USER\nand log in again.")
-            .arg(device.group());
+        return PortProblem::NoPermission;
 #endif
     QSerialPort port(portName);
     if (port.open(QIODevice::ReadWrite))
-        return {};
+        return PortProblem::None;
     switch (port.error()) {
     case QSerialPort::PermissionError:
+        return PortProblem::InUse;
+    case QSerialPort::DeviceNotFoundError:
+        return PortProblem::NotThere;
+    default:
+        return PortProblem::Unknown;
+    }
+}
+
+std::optional<PortHolder> findPortHolder(const QString& portName)
+{
+    // Where QSerialPort and other programs keep the lock files of serial ports.
+    const QStringList folders{QStringLiteral("/var/lock"),
+                              QStringLiteral("/etc/locks"),
+                              QStringLiteral("/var/spool/locks"),
+                              QStringLiteral("/var/spool/uucp"),
+                              QStringLiteral("/tmp"),
+                              QStringLiteral("/var/tmp"),
+                              QStringLiteral("/run/lock")};
+    QString name = devicePath(portName);
+    if (name.startsWith(QLatin1String("/dev/")))
+        name = name.mid(5);
+    name.replace(QLatin1Char('/'), QLatin1Char('_'));
+    for (const QString& folder : folders) {
+        const QLockFile lock(folder + QStringLiteral("/LCK..") + name);
+        PortHolder holder;
+        QString host;
+        if (lock.getLockInfo(&holder.process, &host, &holder.program))
+            return holder;
+    }
+    return {};
+}
+
+QString describePortError(const QString& portName)
+{
+    switch (examinePort(portName)) {
+    case PortProblem::NoPort:
+        return PortError::tr("No port is selected. Plug in the hand's adapter and click Refresh.");
+    case PortProblem::NotThere:
+        return PortError::tr(
+            "The port is no longer available. Plug the adapter in again and click Refresh.");
+    case PortProblem::NoPermission:
+        return PortError::tr(
+                   "You do not have permission to use this port. It belongs to the group \"%1\". "
+                   "To join that group, run\n    sudo usermod -aG %1 $USER\nand log in again.")
+            .arg(QFileInfo(devicePath(portName)).group());
+    case PortProblem::InUse:
         return PortError::tr(
             "Another program is using this port. Close it and try again. (ModemManager may use a "
             "new adapter for a few seconds.)");
-    case QSerialPort::DeviceNotFoundError:
-        return unavailableText();
-    default:
-        return {};
+    case PortProblem::None:
+    case PortProblem::Unknown:
+        break;
     }
+    return {};
 }
 
 } // namespace vanto

@@ -3,12 +3,20 @@
 #include "portwatch.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace vanto
 {
 
 namespace
 {
+constexpr qint64 MaxHeaderLength = 1024; ///< bytes
+
+/// The context of the texts, which the dialogs of the update show.
+struct UpdateText {
+    Q_DECLARE_TR_FUNCTIONS(FirmwareUpdater)
+};
+
 bool openPort(QSerialPort& port, QSerialPort::BaudRate baudRate)
 {
     port.setBaudRate(baudRate, QSerialPort::AllDirections);
@@ -19,6 +27,28 @@ bool openPort(QSerialPort& port, QSerialPort::BaudRate baudRate)
     return port.open(QIODevice::ReadWrite);
 }
 } // namespace
+
+QString checkUpdateFile(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return UpdateText::tr("Open file '%1' failed.").arg(path);
+    return parseUpdateHeader(file.readLine(MaxHeaderLength))
+               ? QString()
+               : UpdateText::tr("Invalid update file");
+}
+
+QString updatePrompt()
+{
+    return UpdateText::tr(
+        "Power off the device and remove app other devices from bus, press OK when ready.\n"
+        "Power on the device when prompted.");
+}
+
+QString updateSucceededText()
+{
+    return UpdateText::tr("Firmware updated successfully");
+}
 
 // By value: the caller's variables may change while events are processed.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)

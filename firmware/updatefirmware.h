@@ -7,6 +7,15 @@
 namespace vanto
 {
 
+/// Why the file is not an update file with a header; empty if it is one. The user is told before
+/// the hand is switched off.
+QString checkUpdateFile(const QString& path);
+
+/// What the user has to do before the transfer.
+QString updatePrompt();
+/// What the user is told at the end.
+QString updateSucceededText();
+
 /// Writes the firmware of an update file to the hand whose boot loader listens on the port. Returns
 /// the reason of a failure, or an empty string.
 ///

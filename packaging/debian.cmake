@@ -1,4 +1,5 @@
-# The Debian package: build VantoSetting, vanto-hand and vanto_package_files, then run `cpack -G DEB`.
+# The Debian packages: build VantoSetting, vanto-hand, vantoctl and vanto_package_files, then run
+# `cpack -G DEB`.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${package})
@@ -11,8 +12,19 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL ${package} vantoctl)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_NAME ${package})
+set(CPACK_DEBIAN_VANTOCTL_PACKAGE_NAME vantoctl)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+set(CPACK_COMPONENT_VANTOCTL_DESCRIPTION
+"vantoctl finds robotic hands with six motors on a serial bus, reads and writes
+their parameters, moves their fingers, plays sequences and updates firmware.
+It needs no graphical libraries. It supports both protocols of the hand,
+SerialCtrl and Modbus RTU, and gives programs in other languages access to
+hands over one open port.")
+set(CPACK_COMPONENT_VANTOSETTING_DESCRIPTION
 "VantoSetting finds robotic hands with six motors on a serial bus, shows and
 changes their settings, moves their fingers and plays sequences of poses. It
 supports both protocols of the hand, SerialCtrl and Modbus RTU.
@@ -26,11 +38,13 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 execute_process(COMMAND dpkg-query --search */imageformats/libqsvg.so
     OUTPUT_VARIABLE svg_plugin ERROR_QUIET)
 if(svg_plugin MATCHES "^([a-z0-9-]+):")
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS ${CMAKE_MATCH_1})
+    set(svg_package ${CMAKE_MATCH_1})
 else()
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
+    set(svg_package libqt6svg6)
 endif()
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+set(CPACK_DEBIAN_VANTOCTL_PACKAGE_SUGGESTS python3)
+set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_DEPENDS "${svg_package}, vantoctl (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_RECOMMENDS
     "ca-certificates, fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
 
 include(CPack)

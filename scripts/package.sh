@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the Debian package, inspects it, installs it, tests the installed programs and purges it
-# again. Package and log remain in build/package. usage: scripts/package.sh
+# Builds the Debian packages, inspects them, installs them, tests the installed programs and purges
+# them again. Packages and log remain in build/package. usage: scripts/package.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -13,7 +13,7 @@ export LC_ALL=C.UTF-8
 
 work=
 purge_wanted=no
-package=
+packages=()
 
 step() {
     printf '\n== %s\n' "$*"
@@ -28,7 +28,7 @@ clean_up() {
     local status=$?
     trap - EXIT
     if [[ $purge_wanted == yes ]]; then
-        scripts/as-root.sh dpkg --purge "$name" || status=1
+        scripts/as-root.sh dpkg --purge "$name" vantoctl || status=1
     fi
     rm -rf "$work"
     exit "$status"
@@ -50,22 +50,31 @@ as_user() {
 build_package() {
     step "Building"
     cmake --preset release --log-level=NOTICE
-    cmake --build --preset release --target VantoSetting vanto-hand vanto_package_files
+    cmake --build --preset release --target VantoSetting vanto-hand vantoctl vanto_package_files
     rm -f "$output"/*.deb
     cpack -G DEB --config "$release/CPackConfig.cmake" -B "$output"
     rm -rf "$output/_CPack_Packages"
-    package=$(ls "$output"/*.deb)
-    dpkg-deb --info "$package"
-    dpkg-deb --contents "$package"
+    packages=("$output"/*.deb)
+    [[ ${#packages[@]} -eq 2 ]] || fail "there are ${#packages[@]} packages"
+    local package
+    for package in "${packages[@]}"; do
+        dpkg-deb --info "$package"
+        dpkg-deb --contents "$package"
+    done
 }
 
 inspect_package() {
-    step "Inspecting $package"
-    lintian --fail-on error --display-info --pedantic --tag-display-limit 0 "$package"
-    dpkg-deb --extract "$package" "$work/tree"
+    step "Inspecting ${packages[*]}"
+    local package
+    for package in "${packages[@]}"; do
+        lintian --fail-on error --display-info --pedantic --tag-display-limit 0 "$package"
+        dpkg-deb --extract "$package" "$work/tree"
+    done
+    ! dpkg-deb --field "$output"/vantoctl_*.deb Depends | grep -i 'gui\|widgets' ||
+        fail "vantoctl depends on graphical libraries"
     ! grep -rlF "$PWD/" "$work/tree" || fail "the files above contain the path of the build tree"
     local file dynamic
-    for file in "$work/tree/usr/bin/vanto-hand" "$work/tree$programs/VantoSetting"; do
+    for file in "$work"/tree/usr/bin/vanto{-hand,ctl} "$work/tree$programs/VantoSetting"; do
         dynamic=$(readelf --dynamic "$file")
         [[ $dynamic != *RPATH* && $dynamic != *RUNPATH* ]] || fail "$file has a run path"
         [[ $(readelf --sections --wide "$file") != *.symtab* ]] || fail "$file is not stripped"
@@ -78,9 +87,11 @@ inspect_package() {
 
 # Paths of the package that exist on this system.
 present_paths() {
-    local path
-    dpkg-deb --fsys-tarfile "$package" | tar --list | while IFS= read -r path; do
-        [[ ! -e ${path#.} && ! -L ${path#.} ]] || echo "${path#.}"
+    local package path
+    for package in "${packages[@]}"; do
+        dpkg-deb --fsys-tarfile "$package" | tar --list | while IFS= read -r path; do
+            [[ ! -e ${path#.} && ! -L ${path#.} ]] || echo "${path#.}"
+        done
     done
 }
 
@@ -89,7 +100,7 @@ install_package() {
     present_paths >"$work/before"
     purge_wanted=yes
     scripts/as-root.sh env DEBIAN_FRONTEND=noninteractive apt-get install --yes \
-        --no-install-recommends "$PWD/$package"
+        --no-install-recommends "${packages[@]/#/$PWD/}"
     [[ $(package_status) == installed ]] || fail "$name is not installed"
 }
 
@@ -103,7 +114,7 @@ check_metadata() {
 check_manual() {
     step "Manual pages"
     local page complaints
-    for page in "$name" vanto-hand; do
+    for page in "$name" vanto-hand vantoctl; do
         complaints=$(MANWIDTH=80 MANROFFSEQ='' man --warnings=all --encoding=UTF-8 --local-file \
             "/usr/share/man/man1/$page.1.gz" 2>&1 >"$work/$page.txt")
         [[ -z $complaints ]] || fail "man $page: $complaints"
@@ -137,6 +148,18 @@ run_program() {
     grep '^style=' "$folder/setting.ini" || fail "no theme in $folder/setting.ini"
 }
 
+check_cli() {
+    step "The command line"
+    vantoctl --version
+    [[ -s /usr/share/bash-completion/completions/vantoctl ]] || fail "no completion for bash"
+    coproc vanto-hand --link "$work/hand"
+    local port
+    read -r port <&"${COPROC[0]}"
+    vantoctl --port "$port" --node 2 --patience 20 get firmware
+    eval "exec ${COPROC[1]}>&-"
+    wait "$COPROC_PID" || true
+}
+
 check_program() {
     step "The program"
     local home=$work/home command
@@ -158,7 +181,7 @@ check_program() {
 
 purge_package() {
     step "Purging"
-    scripts/as-root.sh dpkg --purge "$name"
+    scripts/as-root.sh dpkg --purge "$name" vantoctl
     purge_wanted=no
     [[ -z $(package_status) ]] || fail "$name is still $(package_status)"
     present_paths | diff "$work/before" - || fail "purging did not remove or restore the paths above"
@@ -177,9 +200,10 @@ main() {
     check_metadata
     check_manual
     check_hand
+    check_cli
     check_program
     purge_package
-    printf '\nAll checks passed: %s\n' "$package"
+    printf '\nAll checks passed: %s\n' "${packages[*]}"
 }
 
 mkdir -p "$output"

@@ -1,5 +1,6 @@
 #include "sequenceplayer.h"
 
+#include "motionguard.h"
 #include "motionunit.h"
 
 #include <QDateTime>
@@ -7,7 +8,6 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace vanto
@@ -16,18 +16,9 @@ namespace vanto
 namespace
 {
 constexpr int PollIntervalMs = 10;
-constexpr int CurrentLimitMa = 79;  ///< a finger that draws more is stopped
 constexpr int StretchedFingers = 5; ///< in the preparation pose: all but the thumb root
 constexpr int StretchedPosition = 0;
 constexpr int FullSpeed = 255;
-
-constexpr PerFinger<const char*> FingerNames{
-    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Thumb"),
-    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Index"),
-    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Middle"),
-    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Third"),
-    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Little"),
-    QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Thumb root")};
 
 qint64 nowMs()
 {
@@ -171,10 +162,9 @@ bool SequencePlayer::areCurrentsSafe(HandCall& call)
         std::uint16_t current = 0;
         if (!call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
             return false;
-        if (current > CurrentLimitMa) {
-            _stop(tr("%s has too big current: %d mA")
-                      .replace(QLatin1String("%s"), tr(FingerNames.at(finger)))
-                      .replace(QLatin1String("%d"), QString::number(current)));
+        emit sig_currentRead(finger, current);
+        if (MotionGuard::isOverCurrent(current)) {
+            _stop(MotionGuard::overCurrentText(finger, current));
             return false;
         }
     }
@@ -185,10 +175,9 @@ bool SequencePlayer::haveFingersArrived(HandCall& call)
 {
     const auto pose = unit().readPose(call);
     return pose &&
-           std::ranges::equal(pose->targets, pose->currents,
-                              [tolerance = unit().arrivalTolerance()](int target, int current) {
-                                  return std::abs(target - current) <= tolerance;
-                              });
+           std::ranges::equal(pose->targets, pose->currents, [this](int target, int current) {
+               return MotionGuard::hasArrived(unit(), target, current);
+           });
 }
 
 bool SequencePlayer::reportTimeout(const HandTarget&)
@@ -201,6 +190,7 @@ void SequencePlayer::reportFailure(const HandTarget& target, std::string_view op
                                    std::uint8_t result, std::uint8_t subError)
 {
     const auto name = QString::fromLatin1(operation.data(), qsizetype(operation.size()));
+    emit sig_refused(name, result, subError);
     _stop(_getErrorMsg(name, target.node, result, subError));
 }
 

@@ -54,6 +54,10 @@ public slots:
     void updatePlay();
 
 signals:
+    /// A poll has read the current of a finger, in mA.
+    void sig_currentRead(std::uint8_t finger, std::uint16_t current);
+    /// An operation has failed, other than by a time-out; the run stops.
+    void sig_refused(const QString& operation, std::uint8_t result, std::uint8_t subError);
     /// The poll in which the run stopped has ended; nothing is being sent any more.
     void sig_ended();
     /// `periodInMS` is the time since the previous step was sent or, on a stop, since the current

@@ -1,6 +1,7 @@
 #include "calibrationprocedure.h"
 
 #include "calibratingdialog.h"
+#include "calibration.h"
 #include "devicebar.h"
 #include "fingers.h"
 #include "haltcontrol.h"
@@ -24,11 +25,6 @@ namespace vanto
 
 namespace
 {
-/// Result or sub error of a hand that is already calibrating.
-constexpr std::uint8_t AlreadyCalibrating = 0x22;
-constexpr int KeyBase = 16;
-constexpr std::uint16_t ThumbRootStep = 32; ///< absolute units
-constexpr std::uint8_t ThumbRootSpeed = 255;
 constexpr int EventSliceMs = 10; ///< longest sleep between two reads of the clock
 
 /// Moves the thumb root, one move at a time. A position requested during a move follows it; of
@@ -50,8 +46,7 @@ public:
         HandCall call(m_target, m_reporter->timeoutReport());
         while (m_requested && call.isCurrent()) {
             const auto next = std::exchange(m_requested, std::nullopt);
-            const std::uint8_t result = call.attempt<&VantoProtocol::setFingerPosAbs>(
-                std::uint8_t{ThumbRoot}, *next, ThumbRootSpeed);
+            const std::uint8_t result = Calibration::moveThumbRoot(call, *next);
             if (m_cancelled)
                 return; // cancelled, which is not a failure of the hand
             m_failed = !call.accept<&VantoProtocol::setFingerPosAbs>(result);
@@ -95,33 +90,17 @@ void CalibrationProcedure::run(const HandTarget& target)
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
     std::uint16_t key = 0;
     const std::initializer_list<std::function<bool()>> steps{
-        [&] {
-            return confirm(tr("Prepare calibration base and take Vanto up then power on,\n"
-                              "presss OK when Vanto is ready."));
-        },
+        [&] { return confirm(Prompt::Prepare); },
         [&] { return backUp(target); },
         [&] { return requestKey(target, key); },
-        [&] {
-            return confirm(tr("Vanto will reboot if not in calibrating state & calibration key is "
-                              "correct,\npress OK when ready"));
-        },
+        [&] { return confirm(Prompt::BeforeReboot); },
         [&] { return startCalibrating(target, key); },
-        [&] {
-            return confirm(tr("Wait for Vanto reboots and beeps 8 times,\n"
-                              "press OK when beep finished"));
-        },
-        [&] {
-            return positionThumbRoot(target,
-                                     tr("Put Vanto onto calibration base & push it tightly, move "
-                                        "thumb root to right pos, press OK when ready"));
-        },
+        [&] { return confirm(Prompt::AfterReboot); },
+        [&] { return positionThumbRoot(target, Calibration::promptText(Prompt::OnBase)); },
         [&] { return pressButtonAndWait(target, 1); },
-        [&] { return confirm(tr("Take Vanto up,\npress OK when ready")); },
+        [&] { return confirm(Prompt::TakeUp); },
         [&] { return pressButtonAndWait(target, 2); },
-        [&] {
-            return positionThumbRoot(target,
-                                     tr("Move thumb root to right position,\npress OK when ready"));
-        },
+        [&] { return positionThumbRoot(target, Calibration::promptText(Prompt::OffBase)); },
         [&] { return pressButton(target, 3); },
     };
     for (const auto& step : steps) {
@@ -132,9 +111,7 @@ void CalibrationProcedure::run(const HandTarget& target)
             return;
     }
     QMessageBox box(QMessageBox::Information, Program::title(),
-                    tr("Calibration finished, you may power off and power on the Vanto "
-                       "now to see the result"),
-                    QMessageBox::Ok, m_window);
+                    Calibration::promptText(Prompt::Finished), QMessageBox::Ok, m_window);
     exec(box);
 }
 
@@ -149,9 +126,9 @@ int CalibrationProcedure::exec(QDialog& dialog)
     return dialog.exec();
 }
 
-bool CalibrationProcedure::confirm(const QString& prompt)
+bool CalibrationProcedure::confirm(Prompt prompt)
 {
-    QMessageBox box(QMessageBox::Information, Program::title(), prompt,
+    QMessageBox box(QMessageBox::Information, Program::title(), Calibration::promptText(prompt),
                     QMessageBox::Ok | QMessageBox::Cancel, m_window);
     return exec(box) == QMessageBox::Ok;
 }
@@ -167,36 +144,22 @@ bool CalibrationProcedure::requestKey(const HandTarget& target, std::uint16_t& k
 {
     QInputDialog dialog(m_window);
     dialog.setWindowTitle(Program::title());
-    dialog.setLabelText(tr("Please input calibration key:"));
+    dialog.setLabelText(Calibration::promptText(Prompt::Key));
     dialog.setTextEchoMode(QLineEdit::Password);
     if (exec(dialog) != QDialog::Accepted || !target.isCurrent())
         return false;
-    bool valid = false;
-    // The hand takes 16 bits.
-    key = static_cast<std::uint16_t>(dialog.textValue().toUInt(&valid, KeyBase));
-    if (!valid)
-        QMessageBox::critical(m_window, Program::title(), tr("Invalid calibration key"));
-    return valid;
+    const auto entered = Calibration::parseKey(dialog.textValue());
+    if (!entered)
+        QMessageBox::critical(m_window, Program::title(), Calibration::invalidKeyText());
+    key = entered.value_or(key);
+    return entered.has_value();
 }
 
 bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint16_t key)
 {
     HandCall call(target, m_reporter->timeoutReport());
     m_session->identity().calibration.reset(); // the hand is about to change it
-    const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
-    if (result == AlreadyCalibrating)
-        return true;
-    if (result == ResultCode::Success || result == ResultCode::Timeout || call.wasRefused())
-        return call.accept<&VantoProtocol::calibrate>(result);
-    if (!call.isCurrent())
-        return false;
-    const std::uint8_t subError = call.subError();
-    if (subError == AlreadyCalibrating)
-        return true;
-    if (call.isCurrent())
-        m_reporter->timeoutReport().reportFailure(
-            target, operationName<&VantoProtocol::calibrate>(), result, subError);
-    return false;
+    return Calibration::start(call, m_reporter->timeoutReport(), key);
 }
 
 bool CalibrationProcedure::positionThumbRoot(const HandTarget& target, const QString& prompt)
@@ -212,10 +175,11 @@ bool CalibrationProcedure::positionThumbRoot(const HandTarget& target, const QSt
     ThumbRootMover mover(target, m_reporter);
     // Moves run in the dialog's event loop, so it ends after the last of them.
     bool failedAfterOk = false;
-    CalibratingDialog dialog(m_window, prompt, current, ThumbRootStep, [&](int position) {
-        mover.moveTo(position);
-        failedAfterOk = mover.failed() && !dialog.isOpen();
-    });
+    CalibratingDialog dialog(m_window, prompt, current, Calibration::ThumbRootStep,
+                             [&](int position) {
+                                 mover.moveTo(position);
+                                 failedAfterOk = mover.failed() && !dialog.isOpen();
+                             });
     QObject::connect(&dialog, &QDialog::rejected, &dialog, [&mover] { mover.cancel(); });
     int answer = QDialog::Rejected;
     do {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calibration.h"
 #include "devicesession.h"
 
 #include <QCoreApplication>
@@ -30,12 +31,14 @@ public:
     void run(const HandTarget& target);
 
     /// Time that the hand needs for a stage, in milliseconds. Tests set a shorter time.
-    static inline int stageMs = 2000;
+    static inline int stageMs = Calibration::StageMs;
 
 private:
+    using Prompt = Calibration::Prompt;
+
     int exec(QDialog& dialog);
     // Each step returns true if the next one may follow.
-    bool confirm(const QString& prompt);
+    bool confirm(Prompt prompt);
     bool backUp(const HandTarget& target);
     bool requestKey(const HandTarget& target, std::uint16_t& key);
     bool startCalibrating(const HandTarget& target, std::uint16_t key);

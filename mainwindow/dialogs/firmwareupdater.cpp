@@ -23,8 +23,7 @@ namespace
 {
 constexpr QLatin1String LocalSource("local");
 constexpr QLatin1String RemoteSource("remote");
-constexpr qint64 MaxHeaderLength = 1024; ///< bytes
-constexpr int EventIntervalMs = 10;      ///< while a file is read
+constexpr int EventIntervalMs = 10; ///< while a file is read
 
 void showMessageBox(QWidget* parent, QMessageBox::Icon icon, const QString& text)
 {
@@ -76,16 +75,14 @@ void FirmwareUpdater::update()
     const bool wasOpen = m_session->isConnected();
     m_session->closeIfConnected();
     m_token = m_session->token();
-    const QString failure = headerFailure(path);
+    const QString failure = checkUpdateFile(path);
     if (!failure.isEmpty()) {
         showFailure(failure);
         if (wasOpen && isCurrent())
             m_deviceBar->openCurrentDevice();
         return;
     }
-    showInformation(
-        tr("Power off the device and remove app other devices from bus, press OK when ready.\n"
-           "Power on the device when prompted."));
+    showInformation(updatePrompt());
     if (isCurrent())
         writeAndReport(path);
 }
@@ -156,20 +153,11 @@ QString FirmwareUpdater::choose(const QString& prompt, const QStringList& items)
     return accepted && isCurrent() ? item : QString();
 }
 
-QString FirmwareUpdater::headerFailure(const QString& path)
-{
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return tr("Open file '%1' failed.").arg(path);
-    return parseUpdateHeader(file.readLine(MaxHeaderLength)) ? QString()
-                                                             : tr("Invalid update file");
-}
-
 void FirmwareUpdater::writeAndReport(const QString& path)
 {
     const QString failure = write(path);
     if (failure.isEmpty()) {
-        showInformation(tr("Firmware updated successfully"));
+        showInformation(updateSucceededText());
     } else {
         showFailure(failure);
         m_session->closeIfConnected();

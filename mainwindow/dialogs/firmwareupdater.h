@@ -50,8 +50,6 @@ private:
     auto waitFor(Work work) const;
     QString choose(const QString& prompt, const QStringList& items);
 
-    /// Why the file is not an update file; empty if it is one.
-    static QString headerFailure(const QString& path);
     void writeAndReport(const QString& path);
     QString write(const QString& path);
     void showLog(const QString& text);

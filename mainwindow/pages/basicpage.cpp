@@ -1,5 +1,6 @@
 #include "basicpage.h"
 
+#include "basicoperations.h"
 #include "devicebar.h"
 #include "fingerwidgets.h"
 #include "focuskeeper.h"
@@ -18,8 +19,6 @@ namespace
 {
 constexpr int MinNewId = 2;
 constexpr int MaxNewId = 256; ///< truncated to its low byte, so 256 means 0
-constexpr std::uint16_t BeepMs = 500;
-constexpr std::uint8_t ResetMode = 0;
 constexpr unsigned MaxSelfTestLevel = 2;
 constexpr unsigned MaxBeepSwitch = 1;
 constexpr int WaitForCommandLevel = 0; ///< the self-test level at which the hand waits for Init

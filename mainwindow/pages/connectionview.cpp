@@ -1,5 +1,6 @@
 #include "connectionview.h"
 
+#include "calltext.h"
 #include "deviceentry.h"
 #include "haltcontrol.h"
 #include "statusreporter.h"
@@ -94,7 +95,7 @@ void ConnectionView::setHalt(const Halt* halt)
 
 void ConnectionView::reportPortLost()
 {
-    m_reporter->showError(tr("The port has been lost. Check the cable."));
+    m_reporter->showError(CallText::portLost());
 }
 
 void ConnectionView::reportNotOpened(const QString& cause)

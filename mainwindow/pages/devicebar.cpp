@@ -1,5 +1,6 @@
 #include "devicebar.h"
 
+#include "calltext.h"
 #include "connectionview.h"
 #include "devicepage.h"
 #include "equalwidthgroup.h"
@@ -425,8 +426,7 @@ void DeviceBar::tryNode(const HandScan::Range& node)
         return;
     }
     if (found.isEmpty()) {
-        m_reporter->showError(tr("No hand answers at node '0x%1'.")
-                                  .arg(StatusReporter::hex(static_cast<unsigned>(node.first))));
+        m_reporter->showError(CallText::noHand(static_cast<unsigned>(node.first)));
         return;
     }
     {

@@ -55,9 +55,8 @@ HaltControl::HaltControl(QPushButton* button, DeviceSession* session, StatusRepo
     connect(button, &QPushButton::pressed, this, &HaltControl::press);
     connect(button, &QPushButton::clicked, this, &HaltControl::click);
     connect(&m_halt, &Halt::sig_stateChanged, this, &HaltControl::update);
-    connect(&m_halt, &Halt::sig_unreachable, this, [this] {
-        m_reporter->showError(tr("The port is lost; nothing can be sent. Switch the power off."));
-    });
+    connect(&m_halt, &Halt::sig_unreachable, this,
+            [this] { m_reporter->showError(Halt::unreachableText()); });
     connect(&m_halt, &Halt::sig_continued, this,
             [this] { m_reporter->showMessage(tr("Continued")); });
     connect(&m_halt, &Halt::sig_notContinued, this, [this] {
@@ -69,19 +68,7 @@ HaltControl::HaltControl(QPushButton* button, DeviceSession* session, StatusRepo
 
 QString HaltControl::stateText(Halt::State state)
 {
-    switch (state) {
-    case Halt::State::Ready:
-        return {};
-    case Halt::State::Halting:
-        return tr("Halting");
-    case Halt::State::Halted:
-        return tr("Halted");
-    case Halt::State::NotConfirmed:
-        return tr("Halt not confirmed. Switch the power off.");
-    case Halt::State::SentToAll:
-        return tr("Stop sent to all hands, not confirmed. Switch the power off.");
-    }
-    return {};
+    return Halt::stateText(state);
 }
 
 void HaltControl::addTo(QDialogButtonBox* buttons)

@@ -1,5 +1,6 @@
 #include "scanrunner.h"
 
+#include "calltext.h"
 #include "devicesession.h"
 #include "porterror.h"
 #include "program.h"
@@ -78,9 +79,7 @@ void ScanRunner::showRunning(bool running)
 
 void ScanRunner::showPortNotOpened(const QString& port)
 {
-    const QString text =
-        tr("Open port '%1' failed, protocol=%2, baudrate=%3")
-            .arg(port, QString::number(m_scan.failedProtocol()), QString::number(BaudRate));
+    const QString text = CallText::portNotOpened(port, m_scan.failedProtocol());
     QMessageBox box(QMessageBox::Critical, Program::title(), text, QMessageBox::Ok,
                     m_button->window());
     box.setInformativeText(describePortError(port));

@@ -1,5 +1,6 @@
 #include "statusreporter.h"
 
+#include "calltext.h"
 #include "elidedlabel.h"
 #include "messagelog.h"
 
@@ -67,28 +68,24 @@ void StatusReporter::showError(const QString& text, const QColor& color, Listing
 
 bool StatusReporter::TimeoutReport::reportTimeout(const HandTarget& target)
 {
-    m_reporter.showError(tr("Timeout for %1 node '0x%2'...")
-                             .arg(QLatin1String(target.adapter->protocolName()), hex(target.node)),
-                         Qt::red, m_listing);
+    m_reporter.showError(CallText::timeout(target), Qt::red, m_listing);
     return true;
 }
 
 void StatusReporter::Report::reportFailure(const HandTarget& target, std::string_view operation,
                                            std::uint8_t result, std::uint8_t subError)
 {
-    const QLatin1String name(operation.data(), static_cast<qsizetype>(operation.size()));
-    m_reporter.showError(tr("%1(0x%2, ...) returned 0x%3 (sub err %4)")
-                             .arg(name, hex(target.node), hex(result), hex(subError)));
+    m_reporter.showError(CallText::failure(target, operation, result, subError));
 }
 
 void StatusReporter::Report::reportHalted()
 {
-    m_reporter.showError(tr("Halted. Press Continue."));
+    m_reporter.showError(CallText::halted());
 }
 
 QString StatusReporter::hex(unsigned number)
 {
-    return QStringLiteral("%1").arg(number, 2, 16, QLatin1Char('0'));
+    return CallText::hex(number);
 }
 
 } // namespace vanto

@@ -1,0 +1,218 @@
+#include "calibratecommand.h"
+
+#include "calibration.h"
+#include "deviceentry.h"
+#include "eventwait.h"
+#include "fingers.h"
+#include "interruption.h"
+#include "tool.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr int MaxPlace = 65535;
+constexpr int CalibrationRebootMs = 15000; ///< with its eight beeps
+constexpr int ButtonReadMs = 200;
+constexpr qint64 MaxKeyFile = 1024; ///< bytes
+
+using Calibration::Prompt;
+
+/// The calibration, step by step. Each step returns whether the next one may follow.
+class CalibrationWalk
+{
+public:
+    CalibrationWalk(Tool& tool, Arguments& arguments, Answer& answer)
+        : m_tool(tool), m_arguments(arguments), m_answer(answer)
+    {
+    }
+
+    void run()
+    {
+        if (!readPlaces() || !confirm(Prompt::Prepare) || !readKey() ||
+            !confirm(Prompt::BeforeReboot) || !start() || !confirm(Prompt::AfterReboot) ||
+            !placeThumbRoot(Prompt::OnBase, 0) || !stage(1) || !confirm(Prompt::TakeUp) ||
+            !stage(2) || !placeThumbRoot(Prompt::OffBase, 1) || !stage(3))
+            return;
+        m_tool.hand().noteArrival();
+        m_answer.addLine(Calibration::promptText(Prompt::Finished));
+    }
+
+private:
+    bool goesOn() const { return !m_answer.hasFailed() && !Interruption::isRequested(); }
+
+    bool readPlaces()
+    {
+        for (const QString& text : m_arguments.list("--thumb-root"))
+            m_places.append(m_arguments.number(text, "A place of the thumb root", 0, MaxPlace));
+        if (m_arguments.has("--thumb-root") && m_places.size() != 2)
+            m_arguments.setError(QStringLiteral("--thumb-root takes two places: A,B."));
+        return m_arguments.error().isEmpty();
+    }
+
+    bool confirm(Prompt prompt)
+    {
+        if (!goesOn())
+            return false;
+        if (m_arguments.has("--yes")) {
+            m_tool.output().note(Calibration::promptText(prompt));
+            if (prompt == Prompt::AfterReboot)
+                return waitForReboot();
+            return true;
+        }
+        if (m_tool.confirm(Calibration::promptText(prompt)))
+            return true;
+        m_answer.fail(ExitStatus::Usage, QStringLiteral("Not confirmed."));
+        return false;
+    }
+
+    /// Without a prompt the hand itself shows when it is ready.
+    bool waitForReboot()
+    {
+        waitUntil(&Interruption::isRequested, ButtonReadMs);
+        for (int waited = 0; waited < CalibrationRebootMs && goesOn(); waited += ButtonReadMs) {
+            HandCall call(m_tool.hand().target());
+            std::uint8_t count = 0;
+            if (call.attempt<&VantoProtocol::getButtonPressedCnt>(&count) == ResultCode::Success)
+                return true;
+            waitUntil(&Interruption::isRequested, ButtonReadMs);
+        }
+        m_answer.fail(ExitStatus::NoAnswer,
+                      QStringLiteral("The hand does not answer after its reboot."),
+                      ResultCode::Timeout);
+        return false;
+    }
+
+    bool readKey()
+    {
+        if (!goesOn())
+            return false;
+        const QString path = m_arguments.option("--key-file");
+        QString text;
+        if (path.isEmpty() || path == QLatin1String("-")) {
+            text =
+                m_tool.ask(path.isEmpty() ? Calibration::promptText(Prompt::Key) : QString(), true)
+                    .value_or(QString());
+        } else {
+            QFile file(path);
+            if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+                m_answer.fail(ExitStatus::File, QStringLiteral("Open file '%1' failed.").arg(path));
+                return false;
+            }
+            text = QString::fromLatin1(file.read(MaxKeyFile));
+        }
+        const auto key = Calibration::parseKey(text.trimmed());
+        if (!key && goesOn())
+            m_answer.fail(ExitStatus::Usage, Calibration::invalidKeyText());
+        m_key = key.value_or(0);
+        return key && goesOn();
+    }
+
+    bool start()
+    {
+        if (!m_tool.hand().open())
+            return false;
+        m_tool.hand().noteMotion();
+        HandCall call = m_tool.hand().call();
+        return Calibration::start(call, m_tool.hand().report(), m_key) && goesOn();
+    }
+
+    bool placeThumbRoot(Prompt prompt, qsizetype place)
+    {
+        if (!m_places.isEmpty())
+            return moveThumbRoot(m_places[place]) && confirm(prompt);
+        if (m_arguments.has("--yes")) // it stays where it is
+            return confirm(prompt);
+        for (;;) {
+            std::uint16_t target = 0;
+            std::uint16_t current = 0;
+            if (!m_tool.hand().call().perform<&VantoProtocol::getFingerPosAbs>(
+                    std::uint8_t{ThumbRoot}, &target, &current))
+                return false;
+            const auto line = m_tool.ask(
+                QStringLiteral("%1\nThe thumb root is at %2. A number moves it there, + and - move "
+                               "it by %3, an empty line is OK.")
+                    .arg(Calibration::promptText(prompt))
+                    .arg(current)
+                    .arg(Calibration::ThumbRootStep));
+            if (!line) {
+                m_answer.fail(ExitStatus::Usage, QStringLiteral("Not confirmed."));
+                return false;
+            }
+            if (line->trimmed().isEmpty())
+                return true;
+            if (const auto position = parsePlace(line->trimmed(), current);
+                position && !moveThumbRoot(*position))
+                return false;
+        }
+    }
+
+    std::optional<int> parsePlace(const QString& text, int present)
+    {
+        const int step = Calibration::ThumbRootStep;
+        if (text == QLatin1String("+") || text == QLatin1String("-"))
+            return std::clamp(present + (text == QLatin1String("+") ? step : -step), 0, MaxPlace);
+        bool isNumber = false;
+        const int position = text.toInt(&isNumber);
+        if (isNumber && position >= 0 && position <= MaxPlace)
+            return position;
+        m_tool.output().prompt(
+            QStringLiteral("'%1' is not a number from 0 to %2.").arg(text).arg(MaxPlace));
+        return {};
+    }
+
+    bool moveThumbRoot(int position)
+    {
+        HandCall call = m_tool.hand().call();
+        return call.accept<&VantoProtocol::setFingerPosAbs>(
+            Calibration::moveThumbRoot(call, static_cast<std::uint16_t>(position)));
+    }
+
+    bool stage(std::uint8_t number)
+    {
+        if (!goesOn() || !m_tool.hand().call().perform<&VantoProtocol::setButtonPressedCnt>(number))
+            return false;
+        if (number < 3)
+            waitUntil(&Interruption::isRequested, Calibration::StageMs);
+        return goesOn();
+    }
+
+    Tool& m_tool;
+    Arguments& m_arguments;
+    Answer& m_answer;
+    QList<int> m_places; ///< of the thumb root, on the base and off it
+    std::uint16_t m_key = 0;
+};
+
+void calibrate(Tool& tool, Arguments& arguments, Answer& answer)
+{
+    if (tool.hand().node() == AnyNode) {
+        answer.fail(ExitStatus::Usage,
+                    QStringLiteral("Hands are calibrated one by one, not through node 255."));
+        return;
+    }
+    CalibrationWalk(tool, arguments, answer).run();
+}
+} // namespace
+
+std::vector<Command> calibrateCommands()
+{
+    return {{"calibrate",
+             "Calibrate the hand, step by step",
+             Effect::Writes,
+             false,
+             {},
+             {{"--key-file", "FILE", 1,
+               "Read the calibration key from a file, or from standard input if it is -"},
+              {"--thumb-root", "A,B", 2, "The two places of the thumb root, for fixtures"},
+              {"--yes", nullptr, 0, "Do not ask; wait for the hand instead"}},
+             calibrate}};
+}
+
+} // namespace vanto

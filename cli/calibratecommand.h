@@ -1,0 +1,11 @@
+#pragma once
+
+#include "command.h"
+
+namespace vanto
+{
+
+/// calibrate
+std::vector<Command> calibrateCommands();
+
+} // namespace vanto

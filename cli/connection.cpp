@@ -1,0 +1,246 @@
+#include "connection.h"
+
+#include "calltext.h"
+#include "deviceentry.h"
+#include "eventwait.h"
+#include "interruption.h"
+#include "portchoice.h"
+
+#include <array>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr std::uint8_t SerialCtrlRefused = 0xFF;
+constexpr std::uint8_t AllFingers = 0x3F;
+constexpr int HaltGivenUpMs = 3000; ///< the hand may be starting, or the line be disturbed
+
+std::shared_ptr<VantoProtocol> adapterOf(PROTOCOL_TYPE protocol)
+{
+    const int major =
+        protocol == PROTOCOL_TYPE_SERIALCTRL ? SerialCtrlMajorVersion : ModbusMajorVersion;
+    return VantoProtocol::getProtocolInstance(protocol, static_cast<unsigned char>(major), 0);
+}
+
+} // namespace
+
+Connection::Connection(const GeneralOptions& options)
+    : m_options(options),
+      m_node(options.node.value_or(0)),
+      m_session([this] { return std::optional(m_node); }),
+      m_halt(&m_session, [] { return std::vector<std::uint8_t>(); })
+{
+    m_session.setWatched(false);
+    connect(&m_session, &DeviceSession::sig_portLost, this, &Connection::reportPortLost);
+    connect(&m_session, &DeviceSession::sig_stop, this, &Connection::sig_stopped);
+    connect(&m_halt, &Halt::sig_unreachable, this, [this] { m_unreachable = true; });
+}
+
+Connection::~Connection() = default;
+
+std::optional<QString> Connection::portName()
+{
+    const PortChoice choice = choosePort(m_options.port);
+    if (!choice.error.isEmpty()) {
+        m_answer->fail(choice.status, choice.error);
+        return {};
+    }
+    return choice.name;
+}
+
+bool Connection::isUsable(PROTOCOL_TYPE protocol) const
+{
+    // Node 0 is the broadcast address of Modbus, to which no hand answers.
+    return !m_options.protocol ? protocol == PROTOCOL_TYPE_SERIALCTRL || m_node != 0
+                               : protocol == *m_options.protocol;
+}
+
+bool Connection::isReady()
+{
+    if (m_halt.state() == Halt::State::NotConfirmed)
+        m_answer->fail(ExitStatus::NoAnswer, Halt::stateText(m_halt.state()), ResultCode::Timeout);
+    else if (!Interruption::isRequested() && !target().isCurrent())
+        reportPortLost();
+    return !m_answer->hasFailed() && !Interruption::isRequested();
+}
+
+bool Connection::open()
+{
+    if (Interruption::isRequested() || m_answer->hasFailed())
+        return false;
+    if (isOpen())
+        return isReady();
+    const auto port = portName();
+    if (!port)
+        return false;
+    for (const PROTOCOL_TYPE protocol : {PROTOCOL_TYPE_SERIALCTRL, PROTOCOL_TYPE_MODBUS_RTU}) {
+        if (!isUsable(protocol))
+            continue;
+        const Opening result = openWith(protocol, *port, !m_options.protocol);
+        if (result != Opening::Silent)
+            return result == Opening::Answered;
+        m_session.close();
+        if (Interruption::isRequested())
+            return false;
+    }
+    m_answer->fail(ExitStatus::NoAnswer, CallText::noHand(m_node), ResultCode::Timeout);
+    return false;
+}
+
+Connection::Opening Connection::openWith(PROTOCOL_TYPE protocol, const QString& port, bool ask)
+{
+    m_adapter = adapterOf(protocol);
+    m_session.openPort(m_adapter, PortEntry{port, {}});
+    if (m_session.isPortClosed()) {
+        m_session.close();
+        reportNotOpened(port, protocol);
+        return Opening::Failed;
+    }
+    if (!ask)
+        return Opening::Answered;
+    HandCall call(target());
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    std::uint16_t revision = 0;
+    const std::uint8_t result =
+        call.attempt<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision);
+    if (!call.isCurrent())
+        return m_answer->hasFailed() ? Opening::Failed : Opening::Silent; // lost, or a signal
+    const bool answered = result == ResultCode::Success ||
+                          (protocol == PROTOCOL_TYPE_SERIALCTRL && result == SerialCtrlRefused);
+    return answered ? Opening::Answered : Opening::Silent;
+}
+
+void Connection::reportPortLost()
+{
+    if (m_answer)
+        m_answer->fail(ExitStatus::NoAnswer, CallText::portLost(), ResultCode::Timeout);
+}
+
+void Connection::reportNotOpened(const QString& port, PROTOCOL_TYPE protocol)
+{
+    const QString cause = describePortProblem(port);
+    m_answer->fail(ExitStatus::PortNotOpened,
+                   CallText::portNotOpened(port, protocol) +
+                       (cause.isEmpty() ? QString() : QStringLiteral(". ") + cause));
+}
+
+void Connection::setNode(std::uint8_t node)
+{
+    if (node == m_node)
+        return;
+    m_node = node;
+    m_session.setNode(node);
+}
+
+void Connection::followNode(std::uint8_t node)
+{
+    m_moved.erase(m_node);
+    setNode(node);
+}
+
+HandTarget Connection::target() const
+{
+    const auto open = m_session.target();
+    if (!open || Interruption::isRequested())
+        return {m_adapter, m_node, {}};
+    return *open;
+}
+
+void Connection::stop()
+{
+    if (isHalting())
+        return;
+    m_session.stopAtOnce();
+    Exchange::abandon();
+}
+
+bool Connection::halt()
+{
+    m_moved.insert(m_node);
+    return haltMoved();
+}
+
+bool Connection::haltMoved()
+{
+    std::vector<std::uint8_t> nodes(m_moved.begin(), m_moved.end());
+    m_unreachable = false;
+    // A position must not be written to node 255.
+    const bool isSerialCtrl = m_adapter && m_adapter->protocolType() == PROTOCOL_TYPE_SERIALCTRL;
+    if (isSerialCtrl && std::erase(nodes, AnyNode) > 0) {
+        setNode(AnyNode);
+        if (nodes.empty())
+            m_halt.press();
+        else
+            m_halt.haltNodes(nodes);
+    } else {
+        m_halt.haltNodes(nodes);
+    }
+    return awaitHalt();
+}
+
+bool Connection::isHalting() const
+{
+    return m_halt.state() == Halt::State::Halting || m_halt.state() == Halt::State::NotConfirmed;
+}
+
+bool Connection::awaitHalt()
+{
+    const auto ended = [this] { return m_unreachable || !isHalting(); };
+    waitUntil(ended, m_options.patience * HaltGivenUpMs);
+    if (m_halt.state() == Halt::State::Halted) {
+        m_moved.clear();
+        return true;
+    }
+    m_answer->fail(ExitStatus::NoAnswer,
+                   m_unreachable || m_halt.state() == Halt::State::Ready
+                       ? Halt::unreachableText()
+                       : Halt::stateText(m_halt.state()),
+                   ResultCode::Timeout);
+    return false;
+}
+
+bool Connection::proceed()
+{
+    if (m_halt.state() == Halt::State::Halted) {
+        m_halt.proceed();
+        if (waitUntil([this] { return m_halt.state() != Halt::State::Halted; }, HaltGivenUpMs))
+            return true;
+        m_answer->fail(ExitStatus::NoAnswer, CallText::noHand(m_node));
+        return false;
+    }
+    HandCall hand = call();
+    return hand.target().adapter->protocolType() != PROTOCOL_TYPE_SERIALCTRL ||
+           hand.perform<&VantoProtocol::fingerStart>(AllFingers);
+}
+
+/// Over Modbus a refusal and an invalid reply have the same code.
+ExitStatus Connection::failureStatus(const HandTarget& target, std::uint8_t result)
+{
+    const bool isRefusal =
+        result == SerialCtrlRefused || (result != ResultCode::Timeout && target.adapter &&
+                                        target.adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU);
+    return isRefusal ? ExitStatus::Refused : ExitStatus::NoAnswer;
+}
+
+bool Connection::reportTimeout(const HandTarget& target)
+{
+    m_answer->fail(ExitStatus::NoAnswer, CallText::timeout(target), ResultCode::Timeout);
+    return true;
+}
+
+void Connection::reportFailure(const HandTarget& target, std::string_view operation,
+                               std::uint8_t result, std::uint8_t subError)
+{
+    m_answer->fail(failureStatus(target, result),
+                   CallText::failure(target, operation, result, subError), result, subError);
+}
+
+void Connection::reportHalted()
+{
+    m_answer->fail(ExitStatus::Refused, CallText::halted());
+}
+
+} // namespace vanto

@@ -1,0 +1,158 @@
+#include "handvalues.h"
+
+#include "fingers.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+
+namespace vanto
+{
+
+namespace
+{
+QString reduced(QString name)
+{
+    return name.remove(QLatin1Char('-')).remove(QLatin1Char('_')).toLower();
+}
+
+/// An operation with one output.
+template<auto Operation, class Value>
+QJsonValue readOne(HandCall& call, std::uint8_t finger)
+{
+    Value value = 0;
+    if constexpr (std::is_invocable_v<decltype(Operation), VantoProtocol&, std::uint8_t,
+                                      std::uint8_t, Value*>)
+        return call.perform<Operation>(finger, &value) ? QJsonValue(value)
+                                                       : QJsonValue(QJsonValue::Undefined);
+    else
+        return call.perform<Operation>(&value) ? QJsonValue(value)
+                                               : QJsonValue(QJsonValue::Undefined);
+}
+
+/// An operation with the target and the current value of a finger.
+template<auto Operation, class Value, bool WantsTarget, bool IsAngle = false>
+QJsonValue readMotion(HandCall& call, std::uint8_t finger)
+{
+    Value target = 0;
+    Value current = 0;
+    if (!call.perform<Operation>(finger, &target, &current))
+        return QJsonValue::Undefined;
+    const Value value = WantsTarget ? target : current;
+    return IsAngle ? QJsonValue(value / HundredthsPerDegree) : QJsonValue(value);
+}
+
+QJsonValue readForce(HandCall& call, std::uint8_t finger)
+{
+    std::uint16_t force = 0;
+    return call.perform<&VantoProtocol::getFingerForce>(finger, &force, std::uint8_t{1})
+               ? QJsonValue(force)
+               : QJsonValue(QJsonValue::Undefined);
+}
+
+QJsonValue readProtocolVersion(HandCall& call, std::uint8_t)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
+        return QJsonValue::Undefined;
+    return QStringLiteral("%1.%2").arg(major).arg(minor);
+}
+
+QJsonValue readFirmwareVersion(HandCall& call, std::uint8_t)
+{
+    std::uint8_t major = 0;
+    std::uint8_t minor = 0;
+    std::uint16_t revision = 0;
+    if (!call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
+        return QJsonValue::Undefined;
+    return QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(revision);
+}
+
+QJsonValue readHardware(HandCall& call, std::uint8_t)
+{
+    std::uint8_t type = 0;
+    std::uint8_t version = 0;
+    std::uint16_t bootLoader = 0;
+    if (!call.perform<&VantoProtocol::getHardwareVersion>(&type, &version, &bootLoader))
+        return QJsonValue::Undefined;
+    return QStringLiteral("%1%2")
+        .arg(type, 2, 16, QLatin1Char('0'))
+        .arg(version, 2, 16, QLatin1Char('0'))
+        .toUpper();
+}
+
+QJsonValue readPreset(HandCall& call, std::uint8_t)
+{
+    std::uint16_t position = 0;
+    std::uint8_t index = 0;
+    if (!call.perform<&VantoProtocol::getThumbRootPos>(&position, &index))
+        return QJsonValue::Undefined;
+    return QJsonObject{{QStringLiteral("position"), position}, {QStringLiteral("preset"), index}};
+}
+
+QJsonValue readUid(HandCall& call, std::uint8_t)
+{
+    std::array<std::uint32_t, 3> words{};
+    if (!call.perform<&VantoProtocol::getUID>(&words[0], &words[1], &words[2]))
+        return QJsonValue::Undefined;
+    QString text;
+    for (const std::uint32_t word : words)
+        text += QStringLiteral("%1").arg(word, 8, 16, QLatin1Char('0')).toUpper();
+    return text;
+}
+
+QJsonValue readUsage(HandCall& call, std::uint8_t)
+{
+    std::uint32_t total = 0;
+    PerFinger<std::uint32_t> perFinger{};
+    if (!call.perform<&VantoProtocol::getUsageStat>(&total, perFinger.data(),
+                                                    std::uint8_t{FingerCount}))
+        return QJsonValue::Undefined;
+    QJsonArray fingers;
+    for (const std::uint32_t count : perFinger)
+        fingers.append(qint64{count});
+    return QJsonObject{{QStringLiteral("total"), qint64{total}},
+                       {QStringLiteral("fingers"), fingers}};
+}
+} // namespace
+
+const std::vector<HandValue>& handValues()
+{
+    constexpr int Fingers = FingerCount;
+    using Hand = VantoProtocol;
+    using Word = std::uint16_t;
+    using Angle = std::int16_t;
+    static const std::vector<HandValue> values{
+        {"current", Fingers, readOne<&Hand::getFingerCurrent, Word>},
+        {"force", ForceFingers, readForce},
+        {"position", Fingers, readMotion<&Hand::getFingerPos, Word, false>},
+        {"targetPosition", Fingers, readMotion<&Hand::getFingerPos, Word, true>},
+        {"angle", Fingers, readMotion<&Hand::getFingerAngle, Angle, false, true>},
+        {"targetAngle", Fingers, readMotion<&Hand::getFingerAngle, Angle, true, true>},
+        {"rawPosition", Fingers, readMotion<&Hand::getFingerPosAbs, Word, false>},
+        {"rawTarget", Fingers, readMotion<&Hand::getFingerPosAbs, Word, true>},
+        {"thumbRootPreset", 0, readPreset},
+        {"batteryVoltage", 0, readOne<&Hand::getBatteryVoltage, Word>},
+        {"buttonCount", 0, readOne<&Hand::getButtonPressedCnt, std::uint8_t>},
+        {"usage", 0, readUsage},
+        {"firmware", 0, readFirmwareVersion},
+        {"protocolVersion", 0, readProtocolVersion},
+        {"hardware", 0, readHardware},
+        {"uid", 0, readUid},
+    };
+    return values;
+}
+
+const HandValue* findHandValue(const QString& name)
+{
+    const auto found = std::ranges::find_if(handValues(), [&](const HandValue& each) {
+        return reduced(name) == reduced(QLatin1String(each.name));
+    });
+    return found == handValues().end() ? nullptr : &*found;
+}
+
+} // namespace vanto

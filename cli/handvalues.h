@@ -1,0 +1,27 @@
+#pragma once
+
+#include "handcall.h"
+
+#include <QJsonValue>
+
+#include <vector>
+
+namespace vanto
+{
+
+constexpr int ForceFingers = 5; ///< the thumb root has no force sensor
+constexpr double HundredthsPerDegree = 100;
+
+/// A value of a hand that is no parameter, such as a current.
+struct HandValue {
+    const char* name;
+    int fingers; ///< it exists for the first ones; 0: once for the hand
+    /// Reads it; reports a failure and returns undefined then.
+    QJsonValue (*read)(HandCall& call, std::uint8_t finger);
+};
+
+const std::vector<HandValue>& handValues();
+/// Regardless of case, '-' and '_'.
+const HandValue* findHandValue(const QString& name);
+
+} // namespace vanto

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+
+class QSocketNotifier;
+
+namespace vanto
+{
+
+/// Receives SIGINT, SIGTERM and SIGHUP, as an event. SIGPIPE is ignored, so that writing fails
+/// instead. Only one object may exist.
+class Interruption : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Interruption(QObject* parent = nullptr);
+    ~Interruption() override;
+
+    /// Whether a signal has arrived; true at once, before the event.
+    static bool isRequested();
+    /// Whether the fingers have to be halted: SIGTERM or SIGHUP, or a second signal.
+    static bool isHaltRequested();
+
+signals:
+    /// Emitted for each signal.
+    void sig_requested();
+
+private:
+    void receive();
+
+    QSocketNotifier* m_notifier;
+};
+
+} // namespace vanto

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+
+class QSocketNotifier;
+
+namespace vanto
+{
+
+/// Splits a byte stream into lines. Pure.
+class LineSplitter
+{
+public:
+    static constexpr qsizetype MaxLength = 4096; ///< bytes
+
+    struct Line {
+        QByteArray text;        ///< without the line feed, and without a carriage return before it
+        bool isTooLong = false; ///< then `text` is its beginning
+    };
+
+    /// Adds bytes and returns the lines that they complete.
+    QList<Line> feed(QByteArrayView bytes);
+    /// What follows the last line feed, if anything.
+    QList<Line> finish();
+
+private:
+    void append(QByteArrayView part);
+    Line take();
+
+    Line m_line;
+};
+
+/// Reads lines from standard input as events.
+class LineInput : public QObject
+{
+    Q_OBJECT
+public:
+    explicit LineInput(QObject* parent = nullptr);
+
+    bool hasLine() const { return !m_lines.isEmpty(); }
+    LineSplitter::Line takeLine() { return m_lines.takeFirst(); }
+    /// Whether the input has ended; lines may be left.
+    bool hasEnded() const { return m_ended; }
+
+signals:
+    /// Lines have arrived, or the input has ended.
+    void sig_received();
+
+private:
+    void receive();
+
+    QSocketNotifier* m_notifier = nullptr;
+    LineSplitter m_splitter;
+    QList<LineSplitter::Line> m_lines;
+    bool m_ended = false;
+};
+
+} // namespace vanto

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "command.h"
+
+namespace vanto
+{
+
+/// monitor
+std::vector<Command> monitorCommands();
+
+} // namespace vanto

@@ -1,0 +1,190 @@
+#include "playcommand.h"
+
+#include "eventwait.h"
+#include "fingers.h"
+#include "interruption.h"
+#include "motionguard.h"
+#include "sequencemanager.h"
+#include "sequenceplayer.h"
+#include "tool.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include <algorithm>
+#include <limits>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes
+
+bool load(const QString& path, SequenceManager& manager, Answer& answer)
+{
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() > MaxFileSize) {
+        answer.fail(ExitStatus::File,
+                    QStringLiteral("'%1' is not a file of at most 64 MiB.").arg(path));
+        return false;
+    }
+    QFile file(path);
+    if (!info.isReadable() || !manager.loadSequenceData(file))
+        answer.fail(ExitStatus::File, QStringLiteral("'%1' is not a sequence.").arg(path));
+    return !answer.hasFailed();
+}
+
+/// Plays a sequence and keeps the time and the highest currents of each step.
+class Playback : public QObject
+{
+    Q_OBJECT
+public:
+    Playback(Tool& tool, Answer& answer) : m_tool(tool), m_answer(answer)
+    {
+        connect(&m_player, &SequencePlayer::sig_updatePlaying, this, &Playback::noteStep);
+        connect(&m_player, &SequencePlayer::sig_currentRead, this, &Playback::noteCurrent);
+        connect(&m_player, &SequencePlayer::sig_refused, this,
+                [this](const QString&, std::uint8_t result, std::uint8_t subError) {
+                    m_result = result;
+                    m_subError = subError;
+                });
+        connect(&tool.hand(), &Connection::sig_stopped, &m_player, &SequencePlayer::stop);
+    }
+
+    /// Indices of the first step and of the one after the last.
+    bool playOnce(const SequenceData& data, int first, int end)
+    {
+        const HandTarget hand = m_tool.hand().target();
+        if (!hand.isCurrent())
+            return false;
+        m_player.setVantoProtocol(hand.adapter, hand.node);
+        m_tool.hand().noteMotion();
+        m_step = first;
+        m_finished = false;
+        m_starting = true;
+        const bool isPlaying = m_player.play(data, first, end, false);
+        m_starting = false;
+        if (!isPlaying && !Interruption::isRequested())
+            failAt({});
+        waitUntil([this] { return !m_player.isPlaying() && !m_player.isSending(); });
+        if (!m_answer.hasFailed() && !Interruption::isRequested()) {
+            m_tool.hand().noteArrival();
+            return true;
+        }
+        if (m_answer.status() == ExitStatus::OverCurrent)
+            m_tool.hand().halt();
+        return false;
+    }
+
+    void writeResult() { m_answer.data.insert(QStringLiteral("steps"), m_steps); }
+
+private:
+    void noteStep(bool isPlaying, int index, qint64 milliseconds, const QString& error)
+    {
+        if (!error.isEmpty())
+            failAt(error);
+        if (m_starting || m_finished)
+            return;
+        // The time of a step is known when the next one starts.
+        m_finished = !isPlaying;
+        addStep(milliseconds);
+        m_step = index;
+    }
+
+    void addStep(qint64 milliseconds)
+    {
+        QJsonArray highest;
+        for (const int current : m_highest)
+            highest.append(current);
+        m_steps.append(QJsonObject{{QStringLiteral("step"), m_step + 1},
+                                   {QStringLiteral("milliseconds"), milliseconds},
+                                   {QStringLiteral("highestCurrent"), highest}});
+        m_tool.output().note(QStringLiteral("Step %1: %2 ms").arg(m_step + 1).arg(milliseconds));
+        m_highest = {};
+    }
+
+    void noteCurrent(std::uint8_t finger, std::uint16_t current)
+    {
+        m_highest.at(finger) = std::max(m_highest.at(finger), int{current});
+        m_overCurrent = m_overCurrent || MotionGuard::isOverCurrent(current);
+    }
+
+    void failAt(const QString& error)
+    {
+        if (m_overCurrent)
+            m_answer.fail(ExitStatus::OverCurrent, error);
+        else if (m_result != 0)
+            m_answer.fail(Connection::failureStatus(m_tool.hand().target(),
+                                                    static_cast<std::uint8_t>(m_result)),
+                          error, m_result, m_subError);
+        else
+            m_answer.fail(ExitStatus::NoAnswer,
+                          error.isEmpty() ? QStringLiteral("The step could not be sent.") : error,
+                          ResultCode::Timeout);
+    }
+
+    Tool& m_tool;
+    Answer& m_answer;
+    SequencePlayer m_player;
+    QJsonArray m_steps;
+    PerFinger<int> m_highest{}; ///< mA, of the present step
+    int m_step = 0;             ///< index of the present step
+    bool m_starting = false;    ///< the first step is being sent
+    bool m_finished = false;
+    bool m_overCurrent = false;
+    int m_result = 0;
+    int m_subError = 0;
+};
+
+void play(Tool& tool, Arguments& arguments, Answer& answer)
+{
+    SequenceManager manager;
+    if (!load(arguments.values.value(0), manager, answer))
+        return;
+    const SequenceData& data = manager.sequenceData();
+    const auto count = static_cast<int>(data.sequences.size());
+    if (count == 0) {
+        answer.fail(ExitStatus::File, QStringLiteral("The sequence has no steps."));
+        return;
+    }
+    const auto step = [&](const char* option, int otherwise) {
+        return arguments.has(option)
+                   ? arguments.number(arguments.option(option), "A step", 1, count)
+                   : otherwise;
+    };
+    const int first = step("--from", 1);
+    const int last = step("--to", count);
+    const int repeat = arguments.has("--repeat")
+                           ? arguments.number(arguments.option("--repeat"), "The number", 1,
+                                              std::numeric_limits<int>::max())
+                           : 1;
+    if (last < first)
+        arguments.setError(QStringLiteral("Step %1 comes before step %2.").arg(last).arg(first));
+    if (!arguments.error().isEmpty() || !tool.hand().open())
+        return;
+    Playback playback(tool, answer);
+    for (int i = 0; i < repeat; ++i)
+        if (!playback.playOnce(data, first - 1, last))
+            break;
+    playback.writeResult();
+}
+} // namespace
+
+std::vector<Command> playCommands()
+{
+    return {{"play",
+             "Play a sequence",
+             Effect::Writes,
+             false,
+             {{"file", 1, 1, "A sequence file"}},
+             {{"--from", "STEP", 1, "First step, counted from 1"},
+              {"--to", "STEP", 1, "Last step"},
+              {"--repeat", "TIMES", 1, "Play the steps so often; once if omitted"}},
+             play}};
+}
+
+} // namespace vanto
+
+#include "playcommand.moc"

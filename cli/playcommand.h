@@ -1,0 +1,11 @@
+#pragma once
+
+#include "command.h"
+
+namespace vanto
+{
+
+/// play
+std::vector<Command> playCommands();
+
+} // namespace vanto

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "command.h"
+
+namespace vanto
+{
+
+/// ports, scan
+std::vector<Command> portCommands();
+
+} // namespace vanto

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "command.h"
+
+namespace vanto
+{
+
+/// update
+std::vector<Command> updateCommands();
+
+} // namespace vanto

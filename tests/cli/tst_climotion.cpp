@@ -1,0 +1,183 @@
+#include "clitest.h"
+#include "testmain.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <csignal>
+
+namespace vanto
+{
+
+/// Motions by vantoctl: signals, too much current, sequences, batch.
+class TestCliMotion : public CliTest
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { close(); }
+    void interruptions_data();
+    void interruptions();
+    void overCurrent_data();
+    void overCurrent();
+    void play();
+    void monitor();
+    void batch();
+    void batchEndings();
+    void badOutput();
+};
+
+void TestCliMotion::interruptions_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QList<int>>("signalNumbers");
+    QTest::addColumn<bool>("halts");
+    for (const char* words :
+         {"move 1 60000 --speed 20 --wait", "play " EXAMPLES "/wave.json --repeat 9"}) {
+        QTest::addRow("SIGINT %.4s", words) << QString(words) << QList<int>{SIGINT} << false;
+        QTest::addRow("two %.4s", words) << QString(words) << QList<int>{SIGINT, SIGINT} << true;
+        QTest::addRow("SIGTERM %.4s", words) << QString(words) << QList<int>{SIGTERM} << true;
+    }
+}
+
+void TestCliMotion::interruptions()
+{
+    QFETCH(QString, words);
+    QFETCH(QList<int>, signalNumbers);
+    QFETCH(bool, halts);
+    start();
+    CliProcess cli(*m_hand);
+    cli.start(words + " --protocol serialctrl");
+    QTRY_VERIFY_WITH_TIMEOUT(m_hand->frames({0x06}).size() > 8, 20'000);
+    for (const int number : signalNumbers) {
+        cli.sendSignal(number);
+        QTest::qWait(30); // a signal that is pending is not delivered twice
+    }
+    const auto sent = m_hand->frames({0x4C}).size();
+    const auto result = cli.finish();
+    QCOMPARE(result.status, 130);
+    QCOMPARE(m_hand->frames({0x4C}).size(), sent);
+    QCOMPARE(m_hand->frames({0x4A}).size(), halts ? 1 : 0);
+    if (halts)
+        QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+}
+
+void TestCliMotion::overCurrent_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<bool>("modbus");
+    for (const char* words : {"move 1 60000 --speed 20 --wait", "pose 9 9 60000 9 9 9 --wait",
+                              "play " EXAMPLES "/wave.json"})
+        for (const bool modbus : {false, true})
+            QTest::addRow("%.4s %d", words, modbus) << QString(words) << modbus;
+}
+
+void TestCliMotion::overCurrent()
+{
+    QFETCH(QString, words);
+    QFETCH(bool, modbus);
+    start({"--node", modbus ? "2:modbus" : "2"});
+    m_hand->command("set 2 current 2 80");
+    CliProcess cli(*m_hand);
+    const auto result = cli.run(words + " --json");
+    QCOMPARE(result.status, 6);
+    QVERIFY2(result.errors.contains("Middle has too big current: 80 mA"),
+             qPrintable(result.errors));
+    if (!modbus)
+        QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"});
+    for (int finger = 0; finger < 6; ++finger)
+        QCOMPARE(m_hand->command(QString("get 2 moving %1").arg(finger)), "ok 0");
+}
+
+void TestCliMotion::play()
+{
+    start({"--node", "2", "--speed", "20"});
+    CliProcess cli(*m_hand);
+    const auto result = cli.run("play " EXAMPLES "/wave.json --from 2 --to 3 --repeat 2 --json");
+    QCOMPARE(result.status, 0);
+    const auto steps = QJsonDocument::fromJson(result.output.toUtf8()).object()["steps"].toArray();
+    QStringList numbers;
+    for (const QJsonValue step : steps)
+        numbers.append(QString::number(step.toObject()["step"].toInt()));
+    QCOMPARE(numbers.join(' '), "2 3 2 3");
+    QVERIFY(steps[0].toObject()["milliseconds"].toInt() > 0);
+    QVERIFY(steps[0].toObject()["highestCurrent"].toArray()[0].toInt() > 0);
+    QCOMPARE(motions().size(), 24);
+    QCOMPARE(cli.run("play /nowhere").status, 5);
+}
+
+void TestCliMotion::monitor()
+{
+    start();
+    CliProcess cli(*m_hand);
+    auto result = cli.run("monitor --for 0.3 --rate 50 --fields current,force,position");
+    QCOMPARE(result.status, 0);
+    const QStringList lines = result.output.split('\n', Qt::SkipEmptyParts);
+    QVERIFY(lines.size() > 1);
+    for (const QString& line : lines)
+        QCOMPARE(line.count(','), 2 + 6 + 5 + 6);
+    result = cli.run("monitor --for 0.1 --format jsonl");
+    QVERIFY(QJsonDocument::fromJson(result.output.section('\n', 0, 0).toUtf8())
+                .object()
+                .contains("current"));
+}
+
+void TestCliMotion::batch()
+{
+    start({"--node", "2", "--node", "3"});
+    CliProcess cli(*m_hand);
+    const QByteArray input =
+        "2 get current 0\n\n# comment\n3 set currentLimit 1 44\r\n" + QByteArray(1024 * 1024, 'a') +
+        "\n2 \xff\x01 bytes\n2 fly\n" +
+        "2 move 1 500 --wait\n2 beep 1 2\n999 beep\n2 pose 1 2 3 4 5 6\n2 halt\n"
+        "2 move 1 5\n2 continue\n2 move 1 5";
+    const auto result = cli.run("batch", input);
+    QCOMPARE(result.status, 0);
+    QStringList statuses;
+    for (const QString& line : result.output.split('\n', Qt::SkipEmptyParts))
+        statuses.append(
+            QString::number(QJsonDocument::fromJson(line.toUtf8()).object()["status"].toInt(-1)));
+    QCOMPARE(statuses.join(' '), "0 0 2 2 2 2 2 2 0 0 1 0 0");
+    QCOMPARE(m_hand->command("get 3 current-limit 1"), "ok 44");
+    QCOMPARE(motions().filter("4c ").size(), 1); // the one after continue
+    QCOMPARE(m_hand->frames({0x4A}).size(), 2);  // the second at the end of the input
+}
+
+void TestCliMotion::batchEndings()
+{
+    start({"--node", "2", "--node", "3"});
+    CliProcess cli(*m_hand);
+    cli.start("batch --watchdog 300");
+    cli.process().write("2 move 1 60000 --speed 5\n3 get current 0\n");
+    QTRY_VERIFY_WITH_TIMEOUT(
+        (cli.process().waitForReadyRead(1), m_hand->frames({0x4A}).size() == 1), 20'000);
+    QCOMPARE(m_hand->addressed().filter(":4a"), QStringList{"02:4a"}); // not the one that was read
+    cli.process().write("2 continue\n3 move 1 60000 --speed 5\n");
+    QTRY_VERIFY_WITH_TIMEOUT(m_hand->frames({0x4C}).size() == 2, 20'000);
+    cli.sendSignal(SIGTERM);
+    QCOMPARE(cli.finish().status, 130);
+    QCOMPARE(m_hand->command("get 3 moving 1"), "ok 0");
+}
+
+void TestCliMotion::badOutput()
+{
+    start();
+    CliProcess cli(*m_hand);
+    cli.process().setStandardOutputFile("/dev/full");
+    auto result = cli.run("get current 0");
+    QCOMPARE(result.status, 5);
+    QVERIFY(result.errors.contains("No space left on device"));
+    QProcess shell;
+    shell.setProcessEnvironment(cli.process().processEnvironment());
+    shell.start("bash", {"-c", QCoreApplication::applicationDirPath() +
+                                   "/vantoctl monitor --rate max --quiet | head -n 2"});
+    QVERIFY(shell.waitForFinished(30'000));
+    QCOMPARE(shell.readAllStandardOutput().count('\n'), 2);
+    QCOMPARE(shell.readAllStandardError(), "");
+}
+
+VANTO_TEST(TestCliMotion)
+
+} // namespace vanto
+
+#include "tst_climotion.moc"

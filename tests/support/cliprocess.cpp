@@ -1,0 +1,71 @@
+#include "cliprocess.h"
+
+#include "handprocess.h"
+
+#include <QCoreApplication>
+
+#include <csignal>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr int EndMs = 60'000; ///< generous, as sanitizers are slow on a busy machine
+}
+
+CliProcess::CliProcess(const HandProcess& hand, int patience)
+{
+    m_process.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    setVariable("VANTO_PORT", hand.portName());
+    setVariable("VANTO_NODE", "2");
+    setVariable("VANTO_PATIENCE", QString::number(patience));
+}
+
+CliProcess::~CliProcess()
+{
+    m_process.kill();
+    m_process.waitForFinished(EndMs);
+}
+
+void CliProcess::setVariable(const QString& name, const QString& value)
+{
+    auto environment = m_process.processEnvironment();
+    environment.insert(name, value);
+    m_process.setProcessEnvironment(environment);
+}
+
+void CliProcess::start(const QString& words, const QByteArray& input)
+{
+    m_process.start(QCoreApplication::applicationDirPath() + "/vantoctl",
+                    words.split(' ', Qt::SkipEmptyParts));
+    m_process.waitForStarted(EndMs);
+    if (!input.isEmpty()) {
+        m_process.write(input);
+        m_process.closeWriteChannel();
+    }
+}
+
+void CliProcess::sendSignal(int number) const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), number);
+}
+
+CliProcess::Result CliProcess::finish()
+{
+    const bool ended =
+        m_process.state() == QProcess::NotRunning || m_process.waitForFinished(EndMs);
+    const bool exited = ended && m_process.exitStatus() == QProcess::NormalExit;
+    return {exited ? m_process.exitCode() : -1,
+            QString::fromUtf8(m_process.readAllStandardOutput()),
+            QString::fromUtf8(m_process.readAllStandardError())};
+}
+
+CliProcess::Result CliProcess::run(const QString& words, const QByteArray& input)
+{
+    start(words, input);
+    m_process.closeWriteChannel();
+    return finish();
+}
+
+} // namespace vanto
