@@ -20,6 +20,7 @@ WindowDriver::WindowDriver(const QStringList& ports, void (*beforeShown)())
     qputenv("VANTO_PORTS", ports.join(QLatin1Char(':')).toUtf8());
     // Beside setting.ini, not among the files of the user who runs this.
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(QDir::currentPath()));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::currentPath()));
     m_window = std::make_unique<MainWindow>();
     if (beforeShown)
         beforeShown();
