@@ -45,7 +45,7 @@ bool isMotionButton(const QString& name)
 {
     for (const char* prefix :
          {"pushButton_RunSetPos", "pushButton_SeqInsert", "pushButton_SeqRun", "pushButton_SeqUp",
-          "pushButton_SeqDown", "pushButton_BasicRecalibrate"})
+          "pushButton_SeqDown", "pushButton_SeqDelete", "pushButton_BasicRecalibrate"})
         if (name.startsWith(QLatin1String(prefix)))
             return true;
     return false;
@@ -78,6 +78,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"stop", 5, false, false, &Monkey::stopSequence},
         {"halt", 3, false, false, &Monkey::pressHalt},
         {"menu", 2, false, false, &Monkey::triggerAction},
+        {"edit", 12, false, false, &Monkey::editSequence},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
     };
@@ -415,6 +416,22 @@ void Monkey::triggerAction()
 {
     constexpr std::array names{"action_Theme", "action_About", "action_Messages",
                                "action_Open_Node", "action_Scan_Range"};
+    m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
+}
+
+/// Uses the Edit menu, which only changes data, and extends the selection, which plays nothing.
+void Monkey::editSequence()
+{
+    constexpr std::array names{
+        "action_Undo",           "action_Redo",         "action_Cut_Steps",
+        "action_Copy_Steps",     "action_Paste_Steps",  "action_Delete_Step",
+        "action_Duplicate_Step", "action_Move_Step_Up", "action_Move_Step_Down"};
+    auto* table = m_driver.find<QTableWidget>("tableWidget_Seq");
+    if (table->isVisible() && table->isEnabled() && randomBelow(2) == 0) {
+        QKeyEvent down(QEvent::KeyPress, randomBelow(2) == 0 ? Qt::Key_Down : Qt::Key_Up,
+                       Qt::ShiftModifier);
+        QApplication::sendEvent(table, &down);
+    }
     m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 

@@ -78,6 +78,7 @@ private:
     void pressHalt();
     void noteHalt();
     void triggerAction();
+    void editSequence();
     void injectFault();
     void interruptConnection();
 
