@@ -49,6 +49,14 @@ bool SequenceManager::failToOpen(const QString& reason)
     return fail(reason);
 }
 
+void SequenceManager::failToWrite(const QFileDevice& file)
+{
+    // A short write is no error for Qt.
+    fail(file.error() == QFileDevice::NoError
+             ? tr("Not everything could be written. Is the disk full?")
+             : file.errorString());
+}
+
 bool SequenceManager::loadSequenceData(QFile& file)
 {
     m_fileError.clear();
@@ -78,7 +86,7 @@ bool SequenceManager::saveSequenceData(QFile& file)
         if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
             return failToOpen(file.errorString());
         if (file.write(json) != json.size() || !file.flush())
-            fail(file.errorString());
+            failToWrite(file);
         file.close();
         return true;
     }
@@ -86,9 +94,13 @@ bool SequenceManager::saveSequenceData(QFile& file)
     whole.setDirectWriteFallback(true); // a writable file in a folder that is not
     if (!whole.open(QIODevice::WriteOnly))
         return failToOpen(whole.errorString());
-    whole.write(json);
-    if (!whole.commit())
-        fail(whole.errorString());
+    const bool isWritten = whole.write(json) == json.size();
+    if (!isWritten) {
+        failToWrite(whole);
+        whole.cancelWriting();
+    }
+    if (!whole.commit() && isWritten)
+        failToWrite(whole);
     return true;
 }
 

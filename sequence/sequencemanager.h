@@ -5,6 +5,7 @@
 #include <QObject>
 
 class QFile;
+class QFileDevice;
 
 namespace vanto
 {
@@ -46,6 +47,7 @@ public:
 private:
     bool fail(const QString& reason);
     bool failToOpen(const QString& reason);
+    void failToWrite(const QFileDevice& file);
 
     SequenceData m_data;
     QString m_fileError;

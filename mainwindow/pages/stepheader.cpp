@@ -10,9 +10,9 @@ namespace vanto
 StepHeader::StepHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent)
 {
     setSectionsClickable(true);
+    setHighlightSections(true);
     // Individual row heights would query every cell of a long sequence.
     setSectionResizeMode(QHeaderView::Fixed);
-    setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 bool StepHeader::viewportEvent(QEvent* event)

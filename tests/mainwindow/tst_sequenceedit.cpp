@@ -92,6 +92,8 @@ void TestSequenceEdit::choose(const char* button, const QString& file) const
 {
     DialogAnswer<QFileDialog> answer(
         [&](QFileDialog* dialog) { chooseFile(*dialog, QFileInfo(file).absoluteFilePath()); });
+    DialogAnswer<QMessageBox> overwrite(
+        [](QMessageBox* box) { box->button(QMessageBox::Yes)->click(); });
     m_tool->click(button);
     QCOMPARE(answer.count(), 1);
     m_tool->window()->activateWindow(); // the dialog was the active one
@@ -186,7 +188,10 @@ void TestSequenceEdit::randomSession()
     const QByteArray first = json();
     for (int i = 0; i < 400; ++i) {
         const int rows = table()->rowCount();
-        if (rows > 0 && random.bounded(4) == 0)
+        if (rows > 50) {
+            table()->selectAll();
+            m_tool->trigger("action_Delete_Step");
+        } else if (rows > 0 && random.bounded(4) == 0)
             clickRow(random.bounded(std::min(rows, 5)),
                      random.bounded(2) ? Qt::ShiftModifier : Qt::ControlModifier);
         m_tool->trigger(DataActions[random.bounded(DataActions.size())]);
@@ -237,7 +242,7 @@ void TestSequenceEdit::limitOfHistory()
     while (history.redo()) {
     }
     QCOMPARE(data.sequences.size(), steps);
-    change(2'000'000); // larger than all that may be kept
+    change(600'000); // larger than all that may be kept
     QCOMPARE(history.stack().count(), 1);
     history.undo();
     QCOMPARE(data.sequences.size(), steps);
@@ -287,8 +292,8 @@ void TestSequenceEdit::whenEnabled()
     QCOMPARE(delays(), "600003202");
     QCOMPARE(table()->currentRow(), 3);
     QTRY_VERIFY(table()->isEnabled());
-    m_tool->window()->closeDevice();
-    QVERIFY(!action("action_Undo")->isEnabled());
+    m_tool->ports()->setCurrentIndex(-1);
+    QCOMPARE(enabled(), "0000000000");
 }
 
 void TestSequenceEdit::selectionOfSeveralRows()
@@ -340,8 +345,7 @@ void TestSequenceEdit::clipboard()
     QCOMPARE(m_tool->find<QComboBox>("comboBox_SeqPosOrAngle")->currentIndex(), 1);
     m_tool->trigger("action_Redo");
     copied.position_type = SequenceData::POS_TYPE_ANGLE;
-    for (const QString& text :
-         {QString::fromUtf8(copied.toJSON()), QString("secret"), QString("{}")}) {
+    for (const QString& text : {QString::fromUtf8(copied.toJSON()), QString("secret")}) {
         m_tool->clearShownTexts();
         QApplication::clipboard()->setText(text);
         m_tool->trigger("action_Paste_Steps");
@@ -415,9 +419,10 @@ void TestSequenceEdit::fileAndState()
     m_tool->trigger("action_Undo");
     QCOMPARE(name->text(), "given.json");
     m_tool->trigger("action_Redo");
-    choose("pushButton_SeqSave", "/dev/full"); // everything can be opened, nothing written
+    QVERIFY(QFile::link("/dev/full", "full.json")); // can be opened, but not written
+    choose("pushButton_SeqSave", "full.json");
     QCOMPARE(name->text(), "given.json (not saved)");
-    QVERIFY(messages().constLast().contains("/dev/full is not saved: "));
+    QVERIFY(messages().constLast().contains("full.json is not saved: "));
     choose("pushButton_SeqSave", "b.json");
     QCOMPARE(name->text(), "b.json");
     const QByteArray saved = json();
@@ -480,12 +485,15 @@ void TestSequenceEdit::repeatedRun()
     repeat->setValue(3);
     select(1);
     QSignalSpy ends(m_tool->window()->findChild<SequencePlayer*>(), &SequencePlayer::sig_ended);
+    QStringList lines;
+    connect(m_tool->window()->findChild<SequencePlayer*>(), &SequencePlayer::sig_updatePlaying,
+            this, [&] { lines.append(table()->verticalHeaderItem(2) ? line() : QString()); });
     m_tool->click("pushButton_SeqRun");
-    QTRY_COMPARE(line(), "Playing step 3 of 3, round 2 of 3");
-    QVERIFY(!table()->verticalHeaderItem(2)->icon().isNull());
     QTRY_VERIFY(!m_tool->enabled("pushButton_SeqStop"));
     QCOMPARE(motions().size(), 3 * 12);
     QCOMPARE(ends.count(), 1);
+    QVERIFY(lines.contains("Playing step 3 of 3, round 2 of 3"));
+    m_tool->window()->findChild<SequencePlayer*>()->disconnect(this);
     repeat->setValue(0);
     select(1);
     m_tool->click("pushButton_SeqRun");
@@ -495,6 +503,7 @@ void TestSequenceEdit::repeatedRun()
     choose("pushButton_SeqLoad", "given.json");
     QCOMPARE(repeat->value(), 1);
     table()->selectAll();
+    table()->setFocus();
     QTest::keyClick(table(), Qt::Key_Delete);
     QVERIFY(!repeat->isEnabled());
 }
