@@ -66,10 +66,12 @@ private slots:
 private:
     QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
     void load(const QString& unit) const;
+    void choose(const char* button, const QString& file) const;
     void type(const QString& field, const QString& text) const;
     void drag(const QString& slider, int value) const;
     void doubleClick(int row) const;
     void act(const char* name, const std::function<void()>& action);
+    void compareWithRecord(const QString& fileName) const;
 
     QStringList m_session;
 };
@@ -85,10 +87,14 @@ void TestSequenceSession::load(const QString& unit) const
                    .arg(unit)
                    .toUtf8());
     file.close();
-    DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
-        chooseFile(*dialog, QFileInfo("given.json").absoluteFilePath());
-    });
-    m_tool->click("pushButton_SeqLoad");
+    choose("pushButton_SeqLoad", "given.json");
+}
+
+void TestSequenceSession::choose(const char* button, const QString& file) const
+{
+    DialogAnswer<QFileDialog> answer(
+        [&](QFileDialog* dialog) { chooseFile(*dialog, QFileInfo(file).absoluteFilePath()); });
+    m_tool->click(button);
     QCOMPARE(answer.count(), 1);
 }
 
@@ -160,12 +166,7 @@ void TestSequenceSession::frames()
     act("run from the last row", [&] { click("pushButton_SeqRun"); });
     act("key down at the end", [&] { QTest::keyClick(table(), Qt::Key_Down); });
     act("delete the last row", [&] { click("pushButton_SeqDelete"); });
-    act("save", [&] {
-        DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
-            chooseFile(*dialog, QDir::current().absoluteFilePath("saved.json"));
-        });
-        click("pushButton_SeqSave");
-    });
+    act("save", [&] { choose("pushButton_SeqSave", "saved.json"); });
     QFile saved("saved.json");
     QVERIFY(saved.open(QFile::ReadOnly));
     m_session.append(saved.readAll().simplified());
@@ -182,8 +183,13 @@ void TestSequenceSession::frames()
     });
     act("delete without a row", [&] { click("pushButton_SeqDelete"); });
 
+    compareWithRecord(Recorded.arg(protocol + '-' + unit));
+}
+
+void TestSequenceSession::compareWithRecord(const QString& fileName) const
+{
     const QString actual = m_session.join('\n') + '\n';
-    QFile record(Recorded.arg(protocol + '-' + unit));
+    QFile record(fileName);
     if (qEnvironmentVariableIsSet("VANTO_RECORD_SESSIONS")) {
         QVERIFY(record.open(QFile::WriteOnly));
         record.write(actual.toUtf8());
