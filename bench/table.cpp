@@ -79,8 +79,8 @@ bool reportEdits(const WindowDriver& tool, QTableWidget* table)
         good &= report({what, time, "ms", filled, 1});
     };
     check("paste of 1,000 steps", timeOf(tool, "action_Paste_Steps", nothing));
-    check("undo of it", timeOf(tool, "action_Undo", nothing));
     check("redo of it", timeOf(tool, "action_Redo", undo));
+    check("undo of it", timeOf(tool, "action_Undo", nothing));
     check("delete of 1,000 steps", timeOf(tool, "action_Delete_Step", [&] { select(Pasted); }));
     check("undo of it", timeOf(tool, "action_Undo", nothing));
     const auto one = [&] { select(1); };
