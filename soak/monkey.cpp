@@ -37,6 +37,7 @@ constexpr int DisconnectedMs = 700;
 constexpr int ReconnectionMs = 2000; ///< two searches of the window
 constexpr int StuckMs = 60'000;      ///< without an action; includes the time of an update
 constexpr int CloseRetryMs = 200;
+constexpr int MaxRows = 100;   ///< of a sequence; more are removed
 constexpr int MinHaltMs = 750; ///< an earlier click on Continue halts once more
 constexpr int MaxHaltMs = 2000;
 
@@ -426,7 +427,14 @@ void Monkey::editSequence()
         "action_Undo",           "action_Redo",         "action_Cut_Steps",
         "action_Copy_Steps",     "action_Paste_Steps",  "action_Delete_Step",
         "action_Duplicate_Step", "action_Move_Step_Up", "action_Move_Step_Down"};
+    auto* pages = m_driver.find<QTabWidget>("tabWidget");
     auto* table = m_driver.find<QTableWidget>("tableWidget_Seq");
+    if (pages->isEnabled() && randomBelow(2) == 0)
+        pages->setCurrentIndex(SequenceTab);
+    if (table->isVisible() && table->isEnabled() && table->rowCount() > MaxRows) {
+        table->selectAll();
+        m_driver.trigger(QStringLiteral("action_Delete_Step"));
+    }
     if (table->isVisible() && table->isEnabled() && randomBelow(2) == 0) {
         QKeyEvent down(QEvent::KeyPress, randomBelow(2) == 0 ? Qt::Key_Down : Qt::Key_Up,
                        Qt::ShiftModifier);

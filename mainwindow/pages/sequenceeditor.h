@@ -39,7 +39,8 @@ public:
     /// Changes the values of a step, in whichever row it is; does nothing if it no longer exists.
     void edit(std::uint64_t step, const QString& text,
               const std::function<void(SequenceDataItem&)>& change);
-    /// Replaces the whole sequence, which then is that of `file`, and as unsaved as before.
+    /// Replaces the whole sequence by that of `file`. It counts as saved only if it is what the
+    /// file contains, as far as is known.
     void replace(const SequenceData& other, const QString& file, const QString& text);
 
     /// Stores a finger's value. Appends it if the list ends just before it, but leaves no gap: a

@@ -303,6 +303,8 @@ void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QStr
 {
     if (isPlaying || m_starting)
         m_status->noteStep(sequenceIndex);
+    else if (m_player->isPlayForEdit() && !m_status->hasStep())
+        m_status->markNotSent(); // stopped before the step
     if (isPlaying && !m_player->isPlayForEdit())
         m_table->selectSilently(sequenceIndex);
     if (!errMsg.isEmpty())

@@ -28,8 +28,10 @@ public:
     void clearMark();
     bool isNotSent() const;
 
-    /// The player has sent a step.
+    /// The player sends a step.
     void noteStep(int row);
+    /// Whether noteStep() has been called since the play began.
+    bool hasStep() const { return m_sinceStep.isValid(); }
     void update(bool isPlaying);
 
 private:
