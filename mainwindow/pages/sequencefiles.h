@@ -4,7 +4,7 @@
 
 #include <QTimer>
 
-class QLabel;
+class QAction;
 class QMenu;
 class QPushButton;
 
