@@ -1,4 +1,4 @@
-// The time from a long sequence file to its table, and the time to scroll the table.
+// The time from a long sequence file to its table, to scroll the table and to edit the sequence.
 
 #include "bench.h"
 #include "dialogwatch.h"
@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <functional>
+#include <vector>
 
 namespace vanto
 {
@@ -24,6 +26,8 @@ constexpr int Steps = 10'000;
 constexpr double LimitMs = 1000;
 constexpr double SmoothMs = 100; ///< to scroll to another row and paint it
 constexpr double MsPerNs = 1e-6;
+constexpr int Pasted = 1000;
+constexpr int Repeats = 5;
 
 QString writeSequence()
 {
@@ -38,6 +42,53 @@ QString writeSequence()
 double ms(const QElapsedTimer& timer)
 {
     return static_cast<double>(timer.nsecsElapsed()) * MsPerNs;
+}
+
+/// The median time of an action of the Edit menu and of the painting after it. `prepare` runs
+/// before each.
+double timeOf(const WindowDriver& tool, const char* action, const std::function<void()>& prepare)
+{
+    std::vector<double> times;
+    for (int i = 0; i < Repeats; ++i) {
+        prepare();
+        QElapsedTimer timer;
+        timer.start();
+        tool.trigger(QLatin1String(action));
+        tool.window()->repaint();
+        times.push_back(ms(timer));
+    }
+    return median(times);
+}
+
+/// Edits the loaded sequence. The limit of each edit is the time that filling the table takes: an
+/// action that undoes Load or redoes it.
+bool reportEdits(const WindowDriver& tool, QTableWidget* table)
+{
+    const auto nothing = [] {};
+    const auto undo = [&] { tool.trigger(QStringLiteral("action_Undo")); };
+    const auto select = [&](int rows) {
+        table->clearSelection();
+        table->setRangeSelected({0, 0, rows - 1, table->columnCount() - 1}, true);
+    };
+    const double filled = timeOf(tool, "action_Redo", undo);
+    std::printf("     filling of the table %.1f ms\n", filled);
+    select(Pasted);
+    tool.trigger(QStringLiteral("action_Copy_Steps"));
+    bool good = true;
+    const auto check = [&](const char* what, double time) {
+        good &= report({what, time, "ms", filled, 1});
+    };
+    check("paste of 1,000 steps", timeOf(tool, "action_Paste_Steps", nothing));
+    check("redo of it", timeOf(tool, "action_Redo", undo));
+    check("undo of it", timeOf(tool, "action_Undo", nothing));
+    check("delete of 1,000 steps", timeOf(tool, "action_Delete_Step", [&] { select(Pasted); }));
+    check("undo of it", timeOf(tool, "action_Undo", nothing));
+    const auto one = [&] { select(1); };
+    check("duplicate of a step", timeOf(tool, "action_Duplicate_Step", one));
+    check("move of a step", timeOf(tool, "action_Move_Step_Down", one));
+    check("delete of a step", timeOf(tool, "action_Delete_Step", one));
+    check("undo of it", timeOf(tool, "action_Undo", nothing));
+    return good && table->rowCount() > Steps;
 }
 } // namespace
 
@@ -72,6 +123,7 @@ int runProgram(int argc, char* argv[])
 
     bool good = report({"10,000 steps from file to table", loaded, "ms", LimitMs, 1});
     good &= report({"to the end of 10,000 steps", scrolled, "ms", SmoothMs, 1});
+    good &= reportEdits(bench.tool, table);
     return good ? 0 : 1;
 }
 

@@ -1,7 +1,8 @@
 #include "lasthand.h"
 
+#include "statefile.h"
+
 #include <QSettings>
-#include <QStandardPaths>
 
 namespace vanto
 {
@@ -14,17 +15,11 @@ constexpr QLatin1String NodeKey("lastHand/node");
 constexpr QLatin1String ProtocolKey("lastHand/protocol");
 constexpr QLatin1String ModbusName("modbus");
 constexpr QLatin1String SerialCtrlName("serialctrl");
-
-QString stateFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
-           QStringLiteral("/state.ini");
-}
 } // namespace
 
 LastHand LastHand::load()
 {
-    const QSettings settings(stateFile(), QSettings::IniFormat);
+    const QSettings settings(stateFilePath(), QSettings::IniFormat);
     LastHand hand;
     bool isNumber = false;
     const int node = settings.value(NodeKey).toInt(&isNumber);
@@ -42,7 +37,7 @@ LastHand LastHand::load()
 
 void LastHand::save() const
 {
-    QSettings settings(stateFile(), QSettings::IniFormat);
+    QSettings settings(stateFilePath(), QSettings::IniFormat);
     settings.setValue(PortKey, port);
     settings.setValue(NodeKey, node);
     settings.setValue(ProtocolKey,

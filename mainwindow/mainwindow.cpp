@@ -49,6 +49,8 @@ void MainWindow::setUpPages()
     ui->tab_Run->setUp(m_session.get(), m_reporter);
     ui->tab_Force->setUp(m_session.get(), m_reporter);
     ui->tab_Sequence->setUp(m_session.get(), m_reporter);
+    ui->tab_Sequence->addMenus(ui->menuBar, ui->menu_View->menuAction(), ui->menu_File,
+                               ui->action_Exit);
     ui->deviceBar->setUp(m_session.get(), m_reporter, ui->tabWidget,
                          {ui->action_Force_Update, ui->action_Open_Node, ui->action_Scan_Range});
 }

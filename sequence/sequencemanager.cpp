@@ -1,22 +1,14 @@
 #include "sequencemanager.h"
 
+#include <QDebug>
 #include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <utility>
 
 namespace vanto
 {
-
-namespace
-{
-bool openFile(QFile& file, QIODevice::OpenMode mode)
-{
-    if (file.open(mode))
-        return true;
-    qDebug("can't open error!");
-    return false;
-}
-} // namespace
 
 SequenceManager::SequenceManager(QObject* parent) : QObject(parent) {}
 
@@ -45,21 +37,70 @@ void SequenceManager::removeSequenceDataItem(int index)
     m_data.sequences.removeAt(index);
 }
 
-bool SequenceManager::loadSequenceData(QFile& file)
+bool SequenceManager::fail(const QString& reason)
 {
-    if (!file.exists() || !openFile(file, QIODevice::ReadOnly))
-        return false;
-    const QByteArray bytes = file.readAll();
-    file.close();
-    return m_data.fromJSON(bytes);
+    m_fileError = reason;
+    return false;
 }
 
-bool SequenceManager::saveSequenceData(QFile& file) const
+bool SequenceManager::failToOpen(const QString& reason)
 {
-    if (!openFile(file, QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    file.write(m_data.toJSON());
+    qDebug("can't open error!");
+    return fail(reason);
+}
+
+void SequenceManager::failToWrite(const QFileDevice& file)
+{
+    // A short write is no error for Qt.
+    fail(file.error() == QFileDevice::NoError
+             ? tr("Not everything could be written. Is the disk full?")
+             : file.errorString());
+}
+
+bool SequenceManager::loadSequenceData(QFile& file)
+{
+    m_fileError.clear();
+    if (!file.exists())
+        return fail(tr("The file does not exist."));
+    // Opening a pipe would wait for its writer, and a device may have no end.
+    if (!QFileInfo(file).isFile())
+        return failToOpen(tr("It is not a regular file."));
+    if (!file.open(QIODevice::ReadOnly))
+        return failToOpen(file.errorString());
+    const QByteArray bytes = file.read(MaxFileBytes + 1);
+    const bool readError = file.error() != QFileDevice::NoError;
+    const QString reason = file.errorString();
     file.close();
+    if (readError)
+        return fail(reason);
+    if (bytes.size() > MaxFileBytes)
+        return fail(tr("The file is larger than 64 MiB."));
+    return m_data.fromJSON(bytes) || fail(tr("The file is not a sequence."));
+}
+
+bool SequenceManager::saveSequenceData(QFile& file)
+{
+    m_fileError.clear();
+    const QByteArray json = m_data.toJSON();
+    if (const QFileInfo info(file); info.exists() && !info.isFile()) {
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            return failToOpen(file.errorString());
+        if (file.write(json) != json.size() || !file.flush())
+            failToWrite(file);
+        file.close();
+        return true;
+    }
+    QSaveFile whole(file.fileName());
+    whole.setDirectWriteFallback(true); // a writable file in a folder that is not
+    if (!whole.open(QIODevice::WriteOnly))
+        return failToOpen(whole.errorString());
+    const bool isWritten = whole.write(json) == json.size();
+    if (!isWritten) {
+        failToWrite(whole);
+        whole.cancelWriting();
+    }
+    if (!whole.commit() && isWritten)
+        failToWrite(whole);
     return true;
 }
 

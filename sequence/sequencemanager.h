@@ -1,10 +1,11 @@
 #pragma once
 
-#include "sequencedata.h"
+#include "sequenceedit.h"
 
 #include <QObject>
 
 class QFile;
+class QFileDevice;
 
 namespace vanto
 {
@@ -14,6 +15,9 @@ class SequenceManager : public QObject
 {
     Q_OBJECT
 public:
+    /// Larger files are not sequences.
+    static constexpr qint64 MaxFileBytes = 64 << 20;
+
     explicit SequenceManager(QObject* parent = nullptr);
 
     const SequenceData& sequenceData() const { return m_data; }
@@ -27,15 +31,26 @@ public:
     void updateSequenceDataItem(int index, SequenceDataItem item);
     void swapSequenceDataItem(int index1, int index2);
     void removeSequenceDataItem(int index);
+    void apply(const SequenceEdit& edit) { edit.applyTo(m_data); }
+    void revert(const SequenceEdit& edit) { edit.revertIn(m_data); }
 
-    /// Returns false and leaves the sequence unchanged if the file does not exist, cannot be opened
-    /// or is not a valid sequence.
+    /// Returns false and leaves the sequence unchanged if the file does not exist, is not a regular
+    /// file of at most MaxFileBytes, cannot be opened or is not a valid sequence.
     bool loadSequenceData(QFile& file);
-    /// Returns false if the file cannot be opened. Write errors are not checked.
-    bool saveSequenceData(QFile& file) const;
+    /// Returns false if the file cannot be opened. A file that is regular or new gets the new
+    /// content only as a whole: after a failure it has the old one. fileError() returns whether
+    /// everything has been written.
+    bool saveSequenceData(QFile& file);
+    /// Why the last load or save has failed or was incomplete; empty if it was not.
+    QString fileError() const { return m_fileError; }
 
 private:
+    bool fail(const QString& reason);
+    bool failToOpen(const QString& reason);
+    void failToWrite(const QFileDevice& file);
+
     SequenceData m_data;
+    QString m_fileError;
 };
 
 } // namespace vanto

@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace vanto
@@ -59,7 +60,9 @@ bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex
     HandCall call = beginCall();
     const QScopedValueRollback sending(m_sending, true);
     m_playForEdit = playForEdit;
+    m_startIndex = startIndex;
     m_endIndex = endIndex < 0 ? count : std::min(endIndex, count);
+    m_round = 1;
     m_data = data;
     m_stepStart = nowMs();
     const bool onlySend = !playForEdit && m_endIndex == startIndex;
@@ -126,8 +129,16 @@ void SequencePlayer::poll(HandCall& call)
     const int next = m_playingIndex + 1;
     if (next < m_endIndex)
         setupVanto(next, false, call);
+    else if (!m_playForEdit && (m_rounds == 0 || m_round < m_rounds))
+        startNextRound(call);
     else
         _stop({});
+}
+
+void SequencePlayer::startNextRound(HandCall& call)
+{
+    m_round = m_round < std::numeric_limits<int>::max() ? m_round + 1 : 1;
+    setupVanto(m_startIndex, false, call);
 }
 
 const MotionUnit& SequencePlayer::unit() const

@@ -37,6 +37,11 @@ public:
     /// no hand has been set, if the step does not exist, if the first step could not be sent
     /// completely, or if stop() was called meanwhile.
     bool play(const SequenceData& data, int startIndex, int endIndex, bool playForEdit);
+    /// How often the following runs of several steps are played; 0 for without end. 1 at first.
+    void setRounds(int rounds) { m_rounds = rounds; }
+    int rounds() const { return m_rounds; }
+    /// The current round, from 1.
+    int round() const { return m_round; }
     /// Sends nothing more, whatever is in progress. Emits sig_updatePlaying() if a run was playing.
     void stop();
 
@@ -67,6 +72,7 @@ signals:
 private:
     HandCall beginCall();
     void poll(HandCall& call);
+    void startNextRound(HandCall& call);
     const MotionUnit& unit() const;
     /// Sends a step, or the preparation pose. Returns false if not all of it was sent.
     bool setupVanto(int sequenceIndex, bool prepare, HandCall& call);
@@ -87,7 +93,10 @@ private:
     bool m_sending = false; ///< one of its own exchanges may be in progress
     Generation m_run;       ///< advanced by every play() and stop()
     int m_playingIndex = 0;
+    int m_startIndex = 0;
     int m_endIndex = 0;
+    int m_rounds = 1;
+    int m_round = 1;
     qint64 m_stepStart = 0; ///< ms since the epoch
     bool m_playForEdit = false;
     bool m_preparing = false;

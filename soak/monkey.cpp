@@ -37,6 +37,7 @@ constexpr int DisconnectedMs = 700;
 constexpr int ReconnectionMs = 2000; ///< two searches of the window
 constexpr int StuckMs = 60'000;      ///< without an action; includes the time of an update
 constexpr int CloseRetryMs = 200;
+constexpr int MaxRows = 100;   ///< of a sequence; more are removed
 constexpr int MinHaltMs = 750; ///< an earlier click on Continue halts once more
 constexpr int MaxHaltMs = 2000;
 
@@ -45,7 +46,7 @@ bool isMotionButton(const QString& name)
 {
     for (const char* prefix :
          {"pushButton_RunSetPos", "pushButton_SeqInsert", "pushButton_SeqRun", "pushButton_SeqUp",
-          "pushButton_SeqDown", "pushButton_BasicRecalibrate"})
+          "pushButton_SeqDown", "pushButton_SeqDelete", "pushButton_BasicRecalibrate"})
         if (name.startsWith(QLatin1String(prefix)))
             return true;
     return false;
@@ -79,6 +80,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"halt", 3, false, false, &Monkey::pressHalt},
         {"menu", 2, false, false, &Monkey::triggerAction},
         {"parameters", 6, false, false, &Monkey::useParameters},
+        {"edit", 12, false, false, &Monkey::editSequence},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
     };
@@ -423,6 +425,29 @@ void Monkey::triggerAction()
 {
     constexpr std::array names{"action_Theme", "action_About", "action_Messages",
                                "action_Open_Node", "action_Scan_Range"};
+    m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
+}
+
+/// Uses the Edit menu, which only changes data, and extends the selection, which plays nothing.
+void Monkey::editSequence()
+{
+    constexpr std::array names{
+        "action_Undo",           "action_Redo",         "action_Cut_Steps",
+        "action_Copy_Steps",     "action_Paste_Steps",  "action_Delete_Step",
+        "action_Duplicate_Step", "action_Move_Step_Up", "action_Move_Step_Down"};
+    auto* pages = m_driver.find<QTabWidget>("tabWidget");
+    auto* table = m_driver.find<QTableWidget>("tableWidget_Seq");
+    if (pages->isEnabled() && randomBelow(2) == 0)
+        pages->setCurrentIndex(SequenceTab);
+    if (table->isVisible() && table->isEnabled() && table->rowCount() > MaxRows) {
+        table->selectAll();
+        m_driver.trigger(QStringLiteral("action_Delete_Step"));
+    }
+    if (table->isVisible() && table->isEnabled() && randomBelow(2) == 0) {
+        QKeyEvent down(QEvent::KeyPress, randomBelow(2) == 0 ? Qt::Key_Down : Qt::Key_Up,
+                       Qt::ShiftModifier);
+        QApplication::sendEvent(table, &down);
+    }
     m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 

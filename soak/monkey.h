@@ -83,6 +83,7 @@ private:
     void noteHalt();
     void triggerAction();
     void useParameters();
+    void editSequence();
     void injectFault();
     void interruptConnection();
 

@@ -19,6 +19,22 @@ QByteArray contentOf(const QString& name)
     QFile file(name);
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
+/// Changes the sequence and takes the changes back; nothing of this is sent.
+void editSteps(TourRunner& tour, QTableWidget* table)
+{
+    const int rows = table->rowCount();
+    const QString before = tour.command(QStringLiteral("stats"));
+    for (const char* action : {"action_Duplicate_Step", "action_Cut_Steps", "action_Paste_Steps"})
+        tour.trigger(QLatin1String(action));
+    tour.expect(QStringLiteral("the number of steps"), QString::number(table->rowCount()),
+                QString::number(rows + 1));
+    tour.saveScreenshot(QStringLiteral("-changed"));
+    for (int i = 0; i < 3; ++i)
+        tour.trigger(QStringLiteral("action_Undo"));
+    tour.expect(QStringLiteral("the number of steps after Undo"),
+                QString::number(table->rowCount()), QString::number(rows));
+    tour.expect(QStringLiteral("the frames"), tour.command(QStringLiteral("stats")), before);
+}
 } // namespace
 
 QString sequencePage(TourRunner& tour)
@@ -41,6 +57,7 @@ QString sequencePage(TourRunner& tour)
                 tour.command(QStringLiteral("get 2 target 1")),
                 table->item(table->rowCount() - 1, IndexColumn)->text());
 
+    editSteps(tour, table);
     const QString copy = QDir::current().absoluteFilePath(QStringLiteral("copy.json"));
     tour.withDialog([&] { tour.click("pushButton_SeqSave"); }, answerWithFile(tour, copy));
     if (contentOf(copy).isEmpty() || contentOf(copy) != contentOf(Example))

@@ -34,9 +34,10 @@ void DialogWatch::timerEvent(QTimerEvent*)
 void chooseFile(QDialog& dialog, const QString& name)
 {
     // Sets the text, because QFileDialog::selectFile() has no effect while the folder is being
-    // read. During that time the dialog can also ignore accept().
-    dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+    // read. During that time the dialog can also ignore accept(). A name that was proposed can
+    // replace the text when the folder has been read.
     QTimer::singleShot(AcceptDelayMs, &dialog, [&dialog, name] {
+        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
         dialog.accept();
         if (dialog.isVisible())
             chooseFile(dialog, name);

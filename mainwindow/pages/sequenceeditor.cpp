@@ -2,41 +2,82 @@
 
 #include "steptable.h"
 
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
 namespace vanto
 {
 
-void SequenceEditor::insert(int row, const SequenceDataItem& step)
+SequenceEditor::SequenceEditor(StepTable* table, QObject* parent)
+    : QObject(parent),
+      m_table(table),
+      m_history([this](const SequenceChange& change, bool revert) { apply(change, revert); })
 {
-    m_manager.insertSequenceDataItem(row, step);
-    m_table->insertStep(row, step.position);
-    m_edition.advance();
 }
 
-void SequenceEditor::remove(int row)
+SequenceData SequenceEditor::part(const QList<int>& rows) const
 {
-    m_manager.removeSequenceDataItem(row);
-    m_table->removeStep(row);
-    m_edition.advance();
+    SequenceData copy;
+    copy.position_type = data().position_type;
+    for (const int row : rows)
+        copy.sequences.append(data().sequences[row]);
+    return copy;
 }
 
-void SequenceEditor::swap(int row, int other)
+void SequenceEditor::setPositionType(const QString& type)
 {
-    m_manager.swapSequenceDataItem(row, other);
-    m_table->swapIds(row, other);
-    m_table->showPositions(row, data().sequences[row].position);
-    m_table->showPositions(other, data().sequences[other].position);
-    m_edition.advance();
+    push(SequenceEdit::typeChange(data(), type), tr("change of the unit"), StepTable::NoStep);
 }
 
-void SequenceEditor::edit(std::uint64_t step, const std::function<void(SequenceDataItem&)>& change)
+void SequenceEditor::insert(int row, const SequenceData& steps, const QString& text)
+{
+    const auto step = m_table->nextId();
+    SequenceEdit edit = SequenceEdit::insertion(data(), row, steps.sequences);
+    edit.typeAfter = steps.position_type;
+    push(edit, nameSteps(text, row, steps.sequences.size()), step);
+}
+
+void SequenceEditor::remove(const QList<int>& rows, const QString& text)
+{
+    if (!rows.isEmpty())
+        push(SequenceEdit::removal(data(), rows), nameSteps(text, rows.constFirst(), rows.size()),
+             m_table->idOf(rows.constFirst()));
+}
+
+bool SequenceEditor::move(const QList<int>& rows, int distance)
+{
+    const SequenceEdit edit = SequenceEdit::move(data(), rows, distance);
+    if (edit.origins.isEmpty())
+        return false;
+    push(edit, nameSteps(tr("move of %1"), rows.constFirst(), rows.size()),
+         m_table->idOf(rows.constFirst()));
+    return true;
+}
+
+void SequenceEditor::edit(std::uint64_t step, const QString& text,
+                          const std::function<void(SequenceDataItem&)>& change)
 {
     const int row = m_table->rowOf(step);
     if (row < 0)
         return;
     SequenceDataItem changed = data().sequences[row];
     change(changed);
-    m_manager.updateSequenceDataItem(row, changed);
-    m_table->showPositions(row, changed.position);
+    push(SequenceEdit::change(data(), row, changed), nameSteps(text, row, 1), step);
+}
+
+void SequenceEditor::replace(const SequenceData& other, const QString& file, const QString& text)
+{
+    SequenceChange change{.edit = SequenceEdit::replacement(data(), other),
+                          .idsBefore = {},
+                          .idsAfter = {},
+                          .step = StepTable::NoStep,
+                          .fileBefore = m_file,
+                          .fileAfter = file,
+                          .text = text};
+    push(std::move(change));
 }
 
 void SequenceEditor::store(QList<int>& values, std::uint8_t finger, int value)
@@ -47,13 +88,91 @@ void SequenceEditor::store(QList<int>& values, std::uint8_t finger, int value)
         values.append(value);
 }
 
-bool SequenceEditor::load(QFile& file)
+QString SequenceEditor::nameSteps(const QString& text, int row, qsizetype count)
 {
-    if (!m_manager.loadSequenceData(file))
+    return text.arg(count == 1 ? tr("step %1").arg(row + 1) : tr("%1 steps").arg(count));
+}
+
+/// An edit that changes nothing cannot be undone. (The exchange of two equal steps counts.)
+void SequenceEditor::push(const SequenceEdit& edit, const QString& text, std::uint64_t step)
+{
+    const bool moves = !std::is_sorted(edit.origins.begin(), edit.origins.end());
+    if (!edit.changesNothing() || moves)
+        push({edit, {}, {}, step, {}, {}, text});
+}
+
+void SequenceEditor::push(SequenceChange change)
+{
+    const SequenceEdit& edit = change.edit;
+    change.idsBefore = m_table->ids(edit.row, edit.before.size());
+    for (const int origin : edit.origins)
+        change.idsAfter.append(origin == SequenceEdit::NewStep ? m_table->takeId()
+                                                               : change.idsBefore[origin]);
+    m_history.push(std::move(change));
+    m_onDisk.removeIf([this](const auto& file) {
+        return file.key() != m_file && !m_history.mentions(file.key());
+    });
+}
+
+void SequenceEditor::apply(const SequenceChange& change, bool revert)
+{
+    const SequenceEdit& edit = change.edit;
+    if (revert)
+        m_manager.revert(edit);
+    else
+        m_manager.apply(edit);
+    const auto& ids = revert ? change.idsBefore : change.idsAfter;
+    const auto replaced = revert ? edit.after.size() : edit.before.size();
+    m_table->replaceSteps(edit.row, replaced, ids, revert ? edit.before : edit.after);
+    if (change.fileBefore != change.fileAfter)
+        m_file = revert ? change.fileBefore : change.fileAfter;
+    if (change.idsBefore != change.idsAfter)
+        m_edition.advance();
+    emit sig_changed();
+}
+
+/// If the step does not exist, the row that is now at its place.
+int SequenceEditor::rowOf(const SequenceChange* change) const
+{
+    if (!change || change->step == StepTable::NoStep)
+        return -1;
+    const int row = m_table->rowOf(change->step);
+    return row >= 0 ? row : std::min(change->edit.row, m_table->rowCount() - 1);
+}
+
+bool SequenceEditor::load(const QString& name)
+{
+    QFile file(name);
+    SequenceManager loaded;
+    if (!loaded.loadSequenceData(file)) {
+        m_fileError = loaded.fileError();
         return false;
-    m_table->setSteps(data().sequences);
-    m_edition.advance();
+    }
+    m_fileError.clear();
+    m_onDisk.insert(name, loaded.sequenceData());
+    replace(loaded.sequenceData(), name, tr("loading of %1").arg(QFileInfo(name).fileName()));
     return true;
+}
+
+bool SequenceEditor::save(const QString& name)
+{
+    QFile file(name);
+    const bool opened = m_manager.saveSequenceData(file);
+    m_fileError = m_manager.fileError();
+    if (!opened || !m_fileError.isEmpty())
+        return false;
+    m_file = name;
+    m_onDisk.insert(name, data());
+    emit sig_changed();
+    return true;
+}
+
+bool SequenceEditor::isModified() const
+{
+    if (m_file.isEmpty())
+        return !isEmpty();
+    const auto saved = m_onDisk.constFind(m_file);
+    return saved == m_onDisk.constEnd() || *saved != data();
 }
 
 } // namespace vanto

@@ -2,15 +2,16 @@
 
 #include "equalwidthgroup.h"
 #include "focuskeeper.h"
-#include "numbertext.h"
+#include "sequenceactions.h"
 #include "sequenceeditor.h"
+#include "sequencefiles.h"
+#include "sequencestatus.h"
 #include "statusreporter.h"
+#include "stepinput.h"
 #include "steptable.h"
 #include "ui_sequencepage.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -33,7 +34,7 @@ SequencePage::SequencePage(QWidget* parent)
 {
     ui->setupUi(this);
     m_table = ui->tableWidget_Seq;
-    m_sequence = std::make_unique<SequenceEditor>(m_table);
+    m_sequence = std::make_unique<SequenceEditor>(m_table, this);
     m_editors = std::make_unique<StepEditors>(
         this, ui->lineEdit_SeqDelay, ui->comboBox_SeqPosOrAngle, ui->label_SeqTicksOrDegree);
     m_groups[Editors] = {ui->comboBox_SeqPosOrAngle};
@@ -43,12 +44,49 @@ SequencePage::SequencePage(QWidget* parent)
     m_groups[Save] = {ui->pushButton_SeqSave};
     m_groups[Run] = {ui->pushButton_SeqRun};
     m_groups[Stop] = {ui->pushButton_SeqStop};
+    m_groups[Repeat] = {ui->spinBox_SeqRepeat};
+    m_input = std::make_unique<StepInput>(
+        m_sequence.get(), m_table, m_editors.get(),
+        [this](std::function<bool()> isStillWanted, RequestQueue::Request action) {
+            requestOnPage(std::move(isStillWanted), std::move(action));
+        });
+    m_actions = std::make_unique<SequenceActions>(m_sequence.get(), m_table, this);
+    m_files = std::make_unique<SequenceFiles>(
+        m_sequence.get(),
+        SequenceFiles::Widgets{ui->label_SeqFile, ui->widget_SeqDraft, ui->label_SeqDraft,
+                               ui->pushButton_SeqRestoreDraft, ui->pushButton_SeqDiscardDraft},
+        this);
+    m_status = std::make_unique<SequenceStatus>(m_sequence.get(), m_table, m_editors.get(),
+                                                m_player, ui->label_SeqStep);
     setUpLayout();
-    connect(m_player, &SequencePlayer::sig_updatePlaying, this, &SequencePage::updatePlaying);
-    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::updateAfterPlay);
+    connectParts();
 }
 
 SequencePage::~SequencePage() = default;
+
+void SequencePage::connectParts()
+{
+    connect(m_player, &SequencePlayer::sig_updatePlaying, this, &SequencePage::updatePlaying);
+    connect(m_player, &SequencePlayer::sig_ended, this, &SequencePage::updateAfterPlay);
+    connect(m_table, &StepTable::sig_extended, this, &SequencePage::showCurrentRow);
+    connect(m_sequence.get(), &SequenceEditor::sig_changed, this, &SequencePage::showMode);
+    connect(m_actions.get(), &SequenceActions::sig_starting, m_input.get(), &StepInput::storeTyped);
+    connect(m_actions.get(), &SequenceActions::sig_done, this, &SequencePage::showEdited);
+    connect(m_actions.get(), &SequenceActions::sig_insertBefore, this,
+            [this] { requestInsert(InsertPlace::Before); });
+    connect(m_input.get(), &StepInput::sig_previewChanged, this,
+            [this] { m_status->update(isPlaying()); });
+    connect(m_files.get(), &SequenceFiles::sig_loaded, this, [this] {
+        ui->spinBox_SeqRepeat->setValue(1);
+        m_status->clearMark();
+        updateEditCell();
+    });
+    connect(m_files.get(), &SequenceFiles::sig_loadRequested, this,
+            [this](const QString& file) { runLoad([this, file] { m_files->load(file); }); });
+    connect(m_files.get(), &SequenceFiles::sig_restoreRequested, this,
+            [this] { runLoad([this] { m_files->restoreDraft(); }); });
+    connect(ui->spinBox_SeqRepeat, &QSpinBox::valueChanged, m_player, &SequencePlayer::setRounds);
+}
 
 void SequencePage::setUpLayout()
 {
@@ -60,12 +98,24 @@ void SequencePage::setUpLayout()
     QList<QWidget*> buttons;
     for (QPushButton* button : findChildren<QPushButton*>())
         buttons.append(button);
+    buttons.removeOne(ui->pushButton_SeqRestoreDraft);
+    buttons.removeOne(ui->pushButton_SeqDiscardDraft);
     new EqualWidthGroup(buttons);
+}
+
+void SequencePage::addMenus(QMenuBar* bar, QAction* before, QMenu* fileMenu,
+                            QAction* beforeInFileMenu)
+{
+    m_actions->addMenu(bar, before);
+    m_files->addRecentMenu(fileMenu, beforeInFileMenu);
 }
 
 void SequencePage::setUp(DeviceSession* session, StatusReporter* reporter)
 {
     DevicePage::setUp(session, reporter);
+    m_input->setReporter(reporter);
+    m_actions->setReporter(reporter);
+    m_files->setReporter(reporter);
     m_table->installEventFilter(window());
     connect(session, &DeviceSession::sig_stop, m_player, &SequencePlayer::stop);
     connect(session, &DeviceSession::sig_stopMotion, m_player, &SequencePlayer::stop);
@@ -75,8 +125,11 @@ void SequencePage::setUp(DeviceSession* session, StatusReporter* reporter)
 void SequencePage::follow(bool isCurrent)
 {
     if (isCurrent) {
+        m_files->offerDrafts();
         reloadSequenceInfo();
     } else {
+        m_actions->setEnabled(false);
+        m_files->setLoadEnabled(false);
         m_visit.advance();
         m_player->stop();
     }
@@ -94,8 +147,15 @@ void SequencePage::reloadSequenceInfo()
     updateSequenceTab();
 }
 
+void SequencePage::clear()
+{
+    ui->spinBox_SeqRepeat->setValue(1);
+    clearSequenceInfo();
+}
+
 void SequencePage::reload()
 {
+    ui->spinBox_SeqRepeat->setValue(1);
     if (const auto target = session()->target())
         m_player->setVantoProtocol(target->adapter, target->node);
     reloadSequenceInfo();
@@ -114,15 +174,8 @@ void SequencePage::enableWidgets(bool enable)
         updateSequenceTab();
         return;
     }
-    storeEditedSpeed();
+    m_input->storeTypedSpeed();
     enableWidgetsForSequenceTab(Everything, false);
-}
-
-/// Unlike a field that is disabled, one that becomes read-only does not finish editing.
-void SequencePage::storeEditedSpeed()
-{
-    if (const auto finger = m_editors->fingerOfEditedSpeed())
-        tabSequence_handleSpeedEdit(*finger);
 }
 
 void SequencePage::focusTable()
@@ -134,17 +187,21 @@ void SequencePage::clearSequenceInfo()
 {
     m_table->clearCurrent();
     m_visit.advance(); // invalidates requests for earlier selections
-    m_shownStep = StepTable::NoStep;
-    m_editors->clear();
+    m_status->clearMark();
+    m_input->show(-1);
 }
 
 void SequencePage::enableWidgetsForSequenceTab(int group, bool enable)
 {
     if (group == Everything)
-        for (const Group each : {Editors, Rows, Load, Save, Run, Stop})
+        for (const Group each : {Editors, Rows, Load, Save, Run, Stop, Repeat})
             enableWidgetsForSequenceTab(each, enable);
     if (group == Editors)
         m_editors->setEnabled(enable);
+    if (group == Rows)
+        m_actions->setEnabled(enable && isShown() && !m_reading);
+    if (group == Load)
+        m_files->setLoadEnabled(enable && isShown());
     for (QWidget* control : m_groups[static_cast<std::size_t>(group)])
         control->setEnabled(enable);
 }
@@ -165,25 +222,20 @@ void SequencePage::updateSequenceTab()
     enableWidgetsForSequenceTab(Load, editable);
     enableWidgetsForSequenceTab(Save, editable && hasSteps);
     enableWidgetsForSequenceTab(Run, editable && hasSteps);
+    enableWidgetsForSequenceTab(Repeat, editable && m_table->rowCount() > 1);
     // The next key must not start the run again, nor go to whatever control follows.
     if (!playing && window()->focusWidget() == ui->pushButton_SeqStop)
         focusTable();
     enableWidgetsForSequenceTab(Stop, playing);
     if (!playing)
         m_focus.reset();
+    m_status->update(playing);
     emit sig_playingChanged();
 }
 
 void SequencePage::updateEditCell()
 {
-    const int row = m_table->currentRow();
-    if (row < 0) {
-        m_shownStep = StepTable::NoStep;
-        m_editors->clear();
-        return;
-    }
-    m_shownStep = m_table->idOf(row);
-    m_editors->show(m_sequence->data().sequences[row]);
+    m_input->show(m_table->currentRow());
 }
 
 /// Makes a request of this page. It is dropped if the user has left the page meanwhile.
@@ -202,15 +254,18 @@ void SequencePage::play(const HandTarget& target, int start, int end, Purpose pu
     m_player->setVantoProtocol(target.adapter, target.node);
     {
         const QScopedValueRollback starting(m_starting, true);
-        storeEditedSpeed();
+        m_input->storeTypedSpeed();
         if (purpose == Purpose::Edit)
             m_focus = std::make_unique<FocusKeeper>(window(), this);
+        m_status->clearMark();
         updateSequenceTab();
         if (purpose == Purpose::Edit)
             m_focus->recordFocusMove();
         else
             ui->pushButton_SeqStop->setFocus(); // Space stops
-        m_player->play(m_sequence->data(), start, end, purpose == Purpose::Edit);
+        if (!m_player->play(m_sequence->data(), start, end, purpose == Purpose::Edit) &&
+            start == end)
+            m_status->markNotSent();
     }
     updateAfterPlay();
 }
@@ -249,6 +304,10 @@ void SequencePage::on_pushButton_SeqRun_clicked()
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void SequencePage::updatePlaying(bool isPlaying, int sequenceIndex, qint64, QString errMsg)
 {
+    if (isPlaying || m_starting)
+        m_status->noteStep(sequenceIndex);
+    else if (m_player->isPlayForEdit() && !m_status->hasStep())
+        m_status->markNotSent(); // stopped before the step
     if (isPlaying && !m_player->isPlayForEdit())
         m_table->selectSilently(sequenceIndex);
     if (!errMsg.isEmpty())
@@ -264,15 +323,15 @@ void SequencePage::updateAfterPlay()
     updateSequenceTab();
 }
 
-void SequencePage::on_pushButton_SeqInsert_clicked()
+void SequencePage::requestInsert(InsertPlace place)
 {
     const int current = m_table->currentRow();
-    const std::uint64_t after = m_table->idOf(std::max(current, 0)); // first row if none
+    const std::uint64_t step = m_table->idOf(std::max(current, 0)); // first row if none
     requestOnPage([this] { return ui->pushButton_SeqInsert->isEnabled(); },
-                  [this, after](const HandTarget& target) { insert(target, after); });
+                  [this, step, place](const HandTarget& target) { insert(target, step, place); });
 }
 
-void SequencePage::insert(const HandTarget& target, std::uint64_t after)
+void SequencePage::insert(const HandTarget& target, std::uint64_t step, InsertPlace place)
 {
     bool current = false;
     const MotionUnit::Pose pose = [&] {
@@ -285,10 +344,13 @@ void SequencePage::insert(const HandTarget& target, std::uint64_t after)
     }();
     if (!current)
         return;
-    const int row = m_table->rowOf(after) + 1; // at the top if that row no longer exists
-    m_sequence->insert(
-        row,
-        {{pose.currents.begin(), pose.currents.end()}, QList<int>(FingerCount, InsertedSpeed), 0});
+    const int found = m_table->rowOf(step); // at the top if that row no longer exists
+    const int row = place == InsertPlace::After ? found + 1 : std::max(found, 0);
+    const SequenceDataItem inserted{
+        {pose.currents.begin(), pose.currents.end()}, QList<int>(FingerCount, InsertedSpeed), 0};
+    m_sequence->insert(row,
+                       {.position_type = m_sequence->data().position_type, .sequences = {inserted}},
+                       tr("insertion of %1"));
     updateSequenceTab();
     selectSoon(target, row);
 }
@@ -307,17 +369,26 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
 
 void SequencePage::on_pushButton_SeqDelete_clicked()
 {
+    if (m_table->selectedRows().size() > 1) {
+        m_actions->deleteSteps();
+        return;
+    }
     const int row = m_table->currentRow();
     if (row < 0)
         return;
-    m_sequence->remove(row);
+    m_sequence->remove({row}, tr("delete of %1"));
     updateEditCell();
     updateSequenceTab();
     playRow(m_table->currentRow(), Purpose::Edit); // the row that has become current
 }
 
+/// Several rows are moved without playing one of them.
 void SequencePage::moveCurrentRow(int distance)
 {
+    if (m_table->selectedRows().size() > 1) {
+        m_actions->moveSteps(distance);
+        return;
+    }
     const int row = m_table->currentRow();
     const int other = row + distance;
     if (row < 0 || other < 0 || other >= m_table->rowCount())
@@ -328,55 +399,22 @@ void SequencePage::moveCurrentRow(int distance)
 
 void SequencePage::SwapSequenceRow(int row, int other)
 {
-    m_sequence->swap(row, other);
+    m_sequence->move({row}, other - row);
 }
 
-void SequencePage::on_lineEdit_SeqDelay_editingFinished()
+/// Shows what has been changed, without sending it.
+void SequencePage::showEdited(const QList<int>& rows)
 {
-    m_sequence->edit(m_shownStep, [this](SequenceDataItem& step) { m_editors->storeDelay(step); });
+    m_table->selectSilently(rows);
+    showCurrentRow();
 }
 
-void SequencePage::tabSequence_handleSpeedEdit(unsigned char finger)
+/// The current row has become current without a play.
+void SequencePage::showCurrentRow()
 {
-    m_sequence->edit(m_shownStep,
-                     [=, this](SequenceDataItem& step) { m_editors->storeSpeed(finger, step); });
-}
-
-void SequencePage::tabSequence_handleSliderMoved(unsigned char finger, int value)
-{
-    m_editors->showValue(finger, value);
-}
-
-void SequencePage::tabSequence_handleSliderReleased(unsigned char finger)
-{
-    const QSlider* slider = m_editors->slider(finger);
-    const Release release{finger, &m_editors->unit(), slider->sliderPosition(),
-                          NumberText::toByte(m_editors->speed(finger)->text()), m_shownStep};
-    requestOnPage(
-        [this, slider, release] { return slider->isEnabled() && m_shownStep == release.step; },
-        [this, release](const HandTarget& target) { moveAndStore(target, release); });
-}
-
-/// The target that the hand reports after the motion, or nothing on a failure.
-std::optional<int> SequencePage::move(const HandTarget& target, const Release& release)
-{
-    HandCall call(target, reporter()->plainReport());
-    if (!release.unit->move(call, release.finger, release.value, release.speed))
-        return {};
-    return release.unit->readTarget(call, release.finger);
-}
-
-void SequencePage::moveAndStore(const HandTarget& target, const Release& release)
-{
-    const auto reached = move(target, release);
-    if (!reached)
-        return;
-    m_sequence->edit(release.step, [this, &release, &reached](SequenceDataItem& step) {
-        SequenceEditor::store(step.position, release.finger, *reached);
-        // Meanwhile the user may have selected another row, or be dragging the slider again.
-        if (m_shownStep == release.step && !m_editors->slider(release.finger)->isSliderDown())
-            m_editors->setValue(release.finger, *reached);
-    });
+    m_status->markNotSent();
+    updateEditCell();
+    updateSequenceTab();
 }
 
 void SequencePage::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
@@ -386,50 +424,45 @@ void SequencePage::on_comboBox_SeqPosOrAngle_currentIndexChanged(int)
                                                                : SequenceData::POS_TYPE_ANGLE);
 }
 
+/// The mode is that of the sequence, whatever has changed it.
+void SequencePage::showMode()
+{
+    const bool angles = m_sequence->data().position_type == SequenceData::POS_TYPE_ANGLE;
+    ui->comboBox_SeqPosOrAngle->setCurrentIndex(angles ? 1 : 0);
+}
+
 bool SequencePage::handleKeyPress(const QKeyEvent& event)
 {
-    return m_table->handleKeyPress(event);
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!isReturn || !m_status->isNotSent())
+        return m_table->handleKeyPress(event);
+    if (!event.isAutoRepeat())
+        playRow(m_table->currentRow(), Purpose::Run);
+    return true;
+}
+
+void SequencePage::runLoad(std::function<void()> load)
+{
+    session()->runWhenIdle(DeviceSession::Kind::LoadSequence, [this, load = std::move(load)] {
+        if (!ui->pushButton_SeqLoad->isEnabled())
+            return;
+        m_input->storeTyped();
+        load();
+        updateSequenceTab();
+    });
 }
 
 void SequencePage::on_pushButton_SeqLoad_clicked()
 {
-    session()->runWhenIdle(DeviceSession::Kind::LoadSequence, [this] { load(); });
-}
-
-void SequencePage::load()
-{
-    if (!ui->pushButton_SeqLoad->isEnabled())
-        return;
-    const QString name = QFileDialog::getOpenFileName(window(), tr("Choose json file"), QString(),
-                                                      tr("Sequence files (*.json)"));
-    if (name.isEmpty())
-        return;
-    QFile file(name);
-    if (m_sequence->load(file)) {
-        const SequenceData& loaded = m_sequence->data();
-        const bool angles = loaded.position_type == SequenceData::POS_TYPE_ANGLE;
-        ui->comboBox_SeqPosOrAngle->setCurrentIndex(angles ? 1 : 0);
-        updateEditCell();
-    }
-    updateSequenceTab();
+    runLoad([this] { m_files->chooseAndLoad(); });
 }
 
 void SequencePage::on_pushButton_SeqSave_clicked()
 {
-    session()->runWhenIdle(DeviceSession::Kind::SaveSequence, [this] { save(); });
-}
-
-void SequencePage::save()
-{
-    if (!ui->pushButton_SeqSave->isEnabled())
-        return;
-    QFileDialog dialog(window(), tr("Choose json file"), QString(), tr("Sequence files (*.json)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("json"));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    QFile file(dialog.selectedFiles().constFirst());
-    m_sequence->save(file);
+    session()->runWhenIdle(DeviceSession::Kind::SaveSequence, [this] {
+        if (ui->pushButton_SeqSave->isEnabled())
+            m_files->chooseAndSave();
+    });
 }
 
 } // namespace vanto

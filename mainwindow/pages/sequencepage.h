@@ -4,18 +4,23 @@
 #include "fingerslots.h"
 #include "sequenceplayer.h"
 #include "stepeditors.h"
+#include "stepinput.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 
 class QKeyEvent;
+class QMenu;
+class QMenuBar;
 
 namespace vanto
 {
 
 class FocusKeeper;
+class SequenceActions;
 class SequenceEditor;
+class SequenceFiles;
+class SequenceStatus;
 class StepTable;
 namespace Ui
 {
@@ -25,19 +30,22 @@ class SequencePage;
 /// The Sequence page: edits, plays, loads and saves a motion sequence.
 ///
 /// The hand moves only when a row is selected (the fingers are stretched, then take the pose of
-/// that step), when a slider is released, and on Run or a double click. Insert, Delete, Up and Down
-/// select a row.
+/// that step), when a slider is released or a typed value is confirmed, on Run or a double click,
+/// and on Return in a row that has not been sent. Insert, Delete, Up and Down select a row. All
+/// other changes, such as Undo and Paste, only change the sequence.
 class SequencePage : public DevicePage
 {
     Q_OBJECT
 public:
     /// Groups of controls that are enabled together.
-    enum Group { Everything, Editors, Rows, Load, Save, Run, Stop };
+    enum Group { Everything, Editors, Rows, Load, Save, Run, Stop, Repeat };
 
     explicit SequencePage(QWidget* parent = nullptr);
     ~SequencePage() override;
 
     void setUp(DeviceSession* session, StatusReporter* reporter);
+    /// Adds the Edit menu before another one, and the recent files to the File menu.
+    void addMenus(QMenuBar* bar, QAction* before, QMenu* fileMenu, QAction* beforeInFileMenu);
     void reloadSequenceInfo();
     void clearSequenceInfo();
     /// Enables the controls that are usable in the current state.
@@ -47,15 +55,18 @@ public:
     void updateEditCell();
     /// Exchanges two steps, in the sequence and in the table.
     void SwapSequenceRow(int row, int other);
-    void tabSequence_handleSpeedEdit(unsigned char finger);
-    void tabSequence_handleSliderMoved(unsigned char finger, int value);
-    void tabSequence_handleSliderReleased(unsigned char finger);
+    void tabSequence_handleSpeedEdit(unsigned char finger) { m_input->storeSpeed(finger); }
+    void tabSequence_handleSliderMoved(unsigned char finger, int value)
+    {
+        m_input->previewTarget(finger, value);
+    }
+    void tabSequence_handleSliderReleased(unsigned char finger) { m_input->sendTarget(finger); }
     void updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
     void reload() override;
     void reloadKeepingEdits() override;
     void resumeAfterHalt(bool) override { updateAfterPlay(); }
-    void clear() override { clearSequenceInfo(); }
+    void clear() override;
     void enableWidgets(bool enable) override;
     void follow(bool isCurrent) override;
 
@@ -70,7 +81,7 @@ signals:
     void sig_playingChanged();
 
 private slots:
-    void on_pushButton_SeqInsert_clicked();
+    void on_pushButton_SeqInsert_clicked() { requestInsert(InsertPlace::After); }
     void on_pushButton_SeqDelete_clicked();
     void on_pushButton_SeqUp_clicked() { moveCurrentRow(-1); }
     void on_pushButton_SeqDown_clicked() { moveCurrentRow(1); }
@@ -88,25 +99,19 @@ private slots:
     {
         playRow(row, Purpose::Edit);
     }
-    void on_lineEdit_SeqDelay_editingFinished();
+    void on_lineEdit_SeqDelay_editingFinished() { m_input->storeDelay(); }
     void on_comboBox_SeqPosOrAngle_currentIndexChanged(int index);
     VANTO_FINGER_SLOTS(lineEdit_SeqSpeed, editingFinished, tabSequence_handleSpeedEdit)
+    VANTO_FINGER_SLOTS(lineEdit_SeqPos, returnPressed, m_input->sendTypedTarget)
+    VANTO_FINGER_SLOTS(lineEdit_SeqPos, editingFinished, m_input->restoreAbandoned)
     VANTO_FINGER_VALUE_SLOTS(verticalSlider_SeqPos, sliderMoved, tabSequence_handleSliderMoved)
     VANTO_FINGER_SLOTS(verticalSlider_SeqPos, sliderReleased, tabSequence_handleSliderReleased)
 
 private:
     enum class Purpose { Run, Edit };
-    /// The state at the release of a slider.
-    struct Release {
-        std::uint8_t finger;
-        const MotionUnit* unit;
-        int value;
-        std::uint8_t speed;
-        std::uint64_t step;
-    };
-
+    enum class InsertPlace { Before, After };
     void setUpLayout();
-    void storeEditedSpeed();
+    void connectParts();
     /// Whether the page is the current one; isVisible() also depends on the window.
     bool isShown() const { return !isHidden(); }
     /// Whether the page is shown and has not been left or cleared since `visit`.
@@ -118,22 +123,25 @@ private:
     void playRow(int row, Purpose purpose);
     void play(const HandTarget& target, int start, int end, Purpose purpose);
     void updateAfterPlay();
-    void insert(const HandTarget& target, std::uint64_t after);
+    void requestInsert(InsertPlace place);
+    void insert(const HandTarget& target, std::uint64_t step, InsertPlace place);
     void selectSoon(const HandTarget& target, int row);
     void moveCurrentRow(int distance);
-    std::optional<int> move(const HandTarget& target, const Release& release);
-    void moveAndStore(const HandTarget& target, const Release& release);
-    void load();
-    void save();
+    void showEdited(const QList<int>& rows);
+    void showCurrentRow();
+    void showMode();
+    void runLoad(std::function<void()> load);
 
     std::unique_ptr<Ui::SequencePage> ui;
     StepTable* m_table;
     std::unique_ptr<SequenceEditor> m_sequence;
     std::unique_ptr<StepEditors> m_editors;
     SequencePlayer* m_player;
-    std::array<QList<QWidget*>, Stop + 1> m_groups;
-    /// The step that the editors show. Input belongs to it, even if another row has become current.
-    std::uint64_t m_shownStep = 0;
+    std::unique_ptr<StepInput> m_input;
+    std::unique_ptr<SequenceActions> m_actions;
+    std::unique_ptr<SequenceFiles> m_files;
+    std::unique_ptr<SequenceStatus> m_status;
+    std::array<QList<QWidget*>, Repeat + 1> m_groups;
     Generation m_visit;      ///< advanced when the page is left or cleared
     bool m_starting = false; ///< the first step of a run is being sent
     bool m_reading = false;  ///< the pose for a new step is being read, in the unit of the mode box

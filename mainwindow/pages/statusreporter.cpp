@@ -28,6 +28,11 @@ StatusReporter::StatusReporter(QStatusBar* statusBar)
     m_statusBar->addPermanentWidget(m_errorLabel);
 }
 
+void StatusReporter::list(const QString& text)
+{
+    m_log->add(MessageLog::Kind::Error, text);
+}
+
 void StatusReporter::addToStatusBar(QWidget* widget)
 {
     m_statusBar->addPermanentWidget(widget);

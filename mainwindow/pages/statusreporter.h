@@ -30,6 +30,9 @@ public:
     void showError(const QString& text, const QColor& color = Qt::red,
                    Listing listing = Listing::Listed);
 
+    /// Adds an error to the list of messages without showing it on the status bar.
+    void list(const QString& text);
+
     /// Adds a widget to the right end of the status bar.
     void addToStatusBar(QWidget* widget);
     /// Adds an action to the context menu of the status bar.

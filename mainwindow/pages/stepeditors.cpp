@@ -5,11 +5,15 @@
 #include "unitdisplay.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSlider>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace vanto
 {
@@ -19,6 +23,8 @@ namespace
 constexpr int MaxDelayMs = 65535;
 constexpr int MinSpeed = 1;
 constexpr int MaxSpeed = 255;
+constexpr double HundredthsPerDegree = 100;
+constexpr double OutOfRange = 1e6; ///< beyond every slider
 } // namespace
 
 StepEditors::StepEditors(const QWidget* page, QLineEdit* delay, QComboBox* mode, QLabel* unitName)
@@ -64,27 +70,83 @@ void StepEditors::clear()
 {
     m_delay->clear();
     for (std::size_t f = 0; f < FingerCount; ++f) {
-        m_positions[f]->clear();
         m_speeds[f]->clear();
-        m_sliders[f]->setValue(0);
+        restore(static_cast<std::uint8_t>(f), {});
     }
 }
 
-void StepEditors::showValue(std::uint8_t finger, int value)
+void StepEditors::showPreview(std::uint8_t finger, int value)
 {
     m_positions[finger]->setText(UnitDisplay::text(unit(), value));
+    markPreview(finger, true);
 }
 
 void StepEditors::setValue(std::uint8_t finger, int value)
 {
     m_sliders[finger]->setValue(value);
-    showValue(finger, value);
+    m_positions[finger]->setText(UnitDisplay::text(unit(), value));
+    markPreview(finger, false);
+}
+
+void StepEditors::restore(std::uint8_t finger, const SequenceDataItem& step)
+{
+    if (finger < step.position.size()) {
+        setValue(finger, step.position[finger]);
+        return;
+    }
+    m_positions[finger]->clear();
+    m_sliders[finger]->setValue(0);
+    markPreview(finger, false);
+}
+
+void StepEditors::markPreview(std::uint8_t finger, bool isPreview)
+{
+    if (std::exchange(m_isPreview[finger], isPreview) == isPreview)
+        return;
+    QLineEdit* field = m_positions[finger];
+    QFont font = field->font();
+    font.setItalic(isPreview);
+    field->setFont(font);
+    field->setToolTip(
+        isPreview ? QCoreApplication::translate("StepEditors", "Not sent. Press Return to send it.")
+                  : QString());
+}
+
+std::optional<int> StepEditors::typedValue(std::uint8_t finger) const
+{
+    QString text = m_positions[finger]->text().trimmed();
+    bool isNumber = false;
+    const double number =
+        QLocale::c().toDouble(text.replace(QLatin1Char(','), QLatin1Char('.')), &isNumber);
+    if (!isNumber || !std::isfinite(number))
+        return std::nullopt;
+    const double ticks = unit().isPosition() ? number : number * HundredthsPerDegree;
+    return static_cast<int>(std::lround(std::clamp(ticks, -OutOfRange, OutOfRange)));
+}
+
+bool StepEditors::isAbandoned(std::uint8_t finger) const
+{
+    const QLineEdit* field = m_positions[finger];
+    const QString ofSlider = UnitDisplay::text(unit(), m_sliders[finger]->sliderPosition());
+    return !field->hasFocus() && !field->isReadOnly() &&
+           (field->isModified() || (!field->text().isEmpty() && field->text() != ofSlider));
+}
+
+bool StepEditors::hasPreview() const
+{
+    return std::any_of(m_isPreview.begin(), m_isPreview.end(), [](bool is) { return is; });
+}
+
+bool StepEditors::isDelayEdited() const
+{
+    return m_delay->hasFocus() && m_delay->isModified();
 }
 
 void StepEditors::setEnabled(bool enabled)
 {
     for (std::size_t f = 0; f < FingerCount; ++f) {
         m_speeds[f]->setReadOnly(!enabled);
+        m_positions[f]->setReadOnly(!enabled);
         m_sliders[f]->setEnabled(enabled);
     }
     m_delay->setEnabled(enabled);

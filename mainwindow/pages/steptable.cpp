@@ -1,10 +1,15 @@
 #include "steptable.h"
 
 #include "fingers.h"
+#include "stepheader.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+
+#include <algorithm>
+#include <memory>
 
 namespace vanto
 {
@@ -13,49 +18,60 @@ namespace
 {
 /// Columns by finger: the thumb root comes first, as on the hand.
 constexpr PerFinger<int> ColumnOf{1, 2, 3, 4, 5, 0};
+
+bool extendsSelection(Qt::KeyboardModifiers modifiers)
+{
+    return modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
+}
+
+/// Painting and layout after a change of many rows instead of after each.
+class UpdateBlocker
+{
+public:
+    explicit UpdateBlocker(QWidget* widget) : m_widget(widget), m_signals(widget)
+    {
+        m_widget->setUpdatesEnabled(false);
+    }
+    ~UpdateBlocker() { m_widget->setUpdatesEnabled(true); }
+    UpdateBlocker(const UpdateBlocker&) = delete;
+    UpdateBlocker& operator=(const UpdateBlocker&) = delete;
+
+private:
+    QWidget* m_widget;
+    QSignalBlocker m_signals;
+};
 } // namespace
 
 MyQTableWidgetItem::~MyQTableWidgetItem() = default;
 
-StepTable::StepTable(QWidget* parent) : QTableWidget(parent)
+StepTable::StepTable(QWidget* parent) : QTableWidget(parent), m_header(new StepHeader(this))
 {
-    // Individual row heights would query every cell of a long sequence.
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setVerticalHeader(m_header);
+    connect(m_header, &StepHeader::sig_extended, this, &StepTable::extendTo);
 }
 
-void StepTable::setSteps(const QList<SequenceDataItem>& steps)
+void StepTable::replaceSteps(int row, qsizetype count, const QList<std::uint64_t>& ids,
+                             const QList<SequenceDataItem>& steps)
 {
-    const QSignalBlocker blocker(this);
-    setUpdatesEnabled(false);
-    setRowCount(0);
-    setRowCount(static_cast<int>(steps.size()));
-    m_ids.resize(steps.size());
-    for (std::uint64_t& id : m_ids)
-        id = ++m_lastId;
-    for (int row = 0; row < rowCount(); ++row)
-        showPositions(row, steps[row].position);
-    setCurrentCell(-1, -1);
-    setUpdatesEnabled(true);
-}
-
-void StepTable::insertStep(int row, const QList<int>& positions)
-{
-    const QSignalBlocker blocker(this);
-    insertRow(row);
-    m_ids.insert(row, ++m_lastId);
-    showPositions(row, positions);
-}
-
-void StepTable::removeStep(int row)
-{
-    const QSignalBlocker blocker(this);
-    removeRow(row);
-    m_ids.removeAt(row);
-}
-
-void StepTable::swapIds(int row, int other)
-{
-    m_ids.swapItemsAt(row, other);
+    const UpdateBlocker blocker(this);
+    const bool isOtherSequence =
+        count > 0 && row == 0 && count == m_ids.size() && ids.mid(0, count) != m_ids;
+    const auto added = static_cast<int>(steps.size() - count);
+    if (isOtherSequence) {
+        setCurrentCell(-1, -1);
+        setRowCount(0); // much faster than changing each cell
+        setRowCount(static_cast<int>(steps.size()));
+    } else if (added > 0) {
+        model()->insertRows(row + static_cast<int>(count), added);
+    } else if (added < 0) {
+        model()->removeRows(row + static_cast<int>(steps.size()), -added);
+    }
+    m_ids.remove(row, count);
+    m_ids.insert(row, ids.size(), NoStep);
+    std::copy(ids.begin(), ids.end(), m_ids.begin() + row);
+    for (int i = 0; i < steps.size(); ++i)
+        showPositions(row + i, steps[i].position);
+    showMark();
 }
 
 void StepTable::showPositions(int row, const QList<int>& positions)
@@ -85,6 +101,18 @@ void StepTable::selectSilently(int row)
     setCurrentCell(row, 0);
 }
 
+void StepTable::selectSilently(const QList<int>& rows)
+{
+    const QSignalBlocker blocker(this);
+    if (rows.isEmpty())
+        return;
+    setCurrentCell(rows.constFirst(), 0);
+    QItemSelection all;
+    for (const int row : rows)
+        all.select(model()->index(row, 0), model()->index(row, columnCount() - 1));
+    selectionModel()->select(all, QItemSelectionModel::ClearAndSelect);
+}
+
 void StepTable::clearCurrent()
 {
     const QSignalBlocker blocker(this);
@@ -92,10 +120,119 @@ void StepTable::clearCurrent()
     setCurrentCell(-1, -1);
 }
 
+QList<int> StepTable::selectedRows() const
+{
+    QList<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.append(index.row());
+    if (rows.isEmpty() && currentRow() >= 0)
+        rows.append(currentRow());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void StepTable::setMark(std::uint64_t step, Mark mark)
+{
+    m_markedStep = mark == Mark::None ? NoStep : step;
+    m_mark = m_markedStep == NoStep ? Mark::None : mark;
+    showMark();
+}
+
+/// The number of a row is text of the header only if it has a mark; otherwise Qt numbers the rows.
+void StepTable::showMark()
+{
+    const QSignalBlocker blocker(this);
+    const int row = m_mark == Mark::None ? -1 : rowOf(m_markedStep);
+    for (int r = 0; m_markedRow >= 0 && r < rowCount(); ++r)
+        if (verticalHeaderItem(r)) // its row may have moved
+            delete takeVerticalHeaderItem(r);
+    m_markedRow = row;
+    if (row < 0)
+        return;
+    const bool playing = m_mark == Mark::Playing;
+    auto number = std::make_unique<QTableWidgetItem>(QString::number(row + 1) +
+                                                     QLatin1String(playing ? "" : " *"));
+    if (playing)
+        number->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+    setVerticalHeaderItem(row, number.release());
+}
+
 QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     // Without a current cell the view would search for a first one, even when it gets the focus.
     return currentRow() < 0 ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
+}
+
+/// Only Shift and Ctrl extend the selection. Without an event the view would use the keys that
+/// are pressed at the moment, also when the program selects a row.
+QItemSelectionModel::SelectionFlags StepTable::selectionCommand(const QModelIndex& index,
+                                                                const QEvent* event) const
+{
+    const bool isInput = event && event->isInputEvent();
+    if (isInput && extendsSelection(static_cast<const QInputEvent*>(event)->modifiers()))
+        return QTableWidget::selectionCommand(index, event);
+    return index.isValid() || !event
+               ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+               : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
+}
+
+void StepTable::mousePressEvent(QMouseEvent* event)
+{
+    if (!extendsSelection(event->modifiers()))
+        QTableWidget::mousePressEvent(event);
+    else if (const int row = rowAt(event->position().toPoint().y()); row >= 0)
+        extendTo(row, event->modifiers());
+}
+
+/// Selecting a row moves the hand, so the mouse selects none while it moves with a button pressed.
+void StepTable::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() == Qt::NoButton)
+        QTableWidget::mouseMoveEvent(event);
+}
+
+void StepTable::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (extendsSelection(event->modifiers()))
+        mousePressEvent(event);
+    else
+        QTableWidget::mouseDoubleClickEvent(event);
+}
+
+/// With Shift, keys such as Page Down extend the selection, too.
+void StepTable::keyPressEvent(QKeyEvent* event)
+{
+    if (!(event->modifiers() & Qt::ShiftModifier)) {
+        QTableWidget::keyPressEvent(event);
+        return;
+    }
+    const int before = currentRow();
+    {
+        const QSignalBlocker blocker(this);
+        QTableWidget::keyPressEvent(event);
+    }
+    if (currentRow() != before)
+        emit sig_extended();
+}
+
+/// With Shift the rows from the one at which the extension began to `row` are selected; with Ctrl
+/// `row` is added or removed.
+void StepTable::extendTo(int row, Qt::KeyboardModifiers modifiers)
+{
+    const bool isRange = modifiers & Qt::ShiftModifier && currentRow() >= 0;
+    if (!isRange)
+        m_anchor = row;
+    else if (selectionModel()->selectedRows().size() < 2)
+        m_anchor = currentRow();
+    const auto [first, last] = std::minmax(std::min(m_anchor, rowCount() - 1), row);
+    const QItemSelection rows(model()->index(first, 0), model()->index(last, columnCount() - 1));
+    {
+        const QSignalBlocker blocker(this);
+        selectionModel()->setCurrentIndex(model()->index(row, 0), QItemSelectionModel::NoUpdate);
+        selectionModel()->select(rows, isRange ? QItemSelectionModel::ClearAndSelect
+                                               : QItemSelectionModel::Toggle);
+    }
+    emit sig_extended();
 }
 
 bool StepTable::handleKeyPress(const QKeyEvent& event)
@@ -107,9 +244,15 @@ bool StepTable::handleKeyPress(const QKeyEvent& event)
     // A key held since before the page was shown must not select a row, which would move the hand.
     if (row < 0 && event.isAutoRepeat())
         return true;
+    if (event.modifiers() & Qt::AltModifier)
+        return true; // moves rows, see SequenceActions
     const int next = up ? row - 1 : row + 1;
-    if (next >= 0 && next < rowCount())
+    if (next < 0 || next >= rowCount())
+        return true;
+    if (!extendsSelection(event.modifiers()))
         setCurrentCell(next, 0);
+    else if (row >= 0)
+        extendTo(next, Qt::ShiftModifier);
     return true;
 }
 

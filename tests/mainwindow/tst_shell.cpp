@@ -80,7 +80,7 @@ void TestShell::everySlotIsConnected()
             QVERIFY2(connected, name.constData());
         }
     }
-    QCOMPARE(found, 42 + 12 * 6);
+    QCOMPARE(found, 42 + 14 * 6);
 }
 
 void TestShell::about()

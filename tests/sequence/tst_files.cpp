@@ -1,0 +1,176 @@
+#include "sequencedraft.h"
+#include "sequencemanager.h"
+#include "testmain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vanto
+{
+
+/// Files and drafts of sequences when something goes wrong.
+class TestFiles : public QObject
+{
+    Q_OBJECT
+private slots:
+    void notRegular();
+    void tooLarge();
+    void fullDisk();
+    void killedWriter();
+    void severalDrafts();
+
+private:
+    static SequenceData sequenceOf(int steps);
+    static QByteArray contentOf(const QString& name);
+
+    QTemporaryDir m_folder;
+};
+
+SequenceData TestFiles::sequenceOf(int steps)
+{
+    SequenceData data;
+    data.sequences.fill({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}, steps % 65536}, steps);
+    return data;
+}
+
+QByteArray TestFiles::contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void TestFiles::notRegular()
+{
+    const QString pipe = m_folder.filePath("pipe");
+    QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+    SequenceManager manager;
+    for (const QString& name : {pipe, QString("/dev/zero")}) {
+        QTest::ignoreMessage(QtDebugMsg, "can't open error!");
+        QFile file(name);
+        QVERIFY(!manager.loadSequenceData(file));
+        QVERIFY(!manager.fileError().isEmpty());
+    }
+    // A pipe can be written.
+    const int reader = ::open(qPrintable(pipe), O_RDONLY | O_NONBLOCK);
+    QFile file(pipe);
+    QVERIFY(manager.saveSequenceData(file));
+    QCOMPARE(manager.fileError(), QString());
+    QByteArray read(1000, 0);
+    read.resize(::read(reader, read.data(), 1000));
+    ::close(reader);
+    QCOMPARE(read, manager.sequenceData().toJSON());
+    QFile full("/dev/full");
+    QVERIFY(manager.saveSequenceData(full)); // it could be opened
+    QVERIFY(!manager.fileError().isEmpty());
+}
+
+void TestFiles::tooLarge()
+{
+    QFile file(m_folder.filePath("large.json"));
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write(SequenceData().toJSON());
+    QVERIFY(file.resize(SequenceManager::MaxFileBytes + 1));
+    file.close();
+    SequenceManager manager;
+    QVERIFY(!manager.loadSequenceData(file));
+    QVERIFY(manager.fileError().contains("64 MiB"));
+}
+
+void TestFiles::fullDisk()
+{
+    SequenceManager manager;
+    QFile file(m_folder.filePath("kept.json"));
+    QVERIFY(manager.saveSequenceData(file));
+    QVERIFY(QFile::setPermissions(file.fileName(), QFile::ReadOwner | QFile::WriteOwner));
+    const QByteArray before = contentOf(file.fileName());
+    for (int i = 0; i < 100; ++i)
+        manager.insertSequenceDataItem(i, sequenceOf(1).sequences.constFirst());
+    // Writing more than this fails as on a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{4096, RLIM_INFINITY};
+    const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool opened = manager.saveSequenceData(file);
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    QVERIFY(opened);
+    QVERIFY(!manager.fileError().isEmpty());
+    QCOMPARE(contentOf(file.fileName()), before);
+    QCOMPARE(QDir(m_folder.path()).entryList({"kept*"}).size(), 1);
+    QVERIFY(manager.saveSequenceData(file));
+    QCOMPARE(manager.fileError(), QString());
+    QCOMPARE(contentOf(file.fileName()), manager.sequenceData().toJSON());
+    QCOMPARE(QFile::permissions(file.fileName()) & ~(QFile::ReadUser | QFile::WriteUser),
+             QFile::ReadOwner | QFile::WriteOwner);
+}
+
+/// A process that writes its draft again and again is killed at random moments.
+void TestFiles::killedWriter()
+{
+    const QString folder = m_folder.filePath("drafts");
+    int found = 0;
+    for (int i = 0; i < 20; ++i) {
+        const pid_t writer = fork();
+        QVERIFY(writer >= 0);
+        if (writer == 0) {
+            SequenceDraft draft(folder);
+            for (int steps = 1;; steps = steps % 500 + 1) {
+                draft.write(sequenceOf(steps), "/a/wave.json");
+                usleep(1000);
+            }
+        }
+        QTest::qWait(QRandomGenerator::global()->bounded(60)); // a random moment
+        QVERIFY(SequenceDraft::findAbandoned(folder).empty());
+        ::kill(writer, SIGKILL);
+        QCOMPARE(waitpid(writer, nullptr, 0), writer);
+        for (auto& draft : SequenceDraft::findAbandoned(folder)) {
+            ++found;
+            QCOMPARE(draft.file, "/a/wave.json");
+            QCOMPARE(draft.data, sequenceOf(static_cast<int>(draft.data.sequences.size())));
+            SequenceDraft::discard(std::move(draft));
+        }
+        const QStringList left = QDir(folder).entryList({"*.json", "*.lock"}, QDir::Files);
+        QCOMPARE(left, QStringList());
+    }
+    QVERIFY(found > 5); // the others were killed before the first one was written
+}
+
+void TestFiles::severalDrafts()
+{
+    const QString folder = m_folder.filePath("several");
+    for (int steps : {1, 2}) {
+        SequenceDraft draft(folder);
+        draft.write(sequenceOf(steps), {});
+    }
+    {
+        SequenceDraft saved(folder);
+        saved.write(sequenceOf(3), {});
+        saved.remove();
+    }
+    QFile damaged(folder + "/damaged.json");
+    QVERIFY(damaged.open(QFile::WriteOnly));
+    auto drafts = SequenceDraft::findAbandoned(folder);
+    QCOMPARE(drafts.size(), 2U);
+    QVERIFY(SequenceDraft::findAbandoned(folder).empty()); // offered by one process only
+    {
+        SequenceDraft own(folder);
+        own.take(std::move(drafts.front()));
+        drafts.clear();
+    }
+    QCOMPARE(SequenceDraft::findAbandoned(folder).size(), 2U);
+}
+
+VANTO_TEST(TestFiles)
+
+} // namespace vanto
+
+#include "tst_files.moc"
