@@ -100,6 +100,8 @@ constexpr Property Properties[] = {
     {"stage", false, 0, MaxByte,
      [](const Context& c) { return static_cast<double>(c.hand.calibrationStage()); }, nullptr},
     handValue<&Hand::rebootTime>("reboot-time", MaxWord),
+    {"listening", false, 0, 1,
+     [](const Context& c) { return c.hand.isListening(c.now) ? 1.0 : 0.0; }, nullptr},
     handValue<&Hand::error>("error", MaxByte),
     handValue<&Hand::voltage>("voltage", MaxWord),
     handValue<&Hand::beeps>("beeps", MaxU32),
