@@ -1,5 +1,7 @@
 #include "lasthand.h"
 
+#include "settingsfile.h"
+
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -24,8 +26,10 @@ QString stateFile()
 
 LastHand LastHand::load()
 {
-    const QSettings settings(stateFile(), QSettings::IniFormat);
     LastHand hand;
+    if (!canBeSettingsFile(stateFile()))
+        return hand;
+    const QSettings settings(stateFile(), QSettings::IniFormat);
     bool isNumber = false;
     const int node = settings.value(NodeKey).toInt(&isNumber);
     if (settings.status() != QSettings::NoError || !isNumber || node < 0 || node > HighestNode)
@@ -42,6 +46,8 @@ LastHand LastHand::load()
 
 void LastHand::save() const
 {
+    if (!canBeSettingsFile(stateFile()))
+        return;
     QSettings settings(stateFile(), QSettings::IniFormat);
     settings.setValue(PortKey, port);
     settings.setValue(NodeKey, node);
