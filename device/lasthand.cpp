@@ -1,9 +1,9 @@
 #include "lasthand.h"
 
 #include "settingsfile.h"
+#include "statefile.h"
 
 #include <QSettings>
-#include <QStandardPaths>
 
 namespace vanto
 {
@@ -16,20 +16,14 @@ constexpr QLatin1String NodeKey("lastHand/node");
 constexpr QLatin1String ProtocolKey("lastHand/protocol");
 constexpr QLatin1String ModbusName("modbus");
 constexpr QLatin1String SerialCtrlName("serialctrl");
-
-QString stateFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
-           QStringLiteral("/state.ini");
-}
 } // namespace
 
 LastHand LastHand::load()
 {
     LastHand hand;
-    if (!canBeSettingsFile(stateFile()))
+    if (!canBeSettingsFile(stateFilePath()))
         return hand;
-    const QSettings settings(stateFile(), QSettings::IniFormat);
+    const QSettings settings(stateFilePath(), QSettings::IniFormat);
     bool isNumber = false;
     const int node = settings.value(NodeKey).toInt(&isNumber);
     if (settings.status() != QSettings::NoError || !isNumber || node < 0 || node > HighestNode)
@@ -46,9 +40,9 @@ LastHand LastHand::load()
 
 void LastHand::save() const
 {
-    if (!canBeSettingsFile(stateFile()))
+    if (!canBeSettingsFile(stateFilePath()))
         return;
-    QSettings settings(stateFile(), QSettings::IniFormat);
+    QSettings settings(stateFilePath(), QSettings::IniFormat);
     settings.setValue(PortKey, port);
     settings.setValue(NodeKey, node);
     settings.setValue(ProtocolKey,
