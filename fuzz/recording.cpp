@@ -34,8 +34,7 @@ void checkRecording(const Recording& recording)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     constexpr qsizetype smallPiece = 7;
-    const QByteArrayView content(reinterpret_cast<const char*>(data),
-                                 static_cast<qsizetype>(size));
+    const QByteArrayView content(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     RecordingParser whole = parsed(content, true, content.size() + 1);
     RecordingParser pieces = parsed(content, false, smallPiece);
     check(whole.error() == pieces.error(), "the size of the pieces makes a difference");

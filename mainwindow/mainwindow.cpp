@@ -3,8 +3,11 @@
 #include "calibrationprocedure.h"
 #include "firmwareupdater.h"
 #include "messagelist.h"
+#include "monitordock.h"
 #include "nodedialogs.h"
 #include "program.h"
+#include "settingsfile.h"
+#include "statefile.h"
 #include "statusreporter.h"
 #include "theme.h"
 #include "ui_mainwindow.h"
@@ -12,9 +15,15 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QSettings>
 
 namespace vanto
 {
+
+namespace
+{
+constexpr QLatin1String DocksKey("window/docks");
+}
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
@@ -50,9 +59,30 @@ void MainWindow::setUpPages()
                          {ui->action_Force_Update, ui->action_Open_Node, ui->action_Scan_Range});
 }
 
+/// Created when it is needed first, as it would delay the start. It is hidden at each start,
+/// because it sends requests to the hand.
+void MainWindow::on_action_Monitor_triggered(bool show)
+{
+    if (!m_monitor) {
+        m_monitor = new MonitorDock(
+            m_session.get(), m_reporter, [tabs = ui->tabWidget] { return !tabs->isEnabled(); },
+            this);
+        addDockWidget(Qt::RightDockWidgetArea, m_monitor);
+        if (canBeSettingsFile(stateFilePath()))
+            restoreState(
+                QSettings(stateFilePath(), QSettings::IniFormat).value(DocksKey).toByteArray());
+        connect(m_monitor->toggleViewAction(), &QAction::toggled, ui->action_Monitor,
+                &QAction::setChecked);
+    }
+    m_monitor->setVisible(show);
+}
+
 MainWindow::~MainWindow()
 {
     m_session->shutDown();
+    if (m_monitor && canBeSettingsFile(stateFilePath()))
+        QSettings(stateFilePath(), QSettings::IniFormat).setValue(DocksKey, saveState());
+    delete m_monitor; // refers to the session
     // Widgets emit signals during destruction, when their page is already partly destroyed.
     QList<QObject*> receivers{this, ui->deviceBar};
     for (int i = 0; i < ui->tabWidget->count(); ++i)

@@ -11,6 +11,7 @@ namespace vanto
 class CalibrationProcedure;
 class DeviceSession;
 class FirmwareUpdater;
+class MonitorDock;
 class StatusReporter;
 namespace Ui
 {
@@ -47,6 +48,7 @@ protected:
 private slots:
     void on_action_Exit_triggered();
     void on_action_Messages_triggered();
+    void on_action_Monitor_triggered(bool show);
     void on_action_Force_Update_triggered();
     void on_action_Theme_triggered();
     void on_action_Open_Node_triggered();
@@ -64,6 +66,7 @@ private:
     std::unique_ptr<Ui::MainWindow> ui;
     std::unique_ptr<DeviceSession> m_session;
     StatusReporter* m_reporter = nullptr;
+    MonitorDock* m_monitor = nullptr; ///< null until it is shown first
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;
 };
