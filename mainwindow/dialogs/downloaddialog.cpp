@@ -35,9 +35,9 @@ void DownloadDialog::showProgress(qint64 received, qint64 total)
         setLabelText(m_text + QLatin1Char('\n') + locale.formattedDataSize(received));
         return;
     }
-    setLabelText(tr("%1\n%2 of %3")
-                     .arg(m_text, locale.formattedDataSize(received),
-                          locale.formattedDataSize(total)));
+    setLabelText(
+        tr("%1\n%2 of %3")
+            .arg(m_text, locale.formattedDataSize(received), locale.formattedDataSize(total)));
     setMaximum(FullRange);
     setValue(static_cast<int>(received * FullRange / total));
 }
