@@ -82,7 +82,7 @@ void TestShell::everySlotIsConnected()
             QVERIFY2(connected, name.constData());
         }
     }
-    QCOMPARE(found, 39 + 12 * 6);
+    QCOMPARE(found, 40 + 12 * 6);
 }
 
 void TestShell::about()
