@@ -2,6 +2,7 @@
 
 #include "calibrationstep.h"
 #include "fingersteps.h"
+#include "monitorstep.h"
 #include "pageindex.h"
 #include "replylimits.h"
 #include "sequencestep.h"
@@ -363,6 +364,7 @@ constexpr std::array steps{
     Step{"beep", beep},
     Step{"setting", settingPage},
     Step{"run", runPage},
+    Step{"monitor", monitor},
     Step{"sequence", sequencePage},
     Step{"id", setId},
     Step{"rescan", rescan},
