@@ -19,6 +19,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace vanto
 {
 
@@ -63,6 +65,8 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     m_table->setColors(color);
 #endif
     splitter->addWidget(m_table);
+    splitter->setStretchFactor(0, m_plot ? 1 : 0); // the plot gets all that the table does not need
+    splitter->setChildrenCollapsible(false);
     layout->addWidget(createControls());
     layout->addWidget(splitter, 1);
     layout->addWidget(createRecordingControls());
@@ -238,7 +242,8 @@ void MonitorDock::showPlot([[maybe_unused]] const Sample& last)
     if (m_pause->isChecked())
         return;
     const std::int64_t span = m_span->currentData().toInt() * UsPerSecond;
-    m_plot->showTime(last.timeUs - span, last.timeUs);
+    const std::int64_t to = std::max(last.timeUs + 1, span);
+    m_plot->showTime(to - span, to);
 #endif
 }
 

@@ -22,6 +22,8 @@ namespace
 constexpr int PictureWidth = 1600; ///< pixels, of a saved picture
 constexpr int PictureHeight = 900;
 constexpr int MaxMarkers = 50; ///< with a label each, more would not be legible
+constexpr int LegendColumns = 3;
+constexpr double LeastStretch = 0.001; ///< a row of the layout gets what it needs
 constexpr double LineWidth = 1.5;
 constexpr int MiddleLightness = 128;
 
@@ -54,6 +56,8 @@ MonitorPlot::MonitorPlot(Source source, QWidget* parent)
     m_plot->setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
     m_plot->setNoAntialiasingOnDrag(true);
     m_plot->plotLayout()->clear();
+    m_plot->setAutoAddPlottableToLegend(false);
+    m_margins = new QCPMarginGroup(m_plot);
 }
 
 MonitorPlot::~MonitorPlot() = default;
@@ -83,11 +87,21 @@ void MonitorPlot::setChannels(ChannelSet channels)
     m_plot->plotLayout()->clear();
     m_rows.clear();
     m_lines.clear();
+    m_legend = new QCPLegend;
+    m_plot->plotLayout()->addElement(0, 0, m_legend);
+    m_plot->plotLayout()->setRowStretchFactor(0, LeastStretch);
+    m_legend->setLayer(QStringLiteral("legend"));
+    m_legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
+    m_legend->setWrap(LegendColumns);
+    m_legend->setBrush(Qt::NoBrush);
+    m_legend->setBorderPen(Qt::NoPen);
     for (const Quantity quantity :
          {Quantity::Current, Quantity::Position, Quantity::Angle, Quantity::Force}) {
         if ((channels & channelsOf(quantity)).any())
             addRow(quantity);
     }
+    for (QCPAxisRect* const row : m_rows)
+        row->axis(QCPAxis::atBottom)->setTickLabels(row == m_rows.back());
     if (!m_rows.empty())
         m_rows.back()->axis(QCPAxis::atBottom)->setLabel(tr("Time (s)"));
     applyColors();
@@ -96,7 +110,7 @@ void MonitorPlot::setChannels(ChannelSet channels)
 void MonitorPlot::addRow(Quantity quantity)
 {
     auto* const row = new QCPAxisRect(m_plot);
-    m_plot->plotLayout()->addElement(static_cast<int>(m_rows.size()), 0, row);
+    m_plot->plotLayout()->addElement(static_cast<int>(m_rows.size()) + 1, 0, row);
     row->setRangeDrag(Qt::Horizontal);
     row->setRangeZoom(Qt::Horizontal);
     QCPAxis* const time = row->axis(QCPAxis::atBottom);
@@ -111,15 +125,9 @@ void MonitorPlot::addRow(Quantity quantity)
                 if (!m_showing)
                     changeTime(toUs(range.lower), toUs(range.upper));
             });
-    const bool first = m_rows.empty();
+    row->setMarginGroup(QCP::msLeft | QCP::msRight, m_margins);
+    const bool isFirst = m_rows.empty();
     m_rows.push_back(row);
-    QCPLegend* legend = nullptr;
-    if (first) {
-        legend = new QCPLegend;
-        row->insetLayout()->addElement(legend, Qt::AlignTop | Qt::AlignLeft);
-        legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
-        legend->setLayer(QStringLiteral("legend"));
-    }
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
         const auto [ofChannel, finger] = Channel::at(channel);
         if (!m_channels[channel] || ofChannel != quantity)
@@ -127,8 +135,8 @@ void MonitorPlot::addRow(Quantity quantity)
         QCPGraph* const graph = m_plot->addGraph(time, value);
         graph->setName(FingerNames::shown(finger));
         graph->setAdaptiveSampling(false); // already reduced to columns
-        if (legend)
-            graph->addToLegend(legend);
+        if (isFirst)
+            graph->addToLegend(m_legend);
         m_lines.push_back({channel, graph});
     }
 }
@@ -175,15 +183,9 @@ void MonitorPlot::applyColors()
             axis->grid()->setPen(QPen(faint, 1, Qt::DotLine));
             axis->grid()->setZeroLinePen(Qt::NoPen);
         }
-        for (QCPLayoutElement* const element : row->insetLayout()->elements(false)) {
-            auto* const legend = qobject_cast<QCPLegend*>(element);
-            QColor background = m_backgroundColor;
-            background.setAlphaF(0.8F);
-            legend->setBrush(background);
-            legend->setBorderPen(faint);
-            legend->setTextColor(m_textColor);
-        }
     }
+    if (m_legend)
+        m_legend->setTextColor(m_textColor);
     for (const Line& line : m_lines)
         line.graph->setPen(QPen(fingerColor(Channel::at(line.channel).finger), LineWidth));
     m_plot->replot();

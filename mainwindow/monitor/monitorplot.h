@@ -8,6 +8,8 @@
 
 class QCPAxisRect;
 class QCPGraph;
+class QCPLegend;
+class QCPMarginGroup;
 class QCustomPlot;
 
 namespace vanto
@@ -66,6 +68,8 @@ private:
 
     Source m_source;
     QCustomPlot* m_plot;
+    QCPMarginGroup* m_margins = nullptr;
+    QCPLegend* m_legend = nullptr; ///< null before the first setChannels()
     ChannelSet m_channels;
     std::vector<QCPAxisRect*> m_rows;
     std::vector<Line> m_lines;

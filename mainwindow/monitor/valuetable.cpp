@@ -30,6 +30,7 @@ ValueTable::ValueTable(QWidget* parent) : QTableWidget(int{FingerCount}, ColumnC
     setAccessibleName(tr("Measured values"));
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ContiguousSelection);
+    setSizeAdjustPolicy(AdjustToContents);
     setHorizontalHeaderLabels({tr("Current"), tr("Position"), tr("Angle (°)"), tr("Force")});
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
