@@ -1,5 +1,6 @@
 #include "lasthand.h"
 
+#include "settingsfile.h"
 #include "statefile.h"
 
 #include <QSettings>
@@ -19,8 +20,10 @@ constexpr QLatin1String SerialCtrlName("serialctrl");
 
 LastHand LastHand::load()
 {
-    const QSettings settings(stateFilePath(), QSettings::IniFormat);
     LastHand hand;
+    if (!canBeSettingsFile(stateFilePath()))
+        return hand;
+    const QSettings settings(stateFilePath(), QSettings::IniFormat);
     bool isNumber = false;
     const int node = settings.value(NodeKey).toInt(&isNumber);
     if (settings.status() != QSettings::NoError || !isNumber || node < 0 || node > HighestNode)
@@ -37,6 +40,8 @@ LastHand LastHand::load()
 
 void LastHand::save() const
 {
+    if (!canBeSettingsFile(stateFilePath()))
+        return;
     QSettings settings(stateFilePath(), QSettings::IniFormat);
     settings.setValue(PortKey, port);
     settings.setValue(NodeKey, node);

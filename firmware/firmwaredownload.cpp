@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QNetworkReply>
 #include <QSaveFile>
+#include <QTimer>
 #include <QUrl>
 
 #include <memory>
@@ -14,7 +15,7 @@ namespace vanto
 namespace
 {
 constexpr int StatusOk = 200;
-constexpr qint64 MaxBodySize = 64LL * 1024 * 1024; ///< bytes; larger update files are not read
+constexpr qint64 MaxUpdateFileSize = 64LL * 1024 * 1024; ///< bytes; larger ones are not read
 constexpr const char* ServerVariable = "VANTO_FIRMWARE_SERVER";
 
 QString serverAddress()
@@ -27,8 +28,24 @@ QString serverAddress()
     return address;
 }
 
+/// Whether the path, or a folder on it, is a symbolic link. It would lead to a place where nobody
+/// expects a download.
+bool leadsElsewhere(const QString& path)
+{
+    for (qsizetype end = 0; end >= 0; end = path.indexOf(QLatin1Char('/'), end + 1)) {
+        if (end > 0 && QFileInfo(path.first(end)).isSymLink())
+            return true;
+    }
+    return QFileInfo(path).isSymLink();
+}
+
+/// `path` is relative to the working directory.
 bool writeFile(const QString& path, const QByteArray& content)
 {
+    if (leadsElsewhere(path)) {
+        qDebug() << "Open file" << path << "for write failed, err: symbolic link";
+        return false;
+    }
     QDir().mkpath(QFileInfo(path).path());
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
@@ -39,8 +56,13 @@ bool writeFile(const QString& path, const QByteArray& content)
 }
 } // namespace
 
-FirmwareDownload::FirmwareDownload(QString hardware, std::chrono::milliseconds maxSilence)
-    : m_hardware(std::move(hardware)), m_maxSilence(maxSilence)
+FirmwareDownload::FirmwareDownload(QString hardware)
+    : FirmwareDownload(std::move(hardware), Limits())
+{
+}
+
+FirmwareDownload::FirmwareDownload(QString hardware, Limits limits)
+    : m_hardware(std::move(hardware)), m_limits(limits)
 {
 }
 
@@ -51,7 +73,7 @@ FirmwareDownload::Offer FirmwareDownload::latestReleases()
         offer.failure = tr("Error when saving firmware file.");
         return offer;
     }
-    const auto body = get(fileUrl(QStringLiteral("latest_version.json")));
+    const auto body = get(fileUrl(QStringLiteral("latest_version.json")), MaxVersionFileSize);
     if (!body) {
         offer.failure = tr("Error when reading version file from server.");
         return offer;
@@ -69,7 +91,7 @@ FirmwareDownload::SavedFile FirmwareDownload::save(const FirmwareRelease& releas
              << ", desc:" << release.description;
     if (!isPlainFileName(m_hardware) || !isPlainFileName(release.file))
         return {{}, tr("Error when saving firmware file.")};
-    const auto body = get(fileUrl(release.file));
+    const auto body = get(fileUrl(release.file), MaxUpdateFileSize);
     if (!body || body->isEmpty())
         return {{}, tr("Error when reading firmware file from server.")};
     const QString path = QStringLiteral("downloaded/%1/%2").arg(m_hardware, release.file);
@@ -80,6 +102,7 @@ FirmwareDownload::SavedFile FirmwareDownload::save(const FirmwareRelease& releas
 
 void FirmwareDownload::abandon()
 {
+    m_abandoned = true;
     m_wait.quit();
 }
 
@@ -92,20 +115,23 @@ QUrl FirmwareDownload::fileUrl(const QString& file) const
                                encoded(m_hardware) + QLatin1Char('/') + encoded(file));
 }
 
-std::optional<QByteArray> FirmwareDownload::get(const QUrl& address)
+std::optional<QByteArray> FirmwareDownload::get(const QUrl& address, qint64 maxSize)
 {
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
     // Restarts with every byte received.
-    request.setTransferTimeout(static_cast<int>(m_maxSilence.count()));
+    request.setTransferTimeout(static_cast<int>(m_limits.silence.count()));
     const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
     connect(reply.get(), &QNetworkReply::finished, &m_wait, &QEventLoop::quit);
     connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(),
-            [reply = reply.get()](qint64 received) {
-                if (received > MaxBodySize)
+            [this, reply = reply.get(), maxSize](qint64 received, qint64 total) {
+                if (received > maxSize)
                     reply->abort();
+                else
+                    emit sig_progress(received, total);
             });
+    QTimer::singleShot(m_limits.file, reply.get(), &QNetworkReply::abort);
     m_wait.exec();
 
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -114,6 +140,9 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address)
     else if (reply->error() != QNetworkReply::NoError)
         qDebug() << reply->errorString();
     if (status != StatusOk || reply->error() != QNetworkReply::NoError || !reply->isFinished())
+        return std::nullopt;
+    // Progress is reported only now and then, so a fast server may have sent too much.
+    if (reply->bytesAvailable() > maxSize)
         return std::nullopt;
     return reply->readAll();
 }

@@ -18,9 +18,9 @@ namespace vanto
 ///   /firmwares/HARDWARE/latest_version.json   the version file
 ///   /firmwares/HARDWARE/FILE                  the update file
 ///
-/// Possible errors: any status other than 200, including redirects; a time-out; a broken
-/// connection; a body that is empty, too long or not JSON; members that are missing or not strings;
-/// file names that lead out of the download folder.
+/// Possible errors: any status other than 200, including redirects; a server that is silent or too
+/// slow; a broken connection; a body that is empty, too long or not JSON; members that are missing
+/// or not strings; file names that lead out of the download folder; symbolic links in it.
 ///
 /// The functions process events while they wait for the server. Their results hold either a
 /// failure, as text for the user, or the requested data.
@@ -28,8 +28,10 @@ class FirmwareDownload : public QObject
 {
     Q_OBJECT
 public:
-    /// How long the server may stay silent.
-    static constexpr std::chrono::seconds MaxSilence{30};
+    struct Limits {
+        std::chrono::milliseconds silence = std::chrono::seconds(30);
+        std::chrono::milliseconds file = std::chrono::minutes(10); ///< for a whole file
+    };
 
     struct Offer {
         QMap<QString, FirmwareRelease> releases; ///< by type of firmware
@@ -40,22 +42,29 @@ public:
         QString failure;
     };
 
-    explicit FirmwareDownload(QString hardware, std::chrono::milliseconds maxSilence = MaxSilence);
+    explicit FirmwareDownload(QString hardware);
+    FirmwareDownload(QString hardware, Limits limits);
 
     Offer latestReleases();
     SavedFile save(const FirmwareRelease& release);
 
     /// Ends the waiting call; its result must not be used.
     void abandon();
+    bool isAbandoned() const { return m_abandoned; }
+
+signals:
+    /// `total` is negative if the server has not sent the size.
+    void sig_progress(qint64 received, qint64 total);
 
 private:
     QUrl fileUrl(const QString& file) const;
-    std::optional<QByteArray> get(const QUrl& address);
+    std::optional<QByteArray> get(const QUrl& address, qint64 maxSize);
 
     QString m_hardware;
-    std::chrono::milliseconds m_maxSilence;
+    Limits m_limits;
     QNetworkAccessManager m_network;
     QEventLoop m_wait;
+    bool m_abandoned = false;
 };
 
 } // namespace vanto

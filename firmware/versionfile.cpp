@@ -11,7 +11,12 @@ namespace vanto
 QMap<QString, FirmwareRelease> readVersionFile(const QByteArray& content)
 {
     QMap<QString, FirmwareRelease> releases;
+    // Parsed, it would use more than ten times its size.
+    if (content.size() > MaxVersionFileSize)
+        return releases;
     const QJsonObject types = QJsonDocument::fromJson(content).object();
+    if (types.size() > MaxFirmwareTypes)
+        return releases;
     for (auto type = types.begin(); type != types.end(); ++type) {
         const QJsonObject members = type->toObject();
         const auto text = [&members](QLatin1String name) { return members[name].toString(); };

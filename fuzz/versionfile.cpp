@@ -37,7 +37,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const auto releases = readVersionFile(content);
-    check(readVersionFile(toJson(releases)) == releases, "the releases differ after writing");
+    const QByteArray written = toJson(releases);
+    check(written.size() > MaxVersionFileSize || readVersionFile(written) == releases,
+          "the releases differ after writing");
     for (const FirmwareRelease& release : releases)
         checkName(release.file);
     checkName(QString::fromUtf8(content));

@@ -3,10 +3,13 @@
 #include "calibrationprocedure.h"
 #include "firmwareupdater.h"
 #include "messagelist.h"
+#include "monitordock.h"
 #include "nodedialogs.h"
 #include "parameteractions.h"
 #include "parameterbackups.h"
 #include "program.h"
+#include "settingsfile.h"
+#include "statefile.h"
 #include "statusreporter.h"
 #include "theme.h"
 #include "ui_mainwindow.h"
@@ -14,9 +17,15 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QSettings>
 
 namespace vanto
 {
+
+namespace
+{
+constexpr QLatin1String DocksKey("window/docks");
+}
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
@@ -73,9 +82,30 @@ void MainWindow::setUpParameters()
             &ParameterActions::compareWith);
 }
 
+/// Created when it is needed first, as it would delay the start. It is hidden at each start,
+/// because it sends requests to the hand.
+void MainWindow::on_action_Monitor_triggered(bool show)
+{
+    if (!m_monitor) {
+        m_monitor = new MonitorDock(
+            m_session.get(), m_reporter, [tabs = ui->tabWidget] { return !tabs->isEnabled(); },
+            this);
+        addDockWidget(Qt::RightDockWidgetArea, m_monitor);
+        if (canBeSettingsFile(stateFilePath()))
+            restoreState(
+                QSettings(stateFilePath(), QSettings::IniFormat).value(DocksKey).toByteArray());
+        connect(m_monitor->toggleViewAction(), &QAction::toggled, ui->action_Monitor,
+                &QAction::setChecked);
+    }
+    m_monitor->setVisible(show);
+}
+
 MainWindow::~MainWindow()
 {
     m_session->shutDown();
+    if (m_monitor && canBeSettingsFile(stateFilePath()))
+        QSettings(stateFilePath(), QSettings::IniFormat).setValue(DocksKey, saveState());
+    delete m_monitor; // refers to the session
     // Widgets emit signals during destruction, when their page is already partly destroyed.
     QList<QObject*> receivers{this, ui->deviceBar, m_parameters.get(), m_backups.get()};
     for (int i = 0; i < ui->tabWidget->count(); ++i)

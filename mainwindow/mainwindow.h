@@ -11,6 +11,7 @@ namespace vanto
 class CalibrationProcedure;
 class DeviceSession;
 class FirmwareUpdater;
+class MonitorDock;
 class ParameterActions;
 class ParameterBackups;
 class StatusReporter;
@@ -52,6 +53,7 @@ private slots:
     void on_action_Hand_Information_triggered();
     void on_action_Exit_triggered();
     void on_action_Messages_triggered();
+    void on_action_Monitor_triggered(bool show);
     void on_action_Force_Update_triggered();
     void on_action_Theme_triggered();
     void on_action_Open_Node_triggered();
@@ -72,6 +74,7 @@ private:
     StatusReporter* m_reporter = nullptr;
     std::unique_ptr<ParameterBackups> m_backups;
     std::unique_ptr<ParameterActions> m_parameters;
+    MonitorDock* m_monitor = nullptr; ///< null until it is shown first
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;
 };

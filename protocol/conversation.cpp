@@ -6,6 +6,7 @@ namespace vanto
 namespace
 {
 int s_depth = 0;
+bool s_background = false;
 bool s_exchanging = false;
 bool s_abandoned = false;
 } // namespace
@@ -17,8 +18,20 @@ Conversation::Conversation()
 
 Conversation::~Conversation()
 {
-    if (--s_depth == 0)
-        emit ConversationMonitor::instance().sig_idle();
+    if (--s_depth > 0)
+        return;
+    s_background = false;
+    emit ConversationMonitor::instance().sig_idle();
+}
+
+bool Conversation::isBackground()
+{
+    return s_background;
+}
+
+void Conversation::setBackground()
+{
+    s_background = true;
 }
 
 bool Conversation::isActive()

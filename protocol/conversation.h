@@ -20,11 +20,17 @@ public:
 
     /// Whether any conversation of this process is on the stack.
     static bool isActive();
+    /// Whether the conversation in progress only reads in the background. A tick that it prevents
+    /// should follow when the line is idle, as many such conversations may follow each other.
+    static bool isBackground();
 
 private:
     friend class LineHold; // the only class that may start one
+    friend class HandCall;
     Conversation();
     ~Conversation();
+    /// For the conversation in progress.
+    static void setBackground();
 };
 
 /// Emits a signal when the outermost conversation ends.

@@ -15,6 +15,12 @@ void HandCall::noteResult(std::uint8_t result) const
         LineMonitor::instance().reportResult(result);
 }
 
+void HandCall::report(const Reading& reading) const
+{
+    if (isCurrent())
+        emit ReadingMonitor::instance().sig_read(reading);
+}
+
 bool HandCall::accept(std::string_view operation, std::uint8_t result)
 {
     if (!isCurrent())

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "conversation.h"
+#include "fingers.h"
 #include "generation.h"
 #include "linemonitor.h"
 #include "motiongate.h"
+#include "readingmonitor.h"
 #include "vantoprotocol.h"
 
 #include <functional>
@@ -101,8 +103,14 @@ public:
         const std::uint8_t result =
             std::invoke(Operation, *m_target.adapter, m_target.node, arguments...);
         noteResult(result);
+        if (result == ResultCode::Success)
+            publish<Operation>(arguments...);
         return result;
     }
+
+    /// Marks the conversation as one that others do not have to wait for: their ticks follow at
+    /// once when it ends.
+    static void setBackground() { Conversation::setBackground(); }
 
     /// Whether the last operation has been refused because the hand has been halted.
     bool wasRefused() const { return m_refused; }
@@ -124,6 +132,59 @@ private:
     static constexpr std::uint8_t NotSent = 0xFF;
 
     void noteResult(std::uint8_t result) const;
+
+    /// Reports measured values to ReadingMonitor.
+    template<auto Operation, class... Arguments>
+    void publish(Arguments... arguments) const
+    {
+        constexpr std::string_view name = operationName<Operation>();
+        if constexpr (name == "getFingerCurrent")
+            publishFinger(Quantity::Current, arguments...);
+        else if constexpr (name == "getFingerForce")
+            publishForce(arguments...);
+        else if constexpr (name == "getFingerPos")
+            publishFinger(Quantity::Position, arguments...);
+        else if constexpr (name == "getFingerAngle")
+            publishFinger(Quantity::Angle, arguments...);
+        else if constexpr (name == "getFingerPosAll")
+            publishAll(Quantity::Position, arguments...);
+        else if constexpr (name == "getFingerAngleAll")
+            publishAll(Quantity::Angle, arguments...);
+    }
+    template<class Value>
+    void publishFinger(Quantity quantity, std::uint8_t finger, const Value* current) const
+    {
+        publishValues(quantity, finger, current, 1);
+    }
+    template<class Value>
+    void publishFinger(Quantity quantity, std::uint8_t finger, const Value* /*target*/,
+                       const Value* current) const
+    {
+        publishValues(quantity, finger, current, 1);
+    }
+    void publishForce(std::uint8_t finger, const std::uint16_t* forces, std::uint8_t count) const
+    {
+        publishValues(Quantity::Force, finger, forces, count > 0 ? 1 : 0);
+    }
+    template<class Value>
+    void publishAll(Quantity quantity, const Value* /*targets*/, const Value* currents,
+                    std::uint8_t count) const
+    {
+        publishValues(quantity, 0, currents, count);
+    }
+    template<class Value>
+    void publishValues(Quantity quantity, std::uint8_t firstFinger, const Value* values,
+                       std::size_t count) const
+    {
+        if (!values || count == 0 || count > FingerCount)
+            return;
+        PerFinger<std::int32_t> copy{};
+        for (std::size_t i = 0; i < count; ++i)
+            copy[i] = values[i];
+        report(
+            {m_target.node, m_target.token, quantity, firstFinger, std::span(copy).first(count)});
+    }
+    void report(const Reading& reading) const;
 
     HandTarget m_target;
     CallReport* m_report = nullptr;

@@ -5,7 +5,7 @@ set -euo pipefail
 
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-serialbus-dev
-        qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libcli11-dev"
+        libcli11-dev libqcustomplot-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools"
     # The icons of the themes need the SVG plug-in, a separate package since Debian 13. Without a font
     # the window shows boxes instead of letters. Qt's own catalogues translate the standard buttons.
     [window]="qt6-svg-plugins|libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n

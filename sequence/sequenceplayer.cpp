@@ -43,6 +43,10 @@ SequencePlayer::SequencePlayer(QObject* parent) : QObject(parent)
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(PollIntervalMs);
     connect(&m_timer, &QTimer::timeout, this, &SequencePlayer::updatePlay);
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
+        if (std::exchange(m_missedTick, false))
+            QMetaObject::invokeMethod(this, &SequencePlayer::updatePlay, Qt::QueuedConnection);
+    });
 }
 
 void SequencePlayer::setVantoProtocol(std::shared_ptr<VantoProtocol> protocol, int node)
@@ -87,8 +91,12 @@ void SequencePlayer::stop()
 
 void SequencePlayer::updatePlay()
 {
-    if (!isPlaying() || Conversation::isActive())
+    if (!isPlaying())
         return;
+    if (Conversation::isActive()) {
+        m_missedTick = Conversation::isBackground();
+        return;
+    }
     if (!m_protocol) {
         _stop(tr("No VANTO"));
         return;

@@ -90,8 +90,9 @@ private:
     int m_node = 0;
     SequenceData m_data; ///< a copy, so that edits do not affect the run
     QTimer m_timer;
-    bool m_sending = false; ///< one of its own exchanges may be in progress
-    Generation m_run;       ///< advanced by every play() and stop()
+    bool m_missedTick = false; ///< because of a background conversation
+    bool m_sending = false;    ///< one of its own exchanges may be in progress
+    Generation m_run;          ///< advanced by every play() and stop()
     int m_playingIndex = 0;
     int m_startIndex = 0;
     int m_endIndex = 0;

@@ -49,6 +49,9 @@ const Control::Entry Control::Entries[] = {
      AnyWordCount, &Control::fault},
     {"clear", "", "remove all faults", 0, 0, &Control::clear},
     {"hang", "[off]", "ignore all requests until off", 0, 1, &Control::hang},
+    {"chatter", "[off]",
+     "send bytes that were not requested until off, which shows how many the line has taken", 0, 1,
+     &Control::chatter},
     {"unplug", "", "close the port", 0, 0, &Control::unplug},
     {"replug", "", "open a new port and show its path", 0, 0, &Control::replug},
     {"power-cycle", "[NODE]", "switch one or all hands off and on again", 0, 1,
@@ -67,7 +70,8 @@ const Control::Entry Control::Entries[] = {
     {"quit", "", "end the program", 0, 0, &Control::quit},
 };
 
-Control::Control(Bus& bus, Line& line, QObject* parent) : QObject(parent), m_bus(bus), m_line(line)
+Control::Control(Bus& bus, Line& line, QObject* parent)
+    : QObject(parent), m_bus(bus), m_line(line), m_chatter(line.wire())
 {
 }
 
@@ -125,6 +129,19 @@ QString Control::hang(const QStringList& words)
     if (!isOff && state != QLatin1String("on"))
         return failure(QStringLiteral("usage: hang [off]"));
     m_bus.setHung(!isOff);
+    return Ok;
+}
+
+QString Control::chatter(const QStringList& words)
+{
+    const QString state = words.value(0, QStringLiteral("on"));
+    if (state == QLatin1String("off")) {
+        m_chatter.stop();
+        return QStringLiteral("ok %1").arg(m_chatter.sent());
+    }
+    if (state != QLatin1String("on"))
+        return failure(QStringLiteral("usage: chatter [off]"));
+    m_chatter.start();
     return Ok;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bus.h"
+#include "chatter.h"
 
 namespace vanto::simulator
 {
@@ -28,6 +29,7 @@ private:
     QString fault(const QStringList& words);
     QString clear(const QStringList& words);
     QString hang(const QStringList& words);
+    QString chatter(const QStringList& words);
     QString unplug(const QStringList& words);
     QString replug(const QStringList& words);
     QString powerCycle(const QStringList& words);
@@ -43,6 +45,7 @@ private:
 
     Bus& m_bus;
     Line& m_line;
+    Chatter m_chatter;
 };
 
 } // namespace vanto::simulator

@@ -1,7 +1,7 @@
 #include "hand.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
 
 namespace vanto::simulator
 {
@@ -12,6 +12,7 @@ constexpr std::array<Scale, FingerCount> JointAngles{
     {{-1269, 3676}, {9100, 18091}, {8958, 17852}, {8947, 17904}, {8805, 17733}, {-200, 9200}}};
 
 constexpr int MaxRaw = 65535;
+constexpr double MaxLogical = 65535.0;
 constexpr int PresetWindow = 1024; ///< raw units to either side
 constexpr std::uint8_t InitSpeed = 255;
 constexpr std::uint8_t CalibrationStages = 3;
@@ -96,10 +97,30 @@ std::uint8_t Hand::thumbRootPreset(TimePoint now) const
 {
     const int raw = position(Unit::Raw, ThumbRoot, now);
     for (std::size_t index = 0; index < thumbRootPresets.size(); ++index) {
-        if (std::abs(raw - thumbRootPresets[index]) <= PresetWindow)
+        if (std::abs(raw - int{rawPreset(index)}) <= PresetWindow)
             return static_cast<std::uint8_t>(index);
     }
     return NoPreset;
+}
+
+std::uint16_t Hand::rawPreset(std::size_t index) const
+{
+    return static_cast<std::uint16_t>(std::lround(thumbRootPresets[index]));
+}
+
+std::uint16_t Hand::logicalPreset(std::size_t index) const
+{
+    const Scale& range = fingers[ThumbRoot].raw;
+    if (range.atZero == range.atFull)
+        return 0;
+    const double share = (thumbRootPresets[index] - range.atZero) / (range.atFull - range.atZero);
+    return static_cast<std::uint16_t>(std::lround(std::clamp(share, 0.0, 1.0) * MaxLogical));
+}
+
+void Hand::setLogicalPreset(std::size_t index, std::uint16_t logical)
+{
+    const Scale& range = fingers[ThumbRoot].raw;
+    thumbRootPresets[index] = range.atZero + (range.atFull - range.atZero) * (logical / MaxLogical);
 }
 
 void Hand::stopMotion(TimePoint now)
@@ -122,6 +143,15 @@ void Hand::powerCycle(TimePoint now)
     m_stage = 0;
     m_rebootedAt = now;
     stopMotion(now);
+}
+
+void Hand::rebootWithId(std::uint8_t newId, TimePoint now)
+{
+    id = newId;
+    stopMotion(now);
+    m_calibrating = false;
+    m_stage = 0;
+    m_rebootedAt = now + std::chrono::milliseconds(rebootTime);
 }
 
 SubError Hand::calibrate(std::uint16_t key, TimePoint now)
@@ -162,8 +192,8 @@ void Hand::storeCalibration()
         finger.raw.atFull = std::clamp(finger.raw.atFull - m_measuredShift, 0, MaxRaw);
     }
     m_measuredShift = -m_measuredShift;
-    const auto between = static_cast<std::uint16_t>((m_firstThumbRoot + m_lastThumbRoot) / 2);
-    thumbRootPresets = {m_firstThumbRoot, between, m_lastThumbRoot};
+    const int between = (m_firstThumbRoot + m_lastThumbRoot) / 2;
+    thumbRootPresets = {double(m_firstThumbRoot), double(between), double(m_lastThumbRoot)};
 }
 
 Scale Hand::scale(Unit unit, std::size_t finger) const

@@ -76,11 +76,17 @@ public:
     int position(Unit unit, std::size_t finger, TimePoint now) const;
     std::uint16_t current(std::size_t finger, TimePoint now) const;
     std::uint16_t force(std::size_t finger, std::size_t point, TimePoint now) const;
+    /// The index of the preset that the thumb root is at.
     std::uint8_t thumbRootPreset(TimePoint now) const;
+    std::uint16_t rawPreset(std::size_t index) const;
+    std::uint16_t logicalPreset(std::size_t index) const;
+    void setLogicalPreset(std::size_t index, std::uint16_t logical);
 
     void stopMotion(TimePoint now);
     void startInit(TimePoint now);
     void powerCycle(TimePoint now);
+    /// Sets the node id; the hand does not answer for the time of a reboot.
+    void rebootWithId(std::uint8_t newId, TimePoint now);
     /// False while the hand is switched off or reboots.
     bool isListening(TimePoint now) const { return powered && now >= m_rebootedAt; }
 
@@ -97,7 +103,8 @@ public:
     std::uint8_t id;
     bool powered = true;
     std::array<Finger, FingerCount> fingers;
-    std::array<std::uint16_t, ThumbRootPresetCount> thumbRootPresets{600, 1900, 3300};
+    /// Raw positions. Over Modbus they are logical ones, which are finer; so they are not rounded.
+    std::array<double, ThumbRootPresetCount> thumbRootPresets{600, 1900, 3300};
     std::array<std::uint32_t, 3> uid;
     std::uint16_t voltage = 7400; ///< mV
     std::uint32_t usage = 4200;   ///< minutes of operation

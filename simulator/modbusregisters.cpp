@@ -15,6 +15,7 @@ constexpr std::uint16_t SpeedScale = 257; ///< 65535 / 255
 constexpr std::uint16_t ErrorRegister = 1006;
 constexpr std::uint16_t PowerOffRegister = 1015;
 constexpr int PowerOffValueCount = 0;
+constexpr std::uint16_t StartValue = 1; ///< the only value of the register for init
 
 /// A register of a block. `index` is a finger, a preset, a force point or a word of a version.
 struct Register {
@@ -99,6 +100,14 @@ void calibrate(const Register& reg, std::uint16_t key)
     reg.hand.error = reg.hand.calibrate(key, reg.now);
 }
 
+void startInit(const Register& reg, std::uint16_t value)
+{
+    if (value == StartValue)
+        reg.hand.startInit(reg.now);
+    else
+        reg.hand.error = BadArgument;
+}
+
 void beep(const Register& reg, std::uint16_t duration)
 {
     reg.hand.beepDuration = duration;
@@ -125,7 +134,9 @@ int versionWord(const Register& reg)
 const Block Blocks[] = {
     {1000, 5, versionWord},
     {1005, 1, readZero,
-     [](const Register& r, std::uint16_t v) { r.hand.id = static_cast<std::uint8_t>(v); }},
+     [](const Register& r, std::uint16_t v) {
+         r.hand.rebootWithId(static_cast<std::uint8_t>(v), r.now);
+     }},
     {ErrorRegister, 1, [](const Register& r) { return int{r.hand.error}; }},
     {1007, 1, [](const Register& r) { return int{r.hand.voltage}; }},
     handByte<&Hand::selfTestLevel>(1008),
@@ -136,15 +147,15 @@ const Block Blocks[] = {
          r.hand.setButtonCount(static_cast<std::uint8_t>(v), r.now);
      }},
     {1012, 1, readZero, calibrate},
-    {1013, 1, readZero, [](const Register& r, std::uint16_t) { r.hand.startInit(r.now); }},
+    {1013, 1, readZero, startInit},
     {1014, 1, readZero, reset},
     {PowerOffRegister, 1, readZero,
      [](const Register& r, std::uint16_t) { r.hand.powered = false; }},
     rangeEnd<&Scale::atFull>(1020),
     rangeEnd<&Scale::atZero>(1030),
     {1040, ThumbRootPresetCount,
-     [](const Register& r) { return int{r.hand.thumbRootPresets[r.index]}; },
-     [](const Register& r, std::uint16_t v) { r.hand.thumbRootPresets[r.index] = v; }},
+     [](const Register& r) { return int{r.hand.logicalPreset(r.index)}; },
+     [](const Register& r, std::uint16_t v) { r.hand.setLogicalPreset(r.index, v); }},
     gain<0>(1045),
     gain<1>(1055),
     gain<2>(1065),

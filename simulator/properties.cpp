@@ -116,6 +116,8 @@ constexpr Property Properties[] = {
     thumbRootPreset<0>("preset-1"),
     thumbRootPreset<1>("preset-2"),
     thumbRootPreset<2>("preset-3"),
+    {"listening", false, 0, 1,
+     [](const Context& c) { return c.hand.isListening(c.now) ? 1.0 : 0.0; }, nullptr},
     handValue<&Hand::error>("error", MaxByte),
     handValue<&Hand::voltage>("voltage", MaxWord),
     handValue<&Hand::beeps>("beeps", MaxU32),

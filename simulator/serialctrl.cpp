@@ -122,7 +122,7 @@ Response getCalibration(Call& call)
     for (unsigned finger = 0; finger < fingers; ++finger)
         response.u16(unitToWire(call.hand.fingers[finger].raw.atZero));
     for (unsigned preset = 0; preset < presets; ++preset)
-        response.u16(call.hand.thumbRootPresets[preset]);
+        response.u16(call.hand.rawPreset(preset));
     return response;
 }
 

@@ -32,6 +32,8 @@ public:
     /// Returns false if the bytes are lost because the line is unplugged or its queue is full.
     bool send(const QByteArray& bytes, std::function<void()> beforeLastByte);
 
+    /// Whether bytes wait until they are due, or until the line takes them.
+    bool isSending() const { return !m_outgoing.empty(); }
     Clock::duration byteTime() const { return m_byteTime; }
 
 signals:

@@ -423,8 +423,8 @@ void Monkey::noteHalt()
 
 void Monkey::triggerAction()
 {
-    constexpr std::array names{"action_Theme", "action_About", "action_Messages",
-                               "action_Open_Node", "action_Scan_Range"};
+    constexpr std::array names{"action_Theme",     "action_About",      "action_Messages",
+                               "action_Open_Node", "action_Scan_Range", "action_Monitor"};
     m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 

@@ -2,6 +2,7 @@
 
 #include "calibrationstep.h"
 #include "fingersteps.h"
+#include "monitorstep.h"
 #include "pageindex.h"
 #include "parameterstep.h"
 #include "replylimits.h"
@@ -36,7 +37,9 @@ constexpr QLatin1String SerialCtrlVersion("3.1");
 constexpr QLatin1String ModbusVersion("1.0");
 constexpr QLatin1String Hardware("1B01"); ///< matches the example of an update file
 constexpr QLatin1String BootLoader("1.3");
-constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand
+/// Of every simulated hand: raw positions, and over Modbus logical ones.
+constexpr std::array RawPresets{600, 1900, 3300};
+constexpr std::array LogicalPresets{2901, 30834, 60915};
 
 /// An entry of the Devices list.
 struct Hand {
@@ -192,9 +195,10 @@ void expectCalibration(TourRunner& tour, int node)
                                          .arg(finger)));
         }
     }
-    for (std::size_t preset = 0; preset < ThumbRootPresets.size(); ++preset) {
+    const auto& presets = tour.modbus() ? LogicalPresets : RawPresets;
+    for (std::size_t preset = 0; preset < presets.size(); ++preset) {
         const QString lineEdit = QStringLiteral("lineEdit_BasicThumbRootPos%1").arg(preset);
-        tour.expect(lineEdit, tour.field(lineEdit), QString::number(ThumbRootPresets.at(preset)));
+        tour.expect(lineEdit, tour.field(lineEdit), QString::number(presets.at(preset)));
     }
 }
 
@@ -247,6 +251,9 @@ QString setId(TourRunner& tour)
                              ? QLatin1String("please wait for device rebooting then rescan devices")
                              : QLatin1String("need to rescan devices")));
     tour.command(QStringLiteral("get 5 id"));
+    if (tour.modbus())
+        tour.waitFor(QStringLiteral("the hand answers again"),
+                     [&] { return tour.command(QStringLiteral("get 5 listening")) == u"1"; });
     return QStringLiteral("2 -> 5");
 }
 
@@ -360,6 +367,7 @@ constexpr std::array steps{
     Step{"beep", beep},
     Step{"setting", settingPage},
     Step{"run", runPage},
+    Step{"monitor", monitor},
     Step{"sequence", sequencePage},
     Step{"id", setId},
     Step{"rescan", rescan},

@@ -1,6 +1,7 @@
 #include "firmwareupdater.h"
 
 #include "devicebar.h"
+#include "downloaddialog.h"
 #include "firmwaredownload.h"
 #include "haltcontrol.h"
 #include "parameterbackups.h"
@@ -113,13 +114,18 @@ QString FirmwareUpdater::chooseHardware()
     return choose(tr("Please select hardware type/version:"), m_knownHardware);
 }
 
-/// Runs `work` with a busy cursor, and prevents a second update meanwhile.
+/// Runs `work` with a busy cursor, and prevents a second update meanwhile. A dialog shows the
+/// progress if it takes long. It is not modal, because the port and the scan remain usable.
 template<class Work>
-auto FirmwareUpdater::waitFor(Work work) const
+auto FirmwareUpdater::waitFor(FirmwareDownload& server, const QString& text, Work work) const
 {
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::TopRow, m_disabledActions);
     QApplication::setOverrideCursor(Qt::BusyCursor);
     const auto restore = qScopeGuard(&QApplication::restoreOverrideCursor);
+    DownloadDialog dialog(m_window, text);
+    QObject::connect(&server, &FirmwareDownload::sig_progress, &dialog,
+                     &DownloadDialog::showProgress);
+    QObject::connect(&dialog, &QProgressDialog::canceled, &server, &FirmwareDownload::abandon);
     return work();
 }
 
@@ -127,8 +133,9 @@ QString FirmwareUpdater::download(const QString& hardware)
 {
     FirmwareDownload server(hardware);
     QObject::connect(m_session, &DeviceSession::sig_stop, &server, &FirmwareDownload::abandon);
-    const auto offer = waitFor([&] { return server.latestReleases(); });
-    if (!isCurrent())
+    const auto offer = waitFor(server, tr("Reading the list of firmware..."),
+                               [&] { return server.latestReleases(); });
+    if (!isCurrent() || server.isAbandoned())
         return {};
     if (!offer.failure.isEmpty()) {
         showFailure(offer.failure);
@@ -137,8 +144,9 @@ QString FirmwareUpdater::download(const QString& hardware)
     const QString type = choose(tr("Please select firmware type:"), offer.releases.keys());
     if (type.isEmpty())
         return {};
-    const auto saved = waitFor([&] { return server.save(offer.releases.value(type)); });
-    if (!isCurrent())
+    const auto saved = waitFor(server, tr("Downloading the firmware..."),
+                               [&] { return server.save(offer.releases.value(type)); });
+    if (!isCurrent() || server.isAbandoned())
         return {};
     if (!saved.failure.isEmpty())
         showFailure(saved.failure);

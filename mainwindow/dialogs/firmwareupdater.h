@@ -16,6 +16,7 @@ namespace vanto
 {
 
 class DeviceBar;
+class FirmwareDownload;
 class ParameterBackups;
 class StatusReporter;
 class UpdateDialog;
@@ -47,7 +48,7 @@ private:
     QString chooseHardware();
     QString download(const QString& hardware);
     template<class Work>
-    auto waitFor(Work work) const;
+    auto waitFor(FirmwareDownload& server, const QString& text, Work work) const;
     QString choose(const QString& prompt, const QStringList& items);
 
     void writeAndReport(const QString& path);

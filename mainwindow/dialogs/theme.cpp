@@ -1,6 +1,7 @@
 #include "theme.h"
 
 #include "program.h"
+#include "settingsfile.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -9,6 +10,7 @@
 #include <QSettings>
 
 #include <cstdio>
+#include <optional>
 
 namespace vanto
 {
@@ -18,9 +20,22 @@ namespace
 constexpr QLatin1String StyleKey("style");
 constexpr QLatin1String Default("dark");
 
-QSettings openSettings()
+const QString SettingsFile = QStringLiteral("setting.ini");
+
+std::optional<QString> storedName()
 {
-    return QSettings(QStringLiteral("setting.ini"), QSettings::IniFormat);
+    if (!canBeSettingsFile(SettingsFile))
+        return {};
+    const QSettings settings(SettingsFile, QSettings::IniFormat);
+    if (!settings.contains(StyleKey))
+        return {};
+    return settings.value(StyleKey).toString();
+}
+
+void store(const QString& name)
+{
+    if (canBeSettingsFile(SettingsFile))
+        QSettings(SettingsFile, QSettings::IniFormat).setValue(StyleKey, name);
 }
 
 void apply(const QString& name)
@@ -42,27 +57,27 @@ QStringList Theme::names()
 
 void Theme::applyStored()
 {
-    auto settings = openSettings();
-    if (!settings.contains(StyleKey)) {
+    const auto stored = storedName();
+    if (!stored) {
         qDebug() << "style not set, use default";
-        settings.setValue(StyleKey, QString(Default));
+        store(Default);
     }
-    apply(settings.value(StyleKey).toString());
+    apply(stored.value_or(Default));
 }
 
 void Theme::choose(QWidget* parent)
 {
-    auto settings = openSettings();
-    if (!settings.contains(StyleKey))
-        settings.setValue(StyleKey, QString(Default));
-    const auto position = names().indexOf(settings.value(StyleKey).toString());
+    const auto stored = storedName();
+    if (!stored)
+        store(Default);
+    const auto position = names().indexOf(stored.value_or(Default));
     bool accepted = false;
     const QString name = QInputDialog::getItem(
         parent, Program::title(), QCoreApplication::translate("Theme", "Please select style:"),
         names(), qMax(0, static_cast<int>(position)), false, &accepted);
     if (!accepted)
         return;
-    settings.setValue(StyleKey, name);
+    store(name);
     apply(name);
 }
 

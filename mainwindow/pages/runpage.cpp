@@ -43,6 +43,10 @@ void RunPage::setUp(DeviceSession* session, StatusReporter* reporter)
     DevicePage::setUp(session, reporter);
     connect(session, &DeviceSession::sig_stop, &m_timer, &QTimer::stop);
     connect(session, &DeviceSession::sig_interrupted, this, &RunPage::dropMotions);
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
+        if (std::exchange(m_missedTick, false) && m_timer.isActive())
+            m_timer.start(0);
+    });
     // What has been typed keeps its unit.
     connect(session, &DeviceSession::sig_stateChanged, this, [this] {
         ui->comboBox_RunPosOrAngle->setEnabled(this->session()->state() !=
@@ -64,8 +68,10 @@ void RunPage::follow(bool isCurrent)
 /// run.
 void RunPage::postponeTick()
 {
-    if (m_timer.isActive())
-        m_timer.start(PostponedTickMs);
+    if (!m_timer.isActive())
+        return;
+    m_timer.start(PostponedTickMs);
+    m_missedTick = Conversation::isBackground();
 }
 
 void RunPage::on_comboBox_RunPosOrAngle_currentIndexChanged()

@@ -91,6 +91,7 @@ private:
     std::deque<POS_INFO> m_pending;
     QSemaphore m_pendingCount;      ///< number of pending commands
     std::size_t m_firstCurrent = 0; ///< finger whose current the next tick reads first
+    bool m_missedTick = false;      ///< because of a background conversation
 };
 
 } // namespace vanto

@@ -3,6 +3,7 @@
 #include "conversation.h"
 #include "modbustrace.h"
 #include "replylimits.h"
+#include "unreadlimit.h"
 
 #include <QDebug>
 #include <QElapsedTimer>
@@ -11,6 +12,7 @@
 #include <QMetaEnum>
 #include <QModbusReply>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QSerialPort>
 #include <QTimer>
 
@@ -109,15 +111,33 @@ bool ModBusRTUClientQT::connect(const char* portName, std::uint32_t baudRate)
     if (!m_client->connectDevice())
         return false;
     m_opening.advance();
-    m_watch.start(qobject_cast<QSerialPort*>(m_client->device()));
+    m_watch.start(port());
+    ignoreInput(true);
     return true;
 }
 
 void ModBusRTUClientQT::disconnect()
 {
     m_watch.stop();
+    ignoreInput(false);
     m_client->disconnectDevice();
     renewClient();
+}
+
+QSerialPort* ModBusRTUClientQT::port() const
+{
+    return qobject_cast<QSerialPort*>(m_client->device());
+}
+
+/// The Qt client collects everything that arrives, without a limit, even if it has sent no request.
+/// While its port is silenced, it collects nothing, and the buffer of the port is limited.
+void ModBusRTUClientQT::ignoreInput(bool ignored)
+{
+    QSerialPort* const serialPort = port();
+    if (!serialPort)
+        return;
+    serialPort->blockSignals(ignored);
+    limitUnread(*serialPort);
 }
 
 ModBusRTUClient::Error ModBusRTUClientQT::readRegisters(std::uint8_t slave, std::uint16_t start,
@@ -177,6 +197,10 @@ ModBusRTUClient::Error ModBusRTUClientQT::exchange(const Request& request, Reply
     if (!prepareRequest(request, timeoutMs))
         return ConnectionError;
     const QPointer<QModbusRtuSerialClient> alive(m_client.get());
+    const auto atEnd = qScopeGuard([this, alive] {
+        if (alive && *m_waiting == 0)
+            ignoreInput(true);
+    });
     if (Exchange::abandoned())
         return ReplyAbortedError;
     const bool mayBeStale = request == m_unsettled && !m_unsettledUntil.hasExpired();
@@ -232,9 +256,10 @@ bool ModBusRTUClientQT::prepareRequest(const Request& request, int timeoutMs)
     }
     // A late reply to an earlier request must not be taken for the reply to this one. Input for
     // requests that still wait, deeper in the stack, must be kept.
-    auto* const port = qobject_cast<QSerialPort*>(m_client->device());
-    if (port && port->isOpen() && *m_waiting == 0)
-        port->clear(QSerialPort::Input);
+    if (port() && port()->isOpen() && *m_waiting == 0) {
+        port()->clear(QSerialPort::Input);
+        ignoreInput(false);
+    }
     return true;
 }
 

@@ -10,6 +10,7 @@
 #include <memory>
 
 class QModbusReply;
+class QSerialPort;
 
 namespace vanto
 {
@@ -56,6 +57,8 @@ private:
     void waitForLateReplies(const Request& next);
     void handleError(QModbusDevice::Error error);
     void renewClient();
+    QSerialPort* port() const;
+    void ignoreInput(bool ignored);
 
     QObject m_context; ///< context of the connections
     PortWatch m_watch{[this] { disconnect(); }};

@@ -1,5 +1,7 @@
 #include "serialportqt.h"
 
+#include "unreadlimit.h"
+
 namespace vanto
 {
 
@@ -44,6 +46,7 @@ bool SerialPortQT::open(const char* name, std::uint32_t baudRate)
     m_port.setDataBits(QSerialPort::Data8);
     m_port.setStopBits(QSerialPort::OneStop);
     m_port.setFlowControl(QSerialPort::NoFlowControl);
+    limitUnread(m_port);
     if (!m_port.open(QIODevice::ReadWrite))
         return false;
     m_watch.start(&m_port);
@@ -59,8 +62,10 @@ void SerialPortQT::close()
 
 void SerialPortQT::clear()
 {
-    if (m_port.isOpen())
-        m_port.clear(QSerialPort::AllDirections);
+    if (!m_port.isOpen())
+        return;
+    m_port.clear(QSerialPort::AllDirections);
+    limitUnread(m_port);
 }
 
 void SerialPortQT::handleError(QSerialPort::SerialPortError error)

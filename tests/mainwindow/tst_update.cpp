@@ -21,6 +21,7 @@ constexpr const char* Silent = "";
 constexpr const char* NoList = "Error when reading version file from server.";
 constexpr const char* BadList = "Error when parsing version file.";
 constexpr const char* NoFile = "Error when reading firmware file from server.";
+constexpr const char* Name = R"("a 1%?#.upd")";
 constexpr const char* NotSaved = "Error when saving firmware file.";
 
 /// A letter for each dialog of the update.
@@ -49,12 +50,22 @@ QByteArray http(const QByteArray& body, const char* status = Ok)
                      "\r\nLocation: /elsewhere\r\nContent-Length: " + length + "\r\n\r\n" + body;
 }
 
+/// A version file with this many types.
+QByteArray longList(int types)
+{
+    QByteArray text = "{";
+    for (int i = 0; i < types; ++i)
+        text += "\"" + QByteArray::number(i) + "\":{},";
+    return text + "\"hand\":{\"file\":" + Name + "}}";
+}
+
 QByteArray list(const QByteArray& file)
 {
     return R"({"hand":{"version":"1.4.8","desc":"none","file":)" + file + "}}";
 }
 
 /// Answers a request for a path with its bytes in `answers`, and does not answer others.
+/// With `drips` set, a byte of the body at a time.
 struct Server : QTcpServer {
     Server()
     {
@@ -64,20 +75,31 @@ struct Server : QTcpServer {
             auto* socket = nextPendingConnection();
             connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
                 paths.append(socket->readAll().split(' ').value(1));
+                if (paths.constLast().endsWith(".upd") && drips) {
+                    drip(socket);
+                    return;
+                }
                 socket->write(answers.value(paths.constLast()));
                 if (!answers.value(paths.constLast()).isEmpty())
                     socket->disconnectFromHost();
             });
         });
     }
+    static void drip(QTcpSocket* socket)
+    {
+        socket->write("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
+        auto* timer = new QTimer(socket);
+        connect(timer, &QTimer::timeout, socket, [socket] { socket->write("0"); });
+        timer->start(20);
+    }
     QMap<QByteArray, QByteArray> answers;
     QByteArrayList paths;
+    bool drips = false;
 };
 
 struct Download {
-    const char *list, *listStatus, *file, *fileStatus, *failure, *hardware = "1B01";
+    const char *list, *listStatus, *file, *fileStatus, *failure, *hardware = "1B01", *link = "";
 };
-constexpr const char* Name = R"("a 1%?#.upd")";
 const QMap<const char*, Download> Downloads{
     {"good", {Name, Ok, "image", Ok, ""}},
     {"list 404", {Name, "404 Not Found", "", Ok, NoList}},
@@ -89,12 +111,19 @@ const QMap<const char*, Download> Downloads{
     {"file 500", {Name, Ok, "image", "500 Oh", NoFile}},
     {"file cut", {Name, Ok, "image", Cut, NoFile}},
     {"file empty", {Name, Ok, "", Ok, NoFile}},
+    {"file in drips", {Name, Ok, "drips", Ok, NoFile}},
+    {"list of 1000", {"1000", Ok, "image", Ok, ""}},
+    {"list too long", {"1001", Ok, "image", Ok, BadList}},
+    {"list too large", {"large", Ok, "image", Ok, NoList}},
     {"no members", {R"({"hand":1})", Ok, "image", Ok, NotSaved}},
     {"folder", {R"("..")", Ok, "image", Ok, NotSaved}},
     {"other folder", {R"("../a")", Ok, "image", Ok, NotSaved}},
     {"backslash", {R"("a\\b")", Ok, "image", Ok, NotSaved}},
     {"hardware elsewhere", {Name, Ok, "image", Ok, NotSaved, "../1B01"}},
     {"folder unwritable", {Name, Ok, "image", Ok, NotSaved, "unwritable"}},
+    {"folder linked", {Name, Ok, "image", Ok, NotSaved, "1B01", "downloaded"}},
+    {"hardware linked", {Name, Ok, "image", Ok, NotSaved, "1B01", "downloaded/1B01"}},
+    {"file linked", {Name, Ok, "image", Ok, NotSaved, "1B01", "downloaded/1B01/a 1%?#.upd"}},
 };
 
 struct Procedure {
@@ -143,6 +172,7 @@ private slots:
     void procedure();
     void duringTheTransfer();
     void portsRefreshed();
+    void cancelled();
 
 private:
     void update(const QString& source, const QByteArray& content = {}, const QString& atPower = {});
@@ -199,12 +229,24 @@ void TestUpdate::downloads()
     const bool unwritable = row.hardware == QString("unwritable");
     if (unwritable)
         QVERIFY(QFile("downloaded").open(QFile::WriteOnly));
+    const QTemporaryDir elsewhere; // nothing may be written there
+    const bool linked = *row.link != 0;
+    if (linked) {
+        QVERIFY(QDir().mkpath(QFileInfo(row.link).path()));
+        QVERIFY(QFile::link(elsewhere.path() + (strchr(row.link, '%') ? "/new" : ""), row.link));
+    }
     Server server;
+    server.drips = row.file == QByteArray("drips");
     const QByteArray root = QByteArray("/firmwares/") + row.hardware;
-    const QByteArray whole = strchr("[{", *row.list) ? row.list : list(row.list);
+    const QByteArray whole = strchr("[{", *row.list) ? row.list
+                             : isdigit(*row.list)    ? longList(QByteArray(row.list).toInt() - 1)
+                             : *row.list == 'l'      ? QByteArray(2 << 20, ' ') + list(Name)
+                                                     : list(row.list);
     server.answers = {{root + "/latest_version.json", http(whole, row.listStatus)},
                       {root + "/a%201%25%3F%23.upd", http(row.file, row.fileStatus)}};
-    FirmwareDownload download(row.hardware, std::chrono::milliseconds(300));
+    using namespace std::chrono_literals;
+    FirmwareDownload download(row.hardware,
+                              {row.listStatus == Silent ? 300ms : 30s, server.drips ? 3s : 60s});
     const auto offer = download.latestReleases();
     const auto saved = offer.failure.isEmpty() ? download.save(offer.releases["hand"])
                                                : FirmwareDownload::SavedFile{};
@@ -212,7 +254,9 @@ void TestUpdate::downloads()
     QVERIFY(!server.paths.contains("/elsewhere"));
     const bool good = saved.path == "downloaded/1B01/a 1%?#.upd";
     QCOMPARE(good, *row.failure == 0);
-    QCOMPARE(QDir().entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size(), good || unwritable);
+    QCOMPARE(QDir().entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size(),
+             good || unwritable || linked);
+    QVERIFY(QDir(elsewhere.path()).isEmpty());
     QFile file(saved.path);
     QVERIFY(!good || (file.open(QFile::ReadOnly) && file.readAll() == row.file));
 }
@@ -303,6 +347,26 @@ void TestUpdate::portsRefreshed()
     QCOMPARE(m_dialogs, "s");
     QVERIFY(sinceAction.elapsed() < 5000);
     QTRY_COMPARE(m_tool->devices()->count(), 0);
+}
+
+void TestUpdate::cancelled()
+{
+    open();
+    Server server;
+    server.drips = true;
+    server.answers = {{"/firmwares/1B01/latest_version.json", http(list(R"("hand.upd")"))}};
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, m_tool->window(), [this] {
+        const auto* dialog = m_tool->window()->findChild<QProgressDialog*>("downloadDialog");
+        if (dialog && dialog->isVisible() && dialog->labelText().contains("of"))
+            dialog->findChild<QPushButton*>()->click();
+    });
+    watch.start(50);
+    update("remote");
+    QCOMPARE(m_dialogs, "st");
+    QCOMPARE(m_tool->devices()->count(), 1);
+    QVERIFY(m_tool->enabled("pushButton_BasicBeep"));
+    QVERIFY(!m_tool->window()->findChild<QProgressDialog*>("downloadDialog"));
 }
 
 VANTO_TEST(TestUpdate)

@@ -29,6 +29,7 @@ private slots:
     void speedDuringMotion();
     void collision_data() { addOption("--collide"); }
     void collision();
+    void thumbRootPresets();
 
 private:
     static void addOption(const char* option)
@@ -127,6 +128,43 @@ void tst_handmotion::collision()
     QCOMPARE(int(adapter.setBeepSwitch(3, 1)), 0);
     QCOMPARE(m_hand->command(QStringLiteral("set 3 powered 0")), QStringLiteral("ok"));
     QCOMPARE(int(adapter.setBeepSwitch(NodeOfAll, 1)), 0);
+}
+
+/// The presets and the position of the thumb root have the same unit, whichever protocol reads
+/// them.
+void tst_handmotion::thumbRootPresets()
+{
+    using Presets = std::array<std::uint16_t, 3>;
+    SerialProtocolV3 serialCtrl;
+    ModBusRTUProtocolV1 modbus;
+    const auto stored = [](VantoProtocol& adapter, Presets& presets) {
+        PerFinger<std::uint16_t> ends{};
+        PerFinger<std::uint16_t> starts{};
+        return int(adapter.getCaliData(HandNode, ends.data(), starts.data(), 6, presets.data(), 3));
+    };
+    QVERIFY(start(serialCtrl, QStringLiteral("--node 2:serialctrl --node 2:modbus")));
+    for (VantoProtocol* const adapter :
+         std::initializer_list<VantoProtocol*>{&serialCtrl, &modbus}) {
+        serialCtrl.disconnect();
+        QVERIFY(adapter->connect(qPrintable(m_hand->portName()), BaudRate));
+        for (const auto& [raw, preset] : {std::pair{"600", 0}, {"1900", 1}, {"3300", 2}}) {
+            m_hand->command(QStringLiteral("set 2 raw 5 ") + QLatin1String(raw));
+            std::uint16_t position = 0;
+            std::uint8_t index = 255;
+            QCOMPARE(int(adapter->getThumbRootPos(HandNode, &position, &index)), 0);
+            QCOMPARE(int{index}, preset);
+        }
+    }
+    Presets presets{};
+    QCOMPARE(stored(modbus, presets), 0);
+    QCOMPARE(presets, (Presets{2901, 30834, 60915})); // of the range 465 to 3515
+    const PerFinger<std::uint16_t> ends{3600, 3583, 3566, 3549, 3532, 3515};
+    const PerFinger<std::uint16_t> starts{400, 413, 426, 439, 452, 465};
+    const Presets chosen{1, 1000, 65535};
+    QCOMPARE(int(modbus.setCaliData(HandNode, ends.data(), starts.data(), chosen.data(), 6, 3)), 0);
+    QCOMPARE(stored(modbus, presets), 0);
+    QCOMPARE(presets, chosen);
+    modbus.disconnect();
 }
 
 VANTO_TEST(tst_handmotion)

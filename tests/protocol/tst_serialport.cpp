@@ -30,6 +30,8 @@ private slots:
     void hangUp_data();
     void hangUp();
     void staleClose();
+    void chatter_data() { hangUp_data(); }
+    void chatter();
 
 private:
     void unplug() { QCOMPARE(m_hand->command(QStringLiteral("unplug")), QStringLiteral("ok")); }
@@ -120,6 +122,29 @@ void tst_serialport::staleClose()
     port->clear();
     QVERIFY2(port->bytesAvailable() == 0, "closed within its own signal");
     QTRY_VERIFY(port->bytesAvailable() == -1); // the second hang-up closes the port
+}
+
+/// A line that is never silent must not fill the memory of an idle program, and the next request
+/// must find its reply.
+void tst_serialport::chatter()
+{
+    constexpr int MaxTaken = 1 << 18; // bytes, of which the system keeps most
+    QFETCH(PROTOCOL_TYPE, protocol);
+    const bool modbus = protocol == PROTOCOL_TYPE_MODBUS_RTU;
+    const auto adapter = VantoProtocol::getProtocolInstance(protocol, modbus ? 1 : 3, 0);
+    QVERIFY(adapter->connect(m_name.c_str(), BaudRate));
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(m_hand->command(QStringLiteral("chatter")), QStringLiteral("ok"));
+        QTest::qWait(1000); // shows that the program stops reading
+        const QString answer = m_hand->command(QStringLiteral("chatter off"));
+        QVERIFY(answer.startsWith(u"ok "));
+        const int taken = answer.sliced(3).toInt();
+        QVERIFY2(taken > 0 && taken < MaxTaken, qPrintable(answer));
+        std::uint16_t voltage = 0;
+        QTRY_COMPARE_WITH_TIMEOUT(int(adapter->getBatteryVoltage(HandNode, &voltage)), 0, 30'000);
+        QCOMPARE(voltage, std::uint16_t{7400});
+    }
+    adapter->disconnect();
 }
 
 VANTO_TEST(tst_serialport)

@@ -198,8 +198,15 @@ void tst_interop::master()
     hand.command(QStringLiteral("fault garble"));
     QCOMPARE(refused(modbus_read_registers(master.get(), 1000, 1, values.data())), EMBBADCRC);
 
+    QCOMPARE(refused(modbus_write_register(master.get(), 1013, 2)), EMBXSFAIL);
+    QCOMPARE(modbus_write_register(master.get(), 1013, 1), 1);
+    QCOMPARE(hand.command(QStringLiteral("get 7 inits")), QStringLiteral("ok 1"));
+
+    hand.command(QStringLiteral("set 7 reboot-time 2000"));
     QCOMPARE(modbus_write_register(master.get(), 1005, 9), 1);
     modbus_set_slave(master.get(), 9);
+    QCOMPARE(hand.command(QStringLiteral("get 9 listening")), QStringLiteral("ok 0"));
+    QTRY_COMPARE(hand.command(QStringLiteral("get 9 listening")), QStringLiteral("ok 1"));
     QCOMPARE(modbus_read_registers(master.get(), 1010, 2, values.data()), 2);
     modbus_set_slave(master.get(), MODBUS_BROADCAST_ADDRESS);
     modbus_set_response_timeout(master.get(), 0, 50'000);

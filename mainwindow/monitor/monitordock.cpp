@@ -1,0 +1,319 @@
+#include "monitordock.h"
+
+#include "devicesession.h"
+#include "modeless.h"
+#include "statusreporter.h"
+#include "valuetable.h"
+
+#ifdef VANTO_HAVE_PLOT
+#include "monitorplot.h"
+#include "recordingview.h"
+#endif
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr int RefreshIntervalMs = 40;
+/// A hand whose line is never idle is shown nevertheless.
+constexpr int MaxRefreshDelayMs = 500;
+constexpr std::array Rates{10.0, 25.0, 50.0, TelemetryReader::AsFastAsPossible};
+constexpr std::array SpansInSeconds{10, 60, 600};
+constexpr std::array ObjectNames{"checkBox_MonitorCurrent", "checkBox_MonitorPosition",
+                                 "checkBox_MonitorAngle", "checkBox_MonitorForce"};
+} // namespace
+
+MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
+                         std::function<bool()> isLocked, QWidget* window)
+    : QDockWidget(tr("Monitor"), window),
+      m_session(session),
+      m_reporter(reporter),
+      m_isLocked(std::move(isLocked)),
+      m_reader({[session] { return session->target(); }, [this](Quantity) { return canRead(); }},
+               m_clock),
+      m_recorder(m_clock)
+{
+    setObjectName(QStringLiteral("dock_Monitor"));
+    auto* const content = new QWidget(this);
+    auto* const layout = new QVBoxLayout(content);
+    m_table = new ValueTable(content);
+    auto* const splitter = new QSplitter(Qt::Vertical, content);
+#ifdef VANTO_HAVE_PLOT
+    const auto reduce = [this](std::size_t channel, std::int64_t from, std::int64_t to,
+                               int columns) { return m_buffer.reduce(channel, from, to, columns); };
+    const auto markers = [this](std::int64_t from, std::int64_t to) {
+        return m_buffer.markers(from, to);
+    };
+    m_plot = new MonitorPlot({reduce, markers}, splitter);
+    splitter->addWidget(m_plot);
+    const auto color = [this](std::size_t finger) { return m_plot->fingerColor(finger); };
+    connect(m_plot, &MonitorPlot::sig_colorsChanged, m_table,
+            [this, color] { m_table->setColors(color); });
+    connect(m_plot, &MonitorPlot::sig_timeChanged, this, &MonitorDock::pausePlot);
+    m_table->setColors(color);
+#endif
+    splitter->addWidget(m_table);
+    splitter->setStretchFactor(0, m_plot ? 1 : 0); // the plot gets all that the table does not need
+    splitter->setChildrenCollapsible(false);
+    layout->addWidget(createControls());
+    layout->addWidget(splitter, 1);
+    layout->addWidget(createRecordingControls());
+    setWidget(content);
+
+    m_refreshTimer.setInterval(RefreshIntervalMs);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &MonitorDock::refresh);
+    connect(&m_reader, &TelemetryReader::sig_sample, this, &MonitorDock::take);
+    connect(&m_recorder, &TelemetryRecorder::sig_failed, this, [this](const QString& message) {
+        m_reporter->showError(message);
+        showRecording();
+    });
+    connect(this, &QDockWidget::visibilityChanged, this, &MonitorDock::startOrStop);
+    connect(session, &DeviceSession::sig_opened, this, &MonitorDock::beginHand);
+    applyChoices();
+    showRecording();
+}
+
+MonitorDock::~MonitorDock() = default;
+
+QWidget* MonitorDock::createControls()
+{
+    auto* const row = new QWidget(this);
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    const std::array names{tr("Current"), tr("Position"), tr("Angle"), tr("Force")};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        auto* const box = new QCheckBox(names.at(i), row);
+        box->setObjectName(QLatin1String(ObjectNames.at(i)));
+        box->setChecked(i < 2);
+        connect(box, &QCheckBox::toggled, this, &MonitorDock::applyChoices);
+        layout->addWidget(box);
+        m_quantities.push_back(box);
+    }
+    m_rate = new QComboBox(row);
+    m_rate->setObjectName(QStringLiteral("comboBox_MonitorRate"));
+    m_rate->setAccessibleName(tr("Samples per second"));
+    for (const double rate : Rates)
+        m_rate->addItem(rate > 0 ? tr("%1 Hz").arg(rate) : tr("As fast as possible"), rate);
+    connect(m_rate, &QComboBox::currentIndexChanged, this, &MonitorDock::applyChoices);
+    layout->addWidget(m_rate);
+    m_span = new QComboBox(row);
+    m_span->setObjectName(QStringLiteral("comboBox_MonitorSpan"));
+    m_span->setAccessibleName(tr("Shown time"));
+    for (const int seconds : SpansInSeconds)
+        m_span->addItem(tr("%1 s").arg(seconds), seconds);
+    m_span->setVisible(m_plot);
+    layout->addWidget(m_span);
+    m_pause = new QPushButton(tr("Pause"), row);
+    m_pause->setObjectName(QStringLiteral("pushButton_MonitorPause"));
+    m_pause->setCheckable(true);
+    m_pause->setToolTip(tr("Keeps the plot as it is, to drag and zoom it. Sampling goes on."));
+    m_pause->setVisible(m_plot);
+    layout->addWidget(m_pause);
+    layout->addStretch();
+    m_state = new QLabel(row);
+    m_state->setObjectName(QStringLiteral("label_MonitorState"));
+    layout->addWidget(m_state);
+    return row;
+}
+
+QPushButton* MonitorDock::addButton(const char* name, const QString& text,
+                                    void (MonitorDock::*clicked)())
+{
+    auto* const button = new QPushButton(text, this);
+    button->setObjectName(QLatin1String(name));
+    connect(button, &QPushButton::clicked, this, clicked);
+    return button;
+}
+
+QWidget* MonitorDock::createRecordingControls()
+{
+    auto* const row = new QWidget(this);
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_record = addButton("pushButton_MonitorRecord", {}, &MonitorDock::record);
+    m_markerText = new QLineEdit(row);
+    m_markerText->setObjectName(QStringLiteral("lineEdit_MonitorMarker"));
+    m_markerText->setPlaceholderText(tr("Text of the marker"));
+    m_markerText->setAccessibleName(tr("Text of the marker"));
+    connect(m_markerText, &QLineEdit::returnPressed, this, &MonitorDock::mark);
+    layout->addWidget(m_record);
+    layout->addWidget(m_markerText, 1);
+    layout->addWidget(addButton("pushButton_MonitorMark", tr("Mark"), &MonitorDock::mark));
+#ifdef VANTO_HAVE_PLOT
+    layout->addWidget(
+        addButton("pushButton_MonitorOpen", tr("Open Recording..."), &MonitorDock::openRecording));
+    layout->addWidget(
+        addButton("pushButton_MonitorPicture", tr("Save Picture..."), &MonitorDock::savePicture));
+#endif
+    return row;
+}
+
+/// The session rests while a hand is silent; it asks by itself.
+bool MonitorDock::canRead() const
+{
+    return m_session->canTick() && m_session->state() == DeviceSession::State::Connected &&
+           !m_isLocked();
+}
+
+void MonitorDock::applyChoices()
+{
+    ChannelSet channels;
+    for (std::size_t i = 0; i < m_quantities.size(); ++i) {
+        if (m_quantities[i]->isChecked())
+            channels |= channelsOf(static_cast<Quantity>(i));
+    }
+    if (channels != m_reader.channels())
+        m_reader.setChannels(channels);
+    m_reader.setRate(m_rate->currentData().toDouble());
+    m_table->setChannels(channels);
+#ifdef VANTO_HAVE_PLOT
+    m_plot->setChannels(channels);
+#endif
+    m_changed = true;
+}
+
+bool MonitorDock::isWanted() const
+{
+    return isVisible() || m_recorder.isRecording();
+}
+
+void MonitorDock::startOrStop()
+{
+    if (isWanted() == m_reader.isRunning())
+        return;
+    if (isWanted()) {
+        m_reader.start();
+        m_refreshTimer.start();
+    } else {
+        m_reader.stop();
+        m_refreshTimer.stop();
+    }
+}
+
+/// Samples of different hands are not mixed in one plot.
+void MonitorDock::beginHand()
+{
+    m_buffer.clear();
+    m_table->clearValues();
+    m_recorder.mark({m_clock.nowUs(), tr("hand opened")});
+}
+
+void MonitorDock::take(const Sample& sample)
+{
+    m_buffer.append(sample);
+    m_recorder.write(sample);
+    m_changed = true;
+}
+
+/// Painting inside an exchange would delay the reply beyond its time-out.
+void MonitorDock::refresh()
+{
+    const bool isLate = !m_lastRefresh.isValid() || m_lastRefresh.hasExpired(MaxRefreshDelayMs);
+    if (!isVisible() || (Conversation::isActive() && !isLate))
+        return;
+    m_lastRefresh.start();
+    m_state->setText(m_recorder.isRecording()
+                         ? tr("%1 Hz, %2 recorded")
+                               .arg(m_reader.achievedRate(), 0, 'f', 0)
+                               .arg(m_recorder.sampleCount())
+                         : tr("%1 Hz").arg(m_reader.achievedRate(), 0, 'f', 0));
+    const auto last = m_buffer.last();
+    if (!last || !std::exchange(m_changed, false))
+        return;
+    m_table->showSample(*last);
+    showPlot(*last);
+}
+
+void MonitorDock::showPlot([[maybe_unused]] const Sample& last)
+{
+#ifdef VANTO_HAVE_PLOT
+    if (m_pause->isChecked())
+        return;
+    const std::int64_t span = m_span->currentData().toInt() * UsPerSecond;
+    const std::int64_t to = std::max(last.timeUs + 1, span);
+    m_plot->showTime(to - span, to);
+#endif
+}
+
+/// The user looks at something; new samples must not move it away.
+void MonitorDock::pausePlot()
+{
+    m_pause->setChecked(true);
+}
+
+void MonitorDock::record()
+{
+    if (m_recorder.isRecording()) {
+        m_recorder.stop();
+        m_reporter->showMessage(tr("%1 samples recorded in '%2'.")
+                                    .arg(m_recorder.sampleCount())
+                                    .arg(m_recorder.path()));
+        showRecording();
+        startOrStop();
+        return;
+    }
+    const QString proposal =
+        QStringLiteral("recording-%1.csv")
+            .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+    const Modeless::FileChoice choice{
+        tr("Record"), {tr("Recordings (*.csv)")}, QStringLiteral("csv"), proposal};
+    Modeless::saveFile(this, choice, [this](const QString& path) { startRecording(path); });
+}
+
+void MonitorDock::startRecording(const QString& path)
+{
+    const QString failure = m_recorder.start(path, m_reader.channels());
+    if (!failure.isEmpty())
+        Modeless::showBox(this, QMessageBox::Critical, failure);
+    showRecording();
+    startOrStop();
+}
+
+void MonitorDock::showRecording()
+{
+    const bool isRecording = m_recorder.isRecording();
+    m_record->setText(isRecording ? tr("Stop Recording") : tr("Record..."));
+    for (QCheckBox* const box : m_quantities)
+        box->setEnabled(!isRecording); // the columns of the file are fixed
+}
+
+void MonitorDock::mark()
+{
+    const QString typed = m_markerText->text().trimmed();
+    const Marker marker{m_clock.nowUs(), typed.isEmpty() ? tr("mark") : typed};
+    m_buffer.addMarker(marker);
+    m_recorder.mark(marker);
+    m_markerText->clear();
+    m_changed = true;
+}
+
+void MonitorDock::openRecording()
+{
+#ifdef VANTO_HAVE_PLOT
+    const Modeless::FileChoice choice{
+        tr("Open recording"), {tr("Recordings (*.csv)"), tr("All files (*)")}, {}, {}};
+    Modeless::openFile(this, choice,
+                       [this](const QString& path) { RecordingView::open(path, this); });
+#endif
+}
+
+void MonitorDock::savePicture()
+{
+#ifdef VANTO_HAVE_PLOT
+    RecordingView::savePicture(m_plot, this);
+#endif
+}
+
+} // namespace vanto

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "samplebuffer.h"
+#include "telemetryclock.h"
+#include "telemetryreader.h"
+#include "telemetryrecorder.h"
+
+#include <QDockWidget>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace vanto
+{
+
+class DeviceSession;
+class MonitorPlot;
+class StatusReporter;
+class ValueTable;
+
+/// Shows and records the measured values of the open hand. It reads the hand while it is visible or
+/// records, and gives way to everything else, see TelemetryReader.
+class MonitorDock : public QDockWidget
+{
+    Q_OBJECT
+public:
+    /// `isLocked` tells whether long work uses the line, with pauses in which the hand must not be
+    /// read.
+    MonitorDock(DeviceSession* session, StatusReporter* reporter, std::function<bool()> isLocked,
+                QWidget* window);
+    ~MonitorDock() override;
+
+private:
+    QWidget* createControls();
+    QWidget* createRecordingControls();
+    QPushButton* addButton(const char* name, const QString& text, void (MonitorDock::*clicked)());
+    bool canRead() const;
+    void applyChoices();
+    void startOrStop();
+    void beginHand();
+    void take(const Sample& sample);
+    void refresh();
+    void showPlot(const Sample& last);
+    void pausePlot();
+    void record();
+    void startRecording(const QString& path);
+    void showRecording();
+    void mark();
+    void openRecording();
+    void savePicture();
+    bool isWanted() const;
+
+    DeviceSession* m_session;
+    StatusReporter* m_reporter;
+    std::function<bool()> m_isLocked;
+    TelemetryClock m_clock;
+    TelemetryReader m_reader;
+    SampleBuffer m_buffer;
+    TelemetryRecorder m_recorder;
+    QTimer m_refreshTimer;
+    bool m_changed = false;      ///< there are samples that are not shown
+    QElapsedTimer m_lastRefresh; ///< valid after the first
+    QComboBox* m_rate = nullptr;
+    QComboBox* m_span = nullptr; ///< shown time
+    std::vector<QCheckBox*> m_quantities;
+    QLabel* m_state = nullptr;
+    QPushButton* m_record = nullptr;
+    QPushButton* m_pause = nullptr;
+    QLineEdit* m_markerText = nullptr;
+    ValueTable* m_table = nullptr;
+    MonitorPlot* m_plot = nullptr; ///< null in a build without plots
+};
+
+} // namespace vanto

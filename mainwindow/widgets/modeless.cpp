@@ -1,0 +1,77 @@
+#include "modeless.h"
+
+#include "program.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileDialog>
+
+namespace vanto
+{
+
+namespace
+{
+/// Null if a dialog of the parent is open already; it is raised then.
+QFileDialog* newFileDialog(QWidget* parent, const Modeless::FileChoice& choice)
+{
+    if (auto* open = parent->findChild<QFileDialog*>({}, Qt::FindDirectChildrenOnly)) {
+        open->raise();
+        open->activateWindow();
+        return nullptr;
+    }
+    auto* files = new QFileDialog(parent, choice.caption);
+    files->setAttribute(Qt::WA_DeleteOnClose);
+    files->setNameFilters(choice.nameFilters);
+    files->setDefaultSuffix(choice.suffix);
+    if (!choice.proposal.isEmpty())
+        files->selectFile(choice.proposal);
+    return files;
+}
+} // namespace
+
+QMessageBox* Modeless::showBox(QWidget* parent, QMessageBox::Icon icon, const QString& text,
+                               const QString& details, QMessageBox::StandardButtons buttons)
+{
+    auto* box = new QMessageBox(icon, Program::title(), text, buttons, parent);
+    box->setTextFormat(Qt::PlainText); // file names may look like markup
+    box->setInformativeText(details);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+    return box;
+}
+
+void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
+                        std::function<void(const QString&)> save)
+{
+    QFileDialog* const files = newFileDialog(parent, choice);
+    if (!files)
+        return;
+    files->setAcceptMode(QFileDialog::AcceptSave);
+    files->setOption(QFileDialog::DontConfirmOverwrite); // its own question is modal
+    const auto confirm = [parent, save = std::move(save)](const QString& path) {
+        if (!QFile::exists(path))
+            return save(path);
+        auto* const question = showBox(
+            parent, QMessageBox::Question,
+            QCoreApplication::translate("vanto::Modeless", "'%1' already exists.").arg(path),
+            QCoreApplication::translate("vanto::Modeless", "Do you want to replace it?"),
+            QMessageBox::Yes | QMessageBox::No);
+        QObject::connect(question, &QDialog::accepted, parent, [save, path] { save(path); });
+    };
+    QObject::connect(files, &QFileDialog::fileSelected, parent, confirm);
+    files->show();
+}
+
+void Modeless::openFile(QWidget* parent, const FileChoice& choice,
+                        std::function<void(const QString&)> open)
+{
+    QFileDialog* const files = newFileDialog(parent, choice);
+    if (!files)
+        return;
+    files->setFileMode(QFileDialog::ExistingFile);
+    QObject::connect(files, &QFileDialog::fileSelected, parent, std::move(open));
+    files->show();
+}
+
+} // namespace vanto

@@ -1,0 +1,12 @@
+#include "readingmonitor.h"
+
+namespace vanto
+{
+
+ReadingMonitor& ReadingMonitor::instance()
+{
+    static ReadingMonitor monitor;
+    return monitor;
+}
+
+} // namespace vanto

@@ -1,0 +1,482 @@
+#include "handprocess.h"
+#include "recording.h"
+#include "telemetryreader.h"
+#include "telemetryrecorder.h"
+#include "testmain.h"
+
+#include "sequenceplayer.h"
+
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace vanto
+{
+
+namespace
+{
+constexpr std::uint8_t HandNode = 2;
+constexpr int GetFingerCurrent = 0x06;
+constexpr std::size_t ThumbCurrent = 0;
+
+Sample sampleAt(std::int64_t timeUs, std::int32_t value, std::size_t channel = ThumbCurrent)
+{
+    Sample sample;
+    sample.timeUs = timeUs;
+    sample.values[channel] = value;
+    return sample;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The hand of a test, without a window.
+struct OpenHand {
+    OpenHand(PROTOCOL_TYPE protocol, const QStringList& options = {})
+    {
+        const bool modbus = protocol == PROTOCOL_TYPE_MODBUS_RTU;
+        adapter = VantoProtocol::getProtocolInstance(protocol, modbus ? 1 : 3, 0);
+        const QStringList node{QStringLiteral("--node"), modbus ? QStringLiteral("2:modbus")
+                                                                : QStringLiteral("2:serialctrl")};
+        isOpen = hand.start(node + options) &&
+                 adapter->connect(qPrintable(hand.portName()), BaudRate) != 0;
+    }
+    ~OpenHand() { adapter->disconnect(); }
+    HandTarget target() const { return {adapter, HandNode, generation.token()}; }
+    TelemetryReader::Line line() const
+    {
+        return {[this] { return std::optional(target()); }, {}};
+    }
+    /// The requests that are not reads.
+    int writes() const
+    {
+        int count = static_cast<int>(hand.modbusWrites().size());
+        for (const QString& frame : hand.frames())
+            count += frame.first(2).toInt(nullptr, 16) >= 0x40;
+        return count;
+    }
+    bool hasOverlaps() { return !hand.command(QStringLiteral("stats")).contains(u"overlaps=0"); }
+
+    HandProcess hand;
+    std::shared_ptr<VantoProtocol> adapter;
+    Generation generation;
+    bool isOpen = false;
+};
+} // namespace
+
+/// Samples of a hand: the reader, the buffer, and recordings.
+class TestTelemetry : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { ReplyLimits::current() = PatientLimits; }
+    void buffer();
+    void recording();
+    void fullDisk();
+    void notRegular();
+    void groups();
+    void damaged_data();
+    void damaged();
+    void reads_data() { addProtocols(); }
+    void reads();
+    void readsNothingTwice();
+    void yieldsToPlayer_data() { addProtocols(); }
+    void yieldsToPlayer();
+    void refused();
+    void silent();
+
+private:
+    static void addProtocols()
+    {
+        QTest::addColumn<PROTOCOL_TYPE>("protocol");
+        QTest::newRow("SerialCtrl") << PROTOCOL_TYPE_SERIALCTRL;
+        QTest::newRow("Modbus") << PROTOCOL_TYPE_MODBUS_RTU;
+    }
+    const TelemetryClock m_clock;
+};
+
+void TestTelemetry::buffer()
+{
+    SampleBuffer standard;
+    constexpr std::size_t tenMinutes = 10 * 60 * 100; // at 100 a second
+    QVERIFY(standard.capacity() >= tenMinutes && standard.memory() <= std::size_t{64} << 20);
+
+    constexpr int capacity = 1000;
+    constexpr int count = 3456;
+    SampleBuffer buffer(capacity);
+    QVERIFY(!buffer.last() && buffer.reduce(ThumbCurrent, 0, 10, 3).at(2).isEmpty());
+    QRandomGenerator random(5);
+    std::vector<Sample> all;
+    for (int i = 0, time = 0; i < count; ++i, time += random.bounded(20)) {
+        all.push_back(sampleAt(time, random.bounded(7) ? random.bounded(-500, 500) : MissingValue));
+        all.back().afterGap = i == count - 100;
+        buffer.append(all.back());
+        if (i % 100 == 0)
+            buffer.addMarker({time, QString::number(i)});
+    }
+    QCOMPARE(buffer.size(), std::size_t{capacity});
+    QCOMPARE(buffer.at(0).timeUs, all[count - capacity].timeUs);
+    QCOMPARE(buffer.last()->values, all.back().values);
+    const std::int64_t from = buffer.timeAt(10);
+    const std::int64_t to = buffer.timeAt(900);
+    constexpr int columns = 77;
+    const auto reduced = buffer.reduce(ThumbCurrent, from, to, columns);
+    std::vector<Extent> expected(columns);
+    for (const Sample& sample : all) {
+        if (sample.timeUs < from || sample.timeUs >= to)
+            continue;
+        const auto column =
+            static_cast<std::size_t>((sample.timeUs - from) * columns / (to - from));
+        expected[column].add(sample.values[ThumbCurrent]);
+        expected[column].afterGap |= sample.afterGap;
+    }
+    for (std::size_t i = 0; i < columns; ++i) {
+        QCOMPARE(reduced[i].min, expected[i].min);
+        QCOMPARE(reduced[i].max, expected[i].max);
+        QCOMPARE(reduced[i].afterGap, expected[i].afterGap);
+    }
+    QCOMPARE(buffer.markers(all[3300].timeUs, all[3400].timeUs).value(0).text, QString("3300"));
+}
+
+void TestTelemetry::recording()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.csv");
+    const ChannelSet channels =
+        channelsOf(Quantity::Current) | channelsOf(Quantity::Angle) | channelsOf(Quantity::Force);
+    TelemetryRecorder recorder(m_clock);
+    QCOMPARE(recorder.start(path, channels), QString());
+    QRandomGenerator random(6);
+    std::vector<Sample> samples;
+    for (int i = 0; i < 500; ++i) {
+        Sample sample;
+        sample.timeUs = i * 10'001;
+        sample.afterGap = i == 77;
+        for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+            if (channels[channel] && (channel == 0 || random.bounded(5)))
+                sample.values[channel] = random.bounded(-40'000, 70'000);
+        }
+        if (i == 77 || i == 80)
+            recorder.mark({sample.timeUs, i == 77 ? "first, \"second\"" : "line\nbreak"});
+        recorder.write(sample);
+        samples.push_back(sample);
+    }
+    recorder.mark({6'000'000, "end"});
+    QTRY_VERIFY(QFileInfo(path).size() > 10'000); // without a call that ends the recording
+    recorder.stop();
+    recorder.write(samples.back());
+    QVERIFY(contentOf(path).startsWith("time_s,wall_time,current_thumb,current_index,"));
+
+    const RecordingFile file = loadRecording(path);
+    QCOMPARE(file.failure, QString());
+    const Recording& read = file.recording;
+    QCOMPARE(read.channels(), channels);
+    QCOMPARE(read.rowCount(), samples.size());
+    QCOMPARE(read.samplesPerRow(), std::size_t{1});
+    QVERIFY(!read.isCut());
+    QVERIFY(qAbs(read.start().msecsTo(m_clock.timeOfDay(0))) <= 1);
+    for (std::size_t row = 0; row < samples.size(); ++row) {
+        QCOMPARE(read.timeAt(row), samples[row].timeUs);
+        for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+            QCOMPARE(read.at(row, channel).min, samples[row].values[channel]);
+            QCOMPARE(read.at(row, channel).afterGap, samples[row].afterGap);
+        }
+    }
+    QCOMPARE(read.markers(),
+             (QList<Marker>{
+                 {770'077, "first, \"second\""}, {800'080, "line break"}, {6'000'000, "end"}}));
+}
+
+/// A limit of the file size fails like a full disk.
+void TestTelemetry::fullDisk()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.csv");
+    TelemetryRecorder recorder(m_clock);
+    const QSignalSpy failed(&recorder, &TelemetryRecorder::sig_failed);
+    QCOMPARE(recorder.start(path, channelsOf(Quantity::Current)), QString());
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limited{100'001, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limited);
+    for (int i = 0; i < 5000; ++i)
+        recorder.write(sampleAt(i * 1000, i));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    QCOMPARE(failed.count(), 1);
+    QVERIFY(failed.at(0).at(0).toString().contains(path));
+    QVERIFY(!recorder.isRecording());
+    const QByteArray content = contentOf(path);
+    QVERIFY(content.size() > 90'000 && content.endsWith('\n'));
+    const RecordingFile file = loadRecording(path);
+    QCOMPARE(file.failure, QString());
+    QCOMPARE(qsizetype(file.recording.rowCount()), content.count('\n') - 1);
+    QCOMPARE(file.recording.at(file.recording.rowCount() - 1, ThumbCurrent).max,
+             std::int32_t(file.recording.rowCount()) - 1);
+}
+
+/// A pipe would block, a device could be endless.
+void TestTelemetry::notRegular()
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath("pipe");
+    QCOMPARE(::mkfifo(qPrintable(pipe), 0600), 0);
+    TelemetryRecorder recorder(m_clock);
+    for (const QString& path : {pipe, folder.path(), QString("/dev/zero")}) {
+        QVERIFY(!recorder.start(path, channelsOf(Quantity::Current)).isEmpty());
+        QVERIFY(!loadRecording(path).failure.isEmpty());
+    }
+    QVERIFY(!recorder.start(folder.filePath("missing/a.csv"), {}).isEmpty());
+    QVERIFY(!loadRecording(folder.filePath("missing")).failure.isEmpty());
+}
+
+/// A large file is read as extents, which show the same plot.
+void TestTelemetry::groups()
+{
+    constexpr int count = 600'000;
+    RecordingParser exactParser(true);
+    RecordingParser parser(false);
+    QRandomGenerator random(7);
+    QByteArray text = recordingHeader(channelsOf(Quantity::Current));
+    for (int i = 0; i < count; ++i) {
+        const QByteArray value = QByteArray::number(random.bounded(-1000, 1000));
+        text += QByteArray::number(i / 100.0, 'f', 6) + ",," + value + ",,,,7," +
+                (i % 3 ? "" : "-5") + ',' + (i == 5000 ? "gap" : "") + '\n';
+    }
+    for (qsizetype at = 0; at < text.size(); at += 12'347) {
+        const auto part =
+            QByteArrayView(text).sliced(at).first(std::min<qsizetype>(12'347, text.size() - at));
+        QVERIFY2(exactParser.feed(part) && parser.feed(part), qPrintable(parser.error()));
+    }
+    QVERIFY(exactParser.finish() && parser.finish());
+    const Recording exact = exactParser.take();
+    const Recording groups = parser.take();
+    QCOMPARE(exact.rowCount(), std::size_t{count});
+    QVERIFY(groups.rowCount() <= Recording::MaxGroups);
+    QCOMPARE(groups.sampleCount(), std::uint64_t{count});
+    QCOMPARE(groups.samplesPerRow(), std::size_t{4});
+    constexpr std::int64_t end = std::int64_t{count} * 10'000;
+    for (const std::size_t channel : {0, 1, 4, 5}) {
+        const auto expected = exact.reduce(channel, 0, end, 500);
+        const auto reduced = groups.reduce(channel, 0, end, 500);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            QCOMPARE(reduced[i].min, expected[i].min);
+            QCOMPARE(reduced[i].max, expected[i].max);
+            QCOMPARE(reduced[i].afterGap, expected[i].afterGap);
+        }
+    }
+}
+
+void TestTelemetry::damaged_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("failure");
+    const QByteArray header = "time_s,wall_time,current_thumb,marker\n";
+    const auto row = [](const char* name, const QByteArray& content, const char* failure) {
+        QTest::newRow(name) << content << QString(failure);
+    };
+    row("empty", "", "Line 1: This is not a recording.");
+    row("binary", QByteArray(100, '\0') + '\n', "Line 1: This is not a recording.");
+    row("other CSV", "a,b\n1,2\n", "Line 1: This is not a recording.");
+    row("without an end", QByteArray(70'000, 'x'), "Line 1: The line is too long.");
+    row("long line", header + QByteArray(70'000, 'x') + '\n', "Line 2: The line is too long.");
+    row("column twice", "time_s,force_index,force_index\n",
+        "Line 1: The column 'force_index' occurs twice.");
+    row("columns missing", header + "1,,\n", "Line 2: 4 columns are expected, but there are 3.");
+    row("no number", header + "1,,x,\n", "Line 2: 'x' is not a number.");
+    row("a fraction", header + "1,,1.5,\n", "Line 2: '1.5' is not a number.");
+    row("too large", header + "1,,99999999999,\n", "Line 2: '99999999999' is not a number.");
+    row("no time", header + "x,,1,\n", "Line 2: 'x' is not a time.");
+    row("not finite", header + "inf,,1,\n", "Line 2: 'inf' is not a time.");
+    row("negative", header + "-1,,1,\n", "Line 2: '-1' is not a time.");
+    row("back in time", header + "2,,1,\n1,,1,\n",
+        "Line 3: The time is before that of the line above.");
+    row("quotation", header + "1,,1,\"a\n", "Line 2: A quotation mark is missing.");
+    row("cut", header + "1,,1,\n2,,1", "");
+    row("only a header", header, "");
+    row("from another tool",
+        "\xEF\xBB\xBFtime_s,marker,other,current_thumb\r\n1,\"a \"\"b\"\"\",x,1\r\n\r\n2,,,\r\n",
+        "");
+}
+
+void TestTelemetry::damaged()
+{
+    QFETCH(QByteArray, content);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("a.csv"));
+    QVERIFY(file.open(QFile::WriteOnly) && file.write(content) == content.size());
+    file.close();
+    const RecordingFile read = loadRecording(file.fileName());
+    QTEST(read.failure, "failure");
+    if (!read.failure.isEmpty()) {
+        QVERIFY(read.recording.isEmpty());
+        return;
+    }
+    QCOMPARE(read.recording.isCut(), !content.endsWith('\n'));
+    QCOMPARE(read.recording.rowCount(),
+             std::size_t(content.contains("1,,1") || content.contains("x,1")));
+    if (content.contains("\"\""))
+        QCOMPARE(read.recording.markers(), (QList<Marker>{{1'000'000, "a \"b\""}}));
+}
+
+void TestTelemetry::reads()
+{
+    QFETCH(PROTOCOL_TYPE, protocol);
+    OpenHand open(protocol);
+    QVERIFY(open.isOpen);
+    for (int finger = 0; finger < 6; ++finger) {
+        open.hand.command(QString("set 2 current %1 %2").arg(finger).arg(100 + finger));
+        open.hand.command(QString("set 2 position %1 %2").arg(finger).arg(60'000 + finger));
+        open.hand.command(QString("set 2 force %1 %2").arg(finger).arg(200 + finger));
+    }
+    TelemetryReader reader(open.line(), m_clock);
+    QList<Sample> samples;
+    bool nested = false; // a sample within a conversation
+    connect(&reader, &TelemetryReader::sig_sample, &reader, [&](const Sample& sample) {
+        samples.append(sample);
+        nested |= Conversation::isActive();
+    });
+    reader.setChannels(channelsOf(Quantity::Current) | channelsOf(Quantity::Position) |
+                       channelsOf(Quantity::Force));
+    reader.setRate(25);
+    reader.start();
+    QTRY_VERIFY(samples.size() >= 20);
+    reader.stop();
+    QVERIFY(reader.achievedRate() > 0 && reader.achievedRate() <= 27);
+    for (std::size_t finger = 0; finger < FingerCount; ++finger) {
+        QCOMPARE(samples.last().values[finger], std::int32_t(100 + finger));
+        QCOMPARE(samples.last().values[6 + finger], std::int32_t(60'000 + finger));
+        QCOMPARE(samples.last().values[12 + finger], MissingValue);
+        if (finger < ForceFingerCount)
+            QCOMPARE(samples.last().values[18 + finger], std::int32_t(200 + finger));
+    }
+    const std::int64_t period = 40'000;
+    QVERIFY(samples.last().timeUs - samples.first().timeUs >= (samples.size() - 2) * period);
+    QVERIFY(!nested);
+    QCOMPARE(open.writes(), 0);
+    QVERIFY(!open.hasOverlaps());
+    const qsizetype requests = open.hand.requests().size();
+    QTest::qWait(200); // a stopped reader sends nothing
+    QCOMPARE(open.hand.requests().size(), requests);
+}
+
+/// What others read within a period is taken from them.
+void TestTelemetry::readsNothingTwice()
+{
+    OpenHand open(PROTOCOL_TYPE_SERIALCTRL);
+    QVERIFY(open.isOpen);
+    TelemetryReader reader(open.line(), m_clock);
+    reader.setChannels(channelsOf(Quantity::Current));
+    reader.setRate(2);
+    QSignalSpy samples(&reader, &TelemetryReader::sig_sample);
+    reader.start();
+    QTRY_COMPARE(samples.count(), 1);
+    QCOMPARE(open.hand.frames({GetFingerCurrent}).size(), 6);
+    open.hand.command("set 2 current 3 333");
+    {
+        HandCall other(open.target());
+        std::uint16_t current = 0;
+        for (const std::uint8_t finger : {0, 1, 2, 3})
+            QCOMPARE(int(other.attempt<&VantoProtocol::getFingerCurrent>(finger, &current)), 0);
+    }
+    QTRY_COMPARE(samples.count(), 2);
+    reader.stop();
+    QCOMPARE(samples.at(1).at(0).value<Sample>().values[3], 333);
+    QCOMPARE(open.hand.frames({GetFingerCurrent}).size(), 6 + 4 + 2);
+}
+
+/// The fastest reader does not keep the player from polling, and the player's values are used.
+void TestTelemetry::yieldsToPlayer()
+{
+    QFETCH(PROTOCOL_TYPE, protocol);
+    OpenHand open(protocol, {"--baud", "115200"});
+    QVERIFY(open.isOpen);
+    SequenceData data;
+    data.position_type = SequenceData::POS_TYPE_POSITION;
+    for (const int position : {20'000, 0, 20'000})
+        data.sequences.append({QList<int>(6, position), QList<int>(6, 255), 0});
+    SequencePlayer player;
+    player.setVantoProtocol(open.adapter, HandNode);
+    TelemetryReader reader(open.line(), m_clock);
+    reader.setChannels(channelsOf(Quantity::Current) | channelsOf(Quantity::Force));
+    reader.setRate(TelemetryReader::AsFastAsPossible);
+    const QSignalSpy samples(&reader, &TelemetryReader::sig_sample);
+    reader.start();
+    QTRY_VERIFY(samples.count() > 0);
+    QString failure;
+    connect(&player, &SequencePlayer::sig_updatePlaying, &player,
+            [&](bool, int, qint64, const QString& message) { failure += message; });
+    bool started = false; // play() refuses while an exchange is in progress
+    QTRY_VERIFY(started || (started = player.play(data, 0, -1, false)));
+    const int before = samples.count();
+    QTRY_VERIFY_WITH_TIMEOUT(!player.isPlaying(), 60'000);
+    QCOMPARE(failure, QString());
+    QVERIFY(samples.count() > before);
+    QVERIFY(samples.last().at(0).value<Sample>().values[0] != MissingValue);
+    reader.stop();
+    QVERIFY(!open.hasOverlaps());
+}
+
+void TestTelemetry::refused()
+{
+    OpenHand open(PROTOCOL_TYPE_SERIALCTRL, {"--no-force"});
+    QVERIFY(open.isOpen);
+    TelemetryReader reader(open.line(), m_clock);
+    reader.setChannels(channelsOf(Quantity::Current) | channelsOf(Quantity::Force));
+    reader.setRate(TelemetryReader::AsFastAsPossible);
+    QSignalSpy samples(&reader, &TelemetryReader::sig_sample);
+    int refusals = 0;
+    connect(&reader, &TelemetryReader::sig_refused, &reader,
+            [&](std::string_view operation, std::uint8_t, std::uint8_t result) {
+                refusals += operation == "getFingerForce" && result == 0xFF;
+            });
+    reader.start();
+    QTRY_VERIFY(samples.count() >= 20);
+    QCOMPARE(refusals, int{ForceFingerCount});
+    QCOMPARE(open.hand.frames({0x08}).size(), qsizetype{3 * ForceFingerCount});
+    const Sample last = samples.last().at(0).value<Sample>();
+    QVERIFY(last.values[0] != MissingValue && last.values[18] == MissingValue);
+}
+
+void TestTelemetry::silent()
+{
+    ReplyLimits::current().serialCtrl = 100;
+    OpenHand open(PROTOCOL_TYPE_SERIALCTRL);
+    QVERIFY(open.isOpen);
+    TelemetryReader reader(open.line(), m_clock);
+    reader.setChannels(channelsOf(Quantity::Current));
+    reader.setRate(TelemetryReader::AsFastAsPossible);
+    QList<Sample> samples;
+    connect(&reader, &TelemetryReader::sig_sample, &reader,
+            [&](const Sample& sample) { samples.append(sample); });
+    const QSignalSpy noAnswer(&reader, &TelemetryReader::sig_noAnswer);
+    reader.start();
+    QTRY_VERIFY(samples.size() > 3);
+    open.hand.command("hang");
+    QTRY_COMPARE(noAnswer.count(), 1);
+    open.hand.clearTrace();
+    QTest::qWait(2500); // few requests are sent
+    QVERIFY(open.hand.requests().size() <= 3);
+    QCOMPARE(noAnswer.count(), 1);
+    open.hand.command("hang off");
+    ReplyLimits::current() = PatientLimits;
+    samples.clear();
+    QTRY_VERIFY_WITH_TIMEOUT(samples.size() > 3, 30'000);
+    QVERIFY(std::ranges::any_of(samples, &Sample::afterGap));
+    QVERIFY(samples.last().values[0] != MissingValue);
+}
+
+VANTO_TEST(TestTelemetry)
+
+} // namespace vanto
+
+#include "tst_telemetry.moc"
