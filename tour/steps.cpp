@@ -37,9 +37,8 @@ constexpr QLatin1String SerialCtrlVersion("3.1");
 constexpr QLatin1String ModbusVersion("1.0");
 constexpr QLatin1String Hardware("1B01"); ///< matches the example of an update file
 constexpr QLatin1String BootLoader("1.3");
-/// Of every simulated hand: raw positions, and over Modbus logical ones.
-constexpr std::array RawPresets{600, 1900, 3300};
-constexpr std::array LogicalPresets{2901, 30834, 60915};
+constexpr double FullRange = 65535; ///< of logical positions
+constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand, raw
 
 /// An entry of the Devices list.
 struct Hand {
@@ -195,10 +194,16 @@ void expectCalibration(TourRunner& tour, int node)
                                          .arg(finger)));
         }
     }
-    const auto& presets = tour.modbus() ? LogicalPresets : RawPresets;
-    for (std::size_t preset = 0; preset < presets.size(); ++preset) {
+    // Over Modbus they are shares of the range.
+    const auto thumbRoot = [&](QLatin1String end) {
+        return tour.command(QStringLiteral("get %1 %2 5").arg(node).arg(end)).toDouble();
+    };
+    const double start = tour.modbus() ? thumbRoot(QLatin1String("start")) : 0;
+    const double range = tour.modbus() ? thumbRoot(QLatin1String("end")) - start : FullRange;
+    for (std::size_t preset = 0; preset < ThumbRootPresets.size(); ++preset) {
         const QString lineEdit = QStringLiteral("lineEdit_BasicThumbRootPos%1").arg(preset);
-        tour.expect(lineEdit, tour.field(lineEdit), QString::number(presets.at(preset)));
+        const double share = std::clamp((ThumbRootPresets.at(preset) - start) / range, 0.0, 1.0);
+        tour.expect(lineEdit, tour.field(lineEdit), QString::number(qRound(share * FullRange)));
     }
 }
 
@@ -276,7 +281,9 @@ QString cable(TourRunner& tour)
     tour.expectText(QStringLiteral("the state"), connected, QStringLiteral("Connected"));
     tour.command(QStringLiteral("unplug"));
     tour.waitFor(QStringLiteral("the loss is shown"),
-                 [&] { return state->text() == QLatin1String("Port lost"); });
+                 [&] { return state->text() != connected; });
+    tour.expectText(QStringLiteral("the state without the cable"), state->text(),
+                    QStringLiteral("Port lost"));
     tour.saveScreenshot(QStringLiteral("-lost"));
     tour.command(QStringLiteral("replug"));
     tour.waitFor(QStringLiteral("the hand is open again"),
