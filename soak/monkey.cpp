@@ -79,7 +79,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"stop", 5, false, false, &Monkey::stopSequence},
         {"halt", 3, false, false, &Monkey::pressHalt},
         {"menu", 2, false, false, &Monkey::triggerAction},
-        {"parameters", 6, false, false, &Monkey::useParameters},
+        {"parameters", 10, false, false, &Monkey::useParameters},
         {"edit", 12, false, false, &Monkey::editSequence},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
