@@ -62,6 +62,8 @@ void MainWindow::setUpParameters()
         this, m_session.get(), m_reporter, ui->deviceBar, ui->tabWidget,
         ParameterActions::Actions{ui->action_Save_Parameters, ui->action_Restore_Parameters,
                                   ui->action_Hand_Information});
+    connect(ui->action_Restore_Parameters, &QAction::enabledChanged, ui->noticeBar,
+            &NoticeBar::setActionEnabled);
     m_parameters->setPlaying([page = ui->tab_Sequence] { return page->isPlaying(); });
     connect(ui->tab_Sequence, &SequencePage::sig_playingChanged, m_parameters.get(),
             &ParameterActions::update);

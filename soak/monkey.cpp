@@ -51,8 +51,6 @@ bool isMotionButton(const QString& name)
     return false;
 }
 
-constexpr QLatin1String ParameterFileName("hand.json");
-
 QString dialogText(const QWidget* dialog)
 {
     if (const auto* box = qobject_cast<const QMessageBox*>(dialog))
@@ -79,7 +77,8 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"row", 8, true, false, &Monkey::selectRow},
         {"stop", 5, false, false, &Monkey::stopSequence},
         {"halt", 3, false, false, &Monkey::pressHalt},
-        {"menu", 5, false, false, &Monkey::triggerAction},
+        {"menu", 2, false, false, &Monkey::triggerAction},
+        {"parameters", 6, false, false, &Monkey::useParameters},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
     };
@@ -255,16 +254,6 @@ bool Monkey::answerNodeDialog(QDialog* dialog)
     return true;
 }
 
-QString Monkey::fileFor(const QFileDialog& dialog)
-{
-    const bool opens = dialog.acceptMode() == QFileDialog::AcceptOpen;
-    if (dialog.windowTitle().contains(QLatin1String("parameter")) &&
-        (!opens || randomBelow(4) != 0))
-        return QDir::current().absoluteFilePath(ParameterFileName);
-    return opens ? randomSequenceFile()
-                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json"));
-}
-
 QString Monkey::randomText()
 {
     static const QStringList texts{QString(),
@@ -432,15 +421,8 @@ void Monkey::noteHalt()
 
 void Monkey::triggerAction()
 {
-    constexpr std::array names{"action_Theme",
-                               "action_About",
-                               "action_Messages",
-                               "action_Open_Node",
-                               "action_Scan_Range",
-                               "action_Save_Parameters",
-                               "action_Restore_Parameters",
-                               "action_Restore_Parameters",
-                               "action_Hand_Information"};
+    constexpr std::array names{"action_Theme", "action_About", "action_Messages",
+                               "action_Open_Node", "action_Scan_Range"};
     m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
 }
 

@@ -82,6 +82,7 @@ private:
     void pressHalt();
     void noteHalt();
     void triggerAction();
+    void useParameters();
     void injectFault();
     void interruptConnection();
 

@@ -4,7 +4,8 @@
 #include "monkey.h"
 
 #include <QCheckBox>
-#include <QDialog>
+#include <QDir>
+#include <QFileDialog>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTimer>
@@ -16,6 +17,8 @@ namespace vanto
 
 namespace
 {
+constexpr QLatin1String ParameterFileName("hand.json");
+
 /// What a row of the comparison of parameters is written with.
 struct WrittenName {
     const char* name;
@@ -54,6 +57,32 @@ QList<Monitor::Write> tickedWrites(const QTableWidget& table)
     return writes;
 }
 } // namespace
+
+/// Changes the hands first, so that there is something to restore.
+void Monkey::useParameters()
+{
+    for (const int node : {1, 2})
+        m_hand.command(QStringLiteral("set %1 current-limit %2 %3")
+                           .arg(node)
+                           .arg(randomBelow(6))
+                           .arg(100 + randomBelow(500)));
+    if (!QFile::exists(ParameterFileName) || randomBelow(8) == 0)
+        m_driver.trigger(QStringLiteral("action_Save_Parameters"));
+    else if (randomBelow(6) == 0)
+        m_driver.trigger(QStringLiteral("action_Hand_Information"));
+    else
+        m_driver.trigger(QStringLiteral("action_Restore_Parameters"));
+}
+
+QString Monkey::fileFor(const QFileDialog& dialog)
+{
+    const bool opens = dialog.acceptMode() == QFileDialog::AcceptOpen;
+    if (dialog.windowTitle().contains(QLatin1String("parameter")) &&
+        (!opens || randomBelow(4) != 0))
+        return QDir::current().absoluteFilePath(ParameterFileName);
+    return opens ? randomSequenceFile()
+                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json"));
+}
 
 /// Ticks at random, but never the calibration, and restores. Cancel can end this early.
 void Monkey::answerParametersDialog(QDialog* dialog)

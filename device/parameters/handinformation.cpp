@@ -14,7 +14,6 @@ using Entry = HandInformation::Entry;
 using Entries = std::span<Entry>;
 using EntryState = HandInformation::State;
 
-constexpr std::uint8_t ProbedFinger = 1; ///< for force sensing
 constexpr std::uint8_t NoThumbRootPreset = 255;
 
 QString translated(const char* english)
@@ -167,7 +166,8 @@ HandInformationReader::HandInformationReader(HandTarget target, std::optional<bo
     Entry protocol = namedEntry("protocol", QT_TRANSLATE_NOOP("HandInformation", "Protocol"));
     setText(protocol, facts.protocolName());
     m_information.entries = {node, protocol};
-    addItems();
+    addVersions();
+    addReadings();
     addFingerItems();
 }
 
@@ -188,10 +188,9 @@ void HandInformationReader::add(bool isSupported, QList<HandInformation::Entry> 
     }
 }
 
-void HandInformationReader::addItems()
+void HandInformationReader::addVersions()
 {
     HandFacts& facts = m_information.facts;
-    const bool isSerialCtrl = facts.protocolType == PROTOCOL_TYPE_SERIALCTRL;
     add(true,
         {namedEntry("protocolVersion", QT_TRANSLATE_NOOP("HandInformation", "Protocol version"))},
         [&facts](HandCall& call, Entries entries) {
@@ -232,6 +231,12 @@ void HandInformationReader::addItems()
             }
             return result;
         });
+}
+
+void HandInformationReader::addReadings()
+{
+    HandFacts& facts = m_information.facts;
+    const bool isSerialCtrl = facts.protocolType == PROTOCOL_TYPE_SERIALCTRL;
     add(isSerialCtrl, {namedEntry("uid", QT_TRANSLATE_NOOP("HandInformation", "UID"))},
         [&facts](HandCall& call, Entries entries) {
             HandFacts::Uid u{};

@@ -55,7 +55,8 @@ private:
     struct Item;
 
     void perform(int step) override;
-    void addItems();
+    void addVersions();
+    void addReadings();
     void addFingerItems();
     template<class Read>
     void add(bool isSupported, QList<HandInformation::Entry> entries, Read read);

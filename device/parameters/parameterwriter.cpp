@@ -1,5 +1,6 @@
 #include "parameterwriter.h"
 
+#include "deviceentry.h"
 #include "parametercomparison.h"
 #include "parameterexchange.h"
 
@@ -12,7 +13,6 @@ namespace vanto
 
 namespace
 {
-constexpr std::uint8_t AnyNode = 255;
 constexpr int MaxChecks = 3; ///< of a hand that refuses to say what it is
 
 QString hexCode(unsigned code)

@@ -150,6 +150,7 @@ void ParametersDialog::addButtons(QBoxLayout* layout)
     auto* copy = buttons->addButton(tr("Copy"), QDialogButtonBox::ActionRole);
     copy->setObjectName(QStringLiteral("pushButton_ParametersCopy"));
     m_close = buttons->addButton(QDialogButtonBox::Close);
+    m_closeText = m_close->text();
     m_close->setObjectName(QStringLiteral("pushButton_ParametersClose"));
     // Return in the table must not write to the hand.
     for (QPushButton* button : {m_restore, copy, m_close})
@@ -254,7 +255,7 @@ void ParametersDialog::finishRestore()
     if (const auto calibration = m_writer->calibrationInHand())
         takeOver(*calibration);
     m_progress->hide();
-    m_close->setText(tr("Close"));
+    m_close->setText(m_closeText);
     m_table->setTicksEnabled(true);
     QStringList parts{tr("Written: %1").arg(m_writer->count(Result::Written))};
     const std::pair<Result, QString> others[] = {{Result::Refused, tr("Refused: %1")},

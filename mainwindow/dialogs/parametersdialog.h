@@ -74,7 +74,8 @@ private:
     QCheckBox* m_equalRows;
     QPushButton* m_copyGains = nullptr;
     QPushButton* m_restore = nullptr;
-    QPushButton* m_close = nullptr;
+    QPushButton* m_close = nullptr; ///< Cancel during a restore
+    QString m_closeText;
     QLabel* m_state;
     QProgressBar* m_progress;
     std::shared_ptr<ParameterWriter> m_writer;

@@ -26,8 +26,9 @@ NoticeBar::NoticeBar(QWidget* parent)
     close->setObjectName(QStringLiteral("toolButton_NoticeClose"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_text, 1);
+    layout->addWidget(m_text);
     layout->addWidget(m_button);
+    layout->addStretch();
     layout->addWidget(close);
     connect(close, &QToolButton::clicked, this, &QWidget::hide);
     connect(m_button, &QPushButton::clicked, this, [this] {
@@ -36,6 +37,11 @@ NoticeBar::NoticeBar(QWidget* parent)
         action();
     });
     hide();
+}
+
+void NoticeBar::setActionEnabled(bool enabled)
+{
+    m_button->setEnabled(enabled);
 }
 
 void NoticeBar::showNotice(const QString& text, const QString& button, std::function<void()> action)

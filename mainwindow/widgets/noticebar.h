@@ -20,6 +20,7 @@ public:
 
     /// Shows the line. A click on the button hides it and calls `action`.
     void showNotice(const QString& text, const QString& button, std::function<void()> action);
+    void setActionEnabled(bool enabled);
 
 private:
     ElidedLabel* m_text;

@@ -57,6 +57,8 @@ private slots:
     void copiedGains();
     void badFiles_data();
     void badFiles();
+    void otherHardware_data() { addBoolRows("accepted", "accepted", "refused"); }
+    void otherHardware();
     void anyNode();
 };
 
@@ -342,6 +344,28 @@ void TestParameters::badFiles()
     trigger("action_Save_Parameters", "/dev/full/none.json");
     QCOMPARE(m_boxes.size(), 1);
     QVERIFY(m_tool->find<QAction>("action_Save_Parameters")->isEnabled());
+}
+
+void TestParameters::otherHardware()
+{
+    QFETCH(bool, accepted);
+    open();
+    saveTo("before.json");
+    QJsonObject content = contentOf("before.json");
+    QJsonObject hand = content["hand"].toObject();
+    QCOMPARE(hand["hardware"].toString(), "1B01");
+    hand["hardware"] = "1C02";
+    content["hand"] = hand;
+    QVERIFY(save("before.json", QJsonDocument(content).toJson()));
+    m_acceptedBoxes = accepted;
+    const Act compares = [](ParametersDialog* dialog) {
+        const QTableWidget* table = tableOf(dialog);
+        QCOMPARE(countResults(table, "Never written"), 1);
+    };
+    trigger("action_Restore_Parameters", "before.json", accepted ? compares : Act());
+    QCOMPARE(m_boxes.size(), 1);
+    QVERIFY2(m_boxes[0].contains("1C02"), qPrintable(m_boxes[0]));
+    m_acceptedBoxes = 10;
 }
 
 /// A write through this node would reach every hand on the bus.
