@@ -7,8 +7,6 @@ namespace vanto
 
 namespace
 {
-constexpr int HighestNode = 255;
-
 bool isText(QByteArrayView bytes)
 {
     return std::ranges::all_of(bytes, [](char byte) {

@@ -14,6 +14,8 @@ namespace vanto
 class Answer;
 class Tool;
 
+constexpr int HighestNode = 255;
+
 /// The options that all commands share.
 struct GeneralOptions {
     QString port; ///< name, path or usb:SERIAL; empty: the only one

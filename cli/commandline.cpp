@@ -12,7 +12,6 @@ namespace vanto
 
 namespace
 {
-constexpr int HighestNode = 255;
 constexpr int MaxPatience = 1000;
 
 QStringList toTexts(const std::vector<std::string>& strings)

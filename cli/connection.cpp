@@ -127,18 +127,11 @@ void Connection::reportNotOpened(const QString& port, PROTOCOL_TYPE protocol)
                        (cause.isEmpty() ? QString() : QStringLiteral(". ") + cause));
 }
 
-void Connection::setNode(std::uint8_t node)
-{
-    if (node == m_node)
-        return;
-    m_node = node;
-    m_session.setNode(node);
-}
-
 void Connection::followNode(std::uint8_t node)
 {
     m_moved.erase(m_node);
-    setNode(node);
+    m_node = node;
+    m_session.setNode(node);
 }
 
 HandTarget Connection::target() const
@@ -170,7 +163,8 @@ bool Connection::haltMoved()
     // A position must not be written to node 255.
     const bool isSerialCtrl = m_adapter && m_adapter->protocolType() == PROTOCOL_TYPE_SERIALCTRL;
     if (isSerialCtrl && std::erase(nodes, AnyNode) > 0) {
-        setNode(AnyNode);
+        m_node = AnyNode;
+        m_session.setNode(AnyNode);
         if (nodes.empty())
             m_halt.press();
         else

@@ -34,8 +34,8 @@ public:
     /// Reports that the port cannot be opened.
     void reportNotOpened(const QString& port, PROTOCOL_TYPE protocol);
 
-    /// The node of the following commands.
-    void setNode(std::uint8_t node);
+    /// The node of the following commands. Another hand, so what is halted stays that.
+    void setNode(std::uint8_t node) { m_node = node; }
     std::uint8_t node() const { return m_node; }
     /// The hand has got a new id.
     void followNode(std::uint8_t node);

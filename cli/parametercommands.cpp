@@ -1,5 +1,6 @@
 #include "parametercommands.h"
 
+#include "basicoperations.h"
 #include "handvalues.h"
 #include "parameterreader.h"
 #include "taskrun.h"
@@ -155,6 +156,14 @@ void get(Tool& tool, Arguments& arguments, Answer& answer)
         getHandValue(tool, *value, finger, answer);
 }
 
+/// A hand may have a higher value, but a user cannot choose it.
+double highestChoice(ParameterKind kind)
+{
+    if (kind == ParameterKind::SelfTestLevel)
+        return MaxSelfTestLevel;
+    return kind == ParameterKind::BeepSwitch ? MaxBeepSwitch : describe(kind).max;
+}
+
 /// The parameters that the arguments of set name, with their values.
 std::map<ParameterKey, ParameterValue> parseAssignment(Arguments& arguments)
 {
@@ -181,7 +190,9 @@ std::map<ParameterKey, ParameterValue> parseAssignment(Arguments& arguments)
         QString error;
         const auto value = ParameterValues::parse(
             each, isGains ? QStringList{texts.value(static_cast<qsizetype>(i))} : texts, &error);
-        if (value)
+        if (value && value->constFirst() > highestChoice(each))
+            error = QStringLiteral("expected an integer from 0 to %1").arg(highestChoice(each));
+        if (error.isEmpty() && value)
             wanted[{each, finger}] = *value;
         else
             arguments.setError(QStringLiteral("%1: %2.").arg(name, error));

@@ -14,7 +14,7 @@ namespace vanto
 namespace
 {
 constexpr int FirstScanned = 1;
-constexpr int LastScanned = 255;
+constexpr int LastScanned = HighestNode;
 
 QJsonObject describe(const PortEntry& port, const QString& problem)
 {
@@ -59,8 +59,10 @@ QList<HandScan::Range> parseRanges(Arguments& arguments)
 {
     QList<HandScan::Range> ranges;
     for (const QString& part : arguments.list("--nodes")) {
-        const int first = arguments.number(part.section(QLatin1Char('-'), 0, 0), "A node", 0, 255);
-        const int last = arguments.number(part.section(QLatin1Char('-'), -1), "A node", 0, 255);
+        const int first =
+            arguments.number(part.section(QLatin1Char('-'), 0, 0), "A node", 0, HighestNode);
+        const int last =
+            arguments.number(part.section(QLatin1Char('-'), -1), "A node", 0, HighestNode);
         if (last < first)
             arguments.setError(QStringLiteral("The nodes '%1' are not in order.").arg(part));
         ranges.append({first, last, {}});

@@ -136,7 +136,7 @@ void TestCliFiles::examples()
     m_hand->clearTrace();
     result = run({EXAMPLES "/batch.py", "2"});
     QVERIFY2(result.first == 0, result.second.constData());
-    QCOMPARE(motions().size(), 4); // the halt writes twice
+    QCOMPARE(motions().size(), 4);                          // the halt writes twice
     QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"}); // at the end
 }
 

@@ -141,6 +141,9 @@ void TestCliMotion::batch()
     QCOMPARE(m_hand->command("get 3 current-limit 1"), "ok 44");
     QCOMPARE(motions().filter("4c ").size(), 1); // the one after continue
     QCOMPARE(m_hand->frames({0x4A}).size(), 2);  // the second at the end of the input
+    m_hand->clearTrace();
+    QCOMPARE(cli.run("batch", "2 halt\n3 get current 0\n2 continue\n").status, 0);
+    QCOMPARE(m_hand->addressed().filter(":49"), QStringList{"02:49"}); // the hand that was halted
 }
 
 void TestCliMotion::batchEndings()
