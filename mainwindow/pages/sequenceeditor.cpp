@@ -126,7 +126,7 @@ void SequenceEditor::apply(const SequenceChange& change, bool revert)
     m_table->replaceSteps(edit.row, replaced, ids, revert ? edit.before : edit.after);
     if (change.fileBefore != change.fileAfter)
         m_file = revert ? change.fileBefore : change.fileAfter;
-    if (change.idsBefore != change.idsAfter)
+    if (!std::ranges::equal(change.idsBefore, change.idsAfter))
         m_edition.advance();
     emit sig_changed();
 }
