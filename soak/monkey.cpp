@@ -3,6 +3,7 @@
 #include "messagelog.h"
 #include "monitor.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -12,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSlider>
@@ -40,6 +42,15 @@ constexpr int CloseRetryMs = 200;
 constexpr int MaxRows = 100;   ///< of a sequence; more are removed
 constexpr int MinHaltMs = 750; ///< an earlier click on Continue halts once more
 constexpr int MaxHaltMs = 2000;
+
+/// Clicks on a row with Ctrl, which selects it without playing it.
+void extendSelection(const QTableWidget& table, int row)
+{
+    const QPointF place(1, table.rowViewportPosition(row) + 1);
+    QMouseEvent press(QEvent::MouseButtonPress, place, table.viewport()->mapToGlobal(place),
+                      Qt::LeftButton, Qt::LeftButton, Qt::ControlModifier);
+    QApplication::sendEvent(table.viewport(), &press);
+}
 
 /// Whether the button of this name can move a finger.
 bool isMotionButton(const QString& name)
@@ -439,16 +450,22 @@ void Monkey::editSequence()
     auto* table = m_driver.find<QTableWidget>("tableWidget_Seq");
     if (pages->isEnabled() && randomBelow(2) == 0)
         pages->setCurrentIndex(SequenceTab);
-    if (table->isVisible() && table->isEnabled() && table->rowCount() > MaxRows) {
+    if (!table->isVisible() || !table->isEnabled())
+        return;
+    if (table->rowCount() == 0) {
+        m_driver.click("pushButton_SeqLoad");
+        return;
+    }
+    if (table->rowCount() > MaxRows)
         table->selectAll();
-        m_driver.trigger(QStringLiteral("action_Delete_Step"));
-    }
-    if (table->isVisible() && table->isEnabled() && randomBelow(2) == 0) {
-        QKeyEvent down(QEvent::KeyPress, randomBelow(2) == 0 ? Qt::Key_Down : Qt::Key_Up,
-                       Qt::ShiftModifier);
-        QApplication::sendEvent(table, &down);
-    }
-    m_driver.trigger(QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]));
+    else
+        extendSelection(*table, randomBelow(table->rowCount()));
+    const QString name =
+        table->rowCount() > MaxRows
+            ? QStringLiteral("action_Delete_Step")
+            : QLatin1String(names[static_cast<std::size_t>(randomBelow(names.size()))]);
+    m_counts[QStringLiteral("edit of a step")] += m_driver.find<QAction>(name)->isEnabled() ? 1 : 0;
+    m_driver.trigger(name);
 }
 
 /// Arms a fault for one of the next ten requests. In total it affects one request in ten.
