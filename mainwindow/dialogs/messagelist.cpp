@@ -1,12 +1,13 @@
 #include "messagelist.h"
 
 #include "messagelog.h"
-#include "modeless.h"
 #include "program.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -88,11 +89,26 @@ void MessageList::replaceLine(int index, const QString& line)
 
 void MessageList::chooseFile()
 {
-    const Modeless::FileChoice choice{tr("Save messages"),
-                                      {tr("Text files (*.txt)")},
-                                      QStringLiteral("txt"),
-                                      QStringLiteral("messages.txt")};
-    Modeless::saveFile(this, choice, [this](const QString& path) { save(path); });
+    if (raiseOpen<QFileDialog>(this))
+        return;
+    auto* files = new QFileDialog(this, tr("Save messages"), {}, tr("Text files (*.txt)"));
+    files->setAttribute(Qt::WA_DeleteOnClose);
+    files->setAcceptMode(QFileDialog::AcceptSave);
+    files->setDefaultSuffix(QStringLiteral("txt"));
+    // Its own question is modal.
+    files->setOption(QFileDialog::DontConfirmOverwrite);
+    files->selectFile(QStringLiteral("messages.txt"));
+    connect(files, &QFileDialog::fileSelected, this, &MessageList::confirmFile);
+    files->show();
+}
+
+void MessageList::confirmFile(const QString& path)
+{
+    if (!QFile::exists(path))
+        return save(path);
+    auto* question = showBox(QMessageBox::Question, tr("'%1' already exists.").arg(path),
+                             tr("Do you want to replace it?"), QMessageBox::Yes | QMessageBox::No);
+    connect(question, &QDialog::accepted, this, [this, path] { save(path); });
 }
 
 void MessageList::save(const QString& path)
@@ -101,8 +117,19 @@ void MessageList::save(const QString& path)
     const QByteArray text = m_log->lines().join(QLatin1Char('\n')).toUtf8() + '\n';
     if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
         return;
-    Modeless::showBox(this, QMessageBox::Critical,
-                      tr("The messages could not be saved in '%1'.").arg(path), file.errorString());
+    showBox(QMessageBox::Critical, tr("The messages could not be saved in '%1'.").arg(path),
+            file.errorString(), QMessageBox::Ok);
+}
+
+QMessageBox* MessageList::showBox(QMessageBox::Icon icon, const QString& text,
+                                  const QString& details, QMessageBox::StandardButtons buttons)
+{
+    auto* box = new QMessageBox(icon, Program::title(), text, buttons, this);
+    box->setInformativeText(details);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+    return box;
 }
 
 } // namespace vanto

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QMessageBox>
 
 class QPlainTextEdit;
 
@@ -23,7 +24,10 @@ private:
 
     void replaceLine(int index, const QString& line);
     void chooseFile();
+    void confirmFile(const QString& path);
     void save(const QString& path);
+    QMessageBox* showBox(QMessageBox::Icon icon, const QString& text, const QString& details,
+                         QMessageBox::StandardButtons buttons);
 
     const MessageLog* m_log;
     QPlainTextEdit* m_list;
