@@ -21,6 +21,7 @@
 #include <QTabWidget>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 

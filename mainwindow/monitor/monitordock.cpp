@@ -27,8 +27,10 @@ namespace vanto
 namespace
 {
 constexpr int RefreshIntervalMs = 40;
-/// A hand whose line is never idle is shown nevertheless.
+/// A hand whose line is never idle is shown nevertheless, if painting is fast enough for it.
 constexpr int MaxRefreshDelayMs = 500;
+constexpr qint64 MaxCostInExchangeMs = 15;
+constexpr qint64 MinRatioToCost = 4; ///< of the interval of refreshes to the time that one takes
 constexpr std::array Rates{10.0, 25.0, 50.0, TelemetryReader::AsFastAsPossible};
 constexpr std::array SpansInSeconds{10, 60, 600};
 constexpr std::array ObjectNames{"checkBox_MonitorCurrent", "checkBox_MonitorPosition",
@@ -221,9 +223,20 @@ void MonitorDock::take(const Sample& sample)
 void MonitorDock::refresh()
 {
     const bool isLate = !m_lastRefresh.isValid() || m_lastRefresh.hasExpired(MaxRefreshDelayMs);
-    if (!isVisible() || (Conversation::isActive() && !isLate))
+    const bool isAllowed =
+        !Conversation::isActive() || (isLate && m_refreshCostMs <= MaxCostInExchangeMs);
+    if (!isVisible() || !isAllowed)
         return;
     m_lastRefresh.start();
+    showAll();
+    m_refreshCostMs = m_lastRefresh.elapsed();
+    const qint64 interval = std::max(qint64{RefreshIntervalMs}, MinRatioToCost * m_refreshCostMs);
+    if (m_refreshTimer.interval() != interval)
+        m_refreshTimer.setInterval(static_cast<int>(interval));
+}
+
+void MonitorDock::showAll()
+{
     m_state->setText(m_recorder.isRecording()
                          ? tr("%1 Hz, %2 recorded")
                                .arg(m_reader.achievedRate(), 0, 'f', 0)

@@ -47,6 +47,7 @@ private:
     void beginHand();
     void take(const Sample& sample);
     void refresh();
+    void showAll();
     void showPlot(const Sample& last);
     void pausePlot();
     void record();
@@ -67,6 +68,7 @@ private:
     QTimer m_refreshTimer;
     bool m_changed = false;      ///< there are samples that are not shown
     QElapsedTimer m_lastRefresh; ///< valid after the first
+    qint64 m_refreshCostMs = 0;  ///< of the last one
     QComboBox* m_rate = nullptr;
     QComboBox* m_span = nullptr; ///< shown time
     std::vector<QCheckBox*> m_quantities;
