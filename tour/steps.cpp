@@ -38,7 +38,7 @@ constexpr QLatin1String SerialCtrlVersion("3.1");
 constexpr QLatin1String ModbusVersion("1.0");
 constexpr QLatin1String Hardware("1B01"); ///< matches the example of an update file
 constexpr QLatin1String BootLoader("1.3");
-constexpr double FullRange = 65535; ///< of logical positions
+constexpr double FullRange = 65535;                     ///< of logical positions
 constexpr std::array ThumbRootPresets{600, 1900, 3300}; ///< of every simulated hand, raw
 
 /// An entry of the Devices list.
@@ -281,8 +281,7 @@ QString cable(TourRunner& tour)
     const QString connected = state->text();
     tour.expectText(QStringLiteral("the state"), connected, QStringLiteral("Connected"));
     tour.command(QStringLiteral("unplug"));
-    tour.waitFor(QStringLiteral("the loss is shown"),
-                 [&] { return state->text() != connected; });
+    tour.waitFor(QStringLiteral("the loss is shown"), [&] { return state->text() != connected; });
     tour.expectText(QStringLiteral("the state without the cable"), state->text(),
                     QStringLiteral("Port lost"));
     tour.saveScreenshot(QStringLiteral("-lost"));

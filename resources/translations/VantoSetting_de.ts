@@ -153,6 +153,14 @@ Gerät nach Aufforderung einschalten.</translation>
         <source>Firmware update in progress. Please wait until it finishes.</source>
         <translation>Die Firmware wird aktualisiert, bitte das Ende abwarten.</translation>
     </message>
+    <message>
+        <source>Reading the list of firmware...</source>
+        <translation>Liste der Firmware wird gelesen...</translation>
+    </message>
+    <message>
+        <source>Downloading the firmware...</source>
+        <translation>Firmware wird heruntergeladen...</translation>
+    </message>
 </context>
 <context>
     <name>HandIdentity</name>
@@ -163,6 +171,139 @@ Gerät nach Aufforderung einschalten.</translation>
     <message>
         <source>hardware %1</source>
         <translation>Hardware %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandInformation</name>
+    <message>
+        <source>not supported</source>
+        <translation>nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>nicht gelesen</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Node id</source>
+        <translation>Knoten-ID</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Protocol version</source>
+        <translation>Protokollversion</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>Firmware-Version</translation>
+    </message>
+    <message>
+        <source>Hardware type</source>
+        <translation>Hardware-Typ</translation>
+    </message>
+    <message>
+        <source>Boot loader</source>
+        <translation>Bootloader</translation>
+    </message>
+    <message>
+        <source>UID</source>
+        <translation>UID</translation>
+    </message>
+    <message>
+        <source>Battery voltage</source>
+        <translation>Batteriespannung</translation>
+    </message>
+    <message>
+        <source>Button count</source>
+        <translation>Tastendrücke</translation>
+    </message>
+    <message>
+        <source>Usage, total</source>
+        <translation>Nutzung, gesamt</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>Nutzung</translation>
+    </message>
+    <message>
+        <source>Thumb root, raw position</source>
+        <translation>Daumenwurzel, Rohposition</translation>
+    </message>
+    <message>
+        <source>Thumb root, preset</source>
+        <translation>Daumenwurzel, Voreinstellung</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>Zielposition</translation>
+    </message>
+    <message>
+        <source>Angle (0.01°)</source>
+        <translation>Winkel (0,01°)</translation>
+    </message>
+    <message>
+        <source>Target angle (0.01°)</source>
+        <translation>Zielwinkel (0,01°)</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Kraft</translation>
+    </message>
+</context>
+<context>
+    <name>HandTask</name>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The hand does not answer.</source>
+        <translation>Die Hand antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The port is no longer available.</source>
+        <translation>Der Port ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The hand has been closed or halted.</source>
+        <translation>Die Hand wurde geschlossen oder angehalten.</translation>
+    </message>
+    <message>
+        <source>Another hand answers. Nothing is written to it.</source>
+        <translation>Eine andere Hand antwortet. Bei ihr wird nichts gesetzt.</translation>
+    </message>
+    <message>
+        <source>Node 255 is every hand on the bus. Nothing is written to it.</source>
+        <translation>Knoten 255 ist jede Hand am Bus. Dort wird nichts gesetzt.</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; ist bereits vorhanden.</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>Möchten Sie die Datei ersetzen?</translation>
     </message>
 </context>
 <context>
@@ -198,6 +339,208 @@ Gerät nach Aufforderung einschalten.</translation>
     <message>
         <source>Node 0 is available only over SerialCtrl. Choose this protocol.</source>
         <translation>Knoten 0 gibt es nur über SerialCtrl. Wählen Sie dieses Protokoll.</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterFile</name>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Die Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>Dies ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>line %1, offset %2</source>
+        <translation>Zeile %1, Offset %2</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 1 MiB.</source>
+        <translation>Die Datei ist größer als 1 MiB.</translation>
+    </message>
+    <message>
+        <source>This is not valid JSON (%1): %2</source>
+        <translation>Dies ist kein gültiges JSON (%1): %2</translation>
+    </message>
+    <message>
+        <source>This is a sequence, not hand parameters.</source>
+        <translation>Dies ist eine Sequenz, keine Parameterdatei einer Hand.</translation>
+    </message>
+    <message>
+        <source>This is not a file of hand parameters: &quot;kind&quot; is not &quot;%1&quot;.</source>
+        <translation>Dies ist keine Parameterdatei einer Hand: „kind“ ist nicht „%1“.</translation>
+    </message>
+    <message>
+        <source>the file comes from a newer program (version %1, this program reads version %2)</source>
+        <translation>die Datei stammt von einem neueren Programm (Version %1, dieses Programm liest Version %2)</translation>
+    </message>
+    <message>
+        <source>expected %1, found %2</source>
+        <translation>%1 erwartet, %2 gefunden</translation>
+    </message>
+    <message>
+        <source>expected a time such as &quot;2026-11-22T06:25:17Z&quot;, found %1</source>
+        <translation>Zeitangabe wie „2026-11-22T06:25:17Z“ erwartet, %1 gefunden</translation>
+    </message>
+    <message>
+        <source>expected an integer from 0 to 255, found %1</source>
+        <translation>ganze Zahl von 0 bis 255 erwartet, %1 gefunden</translation>
+    </message>
+    <message>
+        <source>%1 is not valid</source>
+        <translation>%1 ist ungültig</translation>
+    </message>
+    <message>
+        <source>there is no such finger</source>
+        <translation>diesen Finger gibt es nicht</translation>
+    </message>
+    <message>
+        <source>expected an object, found %1</source>
+        <translation>Objekt erwartet, %1 gefunden</translation>
+    </message>
+    <message>
+        <source>expected a text, found %1</source>
+        <translation>Text erwartet, %1 gefunden</translation>
+    </message>
+    <message>
+        <source>expected an array of %1 numbers, found %2</source>
+        <translation>Array mit %1 Zahlen erwartet, %2 gefunden</translation>
+    </message>
+    <message>
+        <source>expected a number, found %1</source>
+        <translation>Zahl erwartet, %1 gefunden</translation>
+    </message>
+    <message>
+        <source>unknown key</source>
+        <translation>unbekannter Schlüssel</translation>
+    </message>
+</context>
+<context>
+    <name>Parameters</name>
+    <message>
+        <source>Current limit</source>
+        <translation>Stromgrenze</translation>
+    </message>
+    <message>
+        <source>Force limit</source>
+        <translation>Kraftgrenze</translation>
+    </message>
+    <message>
+        <source>Position limits</source>
+        <translation>Positionsgrenzen</translation>
+    </message>
+    <message>
+        <source>Self-test level</source>
+        <translation>Selbsttest-Stufe</translation>
+    </message>
+    <message>
+        <source>Beep switch</source>
+        <translation>Signaltöne</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>Kalibrierung</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>Daumen</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Zeigefinger</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mittelfinger</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>Ringfinger</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>Kleiner Finger</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>Daumenwurzel</translation>
+    </message>
+    <message>
+        <source>The file does not have this value.</source>
+        <translation>Die Datei enthält diesen Wert nicht.</translation>
+    </message>
+    <message>
+        <source>The hand does not give this value.</source>
+        <translation>Die Hand liefert diesen Wert nicht.</translation>
+    </message>
+    <message>
+        <source>Not representable: over Modbus gains range from 0 to 655.35.</source>
+        <translation>Nicht darstellbar: Über Modbus reichen Verstärkungen von 0 bis 655,35.</translation>
+    </message>
+    <message>
+        <source>Node id</source>
+        <translation>Knoten-ID</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Hardware</source>
+        <translation>Hardware</translation>
+    </message>
+    <message>
+        <source>Boot loader</source>
+        <translation>Bootloader</translation>
+    </message>
+    <message>
+        <source>UID</source>
+        <translation>UID</translation>
+    </message>
+    <message>
+        <source>%1: not a number</source>
+        <translation>%1: keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1: no answer</source>
+        <translation>%1: keine Antwort</translation>
+    </message>
+    <message>
+        <source>%1: refused (result %2, sub error %3)</source>
+        <translation>%1: abgelehnt (Ergebnis %2, Unterfehler %3)</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>gesetzt</translation>
+    </message>
+    <message>
+        <source>refused (result %1, sub error %2)</source>
+        <translation>abgelehnt (Ergebnis %1, Unterfehler %2)</translation>
+    </message>
+    <message>
+        <source>not kept (%1)</source>
+        <translation>nicht übernommen (%1)</translation>
+    </message>
+    <message>
+        <source>not kept</source>
+        <translation>nicht übernommen</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>keine Antwort</translation>
     </message>
 </context>
 <context>
@@ -239,6 +582,13 @@ und neu anmelden.</translation>
     <message>
         <source>VantoSetting</source>
         <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>StepEditors</name>
+    <message>
+        <source>Not sent. Press Return to send it.</source>
+        <translation>Nicht gesendet. Drücken Sie zum Senden die Eingabetaste.</translation>
     </message>
 </context>
 <context>
@@ -665,6 +1015,17 @@ Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</transl
     </message>
 </context>
 <context>
+    <name>vanto::CopyGainsDialog</name>
+    <message>
+        <source>Gains in the file of:</source>
+        <translation>Verstärkungen in der Datei von:</translation>
+    </message>
+    <message>
+        <source>Copy to:</source>
+        <translation>Kopieren nach:</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -721,6 +1082,15 @@ Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</transl
     <message>
         <source>No hand answers at node &apos;0x%1&apos;.</source>
         <translation>An Knoten „0x%1“ antwortet keine Hand.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::DownloadDialog</name>
+    <message>
+        <source>%1
+%2 of %3</source>
+        <translation>%1
+%2 von %3</translation>
     </message>
 </context>
 <context>
@@ -800,6 +1170,53 @@ bestätigt</translation>
     <message>
         <source>Stops all fingers at once (Esc, Pause, Shift+Esc)</source>
         <translation>Hält alle Finger sofort an (Esc, Pause, Umschalt+Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::HandInformationDialog</name>
+    <message>
+        <source>Hand information</source>
+        <translation>Hand-Informationen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Hand Information</source>
+        <translation>Hand-Informationen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Save Report...</source>
+        <translation>Bericht speichern...</translation>
+    </message>
+    <message>
+        <source>Saves this, all parameters, the messages and the last frames</source>
+        <translation>Speichert dies, alle Parameter, die Meldungen und die letzten Telegramme</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>Textdateien (*.txt)</translation>
+    </message>
+    <message>
+        <source>JSON files (*.json)</source>
+        <translation>JSON-Dateien (*.json)</translation>
+    </message>
+    <message>
+        <source>The report could not be saved in &apos;%1&apos;.</source>
+        <translation>Der Bericht konnte nicht in „%1“ gespeichert werden.</translation>
     </message>
 </context>
 <context>
@@ -889,6 +1306,22 @@ Unterstützte Protokolle:</translation>
         <source>&amp;Messages...</source>
         <translation>&amp;Meldungen...</translation>
     </message>
+    <message>
+        <source>&amp;Save Hand Parameters...</source>
+        <translation>Parameter der Hand &amp;speichern...</translation>
+    </message>
+    <message>
+        <source>&amp;Compare and Restore...</source>
+        <translation>&amp;Vergleichen und wiederherstellen...</translation>
+    </message>
+    <message>
+        <source>Hand &amp;Information...</source>
+        <translation>Hand-&amp;Informationen...</translation>
+    </message>
+    <message>
+        <source>M&amp;onitor</source>
+        <translation>M&amp;onitor</translation>
+    </message>
 </context>
 <context>
     <name>vanto::MessageList</name>
@@ -913,14 +1346,6 @@ Unterstützte Protokolle:</translation>
         <translation>Textdateien (*.txt)</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; already exists.</source>
-        <translation>&apos;%1&apos; ist bereits vorhanden.</translation>
-    </message>
-    <message>
-        <source>Do you want to replace it?</source>
-        <translation>Möchten Sie die Datei ersetzen?</translation>
-    </message>
-    <message>
         <source>The messages could not be saved in &apos;%1&apos;.</source>
         <translation>Die Meldungen konnten nicht in &apos;%1&apos; gespeichert werden.</translation>
     </message>
@@ -930,6 +1355,440 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>(x %1), last %2</source>
         <translation>(x %1), zuletzt %2</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::Modeless</name>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; ist bereits vorhanden.</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>Möchten Sie die Datei ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MonitorDock</name>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Kraft</translation>
+    </message>
+    <message>
+        <source>Samples per second</source>
+        <translation>Abtastungen pro Sekunde</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>As fast as possible</source>
+        <translation>So schnell wie möglich</translation>
+    </message>
+    <message>
+        <source>Shown time</source>
+        <translation>Gezeigte Zeitspanne</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Keeps the plot as it is, to drag and zoom it. Sampling goes on.</source>
+        <translation>Friert das Diagramm ein, um es zu verschieben und zu zoomen. Die Abtastung läuft weiter.</translation>
+    </message>
+    <message>
+        <source>Text of the marker</source>
+        <translation>Text der Marke</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markieren</translation>
+    </message>
+    <message>
+        <source>Open Recording...</source>
+        <translation>Aufzeichnung öffnen...</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>Bild speichern...</translation>
+    </message>
+    <message>
+        <source>hand opened</source>
+        <translation>Hand geöffnet</translation>
+    </message>
+    <message>
+        <source>%1 Hz, %2 recorded</source>
+        <translation>%1 Hz, %2 aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>%1 samples recorded in &apos;%2&apos;.</source>
+        <translation>%1 Abtastungen in „%2“ aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>Aufzeichnungen (*.csv)</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>Aufzeichnung beenden</translation>
+    </message>
+    <message>
+        <source>Record...</source>
+        <translation>Aufzeichnen...</translation>
+    </message>
+    <message>
+        <source>mark</source>
+        <translation>Marke</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MonitorPlot</name>
+    <message>
+        <source>Plot of the measured values</source>
+        <translation>Diagramm der Messwerte</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angle (0.01°)</source>
+        <translation>Winkel (0,01°)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Kraft</translation>
+    </message>
+    <message>
+        <source>Time (s)</source>
+        <translation>Zeit (s)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Close the notice</source>
+        <translation>Hinweis schließen</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterActions</name>
+    <message>
+        <source>Parameter files (*.json)</source>
+        <translation>Parameterdateien (*.json)</translation>
+    </message>
+    <message>
+        <source>Reading the parameters of the hand...</source>
+        <translation>Parameter der Hand werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Save hand parameters</source>
+        <translation>Parameter der Hand speichern</translation>
+    </message>
+    <message>
+        <source>Parameters saved in &apos;%1&apos;</source>
+        <translation>Parameter in „%1“ gespeichert</translation>
+    </message>
+    <message>
+        <source>The file has no values for what the hand refused to tell:</source>
+        <translation>Die Datei enthält keine Werte für das, was die Hand nicht mitteilen wollte:</translation>
+    </message>
+    <message>
+        <source>Open parameter file</source>
+        <translation>Parameterdatei öffnen</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; cannot be used.</source>
+        <translation>Die Datei „%1“ ist nicht verwendbar.</translation>
+    </message>
+    <message>
+        <source>The file is from hardware %1, the hand is hardware %2. Compare them?</source>
+        <translation>Die Datei stammt von Hardware %1, die Hand hat Hardware %2. Trotzdem vergleichen?</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterBackups</name>
+    <message>
+        <source>Backup of the parameters</source>
+        <translation>Sicherung der Parameter</translation>
+    </message>
+    <message>
+        <source>Backup %p%</source>
+        <translation>Sicherung %p%</translation>
+    </message>
+    <message>
+        <source>The parameters were not backed up. %1</source>
+        <translation>Die Parameter wurden nicht gesichert. %1</translation>
+    </message>
+    <message>
+        <source>Parameters of the hand differ from its backup before the update.</source>
+        <translation>Parameter der Hand weichen von ihrer Sicherung vor dem Update ab.</translation>
+    </message>
+    <message>
+        <source>Compare...</source>
+        <translation>Vergleichen...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterTable</name>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Finger</source>
+        <translation>Finger</translation>
+    </message>
+    <message>
+        <source>In the hand</source>
+        <translation>In der Hand</translation>
+    </message>
+    <message>
+        <source>In the file</source>
+        <translation>In der Datei</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Level 2 moves the hand when it is switched on</source>
+        <translation>Stufe 2 bewegt die Hand beim Einschalten</translation>
+    </message>
+    <message>
+        <source>Limits where the finger can move</source>
+        <translation>Begrenzt, wohin sich der Finger bewegen kann</translation>
+    </message>
+    <message>
+        <source>A wrong calibration drives fingers into their stops</source>
+        <translation>Eine falsche Kalibrierung fährt Finger gegen ihre Anschläge</translation>
+    </message>
+    <message>
+        <source>The file is from another hand</source>
+        <translation>Die Datei stammt von einer anderen Hand</translation>
+    </message>
+    <message>
+        <source>Never written</source>
+        <translation>Wird nie gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParametersDialog</name>
+    <message>
+        <source>Show equal values</source>
+        <translation>Gleiche Werte anzeigen</translation>
+    </message>
+    <message>
+        <source>Compare and Restore</source>
+        <translation>Vergleichen und wiederherstellen</translation>
+    </message>
+    <message>
+        <source>File: %1</source>
+        <translation>Datei: %1</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>Verstärkungen</translation>
+    </message>
+    <message>
+        <source>Current limits</source>
+        <translation>Stromgrenzen</translation>
+    </message>
+    <message>
+        <source>Force limits</source>
+        <translation>Kraftgrenzen</translation>
+    </message>
+    <message>
+        <source>Position limits</source>
+        <translation>Positionsgrenzen</translation>
+    </message>
+    <message>
+        <source>Self-test level</source>
+        <translation>Selbsttest-Stufe</translation>
+    </message>
+    <message>
+        <source>Beep switch</source>
+        <translation>Signaltöne</translation>
+    </message>
+    <message>
+        <source>Kinds:</source>
+        <translation>Arten:</translation>
+    </message>
+    <message>
+        <source>Fingers:</source>
+        <translation>Finger:</translation>
+    </message>
+    <message>
+        <source>Copy Gains...</source>
+        <translation>Verstärkungen kopieren...</translation>
+    </message>
+    <message>
+        <source>Uses the gains of one finger for others, too</source>
+        <translation>Verwendet die Verstärkungen eines Fingers auch für andere</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>The calibration tells the hand where its fingers end. With a wrong one the fingers are driven into their stops and can be damaged.
+Restore the calibration of the file?</source>
+        <translation>Durch die Kalibrierung weiß die Hand, wo ihre Finger enden. Mit einer falschen fahren die Finger gegen ihre Anschläge und können beschädigt werden.
+Die Kalibrierung der Datei wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>The file or the hand has no unique id, so the file may be from another hand. The calibrations of two hands are never the same.
+Are you sure that the file is from this hand?</source>
+        <translation>Die Datei oder die Hand hat keine eindeutige ID, die Datei kann also von einer anderen Hand stammen. Die Kalibrierungen zweier Hände sind nie gleich.
+Sind Sie sicher, dass die Datei von dieser Hand stammt?</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Restoring...</source>
+        <translation>Wiederherstellung läuft...</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Gesetzt: %1</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>Abgelehnt: %1</translation>
+    </message>
+    <message>
+        <source>Not kept: %1</source>
+        <translation>Nicht übernommen: %1</translation>
+    </message>
+    <message>
+        <source>No answer: %1</source>
+        <translation>Keine Antwort: %1</translation>
+    </message>
+    <message>
+        <source>Not tried: %1</source>
+        <translation>Nicht versucht: %1</translation>
+    </message>
+    <message>
+        <source>Node 0xff is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
+        <translation>Knoten 0xff ist jede Hand am Bus. Öffnen Sie die Hand an ihrem eigenen Knoten, um ihre Parameter wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>The connection has changed. Close this dialog and compare again.</source>
+        <translation>Die Verbindung hat sich geändert. Schließen Sie diesen Dialog und vergleichen Sie erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::RecentFiles</name>
+    <message>
+        <source>No files</source>
+        <translation>Keine Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::RecordingView</name>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>Aufzeichnung wird gelesen...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The recording &apos;%1&apos; cannot be opened.</source>
+        <translation>Die Aufzeichnung „%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The recording &apos;%1&apos; is empty.</source>
+        <translation>Die Aufzeichnung „%1“ ist leer.</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>Bild speichern...</translation>
+    </message>
+    <message>
+        <source>%1 samples, from %2.</source>
+        <translation>%1 Abtastungen, vom %2.</translation>
+    </message>
+    <message>
+        <source>The plot shows the minimum and the maximum of %1 samples each.</source>
+        <translation>Das Diagramm zeigt jeweils Minimum und Maximum von %1 Abtastungen.</translation>
+    </message>
+    <message>
+        <source>The last line of the file is incomplete.</source>
+        <translation>Die letzte Zeile der Datei ist unvollständig.</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in &apos;%1&apos;.</source>
+        <translation>Das Bild konnte nicht in „%1“ gespeichert werden.</translation>
     </message>
 </context>
 <context>
@@ -1136,6 +1995,177 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Scans nodes %1 to %2</source>
         <translation>Sucht die Knoten %1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceActions</name>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Insert Before</source>
+        <translation>&amp;Davor einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>D&amp;uplizieren</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben verschieben</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>Nach u&amp;nten verschieben</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>delete of %1</source>
+        <translation>(Löschen von %1)</translation>
+    </message>
+    <message>
+        <source>cut of %1</source>
+        <translation>(Ausschneiden von %1)</translation>
+    </message>
+    <message>
+        <source>There are no steps on the clipboard.</source>
+        <translation>In der Zwischenablage sind keine Schritte.</translation>
+    </message>
+    <message>
+        <source>The steps on the clipboard have angles, not positions.</source>
+        <translation>Die Schritte in der Zwischenablage haben Winkel, keine Positionen.</translation>
+    </message>
+    <message>
+        <source>The steps on the clipboard have positions, not angles.</source>
+        <translation>Die Schritte in der Zwischenablage haben Positionen, keine Winkel.</translation>
+    </message>
+    <message>
+        <source>paste of %1</source>
+        <translation>(Einfügen von %1)</translation>
+    </message>
+    <message>
+        <source>duplicate of %1</source>
+        <translation>(Duplizieren von %1)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceDraft</name>
+    <message>
+        <source>The folder %1 is not writable.</source>
+        <translation>In den Ordner %1 kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceEditor</name>
+    <message>
+        <source>change of the unit</source>
+        <translation>(Wechsel der Einheit)</translation>
+    </message>
+    <message>
+        <source>move of %1</source>
+        <translation>(Verschieben von %1)</translation>
+    </message>
+    <message>
+        <source>step %1</source>
+        <translation>Schritt %1</translation>
+    </message>
+    <message>
+        <source>%1 steps</source>
+        <translation>%1 Schritten</translation>
+    </message>
+    <message>
+        <source>loading of %1</source>
+        <translation>(Laden von %1)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceFiles</name>
+    <message>
+        <source>Recent &amp;Sequences</source>
+        <translation>&amp;Zuletzt geöffnete Sequenzen</translation>
+    </message>
+    <message>
+        <source>The draft of the sequence is not saved: %1</source>
+        <translation>Der Entwurf der Sequenz ist nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>Keine Datei</translation>
+    </message>
+    <message>
+        <source>%1 (not saved)</source>
+        <translation>%1 (nicht gespeichert)</translation>
+    </message>
+    <message>
+        <source>Choose json file</source>
+        <translation>JSON-Datei wählen</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>Sequenzdateien (*.json)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be loaded: %2</source>
+        <translation>%1 kann nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not saved: %2</source>
+        <translation>%1 wurde nicht gespeichert: %2</translation>
+    </message>
+    <message>
+        <source>Not saved: %1, %2 steps, %3</source>
+        <translation>Nicht gespeichert: %1, %2 Schritt(e), %3</translation>
+    </message>
+    <message>
+        <source>restoring of the unsaved sequence</source>
+        <translation>(Wiederherstellen der nicht gespeicherten Sequenz)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceManager</name>
+    <message>
+        <source>Not everything could be written. Is the disk full?</source>
+        <translation>Es konnte nicht alles geschrieben werden. Ist der Datenträger voll?</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Die Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>It is not a regular file.</source>
+        <translation>Es ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 64 MiB.</source>
+        <translation>Die Datei ist größer als 64 MiB.</translation>
+    </message>
+    <message>
+        <source>The file is not a sequence.</source>
+        <translation>Die Datei ist keine Sequenz.</translation>
     </message>
 </context>
 <context>
@@ -1368,12 +2398,40 @@ Unterstützte Protokolle:</translation>
         <translation>D.-Wurzel</translation>
     </message>
     <message>
-        <source>Choose json file</source>
-        <translation>JSON-Datei wählen</translation>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
     </message>
     <message>
-        <source>Sequence files (*.json)</source>
-        <translation>Sequenzdateien (*.json)</translation>
+        <source>Restore unsaved sequence</source>
+        <translation>Nicht gespeicherte Sequenz wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Discard unsaved sequence</source>
+        <translation>Nicht gespeicherte Sequenz verwerfen</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>Durchläufe:</translation>
+    </message>
+    <message>
+        <source>How often a run is played</source>
+        <translation>Wie oft die Sequenz nach dem Start gespielt wird</translation>
+    </message>
+    <message>
+        <source>endless</source>
+        <translation>endlos</translation>
+    </message>
+    <message>
+        <source>insertion of %1</source>
+        <translation>(Einfügen von %1)</translation>
+    </message>
+    <message>
+        <source>delete of %1</source>
+        <translation>(Löschen von %1)</translation>
     </message>
 </context>
 <context>
@@ -1421,6 +2479,41 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Halted. Press Continue.</source>
         <translation>Angehalten. Klicken Sie auf Fortsetzen.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceStatus</name>
+    <message>
+        <source>Step %1: delay %2 ms, speeds %3</source>
+        <translation>Schritt %1: Wartezeit %2 ms, Tempo %3</translation>
+    </message>
+    <message>
+        <source>Playing step %1 of %2</source>
+        <translation>Schritt %1 von %2 läuft</translation>
+    </message>
+    <message>
+        <source>%1, round %2</source>
+        <translation>%1, Durchlauf %2</translation>
+    </message>
+    <message>
+        <source>%1, round %2 of %3</source>
+        <translation>%1, Durchlauf %2 von %3</translation>
+    </message>
+    <message>
+        <source>Moving to step %1</source>
+        <translation>Bewegung zu Schritt %1</translation>
+    </message>
+    <message>
+        <source>Step %1 lasts %2 s more. Stop ends it.</source>
+        <translation>Schritt %1 dauert noch %2 s. Stopp beendet ihn.</translation>
+    </message>
+    <message>
+        <source>Not sent; Return sends it. %1</source>
+        <translation>Nicht gesendet; Eingabetaste sendet. %1</translation>
+    </message>
+    <message>
+        <source>A value is not sent; Return sends it. %1</source>
+        <translation>Ein Wert ist nicht gesendet; Eingabetaste sendet ihn. %1</translation>
     </message>
 </context>
 <context>
@@ -1806,6 +2899,36 @@ Unterstützte Protokolle:</translation>
     </message>
 </context>
 <context>
+    <name>vanto::StepInput</name>
+    <message>
+        <source>delay of %1</source>
+        <translation>(Wartezeit von %1)</translation>
+    </message>
+    <message>
+        <source>speed of %1</source>
+        <translation>(Tempo von %1)</translation>
+    </message>
+    <message>
+        <source>target of %1</source>
+        <translation>(Ziel von %1)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::TelemetryRecorder</name>
+    <message>
+        <source>&apos;%1&apos; is not a regular file.</source>
+        <translation>„%1“ ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>Cannot write &apos;%1&apos;: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The recording has ended: cannot write &apos;%1&apos;: %2</source>
+        <translation>Die Aufzeichnung ist beendet: „%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
     <name>vanto::UpdateDialog</name>
     <message>
         <source>Wait a moment...</source>
@@ -1818,6 +2941,29 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Updating device firmware...</source>
         <translation>Firmware des Geräts wird aktualisiert...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ValueTable</name>
+    <message>
+        <source>Measured values</source>
+        <translation>Messwerte</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angle (°)</source>
+        <translation>Winkel (°)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Kraft</translation>
     </message>
 </context>
 </TS>

@@ -153,6 +153,14 @@ Power on the device when prompted.</source>
         <source>Firmware update in progress. Please wait until it finishes.</source>
         <translation>ファームウェアをアップデートしています。終わるまでお待ちください。</translation>
     </message>
+    <message>
+        <source>Reading the list of firmware...</source>
+        <translation>ファームウェアの一覧を読み込んでいます...</translation>
+    </message>
+    <message>
+        <source>Downloading the firmware...</source>
+        <translation>ファームウェアをダウンロードしています...</translation>
+    </message>
 </context>
 <context>
     <name>HandIdentity</name>
@@ -163,6 +171,139 @@ Power on the device when prompted.</source>
     <message>
         <source>hardware %1</source>
         <translation>ハードウェア %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandInformation</name>
+    <message>
+        <source>not supported</source>
+        <translation>未対応</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>拒否</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>未読出</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Node id</source>
+        <translation>ノード ID</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>プロトコル</translation>
+    </message>
+    <message>
+        <source>Protocol version</source>
+        <translation>プロトコルバージョン</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>ファームウェアバージョン</translation>
+    </message>
+    <message>
+        <source>Hardware type</source>
+        <translation>ハードウェアタイプ</translation>
+    </message>
+    <message>
+        <source>Boot loader</source>
+        <translation>ブートローダー</translation>
+    </message>
+    <message>
+        <source>UID</source>
+        <translation>UID</translation>
+    </message>
+    <message>
+        <source>Battery voltage</source>
+        <translation>バッテリー電圧</translation>
+    </message>
+    <message>
+        <source>Button count</source>
+        <translation>ボタンの押下回数</translation>
+    </message>
+    <message>
+        <source>Usage, total</source>
+        <translation>使用量 (合計)</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>使用量</translation>
+    </message>
+    <message>
+        <source>Thumb root, raw position</source>
+        <translation>親指付け根の位置 (生値)</translation>
+    </message>
+    <message>
+        <source>Thumb root, preset</source>
+        <translation>親指付け根のプリセット</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>目標位置</translation>
+    </message>
+    <message>
+        <source>Angle (0.01°)</source>
+        <translation>角度 (0.01°)</translation>
+    </message>
+    <message>
+        <source>Target angle (0.01°)</source>
+        <translation>目標角度 (0.01°)</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>電流</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+</context>
+<context>
+    <name>HandTask</name>
+    <message>
+        <source>Cancelled.</source>
+        <translation>キャンセルしました。</translation>
+    </message>
+    <message>
+        <source>The hand does not answer.</source>
+        <translation>ハンドが応答しません。</translation>
+    </message>
+    <message>
+        <source>The port is no longer available.</source>
+        <translation>ポートがなくなりました。</translation>
+    </message>
+    <message>
+        <source>The hand has been closed or halted.</source>
+        <translation>ハンドが閉じられたか、停止されました。</translation>
+    </message>
+    <message>
+        <source>Another hand answers. Nothing is written to it.</source>
+        <translation>別のハンドが応答しています。そのハンドには何も書き込みません。</translation>
+    </message>
+    <message>
+        <source>Node 255 is every hand on the bus. Nothing is written to it.</source>
+        <translation>ノード 255 はバス上のすべてのハンドを表します。何も書き込みません。</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; は既に存在します。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>置き換えますか?</translation>
     </message>
 </context>
 <context>
@@ -198,6 +339,208 @@ Power on the device when prompted.</source>
     <message>
         <source>Node 0 is available only over SerialCtrl. Choose this protocol.</source>
         <translation>ノード 0 は SerialCtrl でのみ使用できます。このプロトコルを選択してください。</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterFile</name>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation>フォルダー %1 を作成できません。</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>ファイルが存在しません。</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>これは通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>line %1, offset %2</source>
+        <translation>%1 行目、オフセット %2</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>ファイルが空です。</translation>
+    </message>
+    <message>
+        <source>The file is larger than 1 MiB.</source>
+        <translation>ファイルが 1 MiB を超えています。</translation>
+    </message>
+    <message>
+        <source>This is not valid JSON (%1): %2</source>
+        <translation>有効な JSON ではありません (%1): %2</translation>
+    </message>
+    <message>
+        <source>This is a sequence, not hand parameters.</source>
+        <translation>これはシーケンスで、ハンドのパラメーターではありません。</translation>
+    </message>
+    <message>
+        <source>This is not a file of hand parameters: &quot;kind&quot; is not &quot;%1&quot;.</source>
+        <translation>これはハンドのパラメーターのファイルではありません:「kind」が「%1」ではありません。</translation>
+    </message>
+    <message>
+        <source>the file comes from a newer program (version %1, this program reads version %2)</source>
+        <translation>このファイルはより新しいプログラムのものです (バージョン %1、このプログラムはバージョン %2 を読み込みます)</translation>
+    </message>
+    <message>
+        <source>expected %1, found %2</source>
+        <translation>%1 が必要ですが、%2 でした</translation>
+    </message>
+    <message>
+        <source>expected a time such as &quot;2026-11-22T06:25:17Z&quot;, found %1</source>
+        <translation>「2026-11-22T06:25:17Z」のような日時が必要ですが、%1 でした</translation>
+    </message>
+    <message>
+        <source>expected an integer from 0 to 255, found %1</source>
+        <translation>0 から 255 までの整数が必要ですが、%1 でした</translation>
+    </message>
+    <message>
+        <source>%1 is not valid</source>
+        <translation>%1 は無効です</translation>
+    </message>
+    <message>
+        <source>there is no such finger</source>
+        <translation>そのような指はありません</translation>
+    </message>
+    <message>
+        <source>expected an object, found %1</source>
+        <translation>オブジェクトが必要ですが、%1 でした</translation>
+    </message>
+    <message>
+        <source>expected a text, found %1</source>
+        <translation>文字列が必要ですが、%1 でした</translation>
+    </message>
+    <message>
+        <source>expected an array of %1 numbers, found %2</source>
+        <translation>%1 個の数の配列が必要ですが、%2 でした</translation>
+    </message>
+    <message>
+        <source>expected a number, found %1</source>
+        <translation>数が必要ですが、%1 でした</translation>
+    </message>
+    <message>
+        <source>unknown key</source>
+        <translation>不明なキー</translation>
+    </message>
+</context>
+<context>
+    <name>Parameters</name>
+    <message>
+        <source>Current limit</source>
+        <translation>電流上限</translation>
+    </message>
+    <message>
+        <source>Force limit</source>
+        <translation>力上限</translation>
+    </message>
+    <message>
+        <source>Position limits</source>
+        <translation>位置の上下限</translation>
+    </message>
+    <message>
+        <source>Self-test level</source>
+        <translation>自己診断レベル</translation>
+    </message>
+    <message>
+        <source>Beep switch</source>
+        <translation>ビープ設定</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>校正</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>親指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>人差し指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>薬指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>親指付け根</translation>
+    </message>
+    <message>
+        <source>The file does not have this value.</source>
+        <translation>ファイルにこの値がありません。</translation>
+    </message>
+    <message>
+        <source>The hand does not give this value.</source>
+        <translation>ハンドからこの値を取得できません。</translation>
+    </message>
+    <message>
+        <source>Not representable: over Modbus gains range from 0 to 655.35.</source>
+        <translation>表現できません: Modbus ではゲインの範囲は 0 から 655.35 です。</translation>
+    </message>
+    <message>
+        <source>Node id</source>
+        <translation>ノード ID</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>プロトコル</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>ファームウェア</translation>
+    </message>
+    <message>
+        <source>Hardware</source>
+        <translation>ハードウェア</translation>
+    </message>
+    <message>
+        <source>Boot loader</source>
+        <translation>ブートローダー</translation>
+    </message>
+    <message>
+        <source>UID</source>
+        <translation>UID</translation>
+    </message>
+    <message>
+        <source>%1: not a number</source>
+        <translation>%1: 数ではありません</translation>
+    </message>
+    <message>
+        <source>%1: no answer</source>
+        <translation>%1: 応答なし</translation>
+    </message>
+    <message>
+        <source>%1: refused (result %2, sub error %3)</source>
+        <translation>%1: 拒否 (結果 %2、サブエラー %3)</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>書込済み</translation>
+    </message>
+    <message>
+        <source>refused (result %1, sub error %2)</source>
+        <translation>拒否 (結果 %1、サブエラー %2)</translation>
+    </message>
+    <message>
+        <source>not kept (%1)</source>
+        <translation>反映されず (%1)</translation>
+    </message>
+    <message>
+        <source>not kept</source>
+        <translation>反映されず</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>応答なし</translation>
     </message>
 </context>
 <context>
@@ -239,6 +582,13 @@ and log in again.</source>
     <message>
         <source>VantoSetting</source>
         <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>StepEditors</name>
+    <message>
+        <source>Not sent. Press Return to send it.</source>
+        <translation>未送信です。Enter キーを押すと送信します。</translation>
     </message>
 </context>
 <context>
@@ -665,6 +1015,17 @@ With several hands on the bus, all of them act and their replies collide.</sourc
     </message>
 </context>
 <context>
+    <name>vanto::CopyGainsDialog</name>
+    <message>
+        <source>Gains in the file of:</source>
+        <translation>ファイル内のコピー元のゲイン:</translation>
+    </message>
+    <message>
+        <source>Copy to:</source>
+        <translation>コピー先:</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -721,6 +1082,15 @@ With several hands on the bus, all of them act and their replies collide.</sourc
     <message>
         <source>No hand answers at node &apos;0x%1&apos;.</source>
         <translation>ノード「0x%1」で応答するハンドはありません。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::DownloadDialog</name>
+    <message>
+        <source>%1
+%2 of %3</source>
+        <translation>%1
+%2 / %3</translation>
     </message>
 </context>
 <context>
@@ -800,6 +1170,53 @@ confirmed</source>
     <message>
         <source>Stops all fingers at once (Esc, Pause, Shift+Esc)</source>
         <translation>すべての指を直ちに停止します (Esc、Pause、Shift+Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::HandInformationDialog</name>
+    <message>
+        <source>Hand information</source>
+        <translation>ハンド情報</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Hand Information</source>
+        <translation>ハンド情報</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Save Report...</source>
+        <translation>レポートを保存...</translation>
+    </message>
+    <message>
+        <source>Saves this, all parameters, the messages and the last frames</source>
+        <translation>この情報、すべてのパラメーター、メッセージ、最新のフレームを保存します</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>レポートを保存</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>テキスト ファイル (*.txt)</translation>
+    </message>
+    <message>
+        <source>JSON files (*.json)</source>
+        <translation>JSON ファイル (*.json)</translation>
+    </message>
+    <message>
+        <source>The report could not be saved in &apos;%1&apos;.</source>
+        <translation>レポートを「%1」に保存できませんでした。</translation>
     </message>
 </context>
 <context>
@@ -889,6 +1306,22 @@ Supported protocol:</source>
         <source>&amp;Messages...</source>
         <translation>メッセージ(&amp;M)...</translation>
     </message>
+    <message>
+        <source>&amp;Save Hand Parameters...</source>
+        <translation>ハンドのパラメーターを保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Compare and Restore...</source>
+        <translation>比較と復元(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Hand &amp;Information...</source>
+        <translation>ハンド情報(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>M&amp;onitor</source>
+        <translation>モニター(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>vanto::MessageList</name>
@@ -913,14 +1346,6 @@ Supported protocol:</source>
         <translation>テキスト ファイル (*.txt)</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; already exists.</source>
-        <translation>&apos;%1&apos; は既に存在します。</translation>
-    </message>
-    <message>
-        <source>Do you want to replace it?</source>
-        <translation>置き換えますか?</translation>
-    </message>
-    <message>
         <source>The messages could not be saved in &apos;%1&apos;.</source>
         <translation>メッセージを &apos;%1&apos; に保存できませんでした。</translation>
     </message>
@@ -930,6 +1355,440 @@ Supported protocol:</source>
     <message>
         <source>(x %1), last %2</source>
         <translation>(x %1)、最終 %2</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::Modeless</name>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; は既に存在します。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>置き換えますか?</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MonitorDock</name>
+    <message>
+        <source>Monitor</source>
+        <translation>モニター</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>電流</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>Samples per second</source>
+        <translation>1 秒あたりのサンプル数</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>As fast as possible</source>
+        <translation>できるだけ速く</translation>
+    </message>
+    <message>
+        <source>Shown time</source>
+        <translation>表示する時間</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Keeps the plot as it is, to drag and zoom it. Sampling goes on.</source>
+        <translation>グラフを固定し、ドラッグやズームができるようにします。サンプリングは続きます。</translation>
+    </message>
+    <message>
+        <source>Text of the marker</source>
+        <translation>マーカーのテキスト</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>マーク</translation>
+    </message>
+    <message>
+        <source>Open Recording...</source>
+        <translation>記録を開く...</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>画像を保存...</translation>
+    </message>
+    <message>
+        <source>hand opened</source>
+        <translation>ハンドを開きました</translation>
+    </message>
+    <message>
+        <source>%1 Hz, %2 recorded</source>
+        <translation>%1 Hz、%2 件記録済み</translation>
+    </message>
+    <message>
+        <source>%1 samples recorded in &apos;%2&apos;.</source>
+        <translation>%1 件のサンプルを「%2」に記録しました。</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>記録</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>記録 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>記録を停止</translation>
+    </message>
+    <message>
+        <source>Record...</source>
+        <translation>記録...</translation>
+    </message>
+    <message>
+        <source>mark</source>
+        <translation>マーカー</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>記録を開く</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MonitorPlot</name>
+    <message>
+        <source>Plot of the measured values</source>
+        <translation>測定値のグラフ</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>電流</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle (0.01°)</source>
+        <translation>角度 (0.01°)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>Time (s)</source>
+        <translation>時間 (秒)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Close the notice</source>
+        <translation>通知を閉じる</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterActions</name>
+    <message>
+        <source>Parameter files (*.json)</source>
+        <translation>パラメーターファイル (*.json)</translation>
+    </message>
+    <message>
+        <source>Reading the parameters of the hand...</source>
+        <translation>ハンドのパラメーターを読み出しています...</translation>
+    </message>
+    <message>
+        <source>Save hand parameters</source>
+        <translation>ハンドのパラメーターを保存</translation>
+    </message>
+    <message>
+        <source>Parameters saved in &apos;%1&apos;</source>
+        <translation>パラメーターを「%1」に保存しました</translation>
+    </message>
+    <message>
+        <source>The file has no values for what the hand refused to tell:</source>
+        <translation>ハンドが読み出しを拒否した次の項目は、ファイルに値がありません:</translation>
+    </message>
+    <message>
+        <source>Open parameter file</source>
+        <translation>パラメーターファイルを開く</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; cannot be used.</source>
+        <translation>ファイル「%1」は使用できません。</translation>
+    </message>
+    <message>
+        <source>The file is from hardware %1, the hand is hardware %2. Compare them?</source>
+        <translation>ファイルはハードウェア %1 のもので、ハンドはハードウェア %2 です。比較しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterBackups</name>
+    <message>
+        <source>Backup of the parameters</source>
+        <translation>パラメーターのバックアップ</translation>
+    </message>
+    <message>
+        <source>Backup %p%</source>
+        <translation>バックアップ %p%</translation>
+    </message>
+    <message>
+        <source>The parameters were not backed up. %1</source>
+        <translation>パラメーターをバックアップできませんでした。%1</translation>
+    </message>
+    <message>
+        <source>Parameters of the hand differ from its backup before the update.</source>
+        <translation>ハンドのパラメーターがアップデート前のバックアップと異なります。</translation>
+    </message>
+    <message>
+        <source>Compare...</source>
+        <translation>比較...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterTable</name>
+    <message>
+        <source>Parameters</source>
+        <translation>パラメーター</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>パラメーター</translation>
+    </message>
+    <message>
+        <source>Finger</source>
+        <translation>指</translation>
+    </message>
+    <message>
+        <source>In the hand</source>
+        <translation>ハンド内</translation>
+    </message>
+    <message>
+        <source>In the file</source>
+        <translation>ファイル内</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>結果</translation>
+    </message>
+    <message>
+        <source>Level 2 moves the hand when it is switched on</source>
+        <translation>レベル 2 では電源を入れるとハンドが動きます</translation>
+    </message>
+    <message>
+        <source>Limits where the finger can move</source>
+        <translation>指が動ける範囲を制限します</translation>
+    </message>
+    <message>
+        <source>A wrong calibration drives fingers into their stops</source>
+        <translation>誤った校正では指がストッパーに突き当たります</translation>
+    </message>
+    <message>
+        <source>The file is from another hand</source>
+        <translation>ファイルは別のハンドのものです</translation>
+    </message>
+    <message>
+        <source>Never written</source>
+        <translation>書き込みません</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParametersDialog</name>
+    <message>
+        <source>Show equal values</source>
+        <translation>同じ値も表示</translation>
+    </message>
+    <message>
+        <source>Compare and Restore</source>
+        <translation>比較と復元</translation>
+    </message>
+    <message>
+        <source>File: %1</source>
+        <translation>ファイル: %1</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>ゲイン</translation>
+    </message>
+    <message>
+        <source>Current limits</source>
+        <translation>電流上限</translation>
+    </message>
+    <message>
+        <source>Force limits</source>
+        <translation>力上限</translation>
+    </message>
+    <message>
+        <source>Position limits</source>
+        <translation>位置の上下限</translation>
+    </message>
+    <message>
+        <source>Self-test level</source>
+        <translation>自己診断レベル</translation>
+    </message>
+    <message>
+        <source>Beep switch</source>
+        <translation>ビープ設定</translation>
+    </message>
+    <message>
+        <source>Kinds:</source>
+        <translation>種類:</translation>
+    </message>
+    <message>
+        <source>Fingers:</source>
+        <translation>指:</translation>
+    </message>
+    <message>
+        <source>Copy Gains...</source>
+        <translation>ゲインをコピー...</translation>
+    </message>
+    <message>
+        <source>Uses the gains of one finger for others, too</source>
+        <translation>1 本の指のゲインを他の指にも使用します</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>The calibration tells the hand where its fingers end. With a wrong one the fingers are driven into their stops and can be damaged.
+Restore the calibration of the file?</source>
+        <translation>校正はハンドに指の可動端の位置を伝えます。誤った校正では指がストッパーに突き当たり、破損するおそれがあります。
+ファイルの校正を復元しますか?</translation>
+    </message>
+    <message>
+        <source>The file or the hand has no unique id, so the file may be from another hand. The calibrations of two hands are never the same.
+Are you sure that the file is from this hand?</source>
+        <translation>ファイルまたはハンドに固有 ID がないため、ファイルは別のハンドのものかもしれません。2 つのハンドの校正が同じになることはありません。
+ファイルがこのハンドのものであることは確かですか?</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Restoring...</source>
+        <translation>復元しています...</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>書込済み: %1</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>拒否: %1</translation>
+    </message>
+    <message>
+        <source>Not kept: %1</source>
+        <translation>反映されず: %1</translation>
+    </message>
+    <message>
+        <source>No answer: %1</source>
+        <translation>応答なし: %1</translation>
+    </message>
+    <message>
+        <source>Not tried: %1</source>
+        <translation>未試行: %1</translation>
+    </message>
+    <message>
+        <source>Node 0xff is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
+        <translation>ノード 0xff はバス上のすべてのハンドを表します。パラメーターを復元するには、ハンド自身のノードで開いてください。</translation>
+    </message>
+    <message>
+        <source>The connection has changed. Close this dialog and compare again.</source>
+        <translation>接続が変わりました。このダイアログを閉じて、もう一度比較してください。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::RecentFiles</name>
+    <message>
+        <source>No files</source>
+        <translation>ファイルなし</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::RecordingView</name>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>記録を読み込んでいます...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>The recording &apos;%1&apos; cannot be opened.</source>
+        <translation>記録「%1」を開けません。</translation>
+    </message>
+    <message>
+        <source>The recording &apos;%1&apos; is empty.</source>
+        <translation>記録「%1」は空です。</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>画像を保存...</translation>
+    </message>
+    <message>
+        <source>%1 samples, from %2.</source>
+        <translation>%1 サンプル、開始 %2。</translation>
+    </message>
+    <message>
+        <source>The plot shows the minimum and the maximum of %1 samples each.</source>
+        <translation>グラフは %1 サンプルごとの最小値と最大値を示します。</translation>
+    </message>
+    <message>
+        <source>The last line of the file is incomplete.</source>
+        <translation>ファイルの最後の行が不完全です。</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>画像を保存</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>画像 (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in &apos;%1&apos;.</source>
+        <translation>画像を「%1」に保存できませんでした。</translation>
     </message>
 </context>
 <context>
@@ -1136,6 +1995,177 @@ Supported protocol:</source>
     <message>
         <source>Scans nodes %1 to %2</source>
         <translation>ノード %1 から %2 をスキャンします</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceActions</name>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>切り取り(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>削除(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Insert Before</source>
+        <translation>前に挿入(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>複製(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>上へ移動(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>下へ移動(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>やり直し(&amp;R)</translation>
+    </message>
+    <message>
+        <source>delete of %1</source>
+        <translation>%1の削除</translation>
+    </message>
+    <message>
+        <source>cut of %1</source>
+        <translation>%1の切り取り</translation>
+    </message>
+    <message>
+        <source>There are no steps on the clipboard.</source>
+        <translation>クリップボードにステップがありません。</translation>
+    </message>
+    <message>
+        <source>The steps on the clipboard have angles, not positions.</source>
+        <translation>クリップボードのステップは位置ではなく角度です。</translation>
+    </message>
+    <message>
+        <source>The steps on the clipboard have positions, not angles.</source>
+        <translation>クリップボードのステップは角度ではなく位置です。</translation>
+    </message>
+    <message>
+        <source>paste of %1</source>
+        <translation>%1の貼り付け</translation>
+    </message>
+    <message>
+        <source>duplicate of %1</source>
+        <translation>%1の複製</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceDraft</name>
+    <message>
+        <source>The folder %1 is not writable.</source>
+        <translation>フォルダー %1 に書き込めません。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceEditor</name>
+    <message>
+        <source>change of the unit</source>
+        <translation>単位の変更</translation>
+    </message>
+    <message>
+        <source>move of %1</source>
+        <translation>%1の移動</translation>
+    </message>
+    <message>
+        <source>step %1</source>
+        <translation>ステップ %1</translation>
+    </message>
+    <message>
+        <source>%1 steps</source>
+        <translation>%1 ステップ</translation>
+    </message>
+    <message>
+        <source>loading of %1</source>
+        <translation>%1 の読み込み</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceFiles</name>
+    <message>
+        <source>Recent &amp;Sequences</source>
+        <translation>最近使ったシーケンス(&amp;R)</translation>
+    </message>
+    <message>
+        <source>The draft of the sequence is not saved: %1</source>
+        <translation>シーケンスの下書きが保存されていません: %1</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>ファイルなし</translation>
+    </message>
+    <message>
+        <source>%1 (not saved)</source>
+        <translation>%1 (未保存)</translation>
+    </message>
+    <message>
+        <source>Choose json file</source>
+        <translation>JSON ファイルを選択</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>シーケンスファイル (*.json)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be loaded: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not saved: %2</source>
+        <translation>%1 は保存されませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Not saved: %1, %2 steps, %3</source>
+        <translation>未保存: %1、%2 ステップ、%3</translation>
+    </message>
+    <message>
+        <source>restoring of the unsaved sequence</source>
+        <translation>未保存のシーケンスの復元</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceManager</name>
+    <message>
+        <source>Not everything could be written. Is the disk full?</source>
+        <translation>一部を書き込めませんでした。ディスクがいっぱいではありませんか?</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>ファイルが存在しません。</translation>
+    </message>
+    <message>
+        <source>It is not a regular file.</source>
+        <translation>通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The file is larger than 64 MiB.</source>
+        <translation>ファイルが 64 MiB を超えています。</translation>
+    </message>
+    <message>
+        <source>The file is not a sequence.</source>
+        <translation>ファイルはシーケンスではありません。</translation>
     </message>
 </context>
 <context>
@@ -1368,12 +2398,40 @@ Supported protocol:</source>
         <translation>親指付け根</translation>
     </message>
     <message>
-        <source>Choose json file</source>
-        <translation>JSON ファイルを選択</translation>
+        <source>Restore</source>
+        <translation>復元</translation>
     </message>
     <message>
-        <source>Sequence files (*.json)</source>
-        <translation>シーケンスファイル (*.json)</translation>
+        <source>Restore unsaved sequence</source>
+        <translation>未保存のシーケンスを復元</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>Discard unsaved sequence</source>
+        <translation>未保存のシーケンスを破棄</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>繰り返し:</translation>
+    </message>
+    <message>
+        <source>How often a run is played</source>
+        <translation>実行時にシーケンスを再生する回数</translation>
+    </message>
+    <message>
+        <source>endless</source>
+        <translation>無限</translation>
+    </message>
+    <message>
+        <source>insertion of %1</source>
+        <translation>%1の挿入</translation>
+    </message>
+    <message>
+        <source>delete of %1</source>
+        <translation>%1の削除</translation>
     </message>
 </context>
 <context>
@@ -1421,6 +2479,41 @@ Supported protocol:</source>
     <message>
         <source>Halted. Press Continue.</source>
         <translation>停止しています。[再開] を押してください。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceStatus</name>
+    <message>
+        <source>Step %1: delay %2 ms, speeds %3</source>
+        <translation>ステップ %1: 待ち時間 %2 ms、速度 %3</translation>
+    </message>
+    <message>
+        <source>Playing step %1 of %2</source>
+        <translation>ステップ %1 / %2 を再生中</translation>
+    </message>
+    <message>
+        <source>%1, round %2</source>
+        <translation>%1、%2 回目</translation>
+    </message>
+    <message>
+        <source>%1, round %2 of %3</source>
+        <translation>%1、%2 / %3 回目</translation>
+    </message>
+    <message>
+        <source>Moving to step %1</source>
+        <translation>ステップ %1 へ移動中</translation>
+    </message>
+    <message>
+        <source>Step %1 lasts %2 s more. Stop ends it.</source>
+        <translation>ステップ %1 はあと %2 秒続きます。[停止] で終了します。</translation>
+    </message>
+    <message>
+        <source>Not sent; Return sends it. %1</source>
+        <translation>未送信です。Enter キーで送信します。%1</translation>
+    </message>
+    <message>
+        <source>A value is not sent; Return sends it. %1</source>
+        <translation>未送信の値があります。Enter キーで送信します。%1</translation>
     </message>
 </context>
 <context>
@@ -1806,6 +2899,36 @@ Supported protocol:</source>
     </message>
 </context>
 <context>
+    <name>vanto::StepInput</name>
+    <message>
+        <source>delay of %1</source>
+        <translation>%1の待ち時間</translation>
+    </message>
+    <message>
+        <source>speed of %1</source>
+        <translation>%1の速度</translation>
+    </message>
+    <message>
+        <source>target of %1</source>
+        <translation>%1の目標</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::TelemetryRecorder</name>
+    <message>
+        <source>&apos;%1&apos; is not a regular file.</source>
+        <translation>「%1」は通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>Cannot write &apos;%1&apos;: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>The recording has ended: cannot write &apos;%1&apos;: %2</source>
+        <translation>記録が終了しました:「%1」に書き込めません: %2</translation>
+    </message>
+</context>
+<context>
     <name>vanto::UpdateDialog</name>
     <message>
         <source>Wait a moment...</source>
@@ -1818,6 +2941,29 @@ Supported protocol:</source>
     <message>
         <source>Updating device firmware...</source>
         <translation>デバイスのファームウェアをアップデートしています...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ValueTable</name>
+    <message>
+        <source>Measured values</source>
+        <translation>測定値</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>電流</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle (°)</source>
+        <translation>角度 (°)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
     </message>
 </context>
 </TS>

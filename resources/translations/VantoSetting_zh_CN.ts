@@ -153,6 +153,14 @@ Power on the device when prompted.</source>
         <source>Firmware update in progress. Please wait until it finishes.</source>
         <translation>正在更新固件，请等待完成。</translation>
     </message>
+    <message>
+        <source>Reading the list of firmware...</source>
+        <translation>正在读取固件列表...</translation>
+    </message>
+    <message>
+        <source>Downloading the firmware...</source>
+        <translation>正在下载固件...</translation>
+    </message>
 </context>
 <context>
     <name>HandIdentity</name>
@@ -163,6 +171,139 @@ Power on the device when prompted.</source>
     <message>
         <source>hardware %1</source>
         <translation>硬件 %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandInformation</name>
+    <message>
+        <source>not supported</source>
+        <translation>不支持</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>被拒绝</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>未读取</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Node id</source>
+        <translation>节点 ID</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>协议</translation>
+    </message>
+    <message>
+        <source>Protocol version</source>
+        <translation>协议版本</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>固件版本</translation>
+    </message>
+    <message>
+        <source>Hardware type</source>
+        <translation>硬件类型</translation>
+    </message>
+    <message>
+        <source>Boot loader</source>
+        <translation>引导程序</translation>
+    </message>
+    <message>
+        <source>UID</source>
+        <translation>UID</translation>
+    </message>
+    <message>
+        <source>Battery voltage</source>
+        <translation>电池电压</translation>
+    </message>
+    <message>
+        <source>Button count</source>
+        <translation>按键次数</translation>
+    </message>
+    <message>
+        <source>Usage, total</source>
+        <translation>累计使用量</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>使用量</translation>
+    </message>
+    <message>
+        <source>Thumb root, raw position</source>
+        <translation>拇指根部，原始位置</translation>
+    </message>
+    <message>
+        <source>Thumb root, preset</source>
+        <translation>拇指根部，预设位置</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>目标位置</translation>
+    </message>
+    <message>
+        <source>Angle (0.01°)</source>
+        <translation>角度 (0.01°)</translation>
+    </message>
+    <message>
+        <source>Target angle (0.01°)</source>
+        <translation>目标角度 (0.01°)</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+</context>
+<context>
+    <name>HandTask</name>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>The hand does not answer.</source>
+        <translation>灵巧手无应答。</translation>
+    </message>
+    <message>
+        <source>The port is no longer available.</source>
+        <translation>端口已不存在。</translation>
+    </message>
+    <message>
+        <source>The hand has been closed or halted.</source>
+        <translation>灵巧手已关闭或已停止。</translation>
+    </message>
+    <message>
+        <source>Another hand answers. Nothing is written to it.</source>
+        <translation>另一只灵巧手在应答。不会向其写入任何内容。</translation>
+    </message>
+    <message>
+        <source>Node 255 is every hand on the bus. Nothing is written to it.</source>
+        <translation>节点 255 代表总线上的所有灵巧手。不会向其写入任何内容。</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; 已存在。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>是否替换？</translation>
     </message>
 </context>
 <context>
@@ -198,6 +339,208 @@ Power on the device when prompted.</source>
     <message>
         <source>Node 0 is available only over SerialCtrl. Choose this protocol.</source>
         <translation>节点 0 仅可通过 SerialCtrl 使用。请选择此协议。</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterFile</name>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation>无法创建文件夹 %1。</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>文件不存在。</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>这不是普通文件。</translation>
+    </message>
+    <message>
+        <source>line %1, offset %2</source>
+        <translation>第 %1 行，偏移 %2</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>文件为空。</translation>
+    </message>
+    <message>
+        <source>The file is larger than 1 MiB.</source>
+        <translation>文件大于 1 MiB。</translation>
+    </message>
+    <message>
+        <source>This is not valid JSON (%1): %2</source>
+        <translation>这不是有效的 JSON（%1）：%2</translation>
+    </message>
+    <message>
+        <source>This is a sequence, not hand parameters.</source>
+        <translation>这是序列，不是灵巧手参数。</translation>
+    </message>
+    <message>
+        <source>This is not a file of hand parameters: &quot;kind&quot; is not &quot;%1&quot;.</source>
+        <translation>这不是灵巧手参数文件：“kind”不是“%1”。</translation>
+    </message>
+    <message>
+        <source>the file comes from a newer program (version %1, this program reads version %2)</source>
+        <translation>文件来自较新版本的程序（版本 %1，本程序可读取版本 %2）</translation>
+    </message>
+    <message>
+        <source>expected %1, found %2</source>
+        <translation>应为 %1，实际为 %2</translation>
+    </message>
+    <message>
+        <source>expected a time such as &quot;2026-11-22T06:25:17Z&quot;, found %1</source>
+        <translation>应为时间（例如“2026-11-22T06:25:17Z”），实际为 %1</translation>
+    </message>
+    <message>
+        <source>expected an integer from 0 to 255, found %1</source>
+        <translation>应为 0 到 255 之间的整数，实际为 %1</translation>
+    </message>
+    <message>
+        <source>%1 is not valid</source>
+        <translation>%1 无效</translation>
+    </message>
+    <message>
+        <source>there is no such finger</source>
+        <translation>没有此手指</translation>
+    </message>
+    <message>
+        <source>expected an object, found %1</source>
+        <translation>应为对象，实际为 %1</translation>
+    </message>
+    <message>
+        <source>expected a text, found %1</source>
+        <translation>应为文本，实际为 %1</translation>
+    </message>
+    <message>
+        <source>expected an array of %1 numbers, found %2</source>
+        <translation>应为包含 %1 个数字的数组，实际为 %2</translation>
+    </message>
+    <message>
+        <source>expected a number, found %1</source>
+        <translation>应为数字，实际为 %1</translation>
+    </message>
+    <message>
+        <source>unknown key</source>
+        <translation>未知的键</translation>
+    </message>
+</context>
+<context>
+    <name>Parameters</name>
+    <message>
+        <source>Current limit</source>
+        <translation>电流上限</translation>
+    </message>
+    <message>
+        <source>Force limit</source>
+        <translation>力上限</translation>
+    </message>
+    <message>
+        <source>Position limits</source>
+        <translation>位置限制</translation>
+    </message>
+    <message>
+        <source>Self-test level</source>
+        <translation>自检级别</translation>
+    </message>
+    <message>
+        <source>Beep switch</source>
+        <translation>蜂鸣开关</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>校准</translation>
+    </message>
+    <message>
+        <source>Thumb</source>
+        <translation>拇指</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>食指</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中指</translation>
+    </message>
+    <message>
+        <source>Third</source>
+        <translation>无名指</translation>
+    </message>
+    <message>
+        <source>Little</source>
+        <translation>小指</translation>
+    </message>
+    <message>
+        <source>Thumb root</source>
+        <translation>拇指根部</translation>
+    </message>
+    <message>
+        <source>The file does not have this value.</source>
+        <translation>文件中没有此值。</translation>
+    </message>
+    <message>
+        <source>The hand does not give this value.</source>
+        <translation>灵巧手不提供此值。</translation>
+    </message>
+    <message>
+        <source>Not representable: over Modbus gains range from 0 to 655.35.</source>
+        <translation>无法表示：通过 Modbus 时增益范围为 0 到 655.35。</translation>
+    </message>
+    <message>
+        <source>Node id</source>
+        <translation>节点 ID</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>协议</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Hardware</source>
+        <translation>硬件</translation>
+    </message>
+    <message>
+        <source>Boot loader</source>
+        <translation>引导程序</translation>
+    </message>
+    <message>
+        <source>UID</source>
+        <translation>UID</translation>
+    </message>
+    <message>
+        <source>%1: not a number</source>
+        <translation>%1：不是数字</translation>
+    </message>
+    <message>
+        <source>%1: no answer</source>
+        <translation>%1：无应答</translation>
+    </message>
+    <message>
+        <source>%1: refused (result %2, sub error %3)</source>
+        <translation>%1：被拒绝（结果 %2，子错误 %3）</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>已写入</translation>
+    </message>
+    <message>
+        <source>refused (result %1, sub error %2)</source>
+        <translation>被拒绝（结果 %1，子错误 %2）</translation>
+    </message>
+    <message>
+        <source>not kept (%1)</source>
+        <translation>未保留（%1）</translation>
+    </message>
+    <message>
+        <source>not kept</source>
+        <translation>未保留</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>无应答</translation>
     </message>
 </context>
 <context>
@@ -239,6 +582,13 @@ and log in again.</source>
     <message>
         <source>VantoSetting</source>
         <translation>VantoSetting</translation>
+    </message>
+</context>
+<context>
+    <name>StepEditors</name>
+    <message>
+        <source>Not sent. Press Return to send it.</source>
+        <translation>未发送。按回车键发送。</translation>
     </message>
 </context>
 <context>
@@ -665,6 +1015,17 @@ With several hands on the bus, all of them act and their replies collide.</sourc
     </message>
 </context>
 <context>
+    <name>vanto::CopyGainsDialog</name>
+    <message>
+        <source>Gains in the file of:</source>
+        <translation>使用文件中此手指的增益：</translation>
+    </message>
+    <message>
+        <source>Copy to:</source>
+        <translation>复制到：</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -721,6 +1082,15 @@ With several hands on the bus, all of them act and their replies collide.</sourc
     <message>
         <source>No hand answers at node &apos;0x%1&apos;.</source>
         <translation>节点“0x%1”没有机械手应答。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::DownloadDialog</name>
+    <message>
+        <source>%1
+%2 of %3</source>
+        <translation>%1
+%2 / %3</translation>
     </message>
 </context>
 <context>
@@ -800,6 +1170,53 @@ confirmed</source>
     <message>
         <source>Stops all fingers at once (Esc, Pause, Shift+Esc)</source>
         <translation>立即停止所有手指（Esc、Pause、Shift+Esc）</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::HandInformationDialog</name>
+    <message>
+        <source>Hand information</source>
+        <translation>灵巧手信息</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>Hand Information</source>
+        <translation>灵巧手信息</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Save Report...</source>
+        <translation>保存报告...</translation>
+    </message>
+    <message>
+        <source>Saves this, all parameters, the messages and the last frames</source>
+        <translation>保存这些信息、所有参数、消息和最近的数据帧</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>文本文件 (*.txt)</translation>
+    </message>
+    <message>
+        <source>JSON files (*.json)</source>
+        <translation>JSON 文件 (*.json)</translation>
+    </message>
+    <message>
+        <source>The report could not be saved in &apos;%1&apos;.</source>
+        <translation>无法将报告保存到“%1”。</translation>
     </message>
 </context>
 <context>
@@ -889,6 +1306,22 @@ Supported protocol:</source>
         <source>&amp;Messages...</source>
         <translation>消息(&amp;M)...</translation>
     </message>
+    <message>
+        <source>&amp;Save Hand Parameters...</source>
+        <translation>保存灵巧手参数(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Compare and Restore...</source>
+        <translation>比较并恢复(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Hand &amp;Information...</source>
+        <translation>灵巧手信息(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>M&amp;onitor</source>
+        <translation>监视器(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>vanto::MessageList</name>
@@ -913,14 +1346,6 @@ Supported protocol:</source>
         <translation>文本文件 (*.txt)</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; already exists.</source>
-        <translation>&apos;%1&apos; 已存在。</translation>
-    </message>
-    <message>
-        <source>Do you want to replace it?</source>
-        <translation>是否替换？</translation>
-    </message>
-    <message>
         <source>The messages could not be saved in &apos;%1&apos;.</source>
         <translation>无法将消息保存到 &apos;%1&apos;。</translation>
     </message>
@@ -930,6 +1355,440 @@ Supported protocol:</source>
     <message>
         <source>(x %1), last %2</source>
         <translation>(x %1)，最后 %2</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::Modeless</name>
+    <message>
+        <source>&apos;%1&apos; already exists.</source>
+        <translation>&apos;%1&apos; 已存在。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>是否替换？</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MonitorDock</name>
+    <message>
+        <source>Monitor</source>
+        <translation>监视器</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>Samples per second</source>
+        <translation>每秒采样数</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>As fast as possible</source>
+        <translation>尽可能快</translation>
+    </message>
+    <message>
+        <source>Shown time</source>
+        <translation>显示时长</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Keeps the plot as it is, to drag and zoom it. Sampling goes on.</source>
+        <translation>保持曲线图不变，以便拖动和缩放。采样继续进行。</translation>
+    </message>
+    <message>
+        <source>Text of the marker</source>
+        <translation>标记的文本</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>标记</translation>
+    </message>
+    <message>
+        <source>Open Recording...</source>
+        <translation>打开录制文件...</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>保存图片...</translation>
+    </message>
+    <message>
+        <source>hand opened</source>
+        <translation>灵巧手已打开</translation>
+    </message>
+    <message>
+        <source>%1 Hz, %2 recorded</source>
+        <translation>%1 Hz，已录制 %2 个采样</translation>
+    </message>
+    <message>
+        <source>%1 samples recorded in &apos;%2&apos;.</source>
+        <translation>已将 %1 个采样录制到“%2”。</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>录制</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>录制文件 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>停止录制</translation>
+    </message>
+    <message>
+        <source>Record...</source>
+        <translation>录制...</translation>
+    </message>
+    <message>
+        <source>mark</source>
+        <translation>标记</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>打开录制文件</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::MonitorPlot</name>
+    <message>
+        <source>Plot of the measured values</source>
+        <translation>测量值曲线图</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle (0.01°)</source>
+        <translation>角度 (0.01°)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
+    </message>
+    <message>
+        <source>Time (s)</source>
+        <translation>时间 (s)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Close the notice</source>
+        <translation>关闭通知</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>显示</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterActions</name>
+    <message>
+        <source>Parameter files (*.json)</source>
+        <translation>参数文件 (*.json)</translation>
+    </message>
+    <message>
+        <source>Reading the parameters of the hand...</source>
+        <translation>正在读取灵巧手的参数...</translation>
+    </message>
+    <message>
+        <source>Save hand parameters</source>
+        <translation>保存灵巧手参数</translation>
+    </message>
+    <message>
+        <source>Parameters saved in &apos;%1&apos;</source>
+        <translation>参数已保存到“%1”</translation>
+    </message>
+    <message>
+        <source>The file has no values for what the hand refused to tell:</source>
+        <translation>灵巧手拒绝提供以下内容，文件中没有这些值：</translation>
+    </message>
+    <message>
+        <source>Open parameter file</source>
+        <translation>打开参数文件</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; cannot be used.</source>
+        <translation>无法使用文件“%1”。</translation>
+    </message>
+    <message>
+        <source>The file is from hardware %1, the hand is hardware %2. Compare them?</source>
+        <translation>文件来自硬件 %1，灵巧手为硬件 %2。是否比较？</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterBackups</name>
+    <message>
+        <source>Backup of the parameters</source>
+        <translation>参数备份</translation>
+    </message>
+    <message>
+        <source>Backup %p%</source>
+        <translation>备份 %p%</translation>
+    </message>
+    <message>
+        <source>The parameters were not backed up. %1</source>
+        <translation>参数未备份。%1</translation>
+    </message>
+    <message>
+        <source>Parameters of the hand differ from its backup before the update.</source>
+        <translation>灵巧手的参数与更新前的备份不同。</translation>
+    </message>
+    <message>
+        <source>Compare...</source>
+        <translation>比较...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParameterTable</name>
+    <message>
+        <source>Parameters</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Finger</source>
+        <translation>手指</translation>
+    </message>
+    <message>
+        <source>In the hand</source>
+        <translation>灵巧手中</translation>
+    </message>
+    <message>
+        <source>In the file</source>
+        <translation>文件中</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Level 2 moves the hand when it is switched on</source>
+        <translation>级别 2 会使灵巧手在通电时运动</translation>
+    </message>
+    <message>
+        <source>Limits where the finger can move</source>
+        <translation>限制手指的活动范围</translation>
+    </message>
+    <message>
+        <source>A wrong calibration drives fingers into their stops</source>
+        <translation>错误的校准会使手指撞到限位</translation>
+    </message>
+    <message>
+        <source>The file is from another hand</source>
+        <translation>文件来自另一只灵巧手</translation>
+    </message>
+    <message>
+        <source>Never written</source>
+        <translation>从不写入</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ParametersDialog</name>
+    <message>
+        <source>Show equal values</source>
+        <translation>显示相同的值</translation>
+    </message>
+    <message>
+        <source>Compare and Restore</source>
+        <translation>比较并恢复</translation>
+    </message>
+    <message>
+        <source>File: %1</source>
+        <translation>文件：%1</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>Current limits</source>
+        <translation>电流上限</translation>
+    </message>
+    <message>
+        <source>Force limits</source>
+        <translation>力上限</translation>
+    </message>
+    <message>
+        <source>Position limits</source>
+        <translation>位置限制</translation>
+    </message>
+    <message>
+        <source>Self-test level</source>
+        <translation>自检级别</translation>
+    </message>
+    <message>
+        <source>Beep switch</source>
+        <translation>蜂鸣开关</translation>
+    </message>
+    <message>
+        <source>Kinds:</source>
+        <translation>种类：</translation>
+    </message>
+    <message>
+        <source>Fingers:</source>
+        <translation>手指：</translation>
+    </message>
+    <message>
+        <source>Copy Gains...</source>
+        <translation>复制增益...</translation>
+    </message>
+    <message>
+        <source>Uses the gains of one finger for others, too</source>
+        <translation>将一根手指的增益也用于其他手指</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>The calibration tells the hand where its fingers end. With a wrong one the fingers are driven into their stops and can be damaged.
+Restore the calibration of the file?</source>
+        <translation>校准告诉灵巧手其手指的终点位置。错误的校准会使手指撞到限位，可能造成损坏。
+是否恢复文件中的校准？</translation>
+    </message>
+    <message>
+        <source>The file or the hand has no unique id, so the file may be from another hand. The calibrations of two hands are never the same.
+Are you sure that the file is from this hand?</source>
+        <translation>文件或灵巧手没有唯一 ID，因此文件可能来自另一只灵巧手。两只灵巧手的校准绝不会相同。
+确定此文件来自这只灵巧手吗？</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Restoring...</source>
+        <translation>正在恢复...</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>已写入：%1</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>被拒绝：%1</translation>
+    </message>
+    <message>
+        <source>Not kept: %1</source>
+        <translation>未保留：%1</translation>
+    </message>
+    <message>
+        <source>No answer: %1</source>
+        <translation>无应答：%1</translation>
+    </message>
+    <message>
+        <source>Not tried: %1</source>
+        <translation>未尝试：%1</translation>
+    </message>
+    <message>
+        <source>Node 0xff is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
+        <translation>节点 0xff 代表总线上的所有灵巧手。请以灵巧手自身的节点打开它，再恢复其参数。</translation>
+    </message>
+    <message>
+        <source>The connection has changed. Close this dialog and compare again.</source>
+        <translation>连接已改变。请关闭此对话框并重新比较。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::RecentFiles</name>
+    <message>
+        <source>No files</source>
+        <translation>无文件</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::RecordingView</name>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>正在读取录制文件...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>The recording &apos;%1&apos; cannot be opened.</source>
+        <translation>无法打开录制文件“%1”。</translation>
+    </message>
+    <message>
+        <source>The recording &apos;%1&apos; is empty.</source>
+        <translation>录制文件“%1”为空。</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>保存图片...</translation>
+    </message>
+    <message>
+        <source>%1 samples, from %2.</source>
+        <translation>%1 个采样，始于 %2。</translation>
+    </message>
+    <message>
+        <source>The plot shows the minimum and the maximum of %1 samples each.</source>
+        <translation>曲线图显示每 %1 个采样的最小值和最大值。</translation>
+    </message>
+    <message>
+        <source>The last line of the file is incomplete.</source>
+        <translation>文件的最后一行不完整。</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>保存图片</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in &apos;%1&apos;.</source>
+        <translation>无法将图片保存到“%1”。</translation>
     </message>
 </context>
 <context>
@@ -1136,6 +1995,177 @@ Supported protocol:</source>
     <message>
         <source>Scans nodes %1 to %2</source>
         <translation>扫描节点 %1 到 %2</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceActions</name>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>删除(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Insert Before</source>
+        <translation>在前面插入(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>生成副本(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>上移(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>下移(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>delete of %1</source>
+        <translation>删除%1</translation>
+    </message>
+    <message>
+        <source>cut of %1</source>
+        <translation>剪切%1</translation>
+    </message>
+    <message>
+        <source>There are no steps on the clipboard.</source>
+        <translation>剪贴板中没有步骤。</translation>
+    </message>
+    <message>
+        <source>The steps on the clipboard have angles, not positions.</source>
+        <translation>剪贴板中的步骤使用角度，而不是位置。</translation>
+    </message>
+    <message>
+        <source>The steps on the clipboard have positions, not angles.</source>
+        <translation>剪贴板中的步骤使用位置，而不是角度。</translation>
+    </message>
+    <message>
+        <source>paste of %1</source>
+        <translation>粘贴%1</translation>
+    </message>
+    <message>
+        <source>duplicate of %1</source>
+        <translation>生成%1的副本</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceDraft</name>
+    <message>
+        <source>The folder %1 is not writable.</source>
+        <translation>文件夹 %1 不可写。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceEditor</name>
+    <message>
+        <source>change of the unit</source>
+        <translation>更改单位</translation>
+    </message>
+    <message>
+        <source>move of %1</source>
+        <translation>移动%1</translation>
+    </message>
+    <message>
+        <source>step %1</source>
+        <translation>第 %1 步</translation>
+    </message>
+    <message>
+        <source>%1 steps</source>
+        <translation>步骤（%1 个）</translation>
+    </message>
+    <message>
+        <source>loading of %1</source>
+        <translation>加载 %1</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceFiles</name>
+    <message>
+        <source>Recent &amp;Sequences</source>
+        <translation>最近的序列(&amp;R)</translation>
+    </message>
+    <message>
+        <source>The draft of the sequence is not saved: %1</source>
+        <translation>序列草稿未保存：%1</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>无文件</translation>
+    </message>
+    <message>
+        <source>%1 (not saved)</source>
+        <translation>%1（未保存）</translation>
+    </message>
+    <message>
+        <source>Choose json file</source>
+        <translation>选择 JSON 文件</translation>
+    </message>
+    <message>
+        <source>Sequence files (*.json)</source>
+        <translation>序列文件 (*.json)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be loaded: %2</source>
+        <translation>无法加载 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 is not saved: %2</source>
+        <translation>未保存 %1：%2</translation>
+    </message>
+    <message>
+        <source>Not saved: %1, %2 steps, %3</source>
+        <translation>未保存：%1，%2 个步骤，%3</translation>
+    </message>
+    <message>
+        <source>restoring of the unsaved sequence</source>
+        <translation>恢复未保存的序列</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceManager</name>
+    <message>
+        <source>Not everything could be written. Is the disk full?</source>
+        <translation>未能全部写入。磁盘是否已满？</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>文件不存在。</translation>
+    </message>
+    <message>
+        <source>It is not a regular file.</source>
+        <translation>这不是普通文件。</translation>
+    </message>
+    <message>
+        <source>The file is larger than 64 MiB.</source>
+        <translation>文件大于 64 MiB。</translation>
+    </message>
+    <message>
+        <source>The file is not a sequence.</source>
+        <translation>文件不是序列。</translation>
     </message>
 </context>
 <context>
@@ -1368,12 +2398,40 @@ Supported protocol:</source>
         <translation>拇指根部</translation>
     </message>
     <message>
-        <source>Choose json file</source>
-        <translation>选择 JSON 文件</translation>
+        <source>Restore</source>
+        <translation>恢复</translation>
     </message>
     <message>
-        <source>Sequence files (*.json)</source>
-        <translation>序列文件 (*.json)</translation>
+        <source>Restore unsaved sequence</source>
+        <translation>恢复未保存的序列</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>放弃</translation>
+    </message>
+    <message>
+        <source>Discard unsaved sequence</source>
+        <translation>放弃未保存的序列</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>重复：</translation>
+    </message>
+    <message>
+        <source>How often a run is played</source>
+        <translation>每次运行的重复次数</translation>
+    </message>
+    <message>
+        <source>endless</source>
+        <translation>无限</translation>
+    </message>
+    <message>
+        <source>insertion of %1</source>
+        <translation>插入%1</translation>
+    </message>
+    <message>
+        <source>delete of %1</source>
+        <translation>删除%1</translation>
     </message>
 </context>
 <context>
@@ -1421,6 +2479,41 @@ Supported protocol:</source>
     <message>
         <source>Halted. Press Continue.</source>
         <translation>已停止。请按“继续”。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::SequenceStatus</name>
+    <message>
+        <source>Step %1: delay %2 ms, speeds %3</source>
+        <translation>步骤 %1：延时 %2 ms，速度 %3</translation>
+    </message>
+    <message>
+        <source>Playing step %1 of %2</source>
+        <translation>正在运行第 %1 步，共 %2 步</translation>
+    </message>
+    <message>
+        <source>%1, round %2</source>
+        <translation>%1，第 %2 轮</translation>
+    </message>
+    <message>
+        <source>%1, round %2 of %3</source>
+        <translation>%1，第 %2 轮，共 %3 轮</translation>
+    </message>
+    <message>
+        <source>Moving to step %1</source>
+        <translation>正在移动到步骤 %1</translation>
+    </message>
+    <message>
+        <source>Step %1 lasts %2 s more. Stop ends it.</source>
+        <translation>步骤 %1 还将持续 %2 秒。“停止”可结束它。</translation>
+    </message>
+    <message>
+        <source>Not sent; Return sends it. %1</source>
+        <translation>未发送；按回车键发送。%1</translation>
+    </message>
+    <message>
+        <source>A value is not sent; Return sends it. %1</source>
+        <translation>有一个值未发送；按回车键发送。%1</translation>
     </message>
 </context>
 <context>
@@ -1806,6 +2899,36 @@ Supported protocol:</source>
     </message>
 </context>
 <context>
+    <name>vanto::StepInput</name>
+    <message>
+        <source>delay of %1</source>
+        <translation>修改%1的延时</translation>
+    </message>
+    <message>
+        <source>speed of %1</source>
+        <translation>修改%1的速度</translation>
+    </message>
+    <message>
+        <source>target of %1</source>
+        <translation>修改%1的目标</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::TelemetryRecorder</name>
+    <message>
+        <source>&apos;%1&apos; is not a regular file.</source>
+        <translation>“%1”不是普通文件。</translation>
+    </message>
+    <message>
+        <source>Cannot write &apos;%1&apos;: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+    <message>
+        <source>The recording has ended: cannot write &apos;%1&apos;: %2</source>
+        <translation>录制已结束：无法写入“%1”：%2</translation>
+    </message>
+</context>
+<context>
     <name>vanto::UpdateDialog</name>
     <message>
         <source>Wait a moment...</source>
@@ -1818,6 +2941,29 @@ Supported protocol:</source>
     <message>
         <source>Updating device firmware...</source>
         <translation>正在更新设备固件...</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ValueTable</name>
+    <message>
+        <source>Measured values</source>
+        <translation>测量值</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Angle (°)</source>
+        <translation>角度 (°)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>力</translation>
     </message>
 </context>
 </TS>
