@@ -61,6 +61,11 @@ struct ParameterDescriptor {
     bool tickedByDefault; ///< whether a difference is restored unless the user decides otherwise
 
     bool isPerFinger() const { return fingers > 0; }
+    /// Whether the value fits one hand only, because no two hands end at the same raw positions.
+    bool belongsToOneHand() const
+    {
+        return kind == ParameterKind::Calibration || kind == ParameterKind::PositionLimits;
+    }
     /// An empty text if the value is valid, otherwise the reason, for example
     /// "expected an integer from 0 to 65535, found 70000".
     QString check(const ParameterValue& value) const;

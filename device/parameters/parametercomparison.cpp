@@ -62,10 +62,12 @@ QList<ParameterRow> compareParameters(const ParameterSet& hand, const ParameterS
         for (const auto& entry : set->values)
             keys.insert(entry.first);
     const PROTOCOL_TYPE protocol = hand.hand.protocolType.value_or(PROTOCOL_TYPE_SERIALCTRL);
+    const bool isOtherHand = calibrationRule(hand.hand, file.hand) == CalibrationRule::OtherHand;
     QList<ParameterRow> rows;
     for (const ParameterKey& key : keys) {
         ParameterRow row{key, hand.value(key), file.value(key)};
         row.state = compareValues(row, protocol, tolerances);
+        row.isForOtherHand = isOtherHand && describe(key.kind).belongsToOneHand();
         rows.append(row);
     }
     return rows;

@@ -1,6 +1,5 @@
 #include "parameterwriter.h"
 
-#include "parametercomparison.h"
 #include "parameterexchange.h"
 
 #include <QCoreApplication>
@@ -54,13 +53,12 @@ ParameterWriter::ParameterWriter(HandTarget target, const ParameterSet& hand,
                                  Options options)
     : HandTask(std::move(target), options.timeoutsInARow),
       m_facts(hand.hand),
+      m_rule(calibrationRule(hand.hand, wanted.hand)),
       m_wanted(wanted.values),
       m_options(options)
 {
     if (const auto calibration = hand.value({ParameterKind::Calibration}))
         m_known = toCalibration(*calibration);
-    if (calibrationRule(hand.hand, wanted.hand) == CalibrationRule::OtherHand)
-        m_options.writeCalibration = false;
     QList<ParameterKey> sorted = chosen;
     std::ranges::sort(sorted);
     for (const ParameterKey& key : std::as_const(sorted)) {
@@ -79,8 +77,12 @@ bool ParameterWriter::canWrite(const ParameterKey& key) const
     const auto wanted = m_wanted.find(key);
     if (wanted == m_wanted.end() || !describe(key.kind).check(wanted->second).isEmpty())
         return false;
+    if (describe(key.kind).belongsToOneHand() && m_rule == CalibrationRule::OtherHand)
+        return false;
     if (key.kind == ParameterKind::Calibration)
         return m_options.writeCalibration;
+    if (key.kind == ParameterKind::PositionLimits)
+        return m_rule == CalibrationRule::SameHand || m_options.writeUnknownLimits;
     return ParameterValues::isRepresentable(key.kind, wanted->second,
                                             target().adapter->protocolType());
 }

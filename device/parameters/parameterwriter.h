@@ -1,7 +1,7 @@
 #pragma once
 
 #include "handtask.h"
-#include "parameterset.h"
+#include "parametercomparison.h"
 
 #include <vector>
 
@@ -42,6 +42,9 @@ public:
         /// The user's own consent to write the calibration: without it the calibration is not
         /// tried, even if chosen. It never is if calibrationRule() says OtherHand.
         bool writeCalibration = false;
+        /// The user's consent to write position limits although calibrationRule() says UnknownHand.
+        /// If it says OtherHand, they are never written.
+        bool writeUnknownLimits = false;
         /// Allow node 255 of SerialCtrl, which writes to every hand on the bus.
         bool anyNode = false;
         int timeoutsInARow = TimeoutsInARow;
@@ -89,6 +92,7 @@ private:
     void judge(WrittenParameter& written, const ParameterValue& value);
 
     HandFacts m_facts;
+    CalibrationRule m_rule;
     std::optional<HandIdentity::Calibration> m_known; ///< calibration that identifies the hand
     std::map<ParameterKey, ParameterValue> m_wanted;
     Options m_options;

@@ -346,29 +346,36 @@ void TestHandParameters::anyNode()
     QVERIFY(requests().isEmpty());
 }
 
-/// The calibration needs its own consent, and the hand that it comes from.
+/// The calibration needs its own consent, and the hand that it comes from. Position limits, which
+/// the hand keeps in the same place, need the hand alone.
 void TestHandParameters::calibrationConsent()
 {
     open("serialctrl");
     const ParameterSet hand = readAll();
     ParameterSet file = hand;
     file.values[{Kind::Calibration}][0] = 1;
+    file.values[{Kind::PositionLimits, 3}] = {1, 2};
     file.hand.uid = HandFacts::Uid{1, 2, 3};
     QCOMPARE(calibrationRule(hand.hand, file.hand), CalibrationRule::OtherHand);
-    for (const bool consent : {false, true}) {
-        if (!consent)
-            file.hand.uid = hand.hand.uid;
-        else
-            file.hand.uid->at(0) ^= 1;
-        ParameterWriter writer(target(), hand, file, {{Kind::Calibration}, {Kind::BeepSwitch}},
-                               {.writeCalibration = consent});
-        QCOMPARE(writer.run(), Outcome::Completed);
-        QCOMPARE(writer.count(Result::Written), 1);
-        QCOMPARE(writer.results().last().result, Result::NotTried);
-    }
-    QVERIFY(!requests().contains("44"));
+    for (const ParameterRow& row : compareParameters(hand, file))
+        QVERIFY2(!row.canTick(), qPrintable(row.key.name()));
+    const auto written = [&](const ParameterWriter::Options& options) {
+        ParameterWriter writer(
+            target(), hand, file,
+            {{Kind::Calibration}, {Kind::BeepSwitch}, {Kind::PositionLimits, 3}}, options);
+        QString kinds;
+        writer.run();
+        for (const WrittenParameter& result : writer.results())
+            if (result.result == Result::Written)
+                kinds += QLatin1String(describe(result.key.kind).name) + ' ';
+        return kinds;
+    };
+    QCOMPARE(written({.writeCalibration = true, .writeUnknownLimits = true}), "beepSwitch ");
     file.hand.uid.reset();
     QCOMPARE(calibrationRule(hand.hand, file.hand), CalibrationRule::UnknownHand);
+    QCOMPARE(written({}), "beepSwitch ");
+    QVERIFY(!requests().contains("44") && !requests().contains("48"));
+    QCOMPARE(written({.writeUnknownLimits = true}), "positionLimits beepSwitch ");
 }
 
 /// Over Modbus absolute positions are converted with cached limits; a new calibration clears them.
