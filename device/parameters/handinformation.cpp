@@ -328,9 +328,7 @@ void HandInformationReader::perform(int step)
     HandCall call(target());
     const Entries entries(&m_information.entries[item.first], static_cast<std::size_t>(item.count));
     const std::uint8_t result = item.read(call, entries);
-    if (note(call, result) && result == ResultCode::Timeout)
-        repeatStep();
-    else if (isRunning() && result != ResultCode::Success)
+    if (noteRead(call, result) && result != ResultCode::Success)
         for (Entry& entry : entries)
             setState(entry, EntryState::Refused);
 }

@@ -106,6 +106,8 @@ bool isOtherHardware(const HandFacts& hand, const HandFacts& file)
 
 CalibrationRule calibrationRule(const HandFacts& hand, const HandFacts& file)
 {
+    if (hand.isUidUnreadable && file.uid)
+        return CalibrationRule::OtherHand;
     if (!hand.uid || !file.uid)
         return CalibrationRule::UnknownHand;
     return *hand.uid == *file.uid ? CalibrationRule::SameHand : CalibrationRule::OtherHand;

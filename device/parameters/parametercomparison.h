@@ -55,7 +55,7 @@ bool isOtherHardware(const HandFacts& hand, const HandFacts& file);
 enum class CalibrationRule {
     SameHand,    ///< may be restored, by its own tick
     UnknownHand, ///< one of both has no UID: only after a second question
-    OtherHand    ///< never
+    OtherHand    ///< never; also if the UID of the hand cannot be read
 };
 CalibrationRule calibrationRule(const HandFacts& hand, const HandFacts& file);
 

@@ -9,6 +9,7 @@ namespace
 {
 constexpr int HexBase = 16;
 constexpr QLatin1Char HexFill('0');
+constexpr std::uint8_t FirstRefusal = 0x10;
 
 template<class Number>
 QString hexadecimal(Number number, int digits)
@@ -74,12 +75,20 @@ QString HandFacts::uidText() const
     return text;
 }
 
+bool isDamagedReply(std::uint8_t result)
+{
+    return result != ResultCode::Success && result != ResultCode::Timeout && result < FirstRefusal;
+}
+
 QString RefusedParameter::text() const
 {
     if (result == ResultCode::Success)
         return QCoreApplication::translate("Parameters", "%1: not a number").arg(key.displayName());
     if (result == ResultCode::Timeout)
         return QCoreApplication::translate("Parameters", "%1: no answer").arg(key.displayName());
+    if (isDamagedReply(result))
+        return QCoreApplication::translate("Parameters", "%1: no valid answer (result %2)")
+            .arg(key.displayName(), codeText(result));
     return QCoreApplication::translate("Parameters", "%1: refused (result %2, sub error %3)")
         .arg(key.displayName(), codeText(result), codeText(subError));
 }

@@ -12,9 +12,9 @@ namespace vanto
 struct WrittenParameter {
     enum class Result {
         NotTried,
-        Written, ///< and read back
-        Refused,
-        NotKept,  ///< accepted, but another value was read back, or none
+        Written,  ///< and read back
+        Refused,  ///< and not kept
+        NotKept,  ///< not refused, but another value was read back, or none
         NoAnswer, ///< it is not known whether the hand has it now
     };
 
@@ -24,6 +24,8 @@ struct WrittenParameter {
     std::uint8_t code = 0;                       ///< result code of the failed operation
     std::uint8_t subError = 0;
 
+    /// Whether the hand may have the old value, the new one or, of a calibration, a part of it.
+    bool isUncertain() const { return result != Result::NotTried && !readBack; }
     /// For the user, translated, for example "not kept (1.5)".
     QString text() const;
 };
@@ -80,6 +82,9 @@ private:
     void addWrite(const ParameterKey& key, qsizetype result);
     bool checkHand(HandCall& call);
     bool hasKnownUid(HandCall& call);
+    bool isKnown(const std::optional<HandIdentity::Calibration>& calibration) const;
+    void expectChange(const ParameterKey& key);
+    void keepCalibration(const ParameterValue& value);
     template<class Read>
     std::uint8_t readPatiently(HandCall& call, Read read);
     void writeGains(HandCall& call, const Write& job);
@@ -93,7 +98,8 @@ private:
 
     HandFacts m_facts;
     CalibrationRule m_rule;
-    std::optional<HandIdentity::Calibration> m_known; ///< calibration that identifies the hand
+    std::optional<ParameterValue> m_known; ///< calibration that identifies the hand
+    ParameterValue m_expected; ///< the same after the present write; it can be executed in part
     std::map<ParameterKey, ParameterValue> m_wanted;
     Options m_options;
     std::vector<Write> m_writes;

@@ -209,6 +209,14 @@ void TestHandParameters::readingFaults_data()
     add("port", "unplug", "unplug", Outcome::PortLost, "", -1);
     add("stale", "advance", "advance", Outcome::Superseded, "", -1);
     add("cancel", "cancel", "cancel", Outcome::Cancelled, "", -1);
+    // The calibration comes first: a hand without UID that takes the place is found out by it.
+    add("other hand", "fault drop command=0x20;set 2 revision 9",
+        "fault drop register=1008 count=2;set 2 start 3 1", Outcome::OtherHand, "", -1);
+    QTest::newRow("noise") << "serialctrl"
+                           << "fault garble command=0x05 count=2" << Outcome::Completed << "" << 44;
+    QTest::newRow("noisy UID") << "serialctrl"
+                               << "fault garble command=0x23 count=9" << Outcome::Completed << ""
+                               << 44;
     QTest::newRow("not a number") << "serialctrl"
                                   << "nan" << Outcome::Completed << "P, Index: not a number" << 43;
 }
@@ -221,7 +229,7 @@ void TestHandParameters::readingFaults()
     if (fault.contains("drop") || fault == "unplug")
         ReplyLimits::current() = ShortLimits;
     if (fault.startsWith("fault"))
-        command(fault);
+        command(fault.section(';', 0, 0));
     if (fault == "nan") {
         HandCall call(target());
         call.attempt<&VantoProtocol::setFingerPID>(std::uint8_t{1}, std::nanf(""), 1.F, 1.F, 1.F);
@@ -230,6 +238,8 @@ void TestHandParameters::readingFaults()
     const auto outcome = reader.run([&](int done, int) {
         if (done == 20 && fault == "unplug" && reader.isRunning())
             command(fault);
+        if (done == 20 && fault.contains(';'))
+            command(fault.section(';', 1));
         if (done == 20 && fault == "advance")
             m_generation.advance();
         if (done == 20 && fault == "cancel")
@@ -243,6 +253,13 @@ void TestHandParameters::readingFaults()
         QCOMPARE(reader.parameters().values.size(), std::size_t(values));
     const auto& list = reader.parameters().refused;
     QCOMPARE(list.isEmpty() ? QString() : list.first().text(), refused);
+    // A file is not restored to a hand that may be any.
+    ParameterSet file;
+    file.hand.uid = HandFacts::Uid{};
+    const bool isUnreadable = fault.contains("0x23");
+    QCOMPARE(reader.parameters().hand.isUidUnreadable, isUnreadable);
+    if (isUnreadable)
+        QCOMPARE(calibrationRule(reader.parameters().hand, file.hand), CalibrationRule::OtherHand);
     if (fault.contains("count=0")) { // an automatic backup gives up at once
         m_hand->clearTrace();
         ParameterReader once(target(), {.keys = {{Kind::SelfTestLevel}, {Kind::BeepSwitch}},
@@ -283,6 +300,19 @@ void TestHandParameters::writingFaults_data()
         {Result::NotTried, Result::NotTried, Result::NotTried});
     add("calibration", "fault refuse command=0x44", "fault refuse register=1030",
         Outcome::Completed, {written, written, Result::Refused});
+    QTest::newRow("damaged reply serialctrl") << "serialctrl"
+                                              << "fault garble command=0x46" << Outcome::Completed
+                                              << QList<Result>{written, written, written};
+    // Ends and starts have been written, the presets have not.
+    QTest::newRow("calibration in part modbus")
+        << "modbus"
+        << "fault drop register=1030 count=2" << Outcome::Completed
+        << QList<Result>{written, written, Result::NotKept};
+    // A hand that has neither the old calibration nor the new one.
+    QTest::newRow("changed calibration modbus")
+        << "modbus"
+        << "fault drop register=1020 count=2;set 2 start 3 1" << Outcome::OtherHand
+        << QList<Result>{written, written, Result::NoAnswer};
     add("other hand", "swap", "swap", Outcome::OtherHand,
         {Result::NotTried, Result::NotTried, Result::NotTried});
     // The hand is changed while its reply is lost.
@@ -301,7 +331,10 @@ void TestHandParameters::writingFaults()
     ParameterSet wanted = hand;
     wanted.values[{Kind::CurrentLimit, 0}] = {555};
     wanted.values[{Kind::BeepSwitch}] = {0};
-    wanted.values[{Kind::Calibration}][2] = 999;
+    ParameterValue& calibration = wanted.values[{Kind::Calibration}];
+    calibration[2] = 999;
+    calibration[8] = 3333;
+    calibration[12] = 777;
     if (fault == "swap") {
         command("set 3 revision 9");
         command("set 2 id 4");
@@ -329,9 +362,13 @@ void TestHandParameters::writingFaults()
         found.append(row.result);
     QCOMPARE(found, results);
     QVERIFY(writer.results().first().text().isEmpty() == (results[0] == Result::NotTried));
-    if (fault.contains("register=1030")) { // the ends have been written, the starts have not
-        QCOMPARE(writer.results().last().readBack, hand.value({Kind::Calibration}));
-        QVERIFY(writer.calibrationInHand().has_value());
+    QCOMPARE(writer.results().last().isUncertain(), results[2] == Result::NoAnswer);
+    if (fault.contains("register=1030")) { // the ends have been written
+        ParameterValue part = *hand.value({Kind::Calibration});
+        part[8] = 3333;
+        part[2] = results[2] == Result::NotKept ? 999 : part[2];
+        QCOMPARE(writer.results().last().readBack, std::optional(part));
+        QVERIFY(writer.calibrationInHand() == toCalibration(part));
     }
 }
 
@@ -360,9 +397,9 @@ void TestHandParameters::calibrationConsent()
     for (const ParameterRow& row : compareParameters(hand, file))
         QVERIFY2(!row.canTick(), qPrintable(row.key.name()));
     const auto written = [&](const ParameterWriter::Options& options) {
-        ParameterWriter writer(
-            target(), hand, file,
-            {{Kind::Calibration}, {Kind::BeepSwitch}, {Kind::PositionLimits, 3}}, options);
+        ParameterWriter writer(target(), hand, file,
+                               {{Kind::Calibration}, {Kind::BeepSwitch}, {Kind::PositionLimits, 3}},
+                               options);
         QString kinds;
         writer.run();
         for (const WrittenParameter& result : writer.results())
