@@ -78,7 +78,7 @@ const std::vector<Monkey::Action>& Monkey::actionTable()
         {"stop", 5, false, false, &Monkey::stopSequence},
         {"halt", 3, false, false, &Monkey::pressHalt},
         {"menu", 2, false, false, &Monkey::triggerAction},
-        {"parameters", 6, false, false, &Monkey::useParameters},
+        {"parameters", 10, false, false, &Monkey::useParameters},
         {"fault", 25, false, false, &Monkey::injectFault},
         {"cable", 1, false, false, &Monkey::interruptConnection},
     };

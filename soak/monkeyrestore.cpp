@@ -58,9 +58,11 @@ QList<Monitor::Write> tickedWrites(const QTableWidget& table)
 }
 } // namespace
 
-/// Changes the hands first, so that there is something to restore.
+/// Changes the hands first, so that there is something to restore. Most of the faults come later,
+/// when values are written: with a fault in every tenth request few hands can be read completely.
 void Monkey::useParameters()
 {
+    m_hand.command(QStringLiteral("clear"));
     for (const int node : {1, 2})
         m_hand.command(QStringLiteral("set %1 current-limit %2 %3")
                            .arg(node)
@@ -111,6 +113,8 @@ void Monkey::restoreParameters(QDialog* dialog)
     if (!button->isEnabled())
         return;
     ++m_counts[QStringLiteral("restore")];
+    if (randomBelow(2) == 0)
+        injectFault();
     m_monitor.beginRestore(tickedWrites(*dialog->findChild<QTableWidget*>()));
     connect(dialog, &QDialog::finished, this, [this] { m_monitor.endRestore(); });
     button->click();

@@ -14,7 +14,6 @@ using Entry = HandInformation::Entry;
 using Entries = std::span<Entry>;
 using EntryState = HandInformation::State;
 
-constexpr std::uint8_t ProbedFinger = 1; ///< for force sensing
 constexpr std::uint8_t NoThumbRootPreset = 255;
 
 QString translated(const char* english)

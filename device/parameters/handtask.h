@@ -9,6 +9,21 @@
 namespace vanto
 {
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow" // GCC 12 compares enumerators with the constant AnyNode
+/// How a task has ended.
+enum class HandTaskOutcome {
+    Running,
+    Completed,
+    Cancelled,
+    NoAnswer,   ///< as many time-outs in a row as the task accepts
+    PortLost,   ///< the port has vanished
+    Superseded, ///< the target is stale: closed, halted, another hand requested
+    OtherHand,  ///< another hand than before answers
+    AnyNode     ///< node 255 of SerialCtrl, which every hand obeys (tasks that write)
+};
+#pragma GCC diagnostic pop
+
 /// A longer piece of work with a hand in short steps, each one conversation, so that requests of
 /// the user, ticks and a halt get the line between them.
 ///
@@ -17,16 +32,7 @@ namespace vanto
 class HandTask
 {
 public:
-    enum class Outcome {
-        Running,
-        Completed,
-        Cancelled,
-        NoAnswer,   ///< as many time-outs in a row as the task accepts
-        PortLost,   ///< the port has vanished
-        Superseded, ///< the target is stale: closed, halted, another hand requested
-        OtherHand,  ///< another hand than before answers
-        AnyNode     ///< node 255 of SerialCtrl, which every hand obeys (tasks that write)
-    };
+    using Outcome = HandTaskOutcome;
     /// Called after each step, outside of conversations; it may process events and call cancel().
     using Progress = std::function<void(int done, int total)>;
 

@@ -3,6 +3,7 @@
 #include "modbusgain.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>

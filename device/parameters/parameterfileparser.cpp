@@ -118,7 +118,9 @@ bool setFirmware(HandFacts& hand, const QString& text)
 
 HandIdentity::Hardware& hardwareOf(HandFacts& hand)
 {
-    return hand.hardware ? *hand.hardware : hand.hardware.emplace();
+    if (!hand.hardware)
+        hand.hardware = HandIdentity::Hardware{};
+    return *hand.hardware;
 }
 
 bool setHardware(HandFacts& hand, const QString& text)

@@ -1,5 +1,6 @@
 #include "parameterwriter.h"
 
+#include "deviceentry.h"
 #include "parameterexchange.h"
 
 #include <QCoreApplication>
@@ -11,7 +12,6 @@ namespace vanto
 
 namespace
 {
-constexpr std::uint8_t AnyNode = 255;
 constexpr int MaxChecks = 3; ///< of a hand that refuses to say what it is
 
 QString hexCode(unsigned code)

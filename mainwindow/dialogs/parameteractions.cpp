@@ -101,7 +101,7 @@ std::optional<ParameterSet> ParameterActions::read(const HandTarget& target,
 {
     const auto reader = std::make_shared<ParameterReader>(
         target, ParameterReader::Options{.forceSensing = m_session->hasForceSensing(),
-                                         .toolVersion = QLatin1String(Program::Version)});
+                                         .toolVersion = Program::nameAndVersion()});
     TaskDialog::Tasks tasks{reader};
     if (first)
         tasks.prepend(first);
@@ -178,7 +178,7 @@ void ParameterActions::showInformationOf(const HandTarget& target)
         return;
     closeOpenInformation(m_window);
     SupportReport report;
-    report.toolVersion = QLatin1String(Program::Version);
+    report.toolVersion = Program::nameAndVersion();
     report.port = m_session->port().name;
     report.information = reader->information();
     report.parameters = *parameters;

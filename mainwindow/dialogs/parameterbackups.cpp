@@ -54,7 +54,7 @@ std::shared_ptr<ParameterReader> ParameterBackups::readerFor(const HandTarget& t
     return std::make_shared<ParameterReader>(
         target, ParameterReader::Options{.forceSensing = m_session->hasForceSensing(),
                                          .timeoutsInARow = 1,
-                                         .toolVersion = QLatin1String(Program::Version)});
+                                         .toolVersion = Program::nameAndVersion()});
 }
 
 void ParameterBackups::save(const HandTarget& target)

@@ -15,6 +15,11 @@ inline QString title()
 {
     return QCoreApplication::translate("Program", "VantoSetting");
 }
+/// Name and version, for files.
+inline QString nameAndVersion()
+{
+    return QStringLiteral("VantoSetting ") + QLatin1String(Version);
+}
 } // namespace Program
 
 } // namespace vanto
