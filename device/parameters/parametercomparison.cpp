@@ -45,6 +45,10 @@ QString ParameterRow::obstacle() const
     case State::OnlyInFile:
         return QCoreApplication::translate("Parameters", "The hand does not give this value.");
     case State::NotRepresentable:
+        if (!isGain(key.kind))
+            return QCoreApplication::translate("Parameters",
+                                               "Not known: values range from 0 to %1.")
+                .arg(describe(key.kind).maxKnown);
         return QCoreApplication::translate(
             "Parameters", "Not representable: over Modbus gains range from 0 to 655.35.");
     case State::Equal:

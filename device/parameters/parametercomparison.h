@@ -12,7 +12,7 @@ struct ParameterRow {
         Different,
         OnlyInHand,
         OnlyInFile,      ///< the hand does not give it, so it could not be read back
-        NotRepresentable ///< different, and no register of this hand can hold the file's value
+        NotRepresentable ///< different, and this hand cannot have the file's value
     };
 
     ParameterKey key;
