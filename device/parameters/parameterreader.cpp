@@ -10,8 +10,6 @@ namespace vanto
 
 namespace
 {
-constexpr std::uint8_t ForceProbeFinger = 1;
-
 bool readsKind(const QList<ParameterKey>& keys, ParameterKind kind)
 {
     return std::ranges::any_of(keys, [kind](const ParameterKey& key) { return key.kind == kind; });

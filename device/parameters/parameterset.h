@@ -39,6 +39,9 @@ struct HandFacts {
 /// line the same request can succeed the next time. Adapters number refusals of the hand higher.
 bool isDamagedReply(std::uint8_t result);
 
+/// A result code or sub error as text, for example "0x21".
+QString hexCode(unsigned code);
+
 /// A value that a hand did not give, and why.
 struct RefusedParameter {
     ParameterKey key;

@@ -13,11 +13,6 @@ namespace vanto
 namespace
 {
 constexpr int MaxChecks = 3; ///< of a hand that refuses to say what it is
-
-QString hexCode(unsigned code)
-{
-    return QStringLiteral("0x%1").arg(code, 2, 16, QLatin1Char('0'));
-}
 } // namespace
 
 QString WrittenParameter::text() const

@@ -470,6 +470,8 @@ void TestHandParameters::information()
         FrameLog::instance().frames()};
     const QJsonObject json = QJsonDocument::fromJson(report.toJson()).object();
     QCOMPARE(json["hand"].toObject()["firmware"].toString(), "1.4.7");
+    QCOMPARE(json["notKnown"].toObject()["batteryVoltage"].toString(), "refused");
+    QCOMPARE(json["notKnown"].toObject()["force.thumb"].toString(), "not supported");
     QCOMPARE(json["parameters"].toObject()["kind"].toString(), "hand parameters");
     QCOMPARE(json["frames"].toArray().size(), qsizetype(report.frames.size()));
     const QString whole = QString::fromUtf8(report.toText());
