@@ -93,7 +93,7 @@ bool ParameterTable::needsConsent(const ParameterKey& key) const
 /// Why the row cannot be ticked, or is not ticked by default.
 QString ParameterTable::noteFor(const ParameterRow& row) const
 {
-    if (row.isForOtherHand && row.obstacle().isEmpty())
+    if (row.isForOtherHand && row.state == ParameterRow::State::Different)
         return tr("The file is from another hand");
     if (!row.canTick())
         return row.obstacle();

@@ -404,7 +404,7 @@ void TestHandParameters::calibrationConsent()
         writer.run();
         for (const WrittenParameter& result : writer.results())
             if (result.result == Result::Written)
-                kinds += QLatin1String(describe(result.key.kind).name) + ' ';
+                kinds += QString(describe(result.key.kind).name) + ' ';
         return kinds;
     };
     QCOMPARE(written({.writeCalibration = true, .writeUnknownLimits = true}), "beepSwitch ");

@@ -212,6 +212,8 @@ void TestParameterFile::partialAndDuplicate()
     QCOMPARE(content.parameters.values.size(), 2U);
     QCOMPARE(content.parameters.values.at({Kind::P, 1}), ParameterValue{double(0.1F)});
     QCOMPARE(content.parameters.values.at({Kind::BeepSwitch}), ParameterValue{0});
+    const auto loader = ParameterFile::parse(fileWith(R"("hand": {"bootLoader": "1.2"})"));
+    QVERIFY(loader.isValid() && !loader.parameters.hand.hardware); // not hardware 0000
 }
 
 void TestParameterFile::badPath()
