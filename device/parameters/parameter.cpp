@@ -24,7 +24,6 @@ constexpr std::size_t ForceFingers = 5; ///< the thumb root has no force sensor
 constexpr int CalibrationValues = 15;
 constexpr double MaxSelfTestLevel = 2; ///< full self-test
 constexpr double MaxBeepSwitch = 1;    ///< all sounds
-constexpr float MaxModbusGain = 655.35F;
 
 constexpr ParameterDescriptor gainDescriptor(ParameterKind kind, const char* name)
 {
