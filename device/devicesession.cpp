@@ -7,7 +7,6 @@ namespace vanto
 
 namespace
 {
-constexpr std::uint8_t ForceProbeFinger = 1;
 constexpr int AskSilentHandMs = 1000;
 } // namespace
 

@@ -14,6 +14,14 @@ bool agree(const std::optional<Part>& one, const std::optional<Part>& other)
 }
 } // namespace
 
+QString HandIdentity::Hardware::text() const
+{
+    return QStringLiteral("%1%2")
+        .arg(type, 2, 16, QLatin1Char('0'))
+        .arg(version, 2, 16, QLatin1Char('0'))
+        .toUpper();
+}
+
 std::optional<HandIdentity> HandIdentity::read(HandCall& call)
 {
     HandIdentity identity;
@@ -63,11 +71,8 @@ QString HandIdentity::text() const
                          .arg(firmware->minor)
                          .arg(firmware->revision));
     if (hardware)
-        parts.append(QCoreApplication::translate("HandIdentity", "hardware %1")
-                         .arg(QStringLiteral("%1%2")
-                                  .arg(hardware->type, 2, 16, QLatin1Char('0'))
-                                  .arg(hardware->version, 2, 16, QLatin1Char('0'))
-                                  .toUpper()));
+        parts.append(
+            QCoreApplication::translate("HandIdentity", "hardware %1").arg(hardware->text()));
     return parts.join(QStringLiteral(", "));
 }
 

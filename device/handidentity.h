@@ -31,6 +31,7 @@ struct HandIdentity {
         std::uint8_t type = 0;
         std::uint8_t version = 0;
         std::uint16_t bootLoader = 0;
+        QString text() const; ///< type and version, for example "1B01"
         bool operator==(const Hardware&) const = default;
     };
     struct Calibration {

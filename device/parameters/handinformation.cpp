@@ -99,6 +99,14 @@ std::uint8_t readUsage(HandCall& call, Entries entries)
     return result;
 }
 
+/// The value is English, as all of a report is.
+void setNoPreset(Entry& entry)
+{
+    constexpr const char* none = QT_TRANSLATE_NOOP("HandInformation", "none");
+    setText(entry, QString::fromLatin1(none));
+    entry.text = translated(none);
+}
+
 std::uint8_t readThumbRoot(HandCall& call, Entries entries)
 {
     std::uint16_t position = 0;
@@ -108,7 +116,7 @@ std::uint8_t readThumbRoot(HandCall& call, Entries entries)
         return result;
     setNumber(entries[0], position);
     if (preset == NoThumbRootPreset)
-        setText(entries[1], translated(QT_TRANSLATE_NOOP("HandInformation", "none")));
+        setNoPreset(entries[1]);
     else
         setNumber(entries[1], preset);
     return result;
@@ -145,6 +153,15 @@ QJsonObject HandInformation::toJson() const
     QJsonObject object;
     for (const Entry& entry : entries)
         object.insert(entry.key, entry.value);
+    return object;
+}
+
+QJsonObject HandInformation::missingToJson() const
+{
+    QJsonObject object;
+    for (const Entry& entry : entries)
+        if (entry.state != State::Known)
+            object.insert(entry.key, QString::fromLatin1(stateText(entry.state)));
     return object;
 }
 
@@ -327,9 +344,7 @@ void HandInformationReader::perform(int step)
     HandCall call(target());
     const Entries entries(&m_information.entries[item.first], static_cast<std::size_t>(item.count));
     const std::uint8_t result = item.read(call, entries);
-    if (note(call, result) && result == ResultCode::Timeout)
-        repeatStep();
-    else if (isRunning() && result != ResultCode::Success)
+    if (noteRead(call, result) && result != ResultCode::Success)
         for (Entry& entry : entries)
             setState(entry, EntryState::Refused);
 }

@@ -37,13 +37,15 @@ struct HandInformation {
     QString toEnglish() const;
     /// One member for each entry, by its key; not known: null.
     QJsonObject toJson() const;
+    /// Why the others are not known, English, by their keys.
+    QJsonObject missingToJson() const;
 };
 
 /// Reads all that a hand tells; sends reads only.
 class HandInformationReader : public HandTask
 {
 public:
-    /// `forceSensing`: asked first if it is not known.
+    /// `forceSensing`: if it is not known, forces are read, and a hand without them refuses.
     explicit HandInformationReader(HandTarget target, std::optional<bool> forceSensing = {});
     ~HandInformationReader() override;
 

@@ -1,5 +1,7 @@
 #include "handtask.h"
 
+#include "parameterset.h"
+
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 
@@ -96,6 +98,20 @@ bool HandTask::note(const HandCall& call, std::uint8_t result)
     else if (m_timeouts >= m_timeoutsInARow)
         finish(Outcome::NoAnswer);
     return isRunning();
+}
+
+bool HandTask::noteRead(const HandCall& call, std::uint8_t result)
+{
+    if (!note(call, result))
+        return false;
+    const bool isLate = result == ResultCode::Timeout;
+    m_damagedReplies += isDamagedReply(result) ? 1 : 0;
+    if (isLate || (isDamagedReply(result) && m_damagedReplies < MaxDamagedReplies)) {
+        repeatStep();
+        return false;
+    }
+    m_damagedReplies = 0;
+    return true;
 }
 
 } // namespace vanto

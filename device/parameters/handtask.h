@@ -19,7 +19,7 @@ enum class HandTaskOutcome {
     NoAnswer,   ///< as many time-outs in a row as the task accepts
     PortLost,   ///< the port has vanished
     Superseded, ///< the target is stale: closed, halted, another hand requested
-    OtherHand,  ///< another hand than before answers (tasks that write)
+    OtherHand,  ///< another hand than before answers
     AnyNode     ///< node 255 of SerialCtrl, which every hand obeys (tasks that write)
 };
 #pragma GCC diagnostic pop
@@ -59,7 +59,8 @@ public:
 
 protected:
     /// `timeoutsInARow`: so many end the task.
-    static constexpr int TimeoutsInARow = 2; ///< unless a task accepts fewer
+    static constexpr int TimeoutsInARow = 2;    ///< unless a task accepts fewer
+    static constexpr int MaxDamagedReplies = 3; ///< to the same request; some firmware never fits
 
     HandTask(HandTarget target, int timeoutsInARow);
 
@@ -69,6 +70,9 @@ protected:
     /// Notes the result of an operation: counts time-outs, and ends the task if the port is lost,
     /// the target stale or the hand silent. Returns whether the task goes on.
     bool note(const HandCall& call, std::uint8_t result);
+    /// Like note(), for a read that is a step. Returns whether it has an end, good or bad;
+    /// otherwise the task has ended, or the step is repeated because the reply was late or damaged.
+    bool noteRead(const HandCall& call, std::uint8_t result);
     /// The present step is not done yet: perform() is called again with the same number.
     void repeatStep() { m_repeat = true; }
 
@@ -77,7 +81,8 @@ private:
     QObject m_context; ///< of the connections
     Outcome m_outcome = Outcome::Running;
     int m_done = 0;
-    int m_timeouts = 0; ///< in a row
+    int m_timeouts = 0;       ///< in a row
+    int m_damagedReplies = 0; ///< in the present step
     int m_timeoutsInARow;
     bool m_inStep = false;
     bool m_repeat = false;

@@ -22,11 +22,12 @@ constexpr double MaxWord = 65535;
 constexpr double MaxGain = std::numeric_limits<float>::max();
 constexpr std::size_t ForceFingers = 5; ///< the thumb root has no force sensor
 constexpr int CalibrationValues = 15;
-constexpr float MaxModbusGain = 655.35F;
+constexpr double MaxSelfTestLevel = 2; ///< full self-test
+constexpr double MaxBeepSwitch = 1;    ///< all sounds
 
 constexpr ParameterDescriptor gainDescriptor(ParameterKind kind, const char* name)
 {
-    return {kind, name, name, "", FingerCount, 1, -MaxGain, MaxGain, true, true};
+    return {kind, name, name, "", FingerCount, 1, -MaxGain, MaxGain, MaxGain, true, true};
 }
 
 using Kind = ParameterKind;
@@ -39,22 +40,22 @@ constexpr std::array Descriptors{
     gainDescriptor(Kind::G, "G"),
     ParameterDescriptor{Kind::CurrentLimit, "currentLimit",
                         QT_TRANSLATE_NOOP("Parameters", "Current limit"), "mA", FingerCount, 1, 0,
-                        MaxWord, false, true},
+                        MaxWord, MaxWord, false, true},
     ParameterDescriptor{Kind::ForceLimit, "forceLimit",
                         QT_TRANSLATE_NOOP("Parameters", "Force limit"), "mN", ForceFingers, 1, 0,
-                        MaxWord, false, true},
+                        MaxWord, MaxWord, false, true},
     ParameterDescriptor{Kind::PositionLimits, "positionLimits",
                         QT_TRANSLATE_NOOP("Parameters", "Position limits"), "", FingerCount, 2, 0,
-                        MaxWord, false, false},
+                        MaxWord, MaxWord, false, false},
     ParameterDescriptor{Kind::SelfTestLevel, "selfTestLevel",
                         QT_TRANSLATE_NOOP("Parameters", "Self-test level"), "", 0, 1, 0, MaxByte,
-                        false, false},
+                        MaxSelfTestLevel, false, false},
     ParameterDescriptor{Kind::BeepSwitch, "beepSwitch",
-                        QT_TRANSLATE_NOOP("Parameters", "Beep switch"), "", 0, 1, 0, MaxByte, false,
-                        true},
+                        QT_TRANSLATE_NOOP("Parameters", "Beep switch"), "", 0, 1, 0, MaxByte,
+                        MaxBeepSwitch, false, true},
     ParameterDescriptor{Kind::Calibration, "calibration",
                         QT_TRANSLATE_NOOP("Parameters", "Calibration"), "", 0, CalibrationValues, 0,
-                        MaxWord, false, false},
+                        MaxWord, MaxWord, false, false},
 };
 
 struct FingerName {
@@ -272,6 +273,9 @@ bool ParameterValues::equal(ParameterKind kind, const ParameterValue& one,
 bool ParameterValues::isRepresentable(ParameterKind kind, const ParameterValue& value,
                                       PROTOCOL_TYPE protocol)
 {
+    const double maxKnown = describe(kind).maxKnown;
+    if (std::ranges::any_of(value, [maxKnown](double number) { return number > maxKnown; }))
+        return false;
     if (!isGain(kind) || protocol == PROTOCOL_TYPE_SERIALCTRL)
         return true;
     return std::ranges::all_of(value, [](double number) {

@@ -56,11 +56,17 @@ struct ParameterDescriptor {
     std::size_t fingers;     ///< it exists for the first ones, Thumb first; 0: once for the hand
     int valueCount;
     double min;
-    double max;
+    double max;           ///< that a hand can store
+    double maxKnown;      ///< that has a known meaning; larger values are saved but never written
     bool isGain;          ///< a float; otherwise integers
     bool tickedByDefault; ///< whether a difference is restored unless the user decides otherwise
 
     bool isPerFinger() const { return fingers > 0; }
+    /// Whether the value fits one hand only, because no two hands end at the same raw positions.
+    bool belongsToOneHand() const
+    {
+        return kind == ParameterKind::Calibration || kind == ParameterKind::PositionLimits;
+    }
     /// An empty text if the value is valid, otherwise the reason, for example
     /// "expected an integer from 0 to 65535, found 70000".
     QString check(const ParameterValue& value) const;
@@ -109,7 +115,8 @@ std::optional<ParameterValue> parse(ParameterKind kind, const QStringList& texts
 /// SerialCtrl, the same hundredth over Modbus, otherwise the same integers.
 bool equal(ParameterKind kind, const ParameterValue& one, const ParameterValue& other,
            PROTOCOL_TYPE protocol);
-/// False for a gain that the registers of a Modbus hand cannot hold: below 0 or above 655.35.
+/// False for a gain that the registers of a Modbus hand cannot hold: below 0 or above 655.35, and
+/// for a self-test level or beep switch that no hand is known to have: above 2 or 1.
 bool isRepresentable(ParameterKind kind, const ParameterValue& value, PROTOCOL_TYPE protocol);
 } // namespace ParameterValues
 

@@ -54,17 +54,21 @@ ParameterBackup::Saved ParameterBackup::save(const ParameterSet& parameters)
     if (!target.mkpath(QStringLiteral(".")))
         return {{},
                 QCoreApplication::translate("ParameterFile", "The folder %1 cannot be created.")
-                    .arg(folder())};
+                    .arg(folder()),
+                {}};
     const QString path = target.filePath(fileName(parameters));
     const QString error = ParameterFile::write(path, parameters);
     if (!error.isEmpty())
-        return {{}, error};
+        return {{}, error, {}};
+    QStringList missing;
+    for (const RefusedParameter& refused : parameters.refused)
+        missing.append(refused.text());
     // A clock that was set back must not make the new backup an old one.
     QStringList others = backupsOf(parameters.hand);
     others.removeOne(fileName(parameters));
     for (const QString& old : others.mid(KeptPerHand - 1))
         QFile::remove(target.filePath(old));
-    return {path, {}};
+    return {path, {}, missing.join(QStringLiteral("; "))};
 }
 
 QString ParameterBackup::newest(const HandFacts& hand)

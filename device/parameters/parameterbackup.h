@@ -18,7 +18,8 @@ QString fileName(const ParameterSet& parameters);
 
 struct Saved {
     QString path;
-    QString error; ///< for the user; empty on success
+    QString error;   ///< for the user; empty on success
+    QString missing; ///< for the user: values that could not be read; empty if there are none
 };
 /// Writes a file of the folder and removes all but the newest ones of this hand.
 Saved save(const ParameterSet& parameters);

@@ -45,6 +45,10 @@ QString ParameterRow::obstacle() const
     case State::OnlyInFile:
         return QCoreApplication::translate("Parameters", "The hand does not give this value.");
     case State::NotRepresentable:
+        if (!isGain(key.kind))
+            return QCoreApplication::translate("Parameters",
+                                               "Not known: values range from 0 to %1.")
+                .arg(describe(key.kind).maxKnown);
         return QCoreApplication::translate(
             "Parameters", "Not representable: over Modbus gains range from 0 to 655.35.");
     case State::Equal:
@@ -62,10 +66,12 @@ QList<ParameterRow> compareParameters(const ParameterSet& hand, const ParameterS
         for (const auto& entry : set->values)
             keys.insert(entry.first);
     const PROTOCOL_TYPE protocol = hand.hand.protocolType.value_or(PROTOCOL_TYPE_SERIALCTRL);
+    const bool isOtherHand = calibrationRule(hand.hand, file.hand) == CalibrationRule::OtherHand;
     QList<ParameterRow> rows;
     for (const ParameterKey& key : keys) {
         ParameterRow row{key, hand.value(key), file.value(key)};
         row.state = compareValues(row, protocol, tolerances);
+        row.isForOtherHand = isOtherHand && describe(key.kind).belongsToOneHand();
         rows.append(row);
     }
     return rows;
@@ -104,6 +110,8 @@ bool isOtherHardware(const HandFacts& hand, const HandFacts& file)
 
 CalibrationRule calibrationRule(const HandFacts& hand, const HandFacts& file)
 {
+    if (hand.isUidUnreadable && file.uid)
+        return CalibrationRule::OtherHand;
     if (!hand.uid || !file.uid)
         return CalibrationRule::UnknownHand;
     return *hand.uid == *file.uid ? CalibrationRule::SameHand : CalibrationRule::OtherHand;

@@ -13,19 +13,9 @@ namespace vanto
 
 namespace
 {
-QString jsonNumber(ParameterKind kind, double number)
-{
-    return isGain(kind) ? QString::number(ParameterValues::shortest(static_cast<float>(number)),
-                                          'g', QLocale::FloatingPointShortest)
-                        : QString::number(static_cast<qint64>(number));
-}
-
 QString jsonNumbers(ParameterKind kind, const ParameterValue& value)
 {
-    QStringList texts;
-    for (const double number : value)
-        texts.append(jsonNumber(kind, number));
-    return QLatin1Char('[') + texts.join(QStringLiteral(", ")) + QLatin1Char(']');
+    return QLatin1Char('[') + ParameterValues::text(kind, value) + QLatin1Char(']');
 }
 
 void writeHand(JsonText& json, const HandFacts& hand)
@@ -66,7 +56,7 @@ void writeValue(JsonText& json, const ParameterSet& parameters, const ParameterK
         writeCalibration(json, *value);
     else
         json.raw(QString::fromLatin1(descriptor.name), descriptor.valueCount == 1
-                                                           ? jsonNumber(key.kind, value->first())
+                                                           ? ParameterValues::text(key.kind, *value)
                                                            : jsonNumbers(key.kind, *value));
 }
 

@@ -228,7 +228,7 @@ bool ParameterFileParser::parseMember(const QString& key, const QJsonValue& json
     if (key == QLatin1String("time"))
         return parseTime(key, json);
     if (key == HandKey)
-        return parseMembers(key, json, &ParameterFileParser::parseHand);
+        return parseHandFacts(key, json);
     if (key == FingersKey)
         return parseMembers(key, json, &ParameterFileParser::parseFinger);
     return parseHandParameter(key, json);
@@ -262,6 +262,16 @@ bool ParameterFileParser::parseTime(const QString& path, const QJsonValue& json)
                 foundText(QT_TRANSLATE_NOOP("ParameterFile", "expected a time such as "
                                                              "\"2026-11-22T06:25:17Z\", found %1"),
                           json));
+}
+
+/// A boot loader alone does not say what the hardware is.
+bool ParameterFileParser::parseHandFacts(const QString& path, const QJsonValue& json)
+{
+    if (!parseMembers(path, json, &ParameterFileParser::parseHand))
+        return false;
+    if (!json.toObject().contains(QLatin1String("hardware")))
+        parameters().hand.hardware.reset();
+    return true;
 }
 
 bool ParameterFileParser::parseHand(const QString& key, const QJsonValue& json)

@@ -22,6 +22,7 @@ private:
     bool parseMember(const QString& key, const QJsonValue& json);
     bool parseHandParameter(const QString& key, const QJsonValue& json);
     bool parseTime(const QString& path, const QJsonValue& json);
+    bool parseHandFacts(const QString& path, const QJsonValue& json);
     bool parseHand(const QString& key, const QJsonValue& json);
     bool parseFinger(const QString& name, const QJsonValue& json);
     bool parseFingerParameter(std::uint8_t finger, const QString& name, const QJsonValue& json);

@@ -10,8 +10,6 @@ namespace vanto
 
 namespace
 {
-constexpr std::uint8_t ForceProbeFinger = 1;
-
 bool readsKind(const QList<ParameterKey>& keys, ParameterKind kind)
 {
     return std::ranges::any_of(keys, [kind](const ParameterKey& key) { return key.kind == kind; });
@@ -35,14 +33,25 @@ ParameterReader::ParameterReader(HandTarget target, Options options)
     }
     if (!m_options.forceSensing && readsKind(m_options.keys, ParameterKind::ForceLimit))
         m_steps.push_back({What::ForceProbe});
+    addParameters();
+    if (m_steps.empty())
+        finish(Outcome::Completed);
+    else if (m_options.facts)
+        m_steps.push_back({What::SameHand});
+}
+
+/// The calibration comes first, because it tells one hand from another.
+void ParameterReader::addParameters()
+{
+    std::ranges::stable_partition(m_options.keys, [](const ParameterKey& key) {
+        return key.kind == ParameterKind::Calibration;
+    });
     PerFinger<bool> readsGains{};
     for (const ParameterKey& key : std::as_const(m_options.keys)) {
         if (isGain(key.kind) && std::exchange(readsGains.at(*key.finger), true))
             continue; // all gains of a finger are one read
-        m_steps.push_back({What::Parameter, key});
+        m_steps.push_back({Step::What::Parameter, key});
     }
-    if (m_steps.empty())
-        finish(Outcome::Completed);
 }
 
 int ParameterReader::stepCount() const
@@ -53,15 +62,45 @@ int ParameterReader::stepCount() const
 void ParameterReader::perform(int step)
 {
     const Step& now = m_steps[static_cast<std::size_t>(step)];
+    if (now.what == Step::What::SameHand) {
+        checkHand();
+        return;
+    }
     if (now.what == Step::What::Parameter && !isAvailable(now.key))
         return;
     HandCall call(target());
     const std::uint8_t result =
         now.what == Step::What::Parameter ? readParameter(call, now.key) : readFact(call, now.what);
-    if (note(call, result) && result == ResultCode::Timeout)
-        repeatStep();
-    else if (isRunning() && result != ResultCode::Success && now.what == Step::What::Parameter)
+    m_hadTimeout = m_hadTimeout || result == ResultCode::Timeout;
+    if (!noteRead(call, result) || result == ResultCode::Success)
+        return;
+    if (now.what == Step::What::Parameter)
         refuse(now.key, result, call.subError());
+    else if (now.what == Step::What::Uid)
+        m_parameters.hand.isUidUnreadable = isDamagedReply(result);
+}
+
+void ParameterReader::checkHand()
+{
+    if (!m_hadTimeout)
+        return;
+    HandCall call(target());
+    const auto identity = HandIdentity::read(call);
+    HandFacts::Uid uid{};
+    const HandFacts& facts = m_parameters.hand;
+    const std::uint8_t result =
+        !identity    ? ResultCode::Timeout
+        : !facts.uid ? ResultCode::Success
+                     : call.attempt<&VantoProtocol::getUID>(&uid[0], &uid[1], &uid[2]);
+    if (!noteRead(call, result))
+        return;
+    const auto calibration = m_parameters.value({ParameterKind::Calibration});
+    const HandIdentity known{facts.firmware, facts.protocol, facts.hardware,
+                             calibration ? std::optional(toCalibration(*calibration))
+                                         : std::nullopt};
+    if (result != ResultCode::Success || !identity->matches(known) ||
+        (facts.uid && uid != *facts.uid))
+        finish(Outcome::OtherHand);
 }
 
 std::uint8_t ParameterReader::readFact(HandCall& call, Step::What what)
@@ -96,6 +135,7 @@ std::uint8_t ParameterReader::readFact(HandCall& call, Step::What what)
             call.attempt<&VantoProtocol::getFingerForce>(ForceProbeFinger, &force, std::uint8_t{1}),
             m_options.forceSensing, true);
     case Step::What::Parameter:
+    case Step::What::SameHand:
         break;
     }
     return ResultCode::Success;

@@ -12,7 +12,8 @@ namespace vanto
 ///
 /// Force limits are read only with force sensing, position limits only over SerialCtrl. What the
 /// hand refuses is listed and skipped. A read that is not answered is sent once more, unless one
-/// time-out ends the task.
+/// time-out ends the task; one with a damaged reply is repeated, too. After a time-out, another
+/// hand may have taken the place of the first: the last step finds out and ends the task then.
 class ParameterReader : public HandTask
 {
 public:
@@ -33,11 +34,13 @@ public:
 
 private:
     struct Step {
-        enum class What { Firmware, Protocol, Hardware, Uid, ForceProbe, Parameter } what;
+        enum class What { Firmware, Protocol, Hardware, Uid, ForceProbe, Parameter, SameHand } what;
         ParameterKey key = {};
     };
 
     void perform(int step) override;
+    void addParameters();
+    void checkHand();
     std::uint8_t readFact(HandCall& call, Step::What what);
     std::uint8_t readParameter(HandCall& call, const ParameterKey& key);
     void keepGain(const ParameterKey& key, float gain);
@@ -47,6 +50,7 @@ private:
 
     Options m_options;
     std::vector<Step> m_steps;
+    bool m_hadTimeout = false;
     ParameterSet m_parameters;
 };
 

@@ -9,6 +9,7 @@ namespace
 {
 constexpr int HexBase = 16;
 constexpr QLatin1Char HexFill('0');
+constexpr std::uint8_t FirstRefusal = 0x10;
 
 template<class Number>
 QString hexadecimal(Number number, int digits)
@@ -19,11 +20,6 @@ QString hexadecimal(Number number, int digits)
 QString joinedVersion(unsigned major, unsigned minor)
 {
     return QStringLiteral("%1.%2").arg(major).arg(minor);
-}
-
-QString codeText(unsigned code)
-{
-    return QStringLiteral("0x%1").arg(code, 2, HexBase, HexFill);
 }
 } // namespace
 
@@ -54,8 +50,7 @@ QString HandFacts::firmwareText() const
 
 QString HandFacts::hardwareText() const
 {
-    return hardware ? hexadecimal(uint{hardware->type}, 2) + hexadecimal(uint{hardware->version}, 2)
-                    : QString();
+    return hardware ? hardware->text() : QString();
 }
 
 QString HandFacts::bootLoaderText() const
@@ -74,14 +69,27 @@ QString HandFacts::uidText() const
     return text;
 }
 
+bool isDamagedReply(std::uint8_t result)
+{
+    return result != ResultCode::Success && result != ResultCode::Timeout && result < FirstRefusal;
+}
+
+QString hexCode(unsigned code)
+{
+    return QStringLiteral("0x%1").arg(code, 2, HexBase, HexFill);
+}
+
 QString RefusedParameter::text() const
 {
     if (result == ResultCode::Success)
         return QCoreApplication::translate("Parameters", "%1: not a number").arg(key.displayName());
     if (result == ResultCode::Timeout)
         return QCoreApplication::translate("Parameters", "%1: no answer").arg(key.displayName());
+    if (isDamagedReply(result))
+        return QCoreApplication::translate("Parameters", "%1: no valid answer (result %2)")
+            .arg(key.displayName(), hexCode(result));
     return QCoreApplication::translate("Parameters", "%1: refused (result %2, sub error %3)")
-        .arg(key.displayName(), codeText(result), codeText(subError));
+        .arg(key.displayName(), hexCode(result), hexCode(subError));
 }
 
 std::optional<ParameterValue> ParameterSet::value(const ParameterKey& key) const

@@ -21,6 +21,7 @@ struct HandFacts {
     std::optional<HandIdentity::Firmware> firmware;
     std::optional<HandIdentity::Hardware> hardware; ///< boot loader 0: unknown
     std::optional<Uid> uid;                         ///< SerialCtrl only
+    bool isUidUnreadable = false; ///< the hand has a UID, but its replies are damaged
 
     bool operator==(const HandFacts&) const = default;
 
@@ -33,6 +34,13 @@ struct HandFacts {
     QString bootLoaderText() const;  ///< "1.2"
     QString uidText() const;         ///< 24 hexadecimal digits
 };
+
+/// Whether a result means that a reply came, but damaged or to something else: with noise on the
+/// line the same request can succeed the next time. Adapters number refusals of the hand higher.
+bool isDamagedReply(std::uint8_t result);
+
+/// A result code or sub error as text, for example "0x21".
+QString hexCode(unsigned code);
 
 /// A value that a hand did not give, and why.
 struct RefusedParameter {

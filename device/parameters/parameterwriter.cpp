@@ -1,7 +1,6 @@
 #include "parameterwriter.h"
 
 #include "deviceentry.h"
-#include "parametercomparison.h"
 #include "parameterexchange.h"
 
 #include <QCoreApplication>
@@ -14,11 +13,6 @@ namespace vanto
 namespace
 {
 constexpr int MaxChecks = 3; ///< of a hand that refuses to say what it is
-
-QString hexCode(unsigned code)
-{
-    return QStringLiteral("0x%1").arg(code, 2, 16, QLatin1Char('0'));
-}
 } // namespace
 
 QString WrittenParameter::text() const
@@ -39,7 +33,10 @@ QString WrittenParameter::text() const
                               .arg(ParameterValues::text(key.kind, *readBack))
                         : translated(QT_TRANSLATE_NOOP("Parameters", "not kept"));
     case Result::NoAnswer:
-        return translated(QT_TRANSLATE_NOOP("Parameters", "no answer"));
+        return translated(
+            isUncertain() && key.kind == ParameterKind::Calibration
+                ? QT_TRANSLATE_NOOP("Parameters", "no answer, the hand may have a part of it")
+                : QT_TRANSLATE_NOOP("Parameters", "no answer"));
     }
     return {};
 }
@@ -54,13 +51,12 @@ ParameterWriter::ParameterWriter(HandTarget target, const ParameterSet& hand,
                                  Options options)
     : HandTask(std::move(target), options.timeoutsInARow),
       m_facts(hand.hand),
+      m_rule(calibrationRule(hand.hand, wanted.hand)),
       m_wanted(wanted.values),
       m_options(options)
 {
     if (const auto calibration = hand.value({ParameterKind::Calibration}))
-        m_known = toCalibration(*calibration);
-    if (calibrationRule(hand.hand, wanted.hand) == CalibrationRule::OtherHand)
-        m_options.writeCalibration = false;
+        m_known = m_expected = *calibration;
     QList<ParameterKey> sorted = chosen;
     std::ranges::sort(sorted);
     for (const ParameterKey& key : std::as_const(sorted)) {
@@ -79,8 +75,12 @@ bool ParameterWriter::canWrite(const ParameterKey& key) const
     const auto wanted = m_wanted.find(key);
     if (wanted == m_wanted.end() || !describe(key.kind).check(wanted->second).isEmpty())
         return false;
+    if (describe(key.kind).belongsToOneHand() && m_rule == CalibrationRule::OtherHand)
+        return false;
     if (key.kind == ParameterKind::Calibration)
         return m_options.writeCalibration;
+    if (key.kind == ParameterKind::PositionLimits)
+        return m_rule == CalibrationRule::SameHand || m_options.writeUnknownLimits;
     return ParameterValues::isRepresentable(key.kind, wanted->second,
                                             target().adapter->protocolType());
 }
@@ -120,16 +120,17 @@ void ParameterWriter::perform(int step)
 /// Returns whether the hand is the one that was read; otherwise the task has ended.
 bool ParameterWriter::checkHand(HandCall& call)
 {
-    const HandIdentity known{m_facts.firmware, m_facts.protocol, m_facts.hardware, m_known};
+    const HandIdentity known{m_facts.firmware, m_facts.protocol, m_facts.hardware, {}};
     for (int check = 0; isRunning() && check < MaxChecks; ++check) {
         const auto identity = HandIdentity::read(call);
         if (!note(call, identity ? ResultCode::Success : ResultCode::Timeout))
             return false;
         if (!identity)
             continue;
-        if (!known.matches(*identity))
+        if (!known.matches(*identity) || !isKnown(identity->calibration))
             break;
-        if (identity->covers(known) && hasKnownUid(call))
+        const bool isComplete = identity->covers(known) && (identity->calibration || !m_known);
+        if (isComplete && hasKnownUid(call))
             return isRunning();
     }
     finish(Outcome::OtherHand);
@@ -145,13 +146,51 @@ bool ParameterWriter::hasKnownUid(HandCall& call)
     return note(call, result) && result == ResultCode::Success && uid == *m_facts.uid;
 }
 
-/// Reads until the hand answers or the task ends; the hand is checked after a time-out.
+/// Each position may be the one before or after the present write.
+bool ParameterWriter::isKnown(const std::optional<HandIdentity::Calibration>& calibration) const
+{
+    if (!calibration || !m_known)
+        return true;
+    const ParameterValue now = fromCalibration(*calibration);
+    for (qsizetype i = 0; i < now.size(); ++i)
+        if (now[i] != m_known->value(i) && now[i] != m_expected.value(i))
+            return false;
+    return true;
+}
+
+/// Before a write that changes by what the hand is recognized. A hand may keep position limits and
+/// calibration in the same place.
+void ParameterWriter::expectChange(const ParameterKey& key)
+{
+    const ParameterValue& wanted = m_wanted.at(key);
+    if (key.kind == ParameterKind::Calibration) {
+        m_expected = wanted;
+    } else if (key.kind == ParameterKind::PositionLimits && m_known) {
+        m_expected[*key.finger] = wanted[0];
+        m_expected[static_cast<qsizetype>(FingerCount) + *key.finger] = wanted[1];
+    }
+}
+
+void ParameterWriter::keepCalibration(const ParameterValue& value)
+{
+    m_known = m_expected = value;
+    m_calibration = toCalibration(value);
+}
+
+/// Reads until the hand gives a valid answer or the task ends; the hand is checked after a
+/// time-out.
 template<class Read>
 std::uint8_t ParameterWriter::readPatiently(HandCall& call, Read read)
 {
     std::uint8_t result = read();
-    while (note(call, result) && result == ResultCode::Timeout)
-        result = checkHand(call) ? read() : result;
+    int damagedReplies = 0;
+    while (note(call, result)) {
+        if (result == ResultCode::Timeout
+                ? !checkHand(call)
+                : !isDamagedReply(result) || ++damagedReplies >= MaxDamagedReplies)
+            break;
+        result = read();
+    }
     return result;
 }
 
@@ -188,10 +227,8 @@ void ParameterWriter::writeOther(HandCall& call, const Write& job)
     WrittenParameter& result = m_results[job.results.first()];
     if (!call.isCurrent())
         return;
+    expectChange(job.key);
     const std::uint8_t code = ParameterExchange::write(call, job.key, m_wanted.at(job.key));
-    // These decide by what the hand is recognized, also if only a part has been written.
-    if (job.key.kind == ParameterKind::Calibration || job.key.kind == ParameterKind::PositionLimits)
-        m_known.reset();
     ParameterValue value;
     if (!noteWrite(call, job, code) || readPatiently(call, [&] {
                                            return ParameterExchange::read(call, job.key, value);
@@ -199,19 +236,18 @@ void ParameterWriter::writeOther(HandCall& call, const Write& job)
         return;
     judge(result, value);
     if (job.key.kind == ParameterKind::Calibration)
-        m_known = m_calibration = toCalibration(value);
+        keepCalibration(value);
     else if (job.key.kind == ParameterKind::PositionLimits)
         readCalibration(call);
 }
 
-/// A hand may store position limits and calibration in the same place.
 void ParameterWriter::readCalibration(HandCall& call)
 {
     ParameterValue value;
     if (readPatiently(call, [&] {
             return ParameterExchange::read(call, {ParameterKind::Calibration}, value);
         }) == ResultCode::Success)
-        m_known = m_calibration = toCalibration(value);
+        keepCalibration(value);
 }
 
 /// Marks the parameters of a write by its result. Returns whether they are to be read back.
@@ -220,7 +256,7 @@ bool ParameterWriter::noteWrite(HandCall& call, const Write& job, std::uint8_t r
     const bool goesOn = note(call, result);
     if (result == ResultCode::Success)
         mark(job, WrittenParameter::Result::NotKept, result, 0); // until it has been read back
-    else if (result == ResultCode::Timeout || !goesOn)
+    else if (result == ResultCode::Timeout || isDamagedReply(result) || !goesOn)
         mark(job, WrittenParameter::Result::NoAnswer, result, 0);
     else
         refuse(job, result, call.subError());
@@ -243,16 +279,17 @@ void ParameterWriter::mark(const Write& job, WrittenParameter::Result result, st
     }
 }
 
-/// Decides by what was read back. What the hand has refused stays refused.
+/// Decides by what was read back.
 void ParameterWriter::judge(WrittenParameter& written, const ParameterValue& value)
 {
     using Result = WrittenParameter::Result;
     written.readBack = value;
-    if (written.result == Result::Refused)
-        return;
     const bool kept = ParameterValues::equal(written.key.kind, m_wanted.at(written.key), value,
                                              target().adapter->protocolType());
-    written.result = kept ? Result::Written : Result::NotKept;
+    if (kept)
+        written.result = Result::Written;
+    else if (written.result != Result::Refused)
+        written.result = Result::NotKept;
 }
 
 } // namespace vanto

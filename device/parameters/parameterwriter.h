@@ -1,7 +1,7 @@
 #pragma once
 
 #include "handtask.h"
-#include "parameterset.h"
+#include "parametercomparison.h"
 
 #include <vector>
 
@@ -12,9 +12,9 @@ namespace vanto
 struct WrittenParameter {
     enum class Result {
         NotTried,
-        Written, ///< and read back
-        Refused,
-        NotKept,  ///< accepted, but another value was read back, or none
+        Written,  ///< and read back
+        Refused,  ///< and not kept
+        NotKept,  ///< not refused, but another value was read back, or none
         NoAnswer, ///< it is not known whether the hand has it now
     };
 
@@ -24,6 +24,8 @@ struct WrittenParameter {
     std::uint8_t code = 0;                       ///< result code of the failed operation
     std::uint8_t subError = 0;
 
+    /// Whether the hand may have the old value, the new one or, of a calibration, a part of it.
+    bool isUncertain() const { return result != Result::NotTried && !readBack; }
     /// For the user, translated, for example "not kept (1.5)".
     QString text() const;
 };
@@ -42,6 +44,9 @@ public:
         /// The user's own consent to write the calibration: without it the calibration is not
         /// tried, even if chosen. It never is if calibrationRule() says OtherHand.
         bool writeCalibration = false;
+        /// The user's consent to write position limits although calibrationRule() says UnknownHand.
+        /// If it says OtherHand, they are never written.
+        bool writeUnknownLimits = false;
         /// Allow node 255 of SerialCtrl, which writes to every hand on the bus.
         bool anyNode = false;
         int timeoutsInARow = TimeoutsInARow;
@@ -77,6 +82,9 @@ private:
     void addWrite(const ParameterKey& key, qsizetype result);
     bool checkHand(HandCall& call);
     bool hasKnownUid(HandCall& call);
+    bool isKnown(const std::optional<HandIdentity::Calibration>& calibration) const;
+    void expectChange(const ParameterKey& key);
+    void keepCalibration(const ParameterValue& value);
     template<class Read>
     std::uint8_t readPatiently(HandCall& call, Read read);
     void writeGains(HandCall& call, const Write& job);
@@ -89,7 +97,9 @@ private:
     void judge(WrittenParameter& written, const ParameterValue& value);
 
     HandFacts m_facts;
-    std::optional<HandIdentity::Calibration> m_known; ///< calibration that identifies the hand
+    CalibrationRule m_rule;
+    std::optional<ParameterValue> m_known; ///< calibration that identifies the hand
+    ParameterValue m_expected; ///< the same after the present write; it can be executed in part
     std::map<ParameterKey, ParameterValue> m_wanted;
     Options m_options;
     std::vector<Write> m_writes;

@@ -22,10 +22,8 @@ QString systemText()
 
 QString refusedText(const RefusedParameter& refused)
 {
-    return QStringLiteral("%1: result 0x%2, sub error 0x%3")
-        .arg(refused.key.name())
-        .arg(refused.result, 2, 16, QLatin1Char('0'))
-        .arg(refused.subError, 2, 16, QLatin1Char('0'));
+    return QStringLiteral("%1: result %2, sub error %3")
+        .arg(refused.key.name(), hexCode(refused.result), hexCode(refused.subError));
 }
 
 QString section(const char* title)
@@ -70,6 +68,7 @@ QByteArray SupportReport::toJson() const
         {QStringLiteral("system"), systemText()},
         {QStringLiteral("port"), port},
         {QStringLiteral("hand"), information.toJson()},
+        {QStringLiteral("notKnown"), information.missingToJson()},
         {QStringLiteral("parameters"),
          QJsonDocument::fromJson(ParameterFile::format(parameters)).object()},
         {QStringLiteral("refused"), refusedParameters},

@@ -73,6 +73,8 @@ void ParameterBackups::save(const HandTarget& target)
         failure = saved.error;
         if (failure.isEmpty())
             m_backup = Backup{reader->parameters(), saved.path};
+        if (!saved.missing.isEmpty())
+            m_reporter->showError(tr("The backup is incomplete. %1").arg(saved.missing));
     }
     if (!failure.isEmpty())
         m_reporter->showError(tr("The parameters were not backed up. %1").arg(failure));

@@ -73,8 +73,9 @@ ParametersDialog::ParametersDialog(QWidget* window, DeviceSession* session, Halt
     halt->addTo(buttons);
     connect(m_equalRows, &QCheckBox::toggled, m_table, &ParameterTable::showEqualRows);
     connect(m_table, &ParameterTable::sig_ticksChanged, this, &ParametersDialog::updateControls);
-    connect(m_table, &ParameterTable::sig_calibrationRequested, this,
-            [this] { whenIdle([this] { askForCalibration(); }); });
+    connect(
+        m_table, &ParameterTable::sig_consentNeeded, this,
+        [this](const QList<ParameterKey>& keys) { whenIdle([=, this] { askForConsent(keys); }); });
     // Queued: the state may change while the port is being closed.
     connect(session, &DeviceSession::sig_stateChanged, this, &ParametersDialog::updateControls,
             Qt::QueuedConnection);
@@ -185,20 +186,23 @@ bool ParametersDialog::ask(const QString& question)
                                 QMessageBox::No) == QMessageBox::Yes;
 }
 
-void ParametersDialog::askForCalibration()
+/// The same question for all that belongs to one hand, so it is asked until the answer is yes.
+void ParametersDialog::askForConsent(const QList<ParameterKey>& keys)
 {
     if (isRestoring())
         return;
     const bool isKnown =
         calibrationRule(m_subject.hand.hand, m_subject.file.hand) == CalibrationRule::SameHand;
-    const bool accepted =
-        ask(tr("The calibration tells the hand where its fingers end. With a wrong one the fingers "
-               "are driven into their stops and can be damaged.\n"
-               "Restore the calibration of the file?")) &&
-        (isKnown || ask(tr("The file or the hand has no unique id, so the file may be from another "
-                           "hand. The calibrations of two hands are never the same.\n"
-                           "Are you sure that the file is from this hand?")));
-    m_table->tickCalibration(accepted && !isRestoring());
+    m_hasConsent =
+        m_hasConsent ||
+        (ask(tr("Calibration and position limits define where the fingers end. With wrong ones the "
+                "fingers are driven into their stops and can be damaged.\n"
+                "Restore those of the file?")) &&
+         (isKnown ||
+          ask(tr("The file or the hand has no unique id, so the file may be from another "
+                 "hand. The calibrations of two hands are never the same.\n"
+                 "Are you sure that the file is from this hand?"))));
+    m_table->setTicked(keys, m_hasConsent && !isRestoring());
 }
 
 void ParametersDialog::copyGains()
@@ -219,7 +223,8 @@ void ParametersDialog::restore()
     if (isRestoring() || chosen.isEmpty() || !m_subject.target.isCurrent())
         return;
     const ParameterWriter::Options options{.writeCalibration =
-                                               m_table->isTicked({ParameterKind::Calibration})};
+                                               m_table->isTicked({ParameterKind::Calibration}),
+                                           .writeUnknownLimits = m_hasConsent};
     m_writer = std::make_shared<ParameterWriter>(m_subject.target, m_subject.hand, m_subject.file,
                                                  chosen, options);
     m_runner = std::make_unique<HandTaskRunner>(m_session, m_writer);

@@ -57,7 +57,7 @@ private:
     /// Runs an action that shows a dialog, when no exchange is in progress.
     void whenIdle(std::function<void()> action);
     bool ask(const QString& question);
-    void askForCalibration();
+    void askForConsent(const QList<ParameterKey>& keys);
     void copyGains();
     void restore();
     void showProgress(int done, int total);
@@ -81,6 +81,7 @@ private:
     std::shared_ptr<ParameterWriter> m_writer;
     std::unique_ptr<HandTaskRunner> m_runner; ///< of the restore in progress
     bool m_written = false;
+    bool m_hasConsent = false; ///< to restore what belongs to one hand
 };
 
 } // namespace vanto

@@ -61,7 +61,7 @@ void ParameterTable::compare(const ParameterSet& hand, const ParameterSet& file)
     m_rows = compareParameters(hand, file);
     m_ticked.clear();
     for (const ParameterRow& row : m_rows)
-        if (row.isTickedByDefault() && canTick(row))
+        if (row.isTickedByDefault())
             m_ticked.insert(row.key);
     build();
 }
@@ -75,7 +75,7 @@ void ParameterTable::replaceFile(const ParameterSet& file, const QList<std::uint
             isGain(row.key.kind) && row.key.finger && copiedFingers.contains(*row.key.finger);
         if (copied)
             m_results.erase(row.key);
-        if (!canTick(row))
+        if (!row.canTick())
             m_ticked.erase(row.key);
         else if (copied)
             m_ticked.insert(row.key);
@@ -83,17 +83,18 @@ void ParameterTable::replaceFile(const ParameterSet& file, const QList<std::uint
     build();
 }
 
-bool ParameterTable::canTick(const ParameterRow& row) const
+bool ParameterTable::needsConsent(const ParameterKey& key) const
 {
-    if (row.key.kind == ParameterKind::Calibration &&
-        calibrationRule(m_hand.hand, m_file.hand) == CalibrationRule::OtherHand)
-        return false;
-    return row.canTick();
+    return key.kind == ParameterKind::Calibration ||
+           (describe(key.kind).belongsToOneHand() &&
+            calibrationRule(m_hand.hand, m_file.hand) != CalibrationRule::SameHand);
 }
 
 /// Why the row cannot be ticked, or is not ticked by default.
 QString ParameterTable::noteFor(const ParameterRow& row) const
 {
+    if (row.isForOtherHand && row.state == ParameterRow::State::Different)
+        return tr("The file is from another hand");
     if (!row.canTick())
         return row.obstacle();
     switch (row.key.kind) {
@@ -102,8 +103,7 @@ QString ParameterTable::noteFor(const ParameterRow& row) const
     case ParameterKind::PositionLimits:
         return tr("Limits where the finger can move");
     case ParameterKind::Calibration:
-        return canTick(row) ? tr("A wrong calibration drives fingers into their stops")
-                            : tr("The file is from another hand");
+        return tr("A wrong calibration drives fingers into their stops");
     default:
         return {};
     }
@@ -171,7 +171,7 @@ void ParameterTable::updateTicks()
     {
         const QSignalBlocker blocker(this);
         for (int i = 0; i < m_rows.size(); ++i) {
-            if (!canTick(m_rows[i]))
+            if (!m_rows[i].canTick())
                 continue;
             QTableWidgetItem* box = item(m_factCount + i, Name);
             const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
@@ -187,28 +187,29 @@ void ParameterTable::updateTicks()
 void ParameterTable::applyTick(const QTableWidgetItem* item)
 {
     const int index = item->row() - m_factCount;
-    if (item->column() != Name || index < 0 || !canTick(m_rows[index]))
+    if (item->column() != Name || index < 0 || !m_rows[index].canTick())
         return;
     const ParameterKey key = m_rows[index].key;
     const bool ticked = item->checkState() == Qt::Checked;
-    const bool mustAsk = ticked && key.kind == ParameterKind::Calibration;
+    const bool mustAsk = ticked && needsConsent(key);
     if (!ticked || !m_ticksEnabled)
         m_ticked.erase(key);
     else if (!mustAsk)
         m_ticked.insert(key);
     updateTicks();
     if (mustAsk && m_ticksEnabled)
-        emit sig_calibrationRequested();
+        emit sig_consentNeeded({key});
 }
 
-void ParameterTable::tickCalibration(bool ticked)
+void ParameterTable::setTicked(const QList<ParameterKey>& keys, bool ticked)
 {
-    const ParameterKey key{ParameterKind::Calibration};
-    const int line = lineOf(key);
-    if (ticked && line >= 0 && canTick(m_rows[line - m_factCount]))
-        m_ticked.insert(key);
-    else
-        m_ticked.erase(key);
+    for (const ParameterKey& key : keys) {
+        const int line = lineOf(key);
+        if (ticked && line >= 0 && m_rows[line - m_factCount].canTick())
+            m_ticked.insert(key);
+        else
+            m_ticked.erase(key);
+    }
     updateTicks();
 }
 
@@ -238,7 +239,7 @@ QList<ParameterKey> ParameterTable::tickedKeys() const
 bool ParameterTable::hasTickable(const Group& group) const
 {
     return std::ranges::any_of(
-        m_rows, [&](const ParameterRow& row) { return canTick(row) && group(row.key); });
+        m_rows, [&](const ParameterRow& row) { return row.canTick() && group(row.key); });
 }
 
 Qt::CheckState ParameterTable::groupState(const Group& group) const
@@ -246,22 +247,27 @@ Qt::CheckState ParameterTable::groupState(const Group& group) const
     int ticked = 0;
     int unticked = 0;
     for (const ParameterRow& row : m_rows)
-        if (canTick(row) && group(row.key))
+        if (row.canTick() && group(row.key))
             ++(isTicked(row.key) ? ticked : unticked);
     return ticked == 0 ? Qt::Unchecked : unticked == 0 ? Qt::Checked : Qt::PartiallyChecked;
 }
 
 void ParameterTable::tickGroup(const Group& group, bool ticked)
 {
+    QList<ParameterKey> needed;
     for (const ParameterRow& row : m_rows) {
-        if (!canTick(row) || !group(row.key) || row.key.kind == ParameterKind::Calibration)
+        if (!row.canTick() || !group(row.key) || row.key.kind == ParameterKind::Calibration)
             continue;
-        if (ticked)
-            m_ticked.insert(row.key);
-        else
+        if (!ticked)
             m_ticked.erase(row.key);
+        else if (needsConsent(row.key))
+            needed.append(row.key);
+        else
+            m_ticked.insert(row.key);
     }
     updateTicks();
+    if (!needed.isEmpty())
+        emit sig_consentNeeded(needed);
 }
 
 void ParameterTable::showResults(const QList<WrittenParameter>& results)
@@ -275,6 +281,8 @@ void ParameterTable::showResults(const QList<WrittenParameter>& results)
         m_results.insert_or_assign(result.key, result);
         if (result.readBack)
             m_hand.values[result.key] = *result.readBack;
+        else if (result.key.kind == ParameterKind::Calibration)
+            m_hand.values.erase(result.key); // it may be the old one, the new one or a mixture
         if (result.result == Outcome::Written)
             m_ticked.erase(result.key);
     }
@@ -294,7 +302,7 @@ void ParameterTable::compareAgain()
     m_rows = compareParameters(m_hand, m_file);
     std::erase_if(m_ticked, [this](const ParameterKey& key) {
         const int line = lineOf(key);
-        return line < 0 || !canTick(m_rows[line - m_factCount]);
+        return line < 0 || !m_rows[line - m_factCount].canTick();
     });
     build();
 }

@@ -36,7 +36,7 @@ public:
     Qt::CheckState groupState(const Group& group) const;
     bool hasTickable(const Group& group) const;
     void tickGroup(const Group& group, bool ticked);
-    void tickCalibration(bool ticked);
+    void setTicked(const QList<ParameterKey>& keys, bool ticked);
 
     /// Marks the rows; what has been written is no longer ticked.
     void showResults(const QList<WrittenParameter>& results);
@@ -47,8 +47,10 @@ public:
 
 signals:
     void sig_ticksChanged();
-    /// The user wants to tick the calibration. It stays unticked until tickCalibration().
-    void sig_calibrationRequested();
+    /// The user wants to tick what can damage the hand if it comes from another: the calibration,
+    /// or position limits if it is not known which hand the file is from. It stays unticked until
+    /// setTicked().
+    void sig_consentNeeded(const QList<ParameterKey>& keys);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -61,7 +63,7 @@ private:
     void addFact(const FactRow& fact);
     void addParameter(const ParameterRow& row);
     void addLine(const QStringList& texts, bool isEqual);
-    bool canTick(const ParameterRow& row) const;
+    bool needsConsent(const ParameterKey& key) const;
     QString noteFor(const ParameterRow& row) const;
     int lineOf(const ParameterKey& key) const;
     void applyTick(const QTableWidgetItem* item);

@@ -284,11 +284,11 @@ u8 ModBusRTUProtocolV1::setCaliData(u8 node, const u16* endPositions, const u16*
                           .writeAll(Register::FingerLowerLimit, startPositions, fingerCount)
                           .writeAll(Register::ThumbRootPreset, thumbRootPositions, thumbRootCount)
                           .result();
-    // Absolute moves converted with the old limits would miss their targets.
-    if (result == ResultCode::Success) {
-        m_lowerLimits[node] = {};
-        m_upperLimits[node] = {};
-    }
+    // Absolute moves converted with old limits would miss their targets. After a failure the hand
+    // may have some of the new values, or all.
+    m_lowerLimits[node] = {};
+    m_upperLimits[node] = {};
+    m_thumbRootPresets[node] = {};
     return result;
 }
 

@@ -19,7 +19,7 @@ class RegisterAccess;
 /// when all reads have succeeded; only getFingerPID() keeps gains that it read before a failure.
 ///
 /// Limits and presets used for conversions are read once from each node and cached for the lifetime
-/// of the adapter. Only a successful setCaliData() clears the limits of its node.
+/// of the adapter. Only setCaliData() clears those of its node, whatever its result is.
 class ModBusRTUProtocolV1 : public VantoProtocol
 {
 public:

@@ -209,6 +209,14 @@ void TestHandParameters::readingFaults_data()
     add("port", "unplug", "unplug", Outcome::PortLost, "", -1);
     add("stale", "advance", "advance", Outcome::Superseded, "", -1);
     add("cancel", "cancel", "cancel", Outcome::Cancelled, "", -1);
+    // The calibration comes first: a hand without UID that takes the place is found out by it.
+    add("other hand", "fault drop command=0x20;set 2 revision 9",
+        "fault drop register=1008 count=2;set 2 start 3 1", Outcome::OtherHand, "", -1);
+    QTest::newRow("noise") << "serialctrl"
+                           << "fault garble command=0x05 count=2" << Outcome::Completed << "" << 44;
+    QTest::newRow("noisy UID") << "serialctrl"
+                               << "fault garble command=0x23 count=9" << Outcome::Completed << ""
+                               << 44;
     QTest::newRow("not a number") << "serialctrl"
                                   << "nan" << Outcome::Completed << "P, Index: not a number" << 43;
 }
@@ -221,7 +229,7 @@ void TestHandParameters::readingFaults()
     if (fault.contains("drop") || fault == "unplug")
         ReplyLimits::current() = ShortLimits;
     if (fault.startsWith("fault"))
-        command(fault);
+        command(fault.section(';', 0, 0));
     if (fault == "nan") {
         HandCall call(target());
         call.attempt<&VantoProtocol::setFingerPID>(std::uint8_t{1}, std::nanf(""), 1.F, 1.F, 1.F);
@@ -230,6 +238,8 @@ void TestHandParameters::readingFaults()
     const auto outcome = reader.run([&](int done, int) {
         if (done == 20 && fault == "unplug" && reader.isRunning())
             command(fault);
+        if (done == 20 && fault.contains(';'))
+            command(fault.section(';', 1));
         if (done == 20 && fault == "advance")
             m_generation.advance();
         if (done == 20 && fault == "cancel")
@@ -243,6 +253,13 @@ void TestHandParameters::readingFaults()
         QCOMPARE(reader.parameters().values.size(), std::size_t(values));
     const auto& list = reader.parameters().refused;
     QCOMPARE(list.isEmpty() ? QString() : list.first().text(), refused);
+    // A file is not restored to a hand that may be any.
+    ParameterSet file;
+    file.hand.uid = HandFacts::Uid{};
+    const bool isUnreadable = fault.contains("0x23");
+    QCOMPARE(reader.parameters().hand.isUidUnreadable, isUnreadable);
+    if (isUnreadable)
+        QCOMPARE(calibrationRule(reader.parameters().hand, file.hand), CalibrationRule::OtherHand);
     if (fault.contains("count=0")) { // an automatic backup gives up at once
         m_hand->clearTrace();
         ParameterReader once(target(), {.keys = {{Kind::SelfTestLevel}, {Kind::BeepSwitch}},
@@ -283,6 +300,19 @@ void TestHandParameters::writingFaults_data()
         {Result::NotTried, Result::NotTried, Result::NotTried});
     add("calibration", "fault refuse command=0x44", "fault refuse register=1030",
         Outcome::Completed, {written, written, Result::Refused});
+    QTest::newRow("damaged reply serialctrl") << "serialctrl"
+                                              << "fault garble command=0x46" << Outcome::Completed
+                                              << QList<Result>{written, written, written};
+    // Ends and starts have been written, the presets have not.
+    QTest::newRow("calibration in part modbus")
+        << "modbus"
+        << "fault drop register=1030 count=2" << Outcome::Completed
+        << QList<Result>{written, written, Result::NotKept};
+    // A hand that has neither the old calibration nor the new one.
+    QTest::newRow("changed calibration modbus")
+        << "modbus"
+        << "fault drop register=1020 count=2;set 2 start 3 1" << Outcome::OtherHand
+        << QList<Result>{written, written, Result::NoAnswer};
     add("other hand", "swap", "swap", Outcome::OtherHand,
         {Result::NotTried, Result::NotTried, Result::NotTried});
     // The hand is changed while its reply is lost.
@@ -301,7 +331,10 @@ void TestHandParameters::writingFaults()
     ParameterSet wanted = hand;
     wanted.values[{Kind::CurrentLimit, 0}] = {555};
     wanted.values[{Kind::BeepSwitch}] = {0};
-    wanted.values[{Kind::Calibration}][2] = 999;
+    ParameterValue& calibration = wanted.values[{Kind::Calibration}];
+    calibration[2] = 999;
+    calibration[8] = 3333;
+    calibration[12] = 777;
     if (fault == "swap") {
         command("set 3 revision 9");
         command("set 2 id 4");
@@ -329,9 +362,13 @@ void TestHandParameters::writingFaults()
         found.append(row.result);
     QCOMPARE(found, results);
     QVERIFY(writer.results().first().text().isEmpty() == (results[0] == Result::NotTried));
-    if (fault.contains("register=1030")) { // the ends have been written, the starts have not
-        QCOMPARE(writer.results().last().readBack, hand.value({Kind::Calibration}));
-        QVERIFY(writer.calibrationInHand().has_value());
+    QCOMPARE(writer.results().last().isUncertain(), results[2] == Result::NoAnswer);
+    if (fault.contains("register=1030")) { // the ends have been written
+        ParameterValue part = *hand.value({Kind::Calibration});
+        part[8] = 3333;
+        part[2] = results[2] == Result::NotKept ? 999 : part[2];
+        QCOMPARE(writer.results().last().readBack, std::optional(part));
+        QVERIFY(writer.calibrationInHand() == toCalibration(part));
     }
 }
 
@@ -346,29 +383,36 @@ void TestHandParameters::anyNode()
     QVERIFY(requests().isEmpty());
 }
 
-/// The calibration needs its own consent, and the hand that it comes from.
+/// The calibration needs its own consent, and the hand that it comes from. Position limits, which
+/// the hand keeps in the same place, need the hand alone.
 void TestHandParameters::calibrationConsent()
 {
     open("serialctrl");
     const ParameterSet hand = readAll();
     ParameterSet file = hand;
     file.values[{Kind::Calibration}][0] = 1;
+    file.values[{Kind::PositionLimits, 3}] = {1, 2};
     file.hand.uid = HandFacts::Uid{1, 2, 3};
     QCOMPARE(calibrationRule(hand.hand, file.hand), CalibrationRule::OtherHand);
-    for (const bool consent : {false, true}) {
-        if (!consent)
-            file.hand.uid = hand.hand.uid;
-        else
-            file.hand.uid->at(0) ^= 1;
-        ParameterWriter writer(target(), hand, file, {{Kind::Calibration}, {Kind::BeepSwitch}},
-                               {.writeCalibration = consent});
-        QCOMPARE(writer.run(), Outcome::Completed);
-        QCOMPARE(writer.count(Result::Written), 1);
-        QCOMPARE(writer.results().last().result, Result::NotTried);
-    }
-    QVERIFY(!requests().contains("44"));
+    for (const ParameterRow& row : compareParameters(hand, file))
+        QVERIFY2(!row.canTick(), qPrintable(row.key.name()));
+    const auto written = [&](const ParameterWriter::Options& options) {
+        ParameterWriter writer(target(), hand, file,
+                               {{Kind::Calibration}, {Kind::BeepSwitch}, {Kind::PositionLimits, 3}},
+                               options);
+        QString kinds;
+        writer.run();
+        for (const WrittenParameter& result : writer.results())
+            if (result.result == Result::Written)
+                kinds += QString(describe(result.key.kind).name) + ' ';
+        return kinds;
+    };
+    QCOMPARE(written({.writeCalibration = true, .writeUnknownLimits = true}), "beepSwitch ");
     file.hand.uid.reset();
     QCOMPARE(calibrationRule(hand.hand, file.hand), CalibrationRule::UnknownHand);
+    QCOMPARE(written({}), "beepSwitch ");
+    QVERIFY(!requests().contains("44") && !requests().contains("48"));
+    QCOMPARE(written({.writeUnknownLimits = true}), "positionLimits beepSwitch ");
 }
 
 /// Over Modbus absolute positions are converted with cached limits; a new calibration clears them.
@@ -426,6 +470,8 @@ void TestHandParameters::information()
         FrameLog::instance().frames()};
     const QJsonObject json = QJsonDocument::fromJson(report.toJson()).object();
     QCOMPARE(json["hand"].toObject()["firmware"].toString(), "1.4.7");
+    QCOMPARE(json["notKnown"].toObject()["batteryVoltage"].toString(), "refused");
+    QCOMPARE(json["notKnown"].toObject()["force.thumb"].toString(), "not supported");
     QCOMPARE(json["parameters"].toObject()["kind"].toString(), "hand parameters");
     QCOMPARE(json["frames"].toArray().size(), qsizetype(report.frames.size()));
     const QString whole = QString::fromUtf8(report.toText());

@@ -212,6 +212,8 @@ void TestParameterFile::partialAndDuplicate()
     QCOMPARE(content.parameters.values.size(), 2U);
     QCOMPARE(content.parameters.values.at({Kind::P, 1}), ParameterValue{double(0.1F)});
     QCOMPARE(content.parameters.values.at({Kind::BeepSwitch}), ParameterValue{0});
+    const auto loader = ParameterFile::parse(fileWith(R"("hand": {"bootLoader": "1.2"})"));
+    QVERIFY(loader.isValid() && !loader.parameters.hand.hardware); // not hardware 0000
 }
 
 void TestParameterFile::badPath()
@@ -295,6 +297,12 @@ void TestParameterFile::comparison_data()
     QTest::newRow("highest") << modbus << Kind::G << 0.0 << 655.35 << State::Different;
     QTest::newRow("beyond") << modbus << Kind::G << 44.64 << 700.0 << State::NotRepresentable;
     QTest::newRow("below") << modbus << Kind::G << 0.0 << -0.001 << State::NotRepresentable;
+    QTest::newRow("full self-test")
+        << serial << Kind::SelfTestLevel << 3.0 << 2.0 << State::Different;
+    QTest::newRow("unknown level")
+        << serial << Kind::SelfTestLevel << 2.0 << 3.0 << State::NotRepresentable;
+    QTest::newRow("unknown switch")
+        << modbus << Kind::BeepSwitch << 1.0 << 200.0 << State::NotRepresentable;
     QTest::newRow("limit") << modbus << Kind::CurrentLimit << 400.0 << 700.0 << State::Different;
 }
 

@@ -176,6 +176,10 @@ void TestParameters::calibration()
         if (accepted >= 0)
             pressSpace(table, row);
         ticked = isTicked(table, row);
+        if (uid != "same" && (ticked || questions == 0)) { // the same rule, and no other question
+            dialog->findChild<QCheckBox*>("checkBox_PositionLimits")->click();
+            QCOMPARE(isTicked(table, rowOf(table, "Position limits", "Thumb")), ticked);
+        }
         restore(dialog);
     });
     QCOMPARE(m_boxes.size(), questions);

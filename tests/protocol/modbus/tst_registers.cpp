@@ -227,12 +227,10 @@ void tst_registers::caches()
     };
     QCOMPARE(read(7, 3), (QList<int>{1033, 1023, 1138, 1148}));
     QCOMPARE(current, std::uint16_t{2000});
-    // The limits stay cached when the hand changes them itself, when writing them fails and when
-    // the adapter reconnects.
+    // The limits stay cached when the hand changes them itself and when the adapter reconnects.
     const std::uint16_t starts[] = {0, 0, 0, 500};
     const std::uint16_t ends[] = {0, 0, 0, 4500};
-    command("fault refuse register=1030");
-    QVERIFY(m_adapter->setCaliData(7, ends, starts, starts, 4, 1) != 0);
+    command("set 7 end 3 3500");
     m_adapter->disconnect();
     QVERIFY(m_adapter->connect(qPrintable(m_hand->portName()), BaudRate));
     takeRequests();
@@ -240,7 +238,11 @@ void tst_registers::caches()
     QCOMPARE(takeRequests(), (QList<int>{1128, 1138}));
     QCOMPARE(m_hand->command(QStringLiteral("get 7 target 3")), QStringLiteral("ok 32767"));
     QCOMPARE(read(2, 3).size(), 4);
-    // They are read again after they have been written, but only those of that node.
+    // They are read again after they have been written, also in part, but only those of that node.
+    command("fault refuse register=1030");
+    QVERIFY(m_adapter->setCaliData(7, ends, starts, starts, 4, 1) != 0);
+    takeRequests();
+    QCOMPARE(read(7, 3), (QList<int>{1033, 1023, 1138, 1148}));
     QCOMPARE(int(m_adapter->setCaliData(7, ends, starts, starts, 4, 1)), 0);
     takeRequests();
     QCOMPARE(int(m_adapter->setFingerPosAbs(7, 3, 2500, 1)), 0);
@@ -274,6 +276,11 @@ void tst_registers::thumbRootTie()
         QCOMPARE(int(m_adapter->getThumbRootPos(2, &word, &index)), 0);
         QCOMPARE(std::pair(int(word), int(index)), std::pair(position, wanted));
     }
+    const std::uint16_t moved[] = {4073, 3048, 2500};
+    QCOMPARE(int(m_adapter->setCaliData(2, &word, &word, moved, 1, 3)), 0);
+    std::uint8_t index = 255;
+    QCOMPARE(int(m_adapter->getThumbRootPos(2, &word, &index)), 0);
+    QCOMPARE(int(index), 0);
 }
 
 void tst_registers::errorCodes()
