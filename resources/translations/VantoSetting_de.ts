@@ -542,6 +542,18 @@ Gerät nach Aufforderung einschalten.</translation>
         <source>no answer</source>
         <translation>keine Antwort</translation>
     </message>
+    <message>
+        <source>Not known: values range from 0 to %1.</source>
+        <translation>Unbekannt: Die Werte reichen von 0 bis %1.</translation>
+    </message>
+    <message>
+        <source>%1: no valid answer (result %2)</source>
+        <translation>%1: keine gültige Antwort (Ergebnis %2)</translation>
+    </message>
+    <message>
+        <source>no answer, the hand may have a part of it</source>
+        <translation>keine Antwort, die Hand hat womöglich einen Teil davon</translation>
+    </message>
 </context>
 <context>
     <name>PortError</name>
@@ -1574,6 +1586,10 @@ Unterstützte Protokolle:</translation>
         <source>Compare...</source>
         <translation>Vergleichen...</translation>
     </message>
+    <message>
+        <source>The backup is incomplete. %1</source>
+        <translation>Die Sicherung ist unvollständig. %1</translation>
+    </message>
 </context>
 <context>
     <name>vanto::ParameterTable</name>
@@ -1689,12 +1705,6 @@ Unterstützte Protokolle:</translation>
         <translation>Kopieren</translation>
     </message>
     <message>
-        <source>The calibration tells the hand where its fingers end. With a wrong one the fingers are driven into their stops and can be damaged.
-Restore the calibration of the file?</source>
-        <translation>Durch die Kalibrierung weiß die Hand, wo ihre Finger enden. Mit einer falschen fahren die Finger gegen ihre Anschläge und können beschädigt werden.
-Die Kalibrierung der Datei wiederherstellen?</translation>
-    </message>
-    <message>
         <source>The file or the hand has no unique id, so the file may be from another hand. The calibrations of two hands are never the same.
 Are you sure that the file is from this hand?</source>
         <translation>Die Datei oder die Hand hat keine eindeutige ID, die Datei kann also von einer anderen Hand stammen. Die Kalibrierungen zweier Hände sind nie gleich.
@@ -1735,6 +1745,12 @@ Sind Sie sicher, dass die Datei von dieser Hand stammt?</translation>
     <message>
         <source>The connection has changed. Close this dialog and compare again.</source>
         <translation>Die Verbindung hat sich geändert. Schließen Sie diesen Dialog und vergleichen Sie erneut.</translation>
+    </message>
+    <message>
+        <source>Calibration and position limits define where the fingers end. With wrong ones the fingers are driven into their stops and can be damaged.
+Restore those of the file?</source>
+        <translation>Kalibrierung und Positionsgrenzen legen fest, wo die Finger enden. Mit falschen Werten fahren die Finger in ihre Anschläge und können beschädigt werden.
+Werte der Datei wiederherstellen?</translation>
     </message>
 </context>
 <context>

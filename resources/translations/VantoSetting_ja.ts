@@ -542,6 +542,18 @@ Power on the device when prompted.</source>
         <source>no answer</source>
         <translation>応答なし</translation>
     </message>
+    <message>
+        <source>Not known: values range from 0 to %1.</source>
+        <translation>不明な値です: 範囲は 0 から %1 です。</translation>
+    </message>
+    <message>
+        <source>%1: no valid answer (result %2)</source>
+        <translation>%1: 有効な応答がありません (結果 %2)</translation>
+    </message>
+    <message>
+        <source>no answer, the hand may have a part of it</source>
+        <translation>応答なし、一部だけ書き込まれた可能性があります</translation>
+    </message>
 </context>
 <context>
     <name>PortError</name>
@@ -1574,6 +1586,10 @@ Supported protocol:</source>
         <source>Compare...</source>
         <translation>比較...</translation>
     </message>
+    <message>
+        <source>The backup is incomplete. %1</source>
+        <translation>バックアップは不完全です。%1</translation>
+    </message>
 </context>
 <context>
     <name>vanto::ParameterTable</name>
@@ -1689,12 +1705,6 @@ Supported protocol:</source>
         <translation>コピー</translation>
     </message>
     <message>
-        <source>The calibration tells the hand where its fingers end. With a wrong one the fingers are driven into their stops and can be damaged.
-Restore the calibration of the file?</source>
-        <translation>校正はハンドに指の可動端の位置を伝えます。誤った校正では指がストッパーに突き当たり、破損するおそれがあります。
-ファイルの校正を復元しますか?</translation>
-    </message>
-    <message>
         <source>The file or the hand has no unique id, so the file may be from another hand. The calibrations of two hands are never the same.
 Are you sure that the file is from this hand?</source>
         <translation>ファイルまたはハンドに固有 ID がないため、ファイルは別のハンドのものかもしれません。2 つのハンドの校正が同じになることはありません。
@@ -1735,6 +1745,12 @@ Are you sure that the file is from this hand?</source>
     <message>
         <source>The connection has changed. Close this dialog and compare again.</source>
         <translation>接続が変わりました。このダイアログを閉じて、もう一度比較してください。</translation>
+    </message>
+    <message>
+        <source>Calibration and position limits define where the fingers end. With wrong ones the fingers are driven into their stops and can be damaged.
+Restore those of the file?</source>
+        <translation>校正と位置の範囲は指の可動端を決めます。誤った値では指がストッパーに押し付けられ、破損するおそれがあります。
+ファイルの値を復元しますか?</translation>
     </message>
 </context>
 <context>

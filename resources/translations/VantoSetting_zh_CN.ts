@@ -542,6 +542,18 @@ Power on the device when prompted.</source>
         <source>no answer</source>
         <translation>无应答</translation>
     </message>
+    <message>
+        <source>Not known: values range from 0 to %1.</source>
+        <translation>未知：取值范围为 0 到 %1。</translation>
+    </message>
+    <message>
+        <source>%1: no valid answer (result %2)</source>
+        <translation>%1：无有效应答（结果 %2）</translation>
+    </message>
+    <message>
+        <source>no answer, the hand may have a part of it</source>
+        <translation>无应答，灵巧手可能只写入了一部分</translation>
+    </message>
 </context>
 <context>
     <name>PortError</name>
@@ -1574,6 +1586,10 @@ Supported protocol:</source>
         <source>Compare...</source>
         <translation>比较...</translation>
     </message>
+    <message>
+        <source>The backup is incomplete. %1</source>
+        <translation>备份不完整。%1</translation>
+    </message>
 </context>
 <context>
     <name>vanto::ParameterTable</name>
@@ -1689,12 +1705,6 @@ Supported protocol:</source>
         <translation>复制</translation>
     </message>
     <message>
-        <source>The calibration tells the hand where its fingers end. With a wrong one the fingers are driven into their stops and can be damaged.
-Restore the calibration of the file?</source>
-        <translation>校准告诉灵巧手其手指的终点位置。错误的校准会使手指撞到限位，可能造成损坏。
-是否恢复文件中的校准？</translation>
-    </message>
-    <message>
         <source>The file or the hand has no unique id, so the file may be from another hand. The calibrations of two hands are never the same.
 Are you sure that the file is from this hand?</source>
         <translation>文件或灵巧手没有唯一 ID，因此文件可能来自另一只灵巧手。两只灵巧手的校准绝不会相同。
@@ -1735,6 +1745,12 @@ Are you sure that the file is from this hand?</source>
     <message>
         <source>The connection has changed. Close this dialog and compare again.</source>
         <translation>连接已改变。请关闭此对话框并重新比较。</translation>
+    </message>
+    <message>
+        <source>Calibration and position limits define where the fingers end. With wrong ones the fingers are driven into their stops and can be damaged.
+Restore those of the file?</source>
+        <translation>校准和位置限制决定手指的终点。错误的值会使手指顶到机械限位并可能损坏。
+要恢复文件中的值吗？</translation>
     </message>
 </context>
 <context>
