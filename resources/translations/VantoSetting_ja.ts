@@ -1749,7 +1749,7 @@ Are you sure that the file is from this hand?</source>
     <message>
         <source>Calibration and position limits define where the fingers end. With wrong ones the fingers are driven into their stops and can be damaged.
 Restore those of the file?</source>
-        <translation>校正と位置の範囲は指の可動端を決めます。誤った値では指がストッパーに押し付けられ、破損するおそれがあります。
+        <translation>校正と位置の上下限は指の可動端を決めます。誤った値では指がストッパーに押し付けられ、破損するおそれがあります。
 ファイルの値を復元しますか?</translation>
     </message>
 </context>
