@@ -230,8 +230,9 @@ void restore(Tool& tool, Arguments& arguments, Answer& answer)
         answer.data.insert(QStringLiteral("wouldWrite"), wouldWrite);
         return;
     }
+    // Position limits are written only if --only names them.
     ParameterWriter writer(tool.hand().target(), *hand, file, keys,
-                           {.writeCalibration = withCalibration});
+                           {.writeCalibration = withCalibration, .writeUnknownLimits = isLimited});
     const bool isComplete = keys.isEmpty() || runTask(tool, writer, answer);
     writeResults(writer, answer);
     if (!isComplete)

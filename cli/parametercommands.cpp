@@ -233,6 +233,7 @@ void set(Tool& tool, Arguments& arguments, Answer& answer)
     }
     ParameterWriter writer(tool.hand().target(), reader.parameters(), wanted, keys,
                            {.writeCalibration = writesCalibration,
+                            .writeUnknownLimits = true,
                             .anyNode = tool.options().anyNode,
                             .timeoutsInARow = 1});
     if (runTask(tool, writer, answer))
