@@ -75,6 +75,9 @@ void MainWindow::setUpParameters()
                                   ui->action_Hand_Information});
     connect(ui->action_Restore_Parameters, &QAction::enabledChanged, ui->noticeBar,
             &NoticeBar::setActionEnabled);
+    ui->noticeBar->setActionEnabled(ui->action_Restore_Parameters->isEnabled());
+    connect(m_parameters.get(), &ParameterActions::sig_givenFileCompared, ui->noticeBar,
+            &QWidget::hide);
     m_parameters->setPlaying([page = ui->tab_Sequence] { return page->isPlaying(); });
     connect(ui->tab_Sequence, &SequencePage::sig_playingChanged, m_parameters.get(),
             &ParameterActions::update);

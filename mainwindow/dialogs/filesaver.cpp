@@ -1,12 +1,12 @@
 #include "filesaver.h"
 
+#include "parameterfile.h"
 #include "program.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QSaveFile>
 
 namespace vanto
 {
@@ -27,12 +27,10 @@ QMessageBox* showModelessBox(QWidget* parent, QMessageBox::Icon icon, const QStr
 
 void write(QWidget* parent, const FileSaver::Request& request, const QString& path)
 {
-    QSaveFile file(path);
-    const QByteArray bytes = request.content(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return;
-    showModelessBox(parent, QMessageBox::Critical, request.failure.arg(path), file.errorString(),
-                    QMessageBox::Ok);
+    const QString error = ParameterFile::writeBytes(path, request.content(path));
+    if (!error.isEmpty())
+        showModelessBox(parent, QMessageBox::Critical, request.failure.arg(path), error,
+                        QMessageBox::Ok);
 }
 
 void confirm(QWidget* parent, const FileSaver::Request& request, const QString& path)
@@ -62,6 +60,9 @@ void FileSaver::save(QWidget* parent, const Request& request)
     files->setAttribute(Qt::WA_DeleteOnClose);
     files->setAcceptMode(QFileDialog::AcceptSave);
     files->setDefaultSuffix(request.name.section(QLatin1Char('.'), -1));
+    QObject::connect(files, &QFileDialog::filterSelected, files, [files](const QString& filter) {
+        files->setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+    });
     // Its own question is modal.
     files->setOption(QFileDialog::DontConfirmOverwrite);
     files->selectFile(request.name);

@@ -11,9 +11,11 @@
 #include "statusreporter.h"
 #include "taskdialog.h"
 
+#include <QDir>
 #include <QEvent>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QUrl>
 
 namespace vanto
 {
@@ -23,6 +25,16 @@ namespace
 QString fileFilter()
 {
     return ParameterActions::tr("Parameter files (*.json)");
+}
+
+/// The automatic backups lie in a folder that users would not find by themselves.
+QString chooseFile(QWidget* window)
+{
+    QFileDialog files(window, ParameterActions::tr("Open parameter file"), {}, fileFilter());
+    files.setFileMode(QFileDialog::ExistingFile);
+    if (QDir(ParameterBackup::folder()).exists())
+        files.setSidebarUrls(files.sidebarUrls() << QUrl::fromLocalFile(ParameterBackup::folder()));
+    return files.exec() == QDialog::Accepted ? files.selectedFiles().value(0) : QString();
 }
 
 /// Only one is open, so that it is clear which hand it shows.
@@ -71,14 +83,16 @@ bool ParameterActions::eventFilter(QObject*, QEvent* event)
     return false;
 }
 
-void ParameterActions::request(QAction* action, std::function<void(const HandTarget&)> run)
+/// A notice can ask for it, too, at a moment at which the actions are not available.
+void ParameterActions::request(std::function<void(const HandTarget&)> run)
 {
-    m_session->request([action] { return action->isEnabled(); }, std::move(run));
+    if (isAvailable())
+        m_session->request([this] { return isAvailable(); }, std::move(run));
 }
 
 void ParameterActions::save()
 {
-    request(m_actions.save, [this](const HandTarget& target) { saveOf(target); });
+    request([this](const HandTarget& target) { saveOf(target); });
 }
 
 void ParameterActions::compare()
@@ -88,12 +102,12 @@ void ParameterActions::compare()
 
 void ParameterActions::compareWith(const QString& path)
 {
-    request(m_actions.restore, [this, path](const HandTarget& target) { compareOf(target, path); });
+    request([this, path](const HandTarget& target) { compareOf(target, path); });
 }
 
 void ParameterActions::showInformation()
 {
-    request(m_actions.information, [this](const HandTarget& target) { showInformationOf(target); });
+    request([this](const HandTarget& target) { showInformationOf(target); });
 }
 
 std::optional<ParameterSet> ParameterActions::read(const HandTarget& target,
@@ -112,7 +126,8 @@ std::optional<ParameterSet> ParameterActions::read(const HandTarget& target,
     return reader->parameters();
 }
 
-/// What has been read is saved even if the hand has been lost meanwhile.
+/// What has been read is saved even if the hand has been lost meanwhile, under another name if it
+/// cannot be saved under the first one.
 void ParameterActions::saveOf(const HandTarget& target)
 {
     const auto parameters = read(target);
@@ -122,13 +137,15 @@ void ParameterActions::saveOf(const HandTarget& target)
     files.setAcceptMode(QFileDialog::AcceptSave);
     files.setDefaultSuffix(QStringLiteral("json"));
     files.selectFile(ParameterBackup::fileName(*parameters));
-    if (files.exec() != QDialog::Accepted || files.selectedFiles().isEmpty())
-        return;
-    const QString path = files.selectedFiles().constFirst();
-    const QString error = ParameterFile::write(path, *parameters);
-    if (!error.isEmpty()) {
-        showFailure(error);
-        return;
+    QString path;
+    for (;;) {
+        if (files.exec() != QDialog::Accepted || files.selectedFiles().isEmpty())
+            return;
+        path = files.selectedFiles().constFirst();
+        const QString error = ParameterFile::write(path, *parameters);
+        if (error.isEmpty())
+            break;
+        showFailure(tr("The parameters could not be saved in '%1'.").arg(path), error);
     }
     m_reporter->showMessage(tr("Parameters saved in '%1'").arg(path));
     if (parameters->refused.isEmpty())
@@ -136,15 +153,16 @@ void ParameterActions::saveOf(const HandTarget& target)
     QStringList refused;
     for (const RefusedParameter& parameter : parameters->refused)
         refused.append(parameter.text());
-    showFailure(tr("The file has no values for what the hand refused to tell:"),
+    showFailure(tr("The file does not have these values, which the hand did not give:"),
                 refused.join(QLatin1Char('\n')));
 }
 
 /// Without a path, the user chooses the file.
 void ParameterActions::compareOf(const HandTarget& target, QString path)
 {
-    if (path.isEmpty())
-        path = QFileDialog::getOpenFileName(m_window, tr("Open parameter file"), {}, fileFilter());
+    const bool isGiven = !path.isEmpty();
+    if (!isGiven)
+        path = chooseFile(m_window);
     if (path.isEmpty() || !target.isCurrent())
         return;
     const ParameterFile::Content file = ParameterFile::read(path);
@@ -156,14 +174,17 @@ void ParameterActions::compareOf(const HandTarget& target, QString path)
     if (!hand || !target.isCurrent())
         return;
     if (isOtherHardware(hand->hand, file.parameters.hand) &&
-        QMessageBox::question(m_window, Program::title(),
-                              tr("The file is from hardware %1, the hand is hardware %2. Compare "
-                                 "them?")
-                                  .arg(file.parameters.hand.hardwareText(),
-                                       hand->hand.hardwareText())) != QMessageBox::Yes)
+        QMessageBox::question(
+            m_window, Program::title(),
+            tr("The file is from hardware %1, the hand is hardware %2. Compare "
+               "them?")
+                .arg(file.parameters.hand.hardwareText(), hand->hand.hardwareText()),
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
     ParametersDialog dialog(m_window, m_session, m_deviceBar->haltControl(),
                             {target, *hand, file.parameters, path});
+    if (isGiven)
+        emit sig_givenFileCompared();
     dialog.exec();
     if (dialog.hasWritten() && target.isCurrent())
         m_deviceBar->reloadPages();

@@ -43,9 +43,13 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+signals:
+    /// The file given to compareWith() is about to be shown.
+    void sig_givenFileCompared();
+
 private:
     bool isAvailable() const;
-    void request(QAction* action, std::function<void(const HandTarget&)> run);
+    void request(std::function<void(const HandTarget&)> run);
     /// Reads everything while a dialog shows the progress; none if that has failed.
     std::optional<ParameterSet> read(const HandTarget& target,
                                      const std::shared_ptr<HandTask>& first = {});

@@ -57,7 +57,7 @@ std::shared_ptr<ParameterReader> ParameterBackups::readerFor(const HandTarget& t
                                          .toolVersion = Program::nameAndVersion()});
 }
 
-void ParameterBackups::save(const HandTarget& target)
+std::optional<ParameterBackups::Backup> ParameterBackups::backUp(const HandTarget& target)
 {
     const auto reader = readerFor(target);
     m_progress->setRange(0, reader->stepCount());
@@ -66,27 +66,42 @@ void ParameterBackups::save(const HandTarget& target)
     const auto outcome = reader->run([this](int done, int) { m_progress->setValue(done); });
     m_progress->hide();
     if (outcome == HandTask::Outcome::Superseded)
-        return; // closed or halted, which the user knows
+        return {}; // closed or halted, which the user knows
     QString failure = reader->outcomeText();
     if (outcome == HandTask::Outcome::Completed) {
         const auto saved = ParameterBackup::save(reader->parameters());
         failure = saved.error;
-        if (failure.isEmpty())
-            m_backup = Backup{reader->parameters(), saved.path};
-        if (!saved.missing.isEmpty())
-            m_reporter->showError(tr("The backup is incomplete. %1").arg(saved.missing));
+        if (failure.isEmpty()) {
+            if (!saved.missing.isEmpty())
+                m_reporter->showError(tr("The backup is incomplete. %1").arg(saved.missing));
+            return Backup{reader->parameters(), saved.path};
+        }
     }
-    if (!failure.isEmpty())
-        m_reporter->showError(tr("The parameters were not backed up. %1").arg(failure));
+    showFailure(failure);
+    return {};
+}
+
+void ParameterBackups::showFailure(const QString& reason)
+{
+    m_reporter->showError(tr("The parameters were not backed up. %1").arg(reason));
 }
 
 void ParameterBackups::saveBeforeUpdate()
 {
+    m_runner.reset();
+    m_reader.reset();
+    m_backup.reset(); // an older one says nothing about this update
+    m_compares = false;
     const auto target = m_session->target();
-    if (!target || !m_isRead() || m_session->state() != DeviceSession::State::Connected)
+    if (!target || !m_isRead())
+        return;
+    const DeviceSession::State state = m_session->state();
+    if (state == DeviceSession::State::NoAnswer)
+        showFailure(tr("The hand does not answer."));
+    if (state != DeviceSession::State::Connected)
         return;
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);
-    save(*target);
+    m_backup = backUp(*target);
 }
 
 void ParameterBackups::startComparison()
@@ -96,9 +111,14 @@ void ParameterBackups::startComparison()
         return;
     m_reader = readerFor(*target);
     m_runner = std::make_unique<HandTaskRunner>(m_session, m_reader);
-    // Queued, because the runner is still emitting.
-    connect(m_runner.get(), &HandTaskRunner::sig_finished, this,
-            &ParameterBackups::finishComparison, Qt::QueuedConnection);
+    // Queued, because the runner is still emitting. Meanwhile another comparison may begin.
+    connect(
+        m_runner.get(), &HandTaskRunner::sig_finished, this,
+        [this, reader = m_reader] {
+            if (reader == m_reader)
+                finishComparison();
+        },
+        Qt::QueuedConnection);
     m_runner->start();
 }
 
@@ -114,9 +134,9 @@ void ParameterBackups::finishComparison()
     const auto rows = compareParameters(now, m_backup->parameters);
     if (!std::ranges::any_of(rows, differs))
         return;
-    m_notice->showNotice(tr("Parameters of the hand differ from its backup before the update."),
-                         tr("Compare..."),
-                         [this, path = m_backup->path] { emit sig_compareRequested(path); });
+    m_notice->showNotice(
+        tr("The parameters of the hand differ from the backup made before the update."),
+        tr("Compare..."), [this, path = m_backup->path] { emit sig_compareRequested(path); });
 }
 
 } // namespace vanto

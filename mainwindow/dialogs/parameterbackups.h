@@ -28,7 +28,7 @@ public:
 
     /// Reads the parameters and saves them in the user's data folder. Reports a failure, which ends
     /// nothing. Must not be called in a conversation.
-    void save(const HandTarget& target);
+    void save(const HandTarget& target) { backUp(target); }
     /// The same for the open hand, if it can be read.
     void saveBeforeUpdate();
     /// The firmware of the hand that was open may be another one now.
@@ -38,14 +38,17 @@ signals:
     void sig_compareRequested(const QString& path);
 
 private:
-    void startComparison();
-    void finishComparison();
-    std::shared_ptr<ParameterReader> readerFor(const HandTarget& target) const;
-
     struct Backup {
         ParameterSet parameters;
         QString path;
     };
+
+    /// None if it has failed, which is reported.
+    std::optional<Backup> backUp(const HandTarget& target);
+    void showFailure(const QString& reason);
+    void startComparison();
+    void finishComparison();
+    std::shared_ptr<ParameterReader> readerFor(const HandTarget& target) const;
 
     DeviceSession* m_session;
     StatusReporter* m_reporter;
@@ -53,8 +56,8 @@ private:
     NoticeBar* m_notice;
     std::function<bool()> m_isRead;
     QProgressBar* m_progress;
-    std::optional<Backup> m_backup; ///< the last one
-    bool m_compares = false;        ///< when the hand of the backup is opened
+    std::optional<Backup> m_backup; ///< before the last update
+    bool m_compares = false;        ///< when the hand of that backup is opened
     std::shared_ptr<ParameterReader> m_reader;
     std::unique_ptr<HandTaskRunner> m_runner; ///< of the comparison in progress
 };

@@ -15,6 +15,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace vanto
 {
 
@@ -27,6 +30,12 @@ struct KindGroup {
     ParameterKind first;
     ParameterKind last;
 };
+
+/// Whether a parameter decides by what the hand is recognized.
+bool changesIdentity(const ParameterKey& key)
+{
+    return key.kind == ParameterKind::Calibration || key.kind == ParameterKind::PositionLimits;
+}
 
 QString identityText(const ParameterSet& file)
 {
@@ -168,15 +177,22 @@ void ParametersDialog::addButtons(QBoxLayout* layout)
 
 void ParametersDialog::whenIdle(std::function<void()> action)
 {
+    if (m_pending)
+        return;
+    m_pending = std::move(action);
+    runPending();
+}
+
+void ParametersDialog::runPending()
+{
     if (!Conversation::isActive()) {
-        action();
+        std::exchange(m_pending, {})();
         return;
     }
     // Queued, because the conversation that has just ended is still returning from its slot.
-    connect(
-        &ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this,
-        [this, action = std::move(action)] { whenIdle(action); },
-        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this,
+            &ParametersDialog::runPending,
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 bool ParametersDialog::ask(const QString& question)
@@ -232,6 +248,8 @@ void ParametersDialog::restore()
     // Queued, because the runner is still emitting.
     connect(m_runner.get(), &HandTaskRunner::sig_finished, this, &ParametersDialog::finishRestore,
             Qt::QueuedConnection);
+    if (std::ranges::any_of(chosen, changesIdentity)) // a silent hand may have taken it already
+        m_session->identity().calibration.reset();
     m_close->setText(tr("Cancel"));
     m_table->setTicksEnabled(false);
     m_progress->setValue(0);
@@ -252,13 +270,21 @@ void ParametersDialog::finishRestore()
     using Result = WrittenParameter::Result;
     m_runner.reset();
     m_table->showResults(m_writer->results());
+    bool changed = false;
     for (const WrittenParameter& result : m_writer->results()) {
-        m_written = m_written || result.result != Result::NotTried;
+        const bool tried = result.result != Result::NotTried;
+        m_written = m_written || tried;
+        changed = changed || (tried && changesIdentity(result.key));
         if (result.readBack)
             m_subject.hand.values[result.key] = *result.readBack;
     }
+    const auto known = m_subject.hand.value({ParameterKind::Calibration});
     if (const auto calibration = m_writer->calibrationInHand())
         takeOver(*calibration);
+    else if (changed)
+        m_isCalibrationUnknown = true;
+    else if (known && m_subject.target.isCurrent())
+        m_session->identity().calibration = toCalibration(*known);
     m_progress->hide();
     m_close->setText(m_closeText);
     m_table->setTicksEnabled(true);
@@ -286,17 +312,28 @@ void ParametersDialog::takeOver(const HandIdentity::Calibration& calibration)
 
 void ParametersDialog::showState(const QString& text)
 {
-    m_state->setText(text);
-    m_state->setAccessibleName(text);
+    m_stateText = text;
     updateControls();
+}
+
+/// Why nothing can be restored, empty if that is possible.
+QString ParametersDialog::obstacle() const
+{
+    if (ParameterWriter::isAnyNode(m_subject.target))
+        return tr("Node 0xff is every hand on the bus. Open the hand at its own node to restore "
+                  "its parameters.");
+    if (m_isCalibrationUnknown)
+        return tr("It is not known which calibration the hand has now, it may be incomplete. Close "
+                  "this dialog and compare again.");
+    if (!m_subject.target.isCurrent())
+        return tr("The connection has changed. Close this dialog and compare again.");
+    return {};
 }
 
 void ParametersDialog::updateControls()
 {
-    const bool isCurrent = m_subject.target.isCurrent();
-    const bool isAnyNode = ParameterWriter::isAnyNode(m_subject.target);
-    m_restore->setEnabled(isCurrent && !isAnyNode && !isRestoring() &&
-                          !m_table->tickedKeys().isEmpty());
+    const QString reason = isRestoring() ? QString() : obstacle();
+    m_restore->setEnabled(reason.isEmpty() && !isRestoring() && !m_table->tickedKeys().isEmpty());
     for (const GroupBox& group : m_groups) {
         group.box->setEnabled(!isRestoring() && m_table->hasTickable(group.group));
         const Qt::CheckState state = m_table->groupState(group.group);
@@ -304,13 +341,9 @@ void ParametersDialog::updateControls()
         group.box->setCheckState(state);
     }
     m_copyGains->setEnabled(!isRestoring());
-    if (!m_state->text().isEmpty())
-        return;
-    if (isAnyNode)
-        showState(tr("Node 0xff is every hand on the bus. Open the hand at its own node to restore "
-                     "its parameters."));
-    else if (!isCurrent)
-        showState(tr("The connection has changed. Close this dialog and compare again."));
+    const QString text = (m_stateText + QLatin1Char(' ') + reason).trimmed();
+    m_state->setText(text);
+    m_state->setAccessibleName(text);
 }
 
 void ParametersDialog::reject()

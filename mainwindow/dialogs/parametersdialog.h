@@ -56,6 +56,7 @@ private:
     void addButtons(QBoxLayout* layout);
     /// Runs an action that shows a dialog, when no exchange is in progress.
     void whenIdle(std::function<void()> action);
+    void runPending();
     bool ask(const QString& question);
     void askForConsent(const QList<ParameterKey>& keys);
     void copyGains();
@@ -64,6 +65,7 @@ private:
     void finishRestore();
     void takeOver(const HandIdentity::Calibration& calibration);
     void showState(const QString& text);
+    QString obstacle() const;
     void updateControls();
     bool isRestoring() const { return m_runner != nullptr; }
 
@@ -80,8 +82,11 @@ private:
     QProgressBar* m_progress;
     std::shared_ptr<ParameterWriter> m_writer;
     std::unique_ptr<HandTaskRunner> m_runner; ///< of the restore in progress
+    std::function<void()> m_pending;          ///< waits until no exchange is in progress
+    QString m_stateText;
     bool m_written = false;
-    bool m_hasConsent = false; ///< to restore what belongs to one hand
+    bool m_hasConsent = false;           ///< to restore what belongs to one hand
+    bool m_isCalibrationUnknown = false; ///< it was written, but could not be read back
 };
 
 } // namespace vanto

@@ -44,7 +44,10 @@ bool TaskDialog::run(const Tasks& tasks)
         return true;
     const HandTask& last = *m_tasks[m_current];
     using Outcome = HandTask::Outcome;
-    if (last.outcome() == Outcome::NoAnswer || last.outcome() == Outcome::PortLost)
+    // The status bar reports a lost port and a hand that is silent for longer.
+    const bool isNew = last.outcome() == Outcome::NoAnswer &&
+                       m_session->state() == DeviceSession::State::Connected;
+    if (isNew || last.outcome() == Outcome::OtherHand)
         QMessageBox::warning(parentWidget(), Program::title(), last.outcomeText());
     return false;
 }

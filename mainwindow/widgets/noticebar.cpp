@@ -32,7 +32,6 @@ NoticeBar::NoticeBar(QWidget* parent)
     layout->addWidget(close);
     connect(close, &QToolButton::clicked, this, &QWidget::hide);
     connect(m_button, &QPushButton::clicked, this, [this] {
-        hide();
         const auto action = m_action; // it may show another notice
         action();
     });

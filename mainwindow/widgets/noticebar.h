@@ -18,7 +18,7 @@ class NoticeBar : public QWidget
 public:
     explicit NoticeBar(QWidget* parent = nullptr);
 
-    /// Shows the line. A click on the button hides it and calls `action`.
+    /// Shows the line. A click on the button calls `action`, which hides it when it succeeds.
     void showNotice(const QString& text, const QString& button, std::function<void()> action);
     void setActionEnabled(bool enabled);
 

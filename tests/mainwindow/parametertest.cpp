@@ -58,7 +58,13 @@ void ParameterTest::trigger(const QString& action, const QString& path, Act act)
 {
     m_boxes.clear();
     const QString file = QDir::current().absoluteFilePath(path);
-    DialogAnswer<QFileDialog> files([&](QFileDialog* dialog) { chooseFile(*dialog, file); });
+    int chosen = 0;
+    DialogAnswer<QFileDialog> files([&](QFileDialog* dialog) {
+        if (chosen++ == 0)
+            chooseFile(*dialog, file);
+        else // it was not usable
+            dialog->reject();
+    });
     DialogAnswer<QMessageBox> boxes([&](QMessageBox* box) {
         m_boxes.append((box->text() + ' ' + box->informativeText()).trimmed());
         const bool accepts = m_boxes.size() <= m_acceptedBoxes;

@@ -29,6 +29,8 @@ private:
 
 namespace
 {
+constexpr int ReadUid = 0x23;
+
 QStringList backups()
 {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
@@ -46,9 +48,10 @@ bool TestParameterBackups::areEnabled() const
     for (const char* name :
          {"action_Save_Parameters", "action_Restore_Parameters", "action_Hand_Information"})
         count += m_tool->find<QAction>(name)->isEnabled();
-    if (count != 0 && count != 3)
+    count += m_tool->find<QPushButton>("pushButton_Notice")->isEnabled();
+    if (count != 0 && count != 4)
         qWarning("the actions differ");
-    return count == 3;
+    return count == 4;
 }
 
 void TestParameterBackups::enabled()
@@ -57,6 +60,7 @@ void TestParameterBackups::enabled()
     {
         TestWindow closed;
         QVERIFY(!closed.find<QAction>("action_Save_Parameters")->isEnabled());
+        QVERIFY(!closed.find<QPushButton>("pushButton_Notice")->isEnabled());
     }
     open();
     QVERIFY(areEnabled());
@@ -177,9 +181,13 @@ void TestParameterBackups::comparisonAfterUpdate()
     QCOMPARE(dialogs.count(), 1);
     QVERIFY(!notice->isVisible());
     QCOMPARE(frames(writeCommands()).size(), 1);
+    command("set 2 pid-p 4 8.5");
     m_tool->devices()->setCurrentIndex(-1);
+    clearRecords();
     m_tool->devices()->setCurrentIndex(0);
-    QTest::qWait(0);
+    QTRY_VERIFY(areEnabled());
+    saveTo("again.json"); // takes longer than a comparison, which would have begun before
+    QCOMPARE(frames({ReadUid}).size(), 1);
     QVERIFY(!notice->isVisible());
 }
 
