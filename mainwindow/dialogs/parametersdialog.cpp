@@ -34,7 +34,7 @@ struct KindGroup {
 /// Whether a parameter decides by what the hand is recognized.
 bool changesIdentity(const ParameterKey& key)
 {
-    return key.kind == ParameterKind::Calibration || key.kind == ParameterKind::PositionLimits;
+    return describe(key.kind).belongsToOneHand();
 }
 
 QString identityText(const ParameterSet& file)

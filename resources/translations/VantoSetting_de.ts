@@ -1548,10 +1548,6 @@ Unterstützte Protokolle:</translation>
         <translation>Parameter in „%1“ gespeichert</translation>
     </message>
     <message>
-        <source>The file has no values for what the hand refused to tell:</source>
-        <translation>Die Datei enthält keine Werte für das, was die Hand nicht mitteilen wollte:</translation>
-    </message>
-    <message>
         <source>Open parameter file</source>
         <translation>Parameterdatei öffnen</translation>
     </message>
@@ -1562,6 +1558,14 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>The file is from hardware %1, the hand is hardware %2. Compare them?</source>
         <translation>Die Datei stammt von Hardware %1, die Hand hat Hardware %2. Trotzdem vergleichen?</translation>
+    </message>
+    <message>
+        <source>The parameters could not be saved in &apos;%1&apos;.</source>
+        <translation>Die Parameter konnten nicht in „%1“ gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>The file does not have these values, which the hand did not give:</source>
+        <translation>In der Datei fehlen diese Werte, weil die Hand sie nicht geliefert hat:</translation>
     </message>
 </context>
 <context>
@@ -1579,16 +1583,20 @@ Unterstützte Protokolle:</translation>
         <translation>Die Parameter wurden nicht gesichert. %1</translation>
     </message>
     <message>
-        <source>Parameters of the hand differ from its backup before the update.</source>
-        <translation>Parameter der Hand weichen von ihrer Sicherung vor dem Update ab.</translation>
-    </message>
-    <message>
         <source>Compare...</source>
         <translation>Vergleichen...</translation>
     </message>
     <message>
         <source>The backup is incomplete. %1</source>
         <translation>Die Sicherung ist unvollständig. %1</translation>
+    </message>
+    <message>
+        <source>The hand does not answer.</source>
+        <translation>Die Hand antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The parameters of the hand differ from the backup made before the update.</source>
+        <translation>Die Parameter der Hand weichen von der Sicherung vor dem Update ab.</translation>
     </message>
 </context>
 <context>
@@ -1751,6 +1759,10 @@ Sind Sie sicher, dass die Datei von dieser Hand stammt?</translation>
 Restore those of the file?</source>
         <translation>Kalibrierung und Positionsgrenzen legen fest, wo die Finger enden. Mit falschen Werten fahren die Finger in ihre Anschläge und können beschädigt werden.
 Werte der Datei wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>It is not known which calibration the hand has now, it may be incomplete. Close this dialog and compare again.</source>
+        <translation>Es ist nicht bekannt, welche Kalibrierung die Hand jetzt hat; sie kann unvollständig sein. Schließen Sie diesen Dialog und vergleichen Sie erneut.</translation>
     </message>
 </context>
 <context>

@@ -1548,10 +1548,6 @@ Supported protocol:</source>
         <translation>パラメーターを「%1」に保存しました</translation>
     </message>
     <message>
-        <source>The file has no values for what the hand refused to tell:</source>
-        <translation>ハンドが読み出しを拒否した次の項目は、ファイルに値がありません:</translation>
-    </message>
-    <message>
         <source>Open parameter file</source>
         <translation>パラメーターファイルを開く</translation>
     </message>
@@ -1562,6 +1558,14 @@ Supported protocol:</source>
     <message>
         <source>The file is from hardware %1, the hand is hardware %2. Compare them?</source>
         <translation>ファイルはハードウェア %1 のもので、ハンドはハードウェア %2 です。比較しますか?</translation>
+    </message>
+    <message>
+        <source>The parameters could not be saved in &apos;%1&apos;.</source>
+        <translation>パラメーターを「%1」に保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>The file does not have these values, which the hand did not give:</source>
+        <translation>ハンドから得られなかった次の値はファイルに含まれていません:</translation>
     </message>
 </context>
 <context>
@@ -1579,16 +1583,20 @@ Supported protocol:</source>
         <translation>パラメーターをバックアップできませんでした。%1</translation>
     </message>
     <message>
-        <source>Parameters of the hand differ from its backup before the update.</source>
-        <translation>ハンドのパラメーターがアップデート前のバックアップと異なります。</translation>
-    </message>
-    <message>
         <source>Compare...</source>
         <translation>比較...</translation>
     </message>
     <message>
         <source>The backup is incomplete. %1</source>
         <translation>バックアップは不完全です。%1</translation>
+    </message>
+    <message>
+        <source>The hand does not answer.</source>
+        <translation>ハンドが応答しません。</translation>
+    </message>
+    <message>
+        <source>The parameters of the hand differ from the backup made before the update.</source>
+        <translation>ハンドのパラメーターがアップデート前のバックアップと異なります。</translation>
     </message>
 </context>
 <context>
@@ -1751,6 +1759,10 @@ Are you sure that the file is from this hand?</source>
 Restore those of the file?</source>
         <translation>校正と位置の上下限は指の可動端を決めます。誤った値では指がストッパーに押し付けられ、破損するおそれがあります。
 ファイルの値を復元しますか?</translation>
+    </message>
+    <message>
+        <source>It is not known which calibration the hand has now, it may be incomplete. Close this dialog and compare again.</source>
+        <translation>ハンドの現在の校正は不明です。不完全な可能性があります。このダイアログを閉じて、もう一度比較してください。</translation>
     </message>
 </context>
 <context>

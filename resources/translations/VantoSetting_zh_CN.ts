@@ -1548,10 +1548,6 @@ Supported protocol:</source>
         <translation>参数已保存到“%1”</translation>
     </message>
     <message>
-        <source>The file has no values for what the hand refused to tell:</source>
-        <translation>灵巧手拒绝提供以下内容，文件中没有这些值：</translation>
-    </message>
-    <message>
         <source>Open parameter file</source>
         <translation>打开参数文件</translation>
     </message>
@@ -1562,6 +1558,14 @@ Supported protocol:</source>
     <message>
         <source>The file is from hardware %1, the hand is hardware %2. Compare them?</source>
         <translation>文件来自硬件 %1，灵巧手为硬件 %2。是否比较？</translation>
+    </message>
+    <message>
+        <source>The parameters could not be saved in &apos;%1&apos;.</source>
+        <translation>无法将参数保存到“%1”。</translation>
+    </message>
+    <message>
+        <source>The file does not have these values, which the hand did not give:</source>
+        <translation>文件中没有以下值，因为灵巧手未提供：</translation>
     </message>
 </context>
 <context>
@@ -1579,16 +1583,20 @@ Supported protocol:</source>
         <translation>参数未备份。%1</translation>
     </message>
     <message>
-        <source>Parameters of the hand differ from its backup before the update.</source>
-        <translation>灵巧手的参数与更新前的备份不同。</translation>
-    </message>
-    <message>
         <source>Compare...</source>
         <translation>比较...</translation>
     </message>
     <message>
         <source>The backup is incomplete. %1</source>
         <translation>备份不完整。%1</translation>
+    </message>
+    <message>
+        <source>The hand does not answer.</source>
+        <translation>灵巧手无应答。</translation>
+    </message>
+    <message>
+        <source>The parameters of the hand differ from the backup made before the update.</source>
+        <translation>灵巧手的参数与更新前的备份不同。</translation>
     </message>
 </context>
 <context>
@@ -1751,6 +1759,10 @@ Are you sure that the file is from this hand?</source>
 Restore those of the file?</source>
         <translation>校准和位置限制决定手指的终点。错误的值会使手指顶到机械限位并可能损坏。
 要恢复文件中的值吗？</translation>
+    </message>
+    <message>
+        <source>It is not known which calibration the hand has now, it may be incomplete. Close this dialog and compare again.</source>
+        <translation>无法确定灵巧手当前的校准，可能不完整。请关闭此对话框并重新比较。</translation>
     </message>
 </context>
 <context>
