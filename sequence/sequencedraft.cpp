@@ -22,10 +22,17 @@ namespace
 constexpr QLatin1String FileKey("file");
 constexpr QLatin1String DraftSuffix(".json");
 constexpr QLatin1String LockSuffix(".lock");
+constexpr qint64 NewLockSecs = 10;
 
 QString lockPath(const QString& draft)
 {
     return draft.chopped(DraftSuffix.size()) + LockSuffix;
+}
+
+QString newPath(const QString& folder)
+{
+    return folder + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces) +
+           DraftSuffix;
 }
 
 /// Nothing if the process that created the lock still runs.
@@ -33,7 +40,20 @@ std::unique_ptr<QLockFile> tryLock(const QString& path)
 {
     auto lock = std::make_unique<QLockFile>(path);
     lock->setStaleLockTime(0); // only the end of its process frees it
-    return lock->tryLock(0) ? std::move(lock) : nullptr;
+    if (lock->tryLock(0))
+        return lock;
+    // After a power cut it may be empty; a new one is empty only for a moment.
+    const QFileInfo info(path);
+    const bool isEmpty = info.exists() && info.size() == 0 &&
+                         info.lastModified().secsTo(QDateTime::currentDateTime()) > NewLockSecs;
+    return isEmpty && QFile::remove(path) && lock->tryLock(0) ? std::move(lock) : nullptr;
+}
+
+/// Removes what a process that was killed while it wrote the draft has left beside it.
+void removeTemporaries(const QDir& dir, const QString& draft)
+{
+    for (const QString& name : dir.entryList({draft + QLatin1String(".*")}, QDir::Files))
+        QFile::remove(dir.filePath(name));
 }
 
 std::optional<SequenceDraft::Abandoned> read(const QFileInfo& info)
@@ -51,10 +71,7 @@ std::optional<SequenceDraft::Abandoned> read(const QFileInfo& info)
 } // namespace
 
 SequenceDraft::SequenceDraft(const QString& folder, QObject* parent)
-    : QObject(parent),
-      m_folder(folder),
-      m_path(folder + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces) +
-             DraftSuffix)
+    : QObject(parent), m_folder(folder), m_path(newPath(folder))
 {
     m_writer.setMaxThreadCount(1);
 }
@@ -75,13 +92,15 @@ std::vector<SequenceDraft::Abandoned> SequenceDraft::findAbandoned(const QString
     std::vector<Abandoned> drafts;
     const QDir dir(folder);
     for (const QFileInfo& info : dir.entryInfoList({QLatin1Char('*') + LockSuffix}, QDir::Files))
-        if (!dir.exists(info.completeBaseName() + DraftSuffix))
-            tryLock(info.filePath()); // removes what a process that was killed has left
+        if (const QString draft = info.completeBaseName() + DraftSuffix; !dir.exists(draft))
+            if (const auto lock = tryLock(info.filePath())) // removed with it
+                removeTemporaries(dir, draft);
     for (const QFileInfo& info :
          dir.entryInfoList({QLatin1Char('*') + DraftSuffix}, QDir::Files, QDir::Time)) {
         auto lock = tryLock(lockPath(info.filePath()));
         if (!lock)
             continue;
+        removeTemporaries(dir, info.fileName());
         if (auto draft = read(info)) {
             draft->lock = std::move(lock);
             drafts.push_back(std::move(*draft));
@@ -107,7 +126,7 @@ bool SequenceDraft::lock()
 void SequenceDraft::write(const SequenceData& data, const QString& file)
 {
     if (lock())
-        m_writer.start([this, data, file] { store(data, file); });
+        m_writer.start([this, path = m_path, data, file] { store(path, data, file); });
 }
 
 void SequenceDraft::take(Abandoned draft)
@@ -115,8 +134,8 @@ void SequenceDraft::take(Abandoned draft)
     if (!lock())
         return;
     auto taken = std::make_shared<Abandoned>(std::move(draft));
-    m_writer.start([this, taken] {
-        if (store(taken->data, taken->file))
+    m_writer.start([this, path = m_path, taken] {
+        if (store(path, taken->data, taken->file))
             QFile::remove(taken->path);
     });
 }
@@ -127,13 +146,26 @@ void SequenceDraft::remove()
         m_writer.start([path = m_path] { QFile::remove(path); });
 }
 
+SequenceDraft::Kept SequenceDraft::keep()
+{
+    return {std::exchange(m_path, newPath(m_folder)), std::move(m_lock)};
+}
+
+void SequenceDraft::adopt(Kept kept)
+{
+    if (m_lock) // free only once its file is removed
+        m_writer.start([old = std::shared_ptr<QLockFile>(std::move(m_lock))] {});
+    m_path = std::move(kept.path);
+    m_lock = std::move(kept.lock);
+}
+
 /// Runs in the thread of the writer.
-bool SequenceDraft::store(const SequenceData& data, const QString& file)
+bool SequenceDraft::store(const QString& path, const SequenceData& data, const QString& file)
 {
     QJsonObject document = QJsonDocument::fromJson(data.toJSON()).object();
     document.insert(FileKey, file);
     const QByteArray json = QJsonDocument(document).toJson(QJsonDocument::Compact);
-    QSaveFile draft(m_path);
+    QSaveFile draft(path);
     if (draft.open(QIODevice::WriteOnly) && draft.write(json) == json.size() && draft.commit())
         return true;
     QMetaObject::invokeMethod(

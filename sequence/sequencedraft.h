@@ -31,6 +31,12 @@ public:
         std::unique_ptr<QLockFile> lock;
     };
 
+    /// A draft of this process that is left as it is.
+    struct Kept {
+        QString path;
+        std::unique_ptr<QLockFile> lock;
+    };
+
     /// Nothing is written before the first write().
     explicit SequenceDraft(const QString& folder, QObject* parent = nullptr);
     /// Waits until the file is written, and keeps it.
@@ -46,6 +52,10 @@ public:
     /// Writes at once; the other draft, whose data this is, is removed as soon as it is on disk.
     void take(Abandoned draft);
     void remove();
+    /// Leaves the file on disk; what is written from now on gets a file of its own.
+    Kept keep();
+    /// Uses that file again instead of the present one, which must have been removed.
+    void adopt(Kept kept);
 
 signals:
     /// The draft could not be written.
@@ -53,7 +63,7 @@ signals:
 
 private:
     bool lock();
-    bool store(const SequenceData& data, const QString& file);
+    bool store(const QString& path, const SequenceData& data, const QString& file);
 
     QString m_folder;
     QString m_path;

@@ -83,6 +83,7 @@ QAction* SequenceActions::addForRows(const QString& name, const QString& text,
 {
     QAction* action = add(name, text, key, slot);
     action->setShortcutContext(Qt::WidgetShortcut);
+    action->setAutoRepeat(slot == &SequenceActions::moveUp || slot == &SequenceActions::moveDown);
     m_table->addAction(action);
     m_rowActions.append(action);
     return action;
@@ -175,8 +176,8 @@ void SequenceActions::paste()
                                   : tr("The steps on the clipboard have positions, not angles."));
         return;
     }
-    const int current = m_table->currentRow();
-    const int row = current < 0 ? m_table->rowCount() : current + 1;
+    const QList<int> selected = m_table->selectedRows();
+    const int row = selected.isEmpty() ? m_table->rowCount() : selected.constLast() + 1;
     m_sequence->insert(row, *steps, tr("paste of %1"));
     finish(row, steps->sequences.size());
 }

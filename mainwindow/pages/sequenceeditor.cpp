@@ -4,12 +4,22 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
 
 namespace vanto
 {
+
+namespace
+{
+bool areDisjoint(const QList<std::uint64_t>& a, const QList<std::uint64_t>& b)
+{
+    const QSet<std::uint64_t> ids(a.begin(), a.end());
+    return std::ranges::none_of(b, [&](std::uint64_t id) { return ids.contains(id); });
+}
+} // namespace
 
 SequenceEditor::SequenceEditor(StepTable* table, QObject* parent)
     : QObject(parent),
@@ -117,12 +127,15 @@ void SequenceEditor::push(SequenceChange change)
 void SequenceEditor::apply(const SequenceChange& change, bool revert)
 {
     const SequenceEdit& edit = change.edit;
+    const auto& ids = revert ? change.idsBefore : change.idsAfter;
+    const auto& oldIds = revert ? change.idsAfter : change.idsBefore;
+    const auto replaced = revert ? edit.after.size() : edit.before.size();
+    if (replaced > 0 && replaced == data().sequences.size() && areDisjoint(oldIds, ids))
+        emit sig_replacing();
     if (revert)
         m_manager.revert(edit);
     else
         m_manager.apply(edit);
-    const auto& ids = revert ? change.idsBefore : change.idsAfter;
-    const auto replaced = revert ? edit.after.size() : edit.before.size();
     m_table->replaceSteps(edit.row, replaced, ids, revert ? edit.before : edit.after);
     if (change.fileBefore != change.fileAfter)
         m_file = revert ? change.fileBefore : change.fileAfter;
@@ -159,8 +172,12 @@ bool SequenceEditor::save(const QString& name)
     QFile file(name);
     const bool opened = m_manager.saveSequenceData(file);
     m_fileError = m_manager.fileError();
-    if (!opened || !m_fileError.isEmpty())
+    if (opened && !m_fileError.isEmpty())
+        m_onDisk.remove(name); // it may be damaged
+    if (!opened || !m_fileError.isEmpty()) {
+        emit sig_changed();
         return false;
+    }
     m_file = name;
     m_onDisk.insert(name, data());
     emit sig_changed();

@@ -65,6 +65,8 @@ public:
     bool isModified() const;
 
 signals:
+    /// No step of the sequence will be left.
+    void sig_replacing();
     /// The sequence, its file or whether it is saved may have changed.
     void sig_changed();
 

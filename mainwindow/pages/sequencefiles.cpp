@@ -11,6 +11,7 @@
 #include <QLocale>
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 namespace vanto
@@ -41,6 +42,7 @@ SequenceFiles::SequenceFiles(SequenceEditor* sequence, const Widgets& widgets, Q
     });
     connect(m_widgets.restore, &QPushButton::clicked, this, &SequenceFiles::sig_restoreRequested);
     connect(m_widgets.discard, &QPushButton::clicked, this, &SequenceFiles::discardDraft);
+    connect(m_sequence, &SequenceEditor::sig_replacing, this, &SequenceFiles::keepDraft);
     connect(m_sequence, &SequenceEditor::sig_changed, this, &SequenceFiles::update);
     showName();
 }
@@ -68,6 +70,7 @@ void SequenceFiles::setLoadEnabled(bool enabled)
 void SequenceFiles::update()
 {
     showName();
+    adoptDraft();
     if (!m_sequence->isModified()) {
         m_draftTimer.stop();
         if (std::exchange(m_hasDraft, false))
@@ -75,6 +78,29 @@ void SequenceFiles::update()
     } else if (!m_draftTimer.isActive()) { // so that the draft is never older than this
         m_draftTimer.start();
     }
+}
+
+/// The sequence that is replaced may exist nowhere but in its draft.
+void SequenceFiles::keepDraft()
+{
+    m_draftTimer.stop();
+    if (!m_sequence->isModified())
+        return;
+    writeDraft();
+    m_hasDraft = false;
+    m_kept.push_back({m_draft.keep(), m_sequence->data()});
+}
+
+/// What was replaced is there again: its draft is removed once it is saved.
+void SequenceFiles::adoptDraft()
+{
+    const auto kept = std::ranges::find(m_kept, m_sequence->data(), &Replaced::data);
+    if (kept == m_kept.end())
+        return;
+    if (std::exchange(m_hasDraft, true))
+        m_draft.remove();
+    m_draft.adopt(std::move(kept->draft));
+    m_kept.erase(kept);
 }
 
 void SequenceFiles::writeDraft()

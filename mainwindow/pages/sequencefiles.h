@@ -55,11 +55,19 @@ signals:
     void sig_loaded();
 
 private:
+    /// Unsaved work that was replaced.
+    struct Replaced {
+        SequenceDraft::Kept draft;
+        SequenceData data;
+    };
+
     void update();
     void showName();
     void showDraft();
     void discardDraft();
     void writeDraft();
+    void keepDraft();
+    void adoptDraft();
     void list(const QString& text, const QString& file, const QString& reason) const;
 
     SequenceEditor* m_sequence;
@@ -67,6 +75,7 @@ private:
     QWidget* m_page;
     StatusReporter* m_reporter = nullptr;
     RecentFiles* m_recent;
+    std::vector<Replaced> m_kept; ///< freed after the last one is written
     SequenceDraft m_draft;
     QTimer m_draftTimer;
     bool m_hasDraft = false; ///< one has been written, or is about to be

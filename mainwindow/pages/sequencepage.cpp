@@ -369,13 +369,11 @@ void SequencePage::selectSoon(const HandTarget& target, int row)
 
 void SequencePage::on_pushButton_SeqDelete_clicked()
 {
-    if (m_table->selectedRows().size() > 1) {
+    const int row = m_table->currentRow();
+    if (m_table->selectedRows() != QList<int>{row}) {
         m_actions->deleteSteps();
         return;
     }
-    const int row = m_table->currentRow();
-    if (row < 0)
-        return;
     m_sequence->remove({row}, tr("delete of %1"));
     updateEditCell();
     updateSequenceTab();
@@ -385,13 +383,13 @@ void SequencePage::on_pushButton_SeqDelete_clicked()
 /// Several rows are moved without playing one of them.
 void SequencePage::moveCurrentRow(int distance)
 {
-    if (m_table->selectedRows().size() > 1) {
+    const int row = m_table->currentRow();
+    if (m_table->selectedRows() != QList<int>{row}) {
         m_actions->moveSteps(distance);
         return;
     }
-    const int row = m_table->currentRow();
     const int other = row + distance;
-    if (row < 0 || other < 0 || other >= m_table->rowCount())
+    if (other < 0 || other >= m_table->rowCount())
         return;
     SwapSequenceRow(row, other);
     m_table->setCurrentCell(other, 0);
@@ -434,7 +432,8 @@ void SequencePage::showMode()
 bool SequencePage::handleKeyPress(const QKeyEvent& event)
 {
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (!isReturn || !m_status->isNotSent())
+    const bool isPlain = !(event.modifiers() & ~Qt::KeypadModifier);
+    if (!isReturn || !isPlain || !m_status->isNotSent())
         return m_table->handleKeyPress(event);
     if (!event.isAutoRepeat())
         playRow(m_table->currentRow(), Purpose::Run);

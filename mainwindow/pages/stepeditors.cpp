@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QSlider>
 
 #include <algorithm>
@@ -116,11 +115,14 @@ std::optional<int> StepEditors::typedValue(std::uint8_t finger) const
 {
     QString text = m_positions[finger]->text().trimmed();
     bool isNumber = false;
-    const double number =
-        QLocale::c().toDouble(text.replace(QLatin1Char(','), QLatin1Char('.')), &isNumber);
-    if (!isNumber || !std::isfinite(number))
+    double ticks = 0;
+    if (unit().isPosition())
+        ticks = static_cast<double>(text.toLongLong(&isNumber)); // a comma would mean thousands
+    else
+        ticks = text.replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber) *
+                HundredthsPerDegree;
+    if (!isNumber || !std::isfinite(ticks))
         return std::nullopt;
-    const double ticks = unit().isPosition() ? number : number * HundredthsPerDegree;
     return static_cast<int>(std::lround(std::clamp(ticks, -OutOfRange, OutOfRange)));
 }
 

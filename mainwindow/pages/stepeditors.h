@@ -54,6 +54,7 @@ public:
     bool isDelayEdited() const;
 
     QSlider* slider(std::uint8_t finger) const { return m_sliders[finger]; }
+    QLineEdit* position(std::uint8_t finger) const { return m_positions[finger]; }
     QLineEdit* speed(std::uint8_t finger) const { return m_speeds[finger]; }
     /// The finger whose speed the user is typing, if any.
     std::optional<std::uint8_t> fingerOfEditedSpeed() const;

@@ -23,6 +23,7 @@ StepInput::StepInput(SequenceEditor* sequence, StepTable* table, StepEditors* ed
 
 void StepInput::show(int row)
 {
+    m_editors->cancelDrags(); // the release would store the target in another step
     m_shownStep = m_table->idOf(row);
     if (m_shownStep == StepTable::NoStep)
         m_editors->clear();
@@ -97,7 +98,9 @@ void StepInput::sendTypedTarget(std::uint8_t finger)
     }
     const int value = std::clamp(*typed, slider->minimum(), slider->maximum());
     if (value != *typed) {
+        slider->setValue(value); // Return on the slider sends what is shown
         previewTarget(finger, value);
+        m_editors->position(finger)->setModified(true); // restored when the user leaves it
         return;
     }
     slider->setValue(value);

@@ -106,7 +106,8 @@ void StepTable::selectSilently(const QList<int>& rows)
     const QSignalBlocker blocker(this);
     if (rows.isEmpty())
         return;
-    setCurrentCell(rows.constFirst(), 0);
+    m_anchor = rows.constFirst();
+    setCurrentCell(m_anchor, 0);
     QItemSelection all;
     for (const int row : rows)
         all.select(model()->index(row, 0), model()->index(row, columnCount() - 1));
@@ -199,30 +200,49 @@ void StepTable::mouseDoubleClickEvent(QMouseEvent* event)
         QTableWidget::mouseDoubleClickEvent(event);
 }
 
-/// With Shift, keys such as Page Down extend the selection, too.
+/// With Shift or Ctrl, keys such as Page Down extend the selection, too. Other keys could make a
+/// row current that is not selected.
 void StepTable::keyPressEvent(QKeyEvent* event)
 {
-    if (!(event->modifiers() & Qt::ShiftModifier)) {
+    if (!extendsSelection(event->modifiers())) {
         QTableWidget::keyPressEvent(event);
         return;
     }
-    const int before = currentRow();
-    {
-        const QSignalBlocker blocker(this);
-        QTableWidget::keyPressEvent(event);
+    const int row = rowOfKey(event->key());
+    if (row >= 0 && row != currentRow())
+        extendTo(row, Qt::ShiftModifier);
+    else if (event->matches(QKeySequence::SelectAll))
+        selectAll();
+    else if (row < 0)
+        event->ignore();
+}
+
+/// -1 if the key does not lead to a row.
+int StepTable::rowOfKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Home:
+        return rowCount() > 0 ? 0 : -1;
+    case Qt::Key_End:
+        return rowCount() - 1;
+    case Qt::Key_PageUp:
+        return moveCursor(MovePageUp, Qt::NoModifier).row();
+    case Qt::Key_PageDown:
+        return moveCursor(MovePageDown, Qt::NoModifier).row();
+    default:
+        return -1;
     }
-    if (currentRow() != before)
-        emit sig_extended();
 }
 
 /// With Shift the rows from the one at which the extension began to `row` are selected; with Ctrl
-/// `row` is added or removed.
+/// `row` is added or removed. The current row is always one of the selected rows: what acts on one
+/// row must not act on another than what acts on the selection.
 void StepTable::extendTo(int row, Qt::KeyboardModifiers modifiers)
 {
     const bool isRange = modifiers & Qt::ShiftModifier && currentRow() >= 0;
     if (!isRange)
         m_anchor = row;
-    else if (selectionModel()->selectedRows().size() < 2)
+    else if (selectedRows().size() < 2 || !selectedRows().contains(m_anchor))
         m_anchor = currentRow();
     const auto [first, last] = std::minmax(std::min(m_anchor, rowCount() - 1), row);
     const QItemSelection rows(model()->index(first, 0), model()->index(last, columnCount() - 1));
@@ -231,6 +251,13 @@ void StepTable::extendTo(int row, Qt::KeyboardModifiers modifiers)
         selectionModel()->setCurrentIndex(model()->index(row, 0), QItemSelectionModel::NoUpdate);
         selectionModel()->select(rows, isRange ? QItemSelectionModel::ClearAndSelect
                                                : QItemSelectionModel::Toggle);
+        if (!selectionModel()->hasSelection())
+            selectionModel()->select(rows, QItemSelectionModel::Select);
+        if (!selectedRows().contains(row)) {
+            m_anchor = selectedRows().constFirst();
+            selectionModel()->setCurrentIndex(model()->index(m_anchor, 0),
+                                              QItemSelectionModel::NoUpdate);
+        }
     }
     emit sig_extended();
 }

@@ -80,6 +80,7 @@ protected:
 
 private:
     void extendTo(int row, Qt::KeyboardModifiers modifiers);
+    int rowOfKey(int key);
     void showMark();
 
     StepHeader* m_header;

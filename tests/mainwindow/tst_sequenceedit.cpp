@@ -1,6 +1,7 @@
 #include "handtest.h"
 #include "messagelog.h"
 #include "pageindex.h"
+#include "sequencedraft.h"
 #include "sequenceeditor.h"
 #include "sequenceplayer.h"
 #include "testmain.h"
@@ -16,6 +17,7 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <QWheelEvent>
 
 namespace vanto
 {
@@ -61,6 +63,8 @@ private:
     /// The delays stand for the steps.
     QString delays() const;
     QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
+    /// "01|1" if the first two rows are selected and the second is current.
+    QString selected() const;
     QString line() const { return m_tool->find<QLabel>("label_SeqStep")->text(); }
     QStringList messages() const { return m_tool->window()->findChild<MessageLog*>()->lines(); }
     void load(const QByteArray& json, const QString& name = "given.json") const;
@@ -85,6 +89,15 @@ QString TestSequenceEdit::delays() const
     for (const SequenceDataItem& step : editor()->data().sequences)
         all += QString::number(step.delay);
     return all;
+}
+
+QString TestSequenceEdit::selected() const
+{
+    QString rows;
+    for (int row = 0; row < table()->rowCount(); ++row)
+        if (table()->selectionModel()->isRowSelected(row))
+            rows += QString::number(row);
+    return rows + '|' + QString::number(table()->currentRow());
 }
 
 void TestSequenceEdit::choose(const char* button, const QString& file) const
@@ -292,6 +305,21 @@ void TestSequenceEdit::selectionOfSeveralRows()
     QCOMPARE(delays(), "1");
     QCOMPARE(action("action_Undo")->text(), "&Undo delete of 2 steps");
     m_tool->trigger("action_Undo");
+    for (const int row : {2, 2, 0}) // the last selected row stays selected and current
+        clickRow(row, Qt::ControlModifier);
+    QCOMPARE(selected(), "0|0");
+    clickRow(1, Qt::ControlModifier);
+    clickRow(0, Qt::ControlModifier);
+    QCOMPARE(selected(), "1|1");
+    for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier}) {
+        QTest::keyClick(table(), Qt::Key_Home, modifier);
+        QCOMPARE(selected(), "01|0");
+        QTest::keyClick(table(), Qt::Key_End, modifier);
+        QCOMPARE(selected(), "12|2");
+        QTest::keyClick(table(), Qt::Key_PageUp, modifier);
+        QTest::keyClick(table(), Qt::Key_Down, modifier);
+        QCOMPARE(selected(), "1|1");
+    }
     QTest::mouseDClick(table()->viewport(), Qt::LeftButton, Qt::ControlModifier,
                        table()->visualItemRect(table()->item(1, 2)).center());
     QTest::mouseClick(table()->verticalHeader()->viewport(), Qt::LeftButton, Qt::ShiftModifier,
@@ -317,6 +345,13 @@ void TestSequenceEdit::clipboard()
     QCOMPARE(delays(), "123");
     QCOMPARE(m_tool->find<QComboBox>("comboBox_SeqPosOrAngle")->currentIndex(), 0);
     QCOMPARE(table()->selectionModel()->selectedRows().size(), 3);
+    m_tool->trigger("action_Paste_Steps"); // after the selection
+    QCOMPARE(delays(), "123123");
+    QCOMPARE(selected(), "345|3");
+    table()->setFocus();
+    QTest::keyClick(table(), Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(selected(), "34|4");
+    m_tool->trigger("action_Undo");
     m_tool->trigger("action_Undo");
     QCOMPARE(m_tool->find<QComboBox>("comboBox_SeqPosOrAngle")->currentIndex(), 1);
     m_tool->trigger("action_Redo");
@@ -334,7 +369,7 @@ void TestSequenceEdit::clipboard()
 void TestSequenceEdit::typedValues_data()
 {
     addTextRows({"typed", "shown", "sent", "left"}, {{"12345", "12345", "4c 023930fd", "12345"},
-                                                     {"12345.4", "12345", "4c 023930fd", "12345"},
+                                                     {"1,000", "3000", "", "3000"},
                                                      {"70000", "65535", "", "3000"},
                                                      {"-1", "0", "", "3000"},
                                                      {"x", "3000", "", "3000"},
@@ -377,6 +412,14 @@ void TestSequenceEdit::previews()
     select(0);
     QCOMPARE(slider->value(), 3000);
     QVERIFY(line().startsWith("Step 1"));
+    m_tool->trigger("action_Duplicate_Step");
+    clearRecords();
+    slider->setSliderDown(true);
+    slider->setSliderPosition(20000);
+    m_tool->trigger("action_Undo"); // shows another step
+    slider->setSliderDown(false);
+    QCOMPARE(motions(), QStringList());
+    select(0);
     command("fault refuse command=0x4c");
     slider->setSliderDown(true);
     slider->setSliderPosition(30000);
@@ -448,15 +491,29 @@ void TestSequenceEdit::drafts()
     QCOMPARE(json(), unsaved);
     QCOMPARE(m_tool->find<QLabel>("label_SeqFile")->text(), "given2.json (not saved)");
     QVERIFY(!m_tool->find<QWidget>("widget_SeqDraft")->isVisible());
+    const auto drafts = [&] { return SequenceDraft::findAbandoned(folder().path()).size(); };
+    const auto files = [&] { return folder().entryList({"*.json"}).size(); };
     m_tool->trigger("action_Undo");
     QCOMPARE(table()->rowCount(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(folder().entryList({"*.json"}).size(), 0, DraftMs);
+    QTRY_COMPARE_WITH_TIMEOUT(files(), 1, DraftMs); // the work is nowhere else
+    m_tool->trigger("action_Redo");
+    load(ThreeSteps, "other.json"); // replaces the unsaved work
+    QTRY_COMPARE_WITH_TIMEOUT(files(), 1, DraftMs);
+    m_tool->trigger("action_Undo");
+    choose("pushButton_SeqSave", "given3.json");
+    QTRY_COMPARE_WITH_TIMEOUT(files(), 0, DraftMs);
+    QCOMPARE(drafts(), 0U);
     QCOMPARE(frames(), QStringList());
 }
 
 void TestSequenceEdit::repeatedRun()
 {
     auto* repeat = m_tool->find<QSpinBox>("spinBox_SeqRepeat");
+    QTest::keyClick(repeat, Qt::Key_Down);
+    QCOMPARE(repeat->value(), 1); // not endless
+    QWheelEvent wheel({5, 5}, repeat->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(repeat, &wheel);
     QCOMPARE(repeat->value(), 1);
     repeat->setValue(3);
     select(1);
