@@ -30,7 +30,8 @@ void setName(QAction* action, const QString& verb, const QString& change)
 {
     QString name = change;
     name.replace(QLatin1Char('&'), QLatin1String("&&"));
-    action->setText(name.isEmpty() ? verb : verb + QLatin1Char(' ') + name);
+    //: "&Undo" or "&Redo", and the name of the change
+    action->setText(name.isEmpty() ? verb : SequenceActions::tr("%1 %2").arg(verb, name));
 }
 } // namespace
 

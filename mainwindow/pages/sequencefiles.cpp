@@ -109,10 +109,15 @@ void SequenceFiles::writeDraft()
     m_draft.write(m_sequence->data(), m_sequence->fileName());
 }
 
+QString SequenceFiles::nameOf(const QString& file)
+{
+    return file.isEmpty() ? tr("No file") : QFileInfo(file).fileName();
+}
+
 void SequenceFiles::showName()
 {
     const QString file = m_sequence->fileName();
-    const QString name = file.isEmpty() ? tr("No file") : QFileInfo(file).fileName();
+    const QString name = nameOf(file);
     m_widgets.name->setText(m_sequence->isModified() ? tr("%1 (not saved)").arg(name) : name);
     m_widgets.name->setToolTip(file);
 }
@@ -171,11 +176,12 @@ void SequenceFiles::showDraft()
     if (m_abandoned.empty())
         return;
     const SequenceDraft::Abandoned& draft = m_abandoned.front();
-    const QString name = draft.file.isEmpty() ? tr("No file") : QFileInfo(draft.file).fileName();
-    m_widgets.draftText->setText(tr("Not saved: %1, %2 steps, %3")
-                                     .arg(name)
-                                     .arg(draft.data.sequences.size())
-                                     .arg(QLocale().toString(draft.written, QLocale::ShortFormat)));
+    const QString name = nameOf(draft.file);
+    const qsizetype steps = draft.data.sequences.size();
+    const QString written = QLocale().toString(draft.written, QLocale::ShortFormat);
+    m_widgets.draftText->setText(
+        steps == 1 ? tr("Not saved: %1, 1 step, %2").arg(name, written)
+                   : tr("Not saved: %1, %2 steps, %3").arg(name).arg(steps).arg(written));
 }
 
 void SequenceFiles::restoreDraft()

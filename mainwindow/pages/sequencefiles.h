@@ -62,6 +62,7 @@ private:
     };
 
     void update();
+    static QString nameOf(const QString& file);
     void showName();
     void showDraft();
     void discardDraft();
