@@ -18,7 +18,7 @@ namespace vanto
 namespace
 {
 constexpr int MinNewId = 2;
-constexpr int MaxNewId = 256; ///< truncated to its low byte, so 256 means 0
+constexpr int MaxNewId = 256;          ///< truncated to its low byte, so 256 means 0
 constexpr int WaitForCommandLevel = 0; ///< the self-test level at which the hand waits for Init
 constexpr int NothingSelected = -1;
 } // namespace
