@@ -107,9 +107,11 @@ void batch(Tool& tool, Arguments& arguments, Answer& answer)
     if (!arguments.error().isEmpty())
         return;
     tool.setHasWritten();
+    Interruption::haltAtFirst();
     running.run();
     tool.hand().reportTo(&answer);
-    if (tool.hand().isOpen() && tool.hand().hasMoved())
+    // After a signal the tool halts the hands.
+    if (!Interruption::isRequested() && tool.hand().isOpen() && tool.hand().hasMoved())
         tool.hand().haltMoved();
 }
 } // namespace
