@@ -65,6 +65,8 @@ bool Connection::isUsable(PROTOCOL_TYPE protocol) const
 
 bool Connection::isReady()
 {
+    if (!m_answer)
+        return false;
     if (m_halt.state() == Halt::State::NotConfirmed)
         m_answer->fail(ExitStatus::NoAnswer, Halt::stateText(m_halt.state()), ResultCode::Timeout);
     else if (!Interruption::isRequested() && !target().isCurrent())
