@@ -154,6 +154,10 @@ bool measureMonitor(const char* what, const QString& port, PROTOCOL_TYPE protoco
         const auto lines = monitor(port, name, QStringLiteral("max"), RoundSeconds);
         samples.push_back(MsPerS * RoundSeconds / static_cast<double>(lines.size()));
         reads.push_back(meanOfReads(port, protocol, RoundSeconds));
+        if (lines.isEmpty() || reads.back() < 0) {
+            std::fprintf(stderr, "%s: the hand has not answered in time\n", what);
+            return false;
+        }
     }
     return report({what, median(samples), "ms", median(reads), MonitorBar});
 }
@@ -186,7 +190,12 @@ int runProgram(int argc, char* argv[])
         return 1;
     bool good = measureStarts(fast.portName());
     const double exchange = medianExchange(fast.portName());
-    good &= report({"get in a batch", medianGet(fast.portName()), "ms", exchange, BatchBar});
+    const double get = medianGet(fast.portName());
+    if (exchange < 0 || get < 0) {
+        std::fprintf(stderr, "a get has failed\n");
+        return 1;
+    }
+    good &= report({"get in a batch", get, "ms", exchange, BatchBar});
     good &= measureMonitor("sample of six currents", fast.portName(), PROTOCOL_TYPE_SERIALCTRL);
     good &= measureMonitor("the same at 115200 baud", paced.portName(), PROTOCOL_TYPE_SERIALCTRL);
     good &= measureMonitor("the same over Modbus", paced.portName(), PROTOCOL_TYPE_MODBUS_RTU);

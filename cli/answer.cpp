@@ -16,6 +16,14 @@ void Answer::replaceFailure(ExitStatus status, const QString& reason)
 {
     m_status = status;
     m_reason = reason.simplified();
+    m_result = 0;
+    m_subError = 0;
+}
+
+void Answer::appendReason(const QString& sentence)
+{
+    m_reason += (m_reason.endsWith(QLatin1Char('.')) ? QLatin1String(" ") : QLatin1String(". ")) +
+                sentence.simplified();
 }
 
 QJsonObject Answer::toJson(const QString& command) const

@@ -34,6 +34,8 @@ public:
     void fail(ExitStatus status, const QString& reason, int result = 0, int subError = 0);
     /// Replaces an earlier failure.
     void replaceFailure(ExitStatus status, const QString& reason);
+    /// Adds a sentence to the reason of a failure.
+    void appendReason(const QString& sentence);
     bool hasFailed() const { return m_status != ExitStatus::Done; }
     ExitStatus status() const { return m_status; }
     /// One line.

@@ -65,8 +65,13 @@ void setId(Tool& tool, Arguments& arguments, Answer& answer)
         return;
     Connection& hand = tool.hand();
     answer.data.insert(QStringLiteral("newNode"), newNode);
-    if (newNode == hand.node() || !hand.open())
+    if (!hand.open())
         return;
+    if (newNode == hand.node()) {
+        if (!answers(hand) && !Interruption::isRequested())
+            answer.fail(ExitStatus::NoAnswer, CallText::noHand(newNode), ResultCode::Timeout);
+        return;
+    }
     if (!hand.call().perform<&VantoProtocol::setID>(newNode))
         return;
     hand.followNode(newNode);

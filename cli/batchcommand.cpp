@@ -37,6 +37,7 @@ public:
         while (!Interruption::isRequested() && m_tool.output().problem() == Output::Problem::None) {
             if (input.hasLine()) {
                 const auto line = input.takeLine();
+                m_watchdog.stop(); // the command reports to another answer
                 perform(line);
                 if (m_watchdog.interval() > 0)
                     m_watchdog.start();
@@ -46,6 +47,13 @@ public:
                 QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
             }
         }
+    }
+
+    /// Fails if a hand has not answered, or the port could not be opened.
+    void reportLost(Answer& answer) const
+    {
+        if (m_lost != ExitStatus::Done)
+            answer.fail(m_lost, m_lostReason);
     }
 
 private:
@@ -70,6 +78,11 @@ private:
         }
         if (Interruption::isRequested() && !answer.hasFailed())
             answer.fail(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
+        if (m_lost == ExitStatus::Done && (answer.status() == ExitStatus::NoAnswer ||
+                                           answer.status() == ExitStatus::PortNotOpened)) {
+            m_lost = answer.status();
+            m_lostReason = answer.reason();
+        }
         write(line.command ? QLatin1String(line.command->name) : QLatin1String(), answer);
     }
 
@@ -82,8 +95,7 @@ private:
 
     void haltAtSilence()
     {
-        // A command that is running starts the time anew at its end.
-        if (!m_tool.hand().hasMoved() || Conversation::isActive())
+        if (!m_tool.hand().hasMoved())
             return;
         Answer answer;
         answer.data.insert(QStringLiteral("event"), QStringLiteral("watchdog"));
@@ -96,6 +108,8 @@ private:
     Tool& m_tool;
     QTimer m_watchdog;
     int m_number = 0; ///< of the line
+    ExitStatus m_lost = ExitStatus::Done;
+    QString m_lostReason;
 };
 
 void batch(Tool& tool, Arguments& arguments, Answer& answer)
@@ -107,10 +121,13 @@ void batch(Tool& tool, Arguments& arguments, Answer& answer)
     if (!arguments.error().isEmpty())
         return;
     tool.setHasWritten();
+    Interruption::haltAtFirst();
     running.run();
     tool.hand().reportTo(&answer);
-    if (tool.hand().isOpen() && tool.hand().hasMoved())
+    // After a signal the tool halts the hands.
+    if (!Interruption::isRequested() && tool.hand().isOpen() && tool.hand().hasMoved())
         tool.hand().haltMoved();
+    running.reportLost(answer);
 }
 } // namespace
 

@@ -51,6 +51,12 @@ QString sortWords(const Command& command, const QStringList& words, Arguments& a
         const CommandOption* option = findOption(command, word.section(QLatin1Char('='), 0, 0));
         if (!option || word == QLatin1String("--wait"))
             return QStringLiteral("There is no option '%1' in a batch.").arg(word);
+        if (arguments.has(option->name))
+            return QStringLiteral("The option '%1' is given twice.")
+                .arg(QLatin1String(option->name));
+        if (!option->value && word.contains(QLatin1Char('=')))
+            return QStringLiteral("The option '%1' takes no value.")
+                .arg(QLatin1String(option->name));
         QStringList& given = arguments.options[QLatin1String(option->name)];
         if (option->value && word.contains(QLatin1Char('=')))
             given.append(word.section(QLatin1Char('='), 1));

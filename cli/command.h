@@ -39,7 +39,10 @@ public:
     bool has(const char* option) const { return options.contains(QLatin1String(option)); }
     /// The values of an option, which commas may separate too.
     QStringList list(const char* option) const;
-    QString option(const char* option) const { return list(option).value(0); }
+    QString option(const char* option) const
+    {
+        return options.value(QLatin1String(option)).value(0);
+    }
 
     int number(const QString& text, const char* what, int min, int max);
     double real(const QString& text, const char* what, double min, double max);

@@ -50,6 +50,12 @@ std::optional<QString> Connection::portName()
     return choice.name;
 }
 
+bool Connection::isModbus() const
+{
+    return isOpen() ? m_adapter->protocolType() == PROTOCOL_TYPE_MODBUS_RTU
+                    : m_options.protocol == PROTOCOL_TYPE_MODBUS_RTU;
+}
+
 bool Connection::isUsable(PROTOCOL_TYPE protocol) const
 {
     // Node 0 is the broadcast address of Modbus, to which no hand answers.
@@ -59,6 +65,8 @@ bool Connection::isUsable(PROTOCOL_TYPE protocol) const
 
 bool Connection::isReady()
 {
+    if (!m_answer)
+        return false;
     if (m_halt.state() == Halt::State::NotConfirmed)
         m_answer->fail(ExitStatus::NoAnswer, Halt::stateText(m_halt.state()), ResultCode::Timeout);
     else if (!Interruption::isRequested() && !target().isCurrent())
@@ -70,8 +78,13 @@ bool Connection::open()
 {
     if (Interruption::isRequested() || m_answer->hasFailed())
         return false;
+    if (m_node == 0 && isModbus()) {
+        // The broadcast address, to which no hand answers but which every hand obeys.
+        m_answer->fail(ExitStatus::Usage, QStringLiteral("Over Modbus no hand has node 0."));
+        return false;
+    }
     if (isOpen())
-        return isReady();
+        return isReady() && isAnswering();
     const auto port = portName();
     if (!port)
         return false;
@@ -98,8 +111,13 @@ Connection::Opening Connection::openWith(PROTOCOL_TYPE protocol, const QString& 
         reportNotOpened(port, protocol);
         return Opening::Failed;
     }
-    if (!ask)
-        return Opening::Answered;
+    return ask ? askHand() : Opening::Answered;
+}
+
+/// Whether the hand answers to the protocol of the open port.
+Connection::Opening Connection::askHand()
+{
+    const auto protocol = m_adapter->protocolType();
     HandCall call(target());
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
@@ -110,7 +128,22 @@ Connection::Opening Connection::openWith(PROTOCOL_TYPE protocol, const QString& 
         return m_answer->hasFailed() ? Opening::Failed : Opening::Silent; // lost, or a signal
     const bool answered = result == ResultCode::Success ||
                           (protocol == PROTOCOL_TYPE_SERIALCTRL && result == SerialCtrlRefused);
-    return answered ? Opening::Answered : Opening::Silent;
+    if (!answered)
+        return Opening::Silent;
+    m_answered.insert(m_node);
+    return Opening::Answered;
+}
+
+/// Nothing is written to a hand that may speak another protocol than the one found out.
+bool Connection::isAnswering()
+{
+    if (m_options.protocol || m_answered.contains(m_node))
+        return true;
+    if (askHand() == Opening::Answered)
+        return true;
+    if (!Interruption::isRequested())
+        m_answer->fail(ExitStatus::NoAnswer, CallText::noHand(m_node), ResultCode::Timeout);
+    return false;
 }
 
 void Connection::reportPortLost()
@@ -129,8 +162,11 @@ void Connection::reportNotOpened(const QString& port, PROTOCOL_TYPE protocol)
 
 void Connection::followNode(std::uint8_t node)
 {
-    m_moved.erase(m_node);
+    if (m_moved.erase(m_node) > 0)
+        m_moved.insert(node);
+    m_halt.address(m_node);
     m_node = node;
+    m_answered.insert(node);
     m_session.setNode(node);
 }
 
@@ -158,21 +194,21 @@ bool Connection::halt()
 
 bool Connection::haltMoved()
 {
-    std::vector<std::uint8_t> nodes(m_moved.begin(), m_moved.end());
+    return haltNodes({m_moved.begin(), m_moved.end()});
+}
+
+bool Connection::haltNodes(std::vector<std::uint8_t> nodes)
+{
     m_unreachable = false;
     // A position must not be written to node 255.
     const bool isSerialCtrl = m_adapter && m_adapter->protocolType() == PROTOCOL_TYPE_SERIALCTRL;
-    if (isSerialCtrl && std::erase(nodes, AnyNode) > 0) {
-        m_node = AnyNode;
-        m_session.setNode(AnyNode);
-        if (nodes.empty())
-            m_halt.press();
-        else
-            m_halt.haltNodes(nodes);
-    } else {
+    const bool any = isSerialCtrl && std::erase(nodes, AnyNode) > 0;
+    m_halt.address(any ? AnyNode : nodes.front());
+    if (nodes.empty())
+        m_halt.press();
+    else
         m_halt.haltNodes(nodes);
-    }
-    return awaitHalt();
+    return awaitHalt(any);
 }
 
 bool Connection::isHalting() const
@@ -180,34 +216,58 @@ bool Connection::isHalting() const
     return m_halt.state() == Halt::State::Halting || m_halt.state() == Halt::State::NotConfirmed;
 }
 
-bool Connection::awaitHalt()
+/// `any`: every hand on the bus is meant, of which only the known ones can confirm it.
+bool Connection::awaitHalt(bool any)
 {
     const auto ended = [this] { return m_unreachable || !isHalting(); };
     waitUntil(ended, m_options.patience * HaltGivenUpMs);
-    if (m_halt.state() == Halt::State::Halted) {
-        m_moved.clear();
+    const Halt::State state = m_halt.state();
+    if (state == Halt::State::Halted)
+        std::erase_if(m_moved, [any](std::uint8_t node) { return !any || node != AnyNode; });
+    const bool halted = state == Halt::State::Halted && !any;
+    m_answer->data.insert(QStringLiteral("halted"), halted);
+    if (halted)
         return true;
-    }
-    m_answer->fail(ExitStatus::NoAnswer,
-                   m_unreachable || m_halt.state() == Halt::State::Ready
-                       ? Halt::unreachableText()
-                       : Halt::stateText(m_halt.state()),
-                   ResultCode::Timeout);
+    QString text = Halt::stateText(state);
+    if (state == Halt::State::Halted)
+        text = Halt::stateText(Halt::State::SentToAll);
+    else if (m_unreachable || state == Halt::State::Ready)
+        text = Halt::unreachableText();
+    if (m_answer->hasFailed()) // the reason for the halt, such as too much current
+        m_answer->appendReason(text);
+    else
+        m_answer->fail(ExitStatus::NoAnswer, text, ResultCode::Timeout);
     return false;
 }
 
 bool Connection::proceed()
 {
-    if (m_halt.state() == Halt::State::Halted) {
-        m_halt.proceed();
-        if (waitUntil([this] { return m_halt.state() != Halt::State::Halted; }, HaltGivenUpMs))
-            return true;
-        m_answer->fail(ExitStatus::NoAnswer, CallText::noHand(m_node));
-        return false;
+    if (isModbus() && m_halt.state() != Halt::State::Halted)
+        return true;
+    if (m_halt.state() != Halt::State::Halted) {
+        if (m_node == AnyNode) {
+            m_answer->fail(ExitStatus::Usage,
+                           QStringLiteral("Hands are continued one by one, not through node 255."));
+            return false;
+        }
+        // A halt by an earlier process may have left old targets behind, towards which the fingers
+        // would start.
+        if (!haltNodes({m_node}))
+            return false;
     }
-    HandCall hand = call();
-    return hand.target().adapter->protocolType() != PROTOCOL_TYPE_SERIALCTRL ||
-           hand.perform<&VantoProtocol::fingerStart>(AllFingers);
+    bool refused = false;
+    const QMetaObject::Connection notContinued =
+        connect(&m_halt, &Halt::sig_notContinued, this, [&refused] { refused = true; });
+    m_halt.proceed();
+    waitUntil([&] { return refused || m_halt.state() != Halt::State::Halted; },
+              m_options.patience * HaltGivenUpMs);
+    disconnect(notContinued);
+    if (m_halt.state() != Halt::State::Halted)
+        return true;
+    m_answer->fail(refused ? ExitStatus::Refused : ExitStatus::NoAnswer,
+                   refused ? QStringLiteral("The hand has not accepted to continue.")
+                           : CallText::noHand(m_node));
+    return false;
 }
 
 /// Over Modbus a refusal and an invalid reply have the same code.

@@ -5,6 +5,7 @@
 #include "halt.h"
 
 #include <set>
+#include <vector>
 
 namespace vanto
 {
@@ -75,7 +76,11 @@ private:
 
     bool isUsable(PROTOCOL_TYPE protocol) const;
     Opening openWith(PROTOCOL_TYPE protocol, const QString& port, bool ask);
-    bool awaitHalt();
+    Opening askHand();
+    bool isAnswering();
+    bool isModbus() const;
+    bool haltNodes(std::vector<std::uint8_t> nodes);
+    bool awaitHalt(bool any);
 
     bool reportTimeout(const HandTarget& target) override;
     void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,
@@ -90,6 +95,7 @@ private:
     std::shared_ptr<VantoProtocol> m_adapter; ///< with which the port was opened last
     bool m_unreachable = false;               ///< the halt could not be sent
     std::set<std::uint8_t> m_moved;
+    std::set<std::uint8_t> m_answered; ///< nodes that have answered to the protocol found out
 };
 
 } // namespace vanto

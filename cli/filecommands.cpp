@@ -85,7 +85,7 @@ ParameterTolerances parseTolerances(Arguments& arguments)
 {
     constexpr double Largest = 1e9;
     ParameterTolerances tolerances;
-    for (const QString& text : arguments.list("--tolerance")) {
+    for (const QString& text : arguments.options.value(QStringLiteral("--tolerance"))) {
         const QString name = text.section(QLatin1Char('='), 0, 0);
         const auto kind = ParameterNames::parseKind(name);
         if (kind)
@@ -98,11 +98,20 @@ ParameterTolerances parseTolerances(Arguments& arguments)
     return tolerances;
 }
 
+/// What --only names. An empty list is an error; it must not stand for everything.
+QList<ParameterKey> parseOnly(Arguments& arguments)
+{
+    const QStringList names = arguments.list("--only");
+    if (arguments.has("--only") && names.isEmpty())
+        arguments.setError(QStringLiteral("--only names no parameter."));
+    return selectParameters(arguments, names);
+}
+
 void diff(Tool& tool, Arguments& arguments, Answer& answer)
 {
     const ParameterTolerances tolerances = parseTolerances(arguments);
     const bool isLimited = arguments.has("--only");
-    const auto only = selectParameters(arguments, arguments.list("--only"));
+    const auto only = parseOnly(arguments);
     ParameterSet file;
     if (!arguments.error().isEmpty() || !readFile(arguments.values.constFirst(), file, answer))
         return;
@@ -110,6 +119,10 @@ void diff(Tool& tool, Arguments& arguments, Answer& answer)
     for (const auto& [key, value] : file.values)
         if (!isLimited || only.contains(key))
             keys.append(key);
+    if (keys.isEmpty()) {
+        answer.fail(ExitStatus::File, QStringLiteral("The file has no parameter to compare."));
+        return;
+    }
     const auto hand = readHand(tool, answer, keys);
     if (!hand)
         return;
@@ -206,7 +219,7 @@ void restore(Tool& tool, Arguments& arguments, Answer& answer)
 {
     const bool isLimited = arguments.has("--only");
     const bool withCalibration = arguments.has("--with-calibration");
-    const auto only = selectParameters(arguments, arguments.list("--only"));
+    const auto only = parseOnly(arguments);
     if (isLimited && !withCalibration &&
         only.contains(ParameterKey{ParameterKind::Calibration, {}}))
         arguments.setError(QStringLiteral("Restoring the calibration needs --with-calibration."));

@@ -17,12 +17,13 @@ namespace
 {
 std::atomic<int> s_signals = 0;
 std::atomic<bool> s_halt = false;
+std::atomic<bool> s_firstHalts = false;
 std::array<int, 2> s_pipe{-1, -1};
 
 void handleSignal(int signal)
 {
     const int error = errno;
-    if (++s_signals > 1 || signal != SIGINT)
+    if (++s_signals > 1 || signal != SIGINT || s_firstHalts)
         s_halt = true;
     const char byte = 0;
     [[maybe_unused]] const auto written = write(s_pipe[1], &byte, 1);
@@ -61,6 +62,11 @@ bool Interruption::isRequested()
 bool Interruption::isHaltRequested()
 {
     return s_halt;
+}
+
+void Interruption::haltAtFirst()
+{
+    s_firstHalts = true;
 }
 
 void Interruption::receive()

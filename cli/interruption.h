@@ -20,6 +20,8 @@ public:
     static bool isRequested();
     /// Whether the fingers have to be halted: SIGTERM or SIGHUP, or a second signal.
     static bool isHaltRequested();
+    /// From now on the first SIGINT halts the fingers, too.
+    static void haltAtFirst();
 
 signals:
     /// Emitted for each signal.

@@ -1,6 +1,7 @@
 #include "parametercommands.h"
 
 #include "basicoperations.h"
+#include "deviceentry.h"
 #include "handvalues.h"
 #include "parameterreader.h"
 #include "taskrun.h"
@@ -214,6 +215,11 @@ void set(Tool& tool, Arguments& arguments, Answer& answer)
         answer.fail(ExitStatus::Usage,
                     QStringLiteral("A wrong calibration drives fingers into their stops. Writing "
                                    "it needs --with-calibration."));
+        return;
+    }
+    if (keys.constFirst().kind == ParameterKind::Calibration && tool.hand().node() == AnyNode) {
+        answer.fail(ExitStatus::Usage, QStringLiteral("A calibration is that of one hand; it is "
+                                                      "not written through node 255."));
         return;
     }
     if (!tool.hand().open())

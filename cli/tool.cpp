@@ -69,12 +69,12 @@ ExitStatus Tool::run(const Command& command, Arguments& arguments)
     else
         perform(command, arguments, answer);
     m_hand.reportTo(&answer);
-    haltIfRequested(answer);
+    noteInterruption(answer);
+    haltIfRequested();
     m_hand.close();
     m_hand.reportTo(nullptr);
     m_output.showProgress(0, 0);
-    if (Interruption::isRequested() && answer.status() != ExitStatus::OverCurrent)
-        answer.replaceFailure(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
+    noteInterruption(answer);
     write(command, answer);
     return answer.status();
 }
@@ -85,13 +85,20 @@ void Tool::endNow(const Command& command, Answer& answer)
     const bool willHalt = Interruption::isHaltRequested() && m_hand.hasMoved();
     if (willHalt || m_hand.isHalting())
         return; // which may take longer
-    answer.replaceFailure(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
+    noteInterruption(answer);
     write(command, answer);
     std::_Exit(static_cast<int>(answer.status()));
 }
 
+void Tool::noteInterruption(Answer& answer)
+{
+    if (Interruption::isRequested() && answer.status() != ExitStatus::OverCurrent &&
+        answer.status() != ExitStatus::Interrupted)
+        answer.replaceFailure(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
+}
+
 /// A motion that has been sent goes on without a halt.
-void Tool::haltIfRequested(Answer& answer)
+void Tool::haltIfRequested()
 {
     if (!Interruption::isRequested() || !m_hand.hasMoved() || !m_hand.isOpen())
         return;
@@ -100,8 +107,8 @@ void Tool::haltIfRequested(Answer& answer)
         if (!waitUntil([] { return Interruption::isHaltRequested(); }, SecondSignalMs))
             return;
     }
-    const bool halted = m_hand.haltMoved();
-    m_output.note(halted ? Halt::stateText(Halt::State::Halted) : answer.reason());
+    if (m_hand.haltMoved())
+        m_output.note(Halt::stateText(Halt::State::Halted));
 }
 
 void Tool::write(const Command& command, Answer& answer)

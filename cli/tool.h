@@ -43,7 +43,8 @@ signals:
 
 private:
     void endNow(const Command& command, Answer& answer);
-    void haltIfRequested(Answer& answer);
+    static void noteInterruption(Answer& answer);
+    void haltIfRequested();
     void write(const Command& command, Answer& answer);
 
     GeneralOptions m_options;

@@ -53,6 +53,8 @@ public:
     void press();
     /// Halts these hands on the port of the hand, instead of the hand itself.
     void haltNodes(const std::vector<std::uint8_t>& nodes);
+    /// Another hand on the open port is meant from now on; what has been halted stays halted.
+    void address(std::uint8_t node) { m_node = node; }
     /// Ends a confirmed halt. Waits for the line, as it is not urgent.
     void proceed();
 

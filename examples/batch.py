@@ -21,17 +21,27 @@ class Hand:
     def __enter__(self):
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, kind, *_):
         self._process.stdin.close()
-        self._process.wait()
+        for line in self._process.stdout:  # such as the halt of the watchdog
+            print(line, end="", file=sys.stderr)
+        if self._process.wait() != 0 and kind is None:
+            raise RuntimeError("a hand has not been halted or has not answered")
 
     def run(self, node, *words):
         """Runs one command and returns its answer; raises RuntimeError if it has failed."""
         print(node, *words, file=self._process.stdin, flush=True)
-        answer = json.loads(self._process.stdout.readline())
+        answer = self._answer()
         if answer["status"] != 0:
             raise RuntimeError(answer["error"])
         return answer
+
+    def _answer(self):
+        for line in self._process.stdout:
+            answer = json.loads(line)
+            if "event" not in answer:  # the watchdog has halted the hands; no command asked for it
+                return answer
+        raise RuntimeError("vantoctl has ended")
 
     def positions(self, node):
         return [self.run(node, "get", "position", finger)["value"] for finger in range(6)]

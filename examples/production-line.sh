@@ -14,6 +14,7 @@ fail() {
 
 hands=$(vantoctl --json scan --nodes "${NODES:-1-16}") || fail $? "No hand was found."
 echo "$hands"
+[[ $(grep -o '"node":' <<<"$hands" | wc -l) -eq 1 ]] || fail 2 "There is more than one hand."
 VANTO_NODE=$(sed 's/.*"node":\([0-9]*\).*/\1/' <<<"$hands")
 export VANTO_NODE
 

@@ -24,6 +24,7 @@ private slots:
     void monitor();
     void batch();
     void batchEndings();
+    void batchNodes();
     void badOutput();
 };
 
@@ -79,8 +80,9 @@ void TestCliMotion::overCurrent()
     start({"--node", modbus ? "2:modbus" : "2"});
     m_hand->command("set 2 current 2 80");
     CliProcess cli(*m_hand);
-    const auto result = cli.run(words + " --json");
+    const auto result = cli.run(words + " --json --protocol " + (modbus ? "modbus" : "serialctrl"));
     QCOMPARE(result.status, 6);
+    QVERIFY(result.output.contains("\"halted\":true"));
     QVERIFY2(result.errors.contains("Middle has too big current: 80 mA"),
              qPrintable(result.errors));
     if (!modbus)
@@ -160,6 +162,20 @@ void TestCliMotion::batchEndings()
     cli.sendSignal(SIGTERM);
     QCOMPARE(cli.finish().status, 130);
     QCOMPARE(m_hand->command("get 3 moving 1"), "ok 0");
+}
+
+void TestCliMotion::batchNodes()
+{
+    start({"--node", "2", "--node", "3:modbus"});
+    CliProcess cli(*m_hand);
+    // No hand may be moved by the broadcast address; and a node keeps being followed.
+    QString output = cli.run("batch --protocol modbus", "3 get current 0\n0 move 1 60000\n").output;
+    QVERIFY2(output.contains("no hand has node 0"), qPrintable(output));
+    QCOMPARE(m_hand->command("get 3 moving 1"), "ok 0");
+    const auto result =
+        cli.run("batch --protocol serialctrl", "2 move 1 60000 --speed 2\n2 set-id 9\n");
+    QCOMPARE(result.status, 0);
+    QCOMPARE(m_hand->addressed().filter(":4a"), QStringList{"09:4a"});
 }
 
 void TestCliMotion::badOutput()
