@@ -2099,6 +2099,11 @@ Werte der Datei wiederherstellen?</translation>
         <source>duplicate of %1</source>
         <translation>(Duplizieren von %1)</translation>
     </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>&quot;&amp;Undo&quot; or &quot;&amp;Redo&quot;, and the name of the change</extracomment>
+        <translation>%1 %2</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SequenceDraft</name>
@@ -2171,6 +2176,10 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>restoring of the unsaved sequence</source>
         <translation>(Wiederherstellen der nicht gespeicherten Sequenz)</translation>
+    </message>
+    <message>
+        <source>Not saved: %1, 1 step, %2</source>
+        <translation>Nicht gespeichert: %1, 1 Schritt, %2</translation>
     </message>
 </context>
 <context>

@@ -2099,6 +2099,11 @@ Restore those of the file?</source>
         <source>duplicate of %1</source>
         <translation>%1の複製</translation>
     </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>&quot;&amp;Undo&quot; or &quot;&amp;Redo&quot;, and the name of the change</extracomment>
+        <translation>%1 %2</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SequenceDraft</name>
@@ -2171,6 +2176,10 @@ Restore those of the file?</source>
     <message>
         <source>restoring of the unsaved sequence</source>
         <translation>未保存のシーケンスの復元</translation>
+    </message>
+    <message>
+        <source>Not saved: %1, 1 step, %2</source>
+        <translation>未保存: %1、1 ステップ、%2</translation>
     </message>
 </context>
 <context>
