@@ -2171,7 +2171,7 @@ Werte der Datei wiederherstellen?</translation>
     </message>
     <message>
         <source>Not saved: %1, %2 steps, %3</source>
-        <translation>Nicht gespeichert: %1, %2 Schritt(e), %3</translation>
+        <translation>Nicht gespeichert: %1, %2 Schritte, %3</translation>
     </message>
     <message>
         <source>restoring of the unsaved sequence</source>

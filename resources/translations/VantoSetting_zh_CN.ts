@@ -2179,7 +2179,7 @@ Restore those of the file?</source>
     </message>
     <message>
         <source>Not saved: %1, 1 step, %2</source>
-        <translation>未保存：%1，1 步，%2</translation>
+        <translation>未保存：%1，1 个步骤，%2</translation>
     </message>
 </context>
 <context>
