@@ -40,7 +40,11 @@ constexpr CommandRow commandRows[] = {
     {"set beepSwitch 0", "61 00", "1009: 0000", "0\n"},
     {"set gains middle 1 2 3 4", "45 020000803f000000400000404000008040",
      "1047: 0064|1057: 00c8|1067: 012c|1077: 0190"},
-    {"continue", "49 3f", ""},
+    // Halted first, so that the fingers have no old target to go to.
+    {"continue",
+     "4a 3f|50 06000001000001000001000001000001000001|50 06000001000001000001000001000001000001|49 "
+     "3f",
+     ""},
     {"set-id 9", "42 09", "1005: 0009", "The hand answers as node 9.\n"},
 };
 
