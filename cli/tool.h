@@ -34,7 +34,7 @@ public:
     /// Asks a question that is answered by "y". Without a terminal the answer is no.
     bool askYesNo(const QString& question);
 
-    /// Tells that the command has written its results itself.
+    /// The command has written its results itself.
     void setHasWritten() { m_hasWritten = true; }
 
 signals:

@@ -28,8 +28,8 @@ QString serverAddress()
     return address;
 }
 
-/// Whether the path, or a folder on it, is a symbolic link. It would lead to a place where nobody
-/// expects a download.
+/// Whether the path, or a folder on it, is a symbolic link. A download must not end up
+/// in another folder.
 bool leadsElsewhere(const QString& path)
 {
     for (qsizetype end = 0; end >= 0; end = path.indexOf(QLatin1Char('/'), end + 1)) {

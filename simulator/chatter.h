@@ -7,7 +7,7 @@
 namespace vanto::simulator
 {
 
-/// Sends bytes that nobody has requested, as fast as the line takes them.
+/// Sends bytes without a request, as fast as the line takes them.
 class Chatter : public QObject
 {
     Q_OBJECT
