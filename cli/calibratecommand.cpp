@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vanto
 {
@@ -20,6 +21,9 @@ namespace
 constexpr int MaxPlace = 65535;
 constexpr int CalibrationRebootMs = 15000; ///< with its eight beeps
 constexpr int ButtonReadMs = 200;
+constexpr int ThumbRootMs = 10'000; ///< for the way to a place
+constexpr int ThumbRootReadMs = 50;
+constexpr int ThumbRootWindow = 16; ///< raw units
 constexpr qint64 MaxKeyFile = 1024; ///< bytes
 
 using Calibration::Prompt;
@@ -126,7 +130,8 @@ private:
     bool placeThumbRoot(Prompt prompt, qsizetype place)
     {
         if (!m_places.isEmpty())
-            return moveThumbRoot(m_places[place]) && confirm(prompt);
+            return confirm(prompt) && moveThumbRoot(m_places[place]) &&
+                   waitForThumbRoot(m_places[place]);
         if (m_arguments.has("--yes")) // it stays where it is
             return confirm(prompt);
         for (;;) {
@@ -172,6 +177,25 @@ private:
         HandCall call = m_tool.hand().call();
         return call.accept<&VantoProtocol::setFingerPosAbs>(
             Calibration::moveThumbRoot(call, static_cast<std::uint16_t>(position)));
+    }
+
+    /// The hand stores where the thumb root is, so it has to be at its place before.
+    bool waitForThumbRoot(int position)
+    {
+        for (int waited = 0; waited < ThumbRootMs && goesOn(); waited += ThumbRootReadMs) {
+            std::uint16_t target = 0;
+            std::uint16_t current = 0;
+            if (!m_tool.hand().call().perform<&VantoProtocol::getFingerPosAbs>(
+                    std::uint8_t{ThumbRoot}, &target, &current))
+                return false;
+            if (std::abs(current - position) <= ThumbRootWindow)
+                return true;
+            waitUntil(&Interruption::isRequested, ThumbRootReadMs);
+        }
+        if (goesOn())
+            m_answer.fail(ExitStatus::Refused,
+                          QStringLiteral("The thumb root does not reach %1.").arg(position));
+        return false;
     }
 
     bool stage(std::uint8_t number)

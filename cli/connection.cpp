@@ -294,7 +294,8 @@ void Connection::reportFailure(const HandTarget& target, std::string_view operat
 
 void Connection::reportHalted()
 {
-    m_answer->fail(ExitStatus::Refused, CallText::halted());
+    if (!Interruption::isRequested()) // a signal has its own text
+        m_answer->fail(ExitStatus::Refused, CallText::halted());
 }
 
 } // namespace vanto

@@ -1,5 +1,7 @@
 #include "interruption.h"
 
+#include "motiongate.h"
+
 #include <QSocketNotifier>
 
 #include <array>
@@ -23,6 +25,7 @@ std::array<int, 2> s_pipe{-1, -1};
 void handleSignal(int signal)
 {
     const int error = errno;
+    MotionGate::refuseMotions();
     if (++s_signals > 1 || signal != SIGINT || s_firstHalts)
         s_halt = true;
     const char byte = 0;

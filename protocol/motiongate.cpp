@@ -1,16 +1,25 @@
 #include "motiongate.h"
 
+#include <atomic>
+
 namespace vanto
 {
 
 namespace
 {
 MotionGate::State s_state = MotionGate::State::Open;
+std::atomic<bool> s_refuses = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
 } // namespace
 
 MotionGate::State MotionGate::state()
 {
-    return s_state;
+    return s_state == State::Open && s_refuses ? State::Latched : s_state;
+}
+
+void MotionGate::refuseMotions()
+{
+    s_refuses = true;
 }
 
 void MotionGate::set(State state)

@@ -17,6 +17,9 @@ public:
 
     static State state();
     static void set(State state);
+    /// From now on an open gate counts as latched, for the rest of the process. May be called by a
+    /// signal handler.
+    static void refuseMotions();
 
     /// Whether the operation of this name can move a finger.
     static constexpr bool isMotion(std::string_view operation)
