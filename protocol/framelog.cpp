@@ -1,6 +1,7 @@
 #include "framelog.h"
 
 #include <QDateTime>
+#include <QTimeZone>
 
 #include <algorithm>
 
@@ -40,7 +41,7 @@ QString FrameLog::Frame::text() const
     const auto sinceEpoch = duration_cast<microseconds>(time.time_since_epoch());
     const auto fraction = sinceEpoch % seconds(1);
     QString line =
-        QDateTime::fromSecsSinceEpoch(duration_cast<seconds>(sinceEpoch).count(), Qt::UTC)
+        QDateTime::fromSecsSinceEpoch(duration_cast<seconds>(sinceEpoch).count(), QTimeZone::utc())
             .toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")) +
         QStringLiteral(".%1Z %2 %3")
             .arg(fraction.count(), usDigits, 10, QLatin1Char('0'))

@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
 
 #include <csignal>
 #include <limits>
@@ -26,7 +27,7 @@ using Kind = ParameterKind;
 ParameterSet fullSet()
 {
     ParameterSet set;
-    set.time = QDateTime(QDate(2026, 11, 22), QTime(6, 25, 17), Qt::UTC);
+    set.time = QDateTime(QDate(2026, 11, 22), QTime(6, 25, 17), QTimeZone::utc());
     set.toolVersion = "VantoSetting \"0.1\"\n";
     set.hand = {{2},         {PROTOCOL_TYPE_SERIALCTRL}, {{3, 1}},
                 {{1, 4, 7}}, {{0x1B, 0x01, 0x0102}},     {{0x00430022, 0x484E5601, 0x20383550}}};
