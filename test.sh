@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Installs missing packages, builds the release programs, builds everything with sanitizers, and runs
-# all tests with sanitizers. Arguments go to ctest. With --package it tests the Debian package instead,
-# with --coverage it reports the test coverage, and with --lint it checks the sources.
+# Installs missing packages, builds everything with sanitizers, and runs all tests. Arguments go to
+# ctest. With --package it tests the Debian package instead, with --coverage it reports the test
+# coverage, and with --lint it checks the sources. If VANTO_WARNINGS_AS_ERRORS is set, it also builds
+# the optimised programs, because the compiler finds some warnings only while it optimises.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -17,9 +18,10 @@ elif [[ ${1:-} == --lint ]]; then
 fi
 
 scripts/packages.sh build window test
-# The compiler finds some warnings only while it optimises.
-cmake --preset release --log-level=NOTICE
-cmake --build --preset release --target VantoSetting vanto-hand
+if [[ -n ${VANTO_WARNINGS_AS_ERRORS:-} ]]; then
+    cmake --preset release --log-level=NOTICE
+    cmake --build --preset release --target VantoSetting vantoctl vanto-hand
+fi
 cmake --preset asan --log-level=NOTICE
 cmake --build --preset asan
 exec ctest --preset asan "$@"
