@@ -150,7 +150,7 @@ void TestParameterBackups::backupBeforeCalibration()
 /// The comparison with the backup is offered once.
 void TestParameterBackups::comparisonAfterUpdate()
 {
-    open();
+    open({"--node", "2", "--node", "3"}, 2);
     {
         DialogAnswer<QDialog> answer([&](QDialog* dialog) {
             auto* input = qobject_cast<QInputDialog*>(dialog);
@@ -167,7 +167,13 @@ void TestParameterBackups::comparisonAfterUpdate()
     const auto* notice = m_tool->find<QWidget>("noticeBar");
     QVERIFY(!notice->isVisible());
     command("set 2 pid-p 4 9.5");
-    listAgain();
+    clearRecords();
+    m_tool->list({m_listed[1], m_listed[0]}); // another hand is only asked who it is
+    QTRY_COMPARE(addressed().count("03:23"), 1);
+    saveTo("other.json"); // takes longer than a comparison
+    QCOMPARE(addressed().count("03:05"), 6 + 6);
+    QVERIFY(!notice->isVisible());
+    m_tool->devices()->setCurrentIndex(1);
     QTRY_VERIFY(notice->isVisible());
     clearRecords();
     compare(backups()[0], [](ParametersDialog*) {}); // the notice does not disturb
@@ -184,7 +190,7 @@ void TestParameterBackups::comparisonAfterUpdate()
     command("set 2 pid-p 4 8.5");
     m_tool->devices()->setCurrentIndex(-1);
     clearRecords();
-    m_tool->devices()->setCurrentIndex(0);
+    m_tool->devices()->setCurrentIndex(1);
     QTRY_VERIFY(areEnabled());
     saveTo("again.json"); // takes longer than a comparison, which would have begun before
     QCOMPARE(frames({ReadUid}).size(), 1);
