@@ -1,7 +1,9 @@
-// The duration of an exchange while the window is shown, and of an absent node in a scan.
+// The duration of an exchange while the window is shown, the part of it that keeps its frames, and
+// the duration of an absent node in a scan.
 
 #include "bench.h"
 #include "figures.h"
+#include "framelog.h"
 #include "handcall.h"
 #include "theme.h"
 
@@ -11,6 +13,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 
+#include <array>
 #include <cstdio>
 
 namespace vanto
@@ -29,6 +32,8 @@ constexpr double TickMs = 1;     ///< interval of checks for a reply
 constexpr double TimeoutMs = 50; ///< of a command
 constexpr double Bar = 1.05;
 constexpr double MsPerNs = 1e-6;
+constexpr int LoggedExchanges = 100'000; ///< twenty times what the frame log holds
+constexpr double LogShare = 0.01;        ///< of an exchange that the frame log may take
 
 std::uint8_t readVersion(VantoProtocol& adapter, std::uint8_t node)
 {
@@ -51,6 +56,22 @@ double medianOf(VantoProtocol& adapter, std::uint8_t node, int count, std::uint8
         times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
     }
     return median(times);
+}
+
+/// Mean time in ms that the frame log takes for the two frames of an exchange like those above.
+double loggingTime()
+{
+    constexpr std::array<std::uint8_t, 7> request{0x55, 0xAA, 0x02, 0x01, 0x01, 0x00, 0x02};
+    constexpr std::array<std::uint8_t, 11> reply{0x55, 0xAA, 0x01, 0x02, 0x01, 0x04,
+                                                 0x07, 0x00, 0x04, 0x01, 0x04};
+    FrameLog& log = FrameLog::instance();
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < LoggedExchanges; ++i) {
+        log.noteSent(PROTOCOL_TYPE_SERIALCTRL, request);
+        log.noteReceived(PROTOCOL_TYPE_SERIALCTRL, reply, ResultCode::Success);
+    }
+    return static_cast<double>(timer.nsecsElapsed()) * MsPerNs / LoggedExchanges;
 }
 
 /// Median time of an absent node in a scan, from one "Trying node" to the next.
@@ -116,6 +137,7 @@ int runProgram(int argc, char* argv[])
         return 1;
 
     bool good = report({"exchange, in ticks", exchange, "ms", TickMs, Bar});
+    good &= report({"frame log, part of an exchange", loggingTime(), "ms", LogShare * exchange, 1});
     good &= report({"request to an absent node", absent, "ms", TimeoutMs, Bar});
     good &= report(
         {"absent node in a scan, both protocols", scanned, "ms", TimeoutMs + modbusAbsent, Bar});

@@ -1,13 +1,13 @@
 #include "handvalues.h"
 
 #include "fingers.h"
+#include "parameterset.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 
 #include <algorithm>
-#include <array>
 
 namespace vanto
 {
@@ -55,34 +55,30 @@ QJsonValue readForce(HandCall& call, std::uint8_t finger)
 
 QJsonValue readProtocolVersion(HandCall& call, std::uint8_t)
 {
-    std::uint8_t major = 0;
-    std::uint8_t minor = 0;
-    if (!call.perform<&VantoProtocol::getProtocolVersion>(&major, &minor))
+    HandFacts facts;
+    auto& version = facts.protocol.emplace(HandIdentity::Protocol());
+    if (!call.perform<&VantoProtocol::getProtocolVersion>(&version.major, &version.minor))
         return QJsonValue::Undefined;
-    return QStringLiteral("%1.%2").arg(major).arg(minor);
+    return facts.protocolVersion();
 }
 
 QJsonValue readFirmwareVersion(HandCall& call, std::uint8_t)
 {
-    std::uint8_t major = 0;
-    std::uint8_t minor = 0;
-    std::uint16_t revision = 0;
-    if (!call.perform<&VantoProtocol::getFirmwareVersion>(&major, &minor, &revision))
+    HandFacts facts;
+    auto& version = facts.firmware.emplace(HandIdentity::Firmware());
+    if (!call.perform<&VantoProtocol::getFirmwareVersion>(&version.major, &version.minor,
+                                                          &version.revision))
         return QJsonValue::Undefined;
-    return QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(revision);
+    return facts.firmwareText();
 }
 
 QJsonValue readHardware(HandCall& call, std::uint8_t)
 {
-    std::uint8_t type = 0;
-    std::uint8_t version = 0;
-    std::uint16_t bootLoader = 0;
-    if (!call.perform<&VantoProtocol::getHardwareVersion>(&type, &version, &bootLoader))
+    HandIdentity::Hardware hardware;
+    if (!call.perform<&VantoProtocol::getHardwareVersion>(&hardware.type, &hardware.version,
+                                                          &hardware.bootLoader))
         return QJsonValue::Undefined;
-    return QStringLiteral("%1%2")
-        .arg(type, 2, 16, QLatin1Char('0'))
-        .arg(version, 2, 16, QLatin1Char('0'))
-        .toUpper();
+    return hardware.text();
 }
 
 QJsonValue readPreset(HandCall& call, std::uint8_t)
@@ -96,13 +92,11 @@ QJsonValue readPreset(HandCall& call, std::uint8_t)
 
 QJsonValue readUid(HandCall& call, std::uint8_t)
 {
-    std::array<std::uint32_t, 3> words{};
-    if (!call.perform<&VantoProtocol::getUID>(&words[0], &words[1], &words[2]))
+    HandFacts facts;
+    auto& uid = facts.uid.emplace();
+    if (!call.perform<&VantoProtocol::getUID>(&uid[0], &uid[1], &uid[2]))
         return QJsonValue::Undefined;
-    QString text;
-    for (const std::uint32_t word : words)
-        text += QStringLiteral("%1").arg(word, 8, 16, QLatin1Char('0')).toUpper();
-    return text;
+    return facts.uidText();
 }
 
 QJsonValue readUsage(HandCall& call, std::uint8_t)

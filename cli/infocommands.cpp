@@ -59,7 +59,7 @@ void report(Tool& tool, Arguments& arguments, Answer& answer)
 std::vector<Command> infoCommands()
 {
     return {
-        {"info", "Show all that the hand tells about itself", Effect::Reads, true, {}, {}, info},
+        {"info", "Show all that the hand reports about itself", Effect::Reads, true, {}, {}, info},
         {"report",
          "Write a report for support: information, parameters and the last frames",
          Effect::Reads,

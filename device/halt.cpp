@@ -127,7 +127,10 @@ Halt::Halt(DeviceSession* session, ListedNodes listedNodes, QObject* parent)
     connect(session, &DeviceSession::sig_resumed, this, &Halt::followPort);
     connect(session, &DeviceSession::sig_portLost, this, &Halt::leave);
     connect(session, &DeviceSession::sig_nodeChanged, this, &Halt::follow);
-    connect(session, &DeviceSession::sig_shutDown, this, &Halt::leave);
+    connect(session, &DeviceSession::sig_shutDown, this, [this] {
+        if (!isPending())
+            leave();
+    });
     connect(session, &DeviceSession::sig_stop, this, [this] {
         // A change of the connection leaves a hand whose port is not open, too.
         if (m_state == State::NotConfirmed && !m_running && !m_open)
@@ -165,6 +168,12 @@ QString Halt::unreachableText()
 Halt::~Halt()
 {
     MotionGate::set(MotionGate::State::Open);
+}
+
+bool Halt::isPending() const
+{
+    return m_state == State::Halting ||
+           (m_state == State::NotConfirmed && (m_waiting || m_running));
 }
 
 void Halt::setBlocked(bool blocked)

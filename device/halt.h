@@ -49,6 +49,8 @@ public:
     /// During a firmware transfer there is none.
     void setBlocked(bool blocked);
 
+    /// Whether a halt is in progress, or waits for the end of an exchange.
+    bool isPending() const;
     /// Halts the hand. Does nothing while a halt is in progress.
     void press();
     /// Halts these hands on the port of the hand, instead of the hand itself.

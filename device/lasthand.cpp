@@ -40,7 +40,8 @@ LastHand LastHand::load()
 
 void LastHand::save() const
 {
-    if (!canBeSettingsFile(stateFilePath()))
+    // A write waits for the disk, on the thread of the window.
+    if (!canBeSettingsFile(stateFilePath()) || load() == *this)
         return;
     QSettings settings(stateFilePath(), QSettings::IniFormat);
     settings.setValue(PortKey, port);

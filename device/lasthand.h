@@ -18,7 +18,8 @@ struct LastHand {
     static LastHand load();
     /// The scan that looks for this hand only.
     HandScan::Range range() const { return {node, node, protocol}; }
-    /// Failures are ignored, as the record is a convenience.
+    bool operator==(const LastHand&) const = default;
+    /// Writes only what is new. Failures are ignored, as the record is a convenience.
     void save() const;
 };
 

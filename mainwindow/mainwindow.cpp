@@ -2,6 +2,7 @@
 
 #include "calibrationprocedure.h"
 #include "firmwareupdater.h"
+#include "haltcontrol.h"
 #include "messagelist.h"
 #include "monitordock.h"
 #include "nodedialogs.h"
@@ -48,6 +49,8 @@ MainWindow::MainWindow(QWidget* parent)
         [this](int percent) { emit sig_updateProgress(percent); });
     m_updater->disableDuringDownload({ui->action_Theme, ui->action_About});
     connect(this, &MainWindow::sig_updateProgress, this, &MainWindow::on_updateProgress);
+    connect(&ui->deviceBar->haltControl()->halt(), &Halt::sig_stateChanged, this,
+            &MainWindow::exitAfterHalt);
     ui->deviceBar->listPortsInBackground();
 }
 
@@ -135,9 +138,9 @@ void MainWindow::showErrorOnStatusBar(const QString& text, const QColor& color)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    event->setAccepted(m_updater->canClose());
-    if (event->isAccepted())
-        on_action_Exit_triggered();
+    on_action_Exit_triggered();
+    // Without a window the program would end before the halt.
+    event->setAccepted(m_updater->canClose() && !ui->deviceBar->haltControl()->halt().isPending());
 }
 
 void MainWindow::on_action_Save_Parameters_triggered()
@@ -160,7 +163,15 @@ void MainWindow::on_action_Exit_triggered()
     if (!m_updater->canClose())
         return;
     m_session->shutDown();
-    QCoreApplication::exit(0);
+    m_exits = true;
+    exitAfterHalt();
+}
+
+/// A halt that has been pressed before still reaches the hand.
+void MainWindow::exitAfterHalt()
+{
+    if (m_exits && !ui->deviceBar->haltControl()->halt().isPending())
+        QCoreApplication::exit(0);
 }
 
 void MainWindow::on_action_Messages_triggered()

@@ -65,6 +65,7 @@ private slots:
     void on_pushButton_BasicRecalibrate_clicked();
 
 private:
+    void exitAfterHalt();
     void setUpPages();
     void setUpParameters();
     void showAbout();
@@ -77,6 +78,7 @@ private:
     MonitorDock* m_monitor = nullptr; ///< null until it is shown first
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;
+    bool m_exits = false;
 };
 
 } // namespace vanto

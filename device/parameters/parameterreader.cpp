@@ -43,9 +43,10 @@ ParameterReader::ParameterReader(HandTarget target, Options options)
 /// The calibration comes first, because it tells one hand from another.
 void ParameterReader::addParameters()
 {
-    std::ranges::stable_partition(m_options.keys, [](const ParameterKey& key) {
-        return key.kind == ParameterKind::Calibration;
-    });
+    // The one of std::ranges cannot be built by clang 14 with the library of GCC 12.
+    std::stable_partition(
+        m_options.keys.begin(), m_options.keys.end(),
+        [](const ParameterKey& key) { return key.kind == ParameterKind::Calibration; });
     PerFinger<bool> readsGains{};
     for (const ParameterKey& key : std::as_const(m_options.keys)) {
         if (isGain(key.kind) && std::exchange(readsGains.at(*key.finger), true))

@@ -57,6 +57,9 @@ ParameterWriter::ParameterWriter(HandTarget target, const ParameterSet& hand,
 {
     if (const auto calibration = hand.value({ParameterKind::Calibration}))
         m_known = m_expected = *calibration;
+    for (const auto& entry : hand.values)
+        if (entry.first.kind == ParameterKind::PositionLimits)
+            m_knownLimits.append(entry.first);
     QList<ParameterKey> sorted = chosen;
     std::ranges::sort(sorted);
     for (const ParameterKey& key : std::as_const(sorted)) {
@@ -235,10 +238,27 @@ void ParameterWriter::writeOther(HandCall& call, const Write& job)
                                        }) != ResultCode::Success)
         return;
     judge(result, value);
-    if (job.key.kind == ParameterKind::Calibration)
+    if (job.key.kind == ParameterKind::Calibration) {
         keepCalibration(value);
-    else if (job.key.kind == ParameterKind::PositionLimits)
+        readLimits(call);
+    } else if (job.key.kind == ParameterKind::PositionLimits) {
         readCalibration(call);
+    }
+}
+
+/// A calibration may have replaced limits that were written before.
+void ParameterWriter::readLimits(HandCall& call)
+{
+    for (const ParameterKey& key : std::as_const(m_knownLimits)) {
+        ParameterValue value;
+        if (readPatiently(call, [&] { return ParameterExchange::read(call, key, value); }) !=
+            ResultCode::Success)
+            continue;
+        m_limits[key] = value;
+        const auto written = std::ranges::find(m_results, key, &WrittenParameter::key);
+        if (written != m_results.end() && written->readBack)
+            judge(*written, value);
+    }
 }
 
 void ParameterWriter::readCalibration(HandCall& call)

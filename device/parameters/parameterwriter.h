@@ -69,6 +69,9 @@ public:
     /// was written: as read back. DeviceSession::identity() must take it over, because the hand is
     /// recognized by its calibration.
     std::optional<HandIdentity::Calibration> calibrationInHand() const { return m_calibration; }
+    /// The position limits that were read after the calibration, which the hand may keep in the
+    /// same place; only those that the hand had before.
+    const std::map<ParameterKey, ParameterValue>& limitsInHand() const { return m_limits; }
     int count(WrittenParameter::Result result) const;
 
 private:
@@ -90,6 +93,7 @@ private:
     void writeGains(HandCall& call, const Write& job);
     void writeOther(HandCall& call, const Write& job);
     void readCalibration(HandCall& call);
+    void readLimits(HandCall& call);
     bool noteWrite(HandCall& call, const Write& job, std::uint8_t result);
     void refuse(const Write& job, std::uint8_t code, std::uint8_t subError);
     void mark(const Write& job, WrittenParameter::Result result, std::uint8_t code,
@@ -105,6 +109,8 @@ private:
     std::vector<Write> m_writes;
     QList<WrittenParameter> m_results;
     std::optional<HandIdentity::Calibration> m_calibration;
+    QList<ParameterKey> m_knownLimits; ///< position limits that the hand has
+    std::map<ParameterKey, ParameterValue> m_limits;
 };
 
 } // namespace vanto

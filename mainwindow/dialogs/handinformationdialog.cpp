@@ -1,7 +1,8 @@
 #include "handinformationdialog.h"
 
-#include "filesaver.h"
 #include "messagelog.h"
+#include "modeless.h"
+#include "parameterfile.h"
 #include "program.h"
 
 #include <QApplication>
@@ -64,12 +65,15 @@ HandInformationDialog::HandInformationDialog(QWidget* window, const MessageLog* 
 
 void HandInformationDialog::saveReport()
 {
-    FileSaver::save(this, {.caption = tr("Save report"),
-                           .filter = tr("Text files (*.txt)") + QStringLiteral(";;") +
-                                     tr("JSON files (*.json)"),
-                           .name = QStringLiteral("report.txt"),
-                           .failure = tr("The report could not be saved in '%1'."),
-                           .content = [this](const QString& path) { return reportFor(path); }});
+    const Modeless::FileChoice choice{tr("Save report"),
+                                      {tr("Text files (*.txt)"), tr("JSON files (*.json)")},
+                                      QStringLiteral("report.txt")};
+    Modeless::saveFile(this, choice, [this](const QString& path) {
+        const QString failure = ParameterFile::writeBytes(path, reportFor(path));
+        if (!failure.isEmpty())
+            Modeless::showBox(this, QMessageBox::Critical,
+                              tr("The report could not be saved in '%1'.").arg(path), failure);
+    });
 }
 
 QByteArray HandInformationDialog::reportFor(const QString& path)

@@ -1,7 +1,8 @@
 #include "messagelist.h"
 
-#include "filesaver.h"
 #include "messagelog.h"
+#include "modeless.h"
+#include "parameterfile.h"
 #include "program.h"
 
 #include <QApplication>
@@ -21,7 +22,7 @@ namespace vanto
 
 void MessageList::showLog(const MessageLog* log, QWidget* window)
 {
-    if (!FileSaver::raiseOpen<MessageList>(window))
+    if (!Modeless::raiseOpen<MessageList>(window))
         (new MessageList(log, window))->show();
 }
 
@@ -72,13 +73,15 @@ void MessageList::replaceLine(int index, const QString& line)
 
 void MessageList::save()
 {
-    FileSaver::save(this, {.caption = tr("Save messages"),
-                           .filter = tr("Text files (*.txt)"),
-                           .name = QStringLiteral("messages.txt"),
-                           .failure = tr("The messages could not be saved in '%1'."),
-                           .content = [this](const QString&) {
-                               return m_log->lines().join(QLatin1Char('\n')).toUtf8() + '\n';
-                           }});
+    const Modeless::FileChoice choice{
+        tr("Save messages"), {tr("Text files (*.txt)")}, QStringLiteral("messages.txt")};
+    Modeless::saveFile(this, choice, [this](const QString& path) {
+        const QString failure =
+            ParameterFile::writeBytes(path, m_log->lines().join(QLatin1Char('\n')).toUtf8() + '\n');
+        if (!failure.isEmpty())
+            Modeless::showBox(this, QMessageBox::Critical,
+                              tr("The messages could not be saved in '%1'.").arg(path), failure);
+    });
 }
 
 } // namespace vanto

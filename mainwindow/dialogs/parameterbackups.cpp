@@ -10,6 +10,7 @@
 #include <QProgressBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace vanto
 {
@@ -49,17 +50,19 @@ ParameterBackups::ParameterBackups(DeviceSession* session, StatusReporter* repor
 
 ParameterBackups::~ParameterBackups() = default;
 
-std::shared_ptr<ParameterReader> ParameterBackups::readerFor(const HandTarget& target) const
+std::shared_ptr<ParameterReader> ParameterBackups::readerFor(const HandTarget& target,
+                                                             const QList<ParameterKey>& keys) const
 {
     return std::make_shared<ParameterReader>(
-        target, ParameterReader::Options{.forceSensing = m_session->hasForceSensing(),
+        target, ParameterReader::Options{.keys = keys,
+                                         .forceSensing = m_session->hasForceSensing(),
                                          .timeoutsInARow = 1,
                                          .toolVersion = Program::nameAndVersion()});
 }
 
 std::optional<ParameterBackups::Backup> ParameterBackups::backUp(const HandTarget& target)
 {
-    const auto reader = readerFor(target);
+    const auto reader = readerFor(target, allParameterKeys());
     m_progress->setRange(0, reader->stepCount());
     m_progress->setValue(0);
     m_progress->show();
@@ -106,30 +109,40 @@ void ParameterBackups::saveBeforeUpdate()
 
 void ParameterBackups::startComparison()
 {
-    const auto target = m_session->target();
-    if (!m_compares || !target)
-        return;
-    m_reader = readerFor(*target);
+    m_isFound = false;
+    if (const auto target = m_session->target(); m_compares && target)
+        startReading(readerFor(*target, {}));
+}
+
+void ParameterBackups::startReading(std::shared_ptr<ParameterReader> reader)
+{
+    m_reader = std::move(reader);
     m_runner = std::make_unique<HandTaskRunner>(m_session, m_reader);
     // Queued, because the runner is still emitting. Meanwhile another comparison may begin.
     connect(
         m_runner.get(), &HandTaskRunner::sig_finished, this,
-        [this, reader = m_reader] {
-            if (reader == m_reader)
-                finishComparison();
+        [this, finished = m_reader] {
+            if (finished == m_reader)
+                continueComparison();
         },
         Qt::QueuedConnection);
     m_runner->start();
 }
 
-/// If the hand could not be read, or is another one, the next hand that is opened is compared.
-void ParameterBackups::finishComparison()
+/// If the hand could not be read, or is another one, the next hand that is opened is asked. All
+/// parameters are read only of the hand that is looked for.
+void ParameterBackups::continueComparison()
 {
     m_runner.reset();
     const ParameterSet& now = m_reader->parameters();
-    if (m_reader->outcome() != HandTask::Outcome::Completed || !m_reader->target().isCurrent() ||
+    const HandTarget& target = m_reader->target();
+    if (m_reader->outcome() != HandTask::Outcome::Completed || !target.isCurrent() ||
         !isSameHand(now.hand, m_backup->parameters.hand))
         return;
+    if (!std::exchange(m_isFound, true)) {
+        startReading(readerFor(target, allParameterKeys()));
+        return;
+    }
     m_compares = false;
     const auto rows = compareParameters(now, m_backup->parameters);
     if (!std::ranges::any_of(rows, differs))

@@ -47,8 +47,10 @@ private:
     std::optional<Backup> backUp(const HandTarget& target);
     void showFailure(const QString& reason);
     void startComparison();
-    void finishComparison();
-    std::shared_ptr<ParameterReader> readerFor(const HandTarget& target) const;
+    void startReading(std::shared_ptr<ParameterReader> reader);
+    void continueComparison();
+    std::shared_ptr<ParameterReader> readerFor(const HandTarget& target,
+                                               const QList<ParameterKey>& keys) const;
 
     DeviceSession* m_session;
     StatusReporter* m_reporter;
@@ -58,6 +60,7 @@ private:
     QProgressBar* m_progress;
     std::optional<Backup> m_backup; ///< before the last update
     bool m_compares = false;        ///< when the hand of that backup is opened
+    bool m_isFound = false;         ///< the open hand is that of the backup
     std::shared_ptr<ParameterReader> m_reader;
     std::unique_ptr<HandTaskRunner> m_runner; ///< of the comparison in progress
 };

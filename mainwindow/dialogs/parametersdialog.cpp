@@ -88,6 +88,10 @@ ParametersDialog::ParametersDialog(QWidget* window, DeviceSession* session, Halt
     // Queued: the state may change while the port is being closed.
     connect(session, &DeviceSession::sig_stateChanged, this, &ParametersDialog::updateControls,
             Qt::QueuedConnection);
+    for (const auto signal : {&DeviceSession::sig_answersAgain, &DeviceSession::sig_resumed})
+        connect(session, signal, this, &ParametersDialog::readCalibration, Qt::QueuedConnection);
+    connect(&halt->halt(), &Halt::sig_halted, this, &ParametersDialog::readCalibration,
+            Qt::QueuedConnection);
     m_progress->hide();
     m_table->compare(m_subject.hand, m_subject.file);
     m_table->setFocus();
@@ -279,12 +283,14 @@ void ParametersDialog::finishRestore()
             m_subject.hand.values[result.key] = *result.readBack;
     }
     const auto known = m_subject.hand.value({ParameterKind::Calibration});
+    auto inHand = m_writer->limitsInHand();
     if (const auto calibration = m_writer->calibrationInHand())
-        takeOver(*calibration);
+        inHand[{ParameterKind::Calibration}] = fromCalibration(*calibration);
     else if (changed)
         m_isCalibrationUnknown = true;
     else if (known && m_subject.target.isCurrent())
-        m_session->identity().calibration = toCalibration(*known);
+        inHand[{ParameterKind::Calibration}] = *known;
+    takeOver(inHand);
     m_progress->hide();
     m_close->setText(m_closeText);
     m_table->setTicksEnabled(true);
@@ -298,16 +304,60 @@ void ParametersDialog::finishRestore()
             parts.append(text.arg(count));
     showState((parts.join(QStringLiteral(", ")) + QStringLiteral(". ") + m_writer->outcomeText())
                   .trimmed());
+    readCalibration();
 }
 
-/// The hand is recognized by its calibration.
-void ParametersDialog::takeOver(const HandIdentity::Calibration& calibration)
+/// The hand that is compared, if it is still open. A halt makes its first target stale.
+std::optional<HandTarget> ParametersDialog::openHand() const
 {
-    const ParameterKey key{ParameterKind::Calibration};
-    m_subject.hand.values[key] = fromCalibration(calibration);
-    m_table->showInHand(key, m_subject.hand.values[key]);
-    if (m_subject.target.isCurrent())
-        m_session->identity().calibration = calibration;
+    auto target = m_session->target();
+    if (target &&
+        (target->adapter != m_subject.target.adapter || target->node != m_subject.target.node))
+        target.reset();
+    return target;
+}
+
+void ParametersDialog::takeOver(const std::map<ParameterKey, ParameterValue>& values)
+{
+    for (const auto& [key, value] : values)
+        m_subject.hand.values[key] = value;
+    m_table->showInHand(values);
+    // The hand is recognized by its calibration.
+    const auto calibration = values.find({ParameterKind::Calibration});
+    if (calibration != values.end() && openHand())
+        m_session->identity().calibration = toCalibration(calibration->second);
+}
+
+/// After a halt, a silence or a loss of the port has cut the writing of the calibration, the hand
+/// can be read again at some time.
+void ParametersDialog::readCalibration()
+{
+    const auto target = openHand();
+    if (!m_isCalibrationUnknown || isRestoring() || m_readRunner || !target)
+        return;
+    QList<ParameterKey> keys{{ParameterKind::Calibration}};
+    for (const auto& entry : m_subject.hand.values)
+        if (entry.first.kind == ParameterKind::PositionLimits)
+            keys.append(entry.first);
+    m_reader = std::make_shared<ParameterReader>(*target, ParameterReader::Options{.keys = keys});
+    m_readRunner = std::make_unique<HandTaskRunner>(m_session, m_reader);
+    // Queued, because the runner is still emitting.
+    connect(m_readRunner.get(), &HandTaskRunner::sig_finished, this,
+            &ParametersDialog::takeOverCalibration, Qt::QueuedConnection);
+    m_readRunner->start();
+}
+
+void ParametersDialog::takeOverCalibration()
+{
+    m_readRunner.reset();
+    const ParameterSet& now = m_reader->parameters();
+    const HandFacts& before = m_subject.hand.hand;
+    if (!now.value({ParameterKind::Calibration}) || now.hand.uid != before.uid ||
+        isOtherHardware(now.hand, before))
+        return;
+    m_isCalibrationUnknown = false;
+    takeOver(now.values);
+    showState(m_stateText + QLatin1Char(' ') + tr("The calibration of the hand was read again."));
 }
 
 void ParametersDialog::showState(const QString& text)

@@ -4,6 +4,7 @@
 
 #include "devicesession.h"
 #include "handtaskrunner.h"
+#include "parameterreader.h"
 
 #include <QDialog>
 
@@ -63,7 +64,11 @@ private:
     void restore();
     void showProgress(int done, int total);
     void finishRestore();
-    void takeOver(const HandIdentity::Calibration& calibration);
+    std::optional<HandTarget> openHand() const;
+    /// Follows what the writer or the reader has found in the hand.
+    void takeOver(const std::map<ParameterKey, ParameterValue>& values);
+    void readCalibration();
+    void takeOverCalibration();
     void showState(const QString& text);
     QString obstacle() const;
     void updateControls();
@@ -82,7 +87,9 @@ private:
     QProgressBar* m_progress;
     std::shared_ptr<ParameterWriter> m_writer;
     std::unique_ptr<HandTaskRunner> m_runner; ///< of the restore in progress
-    std::function<void()> m_pending;          ///< waits until no exchange is in progress
+    std::shared_ptr<ParameterReader> m_reader;
+    std::unique_ptr<HandTaskRunner> m_readRunner; ///< of the reading after a failure
+    std::function<void()> m_pending;              ///< waits until no exchange is in progress
     QString m_stateText;
     bool m_written = false;
     bool m_hasConsent = false;           ///< to restore what belongs to one hand

@@ -291,9 +291,10 @@ void ParameterTable::showResults(const QList<WrittenParameter>& results)
         scrollToItem(item(line, Name));
 }
 
-void ParameterTable::showInHand(const ParameterKey& key, const ParameterValue& value)
+void ParameterTable::showInHand(const std::map<ParameterKey, ParameterValue>& values)
 {
-    m_hand.values[key] = value;
+    for (const auto& [key, value] : values)
+        m_hand.values[key] = value;
     compareAgain();
 }
 

@@ -41,7 +41,7 @@ public:
     /// Marks the rows; what has been written is no longer ticked.
     void showResults(const QList<WrittenParameter>& results);
     /// Shows what the hand has now, which may have changed with another parameter.
-    void showInHand(const ParameterKey& key, const ParameterValue& value);
+    void showInHand(const std::map<ParameterKey, ParameterValue>& values);
     /// The rows that are shown as lines of text, columns separated by tabs.
     QString toText() const;
 

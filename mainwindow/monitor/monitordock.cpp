@@ -280,8 +280,7 @@ void MonitorDock::record()
     const QString proposal =
         QStringLiteral("recording-%1.csv")
             .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
-    const Modeless::FileChoice choice{
-        tr("Record"), {tr("Recordings (*.csv)")}, QStringLiteral("csv"), proposal};
+    const Modeless::FileChoice choice{tr("Record"), {tr("Recordings (*.csv)")}, proposal};
     Modeless::saveFile(this, choice, [this](const QString& path) { startRecording(path); });
 }
 
@@ -315,8 +314,8 @@ void MonitorDock::mark()
 void MonitorDock::openRecording()
 {
 #ifdef VANTO_HAVE_PLOT
-    const Modeless::FileChoice choice{
-        tr("Open recording"), {tr("Recordings (*.csv)"), tr("All files (*)")}, {}, {}};
+    const Modeless::FileChoice choice{tr("Open recording"),
+                                      {tr("Recordings (*.csv)"), tr("All files (*)")}};
     Modeless::openFile(this, choice,
                        [this](const QString& path) { RecordingView::open(path, this); });
 #endif

@@ -116,10 +116,8 @@ QString RecordingView::description() const
 
 void RecordingView::savePicture(const MonitorPlot* plot, QWidget* parent)
 {
-    const Modeless::FileChoice choice{tr("Save picture"),
-                                      {tr("Pictures (*.png)")},
-                                      QStringLiteral("png"),
-                                      QStringLiteral("monitor.png")};
+    const Modeless::FileChoice choice{
+        tr("Save picture"), {tr("Pictures (*.png)")}, QStringLiteral("monitor.png")};
     Modeless::saveFile(parent, choice, [plot, parent](const QString& path) {
         const QString failure = plot->savePicture(path);
         if (!failure.isEmpty())

@@ -1,5 +1,6 @@
 #include "recentfiles.h"
 
+#include "settingsfile.h"
 #include "statefile.h"
 
 #include <QDir>
@@ -17,11 +18,15 @@ RecentFiles::RecentFiles(const QString& title, const QString& key, QWidget* pare
 
 QStringList RecentFiles::files() const
 {
+    if (!canBeSettingsFile(stateFilePath()))
+        return {};
     return QSettings(stateFilePath(), QSettings::IniFormat).value(m_key).toStringList();
 }
 
 void RecentFiles::add(const QString& file)
 {
+    if (!canBeSettingsFile(stateFilePath()))
+        return;
     QStringList all = files();
     all.removeAll(file);
     all.prepend(file);

@@ -11,18 +11,23 @@ namespace vanto
 
 namespace
 {
+/// "txt" of "Text files (*.txt)"; empty if it has none.
+QString suffixOf(const QString& nameFilter)
+{
+    QString suffix = nameFilter.section(QLatin1String("(*."), 1);
+    suffix.chop(1);
+    return suffix;
+}
+
 /// Null if a dialog of the parent is open already; it is raised then.
 QFileDialog* newFileDialog(QWidget* parent, const Modeless::FileChoice& choice)
 {
-    if (auto* open = parent->findChild<QFileDialog*>({}, Qt::FindDirectChildrenOnly)) {
-        open->raise();
-        open->activateWindow();
+    if (Modeless::raiseOpen<QFileDialog>(parent))
         return nullptr;
-    }
     auto* files = new QFileDialog(parent, choice.caption);
     files->setAttribute(Qt::WA_DeleteOnClose);
     files->setNameFilters(choice.nameFilters);
-    files->setDefaultSuffix(choice.suffix);
+    files->setDefaultSuffix(suffixOf(choice.nameFilters.constFirst()));
     if (!choice.proposal.isEmpty())
         files->selectFile(choice.proposal);
     return files;
@@ -49,6 +54,9 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
         return;
     files->setAcceptMode(QFileDialog::AcceptSave);
     files->setOption(QFileDialog::DontConfirmOverwrite); // its own question is modal
+    QObject::connect(
+        files, &QFileDialog::filterSelected, files,
+        [files](const QString& nameFilter) { files->setDefaultSuffix(suffixOf(nameFilter)); });
     const auto confirm = [parent, save = std::move(save)](const QString& path) {
         if (!QFile::exists(path))
             return save(path);

@@ -19,13 +19,25 @@ QMessageBox* showBox(QWidget* parent, QMessageBox::Icon icon, const QString& tex
 /// A choice of a file. `parent` has at most one at a time.
 struct FileChoice {
     QString caption;
-    QStringList nameFilters; ///< like "Text files (*.txt)"
-    QString suffix;          ///< added to a name without one
-    QString proposal;        ///< file name
+    /// Like "Text files (*.txt)". The suffix of the chosen one is added to a name without one.
+    QStringList nameFilters;
+    QString proposal = {}; ///< file name
 };
 /// Asks before a file is replaced.
 void saveFile(QWidget* parent, const FileChoice& choice, std::function<void(const QString&)> save);
 void openFile(QWidget* parent, const FileChoice& choice, std::function<void(const QString&)> open);
+
+/// Raises the dialog of a type that is open already; returns whether there is one.
+template<class Dialog>
+bool raiseOpen(const QWidget* parent)
+{
+    auto* open = parent->findChild<Dialog*>({}, Qt::FindDirectChildrenOnly);
+    if (!open)
+        return false;
+    open->raise();
+    open->activateWindow();
+    return true;
+}
 } // namespace Modeless
 
 } // namespace vanto

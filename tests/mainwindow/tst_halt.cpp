@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QSlider>
 #include <QTableWidget>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>
@@ -38,6 +39,8 @@ private slots:
     void handJustLeft();
     void calibration();
     void focusInPlay();
+    void exit_data();
+    void exit();
 
 private:
     QString state() const { return m_tool->find<QLabel>("label_ConnectionState")->text(); }
@@ -321,6 +324,55 @@ void TestHalt::focusInPlay()
     QTest::keyClick(table, Qt::Key_Space);
     QTest::qWait(50);
     QVERIFY(!stop->isEnabled()); // does not start it again
+}
+
+void TestHalt::exit_data()
+{
+    QTest::addColumn<QString>("hand");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("hangs");
+    QTest::newRow("Exit, SerialCtrl") << "2" << false << false;
+    QTest::newRow("closed window, SerialCtrl") << "2" << true << false;
+    QTest::newRow("Exit, Modbus") << "2:modbus" << false << false;
+    QTest::newRow("silent hand") << "2" << true << true;
+}
+
+/// A halt that was pressed during an exchange reaches the hand before the program ends.
+void TestHalt::exit()
+{
+    QFETCH(QString, hand);
+    QFETCH(bool, closes);
+    QFETCH(bool, hangs);
+    if (hangs)
+        expectTimeouts(200);
+    // All in the event loop that it ends: after the end nothing waits for a reply over Modbus.
+    QTimer::singleShot(0, this, [&] {
+        open({"--node", hand});
+        m_tool->showPage(RunTab);
+        moveFinger(1);
+        QTRY_VERIFY(idle());
+        clearRecords();
+        duringExchange([&] {
+            if (hangs)
+                command("hang");
+            press();
+            if (closes)
+                m_tool->window()->close();
+            else
+                m_tool->trigger("action_Exit");
+        });
+        m_tool->click("pushButton_BasicReloadBasic");
+    });
+    QApplication::exec();
+    QVERIFY(idle());
+    QVERIFY(!frames({FingerStop}).isEmpty() || hand != "2");
+    if (hangs) // it ends all the same
+        return;
+    const bool modbus = hand.contains("modbus");
+    QCOMPARE(frames({FingerStop}).size(), modbus ? 0 : 1);
+    QCOMPARE(modbus ? writes().size() : motions().size(), modbus ? 4 : 2);
+    QTRY_COMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+    QVERIFY(positions()[1] < 60'000); // it has not gone on to its target
 }
 
 VANTO_TEST(TestHalt)

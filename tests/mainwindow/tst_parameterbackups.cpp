@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QInputDialog>
 #include <QJsonDocument>
-#include <QLabel>
 #include <QStandardPaths>
 
 namespace vanto
@@ -22,9 +21,13 @@ private slots:
     void information();
     void backupBeforeCalibration();
     void comparisonAfterUpdate();
+    void backupFails();
 
 private:
     bool areEnabled() const;
+    /// Until the key is asked for; `count` backups must exist then.
+    void calibrate(int count) const;
+    void updateFirmware() const;
 };
 
 namespace
@@ -52,6 +55,32 @@ bool TestParameterBackups::areEnabled() const
     if (count != 0 && count != 4)
         qWarning("the actions differ");
     return count == 4;
+}
+
+void TestParameterBackups::calibrate(int count) const
+{
+    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
+        if (auto* box = qobject_cast<QMessageBox*>(dialog))
+            return box->button(QMessageBox::Ok)->click();
+        QCOMPARE(backups().size(), count);
+        dialog->reject();
+    });
+    m_tool->click("pushButton_BasicRecalibrate");
+    QCOMPARE(answer.count(), 2);
+}
+
+void TestParameterBackups::updateFirmware() const
+{
+    DialogAnswer<QDialog> answer([](QDialog* dialog) {
+        auto* input = qobject_cast<QInputDialog*>(dialog);
+        if (input)
+            input->setTextValue("local");
+        if (qobject_cast<QFileDialog*>(dialog))
+            chooseFile(*dialog, SAMPLE);
+        else if (input || qobject_cast<QMessageBox*>(dialog))
+            dialog->accept();
+    });
+    m_tool->click("pushButton_BasicUpdateFirmware");
 }
 
 void TestParameterBackups::enabled()
@@ -131,16 +160,7 @@ void TestParameterBackups::backupBeforeCalibration()
 {
     open();
     clearRecords();
-    QStringList labels;
-    DialogAnswer<QDialog> answer([&](QDialog* dialog) {
-        labels.append(dialog->findChild<QLabel*>()->text());
-        if (auto* box = qobject_cast<QMessageBox*>(dialog))
-            return box->button(QMessageBox::Ok)->click();
-        QCOMPARE(backups().size(), 1); // before the key is entered
-        dialog->reject();
-    });
-    m_tool->click("pushButton_BasicRecalibrate");
-    QCOMPARE(answer.count(), 2);
+    calibrate(1); // before the key is entered
     for (const QString& frame : frames())
         QVERIFY2(frame.left(2).toInt(nullptr, 16) < 0x40, qPrintable(frame)); // reads only
     QVERIFY(contentOf(backups().value(0)).contains("calibration"));
@@ -150,24 +170,19 @@ void TestParameterBackups::backupBeforeCalibration()
 /// The comparison with the backup is offered once.
 void TestParameterBackups::comparisonAfterUpdate()
 {
-    open();
-    {
-        DialogAnswer<QDialog> answer([&](QDialog* dialog) {
-            auto* input = qobject_cast<QInputDialog*>(dialog);
-            if (input)
-                input->setTextValue("local");
-            if (qobject_cast<QFileDialog*>(dialog))
-                chooseFile(*dialog, SAMPLE);
-            else if (input || qobject_cast<QMessageBox*>(dialog))
-                dialog->accept();
-        });
-        m_tool->click("pushButton_BasicUpdateFirmware");
-    }
+    open({"--node", "2", "--node", "3"}, 2);
+    updateFirmware();
     QCOMPARE(backups().size(), 1);
     const auto* notice = m_tool->find<QWidget>("noticeBar");
     QVERIFY(!notice->isVisible());
     command("set 2 pid-p 4 9.5");
-    listAgain();
+    clearRecords();
+    m_tool->list({m_listed[1], m_listed[0]}); // another hand is only asked who it is
+    QTRY_COMPARE(addressed().count("03:23"), 1);
+    saveTo("other.json"); // takes longer than a comparison
+    QCOMPARE(addressed().count("03:05"), 6 + 6);
+    QVERIFY(!notice->isVisible());
+    m_tool->devices()->setCurrentIndex(1);
     QTRY_VERIFY(notice->isVisible());
     clearRecords();
     compare(backups()[0], [](ParametersDialog*) {}); // the notice does not disturb
@@ -184,11 +199,35 @@ void TestParameterBackups::comparisonAfterUpdate()
     command("set 2 pid-p 4 8.5");
     m_tool->devices()->setCurrentIndex(-1);
     clearRecords();
-    m_tool->devices()->setCurrentIndex(0);
+    m_tool->devices()->setCurrentIndex(1);
     QTRY_VERIFY(areEnabled());
     saveTo("again.json"); // takes longer than a comparison, which would have begun before
     QCOMPARE(frames({ReadUid}).size(), 1);
     QVERIFY(!notice->isVisible());
+}
+
+/// A failure is reported and blocks nothing. An older backup is not taken for that of an update.
+void TestParameterBackups::backupFails()
+{
+    const QString failure = "The parameters were not backed up. The hand does not answer.";
+    expectTimeouts(300);
+    open();
+    command("fault drop command=0x20");
+    calibrate(0);
+    QVERIFY(shown().contains(failure));
+    command("fault refuse command=0x05 skip=2");
+    calibrate(1);
+    QVERIFY2(shown().join('|').contains("The backup is incomplete. Current limit, Middle"),
+             qPrintable(shown().join('|')));
+    clearRecords();
+    command("fault drop command=0x20");
+    updateFirmware();
+    QVERIFY(shown().contains(failure));
+    QCOMPARE(m_tool->devices()->count(), 0); // the update has closed the hand
+    command("set 2 pid-p 4 9.5");
+    listAgain();
+    saveTo("after.json"); // takes longer than a comparison
+    QVERIFY(!m_tool->find<QWidget>("noticeBar")->isVisible());
 }
 
 VANTO_TEST(TestParameterBackups)

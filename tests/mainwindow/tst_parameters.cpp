@@ -54,6 +54,8 @@ private slots:
     void calibration();
     void interrupted_data();
     void interrupted();
+    void calibrationCutShort_data() { addBoolRows("halts", "halt", "silence"); }
+    void calibrationCutShort();
     void copiedGains();
     void badFiles_data();
     void badFiles();
@@ -181,6 +183,9 @@ void TestParameters::calibration()
             QCOMPARE(isTicked(table, rowOf(table, "Position limits", "Thumb")), ticked);
         }
         restore(dialog);
+        const int limits = rowOf(table, "Position limits", "Thumb"); // which it has replaced
+        if (node == "2" && ticked)
+            QCOMPARE(table->item(limits, 2)->text(), table->item(limits, 3)->text());
     });
     QCOMPARE(m_boxes.size(), questions);
     QCOMPARE(ticked, questions > 0 && accepted >= questions);
@@ -286,6 +291,51 @@ void TestParameters::interrupted()
         command("hang off");
     QCOMPARE(frames({WriteCurrentLimit}).size(), writes);
     QCOMPARE(frames(writeCommands()).size(), writes);
+}
+
+/// The hand has taken a part of the calibration. What it has is shown as soon as it can be read.
+void TestParameters::calibrationCutShort()
+{
+    QFETCH(bool, halts);
+    if (!halts)
+        expectTimeouts(200);
+    open({"--node", "2:modbus"});
+    saveTo("before.json");
+    changeAll();
+    clearRecords();
+    const auto inHand = [this](const char* value) {
+        return m_hand->command(QString("get 2 %1 0").arg(value)).section(' ', 1);
+    };
+    compare("before.json", [&](ParametersDialog* dialog) {
+        QTableWidget* table = tableOf(dialog);
+        const int row = rowOf(table, "Calibration");
+        for (QCheckBox* box : dialog->findChildren<QCheckBox*>()) // the gains and the fingers
+            if (box->isEnabled() && box->checkState() == Qt::Checked)
+                box->click();
+        pressSpace(table, row);
+        QTimer poll; // the ends are written first
+        connect(&poll, &QTimer::timeout, dialog, [&] {
+            if (!Exchange::active() || !writes().join(' ').contains("1020:"))
+                return;
+            poll.stop();
+            if (halts)
+                QTest::keyClick(dialog, Qt::Key_Pause);
+            else
+                command("hang");
+        });
+        poll.start(1);
+        command("fault late register=1020 ms=100");
+        restore(dialog);
+        command("hang off");
+        QTRY_VERIFY2(stateOf(dialog).contains("The calibration of the hand was read again."),
+                     qPrintable(stateOf(dialog)));
+        QVERIFY(inHand("end") != "3001"); // that of the file
+        QCOMPARE(inHand("start"), "501");
+        const QString shownText = table->item(row, 2)->text();
+        QVERIFY2(shownText.contains(inHand("end")) && shownText.contains("501"),
+                 qPrintable(shownText));
+        QVERIFY(table->item(row, 4)->text().startsWith("no answer"));
+    });
 }
 
 void TestParameters::copiedGains()
