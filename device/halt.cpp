@@ -32,7 +32,10 @@ struct HaltText {
 class HaltCall : public HandCall
 {
 public:
-    explicit HaltCall(HandTarget target) : HandCall(std::move(target)) { m_halts = true; }
+    explicit HaltCall(HandTarget target) : HandCall(std::move(target))
+    {
+        m_origin = HandAction::Origin::Halt;
+    }
 };
 
 struct Pose {

@@ -21,6 +21,40 @@ void HandCall::report(const Reading& reading) const
         emit ReadingMonitor::instance().sig_read(reading);
 }
 
+void HandCall::reportTarget(std::string_view operation, Quantity quantity, std::uint8_t finger,
+                            int target) const
+{
+    HandAction action;
+    action.operation = operation;
+    action.finger = finger;
+    action.quantity = quantity;
+    action.value = target;
+    report(action);
+}
+
+void HandCall::reportOperation(std::string_view operation, std::span<const double> numbers) const
+{
+    HandAction action;
+    action.kind = HandAction::Kind::Operation;
+    action.operation = operation;
+    action.values = numbers;
+    // The first number of operations with one finger is the finger.
+    if (operation.starts_with("setFinger") && !operation.ends_with("All") && !numbers.empty()) {
+        action.finger = static_cast<std::uint8_t>(numbers.front());
+        action.values = numbers.subspan(1);
+    }
+    report(action);
+}
+
+void HandCall::report(HandAction action) const
+{
+    action.node = m_target.node;
+    action.token = m_target.token;
+    action.origin = m_origin;
+    if (isCurrent())
+        emit ActionMonitor::instance().sig_action(action);
+}
+
 bool HandCall::accept(std::string_view operation, std::uint8_t result)
 {
     if (!isCurrent())

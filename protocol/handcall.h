@@ -1,5 +1,6 @@
 #pragma once
 
+#include "actionmonitor.h"
 #include "conversation.h"
 #include "fingers.h"
 #include "generation.h"
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <string_view>
+#include <type_traits>
 
 namespace vanto
 {
@@ -78,7 +80,7 @@ public:
     bool isCurrent() const
     {
         return m_target.isCurrent() &&
-               (m_halts || MotionGate::state() != MotionGate::State::Closed);
+               (isHalt() || MotionGate::state() != MotionGate::State::Closed);
     }
 
     /// Calls the operation and reports a failure. Returns true on success; only then are the
@@ -96,7 +98,7 @@ public:
         if (!isCurrent())
             return NotSent;
         if constexpr (MotionGate::isMotion(operationName<Operation>())) {
-            m_refused = !m_halts && MotionGate::state() == MotionGate::State::Latched;
+            m_refused = !isHalt() && MotionGate::state() == MotionGate::State::Latched;
             if (m_refused)
                 return NotSent;
         }
@@ -125,15 +127,19 @@ public:
     std::uint8_t subError() { return m_target.adapter->getNodeError(m_target.node); }
 
 protected:
-    /// Whether the call belongs to a halt, or ends one.
-    bool m_halts = false;
+    /// On whose behalf the hand is called. Halt: the call belongs to a halt, or ends one.
+    HandAction::Origin m_origin = HandAction::Origin::Request;
+
+    /// Reports to ActionMonitor, if the target is current.
+    void report(HandAction action) const;
 
 private:
     static constexpr std::uint8_t NotSent = 0xFF;
 
+    bool isHalt() const { return m_origin == HandAction::Origin::Halt; }
     void noteResult(std::uint8_t result) const;
 
-    /// Reports measured values to ReadingMonitor.
+    /// Reports measured values to ReadingMonitor, and what the hand does to ActionMonitor.
     template<auto Operation, class... Arguments>
     void publish(Arguments... arguments) const
     {
@@ -150,6 +156,12 @@ private:
             publishAll(Quantity::Position, arguments...);
         else if constexpr (name == "getFingerAngleAll")
             publishAll(Quantity::Angle, arguments...);
+        else if constexpr (name == "setFingerPos" || name == "setFingerPosAll")
+            publishTargets(name, Quantity::Position, arguments...);
+        else if constexpr (name == "setFingerAngle" || name == "setFingerAngleAll")
+            publishTargets(name, Quantity::Angle, arguments...);
+        else if constexpr (!name.starts_with("get"))
+            publishOperation(name, arguments...);
     }
     template<class Value>
     void publishFinger(Quantity quantity, std::uint8_t finger, const Value* current) const
@@ -184,7 +196,34 @@ private:
         report(
             {m_target.node, m_target.token, quantity, firstFinger, std::span(copy).first(count)});
     }
+    void publishTargets(std::string_view operation, Quantity quantity, std::uint8_t finger,
+                        int target, std::uint8_t /*speed*/) const
+    {
+        reportTarget(operation, quantity, finger, target);
+    }
+    template<class Value>
+    void publishTargets(std::string_view operation, Quantity quantity, const Value* targets,
+                        const std::uint8_t* /*speeds*/, std::uint8_t count) const
+    {
+        for (std::uint8_t finger = 0; finger < count; ++finger)
+            reportTarget(operation, quantity, finger, targets[finger]);
+    }
+    template<class... Arguments>
+    void publishOperation(std::string_view operation, Arguments... arguments) const
+    {
+        std::array<double, sizeof...(Arguments) + 1> numbers{};
+        std::size_t count = 0;
+        [[maybe_unused]] const auto add = [&](auto argument) {
+            if constexpr (std::is_arithmetic_v<decltype(argument)>)
+                numbers[count++] = static_cast<double>(argument);
+        };
+        (add(arguments), ...);
+        reportOperation(operation, std::span(numbers).first(count));
+    }
     void report(const Reading& reading) const;
+    void reportTarget(std::string_view operation, Quantity quantity, std::uint8_t finger,
+                      int target) const;
+    void reportOperation(std::string_view operation, std::span<const double> numbers) const;
 
     HandTarget m_target;
     CallReport* m_report = nullptr;

@@ -38,6 +38,23 @@ QString hex(unsigned number)
 }
 } // namespace
 
+/// A call whose actions are those of a play.
+class SequencePlayer::PlayCall : public HandCall
+{
+public:
+    PlayCall(HandTarget target, CallReport& report) : HandCall(std::move(target), report)
+    {
+        m_origin = HandAction::Origin::Player;
+    }
+    void reportStep(int index) const
+    {
+        HandAction action;
+        action.kind = HandAction::Kind::Step;
+        action.value = index;
+        report(action);
+    }
+};
+
 SequencePlayer::SequencePlayer(QObject* parent) : QObject(parent)
 {
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -61,7 +78,7 @@ bool SequencePlayer::play(const SequenceData& data, int startIndex, int endIndex
     if (isPlaying() || Exchange::active() || !m_protocol || startIndex < 0 || startIndex >= count)
         return false;
     m_run.advance();
-    HandCall call = beginCall();
+    PlayCall call = beginCall();
     const QScopedValueRollback sending(m_sending, true);
     m_playForEdit = playForEdit;
     m_startIndex = startIndex;
@@ -103,7 +120,7 @@ void SequencePlayer::updatePlay()
     }
     const QDeadlineTimer nextTick(PollIntervalMs, Qt::PreciseTimer);
     {
-        HandCall call = beginCall();
+        PlayCall call = beginCall();
         const QScopedValueRollback sending(m_sending, true);
         poll(call);
     }
@@ -118,12 +135,12 @@ void SequencePlayer::updatePlay()
 }
 
 /// The conversation of one play() or one poll.
-HandCall SequencePlayer::beginCall()
+SequencePlayer::PlayCall SequencePlayer::beginCall()
 {
-    return HandCall({m_protocol, static_cast<std::uint8_t>(m_node), m_run.token()}, *this);
+    return PlayCall({m_protocol, static_cast<std::uint8_t>(m_node), m_run.token()}, *this);
 }
 
-void SequencePlayer::poll(HandCall& call)
+void SequencePlayer::poll(PlayCall& call)
 {
     const qint64 now = nowMs();
     if (!areCurrentsSafe(call) || !haveFingersArrived(call))
@@ -143,7 +160,7 @@ void SequencePlayer::poll(HandCall& call)
         _stop({});
 }
 
-void SequencePlayer::startNextRound(HandCall& call)
+void SequencePlayer::startNextRound(PlayCall& call)
 {
     m_round = m_round < std::numeric_limits<int>::max() ? m_round + 1 : 1;
     setupVanto(m_startIndex, false, call);
@@ -155,7 +172,7 @@ const MotionUnit& SequencePlayer::unit() const
                                                                    : MotionUnit::angle();
 }
 
-bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
+bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, PlayCall& call)
 {
     const qint64 previousStart = m_stepStart;
     m_playingIndex = sequenceIndex;
@@ -163,8 +180,10 @@ bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
     m_stepStart = nowMs();
     const MotionUnit& moved = prepare ? MotionUnit::position() : unit();
     const SequenceDataItem step = prepare ? preparationPose() : m_data.sequences.at(sequenceIndex);
-    if (!prepare)
+    if (!prepare) {
         emit sig_updatePlaying(isPlaying(), sequenceIndex, m_stepStart - previousStart, {});
+        call.reportStep(sequenceIndex);
+    }
 
     // A failure stops the player, but the commands for the other fingers are still sent.
     bool allSent = true;
@@ -175,7 +194,7 @@ bool SequencePlayer::setupVanto(int sequenceIndex, bool prepare, HandCall& call)
     return allSent && call.isCurrent();
 }
 
-bool SequencePlayer::areCurrentsSafe(HandCall& call)
+bool SequencePlayer::areCurrentsSafe(PlayCall& call)
 {
     for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
         std::uint16_t current = 0;
@@ -190,7 +209,7 @@ bool SequencePlayer::areCurrentsSafe(HandCall& call)
     return true;
 }
 
-bool SequencePlayer::haveFingersArrived(HandCall& call)
+bool SequencePlayer::haveFingersArrived(PlayCall& call)
 {
     const auto pose = unit().readPose(call);
     return pose &&

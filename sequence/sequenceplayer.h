@@ -70,14 +70,16 @@ signals:
     void sig_updatePlaying(bool isPlaying, int sequenceIndex, qint64 periodInMS, QString errMsg);
 
 private:
-    HandCall beginCall();
-    void poll(HandCall& call);
-    void startNextRound(HandCall& call);
+    class PlayCall;
+
+    PlayCall beginCall();
+    void poll(PlayCall& call);
+    void startNextRound(PlayCall& call);
     const MotionUnit& unit() const;
     /// Sends a step, or the preparation pose. Returns false if not all of it was sent.
-    bool setupVanto(int sequenceIndex, bool prepare, HandCall& call);
-    bool areCurrentsSafe(HandCall& call);
-    bool haveFingersArrived(HandCall& call);
+    bool setupVanto(int sequenceIndex, bool prepare, PlayCall& call);
+    bool areCurrentsSafe(PlayCall& call);
+    bool haveFingersArrived(PlayCall& call);
     bool reportTimeout(const HandTarget& target) override;
     void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,
                        std::uint8_t subError) override;

@@ -1,20 +1,16 @@
 #pragma once
 
-#include "fingers.h"
-
-#include <QCoreApplication>
+#include "motionguard.h"
 
 namespace vanto
 {
 
 namespace FingerNames
 {
-/// The translated name of a finger; the catalogues have it from the player's messages.
+/// The translated name of a finger.
 inline QString shown(std::size_t finger)
 {
-    constexpr PerFinger<const char*> names{"Thumb", "Index",  "Middle",
-                                           "Third", "Little", "Thumb root"};
-    return QCoreApplication::translate("vanto::SequencePlayer", names.at(finger));
+    return MotionGuard::fingerName(finger);
 }
 } // namespace FingerNames
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "actionmarkers.h"
 #include "samplebuffer.h"
 #include "telemetryclock.h"
 #include "telemetryreader.h"
@@ -32,9 +33,9 @@ class MonitorDock : public QDockWidget
     Q_OBJECT
 public:
     /// `isLocked` tells whether long work uses the line, with pauses in which the hand must not be
-    /// read.
+    /// read; `isPlaying` whether a sequence plays, so that the line is left to the player.
     MonitorDock(DeviceSession* session, StatusReporter* reporter, std::function<bool()> isLocked,
-                QWidget* window);
+                std::function<bool()> isPlaying, QWidget* window);
     ~MonitorDock() override;
 
 private:
@@ -54,6 +55,7 @@ private:
     void startRecording(const QString& path);
     void showRecording();
     void mark();
+    void addMarker(const Marker& marker);
     void openRecording();
     void savePicture();
     bool isWanted() const;
@@ -65,6 +67,7 @@ private:
     TelemetryReader m_reader;
     SampleBuffer m_buffer;
     TelemetryRecorder m_recorder;
+    ActionMarkers m_actions;
     QTimer m_refreshTimer;
     bool m_changed = false;      ///< there are samples that are not shown
     QElapsedTimer m_lastRefresh; ///< valid after the first

@@ -1,0 +1,12 @@
+#include "actionmonitor.h"
+
+namespace vanto
+{
+
+ActionMonitor& ActionMonitor::instance()
+{
+    static ActionMonitor monitor;
+    return monitor;
+}
+
+} // namespace vanto
