@@ -26,7 +26,7 @@ MotionTrace::MotionTrace(Trace& trace, QObject* parent) : QObject(parent), m_tra
 
 void MotionTrace::add(const Hand& hand)
 {
-    Watch watch{&hand, {}, Clock::now()};
+    Watch watch{&hand, {}, Clock::now(), hand.id};
     std::ranges::transform(hand.fingers, watch.motions.begin(), &Finger::motion);
     m_watches.push_back(watch);
 }
@@ -61,7 +61,8 @@ TimePoint MotionTrace::updateHand(Watch& watch, TimePoint now)
         write(watch, next);
     }
 
-    bool changed = false;
+    bool changed = watch.id != watch.hand->id;
+    watch.id = watch.hand->id;
     for (std::size_t finger = 0; finger < FingerCount; ++finger) {
         const FingerMotion& motion = watch.hand->fingers[finger].motion;
         changed = changed || !isSameMotion(watch.motions[finger], motion, now);

@@ -7,14 +7,16 @@
 #include <QTimer>
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 namespace vanto::simulator
 {
 
 /// Writes to the trace when a finger begins to move, changes its velocity, stands or is placed
-/// elsewhere. Between two lines of a hand the positions are linear in time. The time of a line is
-/// that of the change, also if the line is written later. Does nothing without a trace file.
+/// elsewhere, and when a hand gets another id. Between two lines of a hand the positions are linear
+/// in time. The time of a line is that of the change, also if the line is written later. Does
+/// nothing without a trace file.
 class MotionTrace : public QObject
 {
     Q_OBJECT
@@ -33,6 +35,7 @@ private:
         const Hand* hand;
         Motions motions; ///< as of `since`
         TimePoint since;
+        std::uint8_t id; ///< of the last line
     };
 
     /// Returns the next arrival after `now`.

@@ -1,7 +1,9 @@
 // Monkey test: uses the real window with a simulated hand at random.
 
+#include "alternatetest.h"
 #include "exittest.h"
 #include "halttest.h"
+#include "handclock.h"
 #include "losstest.h"
 #include "monitor.h"
 #include "monkey.h"
@@ -40,6 +42,8 @@ constexpr Option Options[] = {
     {"halts", "Halt the hand at N random moments instead, with each kind of hand.", "N", ""},
     {"hand", "Only with this kind of hand: plain, latch-stop or speed-at-once.", "KIND", ""},
     {"losses", "Unplug the hand N times and plug it in again instead.", "N", ""},
+    {"alternate", "Open one port N times instead, with vantoctl and the window in turn.", "N", ""},
+    {"open-port", "Open the first hand at this port in the window once instead.", "PORT", ""},
     {"end-during", "Exit once during this operation instead.", "NAME", ""},
     {"after", "Delay before that exit in ms.", "N", "100"},
     {"patience", "Multiply all time-outs by N, for a busy machine.", "N", "1"},
@@ -54,7 +58,8 @@ int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int pati
         std::fprintf(stderr, "%s\n", qPrintable(hand.errorText()));
         return 2;
     }
-    Monitor monitor(hand, Sanitized, patience > 1);
+    const HandClock clock(hand, 1);
+    Monitor monitor(hand, Sanitized, patience > 1, &clock);
     Monkey monkey(hand, monitor, seed);
     monkey.start(seconds);
     QApplication::exec();
@@ -62,9 +67,11 @@ int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int pati
     if (std::min(monkey.actions(), monitor.exchanges()) * patience < MinPerSecond * seconds)
         monitor.addFinding(QStringLiteral("too few actions or requests"));
     std::printf(
-        "%s, seed %u: %d s, %d actions, %d requests on the wire, %d writes of halts in quiet "
-        "phases, %d writes of restores, longest gap %lld ms, %d findings\n",
+        "%s, seed %u: %d s, %d actions, %d exchanges, %d of them with faults, %d overlaps, %d of "
+        "them explained by a late reply, %d writes of halts in quiet phases, %d writes of "
+        "restores, longest gap %lld ms, %d findings\n",
         qPrintable(protocol), seed, seconds, monkey.actions(), monitor.exchanges(),
+        monitor.faults(), monitor.overlaps().overlaps(), monitor.overlaps().explained(),
         monitor.haltWrites(), monitor.restoreWrites(), monitor.longestGapMs(),
         static_cast<int>(monitor.findings().size()));
     for (const auto& [name, count] : monkey.counts())
@@ -102,6 +109,12 @@ int runProgram(int argc, char* argv[])
         return HaltTest::run(value("halts").toInt(), seed, protocol, value("hand"), patience);
     if (parser.isSet(QStringLiteral("losses")))
         return LossTest::run(value("losses").toInt(), seed, protocol, patience);
+    if (parser.isSet(QStringLiteral("alternate")))
+        return AlternateTest::run(value("alternate").toInt(), seed, protocol, value("patience"));
+    if (parser.isSet(QStringLiteral("open-port"))) {
+        qputenv("QT_LOGGING_RULES", "default.debug=false");
+        return AlternateTest::openOnce(value("open-port"));
+    }
     if (parser.isSet(QStringLiteral("end-during"))) {
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return ExitTest::runOnce(value("end-during"), value("after").toInt(), protocol);

@@ -66,8 +66,11 @@ QString hexOf(const TracedFrame& frame)
 }
 } // namespace
 
-Monitor::Monitor(HandProcess& hand, bool slow, bool busy)
-    : m_hand(hand), m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs), m_busyMachine(busy)
+Monitor::Monitor(HandProcess& hand, bool slow, bool busy, const HandClock* clock)
+    : m_hand(hand),
+      m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs),
+      m_busyMachine(busy),
+      m_overlapCheck(clock)
 {
     s_messages = &m_findings;
     qInstallMessageHandler(handleMessage);
@@ -102,12 +105,12 @@ void Monitor::endQuietPhase()
 
 void Monitor::checkTrace()
 {
-    const auto frames = m_hand.trace();
-    m_marks += m_hand.motionMarks();
-    m_hand.clearTrace();
+    const auto [frames, marks] = m_hand.takeTrace();
+    m_marks += marks;
+    for (const QString& finding : m_overlapCheck.check(frames))
+        addFinding(finding);
     for (const TracedFrame& frame : frames) {
-        if (frame.marks.contains(QLatin1String("overlap")))
-            addFinding(QStringLiteral("two exchanges at the same time: ") + hexOf(frame));
+        m_faults += frame.marks.contains(QLatin1String("fault="));
         if (frame.direction != QLatin1String("rx"))
             continue;
         ++m_exchanges;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "halttrace.h"
+#include "overlapcheck.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -19,14 +20,15 @@ constexpr bool Sanitized = false;
 #endif
 
 /// Checks conditions that must hold during all actions: no Qt warnings, no blocked event loop, no
-/// overlapping exchanges on the wire, no motion in quiet phases, no parameter that is restored
-/// without its tick, and never a calibration.
+/// overlapping exchanges on the wire unless a reply was late, no motion in quiet phases, no
+/// parameter that is restored without its tick, and never a calibration.
 class Monitor : public QObject
 {
 public:
     /// `slow` doubles the limit for a blocked event loop, for sanitizers. On a `busy` machine the
-    /// process can wait for a processor, so its processor time is measured.
-    Monitor(HandProcess& hand, bool slow, bool busy);
+    /// process can wait for a processor, so its processor time is measured. `clock` is needed to
+    /// explain overlaps, see OverlapCheck.
+    Monitor(HandProcess& hand, bool slow, bool busy, const HandClock* clock = nullptr);
     ~Monitor() override;
 
     /// The number of requests in the trace that move a finger.
@@ -53,6 +55,9 @@ public:
     void addFinding(const QString& finding);
     const QStringList& findings() const { return m_findings; }
     int exchanges() const { return m_exchanges; }
+    /// Replies that a fault has altered, delayed or suppressed.
+    int faults() const { return m_faults; }
+    const OverlapCheck& overlaps() const { return m_overlapCheck; }
     /// The frames of halts that wrote positions in quiet phases.
     int haltWrites() const { return m_haltWrites; }
     /// The writes of restores.
@@ -79,7 +84,9 @@ private:
     HaltFrames m_haltFrames;
     QList<MotionMark> m_marks; ///< since the last check, and the last one of each hand before it
     int m_haltWrites = 0;
+    OverlapCheck m_overlapCheck;
     int m_exchanges = 0;
+    int m_faults = 0;
     QStringList m_findings;
 };
 

@@ -13,11 +13,15 @@
 
 class QDialog;
 class QFileDialog;
+class QPushButton;
 
 namespace vanto
 {
 
 class Monitor;
+
+/// Where the monkey saves the parameters of a hand, in the current folder.
+constexpr QLatin1String ParameterFileName("hand.json");
 
 /// Uses the window at random and interrupts the connection. The same seed makes the same choices,
 /// but their timing relative to the replies of the hand varies.
@@ -58,14 +62,20 @@ private:
     void scheduleAction();
     void closeWindow();
     void changePhase();
+    void beginQuietPhase();
     void answerDialog(QDialog* dialog);
     bool answerNodeDialog(QDialog* dialog);
     void answerParametersDialog(QDialog* dialog);
     void restoreParameters(QDialog* dialog);
+    int unusedNode();
+    void useModelessDialog();
     QString fileFor(const QFileDialog& dialog);
+    QString recordingFor(bool opens);
     QString randomText();
     QString randomSequenceFile();
+    void leaveDrafts();
 
+    void clickButton(QPushButton& button);
     void clickRandomButton();
     void clickMotionButton();
     void changePage();
@@ -84,8 +94,13 @@ private:
     void triggerAction();
     void useParameters();
     void editSequence();
+    void insertBefore();
+    void typeTarget();
+    void changeRepetition();
+    void useMonitor();
     void injectFault();
     void interruptConnection();
+    void silenceHands();
 
     HandProcess& m_hand;
     Monitor& m_monitor;
@@ -93,12 +108,15 @@ private:
     WindowDriver m_driver;
     DialogWatch m_dialogs;
     QElapsedTimer m_sinceAction;
+    QString m_scanText; ///< of the button while no scan runs
     int m_stuckMs = 0;
     QDeadlineTimer m_left; ///< until then the connection is left to the window
     bool m_quiet = false;
     bool m_closing = false;
     int m_nesting = 0; ///< actions on the stack, each possibly in a nested event loop
     int m_phase = 0;
+    QDeadlineTimer m_settling; ///< the longest time until a quiet phase begins
+    int m_requestsAtFault = 0; ///< received by the hands when a fault was armed last
     int m_actions = 0;
     std::map<QString, int> m_counts;
 };

@@ -4,8 +4,8 @@
 #include "monkey.h"
 
 #include <QCheckBox>
-#include <QDir>
-#include <QFileDialog>
+#include <QDialog>
+#include <QFile>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTimer>
@@ -17,8 +17,6 @@ namespace vanto
 
 namespace
 {
-constexpr QLatin1String ParameterFileName("hand.json");
-
 /// What a row of the comparison of parameters is written with.
 struct WrittenName {
     const char* name;
@@ -74,16 +72,6 @@ void Monkey::useParameters()
         m_driver.trigger(QStringLiteral("action_Hand_Information"));
     else
         m_driver.trigger(QStringLiteral("action_Restore_Parameters"));
-}
-
-QString Monkey::fileFor(const QFileDialog& dialog)
-{
-    const bool opens = dialog.acceptMode() == QFileDialog::AcceptOpen;
-    if (dialog.windowTitle().contains(QLatin1String("parameter")) &&
-        (!opens || randomBelow(4) != 0))
-        return QDir::current().absoluteFilePath(ParameterFileName);
-    return opens ? randomSequenceFile()
-                 : QDir::current().absoluteFilePath(QStringLiteral("saved.json"));
 }
 
 /// Ticks at random, but never the calibration, and restores. Cancel can end this early.

@@ -114,18 +114,41 @@ QString HandProcess::readLine()
     return QString::fromUtf8(m_process.readLine()).trimmed();
 }
 
-QStringList HandProcess::traceLines(bool ofMotion) const
+/// Whole lines, as the hand may be writing one.
+QByteArray HandProcess::readTrace() const
 {
     QFile file(m_directory.filePath(QStringLiteral("trace")));
-    QStringList found;
     if (!file.open(QFile::ReadOnly) || !file.seek(m_traceStart))
-        return found;
-    const auto lines = file.readAll().split('\n');
+        return {};
+    const QByteArray bytes = file.readAll();
+    return bytes.first(bytes.lastIndexOf('\n') + 1);
+}
+
+QStringList HandProcess::traceLines(bool ofMotion) const
+{
+    QStringList found;
+    const auto lines = readTrace().split('\n');
     for (const QByteArray& line : lines.first(lines.size() - 1)) {
         if (isMotion(line) == ofMotion)
             found.append(QString::fromLatin1(line));
     }
     return found;
+}
+
+HandProcess::TracePart HandProcess::takeTrace()
+{
+    const QByteArray part = readTrace();
+    m_traceStart += part.size();
+    TracePart taken;
+    const auto lines = part.split('\n');
+    for (const QByteArray& line : lines.first(lines.size() - 1)) {
+        const QString text = QString::fromLatin1(line);
+        if (isMotion(line))
+            taken.marks.append(parseMotionLine(text));
+        else
+            taken.frames.append(parseTraceLine(text));
+    }
+    return taken;
 }
 
 QList<TracedFrame> HandProcess::trace() const

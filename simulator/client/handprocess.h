@@ -67,9 +67,17 @@ public:
     /// otherwise those of the nearest mark. Empty without marks.
     static QList<double> positionsAt(const QList<MotionMark>& marks, int node, double ms);
     void clearTrace();
+    struct TracePart {
+        QList<TracedFrame> frames;
+        QList<MotionMark> marks;
+    };
+    /// Returns what trace() and motionMarks() return and forgets it, without losing what the hand
+    /// writes meanwhile.
+    TracePart takeTrace();
 
 private:
     QString readLine();
+    QByteArray readTrace() const;
     QStringList traceLines(bool ofMotion) const;
 
     QTemporaryDir m_directory;
