@@ -15,6 +15,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace vanto
@@ -60,6 +61,48 @@ double timeOf(const WindowDriver& tool, const char* action, const std::function<
     return median(times);
 }
 
+/// Edits that concern rows far apart, or many rows at the end, after one at the top has been added.
+bool reportDistantEdits(const WindowDriver& tool, QTableWidget* table, double limit)
+{
+    const auto select = [&](int first, int last) {
+        table->setRangeSelected({first, 0, last, table->columnCount() - 1}, true);
+    };
+    const auto selectEnds = [&] {
+        table->clearSelection();
+        select(1, 1);
+        select(table->rowCount() - 1, table->rowCount() - 1);
+    };
+    const auto selectHalf = [&] {
+        table->clearSelection();
+        for (int row = 1; row < table->rowCount(); row += 2)
+            select(row, row);
+    };
+    const auto selectLast = [&] {
+        table->clearSelection();
+        select(table->rowCount() - 1 - Pasted, table->rowCount() - 2);
+    };
+    table->clearSelection();
+    select(0, 0);
+    tool.trigger(QStringLiteral("action_Duplicate_Step"));
+    bool good = true;
+    const auto check = [&](const char* what, const char* action,
+                           const std::function<void()>& prepare) {
+        good &= report({what, timeOf(tool, action, prepare), "ms", limit, 1});
+    };
+    check("delete of steps 2 and the last", "action_Delete_Step", selectEnds);
+    check("undo of it", "action_Undo", [] {});
+    check("move of the last 1,000 steps", "action_Move_Step_Down", selectLast);
+    const auto undo = [&] { tool.trigger(QStringLiteral("action_Undo")); };
+    selectHalf();
+    tool.trigger(QStringLiteral("action_Delete_Step"));
+    check("redo of a delete of every second step", "action_Redo", undo);
+    check("undo of it", "action_Undo", [&, first = true]() mutable {
+        if (!std::exchange(first, false))
+            tool.trigger(QStringLiteral("action_Redo"));
+    });
+    return good;
+}
+
 /// Edits the loaded sequence. The limit of each edit is the time that filling the table takes: an
 /// action that undoes Load or redoes it.
 bool reportEdits(const WindowDriver& tool, QTableWidget* table)
@@ -88,7 +131,7 @@ bool reportEdits(const WindowDriver& tool, QTableWidget* table)
     check("move of a step", timeOf(tool, "action_Move_Step_Down", one));
     check("delete of a step", timeOf(tool, "action_Delete_Step", one));
     check("undo of it", timeOf(tool, "action_Undo", nothing));
-    return good && table->rowCount() > Steps;
+    return reportDistantEdits(tool, table, filled) && good && table->rowCount() > Steps;
 }
 } // namespace
 

@@ -1,7 +1,5 @@
 #include "sequencedraft.h"
 
-#include "sequencemanager.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -23,6 +21,7 @@ constexpr QLatin1String FileKey("file");
 constexpr QLatin1String DraftSuffix(".json");
 constexpr QLatin1String LockSuffix(".lock");
 constexpr qint64 NewLockSecs = 10;
+constexpr int MaxDiscarded = 10;
 
 QString lockPath(const QString& draft)
 {
@@ -61,7 +60,7 @@ std::optional<SequenceDraft::Abandoned> read(const QFileInfo& info)
     QFile file(info.filePath());
     if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    const QByteArray bytes = file.read(SequenceManager::MaxFileBytes);
+    const QByteArray bytes = file.readAll();
     SequenceDraft::Abandoned draft{info.filePath(), info.lastModified(), {}, {}, nullptr};
     if (!draft.data.fromJSON(bytes))
         return std::nullopt;
@@ -111,7 +110,13 @@ std::vector<SequenceDraft::Abandoned> SequenceDraft::findAbandoned(const QString
 
 void SequenceDraft::discard(Abandoned draft)
 {
-    QFile::remove(draft.path);
+    const QFileInfo info(draft.path);
+    const QDir folder(info.path() + QStringLiteral("/discarded"));
+    if (folder.mkpath(QStringLiteral(".")))
+        QFile::rename(draft.path, folder.filePath(info.fileName()));
+    const QStringList files = folder.entryList(QDir::Files, QDir::Time);
+    for (const QString& old : files.mid(MaxDiscarded))
+        QFile::remove(folder.filePath(old));
 }
 
 bool SequenceDraft::lock()

@@ -46,6 +46,7 @@ public:
     static QString userFolder();
     /// The drafts of processes that have ended, the last one first. Damaged ones are left out.
     static std::vector<Abandoned> findAbandoned(const QString& folder);
+    /// Moves the file to the subfolder "discarded", which keeps the latest ones.
     static void discard(Abandoned draft);
 
     void write(const SequenceData& data, const QString& file);

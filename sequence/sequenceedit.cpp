@@ -101,6 +101,15 @@ SequenceEdit SequenceEdit::move(const SequenceData& data, const QList<int>& rows
     return rearranged(edit, order);
 }
 
+SequenceEdit SequenceEdit::exchange(const SequenceData& data, int row, int other)
+{
+    const auto [first, last] = std::minmax(row, other);
+    const SequenceEdit edit = editOf(data, first, last - first + 1);
+    QList<int> order = numbersBelow(edit.before.size());
+    order.swapItemsAt(0, last - first);
+    return rearranged(edit, order);
+}
+
 SequenceEdit SequenceEdit::change(const SequenceData& data, int row, const SequenceDataItem& step)
 {
     SequenceEdit edit = editOf(data, row, 1);

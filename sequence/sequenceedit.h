@@ -28,6 +28,7 @@ struct SequenceEdit {
     /// Moves each of the rows by one, up (-1) or down (1). Changes nothing if one of them is at the
     /// end already.
     static SequenceEdit move(const SequenceData& data, const QList<int>& rows, int distance);
+    static SequenceEdit exchange(const SequenceData& data, int row, int other);
     static SequenceEdit change(const SequenceData& data, int row, const SequenceDataItem& step);
     static SequenceEdit typeChange(const SequenceData& data, const QString& type);
     static SequenceEdit replacement(const SequenceData& data, const SequenceData& other);

@@ -55,7 +55,7 @@ SequenceActions::SequenceActions(SequenceEditor* sequence, StepTable* table, QOb
                                 key(Qt::CTRL | Qt::SHIFT | Qt::Key_I), &A::insertBefore);
     addForRows(QStringLiteral("action_Duplicate_Step"), tr("&Duplicate"), key(Qt::CTRL | Qt::Key_D),
                &A::duplicate);
-    addForRows(QStringLiteral("action_Move_Step_Up"), tr("Move &Up"), key(Qt::ALT | Qt::Key_Up),
+    addForRows(QStringLiteral("action_Move_Step_Up"), tr("Mo&ve Up"), key(Qt::ALT | Qt::Key_Up),
                &A::moveUp);
     addForRows(QStringLiteral("action_Move_Step_Down"), tr("Move Do&wn"),
                key(Qt::ALT | Qt::Key_Down), &A::moveDown);

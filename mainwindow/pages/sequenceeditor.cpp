@@ -67,6 +67,12 @@ bool SequenceEditor::move(const QList<int>& rows, int distance)
     return true;
 }
 
+void SequenceEditor::exchange(int row, int other)
+{
+    push(SequenceEdit::exchange(data(), row, other), nameSteps(tr("move of %1"), row, 1),
+         m_table->idOf(row));
+}
+
 void SequenceEditor::edit(std::uint64_t step, const QString& text,
                           const std::function<void(SequenceDataItem&)>& change)
 {
@@ -86,6 +92,7 @@ void SequenceEditor::replace(const SequenceData& other, const QString& file, con
                           .step = StepTable::NoStep,
                           .fileBefore = m_file,
                           .fileAfter = file,
+                          .isOfFile = true,
                           .text = text};
     push(std::move(change));
 }
@@ -108,7 +115,13 @@ void SequenceEditor::push(const SequenceEdit& edit, const QString& text, std::ui
 {
     const bool moves = !std::is_sorted(edit.origins.begin(), edit.origins.end());
     if (!edit.changesNothing() || moves)
-        push({edit, {}, {}, step, {}, {}, text});
+        push({.edit = edit,
+              .idsBefore = {},
+              .idsAfter = {},
+              .step = step,
+              .fileBefore = {},
+              .fileAfter = {},
+              .text = text});
 }
 
 void SequenceEditor::push(SequenceChange change)
@@ -137,7 +150,7 @@ void SequenceEditor::apply(const SequenceChange& change, bool revert)
     else
         m_manager.apply(edit);
     m_table->replaceSteps(edit.row, replaced, ids, revert ? edit.before : edit.after);
-    if (change.fileBefore != change.fileAfter)
+    if (change.isOfFile)
         m_file = revert ? change.fileBefore : change.fileAfter;
     if (!std::ranges::equal(change.idsBefore, change.idsAfter))
         m_edition.advance();
@@ -162,7 +175,7 @@ bool SequenceEditor::load(const QString& name)
         return false;
     }
     m_fileError.clear();
-    m_onDisk.insert(name, loaded.sequenceData());
+    noteOnDisk(name, loaded.sequenceData());
     replace(loaded.sequenceData(), name, tr("loading of %1").arg(QFileInfo(name).fileName()));
     return true;
 }
@@ -172,24 +185,29 @@ bool SequenceEditor::save(const QString& name)
     QFile file(name);
     const bool opened = m_manager.saveSequenceData(file);
     m_fileError = m_manager.fileError();
-    if (opened && !m_fileError.isEmpty())
-        m_onDisk.remove(name); // it may be damaged
-    if (!opened || !m_fileError.isEmpty()) {
-        emit sig_changed();
-        return false;
-    }
-    m_file = name;
-    m_onDisk.insert(name, data());
+    const bool isSaved = opened && m_fileError.isEmpty();
+    if (isSaved)
+        noteOnDisk(m_file = name, data());
+    else if (opened)
+        noteOnDisk(name, {}); // it may be damaged
     emit sig_changed();
-    return true;
+    return isSaved;
+}
+
+void SequenceEditor::noteOnDisk(const QString& name, const std::optional<SequenceData>& content)
+{
+    m_onDisk.insert(name, content);
+    const QString path = QFileInfo(name).canonicalFilePath();
+    for (auto file = m_onDisk.begin(); file != m_onDisk.end(); ++file)
+        if (!path.isEmpty() && QFileInfo(file.key()).canonicalFilePath() == path)
+            file.value() = content;
 }
 
 bool SequenceEditor::isModified() const
 {
     if (m_file.isEmpty())
         return !isEmpty();
-    const auto saved = m_onDisk.constFind(m_file);
-    return saved == m_onDisk.constEnd() || *saved != data();
+    return m_onDisk.value(m_file) != data();
 }
 
 } // namespace vanto

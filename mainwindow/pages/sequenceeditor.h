@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 namespace vanto
 {
@@ -36,6 +37,8 @@ public:
     void remove(const QList<int>& rows, const QString& text);
     /// By one row, up (-1) or down (1). Returns false if one of the rows is at the end already.
     bool move(const QList<int>& rows, int distance);
+    /// Exchanges two steps.
+    void exchange(int row, int other);
     /// Changes the values of a step, in whichever row it is; does nothing if it no longer exists.
     void edit(std::uint64_t step, const QString& text,
               const std::function<void(SequenceDataItem&)>& change);
@@ -73,6 +76,8 @@ signals:
 private:
     void push(const SequenceEdit& edit, const QString& text, std::uint64_t step);
     void push(SequenceChange change);
+    /// `content` is nothing if it is not known.
+    void noteOnDisk(const QString& name, const std::optional<SequenceData>& content);
     void apply(const SequenceChange& change, bool revert);
     int rowOf(const SequenceChange* change) const;
     static QString nameSteps(const QString& text, int row, qsizetype count);
@@ -82,7 +87,8 @@ private:
     Generation m_edition;
     QString m_file;
     QString m_fileError;
-    QHash<QString, SequenceData> m_onDisk; ///< by file: what was loaded or saved last
+    /// By file: what was loaded or saved last. Several names may be those of one file.
+    QHash<QString, std::optional<SequenceData>> m_onDisk;
     SequenceHistory m_history;
 };
 

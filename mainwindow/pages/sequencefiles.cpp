@@ -27,7 +27,7 @@ SequenceFiles::SequenceFiles(SequenceEditor* sequence, const Widgets& widgets, Q
     : m_sequence(sequence),
       m_widgets(widgets),
       m_page(page),
-      m_recent(new RecentFiles(tr("Recent &Sequences"), QStringLiteral("sequence/recent"), page)),
+      m_recent(new RecentFiles(tr("Recent Se&quences"), QStringLiteral("sequence/recent"), page)),
       m_draft(SequenceDraft::userFolder())
 {
     m_recent->setObjectName(QStringLiteral("menu_Recent_Sequences"));
@@ -49,7 +49,7 @@ SequenceFiles::SequenceFiles(SequenceEditor* sequence, const Widgets& widgets, Q
 
 SequenceFiles::~SequenceFiles()
 {
-    m_draft.disconnect(this); // the messages may be gone already
+    m_draft.disconnect(this); // the list of messages may be destroyed already
     if (m_draftTimer.isActive())
         writeDraft();
 }
@@ -181,7 +181,7 @@ void SequenceFiles::showDraft()
     const QString written = QLocale().toString(draft.written, QLocale::ShortFormat);
     m_widgets.draftText->setText(
         steps == 1 ? tr("Not saved: %1, 1 step, %2").arg(name, written)
-                   : tr("Not saved: %1, %2 steps, %3").arg(name).arg(steps).arg(written));
+                   : tr("Not saved: %1, %2 steps, %3").arg(name, QString::number(steps), written));
 }
 
 void SequenceFiles::restoreDraft()

@@ -18,6 +18,7 @@ struct SequenceChange {
     std::uint64_t step = 0; ///< the first step concerned; 0 if the whole sequence is
     QString fileBefore;     ///< the name of the file, if the change is one of the file
     QString fileAfter;
+    bool isOfFile = false;
     QString text; ///< as in "Undo %1"
 };
 

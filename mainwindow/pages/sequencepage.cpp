@@ -402,7 +402,7 @@ void SequencePage::moveCurrentRow(int distance)
 
 void SequencePage::SwapSequenceRow(int row, int other)
 {
-    m_sequence->move({row}, other - row);
+    m_sequence->exchange(row, other);
 }
 
 /// Shows what has been changed, without sending it.

@@ -54,7 +54,7 @@ public:
     void enableWidgetsForSequenceTab(int group, bool enable);
     /// Shows the current row's step in the editors.
     void updateEditCell();
-    /// Exchanges two adjacent steps, in the sequence and in the table.
+    /// Exchanges two steps, in the sequence and in the table.
     void SwapSequenceRow(int row, int other);
     void tabSequence_handleSpeedEdit(unsigned char finger) { m_input->storeSpeed(finger); }
     void tabSequence_handleSliderMoved(unsigned char finger, int value)

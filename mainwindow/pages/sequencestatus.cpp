@@ -1,12 +1,15 @@
 #include "sequencestatus.h"
 
 #include "elidedlabel.h"
+#include "fingers.h"
 #include "sequenceeditor.h"
 #include "sequenceplayer.h"
 #include "stepeditors.h"
 #include "stepheader.h"
 #include "stepresults.h"
 #include "steptable.h"
+
+#include <algorithm>
 
 namespace vanto
 {
@@ -77,10 +80,12 @@ void SequenceStatus::showPlayed()
 QString SequenceStatus::describe(int row) const
 {
     const SequenceDataItem step = m_sequence->data().sequences.value(row);
-    QStringList speeds;
-    for (const int speed : step.speed)
-        speeds.append(QString::number(speed));
-    return tr("Step %1: delay %2 ms, speeds %3")
+    QStringList speeds(FingerCount, QStringLiteral("-"));
+    for (std::uint8_t finger = 0; finger < std::min<qsizetype>(FingerCount, step.speed.size());
+         ++finger)
+        speeds[StepTable::columnOf(finger)] = QString::number(step.speed[finger]);
+    //: %3 lists the speeds in the order of the columns
+    return tr("Step %1: delay %2 ms, speeds from Thumb Root to Little: %3")
         .arg(row + 1)
         .arg(step.delay)
         .arg(speeds.join(QLatin1Char(' ')));
@@ -124,7 +129,7 @@ QString SequenceStatus::textOfRow() const
     if (isNotSent())
         return tr("Not sent; Return sends it. %1").arg(describe(row));
     if (m_editors->hasPreview())
-        return tr("A value is not sent; Return sends it. %1").arg(describe(row));
+        return tr("A value is not stored; press Return in its field. %1").arg(describe(row));
     return describe(row);
 }
 

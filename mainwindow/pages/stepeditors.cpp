@@ -106,9 +106,10 @@ void StepEditors::markPreview(std::uint8_t finger, bool isPreview)
     QFont font = field->font();
     font.setItalic(isPreview);
     field->setFont(font);
-    field->setToolTip(
-        isPreview ? QCoreApplication::translate("StepEditors", "Not sent. Press Return to send it.")
-                  : QString());
+    field->setToolTip(isPreview
+                          ? QCoreApplication::translate(
+                                "StepEditors", "Not stored. Press Return to send and store it.")
+                          : QString());
 }
 
 std::optional<int> StepEditors::typedValue(std::uint8_t finger) const

@@ -10,6 +10,7 @@
 #include <QSlider>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace vanto
@@ -107,18 +108,16 @@ void StepInput::sendTypedTarget(std::uint8_t finger)
     sendTarget(finger);
 }
 
-/// The target that the hand reports after the motion, or nothing on a failure.
-std::optional<int> StepInput::move(const HandTarget& target, const Release& release)
-{
-    HandCall call(target, m_reporter->plainReport());
-    if (!release.unit->move(call, release.finger, release.value, release.speed))
-        return {};
-    return release.unit->readTarget(call, release.finger);
-}
-
 void StepInput::moveAndStore(const HandTarget& target, const Release& release)
 {
-    const auto reached = move(target, release);
+    bool isMoved = false;
+    std::optional<int> reached;
+    {
+        HandCall call(target, m_reporter->plainReport());
+        isMoved = release.unit->move(call, release.finger, release.value, release.speed);
+        if (isMoved)
+            reached = release.unit->readTarget(call, release.finger);
+    }
     if (reached)
         m_sequence->edit(release.step, tr("target of %1"), [&](SequenceDataItem& step) {
             SequenceEditor::store(step.position, release.finger, *reached);
@@ -126,11 +125,15 @@ void StepInput::moveAndStore(const HandTarget& target, const Release& release)
     // Meanwhile the user may have selected another row, or be dragging the slider again.
     if (m_shownStep != release.step || m_editors->slider(release.finger)->isSliderDown())
         return;
-    if (reached)
+    if (reached) {
         m_editors->setValue(release.finger, *reached);
-    else
+        emit sig_previewChanged();
+    } else if (isMoved) {
+        m_editors->slider(release.finger)->setValue(release.value);
+        previewTarget(release.finger, release.value);
+    } else {
         restore(release.finger);
-    emit sig_previewChanged();
+    }
 }
 
 } // namespace vanto

@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 
 namespace vanto
 {
@@ -43,7 +42,8 @@ public:
     void storeTyped();
 
     void previewTarget(std::uint8_t finger, int value);
-    /// Sends and stores the target that the slider shows.
+    /// Sends the target that the slider shows, and stores the one that the hand then reports. If it
+    /// reports none, the target remains a preview; if the hand refuses it, the stored one is shown.
     void sendTarget(std::uint8_t finger);
     /// The same with the number in the read-out. One that is out of range is only replaced by the
     /// end of the range.
@@ -66,7 +66,6 @@ private:
     };
 
     void restore(std::uint8_t finger);
-    std::optional<int> move(const HandTarget& target, const Release& release);
     void moveAndStore(const HandTarget& target, const Release& release);
 
     SequenceEditor* m_sequence;

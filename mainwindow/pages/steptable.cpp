@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSet>
 #include <QSignalBlocker>
 #include <QStyle>
 
@@ -22,6 +23,30 @@ constexpr PerFinger<int> ColumnOf{1, 2, 3, 4, 5, 0};
 bool extendsSelection(Qt::KeyboardModifiers modifiers)
 {
     return modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
+}
+
+/// Successive elements of a list.
+struct Run {
+    qsizetype first;
+    qsizetype count;
+};
+/// Removing or inserting more runs of rows takes longer than filling their cells.
+constexpr int MaxRuns = 20;
+
+/// The runs of `ids` that are not among the others.
+QList<Run> runsOnlyIn(const QList<std::uint64_t>& ids, const QList<std::uint64_t>& others)
+{
+    const QSet<std::uint64_t> known(others.begin(), others.end());
+    QList<Run> runs;
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        if (known.contains(ids[i]))
+            continue;
+        if (!runs.isEmpty() && runs.constLast().first + runs.constLast().count == i)
+            ++runs.last().count;
+        else
+            runs.append({i, 1});
+    }
+    return runs;
 }
 
 /// Painting and layout after a change of many rows instead of after each.
@@ -54,18 +79,9 @@ void StepTable::replaceSteps(int row, qsizetype count, const QList<std::uint64_t
                              const QList<SequenceDataItem>& steps)
 {
     const UpdateBlocker blocker(this);
-    const bool isOtherSequence =
-        count > 0 && row == 0 && count == m_ids.size() && ids.mid(0, count) != m_ids;
-    const auto added = static_cast<int>(steps.size() - count);
-    if (isOtherSequence) {
-        setCurrentCell(-1, -1);
-        setRowCount(0); // much faster than changing each cell
-        setRowCount(static_cast<int>(steps.size()));
-    } else if (added > 0) {
-        model()->insertRows(row + static_cast<int>(count), added);
-    } else if (added < 0) {
-        model()->removeRows(row + static_cast<int>(steps.size()), -added);
-    }
+    if (steps.size() > 1)
+        scheduleDelayedItemsLayout(); // each changed cell would resize the first column
+    replaceRows(row, m_ids.mid(row, count), ids);
     m_ids.remove(row, count);
     m_ids.insert(row, ids.size(), NoStep);
     std::copy(ids.begin(), ids.end(), m_ids.begin() + row);
@@ -74,21 +90,43 @@ void StepTable::replaceSteps(int row, qsizetype count, const QList<std::uint64_t
     showMark();
 }
 
+/// Most rows keep their steps, so that few cells change. The cells are changed by the caller.
+void StepTable::replaceRows(int row, const QList<std::uint64_t>& before,
+                            const QList<std::uint64_t>& after)
+{
+    QList<Run> removed = runsOnlyIn(before, after);
+    QList<Run> added = runsOnlyIn(after, before);
+    if (!removed.isEmpty() && removed.constFirst().count == m_ids.size())
+        setCurrentCell(-1, -1); // another sequence
+    if (removed.size() + added.size() > MaxRuns) {
+        removed = {{0, before.size()}};
+        added = {{0, after.size()}};
+    }
+    for (auto run = removed.crbegin(); run != removed.crend(); ++run)
+        model()->removeRows(row + static_cast<int>(run->first), static_cast<int>(run->count));
+    for (const Run& run : added)
+        model()->insertRows(row + static_cast<int>(run.first), static_cast<int>(run.count));
+}
+
+int StepTable::columnOf(std::uint8_t finger)
+{
+    return ColumnOf[finger];
+}
+
 void StepTable::showPositions(int row, const QList<int>& positions)
 {
     const QSignalBlocker blocker(this);
-    for (std::size_t finger = 0; finger < FingerCount; ++finger) {
-        const auto index = static_cast<qsizetype>(finger);
-        const int column = ColumnOf[finger];
+    for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
+        const qsizetype index = finger;
+        const int column = columnOf(finger);
         if (index >= positions.size()) {
             delete takeItem(row, column);
             continue;
         }
         const QString text = QString::number(positions[index]);
-        if (item(row, column)) {
-            item(row, column)->setText(text);
+        if (item(row, column) && item(row, column)->text() == text)
             continue;
-        }
+        // A new item, because the model searches all cells for one whose row has moved.
         auto* cell = new MyQTableWidgetItem(text);
         cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
         setItem(row, column, cell);
@@ -161,7 +199,11 @@ void StepTable::showMark()
 QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     // Without a current cell the view would search for a first one, even when it gets the focus.
-    return currentRow() < 0 ? QModelIndex() : QTableWidget::moveCursor(action, modifiers);
+    if (currentRow() < 0)
+        return {};
+    const bool isInRow = action == MoveLeft || action == MoveRight;
+    return isInRow && isNotSent(currentRow()) ? currentIndex()
+                                              : QTableWidget::moveCursor(action, modifiers);
 }
 
 /// Only Shift and Ctrl extend the selection. Without an event the view would use the keys that
@@ -177,12 +219,25 @@ QItemSelectionModel::SelectionFlags StepTable::selectionCommand(const QModelInde
                : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
 }
 
+bool StepTable::isNotSent(int row) const
+{
+    return m_mark == Mark::NotSent && idOf(row) == m_markedStep;
+}
+
 void StepTable::mousePressEvent(QMouseEvent* event)
 {
-    if (!extendsSelection(event->modifiers()))
-        QTableWidget::mousePressEvent(event);
-    else if (const int row = rowAt(event->position().toPoint().y()); row >= 0)
-        extendTo(row, event->modifiers());
+    const int row = rowAt(event->position().toPoint().y());
+    if (extendsSelection(event->modifiers())) {
+        if (row >= 0)
+            extendTo(row, event->modifiers());
+        return;
+    }
+    // A double click sends the step, whichever its column: the first click must not play it.
+    const bool isMarked = row == currentRow() && isNotSent(row);
+    const QSignalBlocker blocker(isMarked ? this : nullptr);
+    QTableWidget::mousePressEvent(event);
+    if (isMarked)
+        setCurrentCell(row, 0);
 }
 
 /// Selecting a row moves the hand, so the mouse selects none while it moves with a button pressed.

@@ -34,6 +34,7 @@ public:
     /// replaced by steps with other ids.
     void replaceSteps(int row, qsizetype count, const QList<std::uint64_t>& ids,
                       const QList<SequenceDataItem>& steps);
+    static int columnOf(std::uint8_t finger);
     /// Missing values are shown empty.
     void showPositions(int row, const QList<int>& positions);
     /// Makes the row current without a signal, and selects only this row.
@@ -81,6 +82,9 @@ protected:
 private:
     void extendTo(int row, Qt::KeyboardModifiers modifiers);
     int rowOfKey(int key);
+    void replaceRows(int row, const QList<std::uint64_t>& before,
+                     const QList<std::uint64_t>& after);
+    bool isNotSent(int row) const;
     void showMark();
 
     StepHeader* m_header;
