@@ -179,18 +179,26 @@ private:
     {
         const QByteArray time =
             QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
+        const auto values = read();
+        if (!values)
+            return false;
+        ++m_samples;
+        const double seconds = static_cast<double>(begin) / NsPerS;
+        return m_tool.output().write(m_plan.isJson ? toJson(time, seconds, *values)
+                                                   : toCsv(time, seconds, *values));
+    }
+
+    std::optional<QList<Numbers>> read()
+    {
         QList<Numbers> values;
         HandCall call = m_tool.hand().call();
         for (const Field& field : m_plan.fields) {
             const auto numbers = field.read(call);
             if (!numbers)
-                return false;
+                return {};
             values.append(*numbers);
         }
-        ++m_samples;
-        const double seconds = static_cast<double>(begin) / NsPerS;
-        return m_tool.output().write(m_plan.isJson ? toJson(time, seconds, values)
-                                                   : toCsv(time, seconds, values));
+        return values;
     }
 
     QByteArray toCsv(const QByteArray& time, double seconds, const QList<Numbers>& values) const
