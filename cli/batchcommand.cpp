@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QJsonDocument>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 namespace vanto
@@ -20,7 +21,7 @@ class Batch : public QObject
 {
     Q_OBJECT
 public:
-    explicit Batch(Tool& tool) : m_tool(tool)
+    Batch(Tool& tool, Answer& answer) : m_tool(tool), m_answer(answer)
     {
         m_watchdog.setSingleShot(true);
         m_watchdog.setTimerType(Qt::PreciseTimer);
@@ -32,28 +33,28 @@ public:
     void run()
     {
         LineInput& input = m_tool.input();
-        if (m_watchdog.interval() > 0)
-            m_watchdog.start();
+        connect(&input, &LineInput::sig_received, this, [this] {
+            if (m_writing) // the answers are not read
+                haltAtEnd();
+        });
+        startWatchdog();
         while (!Interruption::isRequested() && m_tool.output().problem() == Output::Problem::None) {
-            if (input.hasLine()) {
-                const auto line = input.takeLine();
-                m_watchdog.stop(); // the command reports to another answer
-                perform(line);
-                if (m_watchdog.interval() > 0)
-                    m_watchdog.start();
-            } else if (input.hasEnded()) {
+            if (input.hasLine())
+                perform(input.takeLine());
+            else if (input.hasEnded())
                 break;
-            } else {
+            else
                 QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-            }
         }
+        m_watchdog.stop();
+        haltAll();
     }
 
     /// Fails if a hand has not answered, or the port could not be opened.
-    void reportLost(Answer& answer) const
+    void reportLost()
     {
         if (m_lost != ExitStatus::Done)
-            answer.fail(m_lost, m_lostReason);
+            m_answer.fail(m_lost, m_lostReason);
     }
 
 private:
@@ -67,6 +68,7 @@ private:
             line = parseBatchLine(text.text);
         if (!line.command && line.error.isEmpty())
             return;
+        m_watchdog.stop(); // the command reports to another answer
         Answer answer;
         if (line.node)
             answer.data.insert(QStringLiteral("node"), *line.node);
@@ -83,11 +85,24 @@ private:
             m_lost = answer.status();
             m_lostReason = answer.reason();
         }
+        startWatchdog();
+        // Writing waits for a reader that may not come.
+        if (Interruption::isRequested())
+            haltAll();
+        else
+            haltAtEnd();
         write(line.command ? QLatin1String(line.command->name) : QLatin1String(), answer);
+    }
+
+    void startWatchdog()
+    {
+        if (m_watchdog.interval() > 0)
+            m_watchdog.start();
     }
 
     void write(const QString& command, Answer& answer)
     {
+        const QScopedValueRollback writing(m_writing, true);
         answer.data.insert(QStringLiteral("line"), m_number);
         m_tool.output().write(QJsonDocument(answer.toJson(command)).toJson(QJsonDocument::Compact) +
                               '\n');
@@ -95,18 +110,42 @@ private:
 
     void haltAtSilence()
     {
-        if (!m_tool.hand().hasMoved())
-            return;
         Answer answer;
         answer.data.insert(QStringLiteral("event"), QStringLiteral("watchdog"));
+        if (haltMoved(answer))
+            write({}, answer);
+    }
+
+    /// At the end of the input, once no command is left.
+    void haltAtEnd()
+    {
+        if (m_tool.input().hasEnded() && !m_tool.input().hasLine())
+            haltAll();
+    }
+
+    void haltAll()
+    {
+        Tool::noteInterruption(m_answer);
+        haltMoved(m_answer);
+    }
+
+    /// Returns false if there is nothing to halt.
+    bool haltMoved(Answer& answer)
+    {
+        if (m_halting || !m_tool.hand().isOpen() || !m_tool.hand().hasMoved())
+            return false;
+        const QScopedValueRollback halting(m_halting, true);
         m_tool.hand().reportTo(&answer);
         m_tool.hand().haltMoved();
         m_tool.hand().reportTo(nullptr);
-        write({}, answer);
+        return true;
     }
 
     Tool& m_tool;
+    Answer& m_answer; ///< of the whole batch
     QTimer m_watchdog;
+    bool m_writing = false;
+    bool m_halting = false;
     int m_number = 0; ///< of the line
     ExitStatus m_lost = ExitStatus::Done;
     QString m_lostReason;
@@ -114,7 +153,7 @@ private:
 
 void batch(Tool& tool, Arguments& arguments, Answer& answer)
 {
-    Batch running(tool);
+    Batch running(tool, answer);
     if (arguments.has("--watchdog"))
         running.setWatchdog(arguments.number(arguments.option("--watchdog"), "The watchdog time", 1,
                                              MaxWatchdogMs));
@@ -123,11 +162,7 @@ void batch(Tool& tool, Arguments& arguments, Answer& answer)
     tool.setHasWritten();
     Interruption::haltAtFirst();
     running.run();
-    tool.hand().reportTo(&answer);
-    // After a signal the tool halts the hands.
-    if (!Interruption::isRequested() && tool.hand().isOpen() && tool.hand().hasMoved())
-        tool.hand().haltMoved();
-    running.reportLost(answer);
+    running.reportLost();
 }
 } // namespace
 
@@ -138,7 +173,7 @@ std::vector<Command> batchCommands()
              Effect::NoHand,
              false,
              {},
-             {{"--watchdog", "MS", 1, "Halt the hands when no line comes for so long"}},
+             {{"--watchdog", "MS", 1, "Halt the hands if no line arrives for this time"}},
              batch}};
 }
 

@@ -225,7 +225,7 @@ bool Connection::awaitHalt(bool any)
     if (state == Halt::State::Halted)
         std::erase_if(m_moved, [any](std::uint8_t node) { return !any || node != AnyNode; });
     const bool halted = state == Halt::State::Halted && !any;
-    m_answer->data.insert(QStringLiteral("halted"), halted);
+    m_answer->data.insert(HaltedMember, halted);
     if (halted)
         return true;
     QString text = Halt::stateText(state);

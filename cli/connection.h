@@ -15,6 +15,9 @@ class Connection : public QObject, private CallReport
 {
     Q_OBJECT
 public:
+    /// The member of the answer that says whether a halt was confirmed.
+    static constexpr QLatin1String HaltedMember = QLatin1String("halted");
+
     explicit Connection(const GeneralOptions& options);
     ~Connection() override;
 

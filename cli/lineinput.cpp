@@ -5,7 +5,6 @@
 #include <array>
 #include <cerrno>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace vanto
@@ -30,10 +29,10 @@ QList<LineSplitter::Line> LineSplitter::finish()
 
 void LineSplitter::append(QByteArrayView part)
 {
-    const qsizetype room = MaxLength - m_line.text.size();
-    if (part.size() > room) {
+    const qsizetype left = MaxLength - m_line.text.size();
+    if (part.size() > left) {
         m_line.isTooLong = true;
-        part = part.first(room);
+        part = part.first(left);
     }
     m_line.text.append(part);
 }
@@ -48,12 +47,15 @@ LineSplitter::Line LineSplitter::take()
 
 LineInput::LineInput(QObject* parent) : QObject(parent)
 {
-    if (fcntl(STDIN_FILENO, F_GETFD) < 0) { // closed
-        m_ended = true;
-        return;
-    }
     m_notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &LineInput::receive);
+}
+
+LineSplitter::Line LineInput::takeLine()
+{
+    LineSplitter::Line line = m_lines.takeFirst();
+    m_notifier->setEnabled(!m_ended && m_lines.isEmpty());
+    return line;
 }
 
 void LineInput::receive()
@@ -65,10 +67,10 @@ void LineInput::receive()
     if (count > 0) {
         m_lines += m_splitter.feed(QByteArrayView(buffer.data(), count));
     } else {
-        m_notifier->setEnabled(false);
         m_lines += m_splitter.finish();
         m_ended = true;
     }
+    m_notifier->setEnabled(!m_ended && m_lines.isEmpty());
     emit sig_received();
 }
 

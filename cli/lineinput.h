@@ -40,7 +40,8 @@ public:
     explicit LineInput(QObject* parent = nullptr);
 
     bool hasLine() const { return !m_lines.isEmpty(); }
-    LineSplitter::Line takeLine() { return m_lines.takeFirst(); }
+    /// While a line waits nothing is read, so that a fast writer has to wait too.
+    LineSplitter::Line takeLine();
     /// Whether the input has ended; lines may be left.
     bool hasEnded() const { return m_ended; }
 

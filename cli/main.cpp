@@ -1,11 +1,15 @@
 #include "commandline.h"
+#include "outputstream.h"
 #include "replylimits.h"
 #include "tool.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>
 
-#include <cstdio>
+#include <clocale>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace vanto
 {
@@ -17,7 +21,15 @@ void writeMessage(QtMsgType type, const QMessageLogContext& context, const QStri
 {
     const bool isFrame = context.category && QByteArray(context.category).startsWith("vanto.");
     if (isFrame || (type != QtDebugMsg && type != QtInfoMsg))
-        std::fprintf(stderr, "%s\n", qPrintable(text));
+        ErrorStream::instance().writeLine(text.toLocal8Bit());
+}
+
+/// A file that is opened later, such as the port, must not take the place of a closed output.
+void occupyStandardFiles()
+{
+    for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(file, F_GETFD) < 0)
+            open("/dev/null", O_RDONLY); // so that writing fails; takes the lowest number
 }
 
 int reportUsage(const Invocation& invocation, const QString& error)
@@ -47,6 +59,7 @@ int showText(const QString& text)
 
 int runProgram(int argc, char* argv[])
 {
+    occupyStandardFiles();
     Invocation invocation = parseCommandLine(argc, argv);
     if (!invocation.text.isEmpty())
         return showText(invocation.text);
@@ -61,6 +74,7 @@ int runProgram(int argc, char* argv[])
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vantoctl"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VANTO_VERSION));
+    std::setlocale(LC_MESSAGES, "C"); // the texts of the system are English, too
     ReplyLimits::current() = ReplyLimits().scaled(invocation.options.patience);
     Tool tool(invocation.options);
     return static_cast<int>(tool.run(*invocation.command, invocation.arguments));

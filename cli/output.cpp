@@ -1,12 +1,15 @@
 #include "output.h"
 
+#include "eventwait.h"
 #include "interruption.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 
-#include <poll.h>
 #include <unistd.h>
 
 namespace vanto
@@ -28,7 +31,8 @@ bool isColored(int file)
 } // namespace
 
 Output::Output(bool quiet, bool json)
-    : m_quiet(quiet),
+    : m_stream(STDOUT_FILENO),
+      m_quiet(quiet),
       m_showsProgress(!quiet && !json && isatty(STDERR_FILENO) != 0),
       m_colorsOutput(!json && isColored(STDOUT_FILENO)),
       m_colorsErrors(isColored(STDERR_FILENO))
@@ -37,25 +41,32 @@ Output::Output(bool quiet, bool json)
 
 bool Output::write(const QByteArray& bytes)
 {
-    qsizetype done = 0;
-    while (done < bytes.size() && m_problem == Problem::None) {
-        const auto count = ::write(STDOUT_FILENO, bytes.constData() + done,
-                                   static_cast<std::size_t>(bytes.size() - done));
+    m_pending += bytes;
+    if (m_isWriting)
+        return m_problem == Problem::None;
+    const QScopedValueRollback writing(m_isWriting, true);
+    while (!m_pending.isEmpty() && m_problem == Problem::None) {
+        const auto count = m_stream.write(m_pending);
         if (count >= 0) {
-            done += count;
-            continue;
+            m_pending.remove(0, count);
+        } else if (errno == EAGAIN) {
+            if (!waitForSpace())
+                return false;
+        } else if (errno != EINTR) {
+            m_errorNumber = errno;
+            m_problem = errno == EPIPE ? Problem::Closed : Problem::Failed;
         }
-        if (errno == EAGAIN) { // another program has made the pipe non-blocking
-            pollfd output{STDOUT_FILENO, POLLOUT, 0};
-            poll(&output, 1, -1);
-        }
-        if ((errno == EINTR || errno == EAGAIN) && !Interruption::isRequested())
-            continue;
-        m_errorNumber = errno;
-        m_problem =
-            errno == EPIPE || Interruption::isRequested() ? Problem::Closed : Problem::Failed;
     }
     return m_problem == Problem::None;
+}
+
+/// Returns false if a signal has ended the wait.
+bool Output::waitForSpace() const
+{
+    if (!QCoreApplication::instance()) // a help text
+        return m_stream.isReady(-1);
+    waitUntil([this] { return Interruption::isRequested() || m_stream.isReady(); });
+    return m_stream.isReady();
 }
 
 QString Output::problemText() const
@@ -87,8 +98,7 @@ void Output::showProgress(int done, int total)
                QByteArray::number(100 * done / total) + " %";
     }
     m_barShown = total > 0;
-    [[maybe_unused]] const auto written =
-        ::write(STDERR_FILENO, bar.constData(), static_cast<std::size_t>(bar.size()));
+    ErrorStream::instance().write(bar);
 }
 
 QString Output::heading(const QString& text) const
@@ -99,10 +109,7 @@ QString Output::heading(const QString& text) const
 void Output::writeError(const QByteArray& text)
 {
     showProgress(0, 0);
-    const QByteArray line = text + '\n';
-    // There is nowhere to report a failure.
-    [[maybe_unused]] const auto written =
-        ::write(STDERR_FILENO, line.constData(), static_cast<std::size_t>(line.size()));
+    ErrorStream::instance().writeLine(text);
 }
 
 } // namespace vanto

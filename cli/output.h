@@ -1,5 +1,7 @@
 #pragma once
 
+#include "outputstream.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -18,7 +20,9 @@ public:
 
     Output(bool quiet, bool json);
 
-    /// Writes a result at once. Returns false if it could not be written as a whole.
+    /// Writes a result. Waits until it is read, while events are processed; a signal ends the wait.
+    /// Returns false if it could not be written as a whole. A nested call leaves its bytes to the
+    /// outer one.
     bool write(const QByteArray& bytes);
     Problem problem() const { return m_problem; }
     /// The reason of Problem::Failed.
@@ -29,6 +33,8 @@ public:
     void error(const QString& text);
     /// A question or a request to the user.
     void prompt(const QString& text) { writeError(text.toUtf8()); }
+    /// Ends the line of an answer that was typed without echo.
+    void endHiddenLine() { writeError({}); }
     /// Shows a progress bar on a terminal. A `total` of 0 removes it.
     void showProgress(int done, int total);
 
@@ -37,7 +43,11 @@ public:
 
 private:
     void writeError(const QByteArray& text);
+    bool waitForSpace() const;
 
+    OutputStream m_stream;
+    QByteArray m_pending; ///< not written yet
+    bool m_isWriting = false;
     bool m_quiet;
     bool m_showsProgress;
     bool m_colorsOutput;

@@ -17,14 +17,17 @@ namespace vanto
 
 namespace
 {
-/// After the first Ctrl-C a second one halts the fingers.
-constexpr int SecondSignalMs = 250;
+/// For so long after the first Ctrl-C a second one halts the fingers.
+constexpr int SecondSignalMs = 430;
 /// The program ends this long after a signal, whatever it waits for.
-constexpr int LongestEndMs = 480;
+constexpr int LongestEndMs = 470;
 } // namespace
 
 Tool::Tool(GeneralOptions options)
-    : m_options(std::move(options)), m_output(m_options.quiet, m_options.json), m_hand(m_options)
+    : m_options(std::move(options)),
+      m_output(m_options.quiet, m_options.json),
+      m_hand(m_options),
+      m_secondSignal(QDeadlineTimer::Forever)
 {
 }
 
@@ -57,11 +60,16 @@ void Tool::perform(const Command& command, Arguments& arguments, Answer& answer)
 ExitStatus Tool::run(const Command& command, Arguments& arguments)
 {
     Answer answer;
+    m_command = &command;
+    m_answer = &answer;
     Interruption interruption;
-    connect(&interruption, &Interruption::sig_requested, this, [&] {
+    connect(&interruption, &Interruption::sig_requested, this, [this] {
+        if (m_secondSignal.isForever()) {
+            m_secondSignal.setRemainingTime(SecondSignalMs, Qt::PreciseTimer);
+            QTimer::singleShot(LongestEndMs, Qt::PreciseTimer, this, &Tool::endLate);
+        }
         m_hand.stop();
         emit sig_interrupted();
-        QTimer::singleShot(LongestEndMs, this, [&] { endNow(command, answer); });
     });
     if (command.effect != Effect::NoHand && !m_options.node)
         answer.fail(ExitStatus::Usage,
@@ -75,19 +83,23 @@ ExitStatus Tool::run(const Command& command, Arguments& arguments)
     m_hand.reportTo(nullptr);
     m_output.showProgress(0, 0);
     noteInterruption(answer);
-    write(command, answer);
+    write();
     return answer.status();
 }
 
-/// Ends the program within a command that still waits, for example for an absent node.
-void Tool::endNow(const Command& command, Answer& answer)
+/// A command still waits, for example for an absent node.
+void Tool::endLate()
 {
     const bool willHalt = Interruption::isHaltRequested() && m_hand.hasMoved();
-    if (willHalt || m_hand.isHalting())
-        return; // which may take longer
-    noteInterruption(answer);
-    write(command, answer);
-    std::_Exit(static_cast<int>(answer.status()));
+    if (!willHalt && !m_hand.isHalting()) // which may take longer
+        endNow();
+}
+
+void Tool::endNow()
+{
+    noteInterruption(*m_answer);
+    write();
+    std::_Exit(static_cast<int>(m_answer->status()));
 }
 
 void Tool::noteInterruption(Answer& answer)
@@ -100,21 +112,25 @@ void Tool::noteInterruption(Answer& answer)
 /// A motion that has been sent goes on without a halt.
 void Tool::haltIfRequested()
 {
-    if (!Interruption::isRequested() || !m_hand.hasMoved() || !m_hand.isOpen())
+    if (!Interruption::isRequested() || !m_hand.hasMoved() || !m_hand.isOpen() ||
+        m_answer->data.contains(Connection::HaltedMember)) // the command has tried it
         return;
     if (!Interruption::isHaltRequested()) {
-        m_output.note(QStringLiteral("The fingers go on to their targets. Ctrl-C halts them."));
-        if (!waitUntil([] { return Interruption::isHaltRequested(); }, SecondSignalMs))
+        m_output.note(QStringLiteral("The fingers go on to their targets. A second Ctrl-C within "
+                                     "half a second halts them."));
+        if (!waitUntil([] { return Interruption::isHaltRequested(); },
+                       static_cast<int>(m_secondSignal.remainingTime())))
             return;
     }
     if (m_hand.haltMoved())
         m_output.note(Halt::stateText(Halt::State::Halted));
 }
 
-void Tool::write(const Command& command, Answer& answer)
+void Tool::write()
 {
+    Answer& answer = *m_answer;
     if (m_options.json && (!m_hasWritten || answer.hasFailed()))
-        m_output.write(QJsonDocument(answer.toJson(QLatin1String(command.name)))
+        m_output.write(QJsonDocument(answer.toJson(QLatin1String(m_command->name)))
                            .toJson(QJsonDocument::Compact) +
                        '\n');
     else if (!m_options.json)
@@ -140,7 +156,8 @@ bool Tool::askYesNo(const QString& question)
 
 std::optional<QString> Tool::ask(const QString& prompt, bool isSecret)
 {
-    m_output.prompt(prompt);
+    if (!prompt.isEmpty())
+        m_output.prompt(prompt);
     termios settings = {};
     const bool hideEcho = isSecret && tcgetattr(STDIN_FILENO, &settings) == 0;
     if (hideEcho) {
@@ -149,8 +166,10 @@ std::optional<QString> Tool::ask(const QString& prompt, bool isSecret)
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
     }
     const auto restore = qScopeGuard([&] {
-        if (hideEcho)
-            tcsetattr(STDIN_FILENO, TCSAFLUSH, &settings);
+        if (!hideEcho)
+            return;
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &settings);
+        m_output.endHiddenLine();
     });
     LineInput& lines = input();
     waitUntil([&] { return lines.hasLine() || lines.hasEnded() || Interruption::isRequested(); });

@@ -4,6 +4,8 @@
 #include "lineinput.h"
 #include "output.h"
 
+#include <QDeadlineTimer>
+
 #include <memory>
 
 namespace vanto
@@ -34,6 +36,11 @@ public:
     /// Asks a question that is answered by "y". Without a terminal the answer is no.
     bool askYesNo(const QString& question);
 
+    /// Ends the program after a signal, within a command that cannot end at once.
+    [[noreturn]] void endNow();
+    /// After a signal the failure is that.
+    static void noteInterruption(Answer& answer);
+
     /// The command has written its results itself.
     void setHasWritten() { m_hasWritten = true; }
 
@@ -42,15 +49,17 @@ signals:
     void sig_interrupted();
 
 private:
-    void endNow(const Command& command, Answer& answer);
-    static void noteInterruption(Answer& answer);
+    void endLate();
     void haltIfRequested();
-    void write(const Command& command, Answer& answer);
+    void write();
 
     GeneralOptions m_options;
     Output m_output;
     Connection m_hand;
     std::unique_ptr<LineInput> m_input;
+    const Command* m_command = nullptr; ///< the one that runs
+    Answer* m_answer = nullptr;
+    QDeadlineTimer m_secondSignal; ///< until when a second Ctrl-C is awaited
     bool m_hasWritten = false;
 };
 

@@ -13,8 +13,6 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
-#include <cstdlib>
-
 namespace vanto
 {
 
@@ -86,17 +84,18 @@ QString download(Tool& tool, const Arguments& arguments, Answer& answer)
 }
 
 /// The transfer has no way to stop. The boot loader of the hand waits for the next update.
-void endTransfer(Tool& tool)
+void endTransfer(Tool& tool, Answer& answer)
 {
-    tool.output().error(QStringLiteral(
-        "Interrupted. The hand may have no firmware until an update has succeeded."));
-    std::_Exit(static_cast<int>(ExitStatus::Interrupted));
+    answer.fail(ExitStatus::Interrupted,
+                QStringLiteral(
+                    "Interrupted. The hand may have no firmware until an update has succeeded."));
+    tool.endNow();
 }
 
 void transfer(Tool& tool, const QString& port, const QString& path, Answer& answer)
 {
     const auto connection =
-        QObject::connect(&tool, &Tool::sig_interrupted, &tool, [&tool] { endTransfer(tool); });
+        QObject::connect(&tool, &Tool::sig_interrupted, &tool, [&] { endTransfer(tool, answer); });
     const LineHold line;
     QElapsedTimer events;
     events.start();
