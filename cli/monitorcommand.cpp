@@ -108,7 +108,7 @@ public:
     void writeSummary(Answer& answer)
     {
         const double seconds = static_cast<double>(m_clock.nowUs()) / UsPerSecond;
-        const auto late = static_cast<qint64>(m_reader.lateSamples());
+        const qint64 late = lateSamples();
         answer.data.insert(QStringLiteral("samples"), m_samples);
         answer.data.insert(QStringLiteral("late"), late);
         m_tool.output().note(QStringLiteral("%1 samples in %2 s, %3 late")
@@ -118,6 +118,8 @@ public:
     }
 
 private:
+    qint64 lateSamples() const { return static_cast<qint64>(m_reader.lateSamples()) + m_dropped; }
+
     /// There is at least one sample, however short the time is.
     bool isOver() const
     {
@@ -139,6 +141,11 @@ private:
 
     void write(const Sample& sample)
     {
+        // Samples are not kept for a reader that does not read.
+        if (m_tool.output().isWaiting()) {
+            ++m_dropped;
+            return;
+        }
         const QByteArray time =
             QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
         const double seconds = static_cast<double>(sample.timeUs) / UsPerSecond;
@@ -162,7 +169,7 @@ private:
     QByteArray toCsv(const QByteArray& time, double seconds, const Sample& sample) const
     {
         QByteArray line = time + ',' + QByteArray::number(seconds, 'f', 6) + ',' +
-                          QByteArray::number(qulonglong{m_reader.lateSamples()});
+                          QByteArray::number(lateSamples());
         for (const Field& field : m_plan.fields)
             for (const double number : numbers(field, sample))
                 line += ',' + QByteArray::number(number, 'g', 10);
@@ -174,7 +181,7 @@ private:
         QJsonObject object{{QStringLiteral("schema"), Answer::SchemaVersion},
                            {QStringLiteral("time"), QString::fromLatin1(time)},
                            {QStringLiteral("seconds"), seconds},
-                           {QStringLiteral("late"), static_cast<qint64>(m_reader.lateSamples())}};
+                           {QStringLiteral("late"), lateSamples()}};
         for (const Field& field : m_plan.fields) {
             QJsonArray array;
             for (const double number : numbers(field, sample))
@@ -189,6 +196,7 @@ private:
     const TelemetryClock m_clock;
     TelemetryReader m_reader;
     qint64 m_samples = 0;
+    qint64 m_dropped = 0; ///< while the output could not be written
 };
 
 void monitor(Tool& tool, Arguments& arguments, Answer& answer)

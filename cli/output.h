@@ -24,6 +24,8 @@ public:
     /// Returns false if it could not be written as a whole. A nested call leaves its bytes to the
     /// outer one.
     bool write(const QByteArray& bytes);
+    /// An outer call of write() waits until the reader of the output has read something.
+    bool isWaiting() const { return m_isWriting; }
     Problem problem() const { return m_problem; }
     /// The reason of Problem::Failed.
     QString problemText() const;
