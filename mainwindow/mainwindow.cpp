@@ -170,8 +170,10 @@ void MainWindow::on_action_Exit_triggered()
 /// A halt that has been pressed before still reaches the hand.
 void MainWindow::exitAfterHalt()
 {
-    if (m_exits && !ui->deviceBar->haltControl()->halt().isPending())
-        QCoreApplication::exit(0);
+    if (!m_exits || ui->deviceBar->haltControl()->halt().isPending())
+        return;
+    m_exits = false;
+    QCoreApplication::exit(0);
 }
 
 void MainWindow::on_action_Messages_triggered()

@@ -11,7 +11,7 @@
 namespace vanto
 {
 
-/// All that a hand tells, apart from its parameters.
+/// All that a hand reports about itself, apart from its parameters.
 struct HandInformation {
     enum class State {
         Known,
@@ -41,7 +41,7 @@ struct HandInformation {
     QJsonObject missingToJson() const;
 };
 
-/// Reads all that a hand tells; sends reads only.
+/// Reads all that a hand reports; sends reads only.
 class HandInformationReader : public HandTask
 {
 public:

@@ -28,7 +28,7 @@ enum class HandTaskOutcome {
 /// the user, ticks and a halt get the line between them.
 ///
 /// The caller performs the steps: a program without a window by run(), a window by a
-/// HandTaskRunner. Nothing is reported to a CallReport; the outcome and the results tell.
+/// HandTaskRunner. Nothing is reported to a CallReport; see the outcome and the results.
 class HandTask
 {
 public:

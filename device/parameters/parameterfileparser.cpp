@@ -407,8 +407,8 @@ bool ParameterFileParser::store(const QString& path, const ParameterKey& key, Pa
     const QString error = describe(key.kind).check(value);
     if (!error.isEmpty())
         return fail(path, error);
-    if (isGain(key.kind))
-        value.first() = static_cast<float>(value.first());
+    if (isGain(key.kind)) // the sum has no negative zero, which a file cannot hold
+        value.first() = static_cast<float>(value.first()) + 0.0F;
     parameters().values[key] = value;
     return true;
 }

@@ -9,7 +9,7 @@ namespace vanto
 
 class MessageLog;
 
-/// Shows all that a hand tells about itself, as it was when the dialog was opened, and saves a
+/// Shows all that a hand reports about itself, as it was when the dialog was opened, and saves a
 /// report for support. The dialog and its own dialogs are modeless.
 class HandInformationDialog : public QDialog
 {

@@ -345,13 +345,12 @@ void TestHalt::exit()
     QFETCH(bool, hangs);
     if (hangs)
         expectTimeouts(200);
-    // All in the event loop that it ends: after the end nothing waits for a reply over Modbus.
-    QTimer::singleShot(0, this, [&] {
-        open({"--node", hand});
-        m_tool->showPage(RunTab);
-        moveFinger(1);
-        QTRY_VERIFY(idle());
-        clearRecords();
+    open({"--node", hand});
+    m_tool->showPage(RunTab);
+    moveFinger(1);
+    QTRY_VERIFY(idle());
+    clearRecords();
+    QTimer::singleShot(0, m_tool->window(), [&] {
         duringExchange([&] {
             if (hangs)
                 command("hang");
