@@ -2,11 +2,31 @@
 
 #include "pageindex.h"
 
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
 
 namespace vanto
 {
+
+namespace
+{
+/// Plays a part of a sequence, of which the monitor shows what the player reads.
+void watchPlay(TourRunner& tour)
+{
+    const auto* steps = tour.find<QTableWidget>("tableWidget_Seq");
+    const auto* run = tour.find<QPushButton>("pushButton_SeqRun");
+    tour.showPage(SequenceTab);
+    tour.withDialog([&] { tour.click("pushButton_SeqLoad"); },
+                    answerWithFile(tour, QStringLiteral(VANTO_EXAMPLES "/wave.json")));
+    tour.click(run->objectName());
+    tour.waitFor(QStringLiteral("half of the steps are played"),
+                 [&] { return steps->currentRow() >= steps->rowCount() / 2; });
+    tour.saveScreenshot(QStringLiteral("-playing"));
+    tour.click(QStringLiteral("pushButton_SeqStop"));
+    tour.waitFor(QStringLiteral("the run ends"), [&] { return run->isEnabled(); });
+}
+} // namespace
 
 QString monitor(TourRunner& tour)
 {
@@ -30,10 +50,12 @@ QString monitor(TourRunner& tour)
     tour.waitFor(QStringLiteral("the monitor shows the current"),
                  [&] { return shows(0, QStringLiteral("current")); });
     tour.saveScreenshot(QStringLiteral("-plot"));
+    const QString reached = table->item(1, 1)->text();
+    watchPlay(tour);
     tour.trigger("action_Monitor");
     tour.window()->resize(size);
     tour.showPage(page);
-    return QStringLiteral("the finger is at %1").arg(table->item(1, 1)->text());
+    return QStringLiteral("the finger is at %1").arg(reached);
 }
 
 } // namespace vanto
