@@ -1,7 +1,9 @@
 // Monkey test: uses the real window with a simulated hand at random.
 
+#include "edittest.h"
 #include "exittest.h"
 #include "halttest.h"
+#include "killtest.h"
 #include "losstest.h"
 #include "monitor.h"
 #include "monkey.h"
@@ -40,8 +42,11 @@ constexpr Option Options[] = {
     {"halts", "Halt the hand at N random moments instead, with each kind of hand.", "N", ""},
     {"hand", "Only with this kind of hand: plain, latch-stop or speed-at-once.", "KIND", ""},
     {"losses", "Unplug the hand N times and plug it in again instead.", "N", ""},
+    {"edits", "Undo and redo random edits of a sequence, with N seeds, instead.", "N", ""},
+    {"kills", "Kill the program N times while it edits a sequence instead.", "N", ""},
     {"end-during", "Exit once during this operation instead.", "NAME", ""},
     {"after", "Delay before that exit in ms.", "N", "100"},
+    {"edit-until-killed", "Edit in the working folder, as the program that --kills kills.", "", ""},
     {"patience", "Multiply all time-outs by N, for a busy machine.", "N", "1"},
 };
 
@@ -90,6 +95,8 @@ int runProgram(int argc, char* argv[])
     const int patience = value("patience").toInt();
     ReplyLimits::current() = ReplyLimits().scaled(patience);
 
+    if (parser.isSet(QStringLiteral("edit-until-killed")))
+        return KillTest::edit();
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
     const QString protocol = value("protocol");
@@ -102,6 +109,10 @@ int runProgram(int argc, char* argv[])
         return HaltTest::run(value("halts").toInt(), seed, protocol, value("hand"), patience);
     if (parser.isSet(QStringLiteral("losses")))
         return LossTest::run(value("losses").toInt(), seed, protocol, patience);
+    if (parser.isSet(QStringLiteral("edits")))
+        return EditTest::run(value("edits").toInt(), seed);
+    if (parser.isSet(QStringLiteral("kills")))
+        return KillTest::run(value("kills").toInt(), seed, patience);
     if (parser.isSet(QStringLiteral("end-during"))) {
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return ExitTest::runOnce(value("end-during"), value("after").toInt(), protocol);
