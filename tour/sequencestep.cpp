@@ -14,6 +14,7 @@ namespace
 {
 constexpr int StepsPlayed = 3; ///< from the end
 constexpr int IndexColumn = 2;
+constexpr QSize PictureSize(1024, 700);
 const QString Example = QStringLiteral(VANTO_EXAMPLES "/wave.json");
 
 QByteArray contentOf(const QString& name)
@@ -53,6 +54,7 @@ QString sequencePage(TourRunner& tour)
 {
     auto* table = tour.find<QTableWidget>("tableWidget_Seq");
     auto* run = tour.find<QPushButton>("pushButton_SeqRun");
+    tour.window()->resize(PictureSize); // the monitor has widened it
     tour.showPage(SequenceTab);
     tour.withDialog([&] { tour.click("pushButton_SeqLoad"); }, answerWithFile(tour, Example));
     const int start = table->rowCount() - StepsPlayed;

@@ -47,8 +47,8 @@ void TestSequenceEdit::undoAndRedo()
     QCOMPARE(delays(), "192");
     QCOMPARE(table()->currentRow(), 1);
     QCOMPARE(m_tool->field("lineEdit_SeqDelay"), "9");
-    QVERIFY(line().startsWith("Not sent; Return sends it. Step 2: delay 9 ms, speeds from Thumb "
-                              "Root to Little: 9 9 9 9 9 17"));
+    QVERIFY(
+        line().startsWith("Not sent; Return sends it. Step 2: delay 9 ms, speeds 9 9 9 9 9 17"));
     QCOMPARE(table()->verticalHeaderItem(1)->text(), "2 *");
     m_tool->trigger("action_Undo");
     QCOMPARE(delays(), "129");
