@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Uses the real window at random for MINUTES over each protocol, with sanitizers, then stops plays,
-# halts and unplugs the hand, ends the program at random moments, and opens a port with vantoctl and
-# the window in turn. Exit status 0 if there are no findings.
+# halts and unplugs the hand, ends or kills the program at random moments, and opens a port with vantoctl
+# and the window in turn. Exit status 0 if there are no findings.
 # usage: ./soak.sh MINUTES [SEED]
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -24,4 +24,6 @@ for protocol in serialctrl modbus; do
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --endings $((10 * minutes)) || status=1
     build/asan/bin/vanto-soak --protocol "$protocol" --seed "$seed" --alternate $((10 * minutes)) --patience 4 || status=1
 done
+build/asan/bin/vanto-soak --seed "$seed" --edits 1000 || status=1
+build/asan/bin/vanto-soak --seed "$seed" --kills 100 --patience 2 || status=1
 exit "$status"

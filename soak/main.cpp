@@ -1,9 +1,11 @@
 // Monkey test: uses the real window with a simulated hand at random.
 
 #include "alternatetest.h"
+#include "edittest.h"
 #include "exittest.h"
 #include "halttest.h"
 #include "handclock.h"
+#include "killtest.h"
 #include "losstest.h"
 #include "monitor.h"
 #include "monkey.h"
@@ -44,8 +46,11 @@ constexpr Option Options[] = {
     {"losses", "Unplug the hand N times and plug it in again instead.", "N", ""},
     {"alternate", "Open one port N times instead, with vantoctl and the window in turn.", "N", ""},
     {"open-port", "Open the first hand at this port in the window once instead.", "PORT", ""},
+    {"edits", "Undo and redo random edits of a sequence, with N seeds, instead.", "N", ""},
+    {"kills", "Kill the program N times while it edits a sequence instead.", "N", ""},
     {"end-during", "Exit once during this operation instead.", "NAME", ""},
     {"after", "Delay before that exit in ms.", "N", "100"},
+    {"edit-until-killed", "Edit in the working folder, as the program that --kills kills.", "", ""},
     {"patience", "Multiply all time-outs by N, for a busy machine.", "N", "1"},
 };
 
@@ -97,6 +102,8 @@ int runProgram(int argc, char* argv[])
     const int patience = value("patience").toInt();
     ReplyLimits::current() = ReplyLimits().scaled(patience);
 
+    if (parser.isSet(QStringLiteral("edit-until-killed")))
+        return KillTest::edit();
     const QTemporaryDir work;
     QDir::setCurrent(work.path());
     const QString protocol = value("protocol");
@@ -115,6 +122,10 @@ int runProgram(int argc, char* argv[])
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return AlternateTest::openOnce(value("open-port"));
     }
+    if (parser.isSet(QStringLiteral("edits")))
+        return EditTest::run(value("edits").toInt(), seed);
+    if (parser.isSet(QStringLiteral("kills")))
+        return KillTest::run(value("kills").toInt(), seed, patience);
     if (parser.isSet(QStringLiteral("end-during"))) {
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return ExitTest::runOnce(value("end-during"), value("after").toInt(), protocol);

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -12,6 +14,7 @@ namespace
 {
 constexpr int StepsPlayed = 3; ///< from the end
 constexpr int IndexColumn = 2;
+constexpr QSize PictureSize(1024, 700);
 const QString Example = QStringLiteral(VANTO_EXAMPLES "/wave.json");
 
 QByteArray contentOf(const QString& name)
@@ -19,6 +22,15 @@ QByteArray contentOf(const QString& name)
     QFile file(name);
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
+void saveMenu(TourRunner& tour)
+{
+    auto* menu = tour.find<QMenu>("menu_Edit");
+    const auto* bar = tour.find<QMenuBar>("menuBar");
+    menu->popup(bar->mapToGlobal(bar->actionGeometry(menu->menuAction()).bottomLeft()));
+    tour.saveScreenshot(QStringLiteral("-menu"), menu);
+    menu->hide();
+}
+
 /// Changes the sequence and takes the changes back; nothing of this is sent.
 void editSteps(TourRunner& tour, QTableWidget* table)
 {
@@ -29,6 +41,7 @@ void editSteps(TourRunner& tour, QTableWidget* table)
     tour.expect(QStringLiteral("the number of steps"), QString::number(table->rowCount()),
                 QString::number(rows + 1));
     tour.saveScreenshot(QStringLiteral("-changed"));
+    saveMenu(tour);
     for (int i = 0; i < 3; ++i)
         tour.trigger(QStringLiteral("action_Undo"));
     tour.expect(QStringLiteral("the number of steps after Undo"),
@@ -41,6 +54,7 @@ QString sequencePage(TourRunner& tour)
 {
     auto* table = tour.find<QTableWidget>("tableWidget_Seq");
     auto* run = tour.find<QPushButton>("pushButton_SeqRun");
+    tour.window()->resize(PictureSize); // the monitor has widened it
     tour.showPage(SequenceTab);
     tour.withDialog([&] { tour.click("pushButton_SeqLoad"); }, answerWithFile(tour, Example));
     const int start = table->rowCount() - StepsPlayed;

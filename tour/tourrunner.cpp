@@ -132,14 +132,14 @@ QString TourRunner::command(const QString& line)
     return answer.sliced(qMin(answer.size(), qsizetype{2})).trimmed();
 }
 
-void TourRunner::saveScreenshot(const QString& suffix, QDialog* dialog)
+void TourRunner::saveScreenshot(const QString& suffix, QWidget* popup)
 {
     QPixmap image = window()->grab();
-    if (dialog) {
+    if (popup) {
         QPainter painter(&image);
-        const QRect place(window()->mapFromGlobal(dialog->mapToGlobal(QPoint())), dialog->size());
-        painter.drawPixmap(place.topLeft(), dialog->grab());
-        painter.setPen(dialog->palette().color(QPalette::Mid));
+        const QRect place(window()->mapFromGlobal(popup->mapToGlobal(QPoint())), popup->size());
+        painter.drawPixmap(place.topLeft(), popup->grab());
+        painter.setPen(popup->palette().color(QPalette::Mid));
         painter.drawRect(place);
     }
     const QString path = m_folder + QLatin1Char('/') + m_stepName + suffix + QStringLiteral(".png");

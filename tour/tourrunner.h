@@ -56,9 +56,9 @@ public:
     /// Sends a control command to the hands and returns their answer without the leading "ok".
     QString command(const QString& line);
 
-    /// Saves a screenshot in addition to the one at the end of every step. A dialog is drawn over
-    /// the window.
-    void saveScreenshot(const QString& suffix, QDialog* dialog = nullptr);
+    /// Saves a screenshot in addition to the one at the end of every step. A dialog or a
+    /// menu is drawn over the window.
+    void saveScreenshot(const QString& suffix, QWidget* popup = nullptr);
 
 private:
     bool runStep(const Step& step);

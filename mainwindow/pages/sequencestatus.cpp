@@ -85,7 +85,7 @@ QString SequenceStatus::describe(int row) const
          ++finger)
         speeds[StepTable::columnOf(finger)] = QString::number(step.speed[finger]);
     //: %3 lists the speeds in the order of the columns
-    return tr("Step %1: delay %2 ms, speeds from Thumb Root to Little: %3")
+    return tr("Step %1: delay %2 ms, speeds %3")
         .arg(row + 1)
         .arg(step.delay)
         .arg(speeds.join(QLatin1Char(' ')));

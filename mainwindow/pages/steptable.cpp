@@ -146,9 +146,13 @@ void StepTable::selectSilently(const QList<int>& rows)
         return;
     m_anchor = rows.constFirst();
     setCurrentCell(m_anchor, 0);
-    QItemSelection all;
-    for (const int row : rows)
-        all.select(model()->index(row, 0), model()->index(row, columnCount() - 1));
+    QItemSelection all; // one range for successive rows
+    for (qsizetype first = 0, next = 1; first < rows.size(); first = next++) {
+        while (next < rows.size() && rows[next] == rows[next - 1] + 1)
+            ++next;
+        all.select(model()->index(rows[first], 0),
+                   model()->index(rows[next - 1], columnCount() - 1));
+    }
     selectionModel()->select(all, QItemSelectionModel::ClearAndSelect);
 }
 

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QDir>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTabBar>
@@ -24,6 +25,7 @@ private slots:
     void nothingIsCut_data();
     void nothingIsCut();
     void tabOrder();
+    void mnemonics();
     void cleanup()
     {
         qApp->setStyleSheet({});
@@ -146,6 +148,23 @@ void TestForm::tabOrder()
     QVERIFY(precedes("pushButton_SettingWriteForceLimit0", "lineEdit_SettingP1"));
     QVERIFY(precedes("lineEdit_RunCurrent0", "verticalSlider_RunPos1"));
     QVERIFY(precedes("tableWidget_Seq", "pushButton_SeqInsert"));
+}
+
+void TestForm::mnemonics()
+{
+    TestWindow tool;
+    QList<QWidget*> menus{tool.find<QMenuBar>("menuBar")};
+    for (auto* menu : tool.window()->findChildren<QMenu*>())
+        menus.append(menu);
+    QVERIFY(menus.size() > 6);
+    for (const QWidget* menu : menus) {
+        QSet<QString> used;
+        for (const QAction* action : menu->actions()) {
+            const QString key = QKeySequence::mnemonic(action->text()).toString();
+            QVERIFY2(key.isEmpty() || !used.contains(key), qPrintable(action->text()));
+            used.insert(key);
+        }
+    }
 }
 
 VANTO_TEST(TestForm)

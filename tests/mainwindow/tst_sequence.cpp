@@ -1,8 +1,7 @@
 #include "devicebar.h"
-#include "handtest.h"
 #include "pageindex.h"
 #include "sequencepage.h"
-#include "testmain.h"
+#include "sequencetest.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -28,12 +27,11 @@ const QStringList FirstStep{"4c 00e803ff", "4c 01d007fe", "4c 02b80bfd",
 } // namespace
 
 /// The Sequence tab in the real window.
-class TestSequence : public HandTest
+class TestSequence : public SequenceTest
 {
     Q_OBJECT
 private slots:
     void init();
-    void cleanup() { close(); }
     void insertReadsPose();
     void enabledControls();
     void selectingPlaysForEdit();
@@ -57,11 +55,8 @@ private slots:
     void stopDuringPose();
 
 private:
-    QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
     QTabWidget* pages() const { return m_tool->find<QTabWidget>("tabWidget"); }
-    QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
     QString row(int row) const;
-    void load(const QByteArray& json) const;
     void select(int row) const;
 };
 
@@ -80,23 +75,6 @@ QString TestSequence::row(int row) const
     for (int column = 0; column < 6; ++column)
         cells.append(table()->item(row, column) ? table()->item(row, column)->text() : "-");
     return cells.join(' ');
-}
-
-void TestSequence::load(const QByteArray& json) const
-{
-    QFile file("given.json");
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(json);
-    file.close();
-    DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
-        QCOMPARE(dialog->windowTitle(), "Choose json file");
-        QCOMPARE(dialog->nameFilters(), QStringList{"Sequence files (*.json)"});
-        chooseFile(*dialog, QFileInfo("given.json").absoluteFilePath());
-    });
-    m_tool->click("pushButton_SeqLoad");
-    QCOMPARE(answer.count(), 1);
-    m_tool->window()->activateWindow(); // the dialog was the active one
-    QVERIFY(QTest::qWaitForWindowActive(m_tool->window()));
 }
 
 /// Selects the row as a click does; returns when the hand has taken the pose of the step.

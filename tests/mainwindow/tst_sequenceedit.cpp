@@ -1,139 +1,27 @@
-#include "handtest.h"
-#include "messagelog.h"
 #include "pageindex.h"
-#include "sequencedraft.h"
-#include "sequenceeditor.h"
-#include "sequenceplayer.h"
-#include "testmain.h"
+#include "sequencetest.h"
 
 #include <QClipboard>
-#include <QDir>
-#include <QFileDialog>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QRandomGenerator>
-#include <QSignalSpy>
 #include <QSlider>
-#include <QSpinBox>
-#include <QTableWidget>
-#include <QWheelEvent>
 
 namespace vanto
 {
 
-namespace
-{
-constexpr int DraftMs = 20'000; ///< until a draft is on disk, on a busy machine
-constexpr const char* ThreeSteps = R"({"version":1,"position_type":"position","sequences":[
- {"delay":1,"position":[1000,2000,3000,4000,5000,6000],"speed":[255,254,253,252,251,250]},
- {"delay":2,"position":[10,20,30,40,50,60],"speed":[1,2,3,4,5,255]},
- {"delay":3,"position":[7,7,7,7,7,7],"speed":[9,9,9,9,9,9]}]})";
-const QStringList DataActions{
-    "action_Undo",           "action_Redo",         "action_Cut_Steps",
-    "action_Copy_Steps",     "action_Paste_Steps",  "action_Delete_Step",
-    "action_Duplicate_Step", "action_Move_Step_Up", "action_Move_Step_Down"};
-} // namespace
-
-/// Editing a sequence without sending anything, and keeping unsaved work.
-class TestSequenceEdit : public HandTest
+/// Editing a sequence without sending anything.
+class TestSequenceEdit : public SequenceTest
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup() { close(); }
     void undoAndRedo();
     void returnSendsTheRow();
     void randomSession();
     void whenEnabled();
     void selectionOfSeveralRows();
     void clipboard();
-    void typedValues_data();
-    void typedValues();
-    void previews();
-    void fileAndState();
-    void drafts();
-    void repeatedRun();
-
-private:
-    QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
-    QAction* action(const QString& name) const { return m_tool->find<QAction>(name); }
-    SequenceEditor* editor() const { return m_tool->window()->findChild<SequenceEditor*>(); }
-    QByteArray json() const { return editor()->data().toJSON(); }
-    /// The delays stand for the steps.
-    QString delays() const;
-    QStringList motions() const { return frames({0x4B, 0x4C, 0x4D, 0x4F, 0x50, 0x51}); }
-    /// "01|1" if the first two rows are selected and the second is current.
-    QString selected() const;
-    QString line() const { return m_tool->find<QLabel>("label_SeqStep")->text(); }
-    QStringList messages() const { return m_tool->window()->findChild<MessageLog*>()->lines(); }
-    void load(const QByteArray& json, const QString& name = "given.json") const;
-    void select(int row) const;
-    void choose(const char* button, const QString& file) const;
-    void clickRow(int row, Qt::KeyboardModifiers modifiers) const;
 };
-
-void TestSequenceEdit::init()
-{
-    open({"--node", "2", "--speed", "50"});
-    m_tool->showPage(SequenceTab);
-    m_tool->window()->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tool->window()));
-    load(ThreeSteps);
-    clearRecords();
-}
-
-QString TestSequenceEdit::delays() const
-{
-    QString all;
-    for (const SequenceDataItem& step : editor()->data().sequences)
-        all += QString::number(step.delay);
-    return all;
-}
-
-QString TestSequenceEdit::selected() const
-{
-    QString rows;
-    for (int row = 0; row < table()->rowCount(); ++row)
-        if (table()->selectionModel()->isRowSelected(row))
-            rows += QString::number(row);
-    return rows + '|' + QString::number(table()->currentRow());
-}
-
-void TestSequenceEdit::choose(const char* button, const QString& file) const
-{
-    DialogAnswer<QFileDialog> answer(
-        [&](QFileDialog* dialog) { chooseFile(*dialog, QFileInfo(file).absoluteFilePath()); });
-    DialogAnswer<QMessageBox> overwrite(
-        [](QMessageBox* box) { box->button(QMessageBox::Yes)->click(); });
-    m_tool->click(button);
-    QCOMPARE(answer.count(), 1);
-    m_tool->window()->activateWindow(); // the dialog was the active one
-    QVERIFY(QTest::qWaitForWindowActive(m_tool->window()));
-}
-
-void TestSequenceEdit::load(const QByteArray& json, const QString& name) const
-{
-    QFile file(name);
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(json);
-    file.close();
-    choose("pushButton_SeqLoad", name);
-}
-
-void TestSequenceEdit::select(int row) const
-{
-    table()->setCurrentCell(row, 0);
-    QTRY_VERIFY(table()->isEnabled());
-    table()->setFocus();
-    m_hand->clearTrace();
-}
-
-void TestSequenceEdit::clickRow(int row, Qt::KeyboardModifiers modifiers) const
-{
-    QTest::mouseClick(table()->viewport(), Qt::LeftButton, modifiers,
-                      table()->visualItemRect(table()->item(row, 2)).center());
-}
 
 void TestSequenceEdit::undoAndRedo()
 {
@@ -160,7 +48,7 @@ void TestSequenceEdit::undoAndRedo()
     QCOMPARE(table()->currentRow(), 1);
     QCOMPARE(m_tool->field("lineEdit_SeqDelay"), "9");
     QVERIFY(
-        line().startsWith("Not sent; Return sends it. Step 2: delay 9 ms, speeds 9 9 9 9 17 9"));
+        line().startsWith("Not sent; Return sends it. Step 2: delay 9 ms, speeds 9 9 9 9 9 17"));
     QCOMPARE(table()->verticalHeaderItem(1)->text(), "2 *");
     m_tool->trigger("action_Undo");
     QCOMPARE(delays(), "129");
@@ -200,26 +88,55 @@ void TestSequenceEdit::returnSendsTheRow()
     QVERIFY(!table()->verticalHeaderItem(2));
     QTest::keyClick(table(), Qt::Key_Return);
     QCOMPARE(motions().size(), 6);
+
+    m_tool->trigger("action_Duplicate_Step");
+    m_hand->clearTrace();
+    clickRow(3); // selects no other row
+    QTest::keyClick(table(), Qt::Key_Right);
+    QCOMPARE(frames(), QStringList());
+    QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {},
+                       table()->visualItemRect(table()->item(3, 2)).center());
+    QCOMPARE(motions().size(), 6); // the fingers are not stretched before
 }
 
 void TestSequenceEdit::randomSession()
 {
+    close();
+    start(/*drafts=*/2);
     const quint32 seed = QRandomGenerator::global()->generate();
     QRandomGenerator random(seed);
+    auto* delay = m_tool->find<QLineEdit>("lineEdit_SeqDelay");
+    auto* mode = m_tool->find<QComboBox>("comboBox_SeqPosOrAngle");
+    auto* recent = m_tool->find<QMenu>("menu_Recent_Sequences");
     for (int i = 0; i < 400; ++i) {
         const int rows = table()->rowCount();
-        if (rows > 50) {
+        const int kind = rows > 50 ? 0 : random.bounded(12);
+        if (kind == 0) {
             table()->selectAll();
             m_tool->trigger("action_Delete_Step");
-        } else if (rows > 0 && random.bounded(4) == 0)
+        } else if (kind < 4 && rows > 0) {
             clickRow(random.bounded(std::min(rows, 5)),
                      random.bounded(2) ? Qt::ShiftModifier : Qt::ControlModifier);
-        m_tool->trigger(DataActions[random.bounded(DataActions.size())]);
+        } else if (kind == 4 && delay->isEnabled()) { // typed, but not finished
+            delay->setFocus();
+            QTest::keyClick(delay, static_cast<Qt::Key>(Qt::Key_0 + random.bounded(10)));
+        } else if (kind == 5 && mode->isEnabled()) {
+            mode->setCurrentIndex(random.bounded(2));
+        } else if (kind == 6) {
+            emit recent->aboutToShow();
+            recent->actions().constFirst()->trigger();
+        } else if (kind == 7 && m_tool->find<QWidget>("widget_SeqDraft")->isVisible()) {
+            m_tool->click("pushButton_SeqRestoreDraft");
+        } else {
+            m_tool->trigger(DataActions[random.bounded(DataActions.size())]);
+        }
         QCOMPARE(table()->rowCount(), editor()->data().sequences.size());
         for (int row = 0; row < table()->rowCount(); ++row)
             QCOMPARE(table()->item(row, 1)->text().toInt(),
                      editor()->data().sequences[row].position[0]);
     }
+    table()->setFocus(); // finishes what is typed
+    QVERIFY(m_tool->find<QWidget>("widget_SeqDraft")->isHidden());
     const QByteArray last = json();
     int redone = 0;
     while (editor()->history().canRedo())
@@ -324,9 +241,11 @@ void TestSequenceEdit::selectionOfSeveralRows()
                        table()->visualItemRect(table()->item(1, 2)).center());
     QTest::mouseClick(table()->verticalHeader()->viewport(), Qt::LeftButton, Qt::ShiftModifier,
                       {3, table()->rowViewportPosition(2) + 3});
+    QCOMPARE(selected(), "12|2");
     QTest::keyClick(table(), Qt::Key_Up, Qt::AltModifier | Qt::ShiftModifier);
+    QCOMPARE(selected(), "12|2");
     QCOMPARE(frames(), QStringList());
-    clickRow(0, Qt::NoModifier);
+    clickRow(0);
     QTRY_COMPARE(motions().size(), 11);
     QCOMPARE(table()->selectionModel()->selectedRows().size(), 1);
 }
@@ -364,181 +283,6 @@ void TestSequenceEdit::clipboard()
         QCOMPARE(delays(), "123");
     }
     QCOMPARE(frames(), QStringList());
-}
-
-void TestSequenceEdit::typedValues_data()
-{
-    addTextRows({"typed", "shown", "sent", "left"}, {{"12345", "12345", "4c 023930fd", "12345"},
-                                                     {"1,000", "3000", "", "3000"},
-                                                     {"70000", "65535", "", "3000"},
-                                                     {"-1", "0", "", "3000"},
-                                                     {"x", "3000", "", "3000"},
-                                                     {"", "3000", "", "3000"}});
-}
-
-void TestSequenceEdit::typedValues()
-{
-    QFETCH(QString, typed);
-    auto* field = m_tool->find<QLineEdit>("lineEdit_SeqPos2");
-    QVERIFY(field->isReadOnly());
-    select(0);
-    QVERIFY(!field->isReadOnly());
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, typed.isEmpty() ? "\b" : typed);
-    QTest::keyClick(field, Qt::Key_Return);
-    QTEST(field->text(), "shown");
-    QTEST(motions().join('|'), "sent");
-    table()->setFocus();
-    QTEST(field->text(), "left");
-    QCOMPARE(editor()->data().sequences[0].position[2], field->text().toInt());
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, "4");
-    table()->setFocus(); // without Return
-    QTEST(field->text(), "left");
-    QTEST(motions().join('|'), "sent");
-}
-
-void TestSequenceEdit::previews()
-{
-    select(0);
-    auto* slider = m_tool->find<QSlider>("verticalSlider_SeqPos2");
-    slider->triggerAction(QSlider::SliderPageStepAdd); // as a click into the groove
-    QVERIFY(m_tool->field("lineEdit_SeqPos2") != "3000");
-    QVERIFY(line().startsWith("A value is not sent"));
-    QCOMPARE(frames(), QStringList());
-    select(1);
-    select(0);
-    QCOMPARE(slider->value(), 3000);
-    QVERIFY(line().startsWith("Step 1"));
-    m_tool->trigger("action_Duplicate_Step");
-    clearRecords();
-    slider->setSliderDown(true);
-    slider->setSliderPosition(20000);
-    m_tool->trigger("action_Undo"); // shows another step
-    slider->setSliderDown(false);
-    QCOMPARE(motions(), QStringList());
-    select(0);
-    command("fault refuse command=0x4c");
-    slider->setSliderDown(true);
-    slider->setSliderPosition(30000);
-    slider->setSliderDown(false);
-    QCOMPARE(slider->value(), 3000);
-    QCOMPARE(m_tool->field("lineEdit_SeqPos2"), "3000");
-}
-
-void TestSequenceEdit::fileAndState()
-{
-    const auto* name = m_tool->find<QLabel>("label_SeqFile");
-    QCOMPARE(name->text(), "given.json");
-    select(0);
-    m_tool->trigger("action_Duplicate_Step");
-    QCOMPARE(name->text(), "given.json (not saved)");
-    m_tool->trigger("action_Undo");
-    QCOMPARE(name->text(), "given.json");
-    m_tool->trigger("action_Redo");
-    QVERIFY(QFile::link("/dev/full", "full.json")); // can be opened, but not written
-    choose("pushButton_SeqSave", "full.json");
-    QCOMPARE(name->text(), "given.json (not saved)");
-    QVERIFY(messages().constLast().contains("full.json is not saved: "));
-    choose("pushButton_SeqSave", "b.json");
-    QCOMPARE(name->text(), "b.json");
-    const QByteArray saved = json();
-    load("{}", "bad.json");
-    QVERIFY(messages().constLast().contains("bad.json cannot be loaded: "));
-    QCOMPARE(json(), saved);
-    QCOMPARE(shown(), QStringList());
-    m_tool->trigger("action_Undo");
-    QCOMPARE(name->text(), "b.json (not saved)");
-    m_tool->trigger("action_Undo"); // of Load
-    QCOMPARE(name->text(), "No file");
-    auto* recent = m_tool->find<QMenu>("menu_Recent_Sequences");
-    emit recent->aboutToShow();
-    QCOMPARE(recent->actions().size(), 2);
-    recent->actions().constFirst()->trigger();
-    QCOMPARE(name->text(), "b.json");
-    QCOMPARE(json(), saved);
-    QCOMPARE(frames(), QStringList());
-}
-
-/// The second window finds the draft of the first one, which was closed with unsaved work.
-void TestSequenceEdit::drafts()
-{
-    const QString program = QCoreApplication::applicationName();
-    const auto folder = [&] { return QDir(QDir::currentPath() + '/' + program + "/drafts"); };
-    QVERIFY(!m_tool->find<QWidget>("widget_SeqDraft")->isVisible());
-    table()->selectAll();
-    m_tool->trigger("action_Duplicate_Step");
-    QTRY_COMPARE_WITH_TIMEOUT(folder().entryList({"*.json"}).size(), 1, DraftMs);
-    choose("pushButton_SeqSave", "given2.json");
-    QTRY_COMPARE_WITH_TIMEOUT(folder().entryList({"*.json"}).size(), 0, DraftMs);
-    m_tool->trigger("action_Duplicate_Step");
-    const QByteArray unsaved = json();
-    const QDir written = folder();
-    close();
-
-    open({"--node", "2", "--speed", "50"});
-    QVERIFY(QDir().mkpath(folder().path()));
-    for (const QString& file : written.entryList(QDir::Files))
-        QVERIFY(QFile::copy(written.filePath(file), folder().filePath(file)));
-    QCOMPARE(folder().entryList({"*.json"}).size(), 1);
-    m_tool->showPage(SequenceTab);
-    QVERIFY(m_tool->find<QWidget>("widget_SeqDraft")->isVisible());
-    QVERIFY(m_tool->find<QLabel>("label_SeqDraft")->text().contains("given2.json, 9 steps"));
-    clearRecords();
-    m_tool->click("pushButton_SeqRestoreDraft");
-    QCOMPARE(json(), unsaved);
-    QCOMPARE(m_tool->find<QLabel>("label_SeqFile")->text(), "given2.json (not saved)");
-    QVERIFY(!m_tool->find<QWidget>("widget_SeqDraft")->isVisible());
-    const auto drafts = [&] { return SequenceDraft::findAbandoned(folder().path()).size(); };
-    const auto files = [&] { return folder().entryList({"*.json"}).size(); };
-    m_tool->trigger("action_Undo");
-    QCOMPARE(table()->rowCount(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(files(), 1, DraftMs); // the work is nowhere else
-    m_tool->trigger("action_Redo");
-    load(ThreeSteps, "other.json"); // replaces the unsaved work
-    QTRY_COMPARE_WITH_TIMEOUT(files(), 1, DraftMs);
-    m_tool->trigger("action_Undo");
-    choose("pushButton_SeqSave", "given3.json");
-    QTRY_COMPARE_WITH_TIMEOUT(files(), 0, DraftMs);
-    QCOMPARE(drafts(), 0U);
-    QCOMPARE(frames(), QStringList());
-}
-
-void TestSequenceEdit::repeatedRun()
-{
-    auto* repeat = m_tool->find<QSpinBox>("spinBox_SeqRepeat");
-    QTest::keyClick(repeat, Qt::Key_Down);
-    QCOMPARE(repeat->value(), 1); // not endless
-    QWheelEvent wheel({5, 5}, repeat->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(repeat, &wheel);
-    QCOMPARE(repeat->value(), 1);
-    repeat->setValue(3);
-    select(1);
-    QSignalSpy ends(m_tool->window()->findChild<SequencePlayer*>(), &SequencePlayer::sig_ended);
-    QStringList lines;
-    connect(m_tool->window()->findChild<SequencePlayer*>(), &SequencePlayer::sig_updatePlaying,
-            this, [&] { lines.append(table()->verticalHeaderItem(2) ? line() : QString()); });
-    m_tool->click("pushButton_SeqRun");
-    QTRY_VERIFY(!m_tool->enabled("pushButton_SeqStop"));
-    QCOMPARE(motions().size(), 3 * 12);
-    QCOMPARE(ends.count(), 1);
-    QVERIFY(lines.contains("Playing step 3 of 3, round 2 of 3"));
-    m_tool->window()->findChild<SequencePlayer*>()->disconnect(this);
-    repeat->setValue(0);
-    select(1);
-    m_tool->click("pushButton_SeqRun");
-    QTRY_VERIFY(motions().size() > 3 * 12);
-    m_tool->click("pushButton_SeqStop");
-    QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
-    choose("pushButton_SeqLoad", "given.json");
-    QCOMPARE(repeat->value(), 1);
-    table()->selectAll();
-    table()->setFocus();
-    QTest::keyClick(table(), Qt::Key_Delete);
-    QVERIFY(!repeat->isEnabled());
 }
 
 VANTO_TEST(TestSequenceEdit)

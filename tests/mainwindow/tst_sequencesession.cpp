@@ -1,10 +1,8 @@
-#include "handtest.h"
 #include "pageindex.h"
-#include "testmain.h"
+#include "sequencetest.h"
 
 #include <QClipboard>
 #include <QFile>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QJsonArray>
@@ -12,7 +10,6 @@
 #include <QJsonObject>
 #include <QSlider>
 #include <QSpinBox>
-#include <QTableWidget>
 #include <QToolTip>
 
 namespace vanto
@@ -57,7 +54,7 @@ QString summary(const QList<TracedFrame>& requests)
 
 /// A whole session on the Sequence page. Its frames are compared with recorded ones, which a run
 /// with VANTO_RECORD_SESSIONS in its environment writes.
-class TestSequenceSession : public HandTest
+class TestSequenceSession : public SequenceTest
 {
     Q_OBJECT
 private slots:
@@ -68,46 +65,32 @@ private slots:
                                            {"modbus", "position"},
                                            {"modbus", "angle"}});
     }
+    void init() {}
     void frames();
     void peaks();
-    void cleanup() { close(); }
 
 private:
-    QTableWidget* table() const { return m_tool->find<QTableWidget>("tableWidget_Seq"); }
-    void load(const QString& unit) const;
-    void choose(const char* button, const QString& file) const;
+    QString toolTip(int row) const;
+    /// The numbers of the steps that Copy Peaks as JSON gives.
+    QString copiedSteps() const;
+    void loadIn(const QString& unit) const;
     void type(const QString& field, const QString& text) const;
     void drag(const QString& slider, int value) const;
     void doubleClick(int row) const;
     void act(const char* name, const std::function<void()>& action);
     void compareWithRecord(const QString& fileName) const;
-    QString toolTip(int row) const;
-    /// The numbers of the steps that Copy Peaks as JSON gives.
-    QString copiedSteps() const;
 
     QStringList m_session;
 };
 
-void TestSequenceSession::load(const QString& unit) const
+void TestSequenceSession::loadIn(const QString& unit) const
 {
-    QFile file("given.json");
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(QString(R"({"version":1,"position_type":"%1","sequences":[
+    load(QString(R"({"version":1,"position_type":"%1","sequences":[
  {"delay":0,"position":[15000,12000,13000,14000,11000,2000],"speed":[255,254,253,252,251,250]},
  {"delay":40,"position":[14500,12600,13700,14800,11900,2100],"speed":[255,200,255,255,255,255]},
  {"delay":120,"position":[14000,12700],"speed":[255,255,255]}]})")
-                   .arg(unit)
-                   .toUtf8());
-    file.close();
-    choose("pushButton_SeqLoad", "given.json");
-}
-
-void TestSequenceSession::choose(const char* button, const QString& file) const
-{
-    DialogAnswer<QFileDialog> answer(
-        [&](QFileDialog* dialog) { chooseFile(*dialog, QFileInfo(file).absoluteFilePath()); });
-    m_tool->click(button);
-    QCOMPARE(answer.count(), 1);
+             .arg(unit)
+             .toUtf8());
 }
 
 void TestSequenceSession::type(const QString& field, const QString& text) const
@@ -150,7 +133,7 @@ void TestSequenceSession::frames()
     m_tool->showPage(SequenceTab);
     m_hand->clearTrace();
     const auto click = [&](const char* button) { m_tool->click(button); };
-    act("load", [&] { load(unit); });
+    act("load", [&] { loadIn(unit); });
     act("run without a row", [&] { click("pushButton_SeqRun"); });
     act("click on a row", [&] {
         QTest::mouseClick(table()->viewport(), Qt::LeftButton, {},
@@ -237,7 +220,7 @@ void TestSequenceSession::peaks()
 {
     open({"--node", "2", "--speed", "50"});
     m_tool->showPage(SequenceTab);
-    load("position");
+    loadIn("position");
     QVERIFY(!m_tool->find<QAction>("action_Copy_Peaks_Text")->isEnabled());
     QCOMPARE(toolTip(1), "Step 2: delay 40 ms, speeds 255 200 255 255 255 255");
     command("set 2 current 1 42");
@@ -266,7 +249,7 @@ void TestSequenceSession::peaks()
     run(); // from the second step
     QCOMPARE(copiedSteps(), "23");
     QVERIFY(toolTip(1).contains("\nLast run, 2 rounds: at most "));
-    load("angle");
+    loadIn("angle");
     QCOMPARE(copiedSteps(), "");
 }
 

@@ -1,10 +1,7 @@
 #include "sequencemanager.h"
 #include "testmain.h"
 
-#include <QRandomGenerator>
 #include <QTest>
-
-#include <algorithm>
 
 namespace vanto
 {
@@ -16,65 +13,10 @@ class TestChanges : public QObject
 private slots:
     void rows_data();
     void rows();
-    void randomEdits();
 };
 
 namespace
 {
-constexpr int Seeds = 1000;
-constexpr int MaxEdits = 1000;
-constexpr int MaxSteps = 40;
-
-class RandomEdits
-{
-public:
-    explicit RandomEdits(quint32 seed) : m_random(seed) {}
-
-    SequenceEdit next(const SequenceData& data)
-    {
-        const auto count = static_cast<int>(data.sequences.size());
-        const int kind = below(count > MaxSteps ? 2 : 100);
-        if (kind < 20)
-            return SequenceEdit::removal(data, rows(count));
-        if (kind < 45)
-            return SequenceEdit::insertion(data, below(count + 1), steps(below(4)));
-        if (kind < 65)
-            return SequenceEdit::move(data, rows(count), below(2) ? 1 : -1);
-        if (kind < 97 && count > 0)
-            return SequenceEdit::change(data, below(count), step());
-        const QString type =
-            below(2) ? SequenceData::POS_TYPE_ANGLE : SequenceData::POS_TYPE_POSITION;
-        if (kind < 98)
-            return SequenceEdit::typeChange(data, type);
-        return SequenceEdit::replacement(data, {1, type, steps(below(9))}); // as Load does
-    }
-    int below(int limit) { return static_cast<int>(m_random.bounded(limit)); }
-
-private:
-    SequenceDataItem step()
-    {
-        return {QList<int>(below(7), below(65536)), QList<int>(below(7), 1 + below(255)),
-                below(65536)};
-    }
-    QList<SequenceDataItem> steps(int count)
-    {
-        QList<SequenceDataItem> list;
-        while (list.size() < count)
-            list.append(step());
-        return list;
-    }
-    QList<int> rows(int count)
-    {
-        QList<int> list;
-        for (int row = 0; row < count; ++row)
-            if (below(count) < 2)
-                list.append(row);
-        return list;
-    }
-
-    QRandomGenerator m_random;
-};
-
 /// The delays stand for the steps.
 QString delays(const SequenceData& data)
 {
@@ -129,34 +71,6 @@ void TestChanges::rows()
             QCOMPARE(edit.after[i], edit.before[edit.origins[i]]);
         manager.revert(edit);
         QCOMPARE(manager.sequenceData(), before);
-    }
-}
-
-void TestChanges::randomEdits()
-{
-    for (quint32 seed = 0; seed < Seeds; ++seed) {
-        RandomEdits random(seed);
-        SequenceManager manager;
-        QList<SequenceEdit> edits;
-        QList<SequenceData> states{manager.sequenceData()};
-        QByteArrayList json{manager.sequenceData().toJSON()};
-        const int count = random.below(MaxEdits + 1);
-        for (int i = 0; i < count; ++i) {
-            edits.append(random.next(manager.sequenceData()));
-            manager.apply(edits.constLast());
-            states.append(manager.sequenceData());
-        }
-        json.append(manager.sequenceData().toJSON());
-        for (int i = count - 1; i >= 0; --i) {
-            manager.revert(edits[i]);
-            QVERIFY2(manager.sequenceData() == states[i], qPrintable(QString::number(seed)));
-        }
-        QCOMPARE(manager.sequenceData().toJSON(), json.first());
-        for (int i = 0; i < count; ++i) {
-            manager.apply(edits[i]);
-            QVERIFY2(manager.sequenceData() == states[i + 1], qPrintable(QString::number(seed)));
-        }
-        QCOMPARE(manager.sequenceData().toJSON(), json.last());
     }
 }
 

@@ -26,6 +26,7 @@ private slots:
     void notRegular();
     void tooLarge();
     void fullDisk();
+    void readOnlyFolder();
     void killedWriter();
     void severalDrafts();
 
@@ -113,6 +114,27 @@ void TestFiles::fullDisk()
              QFile::ReadOwner | QFile::WriteOwner);
 }
 
+/// An unprivileged user cannot create a file beside the old one.
+void TestFiles::readOnlyFolder()
+{
+    const QString folder = m_folder.filePath("closed");
+    QVERIFY(QDir().mkdir(folder));
+    QFile file(folder + "/open.json");
+    SequenceManager manager;
+    QVERIFY(manager.saveSequenceData(file));
+    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+    manager.insertSequenceDataItem(0, sequenceOf(1).sequences.constFirst());
+    QVERIFY(manager.saveSequenceData(file));
+    QCOMPARE(manager.fileError(), QString());
+    QCOMPARE(contentOf(file.fileName()), manager.sequenceData().toJSON());
+    QFile other(folder + "/other.json");
+    if (geteuid() != 0) {
+        QTest::ignoreMessage(QtDebugMsg, "can't open error!");
+        QVERIFY(!manager.saveSequenceData(other));
+    }
+    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
 /// A process that writes its draft again and again is killed at random moments.
 void TestFiles::killedWriter()
 {
@@ -170,6 +192,7 @@ void TestFiles::severalDrafts()
     QCOMPARE(drafts.size(), 3U);
     SequenceDraft::discard(std::move(drafts.back()));
     drafts.pop_back();
+    QCOMPARE(QDir(folder + "/discarded").entryList(QDir::Files).size(), 1);
     QVERIFY(SequenceDraft::findAbandoned(folder).empty()); // offered by one process only
     {
         SequenceDraft own(folder);
