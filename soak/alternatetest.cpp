@@ -1,6 +1,5 @@
 #include "alternatetest.h"
 
-#include "devicesession.h"
 #include "dialogwatch.h"
 #include "handprocess.h"
 #include "windowdriver.h"
@@ -9,6 +8,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -167,10 +167,10 @@ int AlternateTest::openOnce(const QString& port)
         dialog.reject();
     });
     driver.openHand(port);
-    const auto* session = driver.window()->findChild<DeviceSession*>();
-    const bool opened = session->state() == DeviceSession::State::Connected;
+    const QString state = driver.find<QLabel>(QStringLiteral("label_ConnectionState"))->text();
+    const bool opened = state == QLatin1String("Connected");
     if (!opened)
-        std::fprintf(stderr, "no hand was opened: %s\n", qPrintable(driver.errorText()));
+        std::fprintf(stderr, "%s: %s\n", qPrintable(state), qPrintable(driver.errorText()));
     return opened ? 0 : 1;
 }
 

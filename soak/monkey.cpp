@@ -1,7 +1,6 @@
 #include "monkey.h"
 
 #include "conversation.h"
-#include "devicesession.h"
 #include "messagelog.h"
 #include "monitor.h"
 #include "motiongate.h"
@@ -16,6 +15,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace vanto
 {
@@ -151,6 +151,7 @@ void Monkey::changePhase()
         if (auto* pages = m_driver.find<QTabWidget>("tabWidget"); pages->isEnabled())
             pages->setCurrentIndex(0); // clears the queue of the Run page
         m_settling.setRemainingTime(MaxSettleMs);
+        m_wasIdle = false;
         QTimer::singleShot(SettleMs, this, [this] { beginQuietPhase(); });
     } else {
         QTimer::singleShot(PhaseMs, this, [this] {
@@ -160,12 +161,14 @@ void Monkey::changePhase()
     }
 }
 
-/// Begins when the requests from before have been sent: with long time-outs this takes long.
+/// Begins when the requests from before have been sent: with long time-outs this takes long. At the
+/// end of a conversation the waiting requests are sent by the event loop, so the line must be idle
+/// twice.
 void Monkey::beginQuietPhase()
 {
-    const auto* session = m_driver.window()->findChild<DeviceSession*>();
     stopSequence();
-    if (Conversation::isActive() || session->hasWaitingJobs()) {
+    const bool isIdle = !Conversation::isActive();
+    if (!std::exchange(m_wasIdle, isIdle) || !isIdle) {
         if (!m_settling.hasExpired()) {
             QTimer::singleShot(IdleCheckMs, this, [this] { beginQuietPhase(); });
             return;

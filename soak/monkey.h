@@ -112,6 +112,7 @@ private:
     int m_stuckMs = 0;
     QDeadlineTimer m_left; ///< until then the connection is left to the window
     bool m_quiet = false;
+    bool m_wasIdle = false; ///< the line, at the last check before a quiet phase
     bool m_closing = false;
     int m_nesting = 0; ///< actions on the stack, each possibly in a nested event loop
     int m_phase = 0;

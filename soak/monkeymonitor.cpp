@@ -19,8 +19,9 @@ namespace vanto
 /// recordings. The dialogs of the monitor are not modal.
 void Monkey::useMonitor()
 {
-    auto* dock = m_driver.find<QDockWidget>(QStringLiteral("dock_Monitor"));
-    if (!dock->isVisible() || randomBelow(12) == 0) {
+    // Created when it is shown for the first time.
+    auto* dock = m_driver.window()->findChild<QDockWidget*>(QStringLiteral("dock_Monitor"));
+    if (!dock || !dock->isVisible() || randomBelow(12) == 0) {
         m_driver.trigger(QStringLiteral("action_Monitor"));
         return;
     }
