@@ -35,7 +35,8 @@ std::optional<ParameterSet> readHand(Tool& tool, Answer& answer,
                            {.keys = keys, .toolVersion = QCoreApplication::applicationVersion()});
     if (!runTask(tool, reader, answer))
         return {};
-    return reader.parameters();
+    reportReading(reader.parameters(), answer);
+    return answer.hasFailed() ? std::nullopt : std::optional(reader.parameters());
 }
 
 void backup(Tool& tool, Arguments& arguments, Answer& answer)

@@ -6,11 +6,28 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace vanto
 {
 
 namespace
 {
+/// Fails if the replies for a value were damaged, or if the hand has refused all values.
+void reportUnread(const HandInformation& information, Answer& answer)
+{
+    using State = HandInformation::State;
+    const auto has = [&](State state) {
+        return std::ranges::any_of(information.entries,
+                                   [&](const auto& entry) { return entry.state == state; });
+    };
+    if (has(State::NotRead))
+        answer.fail(ExitStatus::NoAnswer,
+                    QStringLiteral("There is no valid answer for some values."));
+    else if (!information.facts.protocol && !information.facts.firmware && has(State::Refused))
+        answer.fail(ExitStatus::Refused, QStringLiteral("The hand refuses its versions."));
+}
+
 void info(Tool& tool, Arguments&, Answer& answer)
 {
     if (!tool.hand().open())
@@ -22,6 +39,7 @@ void info(Tool& tool, Arguments&, Answer& answer)
     answer.text = reader.information().toText();
     if (!answer.text.endsWith(QLatin1Char('\n')))
         answer.text += QLatin1Char('\n');
+    reportUnread(reader.information(), answer);
 }
 
 void report(Tool& tool, Arguments& arguments, Answer& answer)

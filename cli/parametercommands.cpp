@@ -122,7 +122,7 @@ void getParameter(Tool& tool, ParameterKind kind, std::optional<std::uint8_t> fi
         return;
     const ParameterSet& read = reader.parameters();
     for (const RefusedParameter& refused : read.refused)
-        answer.fail(ExitStatus::Refused, refused.text(), refused.result, refused.subError);
+        answer.fail(failureStatus(refused), refused.text(), refused.result, refused.subError);
     if (read.values.empty() && read.refused.isEmpty())
         answer.fail(ExitStatus::Refused, QStringLiteral("This protocol has no such value."));
     ValueList list(answer, QLatin1String(describe(kind).name), options.keys.size() == 1);

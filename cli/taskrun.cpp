@@ -51,6 +51,22 @@ bool runTask(Tool& tool, HandTask& task, Answer& answer)
     return false;
 }
 
+ExitStatus failureStatus(const RefusedParameter& refused)
+{
+    return refused.result == ResultCode::Timeout || isDamagedReply(refused.result)
+               ? ExitStatus::NoAnswer
+               : ExitStatus::Refused;
+}
+
+void reportReading(const ParameterSet& read, Answer& answer)
+{
+    for (const RefusedParameter& refused : read.refused) {
+        const ExitStatus status = failureStatus(refused);
+        if (status == ExitStatus::NoAnswer || read.values.empty())
+            answer.fail(status, refused.text(), refused.result, refused.subError);
+    }
+}
+
 void reportWriting(const ParameterWriter& writer, Answer& answer)
 {
     using Result = WrittenParameter::Result;

@@ -11,6 +11,11 @@ namespace vanto
 /// been reported.
 bool runTask(Tool& tool, HandTask& task, Answer& answer);
 
+/// Whether a value was refused or its replies were damaged.
+ExitStatus failureStatus(const RefusedParameter& refused);
+/// Fails if the replies for a value were damaged, or if the hand has refused all values. A hand may
+/// refuse single ones that it does not have.
+void reportReading(const ParameterSet& read, Answer& answer);
 /// Reports the first parameter that has not been written.
 void reportWriting(const ParameterWriter& writer, Answer& answer);
 

@@ -346,7 +346,7 @@ void HandInformationReader::perform(int step)
     const std::uint8_t result = item.read(call, entries);
     if (noteRead(call, result) && result != ResultCode::Success)
         for (Entry& entry : entries)
-            setState(entry, EntryState::Refused);
+            setState(entry, isDamagedReply(result) ? EntryState::NotRead : EntryState::Refused);
 }
 
 } // namespace vanto

@@ -47,23 +47,9 @@ constexpr CommandRow commandRows[] = {
      ""},
     {"set-id 9", "42 09", "1005: 0009", "The hand answers as node 9.\n"},
 };
-
-constexpr const char* faultRows[][3] = {
-    // fault, exit status of a read over SerialCtrl and over Modbus
-    {"drop", "3", "3"},
-    {"garble", "3", "3"},
-    {"truncate", "3", "3"},
-    {"wrong-node", "3", "3"},
-    {"garbage", "3", "3"},
-    {"wrong-command", "3", "3"},
-    {"over-long", "3", "1"},
-    {"short", "3", "1"},
-    {"refuse error=0x21", "1", "1"},
-    {"refuse-bare error=0", "1", "3"},
-};
 } // namespace
 
-/// Commands, faults and wrong use of vantoctl.
+/// Commands and wrong use of vantoctl.
 class TestVantoctl : public CliTest
 {
     Q_OBJECT
@@ -71,10 +57,6 @@ private slots:
     void cleanup() { close(); }
     void commands_data();
     void commands();
-    void faults_data();
-    void faults();
-    void lostCable_data();
-    void lostCable();
     void usage_data();
     void usage();
     void automaticProtocol();
@@ -111,76 +93,6 @@ void TestVantoctl::commands()
     }
     const QStringList sent = writes();
     QCOMPARE((sent.isEmpty() ? m_hand->frames() : sent).join('|'), row->serialCtrl);
-}
-
-void TestVantoctl::faults_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<bool>("modbus");
-    QTest::addColumn<int>("status");
-    for (const auto& row : faultRows)
-        for (const bool modbus : {false, true})
-            for (const char* words : {"get current 2", "beep", "info", "get currentLimit 2"})
-                if (QString(words) == "get current 2" || QString(row[0]).startsWith("refuse e") ||
-                    QString(row[0]) == "drop")
-                    QTest::addRow("%s %s %s", row[0], words, modbus ? "modbus" : "serialctrl")
-                        << row[0] << words << modbus
-                        << (QString(words) == "info" && QString(row[0]).startsWith("refuse")
-                                ? 0
-                                : QString(row[modbus ? 2 : 1]).toInt());
-}
-
-void TestVantoctl::faults()
-{
-    QFETCH(QString, fault);
-    QFETCH(QString, words);
-    QFETCH(bool, modbus);
-    QFETCH(int, status);
-    start({"--node", modbus ? "2:modbus" : "2"});
-    m_hand->command("fault " + fault + (fault.startsWith("refuse ") ? "" : " count=0"));
-    CliProcess cli(*m_hand, status == 3 ? 12 : 400);
-    const auto result = cli.run(words + " --json --protocol " + (modbus ? "modbus" : "serialctrl"));
-    QCOMPARE(result.status, status);
-    const auto answer = QJsonDocument::fromJson(result.output.toUtf8()).object();
-    QCOMPARE(answer["status"].toInt(-1), status);
-    QCOMPARE(answer["schema"].toInt(), 1);
-    QCOMPARE(result.errors.count('\n'), status == 0 ? 0 : 1);
-    QCOMPARE(answer["result"].toInt() != 0, status != 0);
-    if (fault == "refuse error=0x21" && status != 0)
-        QCOMPARE(answer["subError"].toInt(), 0x21);
-    if (words != "info" && !modbus)
-        QCOMPARE(m_hand->requests().size(), 1);
-}
-
-void TestVantoctl::lostCable_data()
-{
-    QTest::addColumn<QString>("words");
-    const QString file = path("lost.json");
-    writeFile(file, R"({"kind":"vanto-parameters","schema":1})");
-    for (const char* words : {"get current", "set P 1 2", "move 1 500", "pose 1 2 3 4 5 6", "halt",
-                              "play %2", "monitor", "info", "backup %1", "beep", "set-id 7",
-                              "calibrate --yes --key-file %3", "scan --nodes 2"})
-        QTest::addRow("%s", words) << QString(words);
-}
-
-void TestVantoctl::lostCable()
-{
-    QFETCH(QString, words);
-    start();
-    writeFile(path("key"), "1A2B");
-    m_hand->command("hang");
-    CliProcess cli(*m_hand, 30); // the exchange in progress ends with its time-out
-    cli.start(words.replace("%1", path("lost.json"))
-                  .replace("%2", EXAMPLES "/wave.json")
-                  .replace("%3", path("key")) +
-              " --protocol serialctrl");
-    QTRY_VERIFY_WITH_TIMEOUT(!m_hand->requests().isEmpty(), 20'000);
-    m_hand->command("unplug");
-    const auto result = cli.finish();
-    QCOMPARE(result.status, 3);
-    QVERIFY2(result.errors.contains("The port") || result.errors.contains("port has"),
-             qPrintable(result.errors));
 }
 
 void TestVantoctl::usage_data()
