@@ -2,7 +2,9 @@
 
 #include "fingers.h"
 
+#include <QColor>
 #include <QCoreApplication>
+#include <QPixmap>
 
 namespace vanto
 {
@@ -15,6 +17,15 @@ inline QString shown(std::size_t finger)
     constexpr PerFinger<const char*> names{"Thumb", "Index",  "Middle",
                                            "Third", "Little", "Thumb root"};
     return QCoreApplication::translate("vanto::SequencePlayer", names.at(finger));
+}
+
+/// A square in the color of a finger.
+inline QPixmap colorMark(const QColor& color)
+{
+    constexpr int size = 10; // pixels
+    QPixmap mark(size, size);
+    mark.fill(color);
+    return mark;
 }
 } // namespace FingerNames
 
