@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
 
 #include <cstdio>
 
@@ -22,6 +23,7 @@ constexpr int SweepsPerRound = 30;
 constexpr double SampleBar = 1.05;
 constexpr double MsPerNs = 1e-6;
 constexpr int PlotColumns = 1000;
+constexpr double MemoryLimitMiB = 64;
 constexpr double ReduceLimitMs = 10; ///< of one row of a plot, to stay below the time-outs
 
 double readAll(const HandTarget& target)
@@ -84,11 +86,23 @@ bool compareRates(PROTOCOL_TYPE protocol, const QStringList& options, const char
     return report({what, median(samples), "ms", median(loops), SampleBar});
 }
 
-/// One channel of a full buffer.
+/// Memory of this process that is in use, in MiB.
+double residentMiB()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    constexpr double PagesPerMiB = 256;
+    return file.open(QFile::ReadOnly) ? file.readAll().split(' ').value(1).toDouble() / PagesPerMiB
+                                      : 0;
+}
+
+/// One channel of a full buffer, and its memory.
 bool measureReduction()
 {
+    const double before = residentMiB();
     SampleBuffer buffer;
     Sample sample;
+    for (std::size_t i = 0; i < SampleBuffer::MaxMarkers; ++i)
+        buffer.addMarker({sample.timeUs, QStringLiteral("Set Thumb root: %1").arg(i)});
     for (std::size_t i = 0; i < buffer.capacity(); ++i) {
         sample.timeUs += UsPerSecond / 100;
         sample.values[0] = static_cast<std::int32_t>(i * 7919 % 1000);
@@ -102,6 +116,9 @@ bool measureReduction()
             return false;
         times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
     }
+    const double used = residentMiB() - before;
+    if (before <= 0 || !report({"memory of a full buffer", used, "MiB", MemoryLimitMiB, 1}))
+        return false;
     return report({"one line of a plot, full buffer", median(times), "ms", ReduceLimitMs, 1});
 }
 } // namespace

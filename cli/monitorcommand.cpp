@@ -3,16 +3,15 @@
 #include "eventwait.h"
 #include "handvalues.h"
 #include "interruption.h"
-#include "motionunit.h"
+#include "telemetryreader.h"
 #include "tool.h"
 
 #include <QDateTime>
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 
 #include <array>
-#include <cmath>
+#include <optional>
 
 namespace vanto
 {
@@ -22,59 +21,18 @@ namespace
 constexpr double DefaultRate = 10; ///< samples per second
 constexpr double MaxRate = 1000;
 constexpr double MaxSeconds = 1e9;
-constexpr qint64 NsPerS = 1'000'000'000;
-constexpr qint64 NsPerMs = 1'000'000;
-
-using Numbers = QList<double>;
-
-std::optional<Numbers> readCurrents(HandCall& call)
-{
-    Numbers numbers;
-    for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
-        std::uint16_t current = 0;
-        if (!call.perform<&VantoProtocol::getFingerCurrent>(finger, &current))
-            return {};
-        numbers.append(current);
-    }
-    return numbers;
-}
-
-std::optional<Numbers> readForces(HandCall& call)
-{
-    Numbers numbers;
-    for (std::uint8_t finger = 0; finger < ForceFingers; ++finger) {
-        std::uint16_t force = 0;
-        if (!call.perform<&VantoProtocol::getFingerForce>(finger, &force, std::uint8_t{1}))
-            return {};
-        numbers.append(force);
-    }
-    return numbers;
-}
-
-std::optional<Numbers> readPositions(HandCall& call, const MotionUnit& unit)
-{
-    const auto pose = unit.readPose(call);
-    if (!pose)
-        return {};
-    Numbers numbers;
-    for (const int value : pose->currents)
-        numbers.append(unit.isPosition() ? value : value / HundredthsPerDegree);
-    return numbers;
-}
 
 struct Field {
     const char* name;
-    std::size_t count;
-    std::optional<Numbers> (*read)(HandCall& call);
+    Quantity quantity;
+    std::size_t count; ///< of fingers
 };
 
-const std::array Fields{
-    Field{"current", FingerCount, readCurrents},
-    Field{"position", FingerCount,
-          [](HandCall& call) { return readPositions(call, MotionUnit::position()); }},
-    Field{"angle", FingerCount,
-          [](HandCall& call) { return readPositions(call, MotionUnit::angle()); }},
-    Field{"force", ForceFingers, readForces},
+constexpr std::array Fields{
+    Field{"current", Quantity::Current, FingerCount},
+    Field{"position", Quantity::Position, FingerCount},
+    Field{"angle", Quantity::Angle, FingerCount},
+    Field{"force", Quantity::Force, ForceFingerCount},
 };
 
 struct Plan {
@@ -116,54 +74,58 @@ Plan parsePlan(const Tool& tool, Arguments& arguments)
     return plan;
 }
 
-/// Streams samples and counts those that come more than a period late.
+/// Streams samples until the time is over, a read fails or the output is closed.
 class Monitor
 {
 public:
-    Monitor(Tool& tool, const Plan& plan) : m_tool(tool), m_plan(plan) {}
+    Monitor(Tool& tool, const Plan& plan)
+        : m_tool(tool),
+          m_plan(plan),
+          m_reader({[&tool] { return std::optional(tool.hand().target()); },
+                    {},
+                    {},
+                    &tool.hand().report()},
+                   m_clock)
+    {
+    }
 
     void run()
     {
         if (!m_plan.isJson && !m_tool.output().write(header()))
             return;
-        m_clock.start();
-        const auto period =
-            m_plan.rate > 0 ? static_cast<qint64>(std::llround(NsPerS / m_plan.rate)) : 0;
-        const auto end = static_cast<qint64>(m_plan.seconds * NsPerS);
-        qint64 due = 0;
-        while (!Interruption::isRequested() && (end == 0 || m_clock.nsecsElapsed() < end)) {
-            waitFor(due);
-            if (Interruption::isRequested())
-                break;
-            const qint64 begin = m_clock.nsecsElapsed();
-            if (period > 0 && begin - due > period) {
-                const qint64 missed = (begin - due) / period;
-                m_late += missed;
-                due += missed * period;
-            }
-            if (!sample(begin))
-                break;
-            due += period;
-        }
+        ChannelSet channels;
+        for (const Field& field : m_plan.fields)
+            channels |= channelsOf(field.quantity);
+        m_reader.setChannels(channels);
+        m_reader.setRate(m_plan.rate);
+        QObject::connect(&m_reader, &TelemetryReader::sig_sample, &m_reader,
+                         [this](const Sample& sample) { write(sample); });
+        m_reader.start();
+        waitUntil([this] { return isOver(); });
+        m_reader.stop();
     }
 
     void writeSummary(Answer& answer)
     {
-        const double seconds = static_cast<double>(m_clock.nsecsElapsed()) / NsPerS;
+        const double seconds = static_cast<double>(m_clock.nowUs()) / UsPerSecond;
+        const auto late = static_cast<qint64>(m_reader.lateSamples());
         answer.data.insert(QStringLiteral("samples"), m_samples);
-        answer.data.insert(QStringLiteral("late"), m_late);
+        answer.data.insert(QStringLiteral("late"), late);
         m_tool.output().note(QStringLiteral("%1 samples in %2 s, %3 late")
                                  .arg(m_samples)
                                  .arg(seconds, 0, 'f', 3)
-                                 .arg(m_late));
+                                 .arg(late));
     }
 
 private:
-    void waitFor(qint64 due) const
+    /// There is at least one sample, however short the time is.
+    bool isOver() const
     {
-        const qint64 left = (due - m_clock.nsecsElapsed() + NsPerMs / 2) / NsPerMs;
-        if (left > 0)
-            waitUntil(&Interruption::isRequested, static_cast<int>(left));
+        if (Interruption::isRequested() || !m_reader.isRunning() ||
+            !m_tool.hand().target().isCurrent())
+            return true;
+        const auto end = static_cast<std::int64_t>(m_plan.seconds * UsPerSecond);
+        return end > 0 && m_samples > 0 && m_clock.nowUs() >= end;
     }
 
     QByteArray header() const
@@ -175,54 +137,58 @@ private:
         return line + '\n';
     }
 
-    bool sample(qint64 begin)
+    void write(const Sample& sample)
     {
         const QByteArray time =
             QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
-        QList<Numbers> values;
-        HandCall call = m_tool.hand().call();
-        for (const Field& field : m_plan.fields) {
-            const auto numbers = field.read(call);
-            if (!numbers)
-                return false;
-            values.append(*numbers);
-        }
+        const double seconds = static_cast<double>(sample.timeUs) / UsPerSecond;
         ++m_samples;
-        const double seconds = static_cast<double>(begin) / NsPerS;
-        return m_tool.output().write(m_plan.isJson ? toJson(time, seconds, values)
-                                                   : toCsv(time, seconds, values));
+        if (!m_tool.output().write(m_plan.isJson ? toJson(time, seconds, sample)
+                                                 : toCsv(time, seconds, sample)))
+            m_reader.stop();
     }
 
-    QByteArray toCsv(const QByteArray& time, double seconds, const QList<Numbers>& values) const
+    static QList<double> numbers(const Field& field, const Sample& sample)
     {
-        QByteArray line =
-            time + ',' + QByteArray::number(seconds, 'f', 6) + ',' + QByteArray::number(m_late);
-        for (const Numbers& numbers : values)
-            for (const double number : numbers)
+        const double unit = field.quantity == Quantity::Angle ? HundredthsPerDegree : 1;
+        QList<double> numbers;
+        for (std::size_t finger = 0; finger < field.count; ++finger)
+            numbers.append(
+                sample.values[Channel{field.quantity, static_cast<std::uint8_t>(finger)}.index()] /
+                unit);
+        return numbers;
+    }
+
+    QByteArray toCsv(const QByteArray& time, double seconds, const Sample& sample) const
+    {
+        QByteArray line = time + ',' + QByteArray::number(seconds, 'f', 6) + ',' +
+                          QByteArray::number(qulonglong{m_reader.lateSamples()});
+        for (const Field& field : m_plan.fields)
+            for (const double number : numbers(field, sample))
                 line += ',' + QByteArray::number(number, 'g', 10);
         return line + '\n';
     }
 
-    QByteArray toJson(const QByteArray& time, double seconds, const QList<Numbers>& values) const
+    QByteArray toJson(const QByteArray& time, double seconds, const Sample& sample) const
     {
         QJsonObject object{{QStringLiteral("schema"), Answer::SchemaVersion},
                            {QStringLiteral("time"), QString::fromLatin1(time)},
                            {QStringLiteral("seconds"), seconds},
-                           {QStringLiteral("late"), m_late}};
-        for (qsizetype i = 0; i < values.size(); ++i) {
-            QJsonArray numbers;
-            for (const double number : values[i])
-                numbers.append(number);
-            object.insert(QLatin1String(m_plan.fields[i].name), numbers);
+                           {QStringLiteral("late"), static_cast<qint64>(m_reader.lateSamples())}};
+        for (const Field& field : m_plan.fields) {
+            QJsonArray array;
+            for (const double number : numbers(field, sample))
+                array.append(number);
+            object.insert(QLatin1String(field.name), array);
         }
         return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
     }
 
     Tool& m_tool;
     const Plan& m_plan;
-    QElapsedTimer m_clock;
+    const TelemetryClock m_clock;
+    TelemetryReader m_reader;
     qint64 m_samples = 0;
-    qint64 m_late = 0; ///< samples that were missed because an earlier one took too long
 };
 
 void monitor(Tool& tool, Arguments& arguments, Answer& answer)

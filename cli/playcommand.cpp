@@ -1,9 +1,9 @@
 #include "playcommand.h"
 
 #include "eventwait.h"
-#include "fingers.h"
 #include "interruption.h"
 #include "motionguard.h"
+#include "playpeaks.h"
 #include "sequencemanager.h"
 #include "sequenceplayer.h"
 #include "tool.h"
@@ -12,7 +12,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 
-#include <algorithm>
 #include <limits>
 
 namespace vanto
@@ -43,8 +42,17 @@ class Playback : public QObject
 public:
     Playback(Tool& tool, Answer& answer) : m_tool(tool), m_answer(answer)
     {
-        connect(&m_player, &SequencePlayer::sig_updatePlaying, this, &Playback::noteStep);
-        connect(&m_player, &SequencePlayer::sig_currentRead, this, &Playback::noteCurrent);
+        connect(&m_player, &SequencePlayer::sig_updatePlaying, this,
+                [this](bool, int, qint64, const QString& error) {
+                    if (!error.isEmpty())
+                        failAt(error);
+                });
+        connect(&m_player, &SequencePlayer::sig_currentRead, this,
+                [this](std::uint8_t, std::uint16_t current) {
+                    m_overCurrent = m_overCurrent || MotionGuard::isOverCurrent(current);
+                });
+        connect(new PeakCollector(&m_player), &PeakCollector::sig_stepEnded, this,
+                &Playback::addStep);
         connect(&m_player, &SequencePlayer::sig_refused, this,
                 [this](const QString&, std::uint8_t result, std::uint8_t subError) {
                     m_result = result;
@@ -61,12 +69,7 @@ public:
             return false;
         m_player.setVantoProtocol(hand.adapter, hand.node);
         m_tool.hand().noteMotion();
-        m_step = first;
-        m_finished = false;
-        m_starting = true;
-        const bool isPlaying = m_player.play(data, first, end, false);
-        m_starting = false;
-        if (!isPlaying && !Interruption::isRequested())
+        if (!m_player.play(data, first, end, false) && !Interruption::isRequested())
             failAt({});
         waitUntil([this] { return !m_player.isPlaying() && !m_player.isSending(); });
         if (!m_answer.hasFailed() && !Interruption::isRequested()) {
@@ -81,34 +84,11 @@ public:
     void writeResult() { m_answer.data.insert(QStringLiteral("steps"), m_steps); }
 
 private:
-    void noteStep(bool isPlaying, int index, qint64 milliseconds, const QString& error)
+    void addStep(const StepPeaks& peaks)
     {
-        if (!error.isEmpty())
-            failAt(error);
-        if (m_starting || m_finished)
-            return;
-        // The time of a step is known when the next one starts.
-        m_finished = !isPlaying;
-        addStep(milliseconds);
-        m_step = index;
-    }
-
-    void addStep(qint64 milliseconds)
-    {
-        QJsonArray highest;
-        for (const int current : m_highest)
-            highest.append(current);
-        m_steps.append(QJsonObject{{QStringLiteral("step"), m_step + 1},
-                                   {QStringLiteral("milliseconds"), milliseconds},
-                                   {QStringLiteral("highestCurrent"), highest}});
-        m_tool.output().note(QStringLiteral("Step %1: %2 ms").arg(m_step + 1).arg(milliseconds));
-        m_highest = {};
-    }
-
-    void noteCurrent(std::uint8_t finger, std::uint16_t current)
-    {
-        m_highest.at(finger) = std::max(m_highest.at(finger), int{current});
-        m_overCurrent = m_overCurrent || MotionGuard::isOverCurrent(current);
+        m_steps.append(peaks.toJson());
+        m_tool.output().note(
+            QStringLiteral("Step %1: %2 ms").arg(peaks.step + 1).arg(peaks.milliseconds));
     }
 
     void failAt(const QString& error)
@@ -129,10 +109,6 @@ private:
     Answer& m_answer;
     SequencePlayer m_player;
     QJsonArray m_steps;
-    PerFinger<int> m_highest{}; ///< mA, of the present step
-    int m_step = 0;             ///< index of the present step
-    bool m_starting = false;    ///< the first step is being sent
-    bool m_finished = false;
     bool m_overCurrent = false;
     int m_result = 0;
     int m_subError = 0;

@@ -23,10 +23,15 @@ constexpr PerFinger<const char*> FingerNames{
     QT_TRANSLATE_NOOP("vanto::SequencePlayer", "Thumb root")};
 } // namespace
 
+QString MotionGuard::fingerName(std::size_t finger)
+{
+    return PlayerText::tr(FingerNames.at(finger));
+}
+
 QString MotionGuard::overCurrentText(std::uint8_t finger, std::uint16_t milliamperes)
 {
     return PlayerText::tr("%s has too big current: %d mA")
-        .replace(QLatin1String("%s"), PlayerText::tr(FingerNames.at(finger)))
+        .replace(QLatin1String("%s"), fingerName(finger))
         .replace(QLatin1String("%d"), QString::number(milliamperes));
 }
 

@@ -18,6 +18,9 @@ constexpr bool isOverCurrent(std::uint16_t milliamperes)
     return milliamperes > CurrentLimitMa;
 }
 
+/// The translated name of a finger.
+QString fingerName(std::size_t finger);
+
 /// "Thumb has too big current: 80 mA"
 QString overCurrentText(std::uint8_t finger, std::uint16_t milliamperes);
 

@@ -86,7 +86,6 @@ void TelemetryReader::start()
     m_late = 0;
     m_timeouts = 0;
     m_recent.clear();
-    m_lastUs.reset();
     m_dueUs = m_clock.nowUs();
     planReads();
     schedule(0);
@@ -136,7 +135,8 @@ std::int64_t TelemetryReader::periodUs() const
 
 bool TelemetryReader::canRead(Quantity quantity) const
 {
-    if (Conversation::isActive() || MotionGate::state() == MotionGate::State::Closed)
+    if (Conversation::isActive() || MotionGate::state() == MotionGate::State::Closed ||
+        isReserved())
         return false;
     return !m_line.canRead || m_line.canRead(quantity);
 }
@@ -197,13 +197,17 @@ void TelemetryReader::exchange(Read& read)
     std::uint8_t result = 0;
     bool wasCurrent = false;
     {
-        HandCall call(*target);
+        std::optional<HandCall> conversation;
+        HandCall& call = m_line.report ? conversation.emplace(*target, *m_line.report)
+                                       : conversation.emplace(*target);
         call.setBackground();
         result = quantity == Quantity::Current ? readCurrent(call, read.finger)
                  : quantity == Quantity::Force ? readForce(call, read.finger)
                  : quantity == Quantity::Position
                      ? readPose<&VantoProtocol::getFingerPosAll, std::uint16_t>(call)
                      : readPose<&VantoProtocol::getFingerAngleAll, std::int16_t>(call);
+        if (m_line.report && !call.accept(operationOf(quantity), result))
+            stop();
         wasCurrent = call.isCurrent();
     }
     // During the exchange the channels may have been changed, or the reader stopped.
@@ -239,6 +243,10 @@ void TelemetryReader::feed(const Reading& reading)
         if (channel.finger >= FingerCount || channel.index() >= ChannelCount ||
             !m_channels[channel.index()])
             continue;
+        // A value that is read again begins the next round, even if this one is not complete.
+        if (const std::int64_t now = m_clock.nowUs();
+            m_filled[channel.index()] && now >= m_dueUs && isReserved())
+            emitSample(now);
         m_sample.values[channel.index()] = reading.values[i];
         m_filled.set(channel.index());
     }
@@ -261,15 +269,14 @@ void TelemetryReader::emitSample(std::int64_t now)
     m_recent.push_back(now);
     while (m_recent.front() < now - UsPerSecond)
         m_recent.pop_front();
-    // Samples keep to the grid of their period, unless the line is too slow for it.
-    const std::int64_t late = now - m_dueUs;
-    m_dueUs += period;
-    if (period > 0 && late > period) {
-        ++m_late;
+    // Samples keep to the grid of their period; those for which there was no time are left out.
+    if (period > 0) {
+        const std::int64_t periods = std::max<std::int64_t>((now - m_dueUs) / period, 1);
+        m_late += static_cast<std::uint64_t>(periods - 1);
+        m_dueUs += periods * period;
+    } else {
         m_dueUs = now;
     }
-    if (period == 0)
-        m_dueUs = now;
     const Sample sample = m_sample;
     m_sample = {};
     m_filled.reset();

@@ -29,7 +29,13 @@ public:
         std::function<std::optional<HandTarget>()> target;
         /// Whether the reader may read this quantity now; if not, it tries again a few milliseconds
         /// later. Empty: whenever no conversation is in progress, which is always required.
-        std::function<bool(Quantity)> canRead;
+        std::function<bool(Quantity)> canRead{};
+        /// Whether the line is reserved for others, for longer than one conversation. Nothing is
+        /// sent then; each round of what they read becomes a sample. Empty: never.
+        std::function<bool()> isReserved{};
+        /// Receives the first failure of a read, which then stops the reader. Null: a value that
+        /// could not be read is missing in its sample.
+        CallReport* report = nullptr;
     };
 
     static constexpr double AsFastAsPossible = 0;
@@ -50,7 +56,7 @@ public:
 
     /// Samples a second, over the last second.
     double achievedRate() const;
-    /// Samples that were completed later than one period after they were due.
+    /// Samples that have been missed, because an earlier one took longer than two periods.
     std::uint64_t lateSamples() const { return m_late; }
 
 signals:
@@ -74,6 +80,7 @@ private:
     void planReads();
     void step();
     void schedule(std::int64_t delayUs);
+    bool isReserved() const { return m_line.isReserved && m_line.isReserved(); }
     bool canRead(Quantity quantity) const;
     bool isRefused() const;
     Read* nextRead();

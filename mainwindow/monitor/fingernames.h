@@ -1,9 +1,8 @@
 #pragma once
 
-#include "fingers.h"
+#include "motionguard.h"
 
 #include <QColor>
-#include <QCoreApplication>
 #include <QPixmap>
 
 namespace vanto
@@ -11,12 +10,10 @@ namespace vanto
 
 namespace FingerNames
 {
-/// The translated name of a finger; the catalogues have it from the player's messages.
+/// The translated name of a finger.
 inline QString shown(std::size_t finger)
 {
-    constexpr PerFinger<const char*> names{"Thumb", "Index",  "Middle",
-                                           "Third", "Little", "Thumb root"};
-    return QCoreApplication::translate("vanto::SequencePlayer", names.at(finger));
+    return MotionGuard::fingerName(finger);
 }
 
 /// A square in the color of a finger.

@@ -3,6 +3,7 @@
 #include "fingernames.h"
 #include "motionguard.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <map>

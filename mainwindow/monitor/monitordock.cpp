@@ -41,15 +41,17 @@ constexpr std::array ObjectNames{"checkBox_MonitorCurrent", "checkBox_MonitorPos
 
 MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
                          const CurrentLimits* limits, std::function<bool()> isLocked,
-                         QWidget* window)
+                         std::function<bool()> isPlaying, QWidget* window)
     : QDockWidget(tr("Monitor"), window),
       m_session(session),
       m_reporter(reporter),
       m_limits(limits),
       m_isLocked(std::move(isLocked)),
-      m_reader({[session] { return session->target(); }, [this](Quantity) { return canRead(); }},
+      m_reader({[session] { return session->target(); }, [this](Quantity) { return canRead(); },
+                std::move(isPlaying)},
                m_clock),
-      m_recorder(m_clock)
+      m_recorder(m_clock),
+      m_actions([session] { return session->target(); }, m_clock)
 {
     setObjectName(QStringLiteral("dock_Monitor"));
     auto* const content = new QWidget(this);
@@ -84,6 +86,7 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
         m_reporter->showError(message);
         showRecording();
     });
+    connect(&m_actions, &ActionMarkers::sig_marker, this, &MonitorDock::addMarker);
     connect(this, &QDockWidget::visibilityChanged, this, &MonitorDock::startOrStop);
     connect(session, &DeviceSession::sig_opened, this, &MonitorDock::beginHand);
     connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
@@ -330,10 +333,18 @@ void MonitorDock::showRecording()
 void MonitorDock::mark()
 {
     const QString typed = m_markerText->text().trimmed();
-    const Marker marker{m_clock.nowUs(), typed.isEmpty() ? tr("mark") : typed};
+    m_actions.flush();
+    addMarker({m_clock.nowUs(), typed.isEmpty() ? tr("mark") : typed});
+    m_markerText->clear();
+}
+
+/// Without samples there is nothing to mark.
+void MonitorDock::addMarker(const Marker& marker)
+{
+    if (!m_reader.isRunning())
+        return;
     m_buffer.addMarker(marker);
     m_recorder.mark(marker);
-    m_markerText->clear();
     m_changed = true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "actionmarkers.h"
 #include "samplebuffer.h"
 #include "targethistory.h"
 #include "telemetryclock.h"
@@ -34,9 +35,9 @@ class MonitorDock : public QDockWidget
     Q_OBJECT
 public:
     /// `isLocked` tells whether long work uses the line, with pauses in which the hand must not be
-    /// read.
+    /// read; `isPlaying` whether a sequence plays, so that the line is left to the player.
     MonitorDock(DeviceSession* session, StatusReporter* reporter, const CurrentLimits* limits,
-                std::function<bool()> isLocked, QWidget* window);
+                std::function<bool()> isLocked, std::function<bool()> isPlaying, QWidget* window);
     ~MonitorDock() override;
 
 private:
@@ -57,6 +58,7 @@ private:
     void startRecording(const QString& path);
     void showRecording();
     void mark();
+    void addMarker(const Marker& marker);
     void openRecording();
     void savePicture();
     bool isWanted() const;
@@ -70,6 +72,7 @@ private:
     SampleBuffer m_buffer;
     TargetHistory m_targets;
     TelemetryRecorder m_recorder;
+    ActionMarkers m_actions;
     QTimer m_refreshTimer;
     bool m_changed = false;    ///< there are samples that are not shown
     bool m_refreshDue = false; ///< when the line is idle

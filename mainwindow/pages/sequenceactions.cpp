@@ -99,6 +99,12 @@ void SequenceActions::addMenu(QMenuBar* bar, QAction* before)
         action ? menu->addAction(action) : void(menu->addSeparator());
 }
 
+void SequenceActions::append(const QList<QAction*>& actions)
+{
+    m_actions.append(nullptr);
+    m_actions.append(actions);
+}
+
 void SequenceActions::setEnabled(bool enabled)
 {
     m_enabled = enabled;

@@ -27,6 +27,8 @@ public:
     void setReporter(StatusReporter* reporter) { m_reporter = reporter; }
     /// Adds the menu before the action of another one.
     void addMenu(QMenuBar* bar, QAction* before);
+    /// Adds actions of others at the end of the menu. To be called before addMenu().
+    void append(const QList<QAction*>& actions);
     void setEnabled(bool enabled);
 
     void deleteSteps();

@@ -8,6 +8,7 @@
 #include "sequencestatus.h"
 #include "statusreporter.h"
 #include "stepinput.h"
+#include "stepresults.h"
 #include "steptable.h"
 #include "ui_sequencepage.h"
 
@@ -56,8 +57,10 @@ SequencePage::SequencePage(QWidget* parent)
         SequenceFiles::Widgets{ui->label_SeqFile, ui->widget_SeqDraft, ui->label_SeqDraft,
                                ui->pushButton_SeqRestoreDraft, ui->pushButton_SeqDiscardDraft},
         this);
+    m_results = new StepResults(m_sequence.get(), m_table, m_player, this);
+    m_actions->append(m_results->actions());
     m_status = std::make_unique<SequenceStatus>(m_sequence.get(), m_table, m_editors.get(),
-                                                m_player, ui->label_SeqStep);
+                                                m_results, m_player, ui->label_SeqStep);
     setUpLayout();
     connectParts();
 }
@@ -95,6 +98,8 @@ void SequencePage::setUpLayout()
     columns->setSectionResizeMode(QHeaderView::Stretch);
     columns->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     columns->setHighlightSections(false); // whole rows are selected
+    m_table->verticalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_table->verticalHeader()->addActions(m_results->actions());
     QList<QWidget*> buttons;
     for (QPushButton* button : findChildren<QPushButton*>())
         buttons.append(button);

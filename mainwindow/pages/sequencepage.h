@@ -21,6 +21,7 @@ class SequenceActions;
 class SequenceEditor;
 class SequenceFiles;
 class SequenceStatus;
+class StepResults;
 class StepTable;
 namespace Ui
 {
@@ -140,6 +141,7 @@ private:
     std::unique_ptr<StepInput> m_input;
     std::unique_ptr<SequenceActions> m_actions;
     std::unique_ptr<SequenceFiles> m_files;
+    StepResults* m_results;
     std::unique_ptr<SequenceStatus> m_status;
     std::array<QList<QWidget*>, Repeat + 1> m_groups;
     Generation m_visit;      ///< advanced when the page is left or cleared

@@ -5,6 +5,7 @@
 #include "sequenceplayer.h"
 #include "stepeditors.h"
 #include "stepheader.h"
+#include "stepresults.h"
 #include "steptable.h"
 
 namespace vanto
@@ -19,13 +20,18 @@ constexpr int MinRemainingMs = 1000;
 } // namespace
 
 SequenceStatus::SequenceStatus(const SequenceEditor* sequence, StepTable* table,
-                               const StepEditors* editors, const SequencePlayer* player,
-                               ElidedLabel* line)
-    : m_sequence(sequence), m_table(table), m_editors(editors), m_player(player), m_line(line)
+                               const StepEditors* editors, const StepResults* results,
+                               const SequencePlayer* player, ElidedLabel* line)
+    : m_sequence(sequence),
+      m_table(table),
+      m_editors(editors),
+      m_results(results),
+      m_player(player),
+      m_line(line)
 {
     m_refresh.setInterval(RefreshMs);
     connect(&m_refresh, &QTimer::timeout, this, &SequenceStatus::showPlayed);
-    table->header()->setToolTips([this](int row) { return describe(row); });
+    table->header()->setToolTips([this](int row) { return toolTip(row); });
 }
 
 void SequenceStatus::markNotSent()
@@ -78,6 +84,12 @@ QString SequenceStatus::describe(int row) const
         .arg(row + 1)
         .arg(step.delay)
         .arg(speeds.join(QLatin1Char(' ')));
+}
+
+QString SequenceStatus::toolTip(int row) const
+{
+    const QString result = m_results->describe(row);
+    return result.isEmpty() ? describe(row) : describe(row) + QLatin1Char('\n') + result;
 }
 
 QString SequenceStatus::textOfRun() const

@@ -11,6 +11,7 @@ class ElidedLabel;
 class SequenceEditor;
 class SequencePlayer;
 class StepEditors;
+class StepResults;
 class StepTable;
 
 /// The line below the table and the mark of a row: what the current step is, whether it has been
@@ -20,7 +21,7 @@ class SequenceStatus : public QObject
     Q_OBJECT
 public:
     SequenceStatus(const SequenceEditor* sequence, StepTable* table, const StepEditors* editors,
-                   const SequencePlayer* player, ElidedLabel* line);
+                   const StepResults* results, const SequencePlayer* player, ElidedLabel* line);
 
     /// The current row has been selected without sending it, or could not be sent.
     void markNotSent();
@@ -37,6 +38,7 @@ public:
 private:
     void showPlayed();
     QString describe(int row) const;
+    QString toolTip(int row) const;
     QString textOfRun() const;
     QString textOfEdit() const;
     QString textOfRow() const;
@@ -44,6 +46,7 @@ private:
     const SequenceEditor* m_sequence;
     StepTable* m_table;
     const StepEditors* m_editors;
+    const StepResults* m_results;
     const SequencePlayer* m_player;
     ElidedLabel* m_line;
     QTimer m_refresh;            ///< while a step is played for edit

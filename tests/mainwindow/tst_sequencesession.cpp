@@ -2,10 +2,18 @@
 #include "pageindex.h"
 #include "testmain.h"
 
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSlider>
+#include <QSpinBox>
 #include <QTableWidget>
+#include <QToolTip>
 
 namespace vanto
 {
@@ -61,6 +69,7 @@ private slots:
                                            {"modbus", "angle"}});
     }
     void frames();
+    void peaks();
     void cleanup() { close(); }
 
 private:
@@ -72,6 +81,9 @@ private:
     void doubleClick(int row) const;
     void act(const char* name, const std::function<void()>& action);
     void compareWithRecord(const QString& fileName) const;
+    QString toolTip(int row) const;
+    /// The numbers of the steps that Copy Peaks as JSON gives.
+    QString copiedSteps() const;
 
     QStringList m_session;
 };
@@ -199,6 +211,63 @@ void TestSequenceSession::compareWithRecord(const QString& fileName) const
     const QStringList expected = QString::fromUtf8(record.readAll()).split('\n');
     for (int line = 0; line < expected.size(); ++line)
         QCOMPARE(actual.split('\n').value(line), expected[line]);
+}
+
+QString TestSequenceSession::toolTip(int row) const
+{
+    QWidget* header = table()->verticalHeader()->viewport();
+    const QPoint place(3, table()->verticalHeader()->sectionViewportPosition(row) + 3);
+    QHelpEvent help(QEvent::ToolTip, place, header->mapToGlobal(place));
+    QApplication::sendEvent(header, &help);
+    return QToolTip::text();
+}
+
+QString TestSequenceSession::copiedSteps() const
+{
+    m_tool->trigger("action_Copy_Peaks_JSON");
+    const QByteArray json = QApplication::clipboard()->text().toUtf8();
+    QString steps;
+    for (const QJsonValue step : QJsonDocument::fromJson(json).object()["steps"].toArray())
+        steps += QString::number(step.toObject()["step"].toInt());
+    return steps;
+}
+
+/// A run leaves the time and the highest currents of the steps as they were played.
+void TestSequenceSession::peaks()
+{
+    open({"--node", "2", "--speed", "50"});
+    m_tool->showPage(SequenceTab);
+    load("position");
+    QVERIFY(!m_tool->find<QAction>("action_Copy_Peaks_Text")->isEnabled());
+    QCOMPARE(toolTip(1), "Step 2: delay 40 ms, speeds 255 200 255 255 255 255");
+    command("set 2 current 1 42");
+    const auto run = [&] {
+        m_tool->click("pushButton_SeqRun");
+        QTRY_VERIFY(!m_tool->enabled("pushButton_SeqStop"));
+    };
+    run();
+    const QString peaks = toolTip(2).section('\n', 1);
+    QVERIFY2(peaks.startsWith("Last run: ") && peaks.contains("Index 42 mA"), qPrintable(peaks));
+    QVERIFY(peaks.section(' ', 2, 2).toInt() >= 120); // its delay
+    QCOMPARE(copiedSteps(), "123");
+    table()->setCurrentCell(1, 0);
+    QTRY_VERIFY(table()->isEnabled()); // to play a step for edit is no run
+    QCOMPARE(copiedSteps(), "123");
+    type("lineEdit_SeqDelay", "41");
+    QCOMPARE(copiedSteps(), "13");
+    m_tool->trigger("action_Undo");
+    QCOMPARE(copiedSteps(), "123");
+    m_tool->trigger("action_Copy_Peaks_Text");
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    QCOMPARE(lines.size(), 5); // the last one is empty
+    QCOMPARE(lines[0].section('\t', 0, 2), "Step\tTime (ms)\tThumb (mA)");
+    QCOMPARE(lines[2].section('\t', 3, 3), "42");
+    m_tool->find<QSpinBox>("spinBox_SeqRepeat")->setValue(2);
+    run(); // from the second step
+    QCOMPARE(copiedSteps(), "23");
+    QVERIFY(toolTip(1).contains("\nLast run, 2 rounds: at most "));
+    load("angle");
+    QCOMPARE(copiedSteps(), "");
 }
 
 VANTO_TEST(TestSequenceSession)
