@@ -94,7 +94,8 @@ void MainWindow::on_action_Monitor_triggered(bool show)
 {
     if (!m_monitor) {
         m_monitor = new MonitorDock(
-            m_session.get(), m_reporter, [tabs = ui->tabWidget] { return !tabs->isEnabled(); },
+            m_session.get(), m_reporter, &m_currentLimits,
+            [tabs = ui->tabWidget] { return !tabs->isEnabled(); },
             [page = ui->tab_Sequence] { return page->isPlaying(); }, this);
         addDockWidget(Qt::RightDockWidgetArea, m_monitor);
         if (canBeSettingsFile(stateFilePath()))

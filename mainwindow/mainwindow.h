@@ -1,5 +1,7 @@
 #pragma once
 
+#include "currentlimits.h"
+
 #include <QColor>
 #include <QMainWindow>
 
@@ -75,6 +77,7 @@ private:
     StatusReporter* m_reporter = nullptr;
     std::unique_ptr<ParameterBackups> m_backups;
     std::unique_ptr<ParameterActions> m_parameters;
+    CurrentLimits m_currentLimits;    ///< read before the monitor is shown
     MonitorDock* m_monitor = nullptr; ///< null until it is shown first
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;

@@ -21,6 +21,12 @@ void HandCall::report(const Reading& reading) const
         emit ReadingMonitor::instance().sig_read(reading);
 }
 
+void HandCall::report(const LimitReading& reading) const
+{
+    if (isCurrent())
+        emit ReadingMonitor::instance().sig_currentLimitRead(reading);
+}
+
 void HandCall::reportTarget(std::string_view operation, Quantity quantity, std::uint8_t finger,
                             int target) const
 {

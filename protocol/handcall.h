@@ -156,6 +156,8 @@ private:
             publishAll(Quantity::Position, arguments...);
         else if constexpr (name == "getFingerAngleAll")
             publishAll(Quantity::Angle, arguments...);
+        else if constexpr (name == "getFingerCurrentLimit")
+            publishCurrentLimit(arguments...);
         else if constexpr (name == "setFingerPos" || name == "setFingerPosAll")
             publishTargets(name, Quantity::Position, arguments...);
         else if constexpr (name == "setFingerAngle" || name == "setFingerAngleAll")
@@ -193,8 +195,12 @@ private:
         PerFinger<std::int32_t> copy{};
         for (std::size_t i = 0; i < count; ++i)
             copy[i] = values[i];
-        report(
-            {m_target.node, m_target.token, quantity, firstFinger, std::span(copy).first(count)});
+        report(Reading{m_target.node, m_target.token, quantity, firstFinger,
+                       std::span(copy).first(count)});
+    }
+    void publishCurrentLimit(std::uint8_t finger, const std::uint16_t* limit) const
+    {
+        report(LimitReading{m_target.node, m_target.token, finger, *limit});
     }
     void publishTargets(std::string_view operation, Quantity quantity, std::uint8_t finger,
                         int target, std::uint8_t /*speed*/) const
@@ -221,6 +227,7 @@ private:
         reportOperation(operation, std::span(numbers).first(count));
     }
     void report(const Reading& reading) const;
+    void report(const LimitReading& reading) const;
     void reportTarget(std::string_view operation, Quantity quantity, std::uint8_t finger,
                       int target) const;
     void reportOperation(std::string_view operation, std::span<const double> numbers) const;

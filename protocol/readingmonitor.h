@@ -21,7 +21,16 @@ struct Reading {
     std::span<const std::int32_t> values{};
 };
 
-/// Reports every successful read of measured values, whoever needed it, for the whole process.
+/// A current limit that an operation has read.
+struct LimitReading {
+    std::uint8_t node = 0;
+    Generation::Token token{};
+    std::uint8_t finger = 0;
+    std::uint16_t limit = 0; ///< mA
+};
+
+/// Reports every successful read of measured values and of current limits, whoever needed
+/// it, for the whole process.
 class ReadingMonitor : public QObject
 {
     Q_OBJECT
@@ -30,6 +39,7 @@ public:
 
 signals:
     void sig_read(const vanto::Reading& reading);
+    void sig_currentLimitRead(const vanto::LimitReading& reading);
 };
 
 } // namespace vanto

@@ -54,6 +54,46 @@ std::vector<Extent> Recording::reduce(std::size_t channel, std::int64_t fromUs, 
         [this](std::size_t row) { return m_times[row]; });
 }
 
+QList<Marker> Recording::markers(std::int64_t fromUs, std::int64_t toUs) const
+{
+    QList<Marker> found;
+    std::ranges::copy_if(m_markers, std::back_inserter(found), [=](const Marker& marker) {
+        return marker.timeUs >= fromUs && marker.timeUs < toUs;
+    });
+    return found;
+}
+
+std::size_t Recording::firstLaterThan(std::int64_t timeUs) const
+{
+    const auto later = std::upper_bound(m_times.begin(), m_times.end(), timeUs);
+    return static_cast<std::size_t>(std::distance(m_times.begin(), later));
+}
+
+Extent Recording::valueAt(std::size_t channel, std::int64_t timeUs) const
+{
+    const auto row = rowValidAt(
+        timeUs, firstLaterThan(timeUs), m_times.size(),
+        [this](std::size_t index) { return m_times[index]; },
+        [this](std::size_t index) { return m_gaps[index]; });
+    return row ? at(*row, channel) : Extent();
+}
+
+RangeStatistics Recording::statistics(std::size_t channel, std::int64_t fromUs,
+                                      std::int64_t toUs) const
+{
+    std::size_t row = firstLaterThan(fromUs - 1);
+    if (m_samplesPerRow > 1 && row > 0)
+        --row; // the group that contains the start
+    const std::size_t end = firstLaterThan(toUs);
+    RangeSum sum;
+    for (; row < end; ++row) {
+        const Extent extent = at(row, channel);
+        sum.add(extent.min);
+        sum.add(extent.max);
+    }
+    return sum.result(m_samplesPerRow == 1);
+}
+
 RecordingParser::RecordingParser(bool exact)
 {
     m_recording.m_exact = exact;

@@ -26,6 +26,8 @@ public:
     std::int64_t timeAt(std::size_t row) const { return m_times[row]; }
     Extent at(std::size_t row, std::size_t channel) const;
     const QList<Marker>& markers() const { return m_markers; }
+    /// As SampleBuffer::markers().
+    QList<Marker> markers(std::int64_t fromUs, std::int64_t toUs) const;
     /// The file ends inside a line, which is left out.
     bool isCut() const { return m_cut; }
     /// The time of day of time 0; not valid if the file has none.
@@ -34,9 +36,15 @@ public:
     /// As SampleBuffer::reduce().
     std::vector<Extent> reduce(std::size_t channel, std::int64_t fromUs, std::int64_t toUs,
                                int columns) const;
+    /// As SampleBuffer::valueAt(); of a group its extent.
+    Extent valueAt(std::size_t channel, std::int64_t timeUs) const;
+    /// Of groups, the minimum and the maximum of those that overlap the time.
+    RangeStatistics statistics(std::size_t channel, std::int64_t fromUs, std::int64_t toUs) const;
 
 private:
     friend class RecordingParser;
+
+    std::size_t firstLaterThan(std::int64_t timeUs) const;
 
     ChannelSet m_channels;
     bool m_exact = true;

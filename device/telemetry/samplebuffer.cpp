@@ -101,6 +101,28 @@ std::vector<Extent> SampleBuffer::reduce(std::size_t channel, std::int64_t fromU
         [this](std::size_t index) { return timeAt(index); });
 }
 
+Extent SampleBuffer::valueAt(std::size_t channel, std::int64_t timeUs) const
+{
+    Extent extent;
+    const auto row = rowValidAt(
+        timeUs, indexAt(timeUs + 1), m_size, [this](std::size_t index) { return timeAt(index); },
+        [this](std::size_t index) { return m_gaps[place(index)]; });
+    if (row)
+        extent.add(m_values.at(channel)[place(*row)]);
+    return extent;
+}
+
+RangeStatistics SampleBuffer::statistics(std::size_t channel, std::int64_t fromUs,
+                                         std::int64_t toUs) const
+{
+    const auto& values = m_values.at(channel);
+    const std::size_t end = indexAt(toUs + 1);
+    RangeSum sum;
+    for (std::size_t index = indexAt(fromUs); index < end; ++index)
+        sum.add(values[place(index)]);
+    return sum.result(true);
+}
+
 QList<Marker> SampleBuffer::markers(std::int64_t fromUs, std::int64_t toUs) const
 {
     QList<Marker> found;

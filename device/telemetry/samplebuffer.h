@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rangestatistics.h"
 #include "sample.h"
 
 #include <QList>
@@ -75,6 +76,9 @@ public:
     /// plot. Each sample belongs to one column.
     std::vector<Extent> reduce(std::size_t channel, std::int64_t fromUs, std::int64_t toUs,
                                int columns) const;
+    /// The value at a time; empty before the first sample, after the last one and in a gap.
+    Extent valueAt(std::size_t channel, std::int64_t timeUs) const;
+    RangeStatistics statistics(std::size_t channel, std::int64_t fromUs, std::int64_t toUs) const;
     /// The markers from `fromUs` up to, but not including, `toUs`.
     QList<Marker> markers(std::int64_t fromUs, std::int64_t toUs) const;
 

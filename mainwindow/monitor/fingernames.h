@@ -2,6 +2,9 @@
 
 #include "motionguard.h"
 
+#include <QColor>
+#include <QPixmap>
+
 namespace vanto
 {
 
@@ -11,6 +14,15 @@ namespace FingerNames
 inline QString shown(std::size_t finger)
 {
     return MotionGuard::fingerName(finger);
+}
+
+/// A square in the color of a finger.
+inline QPixmap colorMark(const QColor& color)
+{
+    constexpr int size = 10; // pixels
+    QPixmap mark(size, size);
+    mark.fill(color);
+    return mark;
 }
 } // namespace FingerNames
 

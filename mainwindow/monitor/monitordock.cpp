@@ -1,5 +1,7 @@
 #include "monitordock.h"
 
+#include "actionmonitor.h"
+#include "currentlimits.h"
 #include "devicesession.h"
 #include "modeless.h"
 #include "statusreporter.h"
@@ -7,6 +9,7 @@
 
 #ifdef VANTO_HAVE_PLOT
 #include "monitorplot.h"
+#include "plotpanel.h"
 #include "recordingview.h"
 #endif
 
@@ -26,23 +29,23 @@ namespace vanto
 
 namespace
 {
-constexpr int RefreshIntervalMs = 40;
-/// A hand whose line is never idle is shown nevertheless, if painting is fast enough for it.
-constexpr int MaxRefreshDelayMs = 500;
-constexpr qint64 MaxCostInExchangeMs = 15;
-constexpr qint64 MinRatioToCost = 4; ///< of the interval of refreshes to the time that one takes
+constexpr int RefreshIntervalMs = 67; ///< 15 times a second
+constexpr qint64 MinRatioToCost = 4;  ///< of the interval of refreshes to the time that one takes
 constexpr std::array Rates{10.0, 25.0, 50.0, TelemetryReader::AsFastAsPossible};
-constexpr std::array SpansInSeconds{10, 60, 600};
+constexpr std::array SpansInSeconds{5, 10, 30, 60, 120, 300};
+constexpr int DefaultSpan = 1;
+constexpr int SecondsPerMinute = 60;
 constexpr std::array ObjectNames{"checkBox_MonitorCurrent", "checkBox_MonitorPosition",
                                  "checkBox_MonitorAngle", "checkBox_MonitorForce"};
 } // namespace
 
 MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
-                         std::function<bool()> isLocked, std::function<bool()> isPlaying,
-                         QWidget* window)
+                         const CurrentLimits* limits, std::function<bool()> isLocked,
+                         std::function<bool()> isPlaying, QWidget* window)
     : QDockWidget(tr("Monitor"), window),
       m_session(session),
       m_reporter(reporter),
+      m_limits(limits),
       m_isLocked(std::move(isLocked)),
       m_reader({[session] { return session->target(); }, [this](Quantity) { return canRead(); },
                 std::move(isPlaying)},
@@ -56,21 +59,20 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     m_table = new ValueTable(content);
     auto* const splitter = new QSplitter(Qt::Vertical, content);
 #ifdef VANTO_HAVE_PLOT
-    const auto reduce = [this](std::size_t channel, std::int64_t from, std::int64_t to,
-                               int columns) { return m_buffer.reduce(channel, from, to, columns); };
-    const auto markers = [this](std::int64_t from, std::int64_t to) {
-        return m_buffer.markers(from, to);
-    };
-    m_plot = new MonitorPlot({reduce, markers}, splitter);
-    splitter->addWidget(m_plot);
-    const auto color = [this](std::size_t finger) { return m_plot->fingerColor(finger); };
-    connect(m_plot, &MonitorPlot::sig_colorsChanged, m_table,
+    m_panel = new PlotPanel(PlotSource::of(m_buffer), splitter);
+    splitter->addWidget(m_panel);
+    m_panel->setTargets(&m_targets);
+    MonitorPlot* const plot = m_panel->plot();
+    const auto color = [plot](std::size_t finger) { return plot->fingerColor(finger); };
+    connect(plot, &MonitorPlot::sig_colorsChanged, m_table,
             [this, color] { m_table->setColors(color); });
-    connect(m_plot, &MonitorPlot::sig_timeChanged, this, &MonitorDock::pausePlot);
+    connect(m_panel, &PlotPanel::sig_pauseRequested, this, [this] { m_pause->setChecked(true); });
+    connect(m_panel, &PlotPanel::sig_returnRequested, this, [this] { m_pause->setChecked(false); });
     m_table->setColors(color);
 #endif
     splitter->addWidget(m_table);
-    splitter->setStretchFactor(0, m_plot ? 1 : 0); // the plot gets all that the table does not need
+    splitter->setStretchFactor(0,
+                               m_panel ? 1 : 0); // the plot gets all that the table does not need
     splitter->setChildrenCollapsible(false);
     layout->addWidget(createControls());
     layout->addWidget(splitter, 1);
@@ -87,6 +89,12 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     connect(&m_actions, &ActionMarkers::sig_marker, this, &MonitorDock::addMarker);
     connect(this, &QDockWidget::visibilityChanged, this, &MonitorDock::startOrStop);
     connect(session, &DeviceSession::sig_opened, this, &MonitorDock::beginHand);
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
+        if (std::exchange(m_refreshDue, false))
+            QMetaObject::invokeMethod(this, &MonitorDock::refresh, Qt::QueuedConnection);
+    });
+    connect(&ActionMonitor::instance(), &ActionMonitor::sig_action, this, &MonitorDock::noteTarget);
+    connect(limits, &CurrentLimits::sig_changed, this, [this] { m_changed = true; });
     applyChoices();
     showRecording();
 }
@@ -118,14 +126,19 @@ QWidget* MonitorDock::createControls()
     m_span->setObjectName(QStringLiteral("comboBox_MonitorSpan"));
     m_span->setAccessibleName(tr("Shown time"));
     for (const int seconds : SpansInSeconds)
-        m_span->addItem(tr("%1 s").arg(seconds), seconds);
-    m_span->setVisible(m_plot);
+        m_span->addItem(seconds < SecondsPerMinute ? tr("%1 s").arg(seconds)
+                                                   : tr("%1 min").arg(seconds / SecondsPerMinute),
+                        seconds);
+    m_span->setCurrentIndex(DefaultSpan);
+    connect(m_span, &QComboBox::currentIndexChanged, this, &MonitorDock::follow);
+    m_span->setVisible(m_panel);
     layout->addWidget(m_span);
     m_pause = new QPushButton(tr("Pause"), row);
     m_pause->setObjectName(QStringLiteral("pushButton_MonitorPause"));
     m_pause->setCheckable(true);
+    connect(m_pause, &QPushButton::toggled, this, [this] { m_changed = true; });
     m_pause->setToolTip(tr("Keeps the plot as it is, to drag and zoom it. Sampling goes on."));
-    m_pause->setVisible(m_plot);
+    m_pause->setVisible(m_panel);
     layout->addWidget(m_pause);
     layout->addStretch();
     m_state = new QLabel(row);
@@ -185,7 +198,7 @@ void MonitorDock::applyChoices()
     m_reader.setRate(m_rate->currentData().toDouble());
     m_table->setChannels(channels);
 #ifdef VANTO_HAVE_PLOT
-    m_plot->setChannels(channels);
+    m_panel->setChannels(channels);
 #endif
     m_changed = true;
 }
@@ -212,6 +225,7 @@ void MonitorDock::startOrStop()
 void MonitorDock::beginHand()
 {
     m_buffer.clear();
+    m_targets.clear();
     m_table->clearValues();
     m_recorder.mark({m_clock.nowUs(), tr("hand opened")});
 }
@@ -223,20 +237,26 @@ void MonitorDock::take(const Sample& sample)
     m_changed = true;
 }
 
-/// Painting inside an exchange would delay the reply beyond its time-out.
+void MonitorDock::noteTarget(const HandAction& action)
+{
+    const auto target = m_session->target();
+    if (action.kind == HandAction::Kind::Target && action.finger && target &&
+        target->node == action.node)
+        m_targets.add(m_clock.nowUs(), action.quantity, *action.finger, action.value);
+}
+
+/// Painting inside an exchange would delay the reply beyond its time-out. While the line is in use,
+/// the end of the conversation calls this again.
 void MonitorDock::refresh()
 {
-    const bool isLate = !m_lastRefresh.isValid() || m_lastRefresh.hasExpired(MaxRefreshDelayMs);
-    const bool isAllowed =
-        !Conversation::isActive() || (isLate && m_refreshCostMs <= MaxCostInExchangeMs);
-    if (!isVisible() || !isAllowed)
+    m_refreshDue = isVisible() && Conversation::isActive();
+    if (!isVisible() || m_refreshDue)
         return;
-    m_lastRefresh.start();
+    QElapsedTimer cost;
+    cost.start();
     showAll();
-    m_refreshCostMs = m_lastRefresh.elapsed();
-    const qint64 interval = std::max(qint64{RefreshIntervalMs}, MinRatioToCost * m_refreshCostMs);
-    if (m_refreshTimer.interval() != interval)
-        m_refreshTimer.setInterval(static_cast<int>(interval));
+    const qint64 interval = std::max(qint64{RefreshIntervalMs}, MinRatioToCost * cost.elapsed());
+    m_refreshTimer.start(static_cast<int>(interval)); // from now on
 }
 
 void MonitorDock::showAll()
@@ -256,18 +276,22 @@ void MonitorDock::showAll()
 void MonitorDock::showPlot([[maybe_unused]] const Sample& last)
 {
 #ifdef VANTO_HAVE_PLOT
+    m_panel->showSample(last);
+    if (const auto target = m_session->target())
+        m_panel->setLimits(m_limits->of(target->node));
     if (m_pause->isChecked())
         return;
     const std::int64_t span = m_span->currentData().toInt() * UsPerSecond;
     const std::int64_t to = std::max(last.timeUs + 1, span);
-    m_plot->showTime(to - span, to);
+    m_panel->showTime(to - span, to);
 #endif
 }
 
-/// The user looks at something; new samples must not move it away.
-void MonitorDock::pausePlot()
+/// Shows the chosen time again.
+void MonitorDock::follow()
 {
-    m_pause->setChecked(true);
+    m_pause->setChecked(false);
+    m_changed = true;
 }
 
 void MonitorDock::record()
@@ -326,17 +350,14 @@ void MonitorDock::addMarker(const Marker& marker)
 void MonitorDock::openRecording()
 {
 #ifdef VANTO_HAVE_PLOT
-    const Modeless::FileChoice choice{tr("Open recording"),
-                                      {tr("Recordings (*.csv)"), tr("All files (*)")}};
-    Modeless::openFile(this, choice,
-                       [this](const QString& path) { RecordingView::open(path, this); });
+    RecordingView::choose(this);
 #endif
 }
 
 void MonitorDock::savePicture()
 {
 #ifdef VANTO_HAVE_PLOT
-    RecordingView::savePicture(m_plot, this);
+    RecordingView::savePicture(m_panel->plot(), this);
 #endif
 }
 

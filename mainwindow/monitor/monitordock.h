@@ -2,12 +2,12 @@
 
 #include "actionmarkers.h"
 #include "samplebuffer.h"
+#include "targethistory.h"
 #include "telemetryclock.h"
 #include "telemetryreader.h"
 #include "telemetryrecorder.h"
 
 #include <QDockWidget>
-#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>
@@ -21,9 +21,11 @@ class QPushButton;
 namespace vanto
 {
 
+class CurrentLimits;
 class DeviceSession;
-class MonitorPlot;
+class PlotPanel;
 class StatusReporter;
+struct HandAction;
 class ValueTable;
 
 /// Shows and records the measured values of the open hand. It reads the hand while it is visible or
@@ -34,8 +36,8 @@ class MonitorDock : public QDockWidget
 public:
     /// `isLocked` tells whether long work uses the line, with pauses in which the hand must not be
     /// read; `isPlaying` whether a sequence plays, so that the line is left to the player.
-    MonitorDock(DeviceSession* session, StatusReporter* reporter, std::function<bool()> isLocked,
-                std::function<bool()> isPlaying, QWidget* window);
+    MonitorDock(DeviceSession* session, StatusReporter* reporter, const CurrentLimits* limits,
+                std::function<bool()> isLocked, std::function<bool()> isPlaying, QWidget* window);
     ~MonitorDock() override;
 
 private:
@@ -50,7 +52,8 @@ private:
     void refresh();
     void showAll();
     void showPlot(const Sample& last);
-    void pausePlot();
+    void follow();
+    void noteTarget(const HandAction& action);
     void record();
     void startRecording(const QString& path);
     void showRecording();
@@ -62,16 +65,17 @@ private:
 
     DeviceSession* m_session;
     StatusReporter* m_reporter;
+    const CurrentLimits* m_limits;
     std::function<bool()> m_isLocked;
     TelemetryClock m_clock;
     TelemetryReader m_reader;
     SampleBuffer m_buffer;
+    TargetHistory m_targets;
     TelemetryRecorder m_recorder;
     ActionMarkers m_actions;
     QTimer m_refreshTimer;
-    bool m_changed = false;      ///< there are samples that are not shown
-    QElapsedTimer m_lastRefresh; ///< valid after the first
-    qint64 m_refreshCostMs = 0;  ///< of the last one
+    bool m_changed = false;    ///< there are samples that are not shown
+    bool m_refreshDue = false; ///< when the line is idle
     QComboBox* m_rate = nullptr;
     QComboBox* m_span = nullptr; ///< shown time
     std::vector<QCheckBox*> m_quantities;
@@ -80,7 +84,7 @@ private:
     QPushButton* m_pause = nullptr;
     QLineEdit* m_markerText = nullptr;
     ValueTable* m_table = nullptr;
-    MonitorPlot* m_plot = nullptr; ///< null in a build without plots
+    PlotPanel* m_panel = nullptr; ///< null in a build without plots
 };
 
 } // namespace vanto

@@ -1,18 +1,21 @@
 #include "monitorplot.h"
 
 #include "fingernames.h"
+#include "plotcursors.h"
+#include "plotitems.h"
+#include "plotlibrary.h"
+#include "plottime.h"
+#include "targethistory.h"
 
+#include <QFocusEvent>
 #include <QImageWriter>
+#include <QKeyEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyleOptionFocusRect>
 #include <QVBoxLayout>
 
-#include <cmath>
 #include <limits>
-
-// The header uses the keyword foreach of Qt, which this program is built without.
-#define foreach(variable, container) for (variable : container)
-#include <qcustomplot.h>
-#undef foreach
 
 namespace vanto
 {
@@ -22,10 +25,16 @@ namespace
 constexpr int PictureWidth = 1600; ///< pixels, of a saved picture
 constexpr int PictureHeight = 900;
 constexpr int MaxMarkers = 50; ///< with a label each, more would not be legible
-constexpr int LegendColumns = 3;
+constexpr int LegendColumns = 6;
 constexpr double LeastStretch = 0.001; ///< a row of the layout gets what it needs
-constexpr double LineWidth = 1.5;
+constexpr int LineWidth = 1;           ///< pixels; lines of more take a hundred times as long
+constexpr double OverlayOpacity = 0.5;
+constexpr int FocusMargin = 2; ///< pixels
 constexpr int MiddleLightness = 128;
+constexpr double ScrollStep = 0.1; ///< of the shown time, by key
+constexpr double ZoomFactor = 0.8; ///< by key
+constexpr double MinSpan = 0.01;   ///< seconds, by key
+const QString OverlayLayer = QStringLiteral("overlaid");
 
 /// Distinguishable with all common kinds of color vision.
 constexpr PerFinger<const char*> OnDark{"#56b4e9", "#e69f00", "#2fc79a",
@@ -33,49 +42,47 @@ constexpr PerFinger<const char*> OnDark{"#56b4e9", "#e69f00", "#2fc79a",
 constexpr PerFinger<const char*> OnLight{"#0072b2", "#a35a00", "#00704f",
                                          "#7a6a00", "#9c3f77", "#b8331f"};
 
-double toSeconds(std::int64_t us)
+/// Without transparency, which takes longer to paint.
+QColor blended(const QColor& color, const QColor& background, double opacity)
 {
-    return static_cast<double>(us) / double{UsPerSecond};
-}
-
-std::int64_t toUs(double seconds)
-{
-    return std::llround(seconds * double{UsPerSecond});
+    const auto part = [opacity](int front, int back) {
+        return static_cast<int>(front * opacity + back * (1 - opacity));
+    };
+    return {part(color.red(), background.red()), part(color.green(), background.green()),
+            part(color.blue(), background.blue())};
 }
 } // namespace
 
-MonitorPlot::MonitorPlot(Source source, QWidget* parent)
-    : QWidget(parent), m_source(std::move(source)), m_plot(new QCustomPlot(this))
+MonitorPlot::MonitorPlot(PlotSource source, QWidget* parent)
+    : QWidget(parent),
+      m_source(std::move(source)),
+      m_plot(new QCustomPlot(this)),
+      m_cursors(new PlotCursors(m_plot))
 {
     setObjectName(QStringLiteral("monitorPlot"));
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(FocusMargin, FocusMargin, FocusMargin, FocusMargin);
     layout->addWidget(m_plot);
     m_plot->setAccessibleName(tr("Plot of the measured values"));
+    m_plot->setAccessibleDescription(
+        tr("Left and Right move the time, Plus and Minus zoom it, Home returns."));
     m_plot->setMinimumSize(200, 120);
+    m_plot->setFocusPolicy(Qt::StrongFocus);
+    m_plot->installEventFilter(this);
     m_plot->setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
     m_plot->setNoAntialiasingOnDrag(true);
     m_plot->plotLayout()->clear();
     m_plot->setAutoAddPlottableToLegend(false);
+    m_plot->addLayer(OverlayLayer, m_plot->layer(QStringLiteral("main")), QCustomPlot::limBelow);
     m_margins = new QCPMarginGroup(m_plot);
+    connect(m_plot, &QCustomPlot::mouseDoubleClick, this, &MonitorPlot::sig_returnRequested);
+    connect(m_cursors, &PlotCursors::sig_moved, this, [this] {
+        addItems();
+        m_plot->replot(QCustomPlot::rpQueuedReplot);
+    });
 }
 
 MonitorPlot::~MonitorPlot() = default;
-
-QString MonitorPlot::titleOf(Quantity quantity)
-{
-    switch (quantity) {
-    case Quantity::Current:
-        return tr("Current");
-    case Quantity::Position:
-        return tr("Position");
-    case Quantity::Angle:
-        return tr("Angle (0.01°)");
-    case Quantity::Force:
-        break;
-    }
-    return tr("Force");
-}
 
 void MonitorPlot::setChannels(ChannelSet channels)
 {
@@ -87,35 +94,29 @@ void MonitorPlot::setChannels(ChannelSet channels)
     m_plot->plotLayout()->clear();
     m_rows.clear();
     m_lines.clear();
-    m_legend = new QCPLegend;
-    m_plot->plotLayout()->addElement(0, 0, m_legend);
-    m_plot->plotLayout()->setRowStretchFactor(0, LeastStretch);
-    m_legend->setLayer(QStringLiteral("legend"));
-    m_legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
-    m_legend->setWrap(LegendColumns);
-    m_legend->setBrush(Qt::NoBrush);
-    m_legend->setBorderPen(Qt::NoPen);
     for (const Quantity quantity :
          {Quantity::Current, Quantity::Position, Quantity::Angle, Quantity::Force}) {
         if ((channels & channelsOf(quantity)).any())
             addRow(quantity);
     }
-    for (QCPAxisRect* const row : m_rows)
-        row->axis(QCPAxis::atBottom)->setTickLabels(row == m_rows.back());
+    for (const Row& row : m_rows)
+        row.rect->axis(QCPAxis::atBottom)->setTickLabels(&row == &m_rows.back());
     if (!m_rows.empty())
-        m_rows.back()->axis(QCPAxis::atBottom)->setLabel(tr("Time (s)"));
+        m_rows.back().rect->axis(QCPAxis::atBottom)->setLabel(tr("Time (s)"));
     applyColors();
 }
 
 void MonitorPlot::addRow(Quantity quantity)
 {
+    constexpr std::array titles{QT_TR_NOOP("Current"), QT_TR_NOOP("Position"),
+                                QT_TR_NOOP("Angle (0.01°)"), QT_TR_NOOP("Force")};
     auto* const row = new QCPAxisRect(m_plot);
-    m_plot->plotLayout()->addElement(static_cast<int>(m_rows.size()) + 1, 0, row);
+    m_plot->plotLayout()->addElement(static_cast<int>(m_rows.size()), 0, row);
     row->setRangeDrag(Qt::Horizontal);
     row->setRangeZoom(Qt::Horizontal);
     QCPAxis* const time = row->axis(QCPAxis::atBottom);
     QCPAxis* const value = row->axis(QCPAxis::atLeft);
-    value->setLabel(titleOf(quantity));
+    value->setLabel(tr(titles.at(static_cast<std::size_t>(quantity))));
     value->setNumberFormat(QStringLiteral("f"));
     value->setNumberPrecision(0);
     time->setNumberFormat(QStringLiteral("f"));
@@ -123,22 +124,31 @@ void MonitorPlot::addRow(Quantity quantity)
     connect(time, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
             [this](const QCPRange& range) {
                 if (!m_showing)
-                    changeTime(toUs(range.lower), toUs(range.upper));
+                    changeTime(PlotTime::toUs(range.lower), PlotTime::toUs(range.upper));
             });
     row->setMarginGroup(QCP::msLeft | QCP::msRight, m_margins);
-    const bool isFirst = m_rows.empty();
-    m_rows.push_back(row);
+    m_rows.push_back({row, quantity, {}});
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
-        const auto [ofChannel, finger] = Channel::at(channel);
-        if (!m_channels[channel] || ofChannel != quantity)
-            continue;
-        QCPGraph* const graph = m_plot->addGraph(time, value);
-        graph->setName(FingerNames::shown(finger));
-        graph->setAdaptiveSampling(false); // already reduced to columns
-        if (isFirst)
-            graph->addToLegend(m_legend);
-        m_lines.push_back({channel, graph});
+        if (m_channels[channel] && Channel::at(channel).quantity == quantity)
+            addLine(channel);
     }
+}
+
+void MonitorPlot::addLine(std::size_t channel)
+{
+    const auto add = [this] {
+        const QCPAxisRect* const row = m_rows.back().rect;
+        QCPGraph* const graph =
+            m_plot->addGraph(row->axis(QCPAxis::atBottom), row->axis(QCPAxis::atLeft));
+        graph->setAdaptiveSampling(false); // already reduced to columns
+        graph->setAntialiased(false);      // three times as fast
+        return graph;
+    };
+    const Line line{channel, m_rows.size() - 1, add(), add(), add()};
+    line.overlay->setLayer(OverlayLayer);
+    line.target->setLineStyle(QCPGraph::lsStepLeft);
+    line.graph->setName(FingerNames::shown(Channel::at(channel).finger));
+    m_lines.push_back(line);
 }
 
 /// Called inside a replot of the part that the user has dragged.
@@ -147,6 +157,24 @@ void MonitorPlot::changeTime(std::int64_t fromUs, std::int64_t toUs)
     emit sig_timeChanged();
     QMetaObject::invokeMethod(
         this, [this, fromUs, toUs] { showTime(fromUs, toUs); }, Qt::QueuedConnection);
+}
+
+void MonitorPlot::setFingerShown(std::size_t finger, bool shown)
+{
+    m_hidden.set(finger, !shown);
+    showAgain();
+}
+
+void MonitorPlot::setOverlay(std::optional<PlotSource> overlay, std::int64_t offsetUs)
+{
+    m_overlay = std::move(overlay);
+    m_overlayOffsetUs = offsetUs;
+    showAgain();
+}
+
+void MonitorPlot::setLimits(std::optional<FingerLimits> limits)
+{
+    m_limits = limits;
 }
 
 QColor MonitorPlot::fingerColor(std::size_t finger) const
@@ -173,8 +201,8 @@ void MonitorPlot::applyColors()
     QColor faint = m_textColor;
     faint.setAlphaF(0.25F);
     m_plot->setBackground(m_backgroundColor);
-    for (QCPAxisRect* const row : m_rows) {
-        for (QCPAxis* const axis : row->axes()) {
+    for (const Row& row : m_rows) {
+        for (QCPAxis* const axis : row.rect->axes()) {
             axis->setBasePen(m_textColor);
             axis->setTickPen(m_textColor);
             axis->setSubTickPen(m_textColor);
@@ -184,97 +212,224 @@ void MonitorPlot::applyColors()
             axis->grid()->setZeroLinePen(Qt::NoPen);
         }
     }
-    if (m_legend)
-        m_legend->setTextColor(m_textColor);
-    for (const Line& line : m_lines)
-        line.graph->setPen(QPen(fingerColor(Channel::at(line.channel).finger), LineWidth));
+    for (const Line& line : m_lines) {
+        const QColor color = fingerColor(Channel::at(line.channel).finger);
+        line.graph->setPen(QPen(color, LineWidth));
+        line.overlay->setPen(QPen(blended(color, m_backgroundColor, OverlayOpacity), LineWidth));
+        line.target->setPen(QPen(color, LineWidth, Qt::DashLine));
+    }
     m_plot->replot();
+}
+
+void MonitorPlot::showAgain()
+{
+    showTime(m_fromUs, m_toUs);
 }
 
 void MonitorPlot::showTime(std::int64_t fromUs, std::int64_t toUs)
 {
     if (m_rows.empty() || toUs <= fromUs)
         return;
+    m_fromUs = fromUs;
+    m_toUs = toUs;
     const QScopedValueRollback showing(m_showing, true);
-    const int columns = std::max(m_rows.front()->width(), 10);
-    for (const Line& line : m_lines)
-        fill(line, fromUs, toUs, columns);
-    for (QCPAxisRect* const row : m_rows) {
-        row->axis(QCPAxis::atBottom)->setRange(toSeconds(fromUs), toSeconds(toUs));
-        QCPAxis* const value = row->axis(QCPAxis::atLeft);
-        value->rescale();
-        const QCPRange range = value->range();
-        const double margin = std::max(range.size() * 0.05, 1.0);
-        value->setRange(range.lower - margin, range.upper + margin);
+    for (Row& row : m_rows)
+        row.range = {};
+    for (const Line& line : m_lines) {
+        const bool isShown = isFingerShown(Channel::at(line.channel).finger);
+        line.graph->setVisible(isShown);
+        line.overlay->setVisible(isShown && m_overlay);
+        line.target->setVisible(isShown && m_targets);
+        if (!isShown)
+            continue;
+        fill(m_source, line, line.graph, 0);
+        if (m_overlay)
+            fill(*m_overlay, line, line.overlay, m_overlayOffsetUs);
+        if (m_targets)
+            fillTargets(line);
     }
-    showMarkers(fromUs, toUs);
+    for (Row& row : m_rows) {
+        row.rect->axis(QCPAxis::atBottom)
+            ->setRange(PlotTime::toSeconds(fromUs), PlotTime::toSeconds(toUs));
+        scaleValues(row);
+    }
+    addItems();
     m_plot->replot(QCustomPlot::rpImmediateRefresh);
 }
 
 /// Two points for each column; a point that is not a number interrupts the line.
-void MonitorPlot::fill(const Line& line, std::int64_t fromUs, std::int64_t toUs, int columns)
+void MonitorPlot::fill(const PlotSource& source, const Line& line, QCPGraph* graph,
+                       std::int64_t offsetUs)
 {
-    const std::vector<Extent> extents = m_source.reduce(line.channel, fromUs, toUs, columns);
-    const double from = toSeconds(fromUs);
-    const double step = (toSeconds(toUs) - from) / columns;
-    QVector<double> keys;
-    QVector<double> values;
-    const auto add = [&](double key, double value) {
-        keys.append(key);
-        values.append(value);
-    };
+    Row& row = m_rows[line.row];
+    const int columns = std::max(row.rect->width(), 10);
+    const std::vector<Extent> extents =
+        source.reduce(line.channel, m_fromUs - offsetUs, m_toUs - offsetUs, columns);
+    const double from = PlotTime::toSeconds(m_fromUs);
+    const double step = (PlotTime::toSeconds(m_toUs) - from) / columns;
+    QVector<QCPGraphData> points;
+    points.reserve(2 * columns);
     for (std::size_t i = 0; i < extents.size(); ++i) {
         const double key = from + (static_cast<double>(i) + 0.5) * step;
-        if (extents[i].afterGap)
-            add(key, std::numeric_limits<double>::quiet_NaN());
-        if (extents[i].isEmpty())
+        const Extent& extent = extents[i];
+        if (extent.afterGap)
+            points.append({key, std::numeric_limits<double>::quiet_NaN()});
+        if (extent.isEmpty())
             continue;
-        add(key, extents[i].min);
-        if (extents[i].max != extents[i].min)
-            add(key, extents[i].max);
+        row.range.add(extent.min);
+        row.range.add(extent.max);
+        points.append({key, static_cast<double>(extent.min)});
+        if (extent.max != extent.min)
+            points.append({key, static_cast<double>(extent.max)});
     }
-    line.graph->setData(keys, values, true);
+    graph->data()->set(points, true);
 }
 
-void MonitorPlot::showMarkers(std::int64_t fromUs, std::int64_t toUs)
+void MonitorPlot::fillTargets(const Line& line)
+{
+    QVector<QCPGraphData> points;
+    const auto steps = m_targets->steps(line.channel, m_fromUs, m_toUs);
+    for (const TargetHistory::Step& step : steps) {
+        const bool isTarget = step.value != MissingValue;
+        m_rows[line.row].range.add(step.value);
+        points.append({PlotTime::toSeconds(step.timeUs),
+                       isTarget ? step.value : std::numeric_limits<double>::quiet_NaN()});
+    }
+    if (!steps.empty() && steps.back().value != MissingValue)
+        points.append({PlotTime::toSeconds(m_toUs), static_cast<double>(steps.back().value)});
+    line.target->data()->set(points, true);
+}
+
+std::vector<LimitLine> MonitorPlot::limits() const
+{
+    if (!m_limits)
+        return {};
+    return limitLines(*m_limits, [this](std::size_t finger) { return isFingerShown(finger); });
+}
+
+void MonitorPlot::scaleValues(Row& row)
+{
+    if (row.quantity == Quantity::Current) {
+        for (const LimitLine& limit : limits())
+            row.range.add(limit.value);
+    }
+    if (row.range.isEmpty())
+        return;
+    const double margin =
+        std::max((static_cast<double>(row.range.max) - row.range.min) * 0.05, 1.0);
+    row.rect->axis(QCPAxis::atLeft)->setRange(row.range.min - margin, row.range.max + margin);
+}
+
+void MonitorPlot::addItems()
 {
     m_plot->clearItems();
+    addMarkers();
+    for (const Row& row : m_rows) {
+        if (row.quantity != Quantity::Current)
+            continue;
+        for (const LimitLine& limit : limits()) {
+            const QColor color = limit.finger ? fingerColor(*limit.finger) : m_textColor;
+            PlotItems::addHorizontalLine(row.rect, limit.value, QPen(color, 1, Qt::DotLine));
+            PlotItems::addValueLabel(row.rect, limit.value, limit.text, color);
+        }
+    }
+    m_cursors->addItems(rects(), QPen(m_textColor, 1));
+}
+
+std::vector<QCPAxisRect*> MonitorPlot::rects() const
+{
+    std::vector<QCPAxisRect*> rects;
+    for (const Row& row : m_rows)
+        rects.push_back(row.rect);
+    return rects;
+}
+
+void MonitorPlot::addMarkers()
+{
+    if (m_rows.empty())
+        return;
     int count = 0;
-    for (const Marker& marker : m_source.markers(fromUs, toUs)) {
+    for (const Marker& marker : m_source.markers(m_fromUs, m_toUs)) {
         if (++count > MaxMarkers)
             return;
-        const double time = toSeconds(marker.timeUs);
-        for (QCPAxisRect* const row : m_rows) {
-            auto* const line = new QCPItemStraightLine(m_plot);
-            for (QCPItemPosition* const position : {line->point1, line->point2}) {
-                position->setAxisRect(row);
-                position->setAxes(row->axis(QCPAxis::atBottom), row->axis(QCPAxis::atLeft));
-                position->setTypeX(QCPItemPosition::ptPlotCoords);
-                position->setTypeY(QCPItemPosition::ptAxisRectRatio);
-            }
-            line->point1->setCoords(time, 0);
-            line->point2->setCoords(time, 1);
-            line->setClipAxisRect(row);
-            line->setPen(QPen(m_textColor, 1, Qt::DashLine));
-        }
-        auto* const text = new QCPItemText(m_plot);
-        QCPAxisRect* const lowest = m_rows.back();
-        text->setClipAxisRect(lowest);
-        text->position->setAxisRect(lowest);
-        text->position->setAxes(lowest->axis(QCPAxis::atBottom), lowest->axis(QCPAxis::atLeft));
-        text->position->setTypeX(QCPItemPosition::ptPlotCoords);
-        text->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
-        text->position->setCoords(time, 0.98);
-        text->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
-        text->setText(QLatin1Char(' ') + marker.text);
-        text->setColor(m_textColor);
+        const double time = PlotTime::toSeconds(marker.timeUs);
+        for (const Row& row : m_rows)
+            PlotItems::addVerticalLine(row.rect, time, QPen(m_textColor, 1, Qt::DashLine));
+        PlotItems::addLabel(m_rows.back().rect, time, PlotItems::Edge::Bottom, marker.text,
+                            m_textColor);
     }
 }
 
+void MonitorPlot::scaleTime(double from, double to)
+{
+    const std::int64_t span = std::max(m_toUs - m_fromUs, PlotTime::toUs(MinSpan));
+    const auto at = [this, span](double share) {
+        return m_fromUs + static_cast<std::int64_t>(share * static_cast<double>(span));
+    };
+    changeTime(at(from), std::max(at(to), at(from) + PlotTime::toUs(MinSpan)));
+}
+
+void MonitorPlot::keyPressEvent(QKeyEvent* event)
+{
+    constexpr double In = (1 - ZoomFactor) / 2;
+    constexpr double Out = (1 / ZoomFactor - 1) / 2;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return scaleTime(-ScrollStep, 1 - ScrollStep);
+    case Qt::Key_Right:
+        return scaleTime(ScrollStep, 1 + ScrollStep);
+    case Qt::Key_Plus:
+        return scaleTime(In, 1 - In);
+    case Qt::Key_Minus:
+        return scaleTime(-Out, 1 + Out);
+    case Qt::Key_Home:
+        emit sig_returnRequested();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool MonitorPlot::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update(); // the frame
+    return QWidget::eventFilter(watched, event);
+}
+
+void MonitorPlot::paintEvent(QPaintEvent* event)
+{
+    QWidget::paintEvent(event);
+    if (!m_plot->hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), FocusMargin));
+    const int half = FocusMargin / 2;
+    painter.drawRect(rect().adjusted(half, half, -half, -half));
+}
+
+/// With a legend, which the window shows beside the plot.
 QString MonitorPlot::savePicture(const QString& path) const
 {
+    auto* const legend = new QCPLegend;
+    m_plot->plotLayout()->insertRow(0);
+    m_plot->plotLayout()->addElement(0, 0, legend);
+    m_plot->plotLayout()->setRowStretchFactor(0, LeastStretch);
+    legend->setLayer(QStringLiteral("legend"));
+    legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
+    legend->setWrap(LegendColumns);
+    legend->setBrush(Qt::NoBrush);
+    legend->setBorderPen(Qt::NoPen);
+    legend->setTextColor(m_textColor);
+    for (const Line& line : m_lines) {
+        if (line.row == 0 && line.graph->visible())
+            line.graph->addToLegend(legend);
+    }
     // toPixmap() lays the plot out for the size of the picture.
     const QPixmap picture = m_plot->toPixmap(PictureWidth, PictureHeight);
+    m_plot->plotLayout()->remove(legend);
+    m_plot->plotLayout()->simplify();
+    m_plot->replot();
     QImageWriter writer(path);
     return writer.write(picture.toImage()) ? QString() : writer.errorString();
 }

@@ -1,22 +1,26 @@
 #pragma once
 
-#include "samplebuffer.h"
+#include "limitlines.h"
+#include "plotsource.h"
 
 #include <QWidget>
 
-#include <functional>
+#include <bitset>
 
 class QCPAxisRect;
 class QCPGraph;
-class QCPLegend;
 class QCPMarginGroup;
 class QCustomPlot;
 
 namespace vanto
 {
 
+class PlotCursors;
+class TargetHistory;
+
 /// Plots samples over time: one row for each quantity, one line for each finger. A line shows the
-/// minimum and the maximum of each pixel column. The user can drag and zoom the time.
+/// minimum and the maximum of each pixel column. The user can drag and zoom the time, also with the
+/// keys Left, Right, Plus and Minus.
 class MonitorPlot : public QWidget
 {
     Q_OBJECT
@@ -24,20 +28,29 @@ class MonitorPlot : public QWidget
     Q_PROPERTY(QColor textColor MEMBER m_textColor WRITE setTextColor)
     Q_PROPERTY(QColor backgroundColor MEMBER m_backgroundColor WRITE setBackgroundColor)
 public:
-    /// Where the samples come from; the functions are those of SampleBuffer.
-    struct Source {
-        std::function<std::vector<Extent>(std::size_t channel, std::int64_t fromUs,
-                                          std::int64_t toUs, int columns)>
-            reduce;
-        std::function<QList<Marker>(std::int64_t fromUs, std::int64_t toUs)> markers;
-    };
-
-    MonitorPlot(Source source, QWidget* parent);
+    MonitorPlot(PlotSource source, QWidget* parent);
     ~MonitorPlot() override;
 
     void setChannels(ChannelSet channels);
+    ChannelSet channels() const { return m_channels; }
+    /// All fingers are shown at first.
+    void setFingerShown(std::size_t finger, bool shown);
+    bool isFingerShown(std::size_t finger) const { return !m_hidden[finger]; }
+    /// Other samples in the same rows, as lighter lines. Their time 0 is at `offsetUs`.
+    void setOverlay(std::optional<PlotSource> overlay, std::int64_t offsetUs);
+    void setOverlayOffset(std::int64_t us) { m_overlayOffsetUs = us; }
+    /// Without limits there are no lines for them.
+    void setLimits(std::optional<FingerLimits> limits);
+    /// Plotted as dashed lines. `targets` must outlive the plot.
+    void setTargets(const TargetHistory* targets) { m_targets = targets; }
+    PlotCursors* cursors() { return m_cursors; }
+
     /// Paints the samples of this time.
     void showTime(std::int64_t fromUs, std::int64_t toUs);
+    /// Paints the same time again, after a change.
+    void showAgain();
+    std::int64_t fromUs() const { return m_fromUs; }
+    std::int64_t toUs() const { return m_toUs; }
     /// Returns the reason of a failure, or an empty string. The suffix of the path selects the
     /// format.
     QString savePicture(const QString& path) const;
@@ -51,28 +64,56 @@ public:
 signals:
     /// The user has dragged or zoomed.
     void sig_timeChanged();
+    /// The user wants to see the newest samples again, or all of a file.
+    void sig_returnRequested();
     void sig_colorsChanged();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    struct Row {
+        QCPAxisRect* rect;
+        Quantity quantity;
+        Extent range; ///< of what is plotted
+    };
     struct Line {
         std::size_t channel;
+        std::size_t row;
         QCPGraph* graph;
+        QCPGraph* overlay;
+        QCPGraph* target;
     };
 
     void addRow(Quantity quantity);
+    void addLine(std::size_t channel);
     void changeTime(std::int64_t fromUs, std::int64_t toUs);
+    void scaleTime(double from, double to);
     void applyColors();
-    void fill(const Line& line, std::int64_t fromUs, std::int64_t toUs, int columns);
-    void showMarkers(std::int64_t fromUs, std::int64_t toUs);
-    static QString titleOf(Quantity quantity);
+    void fill(const PlotSource& source, const Line& line, QCPGraph* graph, std::int64_t offsetUs);
+    void fillTargets(const Line& line);
+    void scaleValues(Row& row);
+    void addItems();
+    void addMarkers();
+    std::vector<LimitLine> limits() const;
+    std::vector<QCPAxisRect*> rects() const;
 
-    Source m_source;
+    PlotSource m_source;
+    std::optional<PlotSource> m_overlay;
+    std::int64_t m_overlayOffsetUs = 0;
+    const TargetHistory* m_targets = nullptr;
+    std::optional<FingerLimits> m_limits;
     QCustomPlot* m_plot;
+    PlotCursors* m_cursors;
     QCPMarginGroup* m_margins = nullptr;
-    QCPLegend* m_legend = nullptr; ///< null before the first setChannels()
     ChannelSet m_channels;
-    std::vector<QCPAxisRect*> m_rows;
+    std::bitset<FingerCount> m_hidden;
+    std::vector<Row> m_rows;
     std::vector<Line> m_lines;
+    std::int64_t m_fromUs = 0;
+    std::int64_t m_toUs = 0;
     bool m_showing = false; ///< showTime() is changing the axes
     QColor m_textColor = Qt::black;
     QColor m_backgroundColor = Qt::white;

@@ -1,9 +1,9 @@
 #include "valuetable.h"
 
 #include "fingernames.h"
+#include "valuetext.h"
 
 #include <QHeaderView>
-#include <QPixmap>
 
 namespace vanto
 {
@@ -11,17 +11,6 @@ namespace vanto
 namespace
 {
 constexpr int ColumnCount = 4;
-constexpr double HundredthsPerDegree = 100;
-constexpr int ColorMarkSize = 10; ///< pixels
-const QString Dash = QStringLiteral("–");
-
-QString textOf(Quantity quantity, std::int32_t value)
-{
-    if (value == MissingValue)
-        return Dash;
-    return quantity == Quantity::Angle ? QString::number(value / HundredthsPerDegree, 'f', 2)
-                                       : QString::number(value);
-}
 } // namespace
 
 ValueTable::ValueTable(QWidget* parent) : QTableWidget(int{FingerCount}, ColumnCount, parent)
@@ -61,7 +50,7 @@ void ValueTable::showSample(const Sample& sample)
 {
     for (std::size_t index = 0; index < ChannelCount; ++index) {
         const Channel channel = Channel::at(index);
-        itemOf(channel)->setText(textOf(channel.quantity, sample.values[index]));
+        itemOf(channel)->setText(ValueText::value(channel.quantity, sample.values[index]));
     }
 }
 
@@ -73,11 +62,9 @@ void ValueTable::clearValues()
 
 void ValueTable::setColors(const std::function<QColor(std::size_t)>& colorOf)
 {
-    for (std::size_t finger = 0; finger < FingerCount; ++finger) {
-        QPixmap mark(ColorMarkSize, ColorMarkSize);
-        mark.fill(colorOf(finger));
-        verticalHeaderItem(static_cast<int>(finger))->setIcon(mark);
-    }
+    for (std::size_t finger = 0; finger < FingerCount; ++finger)
+        verticalHeaderItem(static_cast<int>(finger))
+            ->setIcon(FingerNames::colorMark(colorOf(finger)));
 }
 
 } // namespace vanto

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+#include <QPen>
+#include <QString>
+
+class QCPAxisRect;
+
+namespace vanto
+{
+
+/// Lines and texts in a row of a plot, which owns them. Times are in seconds.
+namespace PlotItems
+{
+void addVerticalLine(QCPAxisRect* row, double time, const QPen& pen);
+void addHorizontalLine(QCPAxisRect* row, double value, const QPen& pen);
+
+enum class Edge { Top, Bottom };
+/// To the right of the line at this time.
+void addLabel(QCPAxisRect* row, double time, Edge edge, const QString& text, const QColor& color);
+/// At the left end of the line at this value.
+void addValueLabel(QCPAxisRect* row, double value, const QString& text, const QColor& color);
+} // namespace PlotItems
+
+} // namespace vanto

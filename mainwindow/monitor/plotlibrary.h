@@ -1,0 +1,6 @@
+#pragma once
+
+// The header uses the keyword foreach of Qt, which this program is built without.
+#define foreach(variable, container) for (variable : container)
+#include <qcustomplot.h>
+#undef foreach
