@@ -296,17 +296,6 @@ Gerät nach Aufforderung einschalten.</translation>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>&apos;%1&apos; already exists.</source>
-        <translation>&apos;%1&apos; ist bereits vorhanden.</translation>
-    </message>
-    <message>
-        <source>Do you want to replace it?</source>
-        <translation>Möchten Sie die Datei ersetzen?</translation>
-    </message>
-</context>
-<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -599,8 +588,8 @@ und neu anmelden.</translation>
 <context>
     <name>StepEditors</name>
     <message>
-        <source>Not sent. Press Return to send it.</source>
-        <translation>Nicht gesendet. Drücken Sie zum Senden die Eingabetaste.</translation>
+        <source>Not stored. Press Return to send and store it.</source>
+        <translation>Nicht gespeichert. Eingabetaste sendet und speichert den Wert.</translation>
     </message>
 </context>
 <context>
@@ -645,6 +634,69 @@ und neu anmelden.</translation>
     <message>
         <source>Failed when openning port &apos;%1&apos;.</source>
         <translation>Öffnen von Port „%1“ fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ActionMarkers</name>
+    <message>
+        <source>Write %1: P %2, I %3, D %4, G %5</source>
+        <translation>%1 setzen: P %2, I %3, D %4, G %5</translation>
+    </message>
+    <message>
+        <source>Write %1: current limit %2</source>
+        <translation>%1 setzen: Stromgrenze %2</translation>
+    </message>
+    <message>
+        <source>Write %1: force limit %2</source>
+        <translation>%1 setzen: Kraftgrenze %2</translation>
+    </message>
+    <message>
+        <source>Write %1: position limits %2, %3</source>
+        <translation>%1 setzen: Positionsgrenzen %2, %3</translation>
+    </message>
+    <message>
+        <source>Write self-test level %1</source>
+        <translation>Selbsttest-Stufe %1 setzen</translation>
+    </message>
+    <message>
+        <source>Write beep switch %1</source>
+        <translation>Signaltöne %1 setzen</translation>
+    </message>
+    <message>
+        <source>Write calibration</source>
+        <translation>Kalibrierung setzen</translation>
+    </message>
+    <message>
+        <source>Init</source>
+        <translation>Initialisieren</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>Kalibrieren</translation>
+    </message>
+    <message>
+        <source>Set %1: %2</source>
+        <translation>%1 bewegen: %2</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Halt</source>
+        <translation>Halt</translation>
+    </message>
+    <message>
+        <source>Step %1</source>
+        <translation>Schritt %1</translation>
+    </message>
+    <message>
+        <source>%1 (and %2 more)</source>
+        <translation>%1 (und %2 weitere)</translation>
     </message>
 </context>
 <context>
@@ -1038,6 +1090,54 @@ Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</transl
     </message>
 </context>
 <context>
+    <name>vanto::CursorPanel</name>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Cursor %1</source>
+        <translation>Cursor %1</translation>
+    </message>
+    <message>
+        <source>Values at the cursors and between them</source>
+        <translation>Werte an den Cursorn und dazwischen</translation>
+    </message>
+    <message>
+        <source>Cursor 1</source>
+        <translation>Cursor 1</translation>
+    </message>
+    <message>
+        <source>Cursor 2</source>
+        <translation>Cursor 2</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mittelwert</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>%1 s apart</source>
+        <translation>Abstand %1 s</translation>
+    </message>
+    <message>
+        <source>The recording is too large for means: it is shown as minima and maxima of groups of samples.</source>
+        <translation>Die Aufzeichnung ist für Mittelwerte zu groß: Sie wird als Minima und Maxima von Gruppen von Messwerten gezeigt.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>finger, quantity</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -1103,6 +1203,13 @@ Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</transl
 %2 of %3</source>
         <translation>%1
 %2 von %3</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::FingerLegend</name>
+    <message>
+        <source>Shows the lines of this finger</source>
+        <translation>Zeigt die Linien dieses Fingers</translation>
     </message>
 </context>
 <context>
@@ -1479,12 +1586,8 @@ Unterstützte Protokolle:</translation>
         <translation>Marke</translation>
     </message>
     <message>
-        <source>Open recording</source>
-        <translation>Aufzeichnung öffnen</translation>
-    </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>Alle Dateien (*)</translation>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
     </message>
 </context>
 <context>
@@ -1513,6 +1616,18 @@ Unterstützte Protokolle:</translation>
         <source>Time (s)</source>
         <translation>Zeit (s)</translation>
     </message>
+    <message>
+        <source>Limit %1 mA</source>
+        <translation>Grenze %1 mA</translation>
+    </message>
+    <message>
+        <source>Player %1 mA</source>
+        <translation>Wiedergabe %1 mA</translation>
+    </message>
+    <message>
+        <source>Left and Right move the time, Plus and Minus zoom it, Home returns.</source>
+        <translation>Links und Rechts verschieben die Zeit, Plus und Minus vergrößern und verkleinern, Pos1 kehrt zurück.</translation>
+    </message>
 </context>
 <context>
     <name>vanto::NoticeBar</name>
@@ -1527,6 +1642,50 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Show</source>
         <translation>Anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::OverlayBar</name>
+    <message>
+        <source>At the last marker</source>
+        <translation>An der letzten Marke</translation>
+    </message>
+    <message>
+        <source>Time of the overlay that is aligned</source>
+        <translation>Zeit der Überlagerung, die ausgerichtet wird</translation>
+    </message>
+    <message>
+        <source>at </source>
+        <translation>bei </translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Where it is placed</source>
+        <translation>Wohin sie gelegt wird</translation>
+    </message>
+    <message>
+        <source>Moves the overlay to each new marker</source>
+        <translation>Legt die Überlagerung an jede neue Marke</translation>
+    </message>
+    <message>
+        <source>Remove Overlay</source>
+        <translation>Überlagerung entfernen</translation>
+    </message>
+    <message>
+        <source>Overlay: %1</source>
+        <translation>Überlagerung: %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 s</source>
+        <comment>marker, time</comment>
+        <translation>%1, %2 s</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Anfang</translation>
     </message>
 </context>
 <context>
@@ -1764,6 +1923,41 @@ Werte der Datei wiederherstellen?</translation>
         <source>It is not known which calibration the hand has now, it may be incomplete. Close this dialog and compare again.</source>
         <translation>Es ist nicht bekannt, welche Kalibrierung die Hand jetzt hat; sie kann unvollständig sein. Schließen Sie diesen Dialog und vergleichen Sie erneut.</translation>
     </message>
+    <message>
+        <source>The calibration of the hand was read again.</source>
+        <translation>Die Kalibrierung der Hand wurde erneut gelesen.</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::PlotPanel</name>
+    <message>
+        <source>Limits</source>
+        <translation>Grenzen</translation>
+    </message>
+    <message>
+        <source>The current limits that were read last, and the limit of the player</source>
+        <translation>Die zuletzt gelesenen Stromgrenzen und die Grenze der Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Cursors</source>
+        <translation>Cursor</translation>
+    </message>
+    <message>
+        <source>Drag a cursor, or click to place the nearer one. The table shows their values.</source>
+        <translation>Einen Cursor ziehen oder den näheren mit einem Klick setzen. Die Tabelle zeigt ihre Werte.</translation>
+    </message>
+    <message>
+        <source>Overlay...</source>
+        <translation>Überlagern...</translation>
+    </message>
+    <message>
+        <source>Plots an earlier recording over these samples</source>
+        <translation>Zeichnet eine frühere Aufzeichnung über diese Messwerte</translation>
+    </message>
+    <message>
+        <source>Open overlay</source>
+        <translation>Überlagerung öffnen</translation>
+    </message>
 </context>
 <context>
     <name>vanto::RecentFiles</name>
@@ -1817,6 +2011,18 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>The picture could not be saved in &apos;%1&apos;.</source>
         <translation>Das Bild konnte nicht in „%1“ gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>Aufzeichnungen (*.csv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>Aufzeichnung öffnen</translation>
     </message>
 </context>
 <context>
@@ -2052,10 +2258,6 @@ Werte der Datei wiederherstellen?</translation>
         <translation>D&amp;uplizieren</translation>
     </message>
     <message>
-        <source>Move &amp;Up</source>
-        <translation>Nach &amp;oben verschieben</translation>
-    </message>
-    <message>
         <source>Move Do&amp;wn</source>
         <translation>Nach u&amp;nten verschieben</translation>
     </message>
@@ -2104,6 +2306,10 @@ Werte der Datei wiederherstellen?</translation>
         <extracomment>&quot;&amp;Undo&quot; or &quot;&amp;Redo&quot;, and the name of the change</extracomment>
         <translation>%1 %2</translation>
     </message>
+    <message>
+        <source>Mo&amp;ve Up</source>
+        <translation>Nach &amp;oben verschieben</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SequenceDraft</name>
@@ -2137,10 +2343,6 @@ Werte der Datei wiederherstellen?</translation>
 </context>
 <context>
     <name>vanto::SequenceFiles</name>
-    <message>
-        <source>Recent &amp;Sequences</source>
-        <translation>&amp;Zuletzt geöffnete Sequenzen</translation>
-    </message>
     <message>
         <source>The draft of the sequence is not saved: %1</source>
         <translation>Der Entwurf der Sequenz ist nicht gespeichert: %1</translation>
@@ -2180,6 +2382,10 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>Not saved: %1, 1 step, %2</source>
         <translation>Nicht gespeichert: %1, 1 Schritt, %2</translation>
+    </message>
+    <message>
+        <source>Recent Se&amp;quences</source>
+        <translation>&amp;Zuletzt geöffnete Sequenzen</translation>
     </message>
 </context>
 <context>
@@ -2522,6 +2728,7 @@ Werte der Datei wiederherstellen?</translation>
     <name>vanto::SequenceStatus</name>
     <message>
         <source>Step %1: delay %2 ms, speeds %3</source>
+        <extracomment>%3 lists the speeds in the order of the columns</extracomment>
         <translation>Schritt %1: Wartezeit %2 ms, Tempo %3</translation>
     </message>
     <message>
@@ -2549,8 +2756,8 @@ Werte der Datei wiederherstellen?</translation>
         <translation>Nicht gesendet; Eingabetaste sendet. %1</translation>
     </message>
     <message>
-        <source>A value is not sent; Return sends it. %1</source>
-        <translation>Ein Wert ist nicht gesendet; Eingabetaste sendet ihn. %1</translation>
+        <source>A value is not stored; press Return in its field. %1</source>
+        <translation>Ein Wert ist nicht gespeichert; die Eingabetaste in seinem Feld speichert ihn. %1</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +3155,41 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>target of %1</source>
         <translation>(Ziel von %1)</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::StepResults</name>
+    <message>
+        <source>Copy Peaks as Te&amp;xt</source>
+        <translation>Spitzenwerte als Te&amp;xt kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Peaks as &amp;JSON</source>
+        <translation>Spitzenwerte als &amp;JSON kopieren</translation>
+    </message>
+    <message>
+        <source>%1 %2 mA</source>
+        <translation>%1 %2 mA</translation>
+    </message>
+    <message>
+        <source>Last run: %1 ms; highest current: %2</source>
+        <translation>Letzter Lauf: %1 ms; höchster Strom: %2</translation>
+    </message>
+    <message>
+        <source>Last run, %1 rounds: at most %2 ms; highest current: %3</source>
+        <translation>Letzter Lauf, %1 Durchläufe: höchstens %2 ms; höchster Strom: %3</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+    <message>
+        <source>Time (ms)</source>
+        <translation>Zeit (ms)</translation>
+    </message>
+    <message>
+        <source>%1 (mA)</source>
+        <translation>%1 (mA)</translation>
     </message>
 </context>
 <context>

@@ -296,17 +296,6 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>&apos;%1&apos; already exists.</source>
-        <translation>&apos;%1&apos; は既に存在します。</translation>
-    </message>
-    <message>
-        <source>Do you want to replace it?</source>
-        <translation>置き換えますか?</translation>
-    </message>
-</context>
-<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -599,8 +588,8 @@ and log in again.</source>
 <context>
     <name>StepEditors</name>
     <message>
-        <source>Not sent. Press Return to send it.</source>
-        <translation>未送信です。Enter キーを押すと送信します。</translation>
+        <source>Not stored. Press Return to send and store it.</source>
+        <translation>保存されていません。Enter キーで送信して保存します。</translation>
     </message>
 </context>
 <context>
@@ -645,6 +634,69 @@ and log in again.</source>
     <message>
         <source>Failed when openning port &apos;%1&apos;.</source>
         <translation>ポート「%1」を開けませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ActionMarkers</name>
+    <message>
+        <source>Write %1: P %2, I %3, D %4, G %5</source>
+        <translation>%1を書き込み: P %2、I %3、D %4、G %5</translation>
+    </message>
+    <message>
+        <source>Write %1: current limit %2</source>
+        <translation>%1を書き込み: 電流上限 %2</translation>
+    </message>
+    <message>
+        <source>Write %1: force limit %2</source>
+        <translation>%1を書き込み: 力上限 %2</translation>
+    </message>
+    <message>
+        <source>Write %1: position limits %2, %3</source>
+        <translation>%1を書き込み: 位置の上下限 %2、%3</translation>
+    </message>
+    <message>
+        <source>Write self-test level %1</source>
+        <translation>自己診断レベル %1 を書き込み</translation>
+    </message>
+    <message>
+        <source>Write beep switch %1</source>
+        <translation>ビープ設定 %1 を書き込み</translation>
+    </message>
+    <message>
+        <source>Write calibration</source>
+        <translation>校正を書き込み</translation>
+    </message>
+    <message>
+        <source>Init</source>
+        <translation>初期化</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>校正</translation>
+    </message>
+    <message>
+        <source>Set %1: %2</source>
+        <translation>%1を設定: %2</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>再開</translation>
+    </message>
+    <message>
+        <source>Halt</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Step %1</source>
+        <translation>ステップ %1</translation>
+    </message>
+    <message>
+        <source>%1 (and %2 more)</source>
+        <translation>%1 (他 %2 件)</translation>
     </message>
 </context>
 <context>
@@ -1038,6 +1090,54 @@ With several hands on the bus, all of them act and their replies collide.</sourc
     </message>
 </context>
 <context>
+    <name>vanto::CursorPanel</name>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Cursor %1</source>
+        <translation>カーソル %1</translation>
+    </message>
+    <message>
+        <source>Values at the cursors and between them</source>
+        <translation>カーソル位置とその間の値</translation>
+    </message>
+    <message>
+        <source>Cursor 1</source>
+        <translation>カーソル 1</translation>
+    </message>
+    <message>
+        <source>Cursor 2</source>
+        <translation>カーソル 2</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>平均</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>最大</translation>
+    </message>
+    <message>
+        <source>%1 s apart</source>
+        <translation>間隔 %1 s</translation>
+    </message>
+    <message>
+        <source>The recording is too large for means: it is shown as minima and maxima of groups of samples.</source>
+        <translation>記録が大きすぎるため平均は計算できません。サンプルのグループごとの最小値と最大値で表示しています。</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>finger, quantity</comment>
+        <translation>%1、%2</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -1103,6 +1203,13 @@ With several hands on the bus, all of them act and their replies collide.</sourc
 %2 of %3</source>
         <translation>%1
 %2 / %3</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::FingerLegend</name>
+    <message>
+        <source>Shows the lines of this finger</source>
+        <translation>この指の線を表示します</translation>
     </message>
 </context>
 <context>
@@ -1479,12 +1586,8 @@ Supported protocol:</source>
         <translation>マーカー</translation>
     </message>
     <message>
-        <source>Open recording</source>
-        <translation>記録を開く</translation>
-    </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>すべてのファイル (*)</translation>
+        <source>%1 min</source>
+        <translation>%1 分</translation>
     </message>
 </context>
 <context>
@@ -1513,6 +1616,18 @@ Supported protocol:</source>
         <source>Time (s)</source>
         <translation>時間 (秒)</translation>
     </message>
+    <message>
+        <source>Limit %1 mA</source>
+        <translation>上限 %1 mA</translation>
+    </message>
+    <message>
+        <source>Player %1 mA</source>
+        <translation>再生 %1 mA</translation>
+    </message>
+    <message>
+        <source>Left and Right move the time, Plus and Minus zoom it, Home returns.</source>
+        <translation>左右キーで時間を移動し、+ と - で拡大・縮小し、Home で戻ります。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::NoticeBar</name>
@@ -1527,6 +1642,50 @@ Supported protocol:</source>
     <message>
         <source>Show</source>
         <translation>表示</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::OverlayBar</name>
+    <message>
+        <source>At the last marker</source>
+        <translation>最後のマーカーに合わせる</translation>
+    </message>
+    <message>
+        <source>Time of the overlay that is aligned</source>
+        <translation>位置を合わせる重ね表示の時刻</translation>
+    </message>
+    <message>
+        <source>at </source>
+        <translation>位置 </translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Where it is placed</source>
+        <translation>配置する時刻</translation>
+    </message>
+    <message>
+        <source>Moves the overlay to each new marker</source>
+        <translation>新しいマーカーごとに重ね表示を移動します</translation>
+    </message>
+    <message>
+        <source>Remove Overlay</source>
+        <translation>重ね表示を消去</translation>
+    </message>
+    <message>
+        <source>Overlay: %1</source>
+        <translation>重ね表示: %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 s</source>
+        <comment>marker, time</comment>
+        <translation>%1、%2 s</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>開始</translation>
     </message>
 </context>
 <context>
@@ -1764,6 +1923,41 @@ Restore those of the file?</source>
         <source>It is not known which calibration the hand has now, it may be incomplete. Close this dialog and compare again.</source>
         <translation>ハンドの現在の校正は不明です。不完全な可能性があります。このダイアログを閉じて、もう一度比較してください。</translation>
     </message>
+    <message>
+        <source>The calibration of the hand was read again.</source>
+        <translation>ハンドの校正を読み直しました。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::PlotPanel</name>
+    <message>
+        <source>Limits</source>
+        <translation>上限</translation>
+    </message>
+    <message>
+        <source>The current limits that were read last, and the limit of the player</source>
+        <translation>最後に読み出した電流上限と再生時の上限</translation>
+    </message>
+    <message>
+        <source>Cursors</source>
+        <translation>カーソル</translation>
+    </message>
+    <message>
+        <source>Drag a cursor, or click to place the nearer one. The table shows their values.</source>
+        <translation>カーソルをドラッグするか、クリックして近い方を置きます。値は表に表示されます。</translation>
+    </message>
+    <message>
+        <source>Overlay...</source>
+        <translation>重ねて表示...</translation>
+    </message>
+    <message>
+        <source>Plots an earlier recording over these samples</source>
+        <translation>以前の記録をこのサンプルに重ねて表示します</translation>
+    </message>
+    <message>
+        <source>Open overlay</source>
+        <translation>重ねる記録を開く</translation>
+    </message>
 </context>
 <context>
     <name>vanto::RecentFiles</name>
@@ -1817,6 +2011,18 @@ Restore those of the file?</source>
     <message>
         <source>The picture could not be saved in &apos;%1&apos;.</source>
         <translation>画像を「%1」に保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>記録 (*.csv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>記録を開く</translation>
     </message>
 </context>
 <context>
@@ -2052,10 +2258,6 @@ Restore those of the file?</source>
         <translation>複製(&amp;D)</translation>
     </message>
     <message>
-        <source>Move &amp;Up</source>
-        <translation>上へ移動(&amp;M)</translation>
-    </message>
-    <message>
         <source>Move Do&amp;wn</source>
         <translation>下へ移動(&amp;W)</translation>
     </message>
@@ -2104,6 +2306,10 @@ Restore those of the file?</source>
         <extracomment>&quot;&amp;Undo&quot; or &quot;&amp;Redo&quot;, and the name of the change</extracomment>
         <translation>%1 %2</translation>
     </message>
+    <message>
+        <source>Mo&amp;ve Up</source>
+        <translation>上へ移動(&amp;V)</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SequenceDraft</name>
@@ -2137,10 +2343,6 @@ Restore those of the file?</source>
 </context>
 <context>
     <name>vanto::SequenceFiles</name>
-    <message>
-        <source>Recent &amp;Sequences</source>
-        <translation>最近使ったシーケンス(&amp;R)</translation>
-    </message>
     <message>
         <source>The draft of the sequence is not saved: %1</source>
         <translation>シーケンスの下書きが保存されていません: %1</translation>
@@ -2180,6 +2382,10 @@ Restore those of the file?</source>
     <message>
         <source>Not saved: %1, 1 step, %2</source>
         <translation>未保存: %1、1 ステップ、%2</translation>
+    </message>
+    <message>
+        <source>Recent Se&amp;quences</source>
+        <translation>最近使ったシーケンス(&amp;Q)</translation>
     </message>
 </context>
 <context>
@@ -2522,6 +2728,7 @@ Restore those of the file?</source>
     <name>vanto::SequenceStatus</name>
     <message>
         <source>Step %1: delay %2 ms, speeds %3</source>
+        <extracomment>%3 lists the speeds in the order of the columns</extracomment>
         <translation>ステップ %1: 待ち時間 %2 ms、速度 %3</translation>
     </message>
     <message>
@@ -2549,8 +2756,8 @@ Restore those of the file?</source>
         <translation>未送信です。Enter キーで送信します。%1</translation>
     </message>
     <message>
-        <source>A value is not sent; Return sends it. %1</source>
-        <translation>未送信の値があります。Enter キーで送信します。%1</translation>
+        <source>A value is not stored; press Return in its field. %1</source>
+        <translation>保存されていない値があります。その欄で Enter キーを押してください。%1</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +3155,41 @@ Restore those of the file?</source>
     <message>
         <source>target of %1</source>
         <translation>%1の目標</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::StepResults</name>
+    <message>
+        <source>Copy Peaks as Te&amp;xt</source>
+        <translation>ピークをテキストとしてコピー(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Copy Peaks as &amp;JSON</source>
+        <translation>ピークを JSON としてコピー(&amp;J)</translation>
+    </message>
+    <message>
+        <source>%1 %2 mA</source>
+        <translation>%1 %2 mA</translation>
+    </message>
+    <message>
+        <source>Last run: %1 ms; highest current: %2</source>
+        <translation>前回の実行: %1 ms、最大電流: %2</translation>
+    </message>
+    <message>
+        <source>Last run, %1 rounds: at most %2 ms; highest current: %3</source>
+        <translation>前回の実行、%1 回: 最大 %2 ms、最大電流: %3</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>ステップ</translation>
+    </message>
+    <message>
+        <source>Time (ms)</source>
+        <translation>時間 (ms)</translation>
+    </message>
+    <message>
+        <source>%1 (mA)</source>
+        <translation>%1 (mA)</translation>
     </message>
 </context>
 <context>

@@ -296,17 +296,6 @@ Power on the device when prompted.</source>
     </message>
 </context>
 <context>
-    <name>MessageList</name>
-    <message>
-        <source>&apos;%1&apos; already exists.</source>
-        <translation>&apos;%1&apos; 已存在。</translation>
-    </message>
-    <message>
-        <source>Do you want to replace it?</source>
-        <translation>是否替换？</translation>
-    </message>
-</context>
-<context>
     <name>NodeDialogs</name>
     <message>
         <source>Both</source>
@@ -599,8 +588,8 @@ and log in again.</source>
 <context>
     <name>StepEditors</name>
     <message>
-        <source>Not sent. Press Return to send it.</source>
-        <translation>未发送。按回车键发送。</translation>
+        <source>Not stored. Press Return to send and store it.</source>
+        <translation>未保存。按回车键发送并保存。</translation>
     </message>
 </context>
 <context>
@@ -645,6 +634,69 @@ and log in again.</source>
     <message>
         <source>Failed when openning port &apos;%1&apos;.</source>
         <translation>打开端口“%1”时失败。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::ActionMarkers</name>
+    <message>
+        <source>Write %1: P %2, I %3, D %4, G %5</source>
+        <translation>写入%1：P %2，I %3，D %4，G %5</translation>
+    </message>
+    <message>
+        <source>Write %1: current limit %2</source>
+        <translation>写入%1：电流上限 %2</translation>
+    </message>
+    <message>
+        <source>Write %1: force limit %2</source>
+        <translation>写入%1：力上限 %2</translation>
+    </message>
+    <message>
+        <source>Write %1: position limits %2, %3</source>
+        <translation>写入%1：位置限制 %2，%3</translation>
+    </message>
+    <message>
+        <source>Write self-test level %1</source>
+        <translation>写入自检级别 %1</translation>
+    </message>
+    <message>
+        <source>Write beep switch %1</source>
+        <translation>写入蜂鸣开关 %1</translation>
+    </message>
+    <message>
+        <source>Write calibration</source>
+        <translation>写入校准</translation>
+    </message>
+    <message>
+        <source>Init</source>
+        <translation>初始化</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>复位</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>校准</translation>
+    </message>
+    <message>
+        <source>Set %1: %2</source>
+        <translation>设置%1：%2</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>继续</translation>
+    </message>
+    <message>
+        <source>Halt</source>
+        <translation>急停</translation>
+    </message>
+    <message>
+        <source>Step %1</source>
+        <translation>步骤 %1</translation>
+    </message>
+    <message>
+        <source>%1 (and %2 more)</source>
+        <translation>%1（另有 %2 个）</translation>
     </message>
 </context>
 <context>
@@ -1038,6 +1090,54 @@ With several hands on the bus, all of them act and their replies collide.</sourc
     </message>
 </context>
 <context>
+    <name>vanto::CursorPanel</name>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Cursor %1</source>
+        <translation>游标 %1</translation>
+    </message>
+    <message>
+        <source>Values at the cursors and between them</source>
+        <translation>游标处及其间的值</translation>
+    </message>
+    <message>
+        <source>Cursor 1</source>
+        <translation>游标 1</translation>
+    </message>
+    <message>
+        <source>Cursor 2</source>
+        <translation>游标 2</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>平均值</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>最大值</translation>
+    </message>
+    <message>
+        <source>%1 s apart</source>
+        <translation>相距 %1 s</translation>
+    </message>
+    <message>
+        <source>The recording is too large for means: it is shown as minima and maxima of groups of samples.</source>
+        <translation>录制文件过大，无法计算平均值：以各组采样的最小值和最大值显示。</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>finger, quantity</comment>
+        <translation>%1，%2</translation>
+    </message>
+</context>
+<context>
     <name>vanto::DeviceBar</name>
     <message>
         <source>Unknown device protocol type</source>
@@ -1103,6 +1203,13 @@ With several hands on the bus, all of them act and their replies collide.</sourc
 %2 of %3</source>
         <translation>%1
 %2 / %3</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::FingerLegend</name>
+    <message>
+        <source>Shows the lines of this finger</source>
+        <translation>显示此手指的曲线</translation>
     </message>
 </context>
 <context>
@@ -1479,12 +1586,8 @@ Supported protocol:</source>
         <translation>标记</translation>
     </message>
     <message>
-        <source>Open recording</source>
-        <translation>打开录制文件</translation>
-    </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>所有文件 (*)</translation>
+        <source>%1 min</source>
+        <translation>%1 分钟</translation>
     </message>
 </context>
 <context>
@@ -1513,6 +1616,18 @@ Supported protocol:</source>
         <source>Time (s)</source>
         <translation>时间 (s)</translation>
     </message>
+    <message>
+        <source>Limit %1 mA</source>
+        <translation>上限 %1 mA</translation>
+    </message>
+    <message>
+        <source>Player %1 mA</source>
+        <translation>播放 %1 mA</translation>
+    </message>
+    <message>
+        <source>Left and Right move the time, Plus and Minus zoom it, Home returns.</source>
+        <translation>左右键移动时间，加减键缩放，Home 键返回。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::NoticeBar</name>
@@ -1527,6 +1642,50 @@ Supported protocol:</source>
     <message>
         <source>Show</source>
         <translation>显示</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::OverlayBar</name>
+    <message>
+        <source>At the last marker</source>
+        <translation>对齐最后一个标记</translation>
+    </message>
+    <message>
+        <source>Time of the overlay that is aligned</source>
+        <translation>叠加曲线中用于对齐的时刻</translation>
+    </message>
+    <message>
+        <source>at </source>
+        <translation>位于 </translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Where it is placed</source>
+        <translation>放置的时刻</translation>
+    </message>
+    <message>
+        <source>Moves the overlay to each new marker</source>
+        <translation>将叠加曲线移到每个新标记处</translation>
+    </message>
+    <message>
+        <source>Remove Overlay</source>
+        <translation>移除叠加曲线</translation>
+    </message>
+    <message>
+        <source>Overlay: %1</source>
+        <translation>叠加：%1</translation>
+    </message>
+    <message>
+        <source>%1, %2 s</source>
+        <comment>marker, time</comment>
+        <translation>%1，%2 s</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>开始</translation>
     </message>
 </context>
 <context>
@@ -1764,6 +1923,41 @@ Restore those of the file?</source>
         <source>It is not known which calibration the hand has now, it may be incomplete. Close this dialog and compare again.</source>
         <translation>无法确定灵巧手当前的校准，可能不完整。请关闭此对话框并重新比较。</translation>
     </message>
+    <message>
+        <source>The calibration of the hand was read again.</source>
+        <translation>已重新读取灵巧手的校准。</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::PlotPanel</name>
+    <message>
+        <source>Limits</source>
+        <translation>上限</translation>
+    </message>
+    <message>
+        <source>The current limits that were read last, and the limit of the player</source>
+        <translation>最近读取的电流上限和播放上限</translation>
+    </message>
+    <message>
+        <source>Cursors</source>
+        <translation>游标</translation>
+    </message>
+    <message>
+        <source>Drag a cursor, or click to place the nearer one. The table shows their values.</source>
+        <translation>拖动游标，或单击放置较近的一个。表格显示其值。</translation>
+    </message>
+    <message>
+        <source>Overlay...</source>
+        <translation>叠加...</translation>
+    </message>
+    <message>
+        <source>Plots an earlier recording over these samples</source>
+        <translation>将以前的录制叠加在当前采样上</translation>
+    </message>
+    <message>
+        <source>Open overlay</source>
+        <translation>打开叠加录制</translation>
+    </message>
 </context>
 <context>
     <name>vanto::RecentFiles</name>
@@ -1817,6 +2011,18 @@ Restore those of the file?</source>
     <message>
         <source>The picture could not be saved in &apos;%1&apos;.</source>
         <translation>无法将图片保存到“%1”。</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>录制文件 (*.csv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>打开录制文件</translation>
     </message>
 </context>
 <context>
@@ -2052,10 +2258,6 @@ Restore those of the file?</source>
         <translation>生成副本(&amp;D)</translation>
     </message>
     <message>
-        <source>Move &amp;Up</source>
-        <translation>上移(&amp;M)</translation>
-    </message>
-    <message>
         <source>Move Do&amp;wn</source>
         <translation>下移(&amp;W)</translation>
     </message>
@@ -2104,6 +2306,10 @@ Restore those of the file?</source>
         <extracomment>&quot;&amp;Undo&quot; or &quot;&amp;Redo&quot;, and the name of the change</extracomment>
         <translation>%1 %2</translation>
     </message>
+    <message>
+        <source>Mo&amp;ve Up</source>
+        <translation>上移(&amp;V)</translation>
+    </message>
 </context>
 <context>
     <name>vanto::SequenceDraft</name>
@@ -2137,10 +2343,6 @@ Restore those of the file?</source>
 </context>
 <context>
     <name>vanto::SequenceFiles</name>
-    <message>
-        <source>Recent &amp;Sequences</source>
-        <translation>最近的序列(&amp;R)</translation>
-    </message>
     <message>
         <source>The draft of the sequence is not saved: %1</source>
         <translation>序列草稿未保存：%1</translation>
@@ -2180,6 +2382,10 @@ Restore those of the file?</source>
     <message>
         <source>Not saved: %1, 1 step, %2</source>
         <translation>未保存：%1，1 个步骤，%2</translation>
+    </message>
+    <message>
+        <source>Recent Se&amp;quences</source>
+        <translation>最近的序列(&amp;Q)</translation>
     </message>
 </context>
 <context>
@@ -2522,6 +2728,7 @@ Restore those of the file?</source>
     <name>vanto::SequenceStatus</name>
     <message>
         <source>Step %1: delay %2 ms, speeds %3</source>
+        <extracomment>%3 lists the speeds in the order of the columns</extracomment>
         <translation>步骤 %1：延时 %2 ms，速度 %3</translation>
     </message>
     <message>
@@ -2549,8 +2756,8 @@ Restore those of the file?</source>
         <translation>未发送；按回车键发送。%1</translation>
     </message>
     <message>
-        <source>A value is not sent; Return sends it. %1</source>
-        <translation>有一个值未发送；按回车键发送。%1</translation>
+        <source>A value is not stored; press Return in its field. %1</source>
+        <translation>有一个值未保存；请在其输入框中按回车键。%1</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +3155,41 @@ Restore those of the file?</source>
     <message>
         <source>target of %1</source>
         <translation>修改%1的目标</translation>
+    </message>
+</context>
+<context>
+    <name>vanto::StepResults</name>
+    <message>
+        <source>Copy Peaks as Te&amp;xt</source>
+        <translation>将峰值复制为文本(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Copy Peaks as &amp;JSON</source>
+        <translation>将峰值复制为 JSON(&amp;J)</translation>
+    </message>
+    <message>
+        <source>%1 %2 mA</source>
+        <translation>%1 %2 mA</translation>
+    </message>
+    <message>
+        <source>Last run: %1 ms; highest current: %2</source>
+        <translation>上次运行：%1 ms；最大电流：%2</translation>
+    </message>
+    <message>
+        <source>Last run, %1 rounds: at most %2 ms; highest current: %3</source>
+        <translation>上次运行，%1 轮：最长 %2 ms；最大电流：%3</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>步骤</translation>
+    </message>
+    <message>
+        <source>Time (ms)</source>
+        <translation>时间 (ms)</translation>
+    </message>
+    <message>
+        <source>%1 (mA)</source>
+        <translation>%1 (mA)</translation>
     </message>
 </context>
 <context>
