@@ -1,5 +1,6 @@
 // How the monkey edits and plays a sequence.
 
+#include "fingers.h"
 #include "monkey.h"
 #include "sequencedraft.h"
 #include "sequencemanager.h"
@@ -24,7 +25,6 @@ namespace
 {
 constexpr int MaxRows = 100; ///< of a sequence; more are removed
 constexpr int Drafts = 3;    ///< of earlier sessions
-constexpr int FingerCount = 6;
 constexpr int LongestPosition = 70'000; ///< out of range in some cases
 
 /// Clicks on a row with Ctrl, which selects it without playing it.
