@@ -20,7 +20,7 @@ namespace
 {
 constexpr int Decimals = 3;        ///< of seconds
 constexpr double MaxSeconds = 1e9; ///< of a recording
-constexpr int VisibleRows = 6;
+constexpr int VisibleRows = 4;
 enum CursorColumn { First, Second, Minimum, Mean, Maximum, CursorColumnCount };
 } // namespace
 

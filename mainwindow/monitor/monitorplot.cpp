@@ -1,6 +1,7 @@
 #include "monitorplot.h"
 
 #include "fingernames.h"
+#include "motionguard.h"
 #include "plotcursors.h"
 #include "plotitems.h"
 #include "plotlibrary.h"
@@ -15,6 +16,7 @@
 #include <QStyleOptionFocusRect>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <limits>
 
 namespace vanto
@@ -31,6 +33,7 @@ constexpr int LineWidth = 1;           ///< pixels; lines of more take a hundred
 constexpr double OverlayOpacity = 0.5;
 constexpr int FocusMargin = 2; ///< pixels
 constexpr int MiddleLightness = 128;
+constexpr int MaxLimitRatio = 2;   ///< of a shown limit to the highest current
 constexpr double ScrollStep = 0.1; ///< of the shown time, by key
 constexpr double ZoomFactor = 0.8; ///< by key
 constexpr double MinSpan = 0.01;   ///< seconds, by key
@@ -310,8 +313,12 @@ std::vector<LimitLine> MonitorPlot::limits() const
 void MonitorPlot::scaleValues(Row& row)
 {
     if (row.quantity == Quantity::Current) {
-        for (const LimitLine& limit : limits())
-            row.range.add(limit.value);
+        // One far above the currents would leave no room for them.
+        const int highest = MaxLimitRatio * std::max(row.range.max, MotionGuard::CurrentLimitMa);
+        for (const LimitLine& limit : limits()) {
+            if (limit.value <= highest)
+                row.range.add(limit.value);
+        }
     }
     if (row.range.isEmpty())
         return;
@@ -324,16 +331,28 @@ void MonitorPlot::addItems()
 {
     m_plot->clearItems();
     addMarkers();
-    for (const Row& row : m_rows) {
-        if (row.quantity != Quantity::Current)
-            continue;
-        for (const LimitLine& limit : limits()) {
-            const QColor color = limit.finger ? fingerColor(*limit.finger) : m_textColor;
-            PlotItems::addHorizontalLine(row.rect, limit.value, QPen(color, 1, Qt::DotLine));
-            PlotItems::addValueLabel(row.rect, limit.value, limit.text, color);
-        }
-    }
+    if (!m_rows.empty() && m_rows.front().quantity == Quantity::Current)
+        addLimits(m_rows.front().rect);
     m_cursors->addItems(rects(), QPen(m_textColor, 1));
+}
+
+/// Labels that would overlap are left out.
+void MonitorPlot::addLimits(QCPAxisRect* row)
+{
+    const QCPAxis* const axis = row->axis(QCPAxis::atLeft);
+    std::vector<double> used;
+    for (const LimitLine& limit : limits()) {
+        const QColor color = limit.finger ? fingerColor(*limit.finger) : m_textColor;
+        PlotItems::addHorizontalLine(row, limit.value, QPen(color, 1, Qt::DotLine));
+        const double pixel = axis->coordToPixel(limit.value);
+        const bool isFree = std::ranges::all_of(used, [&](double other) {
+            return std::abs(other - pixel) >= m_plot->fontMetrics().height();
+        });
+        if (!isFree)
+            continue;
+        used.push_back(pixel);
+        PlotItems::addValueLabel(row, limit.value, limit.text, color);
+    }
 }
 
 std::vector<QCPAxisRect*> MonitorPlot::rects() const
@@ -344,17 +363,24 @@ std::vector<QCPAxisRect*> MonitorPlot::rects() const
     return rects;
 }
 
+/// Labels that would overlap are left out.
 void MonitorPlot::addMarkers()
 {
     if (m_rows.empty())
         return;
     int count = 0;
+    const QCPAxis* const axis = m_rows.back().rect->axis(QCPAxis::atBottom);
+    double free = 0; // pixels; where the next label can begin
     for (const Marker& marker : m_source.markers(m_fromUs, m_toUs)) {
         if (++count > MaxMarkers)
             return;
         const double time = PlotTime::toSeconds(marker.timeUs);
         for (const Row& row : m_rows)
             PlotItems::addVerticalLine(row.rect, time, QPen(m_textColor, 1, Qt::DashLine));
+        const double pixel = axis->coordToPixel(time);
+        if (pixel < free)
+            continue;
+        free = pixel + m_plot->fontMetrics().horizontalAdvance(marker.text + QLatin1String("  "));
         PlotItems::addLabel(m_rows.back().rect, time, PlotItems::Edge::Bottom, marker.text,
                             m_textColor);
     }

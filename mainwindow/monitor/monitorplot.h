@@ -97,6 +97,7 @@ private:
     void scaleValues(Row& row);
     void addItems();
     void addMarkers();
+    void addLimits(QCPAxisRect* row);
     std::vector<LimitLine> limits() const;
     std::vector<QCPAxisRect*> rects() const;
 

@@ -144,6 +144,29 @@ void TestTelemetry::buffer()
         QCOMPARE(reduced[i].max, expected[i].max);
         QCOMPARE(reduced[i].afterGap, expected[i].afterGap);
     }
+    // The same samples, between two cursors and at them.
+    RangeSum sum;
+    double total = 0;
+    int values = 0;
+    for (const Sample& sample : all) {
+        const std::int32_t value = sample.values[ThumbCurrent];
+        if (sample.timeUs < from || sample.timeUs > to || value == MissingValue)
+            continue;
+        sum.add(value);
+        total += value;
+        ++values;
+    }
+    const RangeStatistics range = buffer.statistics(ThumbCurrent, from, to);
+    QCOMPARE(range.min, sum.result(true).min);
+    QCOMPARE(range.max, sum.result(true).max);
+    QCOMPARE(range.mean.value(), total / values);
+    const std::int64_t gapEnd = all[count - 100].timeUs;
+    const auto at = [&](std::int64_t time) { return buffer.valueAt(ThumbCurrent, time).max; };
+    QCOMPARE(at(gapEnd), all[count - 100].values[ThumbCurrent]);
+    QCOMPARE(at(all[3000].timeUs), all[3000].values[ThumbCurrent]);
+    for (const std::int64_t outside : {buffer.timeAt(0) - 1, all.back().timeUs + 1000})
+        QCOMPARE(at(outside), MissingValue);
+    QCOMPARE(buffer.statistics(ThumbCurrent, to, from).mean, std::nullopt);
     QCOMPARE(buffer.markers(all[3300].timeUs, all[3400].timeUs).value(0).text, QString("3300"));
 }
 
@@ -274,6 +297,14 @@ void TestTelemetry::groups()
             QCOMPARE(reduced[i].afterGap, expected[i].afterGap);
         }
     }
+    // Of groups, the mean is not known, and the first one begins before the time.
+    const RangeStatistics range = exact.statistics(0, 12'340'000, 99'990'000);
+    const RangeStatistics ofGroups = groups.statistics(0, 12'350'000, 99'990'000);
+    QVERIFY(range.mean && !ofGroups.mean && !ofGroups.isEmpty());
+    QVERIFY(ofGroups.min <= range.min && ofGroups.max >= range.max);
+    QCOMPARE(groups.valueAt(4, 12'350'000).max, 7);
+    QCOMPARE(exact.valueAt(0, 12'345'678).min, exact.at(1234, 0).min);
+    QVERIFY(exact.valueAt(0, 49'995'000).isEmpty()); // in the gap
 }
 
 void TestTelemetry::damaged_data()

@@ -1,6 +1,7 @@
 #include "testmain.h"
 #include "testwindow.h"
 
+#include <QCheckBox>
 #include <QFile>
 #include <QLabel>
 #include <QTabWidget>
@@ -127,6 +128,15 @@ void TestTheme::paintedText()
             check(button, button->text());
         for (auto* field : tool.window()->findChildren<QLineEdit*>())
             check(field, field->text());
+    }
+    // The lines of the monitor, if it has a plot.
+    tool.trigger("action_Monitor");
+    const QWidget* plot = tool.window()->findChild<QWidget*>("monitorPlot");
+    for (int finger = 0; plot && finger < 6; ++finger) {
+        const auto* box = tool.find<QCheckBox>(QString("checkBox_MonitorFinger%1").arg(finger));
+        const QColor line = box->icon().pixmap(8).toImage().pixelColor(4, 4);
+        const double ratio = contrast(line, plot->property("backgroundColor").value<QColor>());
+        QVERIFY2(ratio >= ControlContrast, qPrintable(box->text() + QString::number(ratio)));
     }
     QVERIFY2(checked > 60, qPrintable(QString::number(checked)));
 }
