@@ -1,6 +1,8 @@
 #include "currentlimits.h"
 #include "handtest.h"
+#include "pageindex.h"
 #include "recording.h"
+#include "sequencedata.h"
 #include "testmain.h"
 
 #include <QCheckBox>
@@ -10,6 +12,8 @@
 #include <QImage>
 #include <QLabel>
 #include <QTableWidget>
+
+#include <algorithm>
 
 namespace vanto
 {
@@ -31,6 +35,9 @@ private slots:
     void limits();
     void lostPort();
     void locked();
+    void marksActions();
+    void requestWaitsForOneExchange_data() { addProtocols(); }
+    void requestWaitsForOneExchange();
 
 private:
     static void addProtocols() { addTextRows({"protocol"}, {{"serialctrl"}, {"modbus"}}); }
@@ -65,6 +72,7 @@ private:
     {
         return m_tool->find<QTableWidget>("tableWidget_MonitorCursors")->item(row, column)->text();
     }
+    void play(int steps, int delay) const;
     bool onlyReads() const
     {
         for (const QString& frame : frames())
@@ -335,6 +343,114 @@ void TestMonitor::locked()
     m_tool->click("pushButton_BasicRecalibrate");
     QTRY_VERIFY(checked);
     QTRY_VERIFY(m_hand->requests().size() > 0); // then it goes on
+}
+
+/// Loads a sequence and plays it to its end.
+void TestMonitor::play(int steps, int delay) const
+{
+    SequenceData data;
+    for (int step = 0; step < steps; ++step)
+        data.sequences.append({QList<int>(6, 1000 * step), QList<int>(6, 255), delay});
+    QFile file("play.json");
+    QVERIFY(file.open(QFile::WriteOnly) && file.write(data.toJSON()) > 0);
+    file.close();
+    m_tool->showPage(SequenceTab);
+    DialogAnswer<QFileDialog> answer([](QFileDialog* dialog) {
+        chooseFile(*dialog, QFileInfo("play.json").absoluteFilePath());
+    });
+    m_tool->click("pushButton_SeqLoad");
+    QTRY_VERIFY(m_tool->enabled("pushButton_SeqRun"));
+    m_tool->click("pushButton_SeqRun");
+    QTRY_VERIFY(m_tool->enabled("pushButton_SeqRun"));
+}
+
+/// What the user makes the hand do is marked, and while a sequence plays the samples are those of
+/// the player.
+void TestMonitor::marksActions()
+{
+    open({"--node", "2", "--speed", "50"});
+    showMonitor();
+    asFastAsPossible();
+    m_tool->find<QCheckBox>("checkBox_MonitorAngle")->click();
+    QFile::remove("marks.csv");
+    choose("pushButton_MonitorRecord", QDir::current().filePath("marks.csv"));
+    m_tool->showPage(RunTab);
+    m_tool->setField("lineEdit_RunPos1", "30000");
+    m_tool->click("pushButton_RunSetPos1");
+    QTRY_COMPARE(m_hand->command("get 2 target 1"), "ok 30000");
+    m_tool->showPage(SettingTab);
+    const QStringList gains{"P", "I", "D", "G"};
+    for (int i = 0; i < 4; ++i)
+        m_tool->setField(QString("lineEdit_Setting%1%2").arg(gains[i]).arg(5), QString::number(i));
+    m_tool->click("pushButton_SettingWritePID5");
+    QTRY_COMPARE(frames({0x45}).size(), 1);
+    m_hand->clearTrace();
+    play(2, 400);
+    const QStringList all = frames();
+    const auto isMotion = [](const QString& frame) { return frame.startsWith("4c"); };
+    const auto first = std::ranges::find_if(all, isMotion);
+    const auto last = std::find_if(all.rbegin(), all.rend(), isMotion).base();
+    QCOMPARE(std::count_if(first, last, isMotion), 12);
+    QVERIFY(std::none_of(first, last, [](const QString& f) { return f.startsWith("10"); }));
+    m_tool->click("pushButton_Halt");
+    const auto recorded = [] { return loadRecording("marks.csv").recording; };
+    const auto texts = [&] {
+        const Recording recording = recorded();
+        QStringList texts;
+        for (const Marker& marker : recording.markers())
+            texts.append(marker.text); // all that belong to one sample
+        return texts.join("; ");
+    };
+    const QStringList expected{"Set Index: 30000",
+                               "Write Thumb root: P 0.00, I 1.00, D 2.00, G 3.00", "Step 1",
+                               "Step 2", "Halt"};
+    QTRY_COMPARE(texts(), expected.join("; "));
+    m_tool->click("pushButton_MonitorRecord");
+    const Recording recording = recorded();
+    const auto timeOf = [&](const QString& text) {
+        return std::ranges::find_if(
+                   recording.markers(),
+                   [&](const Marker& marker) { return marker.text.contains(text); })
+            ->timeUs;
+    };
+    int played = 0;
+    for (std::size_t row = 0; row < recording.rowCount(); ++row) {
+        const std::int64_t time = recording.timeAt(row);
+        if (time <= timeOf("Step 1") || time >= timeOf("Step 2"))
+            continue;
+        played += !recording.at(row, 0).isEmpty() && !recording.at(row, 6).isEmpty();
+        QVERIFY(recording.at(row, 12).isEmpty());
+    }
+    QVERIFY(played >= 1);
+}
+
+/// At the highest rate at most the exchange in progress comes before a request of the user.
+void TestMonitor::requestWaitsForOneExchange()
+{
+    QFETCH(QString, protocol);
+    openOver(protocol);
+    showMonitor();
+    asFastAsPossible();
+    m_tool->showPage(SettingTab);
+    QTRY_VERIFY(!value(0, 0).isEmpty());
+    bool clicked = false;
+    duringExchange([&] {
+        m_hand->clearTrace();
+        m_tool->click("pushButton_SettingWriteCurrentLimit3");
+        clicked = true;
+    });
+    const auto write = [&] {
+        const auto requests = m_hand->requests();
+        for (qsizetype i = 0; i < requests.size(); ++i) {
+            const auto code =
+                static_cast<std::uint8_t>(requests[i].bytes[protocol == "modbus" ? 1 : 4]);
+            if (code == 0x46 || code == 6)
+                return i;
+        }
+        return qsizetype{-1};
+    };
+    QTRY_VERIFY(clicked && write() >= 0);
+    QVERIFY2(write() <= 1, qPrintable(QString::number(write())));
 }
 
 VANTO_TEST(TestMonitor)
