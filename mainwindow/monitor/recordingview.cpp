@@ -43,7 +43,6 @@ void RecordingView::open(const QString& path, QWidget* parent)
             return;
         }
         progress->deleteLater();
-        progress->disconnect();
         next->stop();
         showResult(*loader, path, parent);
     });
