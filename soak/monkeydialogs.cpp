@@ -111,16 +111,18 @@ void Monkey::useModelessDialog()
     if (!dialog)
         return;
     ++m_counts[QStringLiteral("modeless dialog")];
-    auto* files = qobject_cast<QFileDialog*>(dialog);
-    if (!files || randomBelow(4) == 0) {
-        auto* button = randomItem(dialog->findChildren<QPushButton*>());
-        if (!button || randomBelow(3) == 0)
-            dialog->close();
+    if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
+        if (randomBelow(4) == 0)
+            files->reject();
         else
-            clickButton(*button);
+            chooseFile(*files, fileFor(*files));
         return;
     }
-    chooseFile(*files, fileFor(*files));
+    auto* button = randomItem(dialog->findChildren<QPushButton*>());
+    if (!button || randomBelow(3) == 0)
+        dialog->close();
+    else
+        clickButton(*button);
 }
 
 } // namespace vanto

@@ -23,8 +23,8 @@ namespace vanto
 
 namespace
 {
-constexpr int MaxRows = 100; ///< of a sequence; more are removed
-constexpr int Drafts = 3;    ///< of earlier sessions
+constexpr int MaxRows = 100;            ///< of a sequence; more are removed
+constexpr int Drafts = 3;               ///< of earlier sessions
 constexpr int LongestPosition = 70'000; ///< out of range in some cases
 
 /// Clicks on a row with Ctrl, which selects it without playing it.

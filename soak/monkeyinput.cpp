@@ -4,6 +4,7 @@
 #include "monkey.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
@@ -51,11 +52,13 @@ QString Monkey::randomText()
     return texts[randomBelow(static_cast<int>(texts.size()))];
 }
 
+/// The buttons of a file dialog would save into the folder that was used last.
 void Monkey::clickRandomButton()
 {
     auto* button = randomItem(m_driver.window()->findChildren<QPushButton*>());
     if (button && button->isVisible() && !isMotionButton(button->objectName()) &&
-        button->objectName() != QLatin1String("pushButton_Halt"))
+        button->objectName() != QLatin1String("pushButton_Halt") &&
+        !qobject_cast<QFileDialog*>(button->window()))
         clickButton(*button);
 }
 

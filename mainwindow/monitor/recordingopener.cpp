@@ -63,7 +63,6 @@ void read(const QString& path, QWidget* parent,
             return;
         }
         progress->deleteLater();
-        progress->disconnect();
         next->stop();
         finish(*loader, path, parent, opened);
     });

@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QTableWidget>
 
 #include <algorithm>
@@ -175,9 +176,13 @@ void TestMonitor::recordsAndOpens()
 
     if (!m_tool->window()->findChild<QPushButton*>("pushButton_MonitorOpen"))
         return; // a build without plots
+    qApp->setStyleSheet("QLabel { margin: 0px }");
     choose("pushButton_MonitorOpen", path);
     QTRY_VERIFY(m_tool->window()->findChild<QDialog*>("recordingView"));
+    QTRY_VERIFY(!m_tool->window()->findChild<QProgressDialog*>());
+    qApp->setStyleSheet("QLabel { margin: 1px }"); // the style must not know the deleted dialog
     QVERIFY(!QApplication::activeModalWidget());
+    qApp->setStyleSheet({});
     m_tool->find<QDialog>("recordingView")->close();
     QFile::remove("p.png");
     choose("pushButton_MonitorPicture", QDir::current().filePath("p.png"));
