@@ -21,7 +21,7 @@ namespace vanto
 
 namespace
 {
-constexpr std::uint8_t HandNode = 2;
+constexpr std::uint8_t TestedNode = 2;
 constexpr int GetFingerCurrent = 0x06;
 constexpr std::size_t ThumbCurrent = 0;
 
@@ -51,7 +51,7 @@ struct OpenHand {
                  adapter->connect(qPrintable(hand.portName()), BaudRate) != 0;
     }
     ~OpenHand() { adapter->disconnect(); }
-    HandTarget target() const { return {adapter, HandNode, generation.token()}; }
+    HandTarget target() const { return {adapter, TestedNode, generation.token()}; }
     TelemetryReader::Line line() const
     {
         return {[this] { return std::optional(target()); }, {}};
@@ -436,7 +436,7 @@ void TestTelemetry::yieldsToPlayer()
     for (const int position : {20'000, 0, 20'000})
         data.sequences.append({QList<int>(6, position), QList<int>(6, 255), 0});
     SequencePlayer player;
-    player.setVantoProtocol(open.adapter, HandNode);
+    player.setVantoProtocol(open.adapter, TestedNode);
     TelemetryReader reader(open.line(), m_clock);
     reader.setChannels(channelsOf(Quantity::Current) | channelsOf(Quantity::Force));
     reader.setRate(TelemetryReader::AsFastAsPossible);

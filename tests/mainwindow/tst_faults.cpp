@@ -32,7 +32,7 @@ struct FaultRow {
 
 // Over Modbus a request is repeated once, and a late reply still counts. A reply with a wrong value
 // but a correct checksum cannot be detected.
-constexpr FaultRow rows[] = {
+constexpr FaultRow faultRows[] = {
     {"drop", {3, 3}, {3, 3}},
     {"hang", {3, 3}, {3, 3}}, // affects every request
     {"late ms=500", {3, 3}, {0, 0}},
@@ -104,7 +104,7 @@ void TestFaults::faults_data()
     QTest::addColumn<bool>("modbus");
     // The table waits for many time-outs, so CTest runs its two halves side by side.
     const QString only = qEnvironmentVariable("VANTO_FAULTS_OVER");
-    for (const FaultRow& row : rows)
+    for (const FaultRow& row : faultRows)
         for (const bool modbus : {false, true})
             if ((!modbus || row.fault != QString("wrong-host")) && // Modbus frames contain no host
                 only != (modbus ? "SerialCtrl" : "Modbus"))

@@ -11,7 +11,7 @@ namespace vanto
 namespace
 {
 /// An operation and the bytes of its requests. A separate program calculated the CRCs.
-struct ExchangeRow {
+struct RegisterRow {
     const char* name;
     QString (*call)(VantoProtocol*, const char*);
     const char* inputs;
@@ -20,7 +20,7 @@ struct ExchangeRow {
     const char* state = ""; ///< properties of the hand that are set before
 };
 
-const ExchangeRow exchangeRows[] = {
+const RegisterRow registerRows[] = {
     {OPERATION(getProtocolVersion), "", "020303E800010449", "0 1 0"},
     {OPERATION(getFirmwareVersion), "", "020303E900021588", "0 1 4 7"},
     {OPERATION(getHardwareVersion), "", "020303EB0002B448", "0 27 1 258"},
@@ -158,7 +158,7 @@ class tst_registers : public QObject
 
 private slots:
     void init();
-    void exchanges_data() { addRows(exchangeRows); }
+    void exchanges_data() { addRows(registerRows); }
     void exchanges();
     void broken_data() { addRows(brokenRows); }
     void broken();
@@ -197,7 +197,7 @@ void tst_registers::init()
 
 void tst_registers::exchanges()
 {
-    QFETCH(const ExchangeRow*, row);
+    QFETCH(const RegisterRow*, row);
     for (const QString& value : QString::fromLatin1(row->state).split(u';', Qt::SkipEmptyParts))
         command(QStringLiteral("set 2 ") + value);
     QCOMPARE(row->call(m_adapter.get(), row->inputs), QString::fromLatin1(row->outcome));
