@@ -76,7 +76,8 @@ void PlotItems::addValueLabel(QCPAxisRect* row, double value, const QString& tex
     QCPItemText* const label =
         addText(row, QCPItemPosition::ptAxisRectRatio, QCPItemPosition::ptPlotCoords, text, color);
     label->position->setCoords(LabelIndent, value);
-    label->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    const bool isHigh = row->axis(QCPAxis::atLeft)->coordToPixel(value) < row->center().y();
+    label->setPositionAlignment(Qt::AlignLeft | (isHigh ? Qt::AlignTop : Qt::AlignBottom));
 }
 
 } // namespace vanto

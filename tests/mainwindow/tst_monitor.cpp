@@ -263,16 +263,16 @@ void TestMonitor::plot()
 /// A recording over the live samples: its start and its marker can be aligned.
 void TestMonitor::overlay()
 {
-    QFile file("before.csv");
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(
-        "time_s,wall_time,current_middle,marker\n100.0,,600,\n103.0,,600,step\n105.0,,600,\n");
-    file.close();
     open();
     showMonitor();
     if (!m_plot)
         QSKIP("built without plots");
     QTRY_VERIFY(!value(0, 0).isEmpty());
+    QFile file("before.csv");
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write(
+        "time_s,wall_time,current_middle,marker\n100.0,,600,\n103.0,,600,step\n105.0,,600,\n");
+    file.close();
     choose("pushButton_MonitorOverlay", QDir::current().filePath("before.csv"));
     auto* const anchor = m_tool->find<QComboBox>("comboBox_MonitorOverlay");
     QTRY_COMPARE(anchor->count(), 2);
