@@ -31,6 +31,7 @@ void report(Tool& tool, Arguments& arguments, Answer& answer)
     report.toolVersion = QCoreApplication::applicationVersion();
     report.port = tool.options().port;
     if (tool.hand().open()) {
+        report.port = tool.hand().openPortName();
         HandInformationReader information(tool.hand().target());
         runTask(tool, information, answer);
         report.information = information.information();
@@ -59,7 +60,7 @@ void report(Tool& tool, Arguments& arguments, Answer& answer)
 std::vector<Command> infoCommands()
 {
     return {
-        {"info", "Show all that the hand tells about itself", Effect::Reads, true, {}, {}, info},
+        {"info", "Show all that the hand reports about itself", Effect::Reads, true, {}, {}, info},
         {"report",
          "Write a report for support: information, parameters and the last frames",
          Effect::Reads,

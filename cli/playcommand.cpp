@@ -20,6 +20,7 @@ namespace vanto
 
 namespace
 {
+constexpr qsizetype MaxSteps = 100'000;            ///< in the result; an endurance run has more
 constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes
 
 bool load(const QString& path, SequenceManager& manager, Answer& answer)
@@ -78,7 +79,12 @@ public:
         return false;
     }
 
-    void writeResult() { m_answer.data.insert(QStringLiteral("steps"), m_steps); }
+    void writeResult()
+    {
+        m_answer.data.insert(QStringLiteral("steps"), m_steps);
+        if (m_omitted > 0)
+            m_answer.data.insert(QStringLiteral("stepsOmitted"), m_omitted);
+    }
 
 private:
     void noteStep(bool isPlaying, int index, qint64 milliseconds, const QString& error)
@@ -95,14 +101,24 @@ private:
 
     void addStep(qint64 milliseconds)
     {
+        if (m_tool.options().json)
+            keepStep(milliseconds);
+        m_tool.output().note(QStringLiteral("Step %1: %2 ms").arg(m_step + 1).arg(milliseconds));
+        m_highest = {};
+    }
+
+    void keepStep(qint64 milliseconds)
+    {
+        if (m_steps.size() == MaxSteps) {
+            ++m_omitted;
+            return;
+        }
         QJsonArray highest;
         for (const int current : m_highest)
             highest.append(current);
         m_steps.append(QJsonObject{{QStringLiteral("step"), m_step + 1},
                                    {QStringLiteral("milliseconds"), milliseconds},
                                    {QStringLiteral("highestCurrent"), highest}});
-        m_tool.output().note(QStringLiteral("Step %1: %2 ms").arg(m_step + 1).arg(milliseconds));
-        m_highest = {};
     }
 
     void noteCurrent(std::uint8_t finger, std::uint16_t current)
@@ -129,6 +145,7 @@ private:
     Answer& m_answer;
     SequencePlayer m_player;
     QJsonArray m_steps;
+    qint64 m_omitted = 0;       ///< steps that are not in m_steps
     PerFinger<int> m_highest{}; ///< mA, of the present step
     int m_step = 0;             ///< index of the present step
     bool m_starting = false;    ///< the first step is being sent
@@ -181,7 +198,7 @@ std::vector<Command> playCommands()
              {{"file", 1, 1, "A sequence file"}},
              {{"--from", "STEP", 1, "First step, counted from 1"},
               {"--to", "STEP", 1, "Last step"},
-              {"--repeat", "TIMES", 1, "Play the steps so often; once if omitted"}},
+              {"--repeat", "TIMES", 1, "Number of repetitions; 1 if omitted"}},
              play}};
 }
 

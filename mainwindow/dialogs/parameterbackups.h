@@ -45,7 +45,6 @@ private:
 
     /// None if it has failed, which is reported.
     std::optional<Backup> backUp(const HandTarget& target);
-    void showFailure(const QString& reason);
     void startComparison();
     void finishComparison();
     std::shared_ptr<ParameterReader> readerFor(const HandTarget& target) const;
