@@ -94,7 +94,7 @@ std::vector<Command> basicCommands()
 {
     return {
         {"beep",
-         "Let the hand beep",
+         "Beep",
          Effect::Writes,
          true,
          {{"milliseconds", 0, 1, "Duration, 0 to 65535; 500 if omitted"}},

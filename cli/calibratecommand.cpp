@@ -1,5 +1,8 @@
 #include "calibratecommand.h"
 
+#include "arrivalwait.h"
+#include "automaticbackup.h"
+#include "basicoperations.h"
 #include "calibration.h"
 #include "deviceentry.h"
 #include "eventwait.h"
@@ -7,6 +10,7 @@
 #include "interruption.h"
 #include "tool.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 
@@ -19,27 +23,27 @@ namespace vanto
 namespace
 {
 constexpr int MaxPlace = 65535;
-constexpr int CalibrationRebootMs = 15000; ///< with its eight beeps
-constexpr int ButtonReadMs = 200;
-constexpr int ThumbRootMs = 10'000; ///< for the way to a place
-constexpr int ThumbRootReadMs = 50;
-constexpr int ThumbRootWindow = 16; ///< raw units
-constexpr qint64 MaxKeyFile = 1024; ///< bytes
+constexpr int CalibrationRebootMs = 15000; ///< longest reboot, with its beeps
+constexpr int SilenceReadMs = 20;          ///< between two reads, to notice a short reboot
+constexpr int ReturnReadMs = 200;          ///< while the hand reboots
+constexpr int BeepsMs = 8 * BeepMs;        ///< after the reboot
+constexpr int ThumbRootWindow = 16;        ///< raw units
+constexpr qint64 MaxKeyFile = 1024;        ///< bytes
 
 using Calibration::Prompt;
 
 /// The calibration, step by step. Each step returns whether the next one may follow.
-class CalibrationWalk
+class CalibrationSteps
 {
 public:
-    CalibrationWalk(Tool& tool, Arguments& arguments, Answer& answer)
+    CalibrationSteps(Tool& tool, Arguments& arguments, Answer& answer)
         : m_tool(tool), m_arguments(arguments), m_answer(answer)
     {
     }
 
     void run()
     {
-        if (!readPlaces() || !confirm(Prompt::Prepare) || !readKey() ||
+        if (!readPlaces() || !confirm(Prompt::Prepare) || !backUp() || !readKey() ||
             !confirm(Prompt::BeforeReboot) || !start() || !confirm(Prompt::AfterReboot) ||
             !placeThumbRoot(Prompt::OnBase, 0) || !stage(1) || !confirm(Prompt::TakeUp) ||
             !stage(2) || !placeThumbRoot(Prompt::OffBase, 1) || !stage(3))
@@ -76,21 +80,51 @@ private:
         return false;
     }
 
-    /// Without a prompt the hand itself shows when it is ready.
+    /// Without a prompt the hand itself shows when it is ready: it falls silent, answers again,
+    /// and beeps. One that answers from the start may not have begun to reboot.
     bool waitForReboot()
     {
-        waitUntil(&Interruption::isRequested, ButtonReadMs);
-        for (int waited = 0; waited < CalibrationRebootMs && goesOn(); waited += ButtonReadMs) {
-            HandCall call(m_tool.hand().target());
-            std::uint8_t count = 0;
-            if (call.attempt<&VantoProtocol::getButtonPressedCnt>(&count) == ResultCode::Success)
-                return true;
-            waitUntil(&Interruption::isRequested, ButtonReadMs);
+        if (m_start == Calibration::Start::AlreadyCalibrating)
+            return true;
+        bool wasSilent = false;
+        const QDeadlineTimer deadline(qint64{CalibrationRebootMs} * m_tool.options().patience);
+        while (goesOn()) {
+            const std::uint8_t result = readButtonCount();
+            if (result == ResultCode::Success && (wasSilent || deadline.hasExpired()))
+                return waitForBeeps();
+            if (deadline.hasExpired())
+                break;
+            wasSilent = wasSilent || result == ResultCode::Timeout;
+            waitUntil(&Interruption::isRequested, wasSilent ? ReturnReadMs : SilenceReadMs);
         }
-        m_answer.fail(ExitStatus::NoAnswer,
-                      QStringLiteral("The hand does not answer after its reboot."),
-                      ResultCode::Timeout);
+        if (goesOn())
+            m_answer.fail(ExitStatus::NoAnswer,
+                          QStringLiteral("The hand does not answer after its reboot."),
+                          ResultCode::Timeout);
         return false;
+    }
+
+    std::uint8_t readButtonCount()
+    {
+        HandCall call(m_tool.hand().target());
+        std::uint8_t count = 0;
+        return call.attempt<&VantoProtocol::getButtonPressedCnt>(&count);
+    }
+
+    bool waitForBeeps() const
+    {
+        waitUntil(&Interruption::isRequested, BeepsMs);
+        return goesOn();
+    }
+
+    /// The calibration goes on without a backup if the hand cannot be read.
+    bool backUp()
+    {
+        if (!goesOn() || !m_tool.hand().open())
+            return false;
+        if (!m_arguments.has("--no-backup"))
+            AutomaticBackup::save(m_tool, m_answer);
+        return goesOn();
     }
 
     bool readKey()
@@ -124,7 +158,8 @@ private:
             return false;
         m_tool.hand().noteMotion();
         HandCall call = m_tool.hand().call();
-        return Calibration::start(call, m_tool.hand().report(), m_key) && goesOn();
+        m_start = Calibration::start(call, m_tool.hand().report(), m_key);
+        return m_start != Calibration::Start::Failed && goesOn();
     }
 
     bool placeThumbRoot(Prompt prompt, qsizetype place)
@@ -182,20 +217,15 @@ private:
     /// The hand stores where the thumb root is, so it has to be at its place before.
     bool waitForThumbRoot(int position)
     {
-        for (int waited = 0; waited < ThumbRootMs && goesOn(); waited += ThumbRootReadMs) {
+        return ArrivalWait(m_tool, m_answer).run([&]() -> std::optional<QList<ArrivalWait::Way>> {
             std::uint16_t target = 0;
             std::uint16_t current = 0;
             if (!m_tool.hand().call().perform<&VantoProtocol::getFingerPosAbs>(
                     std::uint8_t{ThumbRoot}, &target, &current))
-                return false;
-            if (std::abs(current - position) <= ThumbRootWindow)
-                return true;
-            waitUntil(&Interruption::isRequested, ThumbRootReadMs);
-        }
-        if (goesOn())
-            m_answer.fail(ExitStatus::Refused,
-                          QStringLiteral("The thumb root does not reach %1.").arg(position));
-        return false;
+                return {};
+            const bool hasArrived = std::abs(current - position) <= ThumbRootWindow;
+            return QList{ArrivalWait::Way{ThumbRoot, position, current, hasArrived}};
+        });
     }
 
     bool stage(std::uint8_t number)
@@ -212,6 +242,7 @@ private:
     Answer& m_answer;
     QList<int> m_places; ///< of the thumb root, on the base and off it
     std::uint16_t m_key = 0;
+    Calibration::Start m_start = Calibration::Start::Failed;
 };
 
 void calibrate(Tool& tool, Arguments& arguments, Answer& answer)
@@ -221,7 +252,7 @@ void calibrate(Tool& tool, Arguments& arguments, Answer& answer)
                     QStringLiteral("Hands are calibrated one by one, not through node 255."));
         return;
     }
-    CalibrationWalk(tool, arguments, answer).run();
+    CalibrationSteps(tool, arguments, answer).run();
 }
 } // namespace
 
@@ -235,6 +266,7 @@ std::vector<Command> calibrateCommands()
              {{"--key-file", "FILE", 1,
                "Read the calibration key from a file, or from standard input if it is -"},
               {"--thumb-root", "A,B", 2, "The two places of the thumb root, for fixtures"},
+              {"--no-backup", nullptr, 0, "Do not save the parameters of the hand before"},
               {"--yes", nullptr, 0, "Do not ask; wait for the hand instead"}},
              calibrate}};
 }

@@ -295,7 +295,8 @@ void Connection::reportFailure(const HandTarget& target, std::string_view operat
 void Connection::reportHalted()
 {
     if (!Interruption::isRequested()) // a signal has its own text
-        m_answer->fail(ExitStatus::Refused, CallText::halted());
+        m_answer->fail(ExitStatus::Refused,
+                       QStringLiteral("Halted. Motions are refused until 'continue'."));
 }
 
 } // namespace vanto

@@ -30,6 +30,7 @@ public:
     /// false if it has reported a failure.
     bool open();
     bool isOpen() const { return m_session.isConnected(); }
+    QString openPortName() const { return m_session.port().name; }
     /// Whether something can be sent through the open port; otherwise it has reported why not.
     bool isReady();
     /// Releases the port, for what opens it by itself.

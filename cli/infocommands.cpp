@@ -49,6 +49,7 @@ void report(Tool& tool, Arguments& arguments, Answer& answer)
     report.toolVersion = QCoreApplication::applicationVersion();
     report.port = tool.options().port;
     if (tool.hand().open()) {
+        report.port = tool.hand().openPortName();
         HandInformationReader information(tool.hand().target());
         runTask(tool, information, answer);
         report.information = information.information();

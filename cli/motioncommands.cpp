@@ -1,13 +1,9 @@
 #include "motioncommands.h"
 
-#include "eventwait.h"
+#include "arrivalwait.h"
 #include "handvalues.h"
-#include "interruption.h"
 #include "motionguard.h"
 #include "tool.h"
-
-#include <QElapsedTimer>
-#include <QJsonArray>
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +17,6 @@ constexpr int MaxPosition = 65535;
 constexpr double MinAngle = -327.68; ///< degrees
 constexpr double MaxAngle = 327.67;
 constexpr int MaxSpeed = 255;
-constexpr int PollMs = 10;
 const char* const FullSpeed = "255";
 
 const MotionUnit& unitOf(const Arguments& arguments)
@@ -43,69 +38,28 @@ std::uint8_t parseSpeed(Arguments& arguments, const QString& text)
     return static_cast<std::uint8_t>(arguments.number(text, "The speed", 0, MaxSpeed));
 }
 
-/// Waits until fingers have arrived. Halts the hand when a finger draws too much current.
-class ArrivalWait
+/// `fingers`: those that have been moved.
+void waitForArrival(Tool& tool, const MotionUnit& unit, const QList<std::uint8_t>& fingers,
+                    Answer& answer)
 {
-public:
-    ArrivalWait(Tool& tool, const MotionUnit& unit, Answer& answer)
-        : m_tool(tool), m_unit(unit), m_answer(answer)
-    {
-    }
-
-    /// `fingers`: those that have been moved.
-    void run(const QList<std::uint8_t>& fingers)
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (!m_answer.hasFailed() && !Interruption::isRequested()) {
-            QElapsedTimer poll;
-            poll.start();
-            if (readCurrents() && haveArrived(fingers)) {
-                m_tool.hand().noteArrival();
-                break;
-            }
-            if (const auto left = PollMs - static_cast<int>(poll.elapsed()); left > 0)
-                waitUntil(&Interruption::isRequested, left);
+    ArrivalWait wait(tool, answer);
+    const bool arrived = wait.run([&]() -> std::optional<QList<ArrivalWait::Way>> {
+        HandCall call = tool.hand().call();
+        const auto pose = unit.readPose(call);
+        if (!pose)
+            return {};
+        QList<ArrivalWait::Way> ways;
+        for (const std::uint8_t finger : fingers) {
+            const int target = pose->targets[finger];
+            const int current = pose->currents[finger];
+            ways.append({finger, target, current, MotionGuard::hasArrived(unit, target, current)});
         }
-        QJsonArray highest;
-        for (const int current : m_highest)
-            highest.append(current);
-        m_answer.data.insert(QStringLiteral("milliseconds"), timer.elapsed());
-        m_answer.data.insert(QStringLiteral("highestCurrent"), highest);
-    }
-
-private:
-    bool readCurrents()
-    {
-        for (std::uint8_t finger = 0; finger < FingerCount; ++finger) {
-            std::uint16_t current = 0;
-            if (!m_tool.hand().call().perform<&VantoProtocol::getFingerCurrent>(finger, &current))
-                return false;
-            m_highest[finger] = std::max(m_highest[finger], int{current});
-            if (!MotionGuard::isOverCurrent(current))
-                continue;
-            m_answer.fail(ExitStatus::OverCurrent, MotionGuard::overCurrentText(finger, current));
-            m_tool.hand().halt();
-            return false;
-        }
-        return true;
-    }
-
-    bool haveArrived(const QList<std::uint8_t>& fingers)
-    {
-        HandCall call = m_tool.hand().call();
-        const auto pose = m_unit.readPose(call);
-        return pose && std::ranges::all_of(fingers, [&](std::uint8_t finger) {
-                   return MotionGuard::hasArrived(m_unit, pose->targets[finger],
-                                                  pose->currents[finger]);
-               });
-    }
-
-    Tool& m_tool;
-    const MotionUnit& m_unit;
-    Answer& m_answer;
-    PerFinger<int> m_highest{};
-};
+        return ways;
+    });
+    wait.writeResult();
+    if (arrived)
+        tool.hand().noteArrival();
+}
 
 void move(Tool& tool, Arguments& arguments, Answer& answer)
 {
@@ -122,8 +76,8 @@ void move(Tool& tool, Arguments& arguments, Answer& answer)
         HandCall call = tool.hand().call();
         return unit.move(call, finger, value, speed);
     }();
-    if (sent && arguments.has("--wait")) // outside of a conversation, which would delay a halt
-        ArrivalWait(tool, unit, answer).run({finger});
+    if (sent && arguments.has("--wait"))
+        waitForArrival(tool, unit, {finger}, answer);
 }
 
 PerFinger<std::uint8_t> parseSpeeds(Arguments& arguments)
@@ -173,7 +127,7 @@ void pose(Tool& tool, Arguments& arguments, Answer& answer)
     tool.hand().noteMotion();
     const bool sent = sendPose(tool.hand(), unit, values, speeds);
     if (sent && arguments.has("--wait"))
-        ArrivalWait(tool, unit, answer).run({0, 1, 2, 3, 4, 5});
+        waitForArrival(tool, unit, {0, 1, 2, 3, 4, 5}, answer);
 }
 
 void halt(Tool& tool, Arguments&, Answer& answer)

@@ -148,7 +148,7 @@ void get(Tool& tool, Arguments& arguments, Answer& answer)
                                ? QStringLiteral("'%1' is not a value of a finger.").arg(name)
                                : QStringLiteral("The thumb root has no such value."));
     if (arguments.values.size() > 2)
-        arguments.setError(QStringLiteral("'%1' is too much.").arg(arguments.values[2]));
+        arguments.setError(QStringLiteral("There are too many values."));
     if (!arguments.error().isEmpty())
         return;
     if (kind)

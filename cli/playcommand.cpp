@@ -19,6 +19,7 @@ namespace vanto
 
 namespace
 {
+constexpr qsizetype MaxSteps = 100'000;            ///< in the result; an endurance run has more
 constexpr qint64 MaxFileSize = 64LL * 1024 * 1024; ///< bytes
 
 bool load(const QString& path, SequenceManager& manager, Answer& answer)
@@ -81,14 +82,28 @@ public:
         return false;
     }
 
-    void writeResult() { m_answer.data.insert(QStringLiteral("steps"), m_steps); }
+    void writeResult()
+    {
+        m_answer.data.insert(QStringLiteral("steps"), m_steps);
+        if (m_omitted > 0)
+            m_answer.data.insert(QStringLiteral("stepsOmitted"), m_omitted);
+    }
 
 private:
     void addStep(const StepPeaks& peaks)
     {
-        m_steps.append(peaks.toJson());
+        if (m_tool.options().json)
+            keepStep(peaks);
         m_tool.output().note(
             QStringLiteral("Step %1: %2 ms").arg(peaks.step + 1).arg(peaks.milliseconds));
+    }
+
+    void keepStep(const StepPeaks& peaks)
+    {
+        if (m_steps.size() == MaxSteps)
+            ++m_omitted;
+        else
+            m_steps.append(peaks.toJson());
     }
 
     void failAt(const QString& error)
@@ -109,6 +124,7 @@ private:
     Answer& m_answer;
     SequencePlayer m_player;
     QJsonArray m_steps;
+    qint64 m_omitted = 0; ///< steps that are not in m_steps
     bool m_overCurrent = false;
     int m_result = 0;
     int m_subError = 0;
@@ -157,7 +173,7 @@ std::vector<Command> playCommands()
              {{"file", 1, 1, "A sequence file"}},
              {{"--from", "STEP", 1, "First step, counted from 1"},
               {"--to", "STEP", 1, "Last step"},
-              {"--repeat", "TIMES", 1, "Play the steps so often; once if omitted"}},
+              {"--repeat", "TIMES", 1, "Number of repetitions; 1 if omitted"}},
              play}};
 }
 

@@ -8,6 +8,8 @@
 
 #include <QJsonArray>
 
+#include <set>
+
 namespace vanto
 {
 
@@ -54,24 +56,36 @@ void listPorts(Tool& tool, Arguments&, Answer& answer)
     answer.data.insert(QStringLiteral("ports"), list);
 }
 
-/// "1-16,32" as ranges.
-QList<HandScan::Range> parseRanges(Arguments& arguments)
+/// Adds the nodes of "7" or "1-16".
+void addNodes(const QString& part, Arguments& arguments, std::set<int>& nodes)
 {
-    QList<HandScan::Range> ranges;
-    for (const QString& part : arguments.list("--nodes")) {
-        const int first =
-            arguments.number(part.section(QLatin1Char('-'), 0, 0), "A node", 0, HighestNode);
-        const int last =
-            arguments.number(part.section(QLatin1Char('-'), -1), "A node", 0, HighestNode);
-        if (last < first)
-            arguments.setError(QStringLiteral("The nodes '%1' are not in order.").arg(part));
-        ranges.append({first, last, {}});
-    }
-    if (ranges.isEmpty() && arguments.has("--nodes"))
+    const QStringList ends = part.split(QLatin1Char('-'));
+    const int first = arguments.number(ends.first(), "A node", 0, HighestNode);
+    const int last = arguments.number(ends.last(), "A node", 0, HighestNode);
+    if (ends.size() > 2 || last < first)
+        arguments.setError(QStringLiteral("The nodes '%1' are not in order.").arg(part));
+    for (int node = first; node <= last; ++node)
+        nodes.insert(node);
+}
+
+/// The nodes of "1-16,32", each one once and in order.
+std::set<int> parseNodes(Arguments& arguments)
+{
+    std::set<int> nodes;
+    for (const QString& part : arguments.list("--nodes"))
+        addNodes(part, arguments, nodes);
+    if (nodes.empty() && arguments.has("--nodes"))
         arguments.setError(QStringLiteral("No nodes are given."));
-    if (ranges.isEmpty())
-        ranges.append({FirstScanned, LastScanned, {}});
-    return ranges;
+    if (nodes.empty())
+        for (int node = FirstScanned; node <= LastScanned; ++node)
+            nodes.insert(node);
+    return nodes;
+}
+
+/// To node 0, the broadcast address of Modbus, only SerialCtrl hands can answer.
+std::optional<PROTOCOL_TYPE> protocolFor(int node, std::optional<PROTOCOL_TYPE> chosen)
+{
+    return node == 0 ? PROTOCOL_TYPE_SERIALCTRL : chosen;
 }
 
 struct SilentReport : CallReport {
@@ -95,16 +109,16 @@ QJsonObject describe(const DeviceEntry& entry)
 
 void scan(Tool& tool, Arguments& arguments, Answer& answer)
 {
-    const auto ranges = parseRanges(arguments);
+    std::set<int> nodes = parseNodes(arguments);
+    if (tool.options().protocol == PROTOCOL_TYPE_MODBUS_RTU && nodes.erase(0) > 0 && nodes.empty())
+        arguments.setError(QStringLiteral("Over Modbus no hand has node 0."));
     if (!arguments.error().isEmpty())
         return;
     const auto port = tool.hand().portName();
     if (!port)
         return;
-    int total = 0;
+    const auto total = static_cast<int>(nodes.size());
     int done = 0;
-    for (const HandScan::Range& range : ranges)
-        total += range.last - range.first + 1;
     SilentReport report;
     HandScan handScan(report);
     QJsonArray hands;
@@ -120,11 +134,11 @@ void scan(Tool& tool, Arguments& arguments, Answer& answer)
     });
     const Generation generation; // a signal ends the scan after the present exchange
     QObject::connect(&tool, &Tool::sig_interrupted, &handScan, [&] { handScan.stop(); });
-    for (HandScan::Range range : ranges) {
-        range.protocol = tool.options().protocol;
+    for (const int node : nodes) {
         if (Interruption::isRequested())
             break;
-        const HandScan::Outcome outcome = handScan.run(*port, generation.token(), range);
+        const HandScan::Outcome outcome = handScan.run(
+            *port, generation.token(), {node, node, protocolFor(node, tool.options().protocol)});
         if (outcome == HandScan::Outcome::PortNotOpened)
             tool.hand().reportNotOpened(*port, handScan.failedProtocol());
         if (outcome == HandScan::Outcome::PortLost)

@@ -1,5 +1,6 @@
 #include "updatecommand.h"
 
+#include "automaticbackup.h"
 #include "firmwaredownload.h"
 #include "handvalues.h"
 #include "interruption.h"
@@ -51,6 +52,18 @@ QString findHardware(Tool& tool, const Arguments& arguments, Answer& answer)
     return findHandValue(QStringLiteral("hardware"))->read(call, 0).toString();
 }
 
+/// The exit status depends on whether the server can be reached. Not after a signal, which is the
+/// reason then.
+void failDownload(const FirmwareDownload& server, const QString& failure, Answer& answer)
+{
+    if (server.isAbandoned())
+        return;
+    if (server.hasConnectionFailed())
+        answer.fail(ExitStatus::NoAnswer, failure, ResultCode::Timeout);
+    else
+        answer.fail(ExitStatus::File, failure);
+}
+
 QString download(Tool& tool, const Arguments& arguments, Answer& answer)
 {
     const QString hardware = findHardware(tool, arguments, answer);
@@ -61,10 +74,12 @@ QString download(Tool& tool, const Arguments& arguments, Answer& answer)
     FirmwareDownload server(hardware);
     QObject::connect(&tool, &Tool::sig_interrupted, &server, &FirmwareDownload::abandon);
     const auto offer = server.latestReleases();
-    if (Interruption::isRequested() || !offer.failure.isEmpty()) {
-        answer.fail(ExitStatus::File, offer.failure);
+    if (!offer.failure.isEmpty()) {
+        failDownload(server, offer.failure, answer);
         return {};
     }
+    if (server.isAbandoned())
+        return {};
     const QStringList types = offer.releases.keys();
     const QString type = arguments.has("--type") ? arguments.option("--type")
                          : types.size() == 1     ? types.constFirst()
@@ -77,8 +92,8 @@ QString download(Tool& tool, const Arguments& arguments, Answer& answer)
     }
     const FirmwareRelease release = offer.releases.value(type);
     const auto saved = server.save(release);
-    if (Interruption::isRequested() || !saved.failure.isEmpty())
-        answer.fail(ExitStatus::File, saved.failure);
+    if (!saved.failure.isEmpty())
+        failDownload(server, saved.failure, answer);
     answer.data.insert(QStringLiteral("version"), release.version);
     return saved.path;
 }
@@ -92,15 +107,38 @@ void endTransfer(Tool& tool, Answer& answer)
     tool.endNow();
 }
 
+void failUpdate(const QString& port, const UpdateResult& result, Answer& answer)
+{
+    switch (result.cause) {
+    case UpdateFailure::None:
+        break;
+    case UpdateFailure::File:
+        answer.fail(ExitStatus::File, result.failure);
+        break;
+    case UpdateFailure::PortNotOpened:
+        answer.fail(ExitStatus::PortNotOpened,
+                    result.failure + QLatin1Char(' ') + describePortProblem(port));
+        break;
+    case UpdateFailure::Refused:
+        answer.fail(ExitStatus::Refused, result.failure);
+        break;
+    case UpdateFailure::NoAnswer:
+        answer.fail(ExitStatus::NoAnswer, result.failure, ResultCode::Timeout);
+        break;
+    }
+}
+
 void transfer(Tool& tool, const QString& port, const QString& path, Answer& answer)
 {
+    if (Interruption::isRequested())
+        return;
     const auto connection =
         QObject::connect(&tool, &Tool::sig_interrupted, &tool, [&] { endTransfer(tool, answer); });
     const LineHold line;
     QElapsedTimer events;
     events.start();
     QString shown;
-    const QString failure = updateFirmware(
+    const UpdateResult result = tryFirmwareUpdate(
         port, static_cast<QSerialPort::BaudRate>(BaudRate), path,
         [&](const QString& text) {
             // Called a million times for a large file, mostly with the same text object.
@@ -116,16 +154,10 @@ void transfer(Tool& tool, const QString& port, const QString& path, Answer& answ
         [&](int percent) { tool.output().showProgress(percent, 100); });
     QObject::disconnect(connection);
     tool.output().showProgress(0, 0);
-    if (failure.isEmpty()) {
+    if (result.cause == UpdateFailure::None)
         answer.addLine(updateSucceededText());
-        return;
-    }
-    const PortProblem problem = examinePort(port);
-    if (problem == PortProblem::InUse || problem == PortProblem::NoPermission)
-        answer.fail(ExitStatus::PortNotOpened,
-                    failure + QStringLiteral(" ") + describePortProblem(port));
     else
-        answer.fail(ExitStatus::NoAnswer, failure);
+        failUpdate(port, result, answer);
 }
 
 void update(Tool& tool, Arguments& arguments, Answer& answer)
@@ -158,6 +190,8 @@ void update(Tool& tool, Arguments& arguments, Answer& answer)
         tool.hand().reportNotOpened(*port, PROTOCOL_TYPE_SERIALCTRL);
         return;
     }
+    if (!arguments.has("--no-backup"))
+        AutomaticBackup::saveClosed(tool, answer);
     if (!arguments.has("--yes") && !tool.confirm(updatePrompt())) {
         answer.fail(ExitStatus::Usage, QStringLiteral("Not confirmed."));
         return;
@@ -177,6 +211,7 @@ std::vector<Command> updateCommands()
               {"--type", "TYPE", 1, "Type of the firmware on the server"},
               {"--hardware", "TTVV", 1,
                "Hardware for the download, four hexadecimal digits; read from the hand if omitted"},
+              {"--no-backup", nullptr, 0, "Do not save the parameters of the hand before"},
               {"--yes", nullptr, 0, "Do not ask for the power cycle"}},
              update}};
 }

@@ -10,7 +10,7 @@ namespace vanto
 namespace
 {
 /// Result or sub error of a hand that is already calibrating.
-constexpr std::uint8_t AlreadyCalibrating = 0x22;
+constexpr std::uint8_t AlreadyCalibratingCode = 0x22;
 constexpr int KeyBase = 16;
 
 /// The context of the texts, which the dialogs of the calibration show.
@@ -59,22 +59,22 @@ std::optional<std::uint16_t> Calibration::parseKey(const QString& text)
     return valid ? std::optional(key) : std::nullopt;
 }
 
-bool Calibration::start(HandCall& call, CallReport& report, std::uint16_t key)
+Calibration::Start Calibration::start(HandCall& call, CallReport& report, std::uint16_t key)
 {
     const std::uint8_t result = call.attempt<&VantoProtocol::calibrate>(key);
-    if (result == AlreadyCalibrating)
-        return true;
+    if (result == AlreadyCalibratingCode)
+        return Start::AlreadyCalibrating;
     if (result == ResultCode::Success || result == ResultCode::Timeout || call.wasRefused())
-        return call.accept<&VantoProtocol::calibrate>(result);
+        return call.accept<&VantoProtocol::calibrate>(result) ? Start::Rebooting : Start::Failed;
     if (!call.isCurrent())
-        return false;
+        return Start::Failed;
     const std::uint8_t subError = call.subError();
-    if (subError == AlreadyCalibrating)
-        return true;
+    if (subError == AlreadyCalibratingCode)
+        return Start::AlreadyCalibrating;
     if (call.isCurrent())
         report.reportFailure(call.target(), operationName<&VantoProtocol::calibrate>(), result,
                              subError);
-    return false;
+    return Start::Failed;
 }
 
 std::uint8_t Calibration::moveThumbRoot(HandCall& call, std::uint16_t position)

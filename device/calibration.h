@@ -30,9 +30,13 @@ QString invalidKeyText();
 /// The key in a text of hexadecimal digits, of which the hand takes the low 16 bits.
 std::optional<std::uint16_t> parseKey(const QString& text);
 
-/// Sends the key. Returns whether the hand is calibrating, also if it was already; otherwise the
-/// failure has been reported.
-bool start(HandCall& call, CallReport& report, std::uint16_t key);
+enum class Start {
+    Failed,            ///< the failure has been reported
+    Rebooting,         ///< into the calibrating state
+    AlreadyCalibrating ///< the hand does not reboot
+};
+/// Sends the key.
+Start start(HandCall& call, CallReport& report, std::uint16_t key);
 
 /// Moves the thumb root; returns the result code.
 std::uint8_t moveThumbRoot(HandCall& call, std::uint16_t position);

@@ -40,7 +40,7 @@ public:
     ~Halt() override;
 
     State state() const { return m_state; }
-    /// What the user is told about a state; empty for Ready.
+    /// A state for the user; empty for Ready.
     static QString stateText(State state);
     /// For sig_unreachable().
     static QString unreachableText();

@@ -6,6 +6,11 @@
 #include <QSerialPort>
 #include <QSerialPortInfo>
 
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <csignal>
+#endif
+
 namespace vanto
 {
 
@@ -20,6 +25,15 @@ QString devicePath(const QString& portName)
 {
     const QString path = QSerialPortInfo(portName).systemLocation();
     return path.isEmpty() ? portName : path;
+}
+/// A program that was killed leaves its lock file behind.
+bool isRunning([[maybe_unused]] qint64 process)
+{
+#ifdef Q_OS_UNIX
+    return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
+#else
+    return true;
+#endif
 }
 } // namespace
 
@@ -65,7 +79,7 @@ std::optional<PortHolder> findPortHolder(const QString& portName)
         const QLockFile lock(folder + QStringLiteral("/LCK..") + name);
         PortHolder holder;
         QString host;
-        if (lock.getLockInfo(&holder.process, &host, &holder.program))
+        if (lock.getLockInfo(&holder.process, &host, &holder.program) && isRunning(holder.process))
             return holder;
     }
     return {};

@@ -85,7 +85,8 @@ QString BootLoaderLink::checkHardware(UpdateHardware hardware)
     m_log(receivedText(*reply));
     const QString type = hex(hardware.type);
     const QString version = hex(hardware.version);
-    if (*reply != HardwareMatches)
+    m_refused = *reply != HardwareMatches;
+    if (m_refused)
         return tr("Hardware does not match type 0x%1, version 0x%2.").arg(type, version);
     m_log(tr("Hardware type 0x%1, hardware version 0x%2 matched.").arg(type, version));
     return {};
@@ -110,6 +111,7 @@ QString BootLoaderLink::transfer(QByteArrayView image)
             offset += record.size();
             rejections = 0;
         } else if (++rejections >= m_limits.rejections) {
+            m_refused = true;
             return tr("CRC error. File damaged.");
         }
     }

@@ -45,6 +45,9 @@ public:
     QString checkHardware(UpdateHardware hardware);
     QString transfer(QByteArrayView image);
 
+    /// Whether the last failure is a refusal by the boot loader, not a missing reply.
+    bool wasRefused() const { return m_refused; }
+
 private:
     bool receivePresence();
     void clearInput();
@@ -56,6 +59,7 @@ private:
     LogCallback m_log;
     ProgressCallback m_progress;
     UpdateLimits m_limits;
+    bool m_refused = false;
 };
 
 } // namespace vanto

@@ -122,11 +122,13 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address, qint64 maxS
                          QNetworkRequest::ManualRedirectPolicy);
     // Restarts with every byte received.
     request.setTransferTimeout(static_cast<int>(m_limits.silence.count()));
+    bool isTooLong = false;
     const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
     connect(reply.get(), &QNetworkReply::finished, &m_wait, &QEventLoop::quit);
     connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(),
-            [this, reply = reply.get(), maxSize](qint64 received, qint64 total) {
-                if (received > maxSize)
+            [this, reply = reply.get(), maxSize, &isTooLong](qint64 received, qint64 total) {
+                isTooLong = received > maxSize;
+                if (isTooLong)
                     reply->abort();
                 else
                     emit sig_progress(received, total);
@@ -135,6 +137,9 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address, qint64 maxS
     m_wait.exec();
 
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    m_connectionFailed =
+        !isTooLong &&
+        (status == 0 || (status == StatusOk && reply->error() != QNetworkReply::NoError));
     if (status != StatusOk)
         qDebug() << "status code=" << status;
     else if (reply->error() != QNetworkReply::NoError)

@@ -51,6 +51,8 @@ public:
     /// Ends the waiting call; its result must not be used.
     void abandon();
     bool isAbandoned() const { return m_abandoned; }
+    /// Whether the last failure is one of the connection, not of what the server has sent.
+    bool hasConnectionFailed() const { return m_connectionFailed; }
 
 signals:
     /// `total` is negative if the server has not sent the size.
@@ -65,6 +67,7 @@ private:
     QNetworkAccessManager m_network;
     QEventLoop m_wait;
     bool m_abandoned = false;
+    bool m_connectionFailed = false;
 };
 
 } // namespace vanto

@@ -52,16 +52,17 @@ QString updateSucceededText()
 
 // By value: the caller's variables may change while events are processed.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
-QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
-                       LogCallback log, ProgressCallback progress, UpdateLimits limits)
+UpdateResult tryFirmwareUpdate(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
+                               LogCallback log, ProgressCallback progress, UpdateLimits limits)
 {
     const UpdateFile file = loadUpdateFile(filePath, log);
     if (!file.failure.isEmpty())
-        return file.failure;
+        return {UpdateFailure::File, file.failure};
     QSerialPort port(portName);
     if (!openPort(port, baudRate))
-        return QCoreApplication::translate("UpdateFirmware", "Failed when openning port '%1'.")
-            .arg(portName);
+        return {UpdateFailure::PortNotOpened,
+                QCoreApplication::translate("UpdateFirmware", "Failed when openning port '%1'.")
+                    .arg(portName)};
     // Closing the port ends a wait.
     PortWatch watch([&port] { port.close(); });
     watch.start(&port);
@@ -74,7 +75,17 @@ QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString
         failure = bootLoader.checkHardware(*file.hardware);
     if (failure.isEmpty())
         failure = bootLoader.transfer(file.image);
-    return failure;
+    if (failure.isEmpty())
+        return {};
+    return {bootLoader.wasRefused() ? UpdateFailure::Refused : UpdateFailure::NoAnswer, failure};
+}
+
+QString updateFirmware(QString portName, QSerialPort::BaudRate baudRate, QString filePath,
+                       LogCallback log, ProgressCallback progress, UpdateLimits limits)
+{
+    return tryFirmwareUpdate(std::move(portName), baudRate, std::move(filePath), std::move(log),
+                             std::move(progress), limits)
+        .failure;
 }
 
 } // namespace vanto

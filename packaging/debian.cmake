@@ -43,6 +43,10 @@ else()
     set(svg_package libqt6svg6)
 endif()
 set(CPACK_DEBIAN_VANTOCTL_PACKAGE_SUGGESTS python3)
+# Builds of vantosetting from before vantoctl was a package contain the udev rules. Some have the
+# version of today.
+set(CPACK_DEBIAN_VANTOCTL_PACKAGE_BREAKS "${package} (<< ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_VANTOCTL_PACKAGE_REPLACES "${package} (<= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_DEPENDS "${svg_package}, vantoctl (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_VANTOSETTING_PACKAGE_RECOMMENDS
     "ca-certificates, fonts-dejavu-core, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")

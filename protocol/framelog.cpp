@@ -1,6 +1,7 @@
 #include "framelog.h"
 
 #include <QDateTime>
+#include <QStringList>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -18,13 +19,13 @@ std::size_t keyOffset(PROTOCOL_TYPE protocol)
 
 /// The bytes before the key: of SerialCtrl the command, of Modbus function and register, also in
 /// the reply, which repeats the request.
-bool hasCalibrationKey(const FrameLog::Frame& frame)
+bool hasCalibrationKey(FrameLog::Direction direction, PROTOCOL_TYPE protocol,
+                       std::span<const std::uint8_t> bytes)
 {
-    const auto bytes = frame.bytes();
-    if (bytes.size() <= keyOffset(frame.protocol))
+    if (bytes.size() <= keyOffset(protocol))
         return false;
-    if (frame.protocol == PROTOCOL_TYPE_SERIALCTRL)
-        return frame.direction == FrameLog::Direction::Sent && bytes[4] == 0x43;
+    if (protocol == PROTOCOL_TYPE_SERIALCTRL)
+        return direction == FrameLog::Direction::Sent && bytes[4] == 0x43;
     return bytes[1] == 0x06 && bytes[2] == 0x03 && bytes[3] == 0xF4;
 }
 } // namespace
@@ -47,16 +48,25 @@ QString FrameLog::Frame::text() const
             .arg(fraction.count(), usDigits, 10, QLatin1Char('0'))
             .arg(QLatin1String(protocol == PROTOCOL_TYPE_SERIALCTRL ? "SerialCtrl" : "ModBus-RTU"),
                  QLatin1String(direction == Direction::Sent ? "tx" : "rx"));
-    const auto shown = bytes();
-    const std::size_t secret = hasCalibrationKey(*this) ? keyOffset(protocol) : shown.size();
-    for (std::size_t i = 0; i < shown.size(); ++i)
-        line += i < secret ? QStringLiteral(" %1").arg(shown[i], 2, 16, QLatin1Char('0'))
-                           : QStringLiteral(" **");
+    if (length > 0)
+        line += QLatin1Char(' ') + toHex(direction, protocol, bytes());
     if (length > MaxBytes)
         line += QStringLiteral(" ... (%1 bytes)").arg(length);
     if (direction == Direction::Received)
         line += QStringLiteral(" result 0x%1").arg(result, 2, 16, QLatin1Char('0'));
     return line;
+}
+
+QString FrameLog::toHex(Direction direction, PROTOCOL_TYPE protocol,
+                        std::span<const std::uint8_t> bytes)
+{
+    const std::size_t secret =
+        hasCalibrationKey(direction, protocol, bytes) ? keyOffset(protocol) : bytes.size();
+    QStringList digits;
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        digits.append(i < secret ? QStringLiteral("%1").arg(bytes[i], 2, 16, QLatin1Char('0'))
+                                 : QStringLiteral("**"));
+    return digits.join(QLatin1Char(' '));
 }
 
 FrameLog& FrameLog::instance()

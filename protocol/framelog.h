@@ -46,6 +46,10 @@ public:
     void noteSent(PROTOCOL_TYPE protocol, std::span<const std::uint8_t> bytes);
     void noteReceived(PROTOCOL_TYPE protocol, std::span<const std::uint8_t> bytes,
                       std::uint8_t result);
+    /// The bytes of a frame in hexadecimal digits; a calibration key is shown as "**".
+    static QString toHex(Direction direction, PROTOCOL_TYPE protocol,
+                         std::span<const std::uint8_t> bytes);
+
     /// Oldest first.
     std::vector<Frame> frames() const;
     void clear();

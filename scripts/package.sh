@@ -72,6 +72,10 @@ inspect_package() {
     done
     ! dpkg-deb --field "$output"/vantoctl_*.deb Depends | grep -i 'gui\|widgets' ||
         fail "vantoctl depends on graphical libraries"
+    local version
+    version=$(dpkg-deb --field "$output"/vantoctl_*.deb Version)
+    dpkg-deb --field "$output/$name"_*.deb Depends | grep -qF "vantoctl (= $version)" ||
+        fail "$name does not depend on vantoctl $version"
     ! grep -rlF "$PWD/" "$work/tree" || fail "the files above contain the path of the build tree"
     local file dynamic
     for file in "$work"/tree/usr/bin/vanto{-hand,ctl} "$work/tree$programs/VantoSetting"; do
@@ -151,7 +155,11 @@ run_program() {
 check_cli() {
     step "The command line"
     vantoctl --version
-    [[ -s /usr/share/bash-completion/completions/vantoctl ]] || fail "no completion for bash"
+    local file
+    for file in bash-completion/completions/vantoctl zsh/vendor-completions/_vantoctl \
+        fish/vendor_completions.d/vantoctl.fish; do
+        [[ -s /usr/share/$file ]] || fail "no /usr/share/$file"
+    done
     coproc vanto-hand --link "$work/hand"
     local port
     read -r port <&"${COPROC[0]}"

@@ -12,6 +12,11 @@ namespace vanto
 
 namespace
 {
+/// The context of the texts, which the window shows.
+struct BackupText {
+    Q_DECLARE_TR_FUNCTIONS(vanto::ParameterBackups)
+};
+
 /// The part of the name that all backups of a hand have.
 QString handPrefix(const HandFacts& hand)
 {
@@ -37,8 +42,8 @@ QStringList backupsOf(const HandFacts& hand)
 
 QString ParameterBackup::folder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-           QStringLiteral("/parameters");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/VantoSetting/parameters");
 }
 
 QString ParameterBackup::fileName(const ParameterSet& parameters)
@@ -69,6 +74,34 @@ ParameterBackup::Saved ParameterBackup::save(const ParameterSet& parameters)
     for (const QString& old : others.mid(KeptPerHand - 1))
         QFile::remove(target.filePath(old));
     return {path, {}, missing.join(QStringLiteral("; "))};
+}
+
+ParameterReader::Options ParameterBackup::readOptions(std::optional<bool> forceSensing,
+                                                      const QString& toolVersion)
+{
+    return {.forceSensing = forceSensing, .timeoutsInARow = 1, .toolVersion = toolVersion};
+}
+
+ParameterBackup::Saved ParameterBackup::save(const ParameterReader& reader)
+{
+    using Outcome = HandTask::Outcome;
+    Saved saved;
+    if (reader.outcome() == Outcome::Superseded || reader.outcome() == Outcome::Cancelled)
+        return saved;
+    if (reader.outcome() == Outcome::Completed)
+        saved = save(reader.parameters());
+    else
+        saved.error = reader.outcomeText();
+    if (!saved.error.isEmpty())
+        saved.error = failureText(saved.error);
+    if (!saved.missing.isEmpty())
+        saved.missing = BackupText::tr("The backup is incomplete. %1").arg(saved.missing);
+    return saved;
+}
+
+QString ParameterBackup::failureText(const QString& reason)
+{
+    return BackupText::tr("The parameters were not backed up. %1").arg(reason);
 }
 
 QString ParameterBackup::newest(const HandFacts& hand)

@@ -159,7 +159,7 @@ bool CalibrationProcedure::startCalibrating(const HandTarget& target, std::uint1
 {
     HandCall call(target, m_reporter->timeoutReport());
     m_session->identity().calibration.reset(); // the hand is about to change it
-    return Calibration::start(call, m_reporter->timeoutReport(), key);
+    return Calibration::start(call, m_reporter->timeoutReport(), key) != Calibration::Start::Failed;
 }
 
 bool CalibrationProcedure::positionThumbRoot(const HandTarget& target, const QString& prompt)

@@ -53,11 +53,10 @@ ParameterBackups::~ParameterBackups() = default;
 std::shared_ptr<ParameterReader> ParameterBackups::readerFor(const HandTarget& target,
                                                              const QList<ParameterKey>& keys) const
 {
-    return std::make_shared<ParameterReader>(
-        target, ParameterReader::Options{.keys = keys,
-                                         .forceSensing = m_session->hasForceSensing(),
-                                         .timeoutsInARow = 1,
-                                         .toolVersion = Program::nameAndVersion()});
+    auto options =
+        ParameterBackup::readOptions(m_session->hasForceSensing(), Program::nameAndVersion());
+    options.keys = keys;
+    return std::make_shared<ParameterReader>(target, options);
 }
 
 std::optional<ParameterBackups::Backup> ParameterBackups::backUp(const HandTarget& target)
@@ -66,27 +65,15 @@ std::optional<ParameterBackups::Backup> ParameterBackups::backUp(const HandTarge
     m_progress->setRange(0, reader->stepCount());
     m_progress->setValue(0);
     m_progress->show();
-    const auto outcome = reader->run([this](int done, int) { m_progress->setValue(done); });
+    reader->run([this](int done, int) { m_progress->setValue(done); });
     m_progress->hide();
-    if (outcome == HandTask::Outcome::Superseded)
-        return {}; // closed or halted, which the user knows
-    QString failure = reader->outcomeText();
-    if (outcome == HandTask::Outcome::Completed) {
-        const auto saved = ParameterBackup::save(reader->parameters());
-        failure = saved.error;
-        if (failure.isEmpty()) {
-            if (!saved.missing.isEmpty())
-                m_reporter->showError(tr("The backup is incomplete. %1").arg(saved.missing));
-            return Backup{reader->parameters(), saved.path};
-        }
-    }
-    showFailure(failure);
-    return {};
-}
-
-void ParameterBackups::showFailure(const QString& reason)
-{
-    m_reporter->showError(tr("The parameters were not backed up. %1").arg(reason));
+    const auto saved = ParameterBackup::save(*reader);
+    if (!saved.error.isEmpty())
+        m_reporter->showError(saved.error);
+    if (!saved.missing.isEmpty())
+        m_reporter->showError(saved.missing);
+    return saved.path.isEmpty() ? std::nullopt
+                                : std::optional(Backup{reader->parameters(), saved.path});
 }
 
 void ParameterBackups::saveBeforeUpdate()
@@ -100,7 +87,7 @@ void ParameterBackups::saveBeforeUpdate()
         return;
     const DeviceSession::State state = m_session->state();
     if (state == DeviceSession::State::NoAnswer)
-        showFailure(tr("The hand does not answer."));
+        m_reporter->showError(ParameterBackup::failureText(tr("The hand does not answer.")));
     if (state != DeviceSession::State::Connected)
         return;
     const ControlLock lock = m_deviceBar->lockWindow(DeviceBar::Usable::Nothing);

@@ -45,7 +45,6 @@ private:
 
     /// None if it has failed, which is reported.
     std::optional<Backup> backUp(const HandTarget& target);
-    void showFailure(const QString& reason);
     void startComparison();
     void startReading(std::shared_ptr<ParameterReader> reader);
     void continueComparison();

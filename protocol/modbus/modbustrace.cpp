@@ -46,13 +46,18 @@ std::span<const std::uint8_t> bytesOf(const QByteArray& frame)
     return {reinterpret_cast<const std::uint8_t*>(frame.constData()),
             static_cast<std::size_t>(frame.size())};
 }
+
+QString toHex(FrameLog::Direction direction, const QByteArray& frame)
+{
+    return FrameLog::toHex(direction, PROTOCOL_TYPE_MODBUS_RTU, bytesOf(frame));
+}
 } // namespace
 
 void ModbusTrace::request(std::uint8_t slave, int function, const QByteArray& data)
 {
     const QByteArray frame = buildFrame(slave, function, data);
     FrameLog::instance().noteSent(PROTOCOL_TYPE_MODBUS_RTU, bytesOf(frame));
-    qCDebug(traceLog).noquote() << now() << "tx" << frame.toHex(' ');
+    qCDebug(traceLog).noquote() << now() << "tx" << toHex(FrameLog::Direction::Sent, frame);
 }
 
 void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data, int error,
@@ -62,7 +67,8 @@ void ModbusTrace::reply(std::uint8_t slave, int function, const QByteArray& data
     const QByteArray frame =
         data.isEmpty() ? QByteArray() : buildFrame(slave, function | exception, data);
     FrameLog::instance().noteReceived(PROTOCOL_TYPE_MODBUS_RTU, bytesOf(frame), result);
-    qCDebug(traceLog).noquote() << now() << "rx" << frame.toHex(' ') << "error" << error;
+    qCDebug(traceLog).noquote() << now() << "rx" << toHex(FrameLog::Direction::Received, frame)
+                                << "error" << error;
 }
 
 } // namespace vanto

@@ -34,11 +34,9 @@ struct ReceivedBytes {
 };
 ReceivedBytes s_received;
 
-QByteArray toHex(std::span<const std::uint8_t> bytes)
+QString toHex(FrameLog::Direction direction, std::span<const std::uint8_t> bytes)
 {
-    return QByteArray(reinterpret_cast<const char*>(bytes.data()),
-                      static_cast<qsizetype>(bytes.size()))
-        .toHex(' ');
+    return FrameLog::toHex(direction, PROTOCOL_TYPE_SERIALCTRL, bytes);
 }
 
 QString traceTime()
@@ -64,7 +62,8 @@ int SendData(u8 /*node*/, const u8* data, u32 length, HAND_Context* context)
     // A late reply to an earlier request must not be taken for the reply to this one.
     port.clear();
     FrameLog::instance().noteSent(PROTOCOL_TYPE_SERIALCTRL, {data, length});
-    qCDebug(traceLog).noquote() << traceTime() << "tx" << toHex({data, length});
+    qCDebug(traceLog).noquote() << traceTime() << "tx"
+                                << toHex(FrameLog::Direction::Sent, {data, length});
     return static_cast<int>(port.write(data, length));
 }
 
@@ -118,8 +117,9 @@ u8 SerialProtocolV3::exchangeWithin(int milliseconds, Command command, u8 node,
     setNodeError(node, subError);
     FrameLog::instance().noteReceived(PROTOCOL_TYPE_SERIALCTRL, s_received.bytes(),
                                       static_cast<u8>(result));
-    qCDebug(traceLog).noquote() << traceTime() << "rx" << toHex(s_received.bytes()) << "result"
-                                << Qt::hex << Qt::showbase << (result & 0xFF);
+    qCDebug(traceLog).noquote() << traceTime() << "rx"
+                                << toHex(FrameLog::Direction::Received, s_received.bytes())
+                                << "result" << Qt::hex << Qt::showbase << (result & 0xFF);
     return translateError(result);
 }
 

@@ -20,6 +20,7 @@ private slots:
     void interruptions();
     void overCurrent_data();
     void overCurrent();
+    void standstill();
     void play();
     void monitor();
     void batch();
@@ -89,6 +90,21 @@ void TestCliMotion::overCurrent()
         QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"});
     for (int finger = 0; finger < 6; ++finger)
         QCOMPARE(m_hand->command(QString("get 2 moving %1").arg(finger)), "ok 0");
+}
+
+/// A finger that does not move any more ends the wait; here because the hand has been stopped.
+void TestCliMotion::standstill()
+{
+    start({"--node", "2", "--latch-stop"});
+    CliProcess cli(*m_hand);
+    QCOMPARE(cli.run("halt").status, 0);
+    auto result = cli.run("move 1 60000 --wait");
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains("The finger index stands still at 0"),
+             qPrintable(result.errors));
+    QCOMPARE(cli.run("continue").status, 0);
+    result = cli.run("move 1 1500 --speed 1 --wait"); // slow, but it moves
+    QVERIFY2(result.status == 0, qPrintable(result.errors));
 }
 
 void TestCliMotion::play()

@@ -1,3 +1,4 @@
+#include "parameterbackup.h"
 #include "parametertest.h"
 #include "testmain.h"
 
@@ -5,6 +6,7 @@
 #include <QFile>
 #include <QInputDialog>
 #include <QJsonDocument>
+#include <QLabel>
 #include <QStandardPaths>
 
 namespace vanto
@@ -36,8 +38,7 @@ constexpr int ReadUid = 0x23;
 
 QStringList backups()
 {
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                      "/parameters");
+    const QDir folder(ParameterBackup::folder());
     QStringList files;
     for (const QString& name : folder.entryList(QDir::Files))
         files.append(folder.filePath(name));

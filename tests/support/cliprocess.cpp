@@ -3,6 +3,7 @@
 #include "handprocess.h"
 
 #include <QCoreApplication>
+#include <QTemporaryDir>
 
 #include <csignal>
 
@@ -20,6 +21,8 @@ CliProcess::CliProcess(const HandProcess& hand, int patience)
     setVariable("VANTO_PORT", hand.portName());
     setVariable("VANTO_NODE", "2");
     setVariable("VANTO_PATIENCE", QString::number(patience));
+    static const QTemporaryDir data; // of all tests of the process, for automatic backups
+    setVariable("XDG_DATA_HOME", data.path());
 }
 
 CliProcess::~CliProcess()
