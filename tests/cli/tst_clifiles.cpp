@@ -8,9 +8,29 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <csignal>
 
 namespace vanto
 {
+
+namespace
+{
+/// What completions or the manual page contain for a command.
+QString partOf(const QString& text, const QString& what, const QString& command)
+{
+    const QString pattern = what == "bash"  ? "\n    %1\\) [^\n]*"
+                            : what == "zsh" ? "\n        %1\\) .*?;;\n"
+                            : what == "man" ? "\n\\.SS \"%1[ \"].*?(?=\n\\.S)"
+                                            : "-a %1 .*?(?=__fish_use_subcommand|$)";
+    return QRegularExpression(pattern.arg(command), QRegularExpression::DotMatchesEverythingOption)
+        .match(text)
+        .captured();
+}
+} // namespace
 
 /// Files, examples, documentation and completions of vantoctl.
 class TestCliFiles : public CliTest
@@ -21,6 +41,7 @@ private slots:
     void parameterFiles();
     void documentation();
     void examples();
+    void updateFromServer();
     void generated();
 };
 
@@ -96,13 +117,19 @@ void TestCliFiles::documentation()
         shell.closeWriteChannel();
         QVERIFY(shell.waitForFinished(60'000));
         m_hand->command("boot leave"); // after an update
-        QString pattern = QRegularExpression::escape(lines.mid(1).join('\n'));
-        pattern.replace("\\.\\.\\.", ".*");
+        QStringList patterns;
+        for (const QString& line : lines.mid(1))
+            patterns.append(line == "..."
+                                ? "[\\s\\S]*" // any lines
+                                : QRegularExpression::escape(line).replace("\\.\\.\\.", ".*"));
+        const QString pattern = patterns.join('\n');
         const QString output = QString::fromUtf8(shell.readAll()).trimmed();
-        QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(pattern),
-                                    QRegularExpression::DotMatchesEverythingOption)
+        QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(pattern))
                      .match(output)
                      .hasMatch(),
+                 qPrintable(lines[0] + '\n' + output));
+        const bool fails = output.contains("vantoctl: ") && !lines[0].contains("echo $?");
+        QVERIFY2(shell.exitStatus() == QProcess::NormalExit && (shell.exitCode() != 0) == fails,
                  qPrintable(lines[0] + '\n' + output));
     }
 }
@@ -140,7 +167,74 @@ void TestCliFiles::examples()
     QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"}); // at the end
 }
 
-/// Completions and manual page name every command and option, and bash accepts and uses its own.
+/// Firmware from a server on this machine.
+void TestCliFiles::updateFromServer()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QMap<QByteArray, QByteArray> files; // by their paths; others are not answered
+    QByteArrayList paths;
+    connect(&server, &QTcpServer::newConnection, this, [&] {
+        auto* socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
+            paths.append(socket->readAll().split(' ').value(1));
+            if (!files.contains(paths.constLast()))
+                return;
+            const QByteArray file = files.value(paths.constLast());
+            socket->write(file.isEmpty() ? "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"
+                                         : "HTTP/1.1 200 OK\r\nContent-Length: " +
+                                               QByteArray::number(file.size()) + "\r\n\r\n" + file);
+            socket->disconnectFromHost();
+        });
+    });
+    start();
+    CliProcess cli(*m_hand);
+    const auto update = [&](const char* options = "") {
+        cli.start("update --yes --quiet --protocol serialctrl --server http://127.0.0.1:" +
+                  QString::number(server.serverPort()) + options);
+        cli.process().closeWriteChannel();
+        (void)QTest::qWaitFor([&] { return cli.process().state() == QProcess::NotRunning; },
+                              60'000);
+        return cli.finish();
+    };
+    const QByteArray list = "/firmwares/1B01/latest_version.json";
+    const QByteArray image = "/firmwares/1B01/hand.upd";
+    files = {{list, {}}};
+    auto result = update();
+    QCOMPARE(result.errors, "vantoctl: Error when reading version file from server.\n");
+    QCOMPARE(result.status, 5);
+    files = {{list, "{"}};
+    result = update();
+    QCOMPARE(result.errors, "vantoctl: Error when parsing version file.\n");
+    QCOMPARE(result.status, 5);
+    files = {{list, R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})"},
+             {image, {}}};
+    result = update();
+    QCOMPARE(result.errors, "vantoctl: Error when reading firmware file from server.\n");
+    QCOMPARE(result.status, 5);
+    files[image] = "damaged";
+    QCOMPARE(update().status, 5);
+    QCOMPARE(update(" --type other").status, 2);
+    QVERIFY(m_hand->command("boot").contains("probes=0"));
+    QFile sample(SAMPLE);
+    QVERIFY(sample.open(QFile::ReadOnly));
+    files[image] = sample.readAll();
+    result = update();
+    QVERIFY2(result.status == 0, qPrintable(result.errors));
+    QCOMPARE(m_hand->command("image /dev/null"), "ok 4096");
+    m_hand->command("boot leave");
+    // A server that does not answer.
+    files.clear();
+    paths.clear();
+    connect(&server, &QTcpServer::newConnection, this,
+            [&] { QTimer::singleShot(100, &server, [&] { cli.sendSignal(SIGINT); }); });
+    result = update();
+    QCOMPARE(result.status, 130);
+    QCOMPARE(result.errors, "vantoctl: Interrupted.\n");
+}
+
+/// Completions and manual page name every command with its options, and bash accepts and uses its
+/// own.
 void TestCliFiles::generated()
 {
     const QString generator = QCoreApplication::applicationDirPath() + "/vantoctl-generate";
@@ -150,10 +244,14 @@ void TestCliFiles::generated()
         QVERIFY(program.waitForFinished());
         const QString text = QString::fromUtf8(program.readAll()).remove('\\');
         for (const Command& command : vanto::commands()) {
-            QVERIFY2(text.contains(command.name), command.name);
-            for (const CommandOption& option : command.options)
-                QVERIFY2(text.contains(what == "fish" ? QString(option.name).mid(2) : option.name),
-                         option.name);
+            const QString part = partOf(text, what, command.name);
+            QVERIFY2(!part.isEmpty(), qPrintable(what + ' ' + command.name));
+            for (const CommandOption& option : command.options) {
+                const QString name =
+                    what == "fish" ? "-l " + QString(option.name).mid(2) : option.name;
+                QVERIFY2(QRegularExpression(name + "\\b(?!-)").match(part).hasMatch(),
+                         qPrintable(what + ' ' + command.name + ' ' + option.name));
+            }
         }
         for (const GeneralOption& option : generalOptions())
             QVERIFY(text.contains(QString(option.name).mid(2)));
@@ -167,8 +265,10 @@ void TestCliFiles::generated()
     QVERIFY(shell.waitForFinished());
     QCOMPARE(shell.readAllStandardOutput(), "--fields\nmove monitor\n");
     for (const char* other : {"zsh", "fish"}) {
-        if (QStandardPaths::findExecutable(other).isEmpty())
+        if (QStandardPaths::findExecutable(other).isEmpty()) {
+            qInfo("%s is not installed.", other);
             continue;
+        }
         shell.start("bash", {"-c", generator + ' ' + other + " | " + other + " -n /dev/stdin"});
         QVERIFY(shell.waitForFinished());
         QCOMPARE(shell.exitCode(), 0);

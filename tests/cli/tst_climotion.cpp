@@ -1,6 +1,8 @@
 #include "clitest.h"
 #include "testmain.h"
 
+#include <QElapsedTimer>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -18,6 +20,8 @@ private slots:
     void cleanup() { close(); }
     void interruptions_data();
     void interruptions();
+    void interruptedExchange();
+    void interruptedHalt();
     void overCurrent_data();
     void overCurrent();
     void standstill();
@@ -33,35 +37,89 @@ void TestCliMotion::interruptions_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QList<int>>("signalNumbers");
-    QTest::addColumn<bool>("halts");
+    QTest::addColumn<bool>("modbus");
     for (const char* words :
-         {"move 1 60000 --speed 20 --wait", "play " EXAMPLES "/wave.json --repeat 9"}) {
-        QTest::addRow("SIGINT %.4s", words) << QString(words) << QList<int>{SIGINT} << false;
-        QTest::addRow("two %.4s", words) << QString(words) << QList<int>{SIGINT, SIGINT} << true;
-        QTest::addRow("SIGTERM %.4s", words) << QString(words) << QList<int>{SIGTERM} << true;
-    }
+         {"move 1 60000 --speed 20 --wait", "pose 9 9 60000 9 9 9 --speeds 20 --wait",
+          "play " EXAMPLES "/wave.json --from 2"})
+        for (const bool modbus : {false, true})
+            for (const QList<int>& numbers :
+                 {QList<int>{SIGINT}, {SIGINT, SIGINT}, {SIGTERM}, {SIGHUP}})
+                if (!modbus || numbers != QList<int>{SIGHUP})
+                    QTest::addRow("%.4s %d %d %d", words, numbers[0], int(numbers.size()), modbus)
+                        << QString(words) << numbers << modbus;
 }
 
+/// Signals while fingers move.
 void TestCliMotion::interruptions()
 {
     QFETCH(QString, words);
     QFETCH(QList<int>, signalNumbers);
-    QFETCH(bool, halts);
-    start();
+    QFETCH(bool, modbus);
+    const bool halts = signalNumbers != QList<int>{SIGINT};
+    start({"--node", modbus ? "2:modbus" : "2", "--speed", "0.1"});
     CliProcess cli(*m_hand);
-    cli.start(words + " --protocol serialctrl");
-    QTRY_VERIFY_WITH_TIMEOUT(m_hand->frames({0x06}).size() > 8, 20'000);
+    cli.start(words + " --protocol " + (modbus ? "modbus" : "serialctrl"));
+    const auto moves = [&] {
+        return modbus ? m_hand->modbusWrites().size() : m_hand->frames({0x4C, 0x50}).size();
+    };
+    // The end of the motion and the next step of the sequence are far away.
+    QTRY_VERIFY_WITH_TIMEOUT(m_hand->requests().size() > moves() + 8, 20'000);
+    const auto sent = moves();
     for (const int number : signalNumbers) {
         cli.sendSignal(number);
         QTest::qWait(30); // a signal that is pending is not delivered twice
     }
-    const auto sent = m_hand->frames({0x4C}).size();
+    QCOMPARE(cli.finish().status, 130);
+    if (!halts)
+        QCOMPARE(moves(), sent);
+    else if (!modbus)
+        QCOMPARE(moves(), sent + 2); // the positions at which the fingers stand, written twice
+    if (!modbus)
+        QCOMPARE(m_hand->frames({0x4A}).size(), halts ? 1 : 0);
+    for (int finger = 0; halts && finger < 6; ++finger)
+        QCOMPARE(m_hand->command(QString("get 2 moving %1").arg(finger)), "ok 0");
+}
+
+/// Signals while the program waits for a reply: it neither waits for it nor sends another motion.
+void TestCliMotion::interruptedExchange()
+{
+    start();
+    const auto interrupt = [this](const QString& words, int command, qsizetype frames) {
+        m_hand->clearTrace();
+        CliProcess cli(*m_hand);
+        cli.start(words + " --protocol serialctrl");
+        QTRY_COMPARE_WITH_TIMEOUT(m_hand->frames({command}).size(), frames, 20'000);
+        QElapsedTimer timer;
+        timer.start();
+        cli.sendSignal(SIGINT);
+        QCOMPARE(cli.finish().status, 130);
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(words)); // the time-out of the reply is 20 s
+    };
+    m_hand->command("fault late ms=60000 command=0x4c skip=7");
+    interrupt("play " EXAMPLES "/wave.json", 0x4C, 8);
+    QCOMPARE(m_hand->frames({0x4C}).size(), 8); // not the other fingers of the second step
+    m_hand->command("clear");
+    m_hand->command("hang");
+    interrupt("get current", 0x06, 1);
+    interrupt("move 1 60000 --wait", 0x4C, 1);
+    interrupt("backup " + path("hand.json"), 0x01, 1);
+    QVERIFY(!QFile::exists(path("hand.json")));
+}
+
+/// A halt under way is completed.
+void TestCliMotion::interruptedHalt()
+{
+    start();
+    CliProcess cli(*m_hand);
+    QCOMPARE(cli.run("move 1 60000 --speed 9 --protocol serialctrl").status, 0);
+    m_hand->command("fault late ms=300 command=0x4a");
+    cli.start("halt --protocol serialctrl");
+    QTRY_COMPARE_WITH_TIMEOUT(m_hand->frames({0x4A}).size(), 1, 20'000);
+    cli.sendSignal(SIGINT);
     const auto result = cli.finish();
     QCOMPARE(result.status, 130);
-    QCOMPARE(m_hand->frames({0x4C}).size(), sent);
-    QCOMPARE(m_hand->frames({0x4A}).size(), halts ? 1 : 0);
-    if (halts)
-        QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+    QCOMPARE(m_hand->frames({0x50}).size(), 2);
+    QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
 }
 
 void TestCliMotion::overCurrent_data()
@@ -88,8 +146,12 @@ void TestCliMotion::overCurrent()
              qPrintable(result.errors));
     if (!modbus)
         QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"});
-    for (int finger = 0; finger < 6; ++finger)
+    for (int finger = 0; finger < 6; ++finger) {
         QCOMPARE(m_hand->command(QString("get 2 moving %1").arg(finger)), "ok 0");
+        // Halted on its way, far from the target.
+        const QString position = m_hand->command(QString("get 2 position %1").arg(finger));
+        QVERIFY2(position.mid(3).toInt() < 50'000, qPrintable(position));
+    }
 }
 
 /// A finger that does not move any more ends the wait; here because the hand has been stopped.
@@ -175,7 +237,7 @@ void TestCliMotion::batchEndings()
     QCOMPARE(m_hand->addressed().filter(":4a"), QStringList{"02:4a"}); // not the one that was read
     cli.process().write("2 continue\n3 move 1 60000 --speed 5\n");
     QTRY_VERIFY_WITH_TIMEOUT(m_hand->frames({0x4C}).size() == 2, 20'000);
-    cli.sendSignal(SIGTERM);
+    cli.sendSignal(SIGINT);
     QCOMPARE(cli.finish().status, 130);
     QCOMPARE(m_hand->command("get 3 moving 1"), "ok 0");
 }
