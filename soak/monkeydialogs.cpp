@@ -112,6 +112,9 @@ void Monkey::useModelessDialog()
         return;
     ++m_counts[QStringLiteral("modeless dialog")];
     if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
+        // The name that the window proposes can be accepted before the own one is entered.
+        if (files->acceptMode() == QFileDialog::AcceptSave)
+            files->setDirectory(QDir::current());
         if (randomBelow(4) == 0)
             files->reject();
         else
