@@ -12,53 +12,53 @@ namespace vanto
 namespace
 {
 /// How a fault shows in the exit status of a command.
-enum class Kind {
+enum class CommandKind {
     Read,  ///< it only reads
     Write, ///< its first request writes
     Set,   ///< it reads, writes and reads back
     Scan
 };
 
-struct CommandRow {
-    Kind kind;
+struct FaultedCommand {
+    CommandKind kind;
     const char* words; ///< %1: the folder of the test
     int skip = 0;      ///< requests before a fault in the middle; 0: most of an undisturbed run
     const char* input = "";
 };
 
 /// Those that a line of batch can contain.
-constexpr CommandRow batchRows[] = {
-    {Kind::Read, "get current 2"},
-    {Kind::Read, "get currentLimit 2"},
-    {Kind::Read, "info"},
-    {Kind::Set, "set currentLimit 2 300"},
-    {Kind::Set, "set gains 1 1 2 3 4"},
-    {Kind::Write, "move 1 2000"},
-    {Kind::Write, "pose 9 9 9 9 9 9"},
-    {Kind::Write, "beep"},
-    {Kind::Write, "init"},
-    {Kind::Write, "reset"},
-    {Kind::Write, "set-id 9"},
+constexpr FaultedCommand batchRows[] = {
+    {CommandKind::Read, "get current 2"},
+    {CommandKind::Read, "get currentLimit 2"},
+    {CommandKind::Read, "info"},
+    {CommandKind::Set, "set currentLimit 2 300"},
+    {CommandKind::Set, "set gains 1 1 2 3 4"},
+    {CommandKind::Write, "move 1 2000"},
+    {CommandKind::Write, "pose 9 9 9 9 9 9"},
+    {CommandKind::Write, "beep"},
+    {CommandKind::Write, "init"},
+    {CommandKind::Write, "reset"},
+    {CommandKind::Write, "set-id 9"},
 };
 
-constexpr CommandRow otherRows[] = {
-    {Kind::Write, "play %1/step.json", 3},
-    {Kind::Read, "monitor --rate 1 --for 0.2 --fields current,position"},
-    {Kind::Read, "backup %1/new.json"},
-    {Kind::Read, "restore %1/hand.json"},
-    {Kind::Read, "diff %1/hand.json"},
-    {Kind::Write, "calibrate --yes --key-file %1/key"},
-    {Kind::Scan, "scan --nodes 2"},
+constexpr FaultedCommand otherRows[] = {
+    {CommandKind::Write, "play %1/step.json", 3},
+    {CommandKind::Read, "monitor --rate 1 --for 0.2 --fields current,position"},
+    {CommandKind::Read, "backup %1/new.json"},
+    {CommandKind::Read, "restore %1/hand.json"},
+    {CommandKind::Read, "diff %1/hand.json"},
+    {CommandKind::Write, "calibrate --yes --key-file %1/key"},
+    {CommandKind::Scan, "scan --nodes 2"},
 };
 
 /// Tested only with a fault in the middle.
-constexpr CommandRow middleRows[] = {
-    {Kind::Write, "move 1 60000 --speed 9 --wait", 5},
-    {Kind::Write, "pose 9 9 60000 9 9 9 --speeds 9 --wait", 5},
-    {Kind::Write, "halt", 3},
-    {Kind::Write, "continue", 3},
-    {Kind::Read, "report %1/report.json"},
-    {Kind::Write, "batch", 0, "2 get current 0\n2 beep\n2 set currentLimit 2 300\n2 info\n"},
+constexpr FaultedCommand middleRows[] = {
+    {CommandKind::Write, "move 1 60000 --speed 9 --wait", 5},
+    {CommandKind::Write, "pose 9 9 60000 9 9 9 --speeds 9 --wait", 5},
+    {CommandKind::Write, "halt", 3},
+    {CommandKind::Write, "continue", 3},
+    {CommandKind::Read, "report %1/report.json"},
+    {CommandKind::Write, "batch", 0, "2 get current 0\n2 beep\n2 set currentLimit 2 300\n2 info\n"},
 };
 
 struct FaultRow {
@@ -108,9 +108,10 @@ private slots:
 private:
     void startHand(bool modbus);
     void arm(const QString& fault);
-    QString words(const CommandRow& row, bool modbus) const;
+    QString words(const FaultedCommand& row, bool modbus) const;
     bool repeatsWrite(bool modbus) const;
-    void checkFailure(const CommandRow& row, bool modbus, const CliProcess::Result& result) const;
+    void checkFailure(const FaultedCommand& row, bool modbus,
+                      const CliProcess::Result& result) const;
     void checkBatch(const FaultRow& row, bool modbus, int patience);
 };
 
@@ -121,7 +122,9 @@ void TestCliFaults::startHand(bool modbus)
     writeFile(path("key"), "1A2B");
     writeFile(path("step.json"), Step);
     if (!QFile::exists(path("hand.json")))
-        QCOMPARE(CliProcess(*m_hand).run(words({Kind::Read, "backup %1/hand.json"}, modbus)).status,
+        QCOMPARE(CliProcess(*m_hand)
+                     .run(words({CommandKind::Read, "backup %1/hand.json"}, modbus))
+                     .status,
                  0);
     m_hand->command("set 2 reboot-time 0");
     for (int finger = 0; finger < 6; ++finger)
@@ -137,7 +140,7 @@ void TestCliFaults::arm(const QString& fault)
     m_hand->clearTrace();
 }
 
-QString TestCliFaults::words(const CommandRow& row, bool modbus) const
+QString TestCliFaults::words(const FaultedCommand& row, bool modbus) const
 {
     return QString(row.words).replace("%1", m_folder.path()) + " --quiet --protocol " +
            (modbus ? "modbus" : "serialctrl");
@@ -151,7 +154,7 @@ bool TestCliFaults::repeatsWrite(bool modbus) const
         frames, [&](const QString& frame) { return frames.count(frame) > (modbus ? 2 : 1); });
 }
 
-void TestCliFaults::checkFailure(const CommandRow& row, bool modbus,
+void TestCliFaults::checkFailure(const FaultedCommand& row, bool modbus,
                                  const CliProcess::Result& result) const
 {
     const QByteArray text = row.words + QByteArray(": ") + QByteArray::number(result.status) + ' ' +
@@ -183,9 +186,9 @@ void TestCliFaults::faults()
     // Where the hand answers, a busy machine must not look like silence.
     const int patience = statuses == "3333" ? 1 : modbus && statuses.count('3') > 1 ? 3 : 40;
     arm(QString(row->fault) + (row->fault == QString("hang") ? "" : " count=0"));
-    for (const CommandRow& each : otherRows) {
+    for (const FaultedCommand& each : otherRows) {
         const int status = statuses[static_cast<int>(each.kind)].digitValue();
-        if (each.kind == Kind::Write && status == 0)
+        if (each.kind == CommandKind::Write && status == 0)
             continue; // the fault has no effect on it
         m_hand->clearTrace();
         const auto result = CliProcess(*m_hand, patience).run(words(each, modbus));
@@ -193,7 +196,7 @@ void TestCliFaults::faults()
             checkFailure(each, modbus, result);
         QVERIFY2(result.status == status, qPrintable(each.words + (": " + result.errors)));
         QCOMPARE(result.errors.count('\n'), status == 0 ? 0 : 1);
-        QVERIFY(status == 0 || each.kind == Kind::Write ||
+        QVERIFY(status == 0 || each.kind == CommandKind::Write ||
                 (writes() + m_hand->modbusWrites()).isEmpty());
     }
     QCOMPARE(QFile::remove(path("new.json")), statuses[0] == '0');
@@ -204,9 +207,9 @@ void TestCliFaults::checkBatch(const FaultRow& row, bool modbus, int patience)
 {
     const bool hangs = row.fault == QString("hang");
     CliProcess batch(*m_hand, patience);
-    batch.start(words({Kind::Read, "batch"}, modbus));
+    batch.start(words({CommandKind::Read, "batch"}, modbus));
     bool isSilent = false;
-    for (const CommandRow& each : batchRows) {
+    for (const FaultedCommand& each : batchRows) {
         const int status =
             QString(modbus ? row.modbus : row.serialCtrl)[static_cast<int>(each.kind)].digitValue();
         isSilent = isSilent || status == 3;
@@ -242,7 +245,8 @@ void TestCliFaults::haltFaults()
     };
     std::vector<Run> runs;
     for (const FaultRow& row : faultRows)
-        for (const CommandRow& each : {CommandRow{Kind::Write, "halt"}, {Kind::Write, "continue"}})
+        for (const FaultedCommand& each :
+             {FaultedCommand{CommandKind::Write, "halt"}, {CommandKind::Write, "continue"}})
             for (const bool modbus : {false, true}) {
                 const char* statuses = modbus ? row.modbus : row.serialCtrl;
                 const bool isHalt = each.words == QString("halt");
@@ -274,10 +278,10 @@ void TestCliFaults::haltFaults()
 
 void TestCliFaults::middle_data()
 {
-    QTest::addColumn<const CommandRow*>("row");
+    QTest::addColumn<const FaultedCommand*>("row");
     QTest::addColumn<bool>("modbus");
     const auto add = [](const auto& table) {
-        for (const CommandRow& row : table)
+        for (const FaultedCommand& row : table)
             for (const bool modbus : {false, true})
                 if (!modbus || row.words != QString("continue"))
                     QTest::addRow("%s %s", row.words, modbus ? "modbus" : "serialctrl")
@@ -291,7 +295,7 @@ void TestCliFaults::middle_data()
 /// A reply that does not come in time, and a lost cable, after part of the requests of a command.
 void TestCliFaults::middle()
 {
-    QFETCH(const CommandRow*, row);
+    QFETCH(const FaultedCommand*, row);
     QFETCH(bool, modbus);
     int skip = row->skip;
     if (skip == 0) {

@@ -12,14 +12,14 @@ namespace vanto
 
 namespace
 {
-struct CommandRow {
+struct OutputRow {
     const char* words;
     const char* serialCtrl; ///< frames that write, or all if the command only reads
     const char* modbus;     ///< writes
     const char* output = "";
 };
 
-constexpr CommandRow commandRows[] = {
+constexpr OutputRow outputRows[] = {
     {"get current 0", "06 00", "", "\\d+\n"},
     {"get current-limit little", "05 04", "", "\\d+\n"},
     {"get position", "0b 00|0b 01|0b 02|0b 03|0b 04|0b 05", "", "(\\w+ 0\n){6}"},
@@ -66,16 +66,16 @@ private slots:
 
 void TestVantoctl::commands_data()
 {
-    QTest::addColumn<const CommandRow*>("row");
+    QTest::addColumn<const OutputRow*>("row");
     QTest::addColumn<bool>("modbus");
-    for (const CommandRow& row : commandRows)
+    for (const OutputRow& row : outputRows)
         for (const bool modbus : {false, true})
             QTest::addRow("%s %s", row.words, modbus ? "modbus" : "serialctrl") << &row << modbus;
 }
 
 void TestVantoctl::commands()
 {
-    QFETCH(const CommandRow*, row);
+    QFETCH(const OutputRow*, row);
     QFETCH(bool, modbus);
     start({"--node", modbus ? "2:modbus" : "2"});
     CliProcess cli(*m_hand);
