@@ -401,10 +401,10 @@ void TestMonitor::marksActions()
     const auto recorded = [] { return loadRecording("marks.csv").recording; };
     const auto texts = [&] {
         const Recording recording = recorded();
-        QStringList texts;
+        QStringList parts;
         for (const Marker& marker : recording.markers())
-            texts.append(marker.text); // all that belong to one sample
-        return texts.join("; ");
+            parts.append(marker.text); // all that belong to one sample
+        return parts.join("; ");
     };
     const QStringList expected{"Set Index: 30000",
                                "Write Thumb root: P 0.00, I 1.00, D 2.00, G 3.00", "Step 1",
@@ -449,7 +449,7 @@ void TestMonitor::requestWaitsForOneExchange()
         for (qsizetype i = 0; i < requests.size(); ++i) {
             const auto code =
                 static_cast<std::uint8_t>(requests[i].bytes[protocol == "modbus" ? 1 : 4]);
-            if (code == 0x46 || code == 6)
+            if (code == (protocol == "modbus" ? 6 : 0x46))
                 return i;
         }
         return qsizetype{-1};
