@@ -86,7 +86,7 @@ void CursorPanel::showValues(const PlotSource& source, ChannelSet channels)
 {
     m_table->setRowCount(static_cast<int>(channels.count()));
     bool isExact = true;
-    const auto [from, to] = std::minmax(times()[0], times()[1]);
+    const auto [from, to] = std::minmax({times()[0], times()[1]});
     int row = 0;
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
         if (!channels[channel])
@@ -109,7 +109,7 @@ void CursorPanel::showValues(const PlotSource& source, ChannelSet channels)
 void CursorPanel::showRow(int row, const PlotSource& source, std::size_t channel)
 {
     const auto [quantity, finger] = Channel::at(channel);
-    const auto [from, to] = std::minmax(times()[0], times()[1]);
+    const auto [from, to] = std::minmax({times()[0], times()[1]});
     const RangeStatistics range = source.statistics(channel, from, to);
     const std::array<QString, CursorColumnCount> texts{
         ValueText::extent(quantity, source.valueAt(channel, times()[0])),

@@ -303,7 +303,7 @@ void StepTable::extendTo(int row, Qt::KeyboardModifiers modifiers)
         m_anchor = row;
     else if (selectedRows().size() < 2 || !selectedRows().contains(m_anchor))
         m_anchor = currentRow();
-    const auto [first, last] = std::minmax(std::min(m_anchor, rowCount() - 1), row);
+    const auto [first, last] = std::minmax({std::min(m_anchor, rowCount() - 1), row});
     const QItemSelection rows(model()->index(first, 0), model()->index(last, columnCount() - 1));
     {
         const QSignalBlocker blocker(this);

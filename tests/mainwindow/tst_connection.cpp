@@ -259,7 +259,7 @@ void TestConnection::silentHand()
     QFETCH(QString, hand);
     QFETCH(int, page);
     QFETCH(QString, control);
-    expectTimeouts(100);
+    expectTimeouts(300);
     open({"--node", hand});
     m_tool->showPage(page);
     clearRecords();
