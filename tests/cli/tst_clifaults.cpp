@@ -47,7 +47,7 @@ constexpr FaultedCommand otherRows[] = {
     {CommandKind::Read, "backup %1/new.json"},
     {CommandKind::Read, "restore %1/hand.json"},
     {CommandKind::Read, "diff %1/hand.json"},
-    {CommandKind::Write, "calibrate --yes --key-file %1/key"},
+    {CommandKind::Write, "calibrate --yes --no-backup --key-file %1/key"},
     {CommandKind::Scan, "scan --nodes 2"},
 };
 
@@ -244,14 +244,16 @@ void TestCliFaults::haltFaults()
         int status = 0;
     };
     std::vector<Run> runs;
-    for (const FaultRow& row : faultRows)
+    for (const FaultRow& row : faultRows) {
+        // A halt that fails polls for 3 s, so one fault of each kind has to do.
+        if (!QStringList({"hang", "garble", "refuse error=0x21", "noise"}).contains(row.fault))
+            continue;
         for (const FaultedCommand& each :
              {FaultedCommand{CommandKind::Write, "halt"}, {CommandKind::Write, "continue"}})
             for (const bool modbus : {false, true}) {
                 const char* statuses = modbus ? row.modbus : row.serialCtrl;
-                const bool isHalt = each.words == QString("halt");
-                if (*statuses == 0 || (!isHalt && (modbus || QString(row.fault).contains('-'))))
-                    continue; // over Modbus there is nothing to continue
+                if (modbus && each.words != QString("halt"))
+                    continue; // there is nothing to continue
                 Run& run = runs.emplace_back();
                 run.status = *statuses == '0' ? 0 : 3;
                 run.name =
@@ -263,6 +265,7 @@ void TestCliFaults::haltFaults()
                 run.cli = std::make_unique<CliProcess>(*run.hand, run.status == 0 ? 40 : 1);
                 run.cli->start(words(each, modbus));
             }
+    }
     for (Run& run : runs) {
         const auto result = run.cli->finish();
         const QByteArray text = run.name + ": " + result.errors.toUtf8();

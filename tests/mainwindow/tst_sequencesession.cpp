@@ -222,7 +222,7 @@ void TestSequenceSession::peaks()
     m_tool->showPage(SequenceTab);
     loadIn("position");
     QVERIFY(!m_tool->find<QAction>("action_Copy_Peaks_Text")->isEnabled());
-    QCOMPARE(toolTip(1), "Step 2: delay 40 ms, speeds 255 200 255 255 255 255");
+    QCOMPARE(toolTip(1), "Step 2: delay 40 ms, speeds 255 255 200 255 255 255");
     command("set 2 current 1 42");
     const auto run = [&] {
         m_tool->click("pushButton_SeqRun");
