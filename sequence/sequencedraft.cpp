@@ -1,5 +1,7 @@
 #include "sequencedraft.h"
 
+#include "wholefile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -171,7 +173,7 @@ bool SequenceDraft::store(const QString& path, const SequenceData& data, const Q
     document.insert(FileKey, file);
     const QByteArray json = QJsonDocument(document).toJson(QJsonDocument::Compact);
     QSaveFile draft(path);
-    if (draft.open(QIODevice::WriteOnly) && draft.write(json) == json.size() && draft.commit())
+    if (draft.open(QIODevice::WriteOnly) && writeWhole(draft, json))
         return true;
     QMetaObject::invokeMethod(
         this, [this, reason = draft.errorString()] { emit sig_failed(reason); },
