@@ -114,8 +114,13 @@ void SequenceDraft::discard(Abandoned draft)
 {
     const QFileInfo info(draft.path);
     const QDir folder(info.path() + QStringLiteral("/discarded"));
+    QFile file(draft.path);
+    // The newest ones are kept by the time at which they were discarded.
+    if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+        file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    file.close();
     if (folder.mkpath(QStringLiteral(".")))
-        QFile::rename(draft.path, folder.filePath(info.fileName()));
+        file.rename(folder.filePath(info.fileName()));
     const QStringList files = folder.entryList(QDir::Files, QDir::Time);
     for (const QString& old : files.mid(MaxDiscarded))
         QFile::remove(folder.filePath(old));

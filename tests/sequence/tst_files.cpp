@@ -238,9 +238,19 @@ void TestFiles::severalDrafts()
                                   QFile::FileModificationTime));
     auto drafts = SequenceDraft::findAbandoned(folder);
     QCOMPARE(drafts.size(), 3U);
+    QVERIFY(QDir(folder).mkdir("discarded"));
+    for (int i = 0; i < 12; ++i) { // newer than the draft
+        QFile other(folder + QString("/discarded/%1.json").arg(i));
+        QVERIFY(other.open(QFile::WriteOnly));
+    }
+    QFile oldest(drafts.back().path);
+    QVERIFY(oldest.open(QFile::ReadWrite));
+    QVERIFY(
+        oldest.setFileTime(QDateTime::currentDateTime().addDays(-30), QFile::FileModificationTime));
     SequenceDraft::discard(std::move(drafts.back()));
     drafts.pop_back();
-    QCOMPARE(QDir(folder + "/discarded").entryList(QDir::Files).size(), 1);
+    QCOMPARE(QDir(folder + "/discarded").entryList(QDir::Files).size(), 10);
+    QVERIFY(QFile::exists(folder + "/discarded/" + QFileInfo(oldest).fileName()));
     QVERIFY(SequenceDraft::findAbandoned(folder).empty()); // offered by one process only
     {
         SequenceDraft own(folder);
