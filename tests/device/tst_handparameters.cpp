@@ -19,7 +19,6 @@ namespace
 using Kind = ParameterKind;
 using Outcome = HandTask::Outcome;
 using Result = WrittenParameter::Result;
-
 constexpr ReplyLimits ShortLimits{300, 300, 300, 300};
 } // namespace
 
@@ -463,7 +462,6 @@ void TestHandParameters::information()
     QCOMPARE(text("batteryVoltage"), "refused");
     QCOMPARE(text("bootLoader"), "1.2");
     QVERIFY(information.toText().contains("\nFirmware version: 1.4.7\n"));
-
     {
         HandCall call(target());
         call.attempt<&VantoProtocol::calibrate>(std::uint16_t{0x77EE}); // a wrong key
