@@ -3,7 +3,6 @@
 #include "deviceentry.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -22,6 +21,7 @@ constexpr int ConfirmMs = 50;    ///< between the two confirming reads
 constexpr int EventSliceMs = 5;
 constexpr int TriesAtOnce = 3;
 constexpr int RetryMs = 100;
+constexpr int ExitMs = 1000; ///< after Exit no further try begins later than this
 
 /// The context of the texts, which the window shows beside its Halt button.
 struct HaltText {
@@ -131,7 +131,9 @@ Halt::Halt(DeviceSession* session, ListedNodes listedNodes, QObject* parent)
     connect(session, &DeviceSession::sig_portLost, this, &Halt::leave);
     connect(session, &DeviceSession::sig_nodeChanged, this, &Halt::follow);
     connect(session, &DeviceSession::sig_shutDown, this, [this] {
-        if (!isPending())
+        if (isPending())
+            m_lastTry.setRemainingTime(ExitMs);
+        else
             leave();
     });
     connect(session, &DeviceSession::sig_stop, this, [this] {
@@ -349,7 +351,8 @@ bool Halt::runOnLine()
     do {
         confirmed = tryAll();
         m_failures = confirmed ? 0 : m_failures + 1;
-    } while (!confirmed && m_failures < TriesAtOnce && token.isCurrent());
+    } while (!confirmed && m_failures < TriesAtOnce && token.isCurrent() &&
+             !m_lastTry.hasExpired());
     if (wasLeft)
         adapter->disconnect();
     return confirmed;

@@ -3,6 +3,10 @@
 #include "devicesession.h"
 #include "fingers.h"
 
+#include <QDeadlineTimer>
+#include <QObject>
+#include <QTimer>
+
 #include <array>
 #include <functional>
 #include <vector>
@@ -119,6 +123,7 @@ private:
     Generation m_run; ///< advanced when the hand is left or the port is lost
     std::vector<Hand> m_hands;
     QTimer m_retry{this};
+    QDeadlineTimer m_lastTry{QDeadlineTimer::Forever};
     int m_failures = 0;     ///< in a row
     bool m_waiting = false; ///< for the end of the conversation in progress
     bool m_running = false;

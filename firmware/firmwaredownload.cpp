@@ -1,5 +1,7 @@
 #include "firmwaredownload.h"
 
+#include "wholefile.h"
+
 #include <QDebug>
 #include <QDir>
 #include <QNetworkReply>
@@ -48,8 +50,7 @@ bool writeFile(const QString& path, const QByteArray& content)
     }
     QDir().mkpath(QFileInfo(path).path());
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
-        file.commit())
+    if (file.open(QIODevice::WriteOnly) && writeWhole(file, content))
         return true;
     qDebug() << "Open file" << path << "for write failed, err:" << file.errorString();
     return false;

@@ -19,6 +19,9 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QSettings>
+#include <QTextStream>
+
+#include <cstdio>
 
 namespace vanto
 {
@@ -171,9 +174,13 @@ void MainWindow::on_action_Exit_triggered()
 /// A halt that has been pressed before still reaches the hand.
 void MainWindow::exitAfterHalt()
 {
-    if (!m_exits || ui->deviceBar->haltControl()->halt().isPending())
+    const Halt& halt = ui->deviceBar->haltControl()->halt();
+    if (!m_exits || halt.isPending())
         return;
     m_exits = false;
+    // The window disappears before the user can read it.
+    if (halt.state() == Halt::State::NotConfirmed || halt.state() == Halt::State::SentToAll)
+        QTextStream(stderr) << Halt::stateText(halt.state()) << Qt::endl;
     QCoreApplication::exit(0);
 }
 

@@ -1,5 +1,7 @@
 #include "sequencedraft.h"
 
+#include "wholefile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -112,8 +114,13 @@ void SequenceDraft::discard(Abandoned draft)
 {
     const QFileInfo info(draft.path);
     const QDir folder(info.path() + QStringLiteral("/discarded"));
+    QFile file(draft.path);
+    // The newest ones are kept by the time at which they were discarded.
+    if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+        file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    file.close();
     if (folder.mkpath(QStringLiteral(".")))
-        QFile::rename(draft.path, folder.filePath(info.fileName()));
+        file.rename(folder.filePath(info.fileName()));
     const QStringList files = folder.entryList(QDir::Files, QDir::Time);
     for (const QString& old : files.mid(MaxDiscarded))
         QFile::remove(folder.filePath(old));
@@ -171,7 +178,7 @@ bool SequenceDraft::store(const QString& path, const SequenceData& data, const Q
     document.insert(FileKey, file);
     const QByteArray json = QJsonDocument(document).toJson(QJsonDocument::Compact);
     QSaveFile draft(path);
-    if (draft.open(QIODevice::WriteOnly) && draft.write(json) == json.size() && draft.commit())
+    if (draft.open(QIODevice::WriteOnly) && writeWhole(draft, json))
         return true;
     QMetaObject::invokeMethod(
         this, [this, reason = draft.errorString()] { emit sig_failed(reason); },

@@ -46,7 +46,8 @@ public:
     static QString userFolder();
     /// The drafts of processes that have ended, the last one first. Damaged ones are left out.
     static std::vector<Abandoned> findAbandoned(const QString& folder);
-    /// Moves the file to the subfolder "discarded", which keeps the latest ones.
+    /// Moves the file to the subfolder "discarded", which keeps the ones that were discarded last.
+    /// If it cannot be moved, it stays a draft.
     static void discard(Abandoned draft);
 
     void write(const SequenceData& data, const QString& file);

@@ -1,5 +1,7 @@
 #include "sequencemanager.h"
 
+#include "wholefile.h"
+
 #include <QDebug>
 #include <QFile>
 #include <QFileInfo>
@@ -81,26 +83,28 @@ bool SequenceManager::loadSequenceData(QFile& file)
 bool SequenceManager::saveSequenceData(QFile& file)
 {
     m_fileError.clear();
+    m_mayHaveDamaged = false;
     const QByteArray json = m_data.toJSON();
-    if (const QFileInfo info(file); info.exists() && !info.isFile()) {
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return failToOpen(file.errorString());
-        if (file.write(json) != json.size() || !file.flush())
-            failToWrite(file);
-        file.close();
-        return true;
-    }
+    const QFileInfo info(file);
+    // A writable file in a folder that is not cannot be replaced.
+    if (info.exists() && (!info.isFile() || !QFileInfo(info.canonicalPath()).isWritable()))
+        return overwrite(file, json);
     QSaveFile whole(file.fileName());
-    whole.setDirectWriteFallback(true); // a writable file in a folder that is not
     if (!whole.open(QIODevice::WriteOnly))
         return failToOpen(whole.errorString());
-    const bool isWritten = whole.write(json) == json.size();
-    if (!isWritten) {
+    if (!writeWhole(whole, json))
         failToWrite(whole);
-        whole.cancelWriting();
-    }
-    if (!whole.commit() && isWritten)
-        failToWrite(whole);
+    return true;
+}
+
+bool SequenceManager::overwrite(QFile& file, const QByteArray& json)
+{
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return failToOpen(file.errorString());
+    m_mayHaveDamaged = file.write(json) != json.size() || !file.flush();
+    if (m_mayHaveDamaged)
+        failToWrite(file);
+    file.close();
     return true;
 }
 

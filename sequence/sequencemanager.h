@@ -38,19 +38,23 @@ public:
     /// file of at most MaxFileBytes, cannot be opened or is not a valid sequence.
     bool loadSequenceData(QFile& file);
     /// Returns false if the file cannot be opened. A file that is regular or new gets the new
-    /// content only as a whole: after a failure it has the old one. fileError() returns whether
-    /// everything has been written.
+    /// content only as a whole: after a failure it has the old one, unless its folder is not
+    /// writable. fileError() returns whether everything has been written.
     bool saveSequenceData(QFile& file);
     /// Why the last load or save has failed or was incomplete; empty if it was not.
     QString fileError() const { return m_fileError; }
+    /// Whether the last save has failed while it overwrote the old content.
+    bool mayHaveDamaged() const { return m_mayHaveDamaged; }
 
 private:
     bool fail(const QString& reason);
     bool failToOpen(const QString& reason);
     void failToWrite(const QFileDevice& file);
+    bool overwrite(QFile& file, const QByteArray& json);
 
     SequenceData m_data;
     QString m_fileError;
+    bool m_mayHaveDamaged = false;
 };
 
 } // namespace vanto

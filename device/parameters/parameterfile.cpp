@@ -2,6 +2,7 @@
 
 #include "jsontext.h"
 #include "parameterfileparser.h"
+#include "wholefile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -130,10 +131,7 @@ QString ParameterFile::writeBytes(const QString& path, const QByteArray& bytes)
     if (info.exists() && !info.isFile())
         return fileError(QT_TRANSLATE_NOOP("ParameterFile", "This is not a regular file."));
     QSaveFile file(path);
-    // commit() does not notice that the last buffer could not be written, on a full disk for
-    // example.
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-        !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || !writeWhole(file, bytes))
         return file.errorString();
     return {};
 }

@@ -12,7 +12,8 @@ namespace vanto
 
 namespace
 {
-constexpr int MaxChecks = 3; ///< of a hand that refuses to say what it is
+constexpr int MaxChecks = 3;   ///< of a hand that refuses to say what it is
+constexpr int MaxFailures = 3; ///< time-outs and damaged replies of one read
 } // namespace
 
 QString WrittenParameter::text() const
@@ -149,16 +150,29 @@ bool ParameterWriter::hasKnownUid(HandCall& call)
     return note(call, result) && result == ResultCode::Success && uid == *m_facts.uid;
 }
 
-/// Each position may be the one before or after the present write.
+/// Each position may be the one before or after the present write. The stored positions of the
+/// thumb root are relative to its range, so they are known only while that is the old one.
 bool ParameterWriter::isKnown(const std::optional<HandIdentity::Calibration>& calibration) const
 {
     if (!calibration || !m_known)
         return true;
     const ParameterValue now = fromCalibration(*calibration);
-    for (qsizetype i = 0; i < now.size(); ++i)
+    constexpr qsizetype Start = ThumbRoot;
+    constexpr qsizetype End = ThumbRoot + FingerCount;
+    const bool hasOldRange = now[Start] == m_known->value(Start) && now[End] == m_known->value(End);
+    const qsizetype count = now.size() - (hasOldRange ? 0 : qsizetype{ThumbRootCount});
+    for (qsizetype i = 0; i < count; ++i)
         if (now[i] != m_known->value(i) && now[i] != m_expected.value(i))
             return false;
     return true;
+}
+
+bool ParameterWriter::isSameHand(const ParameterSet& now) const
+{
+    const auto calibration = now.value({ParameterKind::Calibration});
+    return calibration && now.hand.firmware == m_facts.firmware &&
+           now.hand.protocol == m_facts.protocol && now.hand.hardware == m_facts.hardware &&
+           now.hand.uid == m_facts.uid && isKnown(toCalibration(*calibration));
 }
 
 /// Before a write that changes by what the hand is recognized. A hand may keep position limits and
@@ -181,16 +195,18 @@ void ParameterWriter::keepCalibration(const ParameterValue& value)
 }
 
 /// Reads until the hand gives a valid answer or the task ends; the hand is checked after a
-/// time-out.
+/// time-out. Sends nothing after the end of the task.
 template<class Read>
 std::uint8_t ParameterWriter::readPatiently(HandCall& call, Read read)
 {
+    if (!isRunning())
+        return ResultCode::Timeout;
     std::uint8_t result = read();
-    int damagedReplies = 0;
+    int failures = 0;
     while (note(call, result)) {
-        if (result == ResultCode::Timeout
-                ? !checkHand(call)
-                : !isDamagedReply(result) || ++damagedReplies >= MaxDamagedReplies)
+        const bool isLate = result == ResultCode::Timeout;
+        if ((!isLate && !isDamagedReply(result)) || (isLate && !checkHand(call)) ||
+            ++failures >= MaxFailures)
             break;
         result = read();
     }

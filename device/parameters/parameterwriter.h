@@ -73,6 +73,9 @@ public:
     /// same place; only those that the hand had before.
     const std::map<ParameterKey, ParameterValue>& limitsInHand() const { return m_limits; }
     int count(WrittenParameter::Result result) const;
+    /// Whether what has been read since, calibration included, can be from the hand that was
+    /// written. A calibration that was cut short is a mixture of the old one and the new one.
+    bool isSameHand(const ParameterSet& now) const;
 
 private:
     struct Write {

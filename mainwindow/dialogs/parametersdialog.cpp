@@ -88,8 +88,8 @@ ParametersDialog::ParametersDialog(QWidget* window, DeviceSession* session, Halt
     // Queued: the state may change while the port is being closed.
     connect(session, &DeviceSession::sig_stateChanged, this, &ParametersDialog::updateControls,
             Qt::QueuedConnection);
-    for (const auto signal : {&DeviceSession::sig_answersAgain, &DeviceSession::sig_resumed})
-        connect(session, signal, this, &ParametersDialog::readCalibration, Qt::QueuedConnection);
+    connect(session, &DeviceSession::sig_answersAgain, this, &ParametersDialog::readCalibration,
+            Qt::QueuedConnection);
     connect(&halt->halt(), &Halt::sig_halted, this, &ParametersDialog::readCalibration,
             Qt::QueuedConnection);
     m_progress->hide();
@@ -328,12 +328,13 @@ void ParametersDialog::takeOver(const std::map<ParameterKey, ParameterValue>& va
         m_session->identity().calibration = toCalibration(calibration->second);
 }
 
-/// After a halt, a silence or a loss of the port has cut the writing of the calibration, the hand
-/// can be read again at some time.
+/// After a halt or a silence has cut the writing of the calibration, the hand may be readable again
+/// later.
 void ParametersDialog::readCalibration()
 {
     const auto target = openHand();
-    if (!m_isCalibrationUnknown || isRestoring() || m_readRunner || !target)
+    if (!m_isCalibrationUnknown || isRestoring() || m_readRunner || !target ||
+        m_writer->outcome() == HandTask::Outcome::OtherHand)
         return;
     QList<ParameterKey> keys{{ParameterKind::Calibration}};
     for (const auto& entry : m_subject.hand.values)
@@ -351,18 +352,36 @@ void ParametersDialog::takeOverCalibration()
 {
     m_readRunner.reset();
     const ParameterSet& now = m_reader->parameters();
-    const HandFacts& before = m_subject.hand.hand;
-    if (!now.value({ParameterKind::Calibration}) || now.hand.uid != before.uid ||
-        isOtherHardware(now.hand, before))
+    const bool isRead = m_reader->outcome() == HandTask::Outcome::Completed &&
+                        now.value({ParameterKind::Calibration});
+    if (!isRead) {
+        showReading(tr("The calibration of the hand could not be read again."));
         return;
+    }
+    if (!m_writer->isSameHand(now)) {
+        showReading(tr("Another hand may have answered."));
+        return;
+    }
     m_isCalibrationUnknown = false;
+    m_isHandUncertain = !now.hand.uid;
     takeOver(now.values);
-    showState(m_stateText + QLatin1Char(' ') + tr("The calibration of the hand was read again."));
+    // The consent was given to what the hand had before.
+    m_hasConsent = false;
+    QList<ParameterKey> keys = m_table->tickedKeys();
+    keys.removeIf([](const ParameterKey& key) { return !changesIdentity(key); });
+    m_table->setTicked(keys, false);
+    showReading(tr("The calibration of the hand was read again."));
 }
 
 void ParametersDialog::showState(const QString& text)
 {
     m_stateText = text;
+    showReading({});
+}
+
+void ParametersDialog::showReading(const QString& text)
+{
+    m_readingText = text;
     updateControls();
 }
 
@@ -377,6 +396,9 @@ QString ParametersDialog::obstacle() const
                   "this dialog and compare again.");
     if (!m_subject.target.isCurrent())
         return tr("The connection has changed. Close this dialog and compare again.");
+    if (m_isHandUncertain)
+        return tr("The hand has no unique id, so it may be another one now. Close this dialog and "
+                  "compare again.");
     return {};
 }
 
@@ -391,7 +413,9 @@ void ParametersDialog::updateControls()
         group.box->setCheckState(state);
     }
     m_copyGains->setEnabled(!isRestoring());
-    const QString text = (m_stateText + QLatin1Char(' ') + reason).trimmed();
+    QStringList parts{m_stateText, m_readingText, reason};
+    parts.removeAll(QString());
+    const QString text = parts.join(QLatin1Char(' '));
     m_state->setText(text);
     m_state->setAccessibleName(text);
 }

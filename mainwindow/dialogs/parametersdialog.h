@@ -70,6 +70,8 @@ private:
     void readCalibration();
     void takeOverCalibration();
     void showState(const QString& text);
+    /// Shows the result of reading the calibration again.
+    void showReading(const QString& text);
     QString obstacle() const;
     void updateControls();
     bool isRestoring() const { return m_runner != nullptr; }
@@ -91,9 +93,11 @@ private:
     std::unique_ptr<HandTaskRunner> m_readRunner; ///< of the reading after a failure
     std::function<void()> m_pending;              ///< waits until no exchange is in progress
     QString m_stateText;
+    QString m_readingText;
     bool m_written = false;
     bool m_hasConsent = false;           ///< to restore what belongs to one hand
     bool m_isCalibrationUnknown = false; ///< it was written, but could not be read back
+    bool m_isHandUncertain = false;      ///< it was silent and has no UID
 };
 
 } // namespace vanto

@@ -34,8 +34,8 @@ class MonitorDock : public QDockWidget
 {
     Q_OBJECT
 public:
-    /// `isLocked` tells whether long work uses the line, with pauses in which the hand must not be
-    /// read; `isPlaying` whether a sequence plays, so that the line is left to the player.
+    /// `isLocked`: whether long work uses the line, with pauses in which the hand must not be read;
+    /// `isPlaying`: whether a sequence plays, so that the line is left to the player.
     MonitorDock(DeviceSession* session, StatusReporter* reporter, const CurrentLimits* limits,
                 std::function<bool()> isLocked, std::function<bool()> isPlaying, QWidget* window);
     ~MonitorDock() override;

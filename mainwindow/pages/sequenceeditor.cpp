@@ -188,8 +188,8 @@ bool SequenceEditor::save(const QString& name)
     const bool isSaved = opened && m_fileError.isEmpty();
     if (isSaved)
         noteOnDisk(m_file = name, data());
-    else if (opened)
-        noteOnDisk(name, {}); // it may be damaged
+    else if (m_manager.mayHaveDamaged())
+        noteOnDisk(name, {});
     emit sig_changed();
     return isSaved;
 }

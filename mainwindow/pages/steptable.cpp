@@ -26,27 +26,27 @@ bool extendsSelection(Qt::KeyboardModifiers modifiers)
 }
 
 /// Successive elements of a list.
-struct Run {
+struct RowRange {
     qsizetype first;
     qsizetype count;
 };
-/// Removing or inserting more runs of rows takes longer than filling their cells.
-constexpr int MaxRuns = 20;
+/// Removing or inserting more ranges of rows takes longer than filling their cells.
+constexpr int MaxRanges = 20;
 
-/// The runs of `ids` that are not among the others.
-QList<Run> runsOnlyIn(const QList<std::uint64_t>& ids, const QList<std::uint64_t>& others)
+/// The ranges of `ids` that are not among the others.
+QList<RowRange> rangesOnlyIn(const QList<std::uint64_t>& ids, const QList<std::uint64_t>& others)
 {
     const QSet<std::uint64_t> known(others.begin(), others.end());
-    QList<Run> runs;
+    QList<RowRange> ranges;
     for (qsizetype i = 0; i < ids.size(); ++i) {
         if (known.contains(ids[i]))
             continue;
-        if (!runs.isEmpty() && runs.constLast().first + runs.constLast().count == i)
-            ++runs.last().count;
+        if (!ranges.isEmpty() && ranges.constLast().first + ranges.constLast().count == i)
+            ++ranges.last().count;
         else
-            runs.append({i, 1});
+            ranges.append({i, 1});
     }
-    return runs;
+    return ranges;
 }
 
 /// Painting and layout after a change of many rows instead of after each.
@@ -94,18 +94,18 @@ void StepTable::replaceSteps(int row, qsizetype count, const QList<std::uint64_t
 void StepTable::replaceRows(int row, const QList<std::uint64_t>& before,
                             const QList<std::uint64_t>& after)
 {
-    QList<Run> removed = runsOnlyIn(before, after);
-    QList<Run> added = runsOnlyIn(after, before);
+    QList<RowRange> removed = rangesOnlyIn(before, after);
+    QList<RowRange> added = rangesOnlyIn(after, before);
     if (!removed.isEmpty() && removed.constFirst().count == m_ids.size())
         setCurrentCell(-1, -1); // another sequence
-    if (removed.size() + added.size() > MaxRuns) {
+    if (removed.size() + added.size() > MaxRanges) {
         removed = {{0, before.size()}};
         added = {{0, after.size()}};
     }
-    for (auto run = removed.crbegin(); run != removed.crend(); ++run)
-        model()->removeRows(row + static_cast<int>(run->first), static_cast<int>(run->count));
-    for (const Run& run : added)
-        model()->insertRows(row + static_cast<int>(run.first), static_cast<int>(run.count));
+    for (auto range = removed.crbegin(); range != removed.crend(); ++range)
+        model()->removeRows(row + static_cast<int>(range->first), static_cast<int>(range->count));
+    for (const RowRange& range : added)
+        model()->insertRows(row + static_cast<int>(range.first), static_cast<int>(range.count));
 }
 
 int StepTable::columnOf(std::uint8_t finger)
@@ -205,9 +205,10 @@ QModelIndex StepTable::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
     // Without a current cell the view would search for a first one, even when it gets the focus.
     if (currentRow() < 0)
         return {};
-    const bool isInRow = action == MoveLeft || action == MoveRight;
-    return isInRow && isNotSent(currentRow()) ? currentIndex()
-                                              : QTableWidget::moveCursor(action, modifiers);
+    // Another column of the same row would send it, too.
+    const QModelIndex next = QTableWidget::moveCursor(action, modifiers);
+    const bool isInRow = next.row() == currentRow();
+    return isInRow && isNotSent(currentRow()) ? currentIndex() : next;
 }
 
 /// Only Shift and Ctrl extend the selection. Without an event the view would use the keys that

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileDialog>
 
+#include <algorithm>
+
 namespace vanto
 {
 
@@ -17,6 +19,16 @@ QString suffixOf(const QString& nameFilter)
     QString suffix = nameFilter.section(QLatin1String("(*."), 1);
     suffix.chop(1);
     return suffix;
+}
+
+/// Gives the name the suffix of the filter, unless the user has typed another suffix.
+void followFilter(QFileDialog* files, const QString& nameFilter)
+{
+    files->setDefaultSuffix(suffixOf(nameFilter));
+    const QFileInfo chosen(files->selectedFiles().value(0));
+    const QStringList filters = files->nameFilters();
+    if (std::ranges::find(filters, chosen.suffix(), suffixOf) != filters.end())
+        files->selectFile(chosen.completeBaseName() + QLatin1Char('.') + files->defaultSuffix());
 }
 
 /// Null if a dialog of the parent is open already; it is raised then.
@@ -54,9 +66,8 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
         return;
     files->setAcceptMode(QFileDialog::AcceptSave);
     files->setOption(QFileDialog::DontConfirmOverwrite); // its own question is modal
-    QObject::connect(
-        files, &QFileDialog::filterSelected, files,
-        [files](const QString& nameFilter) { files->setDefaultSuffix(suffixOf(nameFilter)); });
+    QObject::connect(files, &QFileDialog::filterSelected, files,
+                     [files](const QString& nameFilter) { followFilter(files, nameFilter); });
     const auto confirm = [parent, save = std::move(save)](const QString& path) {
         if (!QFile::exists(path))
             return save(path);

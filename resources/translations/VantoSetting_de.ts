@@ -1411,7 +1411,7 @@ Unterstützte Protokolle:</translation>
     </message>
     <message>
         <source>&amp;Open Node...</source>
-        <translation>Knoten ö&amp;ffnen...</translation>
+        <translation>&amp;Knoten öffnen...</translation>
     </message>
     <message>
         <source>Scan &amp;Range...</source>

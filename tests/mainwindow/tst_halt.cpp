@@ -7,10 +7,12 @@
 #include <QLabel>
 #include <QSlider>
 #include <QTableWidget>
+#include <QTemporaryFile>
 #include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>
+#include <unistd.h>
 
 namespace vanto
 {
@@ -355,14 +357,25 @@ void TestHalt::exit()
             if (hangs)
                 command("hang");
             press();
-            if (closes)
-                m_tool->window()->close();
-            else
+            if (!closes)
                 m_tool->trigger("action_Exit");
+            for (int i = 0; closes && i < 2; ++i) { // a second time changes nothing
+                m_tool->window()->close();
+                QVERIFY(m_tool->window()->isVisible());
+                QCOMPARE(frames({FingerStop}), QStringList());
+            }
         });
         m_tool->click("pushButton_BasicReloadBasic");
     });
+    QTemporaryFile errors;
+    QVERIFY(errors.open());
+    const int savedErrors = dup(STDERR_FILENO);
+    dup2(errors.handle(), STDERR_FILENO);
     QApplication::exec();
+    dup2(savedErrors, STDERR_FILENO);
+    ::close(savedErrors);
+    errors.seek(0);
+    QCOMPARE(errors.readAll().contains("Switch the power off."), hangs);
     QVERIFY(idle());
     QVERIFY(!frames({FingerStop}).isEmpty() || hand != "2");
     if (hangs) // it ends all the same

@@ -3,6 +3,7 @@
 #include "testmain.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QFile>
 #include <QInputDialog>
 #include <QJsonDocument>
@@ -149,6 +150,10 @@ void TestParameterBackups::information()
     dialog->findChild<QPushButton*>("pushButton_SaveReport")->click();
     auto* files = dialog->findChild<QFileDialog*>();
     QVERIFY(files && !files->isModal());
+    auto* types = files->findChild<QComboBox*>("fileTypeCombo");
+    types->setFocus();
+    QTest::keyClick(types, Qt::Key_Down);
+    QCOMPARE(QFileInfo(files->selectedFiles().value(0)).fileName(), "report.json");
     const QString path = QDir::current().absoluteFilePath("report.json");
     chooseFile(*files, path);
     QTRY_VERIFY(QFile::exists(path));

@@ -54,7 +54,7 @@ private slots:
     void calibration();
     void interrupted_data();
     void interrupted();
-    void calibrationCutShort_data() { addBoolRows("halts", "halt", "silence"); }
+    void calibrationCutShort_data();
     void calibrationCutShort();
     void copiedGains();
     void badFiles_data();
@@ -293,10 +293,25 @@ void TestParameters::interrupted()
     QCOMPARE(frames(writeCommands()).size(), writes);
 }
 
-/// The hand has taken a part of the calibration. What it has is shown as soon as it can be read.
+void TestParameters::calibrationCutShort_data()
+{
+    QTest::addColumn<QString>("key");  ///< none: the hand is silent for a while
+    QTest::addColumn<QString>("swap"); ///< command that makes it another hand
+    QTest::newRow("halt") << "Pause"
+                          << "";
+    QTest::newRow("silence") << ""
+                             << "";
+    QTest::newRow("swapped") << ""
+                             << "set 2 start 3 1";
+}
+
+/// The hand has taken a part of the calibration. What it has is shown as soon as it can be read,
+/// and without a UID nothing more is written to it.
 void TestParameters::calibrationCutShort()
 {
-    QFETCH(bool, halts);
+    QFETCH(QString, key);
+    QFETCH(QString, swap);
+    const bool halts = !key.isEmpty();
     if (!halts)
         expectTimeouts(200);
     open({"--node", "2:modbus"});
@@ -324,11 +339,24 @@ void TestParameters::calibrationCutShort()
                 command("hang");
         });
         poll.start(1);
-        command("fault late register=1020 ms=100");
+        command("fault late register=1020 skip=1 ms=100"); // not the check of the hand
         restore(dialog);
+        if (!swap.isEmpty())
+            command(swap);
+        const QString before = table->item(row, 2)->text();
+        clearRecords();
         command("hang off");
-        QTRY_VERIFY2(stateOf(dialog).contains("The calibration of the hand was read again."),
-                     qPrintable(stateOf(dialog)));
+        const QString expected = swap.isEmpty() ? "The calibration of the hand was read again."
+                                                : "Another hand may have answered.";
+        QTRY_VERIFY2(stateOf(dialog).contains(expected),
+                     qPrintable(stateOf(dialog) + writes().join(' ')));
+        pressSpace(table, row);
+        QVERIFY(!dialog->findChild<QPushButton*>("pushButton_Restore")->isEnabled());
+        if (!swap.isEmpty()) {
+            QCOMPARE(table->item(row, 2)->text(), before);
+            QCOMPARE(writes(), QStringList());
+            return;
+        }
         QVERIFY(inHand("end") != "3001"); // that of the file
         QCOMPARE(inHand("start"), "501");
         const QString shownText = table->item(row, 2)->text();

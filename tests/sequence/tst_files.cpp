@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -25,7 +26,9 @@ class TestFiles : public QObject
 private slots:
     void notRegular();
     void tooLarge();
+    void fullDisk_data();
     void fullDisk();
+    void fullDiskAndDraft();
     void readOnlyFolder();
     void killedWriter();
     void severalDrafts();
@@ -33,6 +36,8 @@ private slots:
 private:
     static SequenceData sequenceOf(int steps);
     static QByteArray contentOf(const QString& name);
+    /// Writing more than this fails as on a full disk.
+    static void setLargestFile(rlim_t bytes);
 
     QTemporaryDir m_folder;
 };
@@ -87,24 +92,38 @@ void TestFiles::tooLarge()
     QVERIFY(manager.fileError().contains("64 MiB"));
 }
 
+void TestFiles::setLargestFile(rlim_t bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{bytes, RLIM_INFINITY};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+}
+
+void TestFiles::fullDisk_data()
+{
+    QTest::addColumn<int>("steps");
+    QTest::addColumn<int>("room"); ///< bytes that can be written
+    QTest::newRow("one step") << 1 << 64;
+    QTest::newRow("many steps") << 100 << 4096;
+}
+
 void TestFiles::fullDisk()
 {
+    QFETCH(int, steps);
+    QFETCH(int, room);
     SequenceManager manager;
     QFile file(m_folder.filePath("kept.json"));
     QVERIFY(manager.saveSequenceData(file));
     QVERIFY(QFile::setPermissions(file.fileName(), QFile::ReadOwner | QFile::WriteOwner));
     const QByteArray before = contentOf(file.fileName());
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < steps; ++i)
         manager.insertSequenceDataItem(i, sequenceOf(1).sequences.constFirst());
-    // Writing more than this fails as on a full disk.
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{4096, RLIM_INFINITY};
-    const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+    setLargestFile(static_cast<rlim_t>(room));
     const bool opened = manager.saveSequenceData(file);
-    setrlimit(RLIMIT_FSIZE, &unlimited);
+    setLargestFile(RLIM_INFINITY);
     QVERIFY(opened);
     QVERIFY(!manager.fileError().isEmpty());
+    QVERIFY(!manager.mayHaveDamaged());
     QCOMPARE(contentOf(file.fileName()), before);
     QCOMPARE(QDir(m_folder.path()).entryList({"kept*"}).size(), 1);
     QVERIFY(manager.saveSequenceData(file));
@@ -112,6 +131,35 @@ void TestFiles::fullDisk()
     QCOMPARE(contentOf(file.fileName()), manager.sequenceData().toJSON());
     QCOMPARE(QFile::permissions(file.fileName()) & ~(QFile::ReadUser | QFile::WriteUser),
              QFile::ReadOwner | QFile::WriteOwner);
+}
+
+/// Neither the draft of this process nor one that it takes over is lost.
+void TestFiles::fullDiskAndDraft()
+{
+    const QString folder = m_folder.filePath("full");
+    {
+        SequenceDraft ended(folder);
+        ended.write(sequenceOf(1), {});
+    }
+    auto left = SequenceDraft::findAbandoned(folder);
+    QCOMPARE(left.size(), 1U);
+    {
+        SequenceDraft own(folder);
+        own.write(sequenceOf(2), {});
+        QTRY_COMPARE(QDir(folder).entryList({"*.json"}).size(), 2);
+        QSignalSpy failed(&own, &SequenceDraft::sig_failed);
+        setLargestFile(64);
+        own.write(sequenceOf(3), {});
+        own.take(std::move(left.front()));
+        QTRY_COMPARE(failed.size(), 2);
+        setLargestFile(RLIM_INFINITY);
+        left.clear();
+    }
+    QList<SequenceData> found;
+    for (const auto& draft : SequenceDraft::findAbandoned(folder))
+        found.append(draft.data);
+    QCOMPARE(found.size(), 2);
+    QVERIFY(found.contains(sequenceOf(1)) && found.contains(sequenceOf(2)));
 }
 
 /// An unprivileged user cannot create a file beside the old one.
@@ -190,9 +238,19 @@ void TestFiles::severalDrafts()
                                   QFile::FileModificationTime));
     auto drafts = SequenceDraft::findAbandoned(folder);
     QCOMPARE(drafts.size(), 3U);
+    QVERIFY(QDir(folder).mkdir("discarded"));
+    for (int i = 0; i < 12; ++i) { // newer than the draft
+        QFile other(folder + QString("/discarded/%1.json").arg(i));
+        QVERIFY(other.open(QFile::WriteOnly));
+    }
+    QFile oldest(drafts.back().path);
+    QVERIFY(oldest.open(QFile::ReadWrite));
+    QVERIFY(
+        oldest.setFileTime(QDateTime::currentDateTime().addDays(-30), QFile::FileModificationTime));
     SequenceDraft::discard(std::move(drafts.back()));
     drafts.pop_back();
-    QCOMPARE(QDir(folder + "/discarded").entryList(QDir::Files).size(), 1);
+    QCOMPARE(QDir(folder + "/discarded").entryList(QDir::Files).size(), 10);
+    QVERIFY(QFile::exists(folder + "/discarded/" + QFileInfo(oldest).fileName()));
     QVERIFY(SequenceDraft::findAbandoned(folder).empty()); // offered by one process only
     {
         SequenceDraft own(folder);
