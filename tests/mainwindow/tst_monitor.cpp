@@ -403,7 +403,7 @@ void TestMonitor::marksActions()
         const Recording recording = recorded();
         QStringList parts;
         for (const Marker& marker : recording.markers())
-            parts.append(marker.text); // all that belong to one sample
+            parts.append(marker.text);
         return parts.join("; ");
     };
     const QStringList expected{"Set Index: 30000",
