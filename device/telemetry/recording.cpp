@@ -217,13 +217,16 @@ bool RecordingParser::parseSample()
                         .arg(m_columns.size())
                         .arg(m_fields.size()));
     Sample sample;
+    bool isSample = true; // one whose values could not be read has no marker
     bool hasValues = false;
     if (!parseTime(m_fields.front(), sample))
         return false;
     for (std::size_t i = 1; i < m_fields.size(); ++i) {
         const QByteArrayView field = m_fields[i];
-        if (m_columns[i] == MarkerText)
+        if (m_columns[i] == MarkerText) {
             parseMarkers(field, sample);
+            isSample = field.isEmpty();
+        }
         if (m_columns[i] == WallTime && !m_recording.m_start.isValid())
             m_recording.m_start =
                 QDateTime::fromString(QString::fromLatin1(field), Qt::ISODateWithMs)
@@ -237,7 +240,7 @@ bool RecordingParser::parseSample()
         sample.values[channel] = *value;
         hasValues = true;
     }
-    if (hasValues || sample.afterGap)
+    if (hasValues || sample.afterGap || isSample)
         addRow(sample);
     return true;
 }

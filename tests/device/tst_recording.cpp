@@ -319,7 +319,8 @@ void TestRecording::damaged()
         return;
     }
     QCOMPARE(read.recording.isCut(), !content.endsWith('\n'));
-    QCOMPARE(read.recording.rowCount(), std::size_t(!content.endsWith("marker\n")));
+    QCOMPARE(read.recording.rowCount(),
+             std::size_t(!content.endsWith("marker\n") + content.contains("2,,,")));
     if (content.contains("deg")) {
         QCOMPARE(read.recording.at(0, Channel{Quantity::Angle, 0}.index()).min, 110);
         QCOMPARE(read.recording.at(0, Channel{Quantity::Angle, 1}.index()).min, -200);
