@@ -3,6 +3,7 @@
 #include "recordingformat.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -16,7 +17,8 @@ namespace vanto
 namespace
 {
 constexpr qsizetype MaxLineLength = 64 * 1024; ///< bytes
-constexpr qint64 ReadSize = 128 * 1024;        ///< bytes
+constexpr qint64 ReadSize = 16 * 1024;         ///< bytes
+constexpr qint64 StepMs = 2;
 constexpr double MaxSeconds = 1e9;
 constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF");
 
@@ -194,15 +196,16 @@ bool RecordingParser::parseHeader()
         const auto known = columns.find(name);
         if (m_columns.empty() && name != RecordingFormat::TimeColumn)
             return fail(translated("This is not a recording."));
-        const auto channel = Channel::fromName(name);
-        if (!channel) {
+        const auto column = RecordingFormat::columnOf(name);
+        if (!column) {
             m_columns.push_back(known == columns.end() ? Other : known->second);
             continue;
         }
-        if (m_recording.m_channels[channel->index()])
+        if (m_recording.m_channels[column->channel])
             return fail(translated("The column '%1' occurs twice.").arg(name));
-        m_recording.m_channels.set(channel->index());
-        m_columns.push_back(static_cast<int>(channel->index()));
+        m_recording.m_channels.set(column->channel);
+        m_inDegrees[column->channel] = column->inDegrees;
+        m_columns.push_back(static_cast<int>(column->channel));
     }
     return true;
 }
@@ -214,27 +217,30 @@ bool RecordingParser::parseSample()
                         .arg(m_columns.size())
                         .arg(m_fields.size()));
     Sample sample;
+    bool isSample = true; // one whose values could not be read has no marker
     bool hasValues = false;
     if (!parseTime(m_fields.front(), sample))
         return false;
     for (std::size_t i = 1; i < m_fields.size(); ++i) {
         const QByteArrayView field = m_fields[i];
-        if (m_columns[i] == MarkerText)
+        if (m_columns[i] == MarkerText) {
             parseMarkers(field, sample);
+            isSample = field.isEmpty();
+        }
         if (m_columns[i] == WallTime && !m_recording.m_start.isValid())
             m_recording.m_start =
                 QDateTime::fromString(QString::fromLatin1(field), Qt::ISODateWithMs)
                     .addMSecs(-sample.timeUs / 1000);
         if (m_columns[i] < 0 || field.isEmpty())
             continue;
-        bool isNumber = false;
-        const int value = field.toInt(&isNumber);
-        if (!isNumber || value == MissingValue)
+        const auto channel = static_cast<std::size_t>(m_columns[i]);
+        const auto value = RecordingFormat::parseField(field, m_inDegrees[channel]);
+        if (!value)
             return fail(translated("'%1' is not a number.").arg(QString::fromUtf8(field)));
-        sample.values[static_cast<std::size_t>(m_columns[i])] = value;
+        sample.values[channel] = *value;
         hasValues = true;
     }
-    if (hasValues || sample.afterGap)
+    if (hasValues || sample.afterGap || isSample)
         addRow(sample);
     return true;
 }
@@ -256,12 +262,9 @@ void RecordingParser::parseMarkers(QByteArrayView field, Sample& sample)
 {
     if (field.isEmpty())
         return;
-    QString text = QString::fromUtf8(field).replace(QLatin1String("\"\""), QLatin1String("\""));
-    const QString gapAndMore = QString(RecordingFormat::Gap) + RecordingFormat::MarkerSeparator;
-    if (text == RecordingFormat::Gap || text.startsWith(gapAndMore)) {
-        sample.afterGap = true;
-        text.remove(0, gapAndMore.size());
-    }
+    const auto [text, afterGap] = RecordingFormat::parseMarkerField(
+        QString::fromUtf8(field).replace(QLatin1String("\"\""), QLatin1String("\"")));
+    sample.afterGap = afterGap;
     if (!text.isEmpty() && m_recording.m_markers.size() < qsizetype{SampleBuffer::MaxMarkers})
         m_recording.m_markers.append({sample.timeUs, text});
 }
@@ -345,6 +348,17 @@ bool RecordingLoader::fail(const QString& reason)
 }
 
 bool RecordingLoader::step()
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (readPart()) {
+        if (timer.hasExpired(StepMs))
+            return true;
+    }
+    return false;
+}
+
+bool RecordingLoader::readPart()
 {
     if (!m_failure.isEmpty())
         return false;

@@ -89,6 +89,7 @@ private:
 
     Recording m_recording;
     std::vector<int> m_columns;           ///< channel or Column of each column
+    ChannelSet m_inDegrees;               ///< otherwise in the units of Sample
     std::vector<QByteArrayView> m_fields; ///< of the current line
     QByteArray m_line;                    ///< incomplete
     std::int64_t m_lineNumber = 0;
@@ -104,7 +105,7 @@ class RecordingLoader
 public:
     explicit RecordingLoader(const QString& path);
 
-    /// Reads some more, which takes a few milliseconds. Returns false at the end and after a
+    /// Reads some more, which takes two milliseconds. Returns false at the end and after a
     /// failure.
     bool step();
     /// What has been read, 0 to 1.
@@ -115,6 +116,7 @@ public:
     Recording take() { return m_parser.take(); }
 
 private:
+    bool readPart();
     bool fail(const QString& reason);
 
     QFile m_file;

@@ -36,15 +36,6 @@ QString Channel::name() const
            QLatin1String(FingerNames.at(finger));
 }
 
-std::optional<Channel> Channel::fromName(const QString& name)
-{
-    for (std::size_t index = 0; index < ChannelCount; ++index) {
-        if (at(index).name() == name)
-            return at(index);
-    }
-    return {};
-}
-
 ChannelSet channelsOf(Quantity quantity)
 {
     ChannelSet channels;

@@ -27,9 +27,8 @@ struct Channel {
     /// `index` below ChannelCount.
     static Channel at(std::size_t index);
     std::size_t index() const;
-    /// As in files and on the command line: "current_thumb", "angle_thumb_root".
+    /// "current_thumb", "angle_thumb_root".
     QString name() const;
-    static std::optional<Channel> fromName(const QString& name);
 };
 
 inline constexpr std::size_t ForceFingerCount = 5;
@@ -46,6 +45,8 @@ inline constexpr std::int32_t MissingValue = std::numeric_limits<std::int32_t>::
 /// The values of all channels at one time, in the units of VantoProtocol; of a force the first of
 /// its values.
 struct Sample {
+    static constexpr double HundredthsPerDegree = 100;
+
     std::int64_t timeUs = 0; ///< since the start of the TelemetryClock
     bool afterGap = false;   ///< no sample was taken for an unexpectedly long time before this one
     std::array<std::int32_t, ChannelCount> values = noValues();
@@ -60,6 +61,9 @@ struct Sample {
 
 /// A note of the user or of the program at a time.
 struct Marker {
+    static constexpr qsizetype MaxTextLength =
+        200; ///< of a user's note; recordings cut longer texts
+
     std::int64_t timeUs = 0;
     QString text;
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vanto
 {
@@ -13,12 +14,12 @@ namespace vanto
 namespace
 {
 constexpr std::int64_t UsPerMs = 1000;
-constexpr std::int64_t RetryUs = 5 * UsPerMs;          ///< while the line is in use
-constexpr std::int64_t MaxWaitUs = 200 * UsPerMs;      ///< for a line in use
-constexpr std::int64_t IdleUs = 100 * UsPerMs;         ///< while there is nothing to read
-constexpr std::int64_t SilentIntervalUs = UsPerSecond; ///< between two reads of a silent hand
-constexpr std::int64_t MinGapUs = UsPerSecond / 2;     ///< shorter pauses are no gaps
-constexpr int PeriodsOfGap = 5;
+constexpr std::int64_t RetryUs = 5 * UsPerMs;             ///< while the line is in use
+constexpr std::int64_t MaxWaitUs = 200 * UsPerMs;         ///< for a line in use
+constexpr std::int64_t IdleUs = 100 * UsPerMs;            ///< while there is nothing to read
+constexpr std::int64_t SilentIntervalUs = UsPerSecond;    ///< between two reads of a silent hand
+constexpr std::int64_t UnknownIntervalUs = 100 * UsPerMs; ///< as the average at first
+constexpr int AveragedIntervals = 8; ///< of samples; a new rate is adopted after about as many
 constexpr int TimeoutsOfSilence = 3; ///< in a row
 constexpr int FailuresOfRefusal = 3; ///< in a row; a single one may be a damaged reply
 
@@ -58,7 +59,7 @@ std::string_view operationOf(Quantity quantity)
 } // namespace
 
 TelemetryReader::TelemetryReader(Line line, const TelemetryClock& clock, QObject* parent)
-    : QObject(parent), m_line(std::move(line)), m_clock(clock)
+    : QObject(parent), m_line(std::move(line)), m_clock(clock), m_averageUs(UnknownIntervalUs)
 {
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setSingleShot(true);
@@ -75,6 +76,7 @@ void TelemetryReader::setChannels(ChannelSet channels)
 void TelemetryReader::setRate(double hertz)
 {
     m_rate = std::max(hertz, AsFastAsPossible);
+    m_averageUs = m_rate > 0 ? periodUs() : UnknownIntervalUs;
     m_dueUs = m_clock.nowUs();
     if (m_running)
         schedule(0);
@@ -259,13 +261,27 @@ bool TelemetryReader::isComplete() const
     });
 }
 
+/// Returns true if a gap ends now.
+///
+/// The hand, or others that use the line, can make samples slower than asked for. These samples
+/// belong together, so a gap is measured by their average interval, too. In this average a gap
+/// counts only as the shortest gap.
+bool TelemetryReader::noteInterval(std::int64_t now)
+{
+    const auto last = std::exchange(m_lastUs, now);
+    if (!last)
+        return false;
+    const std::int64_t interval = now - *last;
+    const std::int64_t gap = PeriodsOfGap * std::max(periodUs(), m_averageUs);
+    m_averageUs += (std::min(interval, gap) - m_averageUs) / AveragedIntervals;
+    return interval > gap;
+}
+
 void TelemetryReader::emitSample(std::int64_t now)
 {
     const std::int64_t period = periodUs();
-    const std::int64_t gap = std::max(MinGapUs, PeriodsOfGap * period);
     m_sample.timeUs = now;
-    m_sample.afterGap = m_lastUs && now - *m_lastUs > gap;
-    m_lastUs = now;
+    m_sample.afterGap = noteInterval(now);
     m_recent.push_back(now);
     while (m_recent.front() < now - UsPerSecond)
         m_recent.pop_front();

@@ -39,6 +39,9 @@ public:
     };
 
     static constexpr double AsFastAsPossible = 0;
+    /// A sample is after a gap if the one before it is older than this many periods. The period is
+    /// that of the rate, or the average interval of recent samples if that is longer.
+    static constexpr int PeriodsOfGap = 3;
 
     /// `clock` must outlive the reader.
     TelemetryReader(Line line, const TelemetryClock& clock, QObject* parent = nullptr);
@@ -88,6 +91,7 @@ private:
     void noteResult(Read& read, std::uint8_t result);
     void feed(const Reading& reading);
     bool isComplete() const;
+    bool noteInterval(std::int64_t now);
     void emitSample(std::int64_t now);
     std::int64_t periodUs() const;
 
@@ -101,6 +105,7 @@ private:
     ChannelSet m_filled; ///< channels of m_sample that have been read or tried
     std::int64_t m_dueUs = 0;
     std::optional<std::int64_t> m_lastUs; ///< time of the last sample
+    std::int64_t m_averageUs = 0;         ///< of recent intervals
     std::deque<std::int64_t> m_recent;    ///< times of the samples of the last second
     std::uint64_t m_late = 0;
     int m_timeouts = 0; ///< in a row

@@ -4,8 +4,9 @@
 
 #include <QFileInfo>
 #include <QSignalBlocker>
-#include <QStringList>
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace vanto
@@ -14,6 +15,7 @@ namespace vanto
 namespace
 {
 constexpr int FlushIntervalMs = 1000;
+constexpr int TimeDecimals = 6;            ///< microseconds
 constexpr qsizetype FlushSize = 64 * 1024; ///< bytes
 
 QByteArray quoted(const QString& text)
@@ -24,12 +26,6 @@ QByteArray quoted(const QString& text)
         return bytes;
     return '"' + bytes.replace("\"", "\"\"") + '"';
 }
-
-QByteArray timeFields(std::int64_t timeUs, const TelemetryClock& clock)
-{
-    return QByteArray::number(static_cast<double>(timeUs) / double{UsPerSecond}, 'f', 6) + ',' +
-           clock.timeOfDay(timeUs).toString(Qt::ISODateWithMs).toLatin1();
-}
 } // namespace
 
 QByteArray recordingHeader(ChannelSet channels)
@@ -38,26 +34,9 @@ QByteArray recordingHeader(ChannelSet channels)
                       RecordingFormat::WallTimeColumn.data();
     for (std::size_t index = 0; index < ChannelCount; ++index) {
         if (channels[index])
-            line += ',' + Channel::at(index).name().toLatin1();
+            line += ',' + RecordingFormat::columnName(index).toLatin1();
     }
     return line + ',' + RecordingFormat::MarkerColumn.data() + '\n';
-}
-
-QByteArray recordingLine(const Sample& sample, ChannelSet channels, const TelemetryClock& clock,
-                         const QStringList& markers)
-{
-    QByteArray line = timeFields(sample.timeUs, clock);
-    for (std::size_t index = 0; index < ChannelCount; ++index) {
-        if (!channels[index])
-            continue;
-        line += ',';
-        if (sample.values[index] != MissingValue)
-            line += QByteArray::number(sample.values[index]);
-    }
-    QStringList texts = markers;
-    if (sample.afterGap)
-        texts.prepend(RecordingFormat::Gap);
-    return line + ',' + quoted(texts.join(RecordingFormat::MarkerSeparator)) + '\n';
 }
 
 TelemetryRecorder::TelemetryRecorder(const TelemetryClock& clock, QObject* parent)
@@ -88,6 +67,8 @@ QString TelemetryRecorder::start(const QString& path, ChannelSet channels)
     m_unwritten.clear();
     m_written = 0;
     m_samples = 0;
+    m_startUs = m_clock.nowUs();
+    m_lastUs = m_startUs;
     m_unwritten = recordingHeader(channels);
     if (!writeOut()) {
         const QString reason = m_file.errorString();
@@ -103,20 +84,37 @@ void TelemetryRecorder::stop()
     if (!isRecording())
         return;
     m_flushTimer.stop();
-    writePendingMarkers();
+    writePendingMarkers(std::numeric_limits<std::int64_t>::max());
     flush();
     m_file.close();
+}
+
+/// Times in the file count from the start of the recording. What was missing before it is no gap in
+/// it.
+QByteArray TelemetryRecorder::line(const Sample& sample, const QString& marker) const
+{
+    const double seconds = static_cast<double>(sample.timeUs - m_startUs) / double{UsPerSecond};
+    QByteArray line = QByteArray::number(seconds, 'f', TimeDecimals) + ',' +
+                      m_clock.timeOfDay(sample.timeUs).toString(Qt::ISODateWithMs).toLatin1();
+    for (std::size_t index = 0; index < ChannelCount; ++index) {
+        if (!m_channels[index])
+            continue;
+        line += ',';
+        if (sample.values[index] != MissingValue)
+            line += RecordingFormat::fieldText(sample.values[index], index);
+    }
+    const bool afterGap = sample.afterGap && m_samples > 0;
+    return line + ',' + quoted(RecordingFormat::markerField(marker, afterGap)) + '\n';
 }
 
 void TelemetryRecorder::write(const Sample& sample)
 {
     if (!isRecording())
         return;
-    QStringList markers;
-    for (const Marker& marker : std::exchange(m_pending, {}))
-        markers.append(marker.text);
+    writePendingMarkers(sample.timeUs);
+    m_unwritten += line(sample);
+    m_lastUs = sample.timeUs;
     ++m_samples;
-    m_unwritten += recordingLine(sample, m_channels, m_clock, markers);
     if (m_unwritten.size() >= FlushSize)
         flush();
 }
@@ -127,12 +125,15 @@ void TelemetryRecorder::mark(const Marker& marker)
         m_pending.append(marker);
 }
 
-void TelemetryRecorder::writePendingMarkers()
+/// A marker can be reported after samples that are later; its line has the time of the last one
+/// then.
+void TelemetryRecorder::writePendingMarkers(std::int64_t endUs)
 {
     for (const Marker& marker : std::exchange(m_pending, {})) {
         Sample empty;
-        empty.timeUs = marker.timeUs;
-        m_unwritten += recordingLine(empty, m_channels, m_clock, {marker.text});
+        empty.timeUs = std::clamp(marker.timeUs, m_lastUs, std::max(m_lastUs, endUs));
+        m_unwritten += line(empty, marker.text.left(Marker::MaxTextLength));
+        m_lastUs = empty.timeUs;
     }
 }
 

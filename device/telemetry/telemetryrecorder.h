@@ -10,10 +10,8 @@
 namespace vanto
 {
 
-/// One line of a recording, with its line break. `markers` are joined with "; ".
+/// The first line of a recording, with its line break.
 QByteArray recordingHeader(ChannelSet channels);
-QByteArray recordingLine(const Sample& sample, ChannelSet channels, const TelemetryClock& clock,
-                         const QStringList& markers);
 
 /// Writes samples to a CSV file while they arrive, see docs/recording-file.md.
 ///
@@ -33,22 +31,27 @@ public:
     void stop();
     bool isRecording() const { return m_file.isOpen(); }
 
-    /// Ignored while nothing is being recorded.
+    /// Ignored while nothing is being recorded. Times must not decrease, nor precede the start.
     void write(const Sample& sample);
-    /// Written in the line of the next sample, or in a line of its own at the end.
+    /// Written in a line of its own, before the next sample. Longer texts than a marker's are cut.
     void mark(const Marker& marker);
 
     QString path() const { return m_file.fileName(); }
     std::uint64_t sampleCount() const { return m_samples; }
+    /// Bytes of the file and of what is about to be written.
+    qint64 size() const { return m_written + m_unwritten.size(); }
+    /// From the start to the last line.
+    std::int64_t durationUs() const { return m_lastUs - m_startUs; }
 
 signals:
     /// The recording has ended because of a failure; `message` is for the user.
     void sig_failed(const QString& message);
 
 private:
+    QByteArray line(const Sample& sample, const QString& marker = {}) const;
     bool writeOut();
     void flush();
-    void writePendingMarkers();
+    void writePendingMarkers(std::int64_t endUs);
 
     const TelemetryClock& m_clock;
     QFile m_file;
@@ -57,6 +60,8 @@ private:
     QByteArray m_unwritten; ///< complete lines
     qint64 m_written = 0;   ///< bytes of complete lines in the file
     std::uint64_t m_samples = 0;
+    std::int64_t m_startUs = 0; ///< of the recording, by the clock
+    std::int64_t m_lastUs = 0;  ///< of the last line
     QTimer m_flushTimer;
 };
 

@@ -35,6 +35,7 @@ constexpr std::array Rates{10.0, 25.0, 50.0, TelemetryReader::AsFastAsPossible};
 constexpr std::array SpansInSeconds{5, 10, 30, 60, 120, 300};
 constexpr int DefaultSpan = 1;
 constexpr int SecondsPerMinute = 60;
+constexpr int SecondsPerHour = 3600;
 constexpr std::array ObjectNames{"checkBox_MonitorCurrent", "checkBox_MonitorPosition",
                                  "checkBox_MonitorAngle", "checkBox_MonitorForce"};
 } // namespace
@@ -164,6 +165,7 @@ QWidget* MonitorDock::createRecordingControls()
     m_record = addButton("pushButton_MonitorRecord", {}, &MonitorDock::record);
     m_markerText = new QLineEdit(row);
     m_markerText->setObjectName(QStringLiteral("lineEdit_MonitorMarker"));
+    m_markerText->setMaxLength(Marker::MaxTextLength);
     m_markerText->setPlaceholderText(tr("Text of the marker"));
     m_markerText->setAccessibleName(tr("Text of the marker"));
     connect(m_markerText, &QLineEdit::returnPressed, this, &MonitorDock::mark);
@@ -259,13 +261,24 @@ void MonitorDock::refresh()
     m_refreshTimer.start(static_cast<int>(interval)); // from now on
 }
 
+/// "0:01:05, 1.20 MB"
+QString MonitorDock::recordedText() const
+{
+    const std::int64_t seconds = m_recorder.durationUs() / UsPerSecond;
+    const QLatin1Char zero('0');
+    return QStringLiteral("%1:%2:%3, %4")
+        .arg(seconds / SecondsPerHour)
+        .arg(seconds / SecondsPerMinute % SecondsPerMinute, 2, 10, zero)
+        .arg(seconds % SecondsPerMinute, 2, 10, zero)
+        .arg(locale().formattedDataSize(m_recorder.size(), 2, QLocale::DataSizeSIFormat));
+}
+
 void MonitorDock::showAll()
 {
-    m_state->setText(m_recorder.isRecording()
-                         ? tr("%1 Hz, %2 recorded")
-                               .arg(m_reader.achievedRate(), 0, 'f', 0)
-                               .arg(m_recorder.sampleCount())
-                         : tr("%1 Hz").arg(m_reader.achievedRate(), 0, 'f', 0));
+    m_state->setText(
+        m_recorder.isRecording()
+            ? tr("%1 Hz, %2 recorded").arg(m_reader.achievedRate(), 0, 'f', 0).arg(recordedText())
+            : tr("%1 Hz").arg(m_reader.achievedRate(), 0, 'f', 0));
     const auto last = m_buffer.last();
     if (!last || !std::exchange(m_changed, false))
         return;

@@ -51,6 +51,7 @@ private:
     void take(const Sample& sample);
     void refresh();
     void showAll();
+    QString recordedText() const;
     void showPlot(const Sample& last);
     void follow();
     void noteTarget(const HandAction& action);
