@@ -1,6 +1,7 @@
 #pragma once
 
 #include "actionmarkers.h"
+#include "idletask.h"
 #include "samplebuffer.h"
 #include "targethistory.h"
 #include "telemetryclock.h"
@@ -34,8 +35,8 @@ class MonitorDock : public QDockWidget
 {
     Q_OBJECT
 public:
-    /// `isLocked` tells whether long work uses the line, with pauses in which the hand must not be
-    /// read; `isPlaying` whether a sequence plays, so that the line is left to the player.
+    /// `isLocked` reports whether long work uses the line, with pauses in which the hand must not
+    /// be read; `isPlaying` whether a sequence plays, so that the line is left to the player.
     MonitorDock(DeviceSession* session, StatusReporter* reporter, const CurrentLimits* limits,
                 std::function<bool()> isLocked, std::function<bool()> isPlaying, QWidget* window);
     ~MonitorDock() override;
@@ -55,6 +56,7 @@ private:
     void follow();
     void noteTarget(const HandAction& action);
     void record();
+    void chooseRecordingPath();
     void startRecording(const QString& path);
     void showRecording();
     void mark();
@@ -74,8 +76,8 @@ private:
     TelemetryRecorder m_recorder;
     ActionMarkers m_actions;
     QTimer m_refreshTimer;
-    bool m_changed = false;    ///< there are samples that are not shown
-    bool m_refreshDue = false; ///< when the line is idle
+    IdleTask m_refreshing;
+    bool m_changed = false; ///< there are samples that are not shown
     QComboBox* m_rate = nullptr;
     QComboBox* m_span = nullptr; ///< shown time
     std::vector<QCheckBox*> m_quantities;

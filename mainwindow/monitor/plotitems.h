@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QPen>
 #include <QString>
+#include <QVector>
 
 class QCPAxisRect;
 
@@ -13,6 +14,8 @@ namespace vanto
 namespace PlotItems
 {
 void addVerticalLine(QCPAxisRect* row, double time, const QPen& pen);
+/// As one item, as each item takes time.
+void addVerticalLines(QCPAxisRect* row, const QVector<double>& times, const QPen& pen);
 void addHorizontalLine(QCPAxisRect* row, double value, const QPen& pen);
 
 enum class Edge { Top, Bottom };
