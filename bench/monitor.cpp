@@ -83,8 +83,7 @@ bool measureReplot()
         return median(times);
     };
     std::printf("     another time: %.1f ms\n", medianOf(true));
-    return report(
-        {"replot of 5 min of 12 noisy curves", medianOf(false), "ms", ReplotLimitMs, 1});
+    return report({"replot of 5 min of 12 noisy curves", medianOf(false), "ms", ReplotLimitMs, 1});
 }
 #endif
 

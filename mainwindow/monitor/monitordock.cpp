@@ -331,9 +331,8 @@ void MonitorDock::startRecording(const QString& path)
 {
     const QString failure = m_recorder.start(path, m_reader.channels());
     if (!failure.isEmpty())
-        IdleTask::once(this, [this, failure] {
-            Modeless::showBox(this, QMessageBox::Critical, failure);
-        });
+        IdleTask::once(
+            this, [this, failure] { Modeless::showBox(this, QMessageBox::Critical, failure); });
     showRecording();
     startOrStop();
 }

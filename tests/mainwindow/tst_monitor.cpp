@@ -144,8 +144,7 @@ void TestMonitor::recordsAndOpens()
     m_tool->find<QDialog>("recordingView")->close();
     QFile::remove("p.png");
     choose("pushButton_MonitorPicture", QDir::current().filePath("p.png"));
-    const QImage picture("p.png");
-    QCOMPARE(picture.size(), QSize(1600, 900));
+    QTRY_COMPARE(QImage("p.png").size(), QSize(1600, 900));
 }
 
 void TestMonitor::damagedRecording()
