@@ -403,9 +403,10 @@ void MonitorPlot::addMarkers()
         if (free - pixel < MinLabelWidth)
             continue;
         const QString text = metrics.elidedText(marker->text, Qt::ElideRight, MaxLabelWidth);
-        if (free - pixel < metrics.horizontalAdvance(text + QLatin1String("  ")))
+        const int width = metrics.horizontalAdvance(text + QLatin1String("  "));
+        if (free - pixel < width)
             continue;
-        free = pixel;
+        free = pixel + width > m_rows.back().rect->right() ? pixel - width : pixel;
         PlotItems::addLabel(m_rows.back().rect, time, PlotItems::Edge::Bottom, text, m_textColor);
     }
     for (const Row& row : m_rows)

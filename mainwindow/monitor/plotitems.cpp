@@ -2,6 +2,8 @@
 
 #include "plotlibrary.h"
 
+#include <QFontMetrics>
+
 namespace vanto
 {
 
@@ -105,10 +107,13 @@ void PlotItems::addLabel(QCPAxisRect* row, double time, Edge edge, const QString
 {
     QCPItemText* const label =
         addText(row, QCPItemPosition::ptPlotCoords, QCPItemPosition::ptAxisRectRatio,
-                QLatin1Char(' ') + text, color);
+                QLatin1Char(' ') + text + QLatin1Char(' '), color);
     const bool isTop = edge == Edge::Top;
     label->position->setCoords(time, isTop ? LabelMargin : 1 - LabelMargin);
-    label->setPositionAlignment(Qt::AlignLeft | (isTop ? Qt::AlignTop : Qt::AlignBottom));
+    const double end = row->axis(QCPAxis::atBottom)->coordToPixel(time) +
+                       QFontMetrics(label->font()).horizontalAdvance(label->text());
+    label->setPositionAlignment((end > row->right() ? Qt::AlignRight : Qt::AlignLeft) |
+                                (isTop ? Qt::AlignTop : Qt::AlignBottom));
 }
 
 void PlotItems::addValueLabel(QCPAxisRect* row, double value, const QString& text,

@@ -19,7 +19,7 @@ void addVerticalLines(QCPAxisRect* row, const QVector<double>& times, const QPen
 void addHorizontalLine(QCPAxisRect* row, double value, const QPen& pen);
 
 enum class Edge { Top, Bottom };
-/// To the right of the line at this time.
+/// To the right of the line at this time, or to its left if there is not enough room.
 void addLabel(QCPAxisRect* row, double time, Edge edge, const QString& text, const QColor& color);
 /// At the left end of the line at this value.
 void addValueLabel(QCPAxisRect* row, double value, const QString& text, const QColor& color);
