@@ -19,6 +19,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <ctime>
 
 namespace vanto
 {
@@ -41,6 +42,14 @@ constexpr double MsPerNs = 1e-6;
 constexpr int MsPerS = 1000;
 
 #ifdef VANTO_HAVE_PLOT
+/// Processor time of this thread, which does not depend on the load of the machine.
+double processorMs()
+{
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * MsPerS + static_cast<double>(time.tv_nsec) * MsPerNs;
+}
+
 /// Twelve curves of random values.
 bool measureReplot()
 {
@@ -56,20 +65,25 @@ bool measureReplot()
         }
         buffer.append(sample);
     }
-    MonitorPlot plot(PlotSource::of(buffer), nullptr);
+    MonitorPlot plot(PlotSource::of(&buffer), nullptr);
     plot.resize(PlotWidth, PlotHeight);
     plot.setChannels(channels);
     plot.show();
     QApplication::processEvents();
-    std::vector<double> times;
-    for (int i = 0; i < Replots; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        plot.showTime(i * UsPerSecond / SamplesPerSecond,
-                      ShownSeconds * UsPerSecond + i * UsPerSecond / SamplesPerSecond);
-        times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
-    }
-    return report({"replot of 5 min of 12 noisy curves", median(times), "ms", ReplotLimitMs, 1});
+    const auto medianOf = [&](bool isNew) {
+        std::vector<double> times;
+        for (int i = 0; i < Replots; ++i) {
+            if (isNew)
+                plot.clear();
+            const double begin = processorMs();
+            plot.showTime(i * UsPerSecond / SamplesPerSecond,
+                          ShownSeconds * UsPerSecond + i * UsPerSecond / SamplesPerSecond);
+            times.push_back(processorMs() - begin);
+        }
+        return median(times);
+    };
+    std::printf("     another time: %.1f ms\n", medianOf(true));
+    return report({"replot of 5 min of 12 noisy curves", medianOf(false), "ms", ReplotLimitMs, 1});
 }
 #endif
 

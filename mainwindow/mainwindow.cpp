@@ -32,7 +32,9 @@ constexpr QLatin1String DocksKey("window/docks");
 }
 
 MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
+    : QMainWindow(parent),
+      ui(std::make_unique<Ui::MainWindow>()),
+      m_showingMonitor([this] { showMonitor(); }, this)
 {
     ui->setupUi(this);
     setWindowTitle(Program::title() + QStringLiteral(" - ") + QLatin1String(Program::Version));
@@ -91,10 +93,16 @@ void MainWindow::setUpParameters()
             &ParameterActions::compareWith);
 }
 
+void MainWindow::on_action_Monitor_triggered()
+{
+    m_showingMonitor.run();
+}
+
 /// Created when it is needed first, as it would delay the start. It is hidden at each start,
 /// because it sends requests to the hand.
-void MainWindow::on_action_Monitor_triggered(bool show)
+void MainWindow::showMonitor()
 {
+    const bool show = ui->action_Monitor->isChecked();
     if (!m_monitor) {
         m_monitor = new MonitorDock(
             m_session.get(), m_reporter, &m_currentLimits,

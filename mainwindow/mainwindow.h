@@ -1,6 +1,7 @@
 #pragma once
 
 #include "currentlimits.h"
+#include "idletask.h"
 
 #include <QColor>
 #include <QMainWindow>
@@ -55,7 +56,7 @@ private slots:
     void on_action_Hand_Information_triggered();
     void on_action_Exit_triggered();
     void on_action_Messages_triggered();
-    void on_action_Monitor_triggered(bool show);
+    void on_action_Monitor_triggered();
     void on_action_Force_Update_triggered();
     void on_action_Theme_triggered();
     void on_action_Open_Node_triggered();
@@ -71,6 +72,7 @@ private:
     void setUpPages();
     void setUpParameters();
     void showAbout();
+    void showMonitor();
 
     std::unique_ptr<Ui::MainWindow> ui;
     std::unique_ptr<DeviceSession> m_session;
@@ -79,6 +81,7 @@ private:
     std::unique_ptr<ParameterActions> m_parameters;
     CurrentLimits m_currentLimits;    ///< read before the monitor is shown
     MonitorDock* m_monitor = nullptr; ///< null until it is shown first
+    IdleTask m_showingMonitor;
     std::unique_ptr<CalibrationProcedure> m_calibration;
     std::unique_ptr<FirmwareUpdater> m_updater;
     bool m_exits = false;

@@ -88,7 +88,8 @@ void ActionMarkers::note(const HandAction& action)
         add(m_groups[Steps], tr("Step %1").arg(action.value + 1));
     else if (action.kind == HandAction::Kind::Operation)
         add(m_groups[Writes], textOfOperation(action));
-    else if (action.origin == HandAction::Origin::Request && action.finger < FingerCount)
+    else if (action.origin == HandAction::Origin::Request && action.finger &&
+             *action.finger < FingerCount)
         add(m_groups[*action.finger], textOfTarget(action)); // those of a play belong to its step
 }
 

@@ -86,13 +86,14 @@ void CursorPanel::showValues(const PlotSource& source, ChannelSet channels)
 {
     m_table->setRowCount(static_cast<int>(channels.count()));
     bool isExact = true;
-    const auto [from, to] = std::minmax({times()[0], times()[1]});
+    const std::int64_t from = std::min(times()[0], times()[1]);
+    const std::int64_t to = std::max(times()[0], times()[1]);
     int row = 0;
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
         if (!channels[channel])
             continue;
-        showRow(row++, source, channel);
         const RangeStatistics range = source.statistics(channel, from, to);
+        showRow(row++, source, channel, range);
         isExact = isExact && (range.isEmpty() || range.mean);
     }
     const QString distance = tr("%1 s apart").arg(PlotTime::toSeconds(to - from), 0, 'f', Decimals);
@@ -106,11 +107,10 @@ void CursorPanel::showValues(const PlotSource& source, ChannelSet channels)
                             2 * m_table->frameWidth());
 }
 
-void CursorPanel::showRow(int row, const PlotSource& source, std::size_t channel)
+void CursorPanel::showRow(int row, const PlotSource& source, std::size_t channel,
+                          const RangeStatistics& range)
 {
     const auto [quantity, finger] = Channel::at(channel);
-    const auto [from, to] = std::minmax({times()[0], times()[1]});
-    const RangeStatistics range = source.statistics(channel, from, to);
     const std::array<QString, CursorColumnCount> texts{
         ValueText::extent(quantity, source.valueAt(channel, times()[0])),
         ValueText::extent(quantity, source.valueAt(channel, times()[1])),
@@ -118,14 +118,18 @@ void CursorPanel::showRow(int row, const PlotSource& source, std::size_t channel
         range.mean ? ValueText::mean(quantity, *range.mean)
                    : ValueText::value(quantity, MissingValue),
         ValueText::value(quantity, range.max)};
-    m_table->setVerticalHeaderItem(
-        row,
-        new QTableWidgetItem(tr("%1, %2", "finger, quantity")
-                                 .arg(FingerNames::shown(finger), ValueText::quantity(quantity))));
+    if (!m_table->verticalHeaderItem(row))
+        m_table->setVerticalHeaderItem(row, new QTableWidgetItem);
+    m_table->verticalHeaderItem(row)->setText(
+        tr("%1, %2", "finger, quantity")
+            .arg(FingerNames::shown(finger), ValueText::quantity(quantity)));
     for (int column = 0; column < CursorColumnCount; ++column) {
-        auto* const item = new QTableWidgetItem(texts.at(static_cast<std::size_t>(column)));
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        m_table->setItem(row, column, item);
+        if (!m_table->item(row, column)) {
+            auto* const item = new QTableWidgetItem;
+            item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            m_table->setItem(row, column, item);
+        }
+        m_table->item(row, column)->setText(texts.at(static_cast<std::size_t>(column)));
     }
 }
 

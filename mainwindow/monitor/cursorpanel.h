@@ -32,7 +32,8 @@ signals:
     void sig_timesEdited();
 
 private:
-    void showRow(int row, const PlotSource& source, std::size_t channel);
+    void showRow(int row, const PlotSource& source, std::size_t channel,
+                 const RangeStatistics& range);
 
     std::array<QDoubleSpinBox*, 2> m_fields{};
     QLabel* m_note;

@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QMouseEvent>
 
 namespace vanto
 {
@@ -63,7 +64,8 @@ void FingerLegend::showSample(const Sample& sample, ChannelSet channels)
 
 bool FingerLegend::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::MouseButtonRelease)
+    if (event->type() != QEvent::MouseButtonRelease ||
+        static_cast<const QMouseEvent*>(event)->button() != Qt::LeftButton)
         return QWidget::eventFilter(watched, event);
     for (std::size_t finger = 0; finger < FingerCount; ++finger) {
         if (m_values[finger] == watched)

@@ -38,6 +38,14 @@ constexpr int SecondsPerMinute = 60;
 constexpr int SecondsPerHour = 3600;
 constexpr std::array ObjectNames{"checkBox_MonitorCurrent", "checkBox_MonitorPosition",
                                  "checkBox_MonitorAngle", "checkBox_MonitorForce"};
+
+/// After these the hand itself moves its fingers.
+bool endsTargets(std::string_view operation)
+{
+    constexpr std::array<std::string_view, 4> operations{"startInit", "reset", "calibrate",
+                                                         "setCaliData"};
+    return std::ranges::find(operations, operation) != operations.end();
+}
 } // namespace
 
 MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
@@ -52,7 +60,8 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
                 std::move(isPlaying)},
                m_clock),
       m_recorder(m_clock),
-      m_actions([session] { return session->target(); }, m_clock)
+      m_actions([session] { return session->target(); }, m_clock),
+      m_refreshing([this] { refresh(); }, this)
 {
     setObjectName(QStringLiteral("dock_Monitor"));
     auto* const content = new QWidget(this);
@@ -60,7 +69,7 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     m_table = new ValueTable(content);
     auto* const splitter = new QSplitter(Qt::Vertical, content);
 #ifdef VANTO_HAVE_PLOT
-    m_panel = new PlotPanel(PlotSource::of(m_buffer), splitter);
+    m_panel = new PlotPanel(PlotSource::of(&m_buffer), splitter);
     splitter->addWidget(m_panel);
     m_panel->setTargets(&m_targets);
     MonitorPlot* const plot = m_panel->plot();
@@ -81,19 +90,16 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     setWidget(content);
 
     m_refreshTimer.setInterval(RefreshIntervalMs);
-    connect(&m_refreshTimer, &QTimer::timeout, this, &MonitorDock::refresh);
+    connect(&m_refreshTimer, &QTimer::timeout, &m_refreshing, &IdleTask::run);
     connect(&m_reader, &TelemetryReader::sig_sample, this, &MonitorDock::take);
     connect(&m_recorder, &TelemetryRecorder::sig_failed, this, [this](const QString& message) {
         m_reporter->showError(message);
         showRecording();
+        startOrStop();
     });
     connect(&m_actions, &ActionMarkers::sig_marker, this, &MonitorDock::addMarker);
     connect(this, &QDockWidget::visibilityChanged, this, &MonitorDock::startOrStop);
     connect(session, &DeviceSession::sig_opened, this, &MonitorDock::beginHand);
-    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
-        if (std::exchange(m_refreshDue, false))
-            QMetaObject::invokeMethod(this, &MonitorDock::refresh, Qt::QueuedConnection);
-    });
     connect(&ActionMonitor::instance(), &ActionMonitor::sig_action, this, &MonitorDock::noteTarget);
     connect(limits, &CurrentLimits::sig_changed, this, [this] { m_changed = true; });
     applyChoices();
@@ -181,7 +187,7 @@ QWidget* MonitorDock::createRecordingControls()
     return row;
 }
 
-/// The session rests while a hand is silent; it asks by itself.
+/// While a hand is silent, the session sends one request a second itself.
 bool MonitorDock::canRead() const
 {
     return m_session->canTick() && m_session->state() == DeviceSession::State::Connected &&
@@ -226,9 +232,13 @@ void MonitorDock::startOrStop()
 /// Samples of different hands are not mixed in one plot.
 void MonitorDock::beginHand()
 {
+    m_actions.flush(); // those of the former hand
     m_buffer.clear();
     m_targets.clear();
     m_table->clearValues();
+#ifdef VANTO_HAVE_PLOT
+    m_panel->clear();
+#endif
     m_recorder.mark({m_clock.nowUs(), tr("hand opened")});
 }
 
@@ -242,17 +252,17 @@ void MonitorDock::take(const Sample& sample)
 void MonitorDock::noteTarget(const HandAction& action)
 {
     const auto target = m_session->target();
-    if (action.kind == HandAction::Kind::Target && action.finger && target &&
-        target->node == action.node)
+    if (!target || target->node != action.node)
+        return;
+    if (action.kind == HandAction::Kind::Target && action.finger && *action.finger < FingerCount)
         m_targets.add(m_clock.nowUs(), action.quantity, *action.finger, action.value);
+    else if (action.kind == HandAction::Kind::Operation && endsTargets(action.operation))
+        m_targets.end(m_clock.nowUs());
 }
 
-/// Painting inside an exchange would delay the reply beyond its time-out. While the line is in use,
-/// the end of the conversation calls this again.
 void MonitorDock::refresh()
 {
-    m_refreshDue = isVisible() && Conversation::isActive();
-    if (!isVisible() || m_refreshDue)
+    if (!isVisible())
         return;
     QElapsedTimer cost;
     cost.start();
@@ -318,6 +328,11 @@ void MonitorDock::record()
         startOrStop();
         return;
     }
+    IdleTask::once(this, [this] { chooseRecordingPath(); });
+}
+
+void MonitorDock::chooseRecordingPath()
+{
     const QString proposal =
         QStringLiteral("recording-%1.csv")
             .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
@@ -329,7 +344,8 @@ void MonitorDock::startRecording(const QString& path)
 {
     const QString failure = m_recorder.start(path, m_reader.channels());
     if (!failure.isEmpty())
-        Modeless::showBox(this, QMessageBox::Critical, failure);
+        IdleTask::once(
+            this, [this, failure] { Modeless::showBox(this, QMessageBox::Critical, failure); });
     showRecording();
     startOrStop();
 }
@@ -363,7 +379,7 @@ void MonitorDock::addMarker(const Marker& marker)
 void MonitorDock::openRecording()
 {
 #ifdef VANTO_HAVE_PLOT
-    RecordingView::choose(this);
+    IdleTask::once(this, [this] { RecordingView::choose(this); });
 #endif
 }
 

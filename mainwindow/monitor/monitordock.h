@@ -1,6 +1,7 @@
 #pragma once
 
 #include "actionmarkers.h"
+#include "idletask.h"
 #include "samplebuffer.h"
 #include "targethistory.h"
 #include "telemetryclock.h"
@@ -56,6 +57,7 @@ private:
     void follow();
     void noteTarget(const HandAction& action);
     void record();
+    void chooseRecordingPath();
     void startRecording(const QString& path);
     void showRecording();
     void mark();
@@ -75,8 +77,8 @@ private:
     TelemetryRecorder m_recorder;
     ActionMarkers m_actions;
     QTimer m_refreshTimer;
-    bool m_changed = false;    ///< there are samples that are not shown
-    bool m_refreshDue = false; ///< when the line is idle
+    IdleTask m_refreshing;
+    bool m_changed = false; ///< there are samples that are not shown
     QComboBox* m_rate = nullptr;
     QComboBox* m_span = nullptr; ///< shown time
     std::vector<QCheckBox*> m_quantities;

@@ -1,10 +1,12 @@
 #include "monitorplot.h"
 
 #include "fingernames.h"
+#include "linepoints.h"
 #include "motionguard.h"
 #include "plotcursors.h"
 #include "plotitems.h"
 #include "plotlibrary.h"
+#include "plotnavigation.h"
 #include "plottime.h"
 #include "targethistory.h"
 
@@ -12,7 +14,6 @@
 #include <QImageWriter>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QStyleOptionFocusRect>
 #include <QVBoxLayout>
 
@@ -26,17 +27,23 @@ namespace
 {
 constexpr int PictureWidth = 1600; ///< pixels, of a saved picture
 constexpr int PictureHeight = 900;
-constexpr int MaxMarkers = 50; ///< with a label each, more would not be legible
+constexpr int MinLabelWidth = 10; ///< pixels, of a marker
+constexpr int MaxLabelWidth = 300;
 constexpr int LegendColumns = 6;
 constexpr double LeastStretch = 0.001; ///< a row of the layout gets what it needs
 constexpr int LineWidth = 1;           ///< pixels; lines of more take a hundred times as long
 constexpr double OverlayOpacity = 0.5;
 constexpr int FocusMargin = 2; ///< pixels
+constexpr int LeastColumns = 10;
 constexpr int MiddleLightness = 128;
-constexpr int MaxLimitRatio = 2;   ///< of a shown limit to the highest current
-constexpr double ScrollStep = 0.1; ///< of the shown time, by key
-constexpr double ZoomFactor = 0.8; ///< by key
-constexpr double MinSpan = 0.01;   ///< seconds, by key
+constexpr int MaxLimitRatio = 2;        ///< of a shown limit to the highest current
+constexpr double ValueMargin = 0.05;    ///< of the range of the values
+constexpr double LeastOfWholeTicks = 5; ///< of a range; the ticks of a smaller one have decimals
+constexpr double ScrollStep = 0.1;      ///< of the shown time, by key
+constexpr double ZoomFactor = 0.8;      ///< by key
+constexpr double MinSpan = 0.01;        ///< seconds, by key and mouse
+constexpr double MaxTime = 1e9;         ///< seconds, to either side of 0
+constexpr int PaintIntervalMs = 67;     ///< while the user drags or zooms
 const QString OverlayLayer = QStringLiteral("overlaid");
 
 /// Distinguishable with all common kinds of color vision.
@@ -54,13 +61,39 @@ QColor blended(const QColor& color, const QColor& background, double opacity)
     return {part(color.red(), background.red()), part(color.green(), background.green()),
             part(color.blue(), background.blue())};
 }
+
+/// Of a plotted value to that of the hand.
+double scaleOf(Quantity quantity)
+{
+    return quantity == Quantity::Angle ? 0.01 : 1; // degrees
+}
+
+/// The plot of the library paints at each change of its size.
+class ResizablePlot : public QCustomPlot
+{
+public:
+    ResizablePlot(QWidget* parent, IdleTask* painting) : QCustomPlot(parent), m_painting(painting)
+    {
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* /*event*/) override
+    {
+        setViewport(rect());
+        m_painting->run();
+    }
+
+private:
+    IdleTask* m_painting;
+};
 } // namespace
 
 MonitorPlot::MonitorPlot(PlotSource source, QWidget* parent)
     : QWidget(parent),
       m_source(std::move(source)),
-      m_plot(new QCustomPlot(this)),
-      m_cursors(new PlotCursors(m_plot))
+      m_plot(new ResizablePlot(this, &m_painting)),
+      m_cursors(new PlotCursors(m_plot)),
+      m_painting([this] { paint(); }, this, PaintIntervalMs)
 {
     setObjectName(QStringLiteral("monitorPlot"));
     auto* const layout = new QVBoxLayout(this);
@@ -72,17 +105,14 @@ MonitorPlot::MonitorPlot(PlotSource source, QWidget* parent)
     m_plot->setMinimumSize(200, 120);
     m_plot->setFocusPolicy(Qt::StrongFocus);
     m_plot->installEventFilter(this);
-    m_plot->setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
-    m_plot->setNoAntialiasingOnDrag(true);
     m_plot->plotLayout()->clear();
     m_plot->setAutoAddPlottableToLegend(false);
     m_plot->addLayer(OverlayLayer, m_plot->layer(QStringLiteral("main")), QCustomPlot::limBelow);
     m_margins = new QCPMarginGroup(m_plot);
     connect(m_plot, &QCustomPlot::mouseDoubleClick, this, &MonitorPlot::sig_returnRequested);
-    connect(m_cursors, &PlotCursors::sig_moved, this, [this] {
-        addItems();
-        m_plot->replot(QCustomPlot::rpQueuedReplot);
-    });
+    connect(m_cursors, &PlotCursors::sig_moved, &m_painting, &IdleTask::request);
+    connect(new PlotNavigation(m_plot, m_cursors), &PlotNavigation::sig_scaled, this,
+            &MonitorPlot::scaleTime);
 }
 
 MonitorPlot::~MonitorPlot() = default;
@@ -111,24 +141,16 @@ void MonitorPlot::setChannels(ChannelSet channels)
 
 void MonitorPlot::addRow(Quantity quantity)
 {
-    constexpr std::array titles{QT_TR_NOOP("Current"), QT_TR_NOOP("Position"),
-                                QT_TR_NOOP("Angle (0.01°)"), QT_TR_NOOP("Force")};
+    constexpr std::array titles{QT_TR_NOOP("Current (mA)"), QT_TR_NOOP("Position"),
+                                QT_TR_NOOP("Angle (°)"), QT_TR_NOOP("Force")};
     auto* const row = new QCPAxisRect(m_plot);
     m_plot->plotLayout()->addElement(static_cast<int>(m_rows.size()), 0, row);
-    row->setRangeDrag(Qt::Horizontal);
-    row->setRangeZoom(Qt::Horizontal);
     QCPAxis* const time = row->axis(QCPAxis::atBottom);
     QCPAxis* const value = row->axis(QCPAxis::atLeft);
     value->setLabel(tr(titles.at(static_cast<std::size_t>(quantity))));
     value->setNumberFormat(QStringLiteral("f"));
-    value->setNumberPrecision(0);
     time->setNumberFormat(QStringLiteral("f"));
     time->setNumberPrecision(1);
-    connect(time, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
-            [this](const QCPRange& range) {
-                if (!m_showing)
-                    changeTime(PlotTime::toUs(range.lower), PlotTime::toUs(range.upper));
-            });
     row->setMarginGroup(QCP::msLeft | QCP::msRight, m_margins);
     m_rows.push_back({row, quantity, {}});
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
@@ -147,19 +169,11 @@ void MonitorPlot::addLine(std::size_t channel)
         graph->setAntialiased(false);      // three times as fast
         return graph;
     };
-    const Line line{channel, m_rows.size() - 1, add(), add(), add()};
+    const Line line{channel, m_rows.size() - 1, add(), add(), add(), {}, {}};
     line.overlay->setLayer(OverlayLayer);
     line.target->setLineStyle(QCPGraph::lsStepLeft);
     line.graph->setName(FingerNames::shown(Channel::at(channel).finger));
     m_lines.push_back(line);
-}
-
-/// Called inside a replot of the part that the user has dragged.
-void MonitorPlot::changeTime(std::int64_t fromUs, std::int64_t toUs)
-{
-    emit sig_timeChanged();
-    QMetaObject::invokeMethod(
-        this, [this, fromUs, toUs] { showTime(fromUs, toUs); }, Qt::QueuedConnection);
 }
 
 void MonitorPlot::setFingerShown(std::size_t finger, bool shown)
@@ -172,7 +186,15 @@ void MonitorPlot::setOverlay(std::optional<PlotSource> overlay, std::int64_t off
 {
     m_overlay = std::move(overlay);
     m_overlayOffsetUs = offsetUs;
+    for (Line& line : m_lines)
+        line.overlayColumns.clear();
     showAgain();
+}
+
+void MonitorPlot::clear()
+{
+    for (Line& line : m_lines)
+        line.columns.clear();
 }
 
 void MonitorPlot::setLimits(std::optional<FingerLimits> limits)
@@ -221,85 +243,79 @@ void MonitorPlot::applyColors()
         line.overlay->setPen(QPen(blended(color, m_backgroundColor, OverlayOpacity), LineWidth));
         line.target->setPen(QPen(color, LineWidth, Qt::DashLine));
     }
-    m_plot->replot();
-}
-
-void MonitorPlot::showAgain()
-{
-    showTime(m_fromUs, m_toUs);
+    m_painting.run();
 }
 
 void MonitorPlot::showTime(std::int64_t fromUs, std::int64_t toUs)
 {
-    if (m_rows.empty() || toUs <= fromUs)
+    if (toUs <= fromUs)
         return;
     m_fromUs = fromUs;
     m_toUs = toUs;
-    const QScopedValueRollback showing(m_showing, true);
-    for (Row& row : m_rows)
-        row.range = {};
-    for (const Line& line : m_lines) {
-        const bool isShown = isFingerShown(Channel::at(line.channel).finger);
-        line.graph->setVisible(isShown);
-        line.overlay->setVisible(isShown && m_overlay);
-        line.target->setVisible(isShown && m_targets);
-        if (!isShown)
-            continue;
-        fill(m_source, line, line.graph, 0);
-        if (m_overlay)
-            fill(*m_overlay, line, line.overlay, m_overlayOffsetUs);
-        if (m_targets)
-            fillTargets(line);
-    }
+    m_painting.run();
+}
+
+/// Only as work of m_painting.
+void MonitorPlot::paint()
+{
+    if (m_toUs > m_fromUs)
+        fillLines();
     for (Row& row : m_rows) {
-        row.rect->axis(QCPAxis::atBottom)
-            ->setRange(PlotTime::toSeconds(fromUs), PlotTime::toSeconds(toUs));
+        if (m_toUs > m_fromUs)
+            row.rect->axis(QCPAxis::atBottom)
+                ->setRange(PlotTime::toSeconds(m_fromUs), PlotTime::toSeconds(m_toUs));
         scaleValues(row);
     }
     addItems();
     m_plot->replot(QCustomPlot::rpImmediateRefresh);
 }
 
-/// Two points for each column; a point that is not a number interrupts the line.
+void MonitorPlot::fillLines()
+{
+    for (Row& row : m_rows)
+        row.range = {};
+    for (Line& line : m_lines) {
+        const bool isShown = isFingerShown(Channel::at(line.channel).finger);
+        line.graph->setVisible(isShown);
+        line.overlay->setVisible(isShown && m_overlay);
+        line.target->setVisible(isShown && m_targets);
+        if (!isShown)
+            continue;
+        fill(m_source, line, line.graph, line.columns, 0);
+        if (m_overlay)
+            fill(*m_overlay, line, line.overlay, line.overlayColumns, m_overlayOffsetUs);
+        if (m_targets)
+            fillTargets(line);
+    }
+}
+
 void MonitorPlot::fill(const PlotSource& source, const Line& line, QCPGraph* graph,
-                       std::int64_t offsetUs)
+                       ColumnCache& cache, std::int64_t offsetUs)
 {
     Row& row = m_rows[line.row];
-    const int columns = std::max(row.rect->width(), 10);
-    const std::vector<Extent> extents =
-        source.reduce(line.channel, m_fromUs - offsetUs, m_toUs - offsetUs, columns);
-    const double from = PlotTime::toSeconds(m_fromUs);
-    const double step = (PlotTime::toSeconds(m_toUs) - from) / columns;
-    QVector<QCPGraphData> points;
-    points.reserve(2 * columns);
-    for (std::size_t i = 0; i < extents.size(); ++i) {
-        const double key = from + (static_cast<double>(i) + 0.5) * step;
-        const Extent& extent = extents[i];
-        if (extent.afterGap)
-            points.append({key, std::numeric_limits<double>::quiet_NaN()});
-        if (extent.isEmpty())
-            continue;
+    const ColumnCache::Columns columns =
+        cache.update(source, line.channel, m_fromUs - offsetUs, m_toUs - offsetUs,
+                     std::max(row.rect->width(), LeastColumns));
+    for (const Extent& extent : columns.extents) {
         row.range.add(extent.min);
         row.range.add(extent.max);
-        points.append({key, static_cast<double>(extent.min)});
-        if (extent.max != extent.min)
-            points.append({key, static_cast<double>(extent.max)});
     }
-    graph->data()->set(points, true);
+    graph->data()->set(LinePoints::ofColumns(columns, offsetUs, scaleOf(row.quantity)), true);
 }
 
 void MonitorPlot::fillTargets(const Line& line)
 {
     QVector<QCPGraphData> points;
+    const double scale = scaleOf(m_rows[line.row].quantity);
     const auto steps = m_targets->steps(line.channel, m_fromUs, m_toUs);
     for (const TargetHistory::Step& step : steps) {
         const bool isTarget = step.value != MissingValue;
         m_rows[line.row].range.add(step.value);
         points.append({PlotTime::toSeconds(step.timeUs),
-                       isTarget ? step.value : std::numeric_limits<double>::quiet_NaN()});
+                       isTarget ? step.value * scale : std::numeric_limits<double>::quiet_NaN()});
     }
     if (!steps.empty() && steps.back().value != MissingValue)
-        points.append({PlotTime::toSeconds(m_toUs), static_cast<double>(steps.back().value)});
+        points.append({PlotTime::toSeconds(m_toUs), steps.back().value * scale});
     line.target->data()->set(points, true);
 }
 
@@ -310,11 +326,12 @@ std::vector<LimitLine> MonitorPlot::limits() const
     return limitLines(*m_limits, [this](std::size_t finger) { return isFingerShown(finger); });
 }
 
-void MonitorPlot::scaleValues(Row& row)
+void MonitorPlot::scaleValues(Row& row) const
 {
     if (row.quantity == Quantity::Current) {
         // One far above the currents would leave no room for them.
-        const int highest = MaxLimitRatio * std::max(row.range.max, MotionGuard::CurrentLimitMa);
+        const std::int64_t highest =
+            std::int64_t{MaxLimitRatio} * std::max(row.range.max, MotionGuard::CurrentLimitMa);
         for (const LimitLine& limit : limits()) {
             if (limit.value <= highest)
                 row.range.add(limit.value);
@@ -322,9 +339,12 @@ void MonitorPlot::scaleValues(Row& row)
     }
     if (row.range.isEmpty())
         return;
-    const double margin =
-        std::max((static_cast<double>(row.range.max) - row.range.min) * 0.05, 1.0);
-    row.rect->axis(QCPAxis::atLeft)->setRange(row.range.min - margin, row.range.max + margin);
+    const double scale = scaleOf(row.quantity);
+    const QCPRange range(row.range.min * scale, row.range.max * scale);
+    const double margin = std::max(range.size() * ValueMargin, 1.0);
+    QCPAxis* const axis = row.rect->axis(QCPAxis::atLeft);
+    axis->setRange(range.lower - margin, range.upper + margin);
+    axis->setNumberPrecision(axis->range().size() < LeastOfWholeTicks ? 1 : 0);
 }
 
 void MonitorPlot::addItems()
@@ -363,36 +383,48 @@ std::vector<QCPAxisRect*> MonitorPlot::rects() const
     return rects;
 }
 
-/// Labels that would overlap are left out.
+/// The newest ones first: labels that would overlap are left out, and a column has one line.
 void MonitorPlot::addMarkers()
 {
     if (m_rows.empty())
         return;
-    int count = 0;
     const QCPAxis* const axis = m_rows.back().rect->axis(QCPAxis::atBottom);
-    double free = 0; // pixels; where the next label can begin
-    for (const Marker& marker : m_source.markers(m_fromUs, m_toUs)) {
-        if (++count > MaxMarkers)
-            return;
-        const double time = PlotTime::toSeconds(marker.timeUs);
-        for (const Row& row : m_rows)
-            PlotItems::addVerticalLine(row.rect, time, QPen(m_textColor, 1, Qt::DashLine));
+    const QFontMetrics metrics = m_plot->fontMetrics();
+    double line = std::numeric_limits<double>::infinity(); // pixels, of the last line
+    double free = line;                                    // where the next label has to end
+    QVector<double> times;
+    const QList<Marker> markers = m_source.markers(m_fromUs, m_toUs);
+    for (auto marker = markers.crbegin(); marker != markers.crend(); ++marker) {
+        const double time = PlotTime::toSeconds(marker->timeUs);
         const double pixel = axis->coordToPixel(time);
-        if (pixel < free)
+        if (line - pixel >= 1)
+            times.append(time);
+        line = std::min(line, pixel);
+        if (free - pixel < MinLabelWidth)
             continue;
-        free = pixel + m_plot->fontMetrics().horizontalAdvance(marker.text + QLatin1String("  "));
-        PlotItems::addLabel(m_rows.back().rect, time, PlotItems::Edge::Bottom, marker.text,
-                            m_textColor);
+        const QString text = metrics.elidedText(marker->text, Qt::ElideRight, MaxLabelWidth);
+        const int width = metrics.horizontalAdvance(text + QLatin1String("  "));
+        if (free - pixel < width)
+            continue;
+        free = pixel + width > m_rows.back().rect->right() ? pixel - width : pixel;
+        PlotItems::addLabel(m_rows.back().rect, time, PlotItems::Edge::Bottom, text, m_textColor);
     }
+    for (const Row& row : m_rows)
+        PlotItems::addVerticalLines(row.rect, times, QPen(m_textColor, 1, Qt::DashLine));
 }
 
+/// The new time, in shares of the shown one.
 void MonitorPlot::scaleTime(double from, double to)
 {
-    const std::int64_t span = std::max(m_toUs - m_fromUs, PlotTime::toUs(MinSpan));
-    const auto at = [this, span](double share) {
-        return m_fromUs + static_cast<std::int64_t>(share * static_cast<double>(span));
-    };
-    changeTime(at(from), std::max(at(to), at(from) + PlotTime::toUs(MinSpan)));
+    const double begin = PlotTime::toSeconds(m_fromUs);
+    const double shown = std::max(PlotTime::toSeconds(m_toUs) - begin, MinSpan);
+    const double middle = begin + (from + to) / 2 * shown;
+    const double span = std::clamp((to - from) * shown, MinSpan, 2 * MaxTime);
+    const double newBegin = std::clamp(middle - span / 2, -MaxTime, MaxTime - span);
+    emit sig_timeChanged();
+    m_fromUs = PlotTime::toUs(newBegin);
+    m_toUs = PlotTime::toUs(newBegin + span);
+    m_painting.request();
 }
 
 void MonitorPlot::keyPressEvent(QKeyEvent* event)
@@ -455,7 +487,7 @@ QString MonitorPlot::savePicture(const QString& path) const
     const QPixmap picture = m_plot->toPixmap(PictureWidth, PictureHeight);
     m_plot->plotLayout()->remove(legend);
     m_plot->plotLayout()->simplify();
-    m_plot->replot();
+    m_plot->replot(QCustomPlot::rpImmediateRefresh);
     QImageWriter writer(path);
     return writer.write(picture.toImage()) ? QString() : writer.errorString();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "columncache.h"
+#include "idletask.h"
 #include "limitlines.h"
 #include "plotsource.h"
 
@@ -33,6 +35,8 @@ public:
 
     void setChannels(ChannelSet channels);
     ChannelSet channels() const { return m_channels; }
+    /// Necessary if the source has removed samples.
+    void clear();
     /// All fingers are shown at first.
     void setFingerShown(std::size_t finger, bool shown);
     bool isFingerShown(std::size_t finger) const { return !m_hidden[finger]; }
@@ -45,10 +49,10 @@ public:
     void setTargets(const TargetHistory* targets) { m_targets = targets; }
     PlotCursors* cursors() { return m_cursors; }
 
-    /// Paints the samples of this time.
+    /// Paints the samples of this time, as soon as the line is idle.
     void showTime(std::int64_t fromUs, std::int64_t toUs);
     /// Paints the same time again, after a change.
-    void showAgain();
+    void showAgain() { m_painting.run(); }
     std::int64_t fromUs() const { return m_fromUs; }
     std::int64_t toUs() const { return m_toUs; }
     /// Returns the reason of a failure, or an empty string. The suffix of the path selects the
@@ -77,7 +81,7 @@ private:
     struct Row {
         QCPAxisRect* rect;
         Quantity quantity;
-        Extent range; ///< of what is plotted
+        Extent range; ///< of what is plotted, in units of the hand
     };
     struct Line {
         std::size_t channel;
@@ -85,16 +89,20 @@ private:
         QCPGraph* graph;
         QCPGraph* overlay;
         QCPGraph* target;
+        ColumnCache columns;
+        ColumnCache overlayColumns;
     };
 
     void addRow(Quantity quantity);
     void addLine(std::size_t channel);
-    void changeTime(std::int64_t fromUs, std::int64_t toUs);
+    void paint();
+    void fillLines();
     void scaleTime(double from, double to);
     void applyColors();
-    void fill(const PlotSource& source, const Line& line, QCPGraph* graph, std::int64_t offsetUs);
+    void fill(const PlotSource& source, const Line& line, QCPGraph* graph, ColumnCache& cache,
+              std::int64_t offsetUs);
     void fillTargets(const Line& line);
-    void scaleValues(Row& row);
+    void scaleValues(Row& row) const;
     void addItems();
     void addMarkers();
     void addLimits(QCPAxisRect* row);
@@ -115,9 +123,9 @@ private:
     std::vector<Line> m_lines;
     std::int64_t m_fromUs = 0;
     std::int64_t m_toUs = 0;
-    bool m_showing = false; ///< showTime() is changing the axes
     QColor m_textColor = Qt::black;
     QColor m_backgroundColor = Qt::white;
+    IdleTask m_painting;
 };
 
 } // namespace vanto

@@ -19,9 +19,9 @@ namespace vanto
 
 namespace
 {
-constexpr int MaxAnchors = 200;
+constexpr int MaxAnchors = 200; ///< the latest markers
 constexpr int AnchorWidth = 12; ///< characters; the list is wider
-constexpr int TimeDecimals = 2; ///< of seconds
+constexpr int TimeDecimals = 3; ///< of seconds
 constexpr double MaxPlace = 1e9;
 } // namespace
 
@@ -80,7 +80,7 @@ void OverlayBar::setRecording(Recording recording, const QString& path)
                           qlonglong{timeUs});
     };
     add(tr("Start"), m_recording->timeAt(0));
-    for (const Marker& marker : m_recording->markers().first(
+    for (const Marker& marker : m_recording->markers().last(
              std::min(m_recording->markers().size(), qsizetype{MaxAnchors})))
         add(marker.text, marker.timeUs);
     show();
@@ -96,7 +96,7 @@ void OverlayBar::remove()
 
 std::optional<PlotSource> OverlayBar::source() const
 {
-    return m_recording ? std::optional(PlotSource::of(*m_recording)) : std::nullopt;
+    return m_recording ? std::optional(PlotSource::of(m_recording)) : std::nullopt;
 }
 
 std::int64_t OverlayBar::offsetUs() const

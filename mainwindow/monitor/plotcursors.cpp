@@ -13,7 +13,6 @@ namespace vanto
 namespace
 {
 constexpr double GrabDistance = 6; ///< pixels
-const QCP::Interactions Navigation = QCP::iRangeDrag | QCP::iRangeZoom;
 } // namespace
 
 PlotCursors::PlotCursors(QCustomPlot* plot) : QObject(plot), m_plot(plot)
@@ -45,7 +44,6 @@ void PlotCursors::press(const QMouseEvent& event)
 {
     m_pressed = nullptr;
     m_dragged.reset();
-    m_plot->setInteractions(Navigation);
     if (!m_times || event.button() != Qt::LeftButton)
         return;
     m_pressX = event.position().x();
@@ -56,7 +54,6 @@ void PlotCursors::press(const QMouseEvent& event)
     if (std::abs(pixelOf(*m_pressed, cursor) - m_pressX) > GrabDistance)
         return;
     m_dragged = cursor;
-    m_plot->setInteractions(QCP::iNone); // the time stays where it is
 }
 
 void PlotCursors::drag(const QMouseEvent& event)
@@ -72,7 +69,6 @@ void PlotCursors::drag(const QMouseEvent& event)
 
 void PlotCursors::release(const QMouseEvent& event)
 {
-    m_plot->setInteractions(Navigation);
     const QPointer<QCPAxisRect> row = std::exchange(m_pressed, nullptr);
     if (!row || !m_times || std::exchange(m_dragged, std::nullopt))
         return;

@@ -31,6 +31,8 @@ public:
     std::optional<CursorTimes> times() const { return m_times; }
     void addItems(const std::vector<QCPAxisRect*>& rows, const QPen& pen) const;
 
+    bool isDragging() const { return m_dragged.has_value(); }
+
 signals:
     /// By the user; the caller paints the plot.
     void sig_moved();
@@ -39,7 +41,7 @@ private:
     void press(const QMouseEvent& event);
     void drag(const QMouseEvent& event);
     void release(const QMouseEvent& event);
-    /// A double click is no click: the cursor returns.
+    /// A double click is not a click: the cursor returns.
     void doubleClick();
     std::size_t nearer(const QCPAxisRect& row, double x) const;
     double pixelOf(const QCPAxisRect& row, std::size_t cursor) const;

@@ -2,6 +2,8 @@
 
 #include "plotlibrary.h"
 
+#include <QFontMetrics>
+
 namespace vanto
 {
 
@@ -41,7 +43,48 @@ QCPItemText* addText(QCPAxisRect* row, QCPItemPosition::PositionType x,
     label->setColor(color);
     return label;
 }
+
+class VerticalLines : public QCPAbstractItem
+{
+public:
+    VerticalLines(QCPAxisRect* row, QVector<double> times, const QPen& pen)
+        : QCPAbstractItem(row->parentPlot()), m_row(row), m_times(std::move(times)), m_pen(pen)
+    {
+        setClipAxisRect(row);
+        setAntialiased(false);
+    }
+    double selectTest(const QPointF& /*position*/, bool /*onlySelectable*/,
+                      QVariant* /*details*/) const override
+    {
+        return -1; // cannot be selected
+    }
+
+protected:
+    void draw(QCPPainter* painter) override
+    {
+        const QCPAxis* const axis = m_row->axis(QCPAxis::atBottom);
+        QVector<QLineF> lines;
+        lines.reserve(m_times.size());
+        for (const double time : std::as_const(m_times)) {
+            const double x = axis->coordToPixel(time);
+            lines.append({x, double(m_row->top()), x, double(m_row->bottom())});
+        }
+        painter->setPen(m_pen);
+        painter->drawLines(lines);
+    }
+
+private:
+    QCPAxisRect* m_row;
+    QVector<double> m_times;
+    QPen m_pen;
+};
 } // namespace
+
+void PlotItems::addVerticalLines(QCPAxisRect* row, const QVector<double>& times, const QPen& pen)
+{
+    if (!times.isEmpty())
+        new VerticalLines(row, times, pen); // the plot owns it
+}
 
 void PlotItems::addVerticalLine(QCPAxisRect* row, double time, const QPen& pen)
 {
@@ -64,10 +107,13 @@ void PlotItems::addLabel(QCPAxisRect* row, double time, Edge edge, const QString
 {
     QCPItemText* const label =
         addText(row, QCPItemPosition::ptPlotCoords, QCPItemPosition::ptAxisRectRatio,
-                QLatin1Char(' ') + text, color);
+                QLatin1Char(' ') + text + QLatin1Char(' '), color);
     const bool isTop = edge == Edge::Top;
     label->position->setCoords(time, isTop ? LabelMargin : 1 - LabelMargin);
-    label->setPositionAlignment(Qt::AlignLeft | (isTop ? Qt::AlignTop : Qt::AlignBottom));
+    const double end = row->axis(QCPAxis::atBottom)->coordToPixel(time) +
+                       QFontMetrics(label->font()).horizontalAdvance(label->text());
+    label->setPositionAlignment((end > row->right() ? Qt::AlignRight : Qt::AlignLeft) |
+                                (isTop ? Qt::AlignTop : Qt::AlignBottom));
 }
 
 void PlotItems::addValueLabel(QCPAxisRect* row, double value, const QString& text,

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QPen>
 #include <QString>
+#include <QVector>
 
 class QCPAxisRect;
 
@@ -13,10 +14,12 @@ namespace vanto
 namespace PlotItems
 {
 void addVerticalLine(QCPAxisRect* row, double time, const QPen& pen);
+/// As one item, as each item takes time.
+void addVerticalLines(QCPAxisRect* row, const QVector<double>& times, const QPen& pen);
 void addHorizontalLine(QCPAxisRect* row, double value, const QPen& pen);
 
 enum class Edge { Top, Bottom };
-/// To the right of the line at this time.
+/// To the right of the line at this time, or to its left if there is not enough room.
 void addLabel(QCPAxisRect* row, double time, Edge edge, const QString& text, const QColor& color);
 /// At the left end of the line at this value.
 void addValueLabel(QCPAxisRect* row, double value, const QString& text, const QColor& color);

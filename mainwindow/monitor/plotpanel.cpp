@@ -19,7 +19,8 @@ namespace vanto
 namespace
 {
 constexpr std::int64_t StepsOfTime = 200; ///< of the shown time, for the arrow keys
-}
+constexpr int EvaluationIntervalMs = 100; ///< while a cursor is dragged
+} // namespace
 
 PlotPanel::PlotPanel(PlotSource source, QWidget* parent)
     : QWidget(parent),
@@ -27,7 +28,9 @@ PlotPanel::PlotPanel(PlotSource source, QWidget* parent)
       m_legend(new FingerLegend(this)),
       m_plot(new MonitorPlot(m_source, this)),
       m_cursors(new CursorPanel(this)),
-      m_overlay(new OverlayBar(this))
+      m_overlay(new OverlayBar(this)),
+      m_rebuilding([this] { showChannels(); }, this),
+      m_evaluating([this] { showCursorValues(); }, this, EvaluationIntervalMs)
 {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -43,13 +46,13 @@ PlotPanel::PlotPanel(PlotSource source, QWidget* parent)
             [this, color] { m_legend->setColors(color); });
     connect(m_legend, &FingerLegend::sig_toggled, this, [this](std::size_t finger, bool shown) {
         m_plot->setFingerShown(finger, shown);
-        showCursorValues();
+        m_evaluating.run();
     });
     connect(m_plot, &MonitorPlot::sig_timeChanged, this, &PlotPanel::sig_pauseRequested);
     connect(m_plot, &MonitorPlot::sig_returnRequested, this, &PlotPanel::sig_returnRequested);
     connect(m_plot->cursors(), &PlotCursors::sig_moved, this, [this] {
         m_cursors->setTimes(*m_plot->cursors()->times());
-        showCursorValues();
+        m_evaluating.request();
     });
     connect(m_cursors, &CursorPanel::sig_timesEdited, this, &PlotPanel::editCursors);
     connect(m_overlay, &OverlayBar::sig_changed, this, &PlotPanel::applyOverlay);
@@ -88,10 +91,16 @@ QWidget* PlotPanel::createOptions()
 
 void PlotPanel::setChannels(ChannelSet channels)
 {
-    m_plot->setChannels(channels);
-    m_legend->showSample(m_last, channels);
+    m_channels = channels;
+    m_rebuilding.run();
+}
+
+void PlotPanel::showChannels()
+{
+    m_plot->setChannels(m_channels);
+    m_legend->showSample(m_last, m_channels);
     m_plot->showAgain();
-    showCursorValues();
+    m_evaluating.run();
 }
 
 void PlotPanel::showTime(std::int64_t fromUs, std::int64_t toUs)
@@ -101,6 +110,12 @@ void PlotPanel::showTime(std::int64_t fromUs, std::int64_t toUs)
     m_cursors->setStep((toUs - fromUs) / StepsOfTime);
     m_overlay->setStep((toUs - fromUs) / StepsOfTime);
     m_plot->showTime(fromUs, toUs);
+}
+
+void PlotPanel::clear()
+{
+    m_plot->clear();
+    m_evaluating.run();
 }
 
 void PlotPanel::showSample(const Sample& sample)
@@ -135,11 +150,11 @@ void PlotPanel::applyLimits()
 
 void PlotPanel::chooseOverlay()
 {
-    RecordingOpener::choose(tr("Open overlay"), this,
-                            [this](Recording recording, const QString& path) {
-                                m_overlay->setPlace(m_plot->fromUs());
-                                m_overlay->setRecording(std::move(recording), path);
-                            });
+    const auto show = [this](Recording recording, const QString& path) {
+        m_overlay->setPlace(m_plot->fromUs());
+        m_overlay->setRecording(std::move(recording), path);
+    };
+    IdleTask::once(this, [=, this] { RecordingOpener::choose(tr("Open overlay"), this, show); });
 }
 
 void PlotPanel::applyOverlay()
@@ -179,7 +194,7 @@ void PlotPanel::editCursors()
 {
     m_plot->cursors()->setTimes(m_cursors->times());
     m_plot->showAgain();
-    showCursorValues();
+    m_evaluating.run();
 }
 
 void PlotPanel::showCursorValues()

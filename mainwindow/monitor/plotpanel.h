@@ -1,5 +1,6 @@
 #pragma once
 
+#include "idletask.h"
 #include "limitlines.h"
 #include "plotsource.h"
 
@@ -27,6 +28,8 @@ public:
     MonitorPlot* plot() { return m_plot; }
     void setChannels(ChannelSet channels);
     void showTime(std::int64_t fromUs, std::int64_t toUs);
+    /// Necessary if the source has removed samples.
+    void clear();
     /// Shows the values in the legend.
     void showSample(const Sample& sample);
     /// Without this there are no lines of limits.
@@ -47,6 +50,7 @@ private:
     void applyLimits();
     void toggleCursors();
     void editCursors();
+    void showChannels();
     void showCursorValues();
 
     PlotSource m_source;
@@ -57,7 +61,10 @@ private:
     CursorPanel* m_cursors;
     OverlayBar* m_overlay;
     FingerLimits m_limits;
-    Sample m_last; ///< in the legend
+    Sample m_last;         ///< in the legend
+    ChannelSet m_channels; ///< that are chosen
+    IdleTask m_rebuilding; ///< after another choice of channels
+    IdleTask m_evaluating; ///< at and between the cursors
 };
 
 } // namespace vanto

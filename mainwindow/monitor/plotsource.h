@@ -17,20 +17,20 @@ struct PlotSource {
     std::function<RangeStatistics(std::size_t channel, std::int64_t fromUs, std::int64_t toUs)>
         statistics;
 
-    /// `samples` is a SampleBuffer or a Recording and must outlive the source.
-    template<class Samples>
-    static PlotSource of(const Samples& samples)
+    /// `samples` refers to a SampleBuffer or a Recording; a plain pointer must outlive the source.
+    template<class SamplesPointer>
+    static PlotSource of(SamplesPointer samples)
     {
         return {
-            [&samples](std::size_t channel, std::int64_t from, std::int64_t to, int columns) {
-                return samples.reduce(channel, from, to, columns);
+            [samples](std::size_t channel, std::int64_t from, std::int64_t to, int columns) {
+                return samples->reduce(channel, from, to, columns);
             },
-            [&samples](std::int64_t from, std::int64_t to) { return samples.markers(from, to); },
-            [&samples](std::size_t channel, std::int64_t time) {
-                return samples.valueAt(channel, time);
+            [samples](std::int64_t from, std::int64_t to) { return samples->markers(from, to); },
+            [samples](std::size_t channel, std::int64_t time) {
+                return samples->valueAt(channel, time);
             },
-            [&samples](std::size_t channel, std::int64_t from, std::int64_t to) {
-                return samples.statistics(channel, from, to);
+            [samples](std::size_t channel, std::int64_t from, std::int64_t to) {
+                return samples->statistics(channel, from, to);
             }};
     }
 };

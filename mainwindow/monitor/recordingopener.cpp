@@ -1,5 +1,6 @@
 #include "recordingopener.h"
 
+#include "idletask.h"
 #include "modeless.h"
 #include "program.h"
 
@@ -15,6 +16,7 @@ namespace vanto
 namespace
 {
 constexpr int ProgressAfterMs = 500;
+constexpr int StepIntervalMs = 1; ///< with 0, an exchange would wait for all steps at once
 constexpr int FullRange = 1000;
 
 QString translated(const char* text)
@@ -54,10 +56,13 @@ void read(const QString& path, QWidget* parent,
     progress->setAttribute(Qt::WA_DeleteOnClose);
     progress->setAutoClose(false);
     progress->setMinimumDuration(ProgressAfterMs);
-    QObject::connect(progress, &QProgressDialog::canceled, progress, &QObject::deleteLater);
     auto* const next = new QTimer(progress);
+    QObject::connect(progress, &QProgressDialog::canceled, next, &QTimer::stop);
+    QObject::connect(progress, &QProgressDialog::canceled, progress, &QObject::deleteLater);
     const auto loader = std::make_shared<RecordingLoader>(path);
-    QObject::connect(next, &QTimer::timeout, progress, [=, opened = std::move(opened)] {
+    const auto step = [=, opened = std::move(opened)] {
+        if (!next->isActive())
+            return; // canceled
         if (loader->step()) {
             progress->setValue(static_cast<int>(loader->share() * (FullRange - 1)));
             return;
@@ -65,8 +70,9 @@ void read(const QString& path, QWidget* parent,
         progress->deleteLater();
         next->stop();
         finish(*loader, path, parent, opened);
-    });
-    next->start(0);
+    };
+    QObject::connect(next, &QTimer::timeout, new IdleTask(step, progress), &IdleTask::run);
+    next->start(StepIntervalMs);
 }
 } // namespace
 

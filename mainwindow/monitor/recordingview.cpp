@@ -1,5 +1,6 @@
 #include "recordingview.h"
 
+#include "idletask.h"
 #include "modeless.h"
 #include "monitorplot.h"
 #include "plotpanel.h"
@@ -30,7 +31,7 @@ RecordingView::RecordingView(Recording recording, const QString& path, QWidget* 
     setObjectName(QStringLiteral("recordingView"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(Program::title() + QStringLiteral(" - ") + QFileInfo(path).fileName());
-    m_panel = new PlotPanel(PlotSource::of(m_recording), this);
+    m_panel = new PlotPanel(PlotSource::of(&m_recording), this);
     m_panel->setChannels(m_recording.channels());
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton* const picture =
@@ -59,9 +60,11 @@ QString RecordingView::description() const
 {
     const QLocale locale;
     QString text =
-        tr("%1 samples, from %2.")
-            .arg(m_recording.sampleCount())
-            .arg(locale.toString(m_recording.start().toLocalTime(), QLocale::ShortFormat));
+        m_recording.start().isValid()
+            ? tr("%1 samples, from %2.")
+                  .arg(m_recording.sampleCount())
+                  .arg(locale.toString(m_recording.start().toLocalTime(), QLocale::ShortFormat))
+            : tr("%1 samples.").arg(m_recording.sampleCount());
     if (m_recording.samplesPerRow() > 1)
         text +=
             QLatin1Char(' ') + tr("The plot shows the minimum and the maximum of %1 samples each.")
@@ -75,11 +78,16 @@ void RecordingView::savePicture(const MonitorPlot* plot, QWidget* parent)
 {
     const Modeless::FileChoice choice{
         tr("Save picture"), {tr("Pictures (*.png)")}, QStringLiteral("monitor.png")};
-    Modeless::saveFile(parent, choice, [plot, parent](const QString& path) {
+    const auto save = [plot, parent](const QString& path) {
         const QString failure = plot->savePicture(path);
         if (!failure.isEmpty())
             Modeless::showBox(parent, QMessageBox::Critical,
                               tr("The picture could not be saved in '%1'.").arg(path), failure);
+    };
+    IdleTask::once(parent, [=] {
+        Modeless::saveFile(parent, choice, [=](const QString& path) {
+            IdleTask::once(parent, [=] { save(path); });
+        });
     });
 }
 

@@ -20,7 +20,7 @@ ValueTable::ValueTable(QWidget* parent) : QTableWidget(int{FingerCount}, ColumnC
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ContiguousSelection);
     setSizeAdjustPolicy(AdjustToContents);
-    setHorizontalHeaderLabels({tr("Current"), tr("Position"), tr("Angle (°)"), tr("Force")});
+    setHorizontalHeaderLabels({tr("Current (mA)"), tr("Position"), tr("Angle (°)"), tr("Force")});
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     for (std::size_t finger = 0; finger < FingerCount; ++finger) {

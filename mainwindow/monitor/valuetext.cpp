@@ -14,7 +14,7 @@ const QString Dash = QStringLiteral("–");
 QString ValueText::quantity(Quantity quantity)
 {
     // The catalogues have these texts from the columns of the table.
-    constexpr std::array names{"Current", "Position", "Angle (°)", "Force"};
+    constexpr std::array names{"Current (mA)", "Position", "Angle (°)", "Force"};
     return QCoreApplication::translate("vanto::ValueTable",
                                        names.at(static_cast<std::size_t>(quantity)));
 }

@@ -1,5 +1,5 @@
 #include "currentlimits.h"
-#include "handtest.h"
+#include "monitortest.h"
 #include "pageindex.h"
 #include "recording.h"
 #include "sequencedata.h"
@@ -7,20 +7,21 @@
 
 #include <QCheckBox>
 #include <QDockWidget>
-#include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QImage>
 #include <QLabel>
 #include <QProgressDialog>
-#include <QTableWidget>
 
 #include <algorithm>
+#include <csignal>
+
+#include <sys/resource.h>
 
 namespace vanto
 {
 
 /// The monitor in the real window: values, recordings, and that it never gets in the way.
-class TestMonitor : public HandTest
+class TestMonitor : public MonitorTest
 {
     Q_OBJECT
 private slots:
@@ -31,48 +32,17 @@ private slots:
     void othersGoFirst();
     void recordsAndOpens();
     void damagedRecording();
-    void plot();
-    void overlay();
     void limits();
     void lostPort();
     void locked();
     void marksActions();
     void requestWaitsForOneExchange_data() { addProtocols(); }
     void requestWaitsForOneExchange();
+    void fullDisk();
 
 private:
     static void addProtocols() { addTextRows({"protocol"}, {{"serialctrl"}, {"modbus"}}); }
     void openOver(const QString& protocol) { open({"--node", "2:" + protocol}); }
-    void showMonitor()
-    {
-        m_tool->trigger("action_Monitor");
-        if (auto* const plot = m_tool->window()->findChild<QWidget*>("monitorPlot"))
-            m_plot = plot->findChild<QWidget*>();
-        QVERIFY(m_tool->find<QDockWidget>("dock_Monitor")->isVisible());
-    }
-    void asFastAsPossible() const
-    {
-        m_tool->find<QComboBox>("comboBox_MonitorRate")->setCurrentIndex(3);
-    }
-    QString value(int finger, int column) const
-    {
-        return m_tool->find<QTableWidget>("tableWidget_Monitor")->item(finger, column)->text();
-    }
-    /// The pixels of a color in a part of the plot, given as shares of its height.
-    QList<QPoint> pixels(const char* color, double top = 0, double bottom = 1) const
-    {
-        const QImage image = m_plot->grab().toImage();
-        QList<QPoint> found;
-        for (int y = image.height() * top; y < image.height() * bottom; ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == QColor(color))
-                    found.append({x, y});
-        return found;
-    }
-    QString cursorValue(int row, int column) const
-    {
-        return m_tool->find<QTableWidget>("tableWidget_MonitorCursors")->item(row, column)->text();
-    }
     void play(int steps, int delay) const;
     bool onlyReads() const
     {
@@ -80,18 +50,6 @@ private:
             if (frame.first(2).toInt(nullptr, 16) >= 0x40)
                 return false;
         return writes().isEmpty();
-    }
-    QPointer<QWidget> m_plot; ///< null in a build without plots
-    /// The file dialog that the click opens.
-    void choose(const QString& button, const QString& path) const
-    {
-        m_tool->click(button);
-        QVERIFY(!QApplication::activeModalWidget()); // Stop remains available
-        const QPointer<QFileDialog> files =
-            m_tool->find<QDockWidget>("dock_Monitor")->findChild<QFileDialog*>();
-        QVERIFY(files);
-        chooseFile(*files, path);
-        QTRY_VERIFY(!files);
     }
 };
 
@@ -186,8 +144,7 @@ void TestMonitor::recordsAndOpens()
     m_tool->find<QDialog>("recordingView")->close();
     QFile::remove("p.png");
     choose("pushButton_MonitorPicture", QDir::current().filePath("p.png"));
-    const QImage picture("p.png");
-    QCOMPARE(picture.size(), QSize(1600, 900));
+    QTRY_COMPARE(QImage("p.png").size(), QSize(1600, 900));
 }
 
 void TestMonitor::damagedRecording()
@@ -204,88 +161,6 @@ void TestMonitor::damagedRecording()
     chooseFile(*dock->findChild<QFileDialog*>(), QDir::current().filePath("bad.csv"));
     QTRY_VERIFY(dock->findChild<QMessageBox*>());
     QCOMPARE(dock->findChild<QMessageBox*>()->informativeText(), "Line 2: 'x' is not a number.");
-}
-
-/// Fingers, targets, keys and cursors of the plot.
-void TestMonitor::plot()
-{
-    open({"--node", "2", "--speed", "0.01"});
-    showMonitor();
-    if (!m_plot)
-        QSKIP("built without plots");
-    m_tool->window()->resize(1600, 1000);
-    constexpr const char* middle = "#00704f";
-    const auto* pause = m_tool->find<QPushButton>("pushButton_MonitorPause");
-    QTRY_VERIFY(!value(0, 0).isEmpty());
-    command("set 2 current 2 55");
-    QTRY_VERIFY(pixels(middle).size() > 100);
-    QTRY_VERIFY(m_tool->find<QLabel>("label_MonitorFinger2")->text().startsWith("55 "));
-    auto* finger = m_tool->find<QCheckBox>("checkBox_MonitorFinger2");
-    QTest::keyClick(finger, Qt::Key_Space);
-    QTRY_VERIFY(pixels(middle).isEmpty());
-    QTest::mouseClick(m_tool->find<QLabel>("label_MonitorFinger2"), Qt::LeftButton);
-    QTRY_VERIFY(pixels(middle).size() > 100);
-
-    // The dashed line of a target that the finger does not reach for a long time.
-    m_tool->showPage(RunTab);
-    QVERIFY(pixels(middle, 0.52, 0.6).isEmpty());
-    m_tool->setField("lineEdit_RunPos2", "60000");
-    m_tool->click("pushButton_RunSetPos2");
-    QTRY_VERIFY(pixels(middle, 0.52, 0.6).size() > 20);
-    QVERIFY(value(2, 1).toInt() < 30'000);
-
-    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Left, Qt::Key_Right}) {
-        QTest::keyClick(m_plot, key);
-        QVERIFY(pause->isChecked());
-        QTest::keyClick(m_plot, Qt::Key_Home);
-        QVERIFY(!pause->isChecked());
-    }
-    // The cursors pause the plot. Their values do not depend on the width of a pixel.
-    auto* cursors = m_tool->find<QCheckBox>("checkBox_MonitorCursors");
-    cursors->click();
-    QVERIFY(pause->isChecked());
-    const auto field = [this](int cursor) {
-        return m_tool->find<QDoubleSpinBox>(QString("doubleSpinBox_MonitorCursor%1").arg(cursor));
-    };
-    field(1)->setValue(0);
-    field(2)->setValue(1000);
-    QCOMPARE(cursorValue(2, 1), "–"); // after the last sample
-    QVERIFY(cursorValue(2, 2).toInt() < 55 && cursorValue(2, 4).toInt() == 55);
-    const double mean = cursorValue(2, 3).toDouble();
-    QVERIFY(mean > cursorValue(2, 2).toInt() && mean < 55);
-    const QPoint place(m_plot->width() / 2, m_plot->height() / 4);
-    QTest::mouseClick(m_plot, Qt::LeftButton, {}, place);
-    QVERIFY(field(1)->value() > 0); // the nearer one
-    QTest::mouseDClick(m_plot, Qt::LeftButton, {}, place);
-    QVERIFY(!pause->isChecked());
-}
-
-/// A recording over the live samples: its start and its marker can be aligned.
-void TestMonitor::overlay()
-{
-    open();
-    showMonitor();
-    if (!m_plot)
-        QSKIP("built without plots");
-    QTRY_VERIFY(!value(0, 0).isEmpty());
-    QFile file("before.csv");
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(
-        "time_s,wall_time,current_middle,marker\n100.0,,600,\n103.0,,600,step\n105.0,,600,\n");
-    file.close();
-    choose("pushButton_MonitorOverlay", QDir::current().filePath("before.csv"));
-    auto* const anchor = m_tool->find<QComboBox>("comboBox_MonitorOverlay");
-    QTRY_COMPARE(anchor->count(), 2);
-    m_tool->find<QPushButton>("pushButton_MonitorPause")->click();
-    m_tool->find<QDoubleSpinBox>("doubleSpinBox_MonitorOverlay")->setValue(4);
-    constexpr const char* lighter = "#7fb7a7"; // on white
-    const QList<QPoint> fromStart = pixels(lighter);
-    QVERIFY(fromStart.size() > 10);
-    anchor->setCurrentIndex(1); // 3 s further left
-    const QList<QPoint> fromMarker = pixels(lighter);
-    QVERIFY(fromMarker.size() > 10 && fromMarker[0].x() < fromStart[0].x());
-    m_tool->click("pushButton_MonitorRemoveOverlay");
-    QVERIFY(pixels(lighter).isEmpty());
 }
 
 /// The limits are known without a read for the plot.
@@ -456,6 +331,32 @@ void TestMonitor::requestWaitsForOneExchange()
     };
     QTRY_VERIFY(clicked && write() >= 0);
     QVERIFY2(write() <= 1, qPrintable(QString::number(write())));
+}
+
+/// A recording that fails while the monitor is hidden ends its reads. A limit of the file size
+/// fails like a full disk.
+void TestMonitor::fullDisk()
+{
+    open();
+    showMonitor();
+    asFastAsPossible();
+    QFile::remove("full.csv");
+    choose("pushButton_MonitorRecord", QDir::current().filePath("full.csv"));
+    QTRY_VERIFY(!value(0, 0).isEmpty());
+    m_tool->trigger("action_Monitor");
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limited{rlim_t(QFileInfo("full.csv").size()), before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limited);
+    const auto failed = [&] { return m_tool->errorText().contains("full.csv"); };
+    const bool hasFailed = QTest::qWaitFor(failed, 30'000);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    QVERIFY(hasFailed);
+    QTRY_VERIFY(idle());
+    m_hand->clearTrace();
+    QTest::qWait(400); // shows that nothing is read
+    QCOMPARE(m_hand->requests().size(), 0);
 }
 
 VANTO_TEST(TestMonitor)
