@@ -51,7 +51,7 @@ QString sortWords(const Command& command, const QStringList& words, Arguments& a
         const CommandOption* option = findOption(command, word.section(QLatin1Char('='), 0, 0));
         if (!option || word == QLatin1String("--wait"))
             return QStringLiteral("There is no option '%1' in a batch.").arg(word);
-        if (arguments.has(option->name))
+        if (option->max <= 1 && arguments.has(option->name))
             return QStringLiteral("The option '%1' is given twice.")
                 .arg(QLatin1String(option->name));
         if (!option->value && word.contains(QLatin1Char('=')))
@@ -60,11 +60,10 @@ QString sortWords(const Command& command, const QStringList& words, Arguments& a
         QStringList& given = arguments.options[QLatin1String(option->name)];
         if (option->value && word.contains(QLatin1Char('=')))
             given.append(word.section(QLatin1Char('='), 1));
-        else
-            while (option->value && given.size() < option->max && i + 1 < words.size() &&
-                   (!words[i + 1].startsWith(QLatin1Char('-')) || isNumber(words[i + 1])))
-                given.append(words[++i]);
-        if (option->value && given.isEmpty())
+        else if (option->value && i + 1 < words.size() &&
+                 (!words[i + 1].startsWith(QLatin1Char('-')) || isNumber(words[i + 1])))
+            given.append(words[++i]);
+        else if (option->value)
             return QStringLiteral("The option '%1' needs a value.").arg(word);
     }
     int fewest = 0;

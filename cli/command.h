@@ -71,7 +71,7 @@ struct Positional {
 struct CommandOption {
     const char* name;  ///< "--speed"
     const char* value; ///< its name in the help; null: a flag
-    int max;           ///< most values
+    int max;           ///< most values, separated by commas or given by repetition
     const char* help;
 };
 

@@ -88,17 +88,19 @@ void Parser::add(const Command& command)
             ->allow_extra_args(each.max > std::max(each.min, 1))
             ->required(each.min > 0);
     for (const CommandOption& option : command.options) {
-        if (option.value)
-            parser
-                ->add_option(
-                    option.name,
-                    values.options.emplace_back(option.name, std::vector<std::string>()).second,
-                    option.help)
-                ->type_name(option.value)
-                ->expected(1, option.max);
-        else
+        if (!option.value) {
             parser->add_flag(option.name, values.flags.emplace_back(option.name, false).second,
                              option.help);
+            continue;
+        }
+        // An option takes one word, or it would take the values of the command.
+        auto* added = parser->add_option(
+            option.name,
+            values.options.emplace_back(option.name, std::vector<std::string>()).second,
+            option.help);
+        added->type_name(option.value)->expected(1)->allow_extra_args(false);
+        if (option.max > 1)
+            added->take_all();
     }
 }
 
@@ -191,6 +193,8 @@ Invocation Parser::parse(int argc, const char* const* argv)
         return invocation;
     } catch (const CLI::ParseError& error) {
         invocation.error = unknownWord(words);
+        if (invocation.error.isEmpty() && dynamic_cast<const CLI::RequiredError*>(&error))
+            invocation.error = QStringLiteral("A value is missing: %1.").arg(error.what());
         if (invocation.error.isEmpty())
             invocation.error = QString::fromStdString(error.what());
         return invocation;

@@ -208,7 +208,7 @@ bool Connection::haltNodes(std::vector<std::uint8_t> nodes)
         m_halt.press();
     else
         m_halt.haltNodes(nodes);
-    return awaitHalt(any);
+    return awaitHalt(nodes, any);
 }
 
 bool Connection::isHalting() const
@@ -216,14 +216,15 @@ bool Connection::isHalting() const
     return m_halt.state() == Halt::State::Halting || m_halt.state() == Halt::State::NotConfirmed;
 }
 
-/// `any`: every hand on the bus is meant, of which only the known ones can confirm it.
-bool Connection::awaitHalt(bool any)
+/// `any`: every hand on the bus is meant, of which only `nodes` can confirm it.
+bool Connection::awaitHalt(const std::vector<std::uint8_t>& nodes, bool any)
 {
     const auto ended = [this] { return m_unreachable || !isHalting(); };
     waitUntil(ended, m_options.patience * HaltGivenUpMs);
     const Halt::State state = m_halt.state();
     if (state == Halt::State::Halted)
-        std::erase_if(m_moved, [any](std::uint8_t node) { return !any || node != AnyNode; });
+        for (const std::uint8_t node : nodes) // the other hands still move
+            m_moved.erase(node);
     const bool halted = state == Halt::State::Halted && !any;
     m_answer->data.insert(HaltedMember, halted);
     if (halted)

@@ -84,7 +84,7 @@ private:
     bool isAnswering();
     bool isModbus() const;
     bool haltNodes(std::vector<std::uint8_t> nodes);
-    bool awaitHalt(bool any);
+    bool awaitHalt(const std::vector<std::uint8_t>& nodes, bool any);
 
     bool reportTimeout(const HandTarget& target) override;
     void reportFailure(const HandTarget& target, std::string_view operation, std::uint8_t result,

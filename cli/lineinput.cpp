@@ -58,6 +58,13 @@ LineSplitter::Line LineInput::takeLine()
     return line;
 }
 
+void LineInput::discard()
+{
+    m_lines.clear();
+    m_splitter = {};
+    m_notifier->setEnabled(!m_ended);
+}
+
 void LineInput::receive()
 {
     std::array<char, 65536> buffer;

@@ -42,6 +42,8 @@ public:
     bool hasLine() const { return !m_lines.isEmpty(); }
     /// While a line waits nothing is read, so that a fast writer has to wait too.
     LineSplitter::Line takeLine();
+    /// Drops what has been typed but not taken.
+    void discard();
     /// Whether the input has ended; lines may be left.
     bool hasEnded() const { return m_ended; }
 

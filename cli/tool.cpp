@@ -156,6 +156,11 @@ bool Tool::askYesNo(const QString& question)
 
 std::optional<QString> Tool::ask(const QString& prompt, bool isSecret)
 {
+    // Keys that were typed earlier do not answer a question that the user has not seen.
+    if (isatty(STDIN_FILENO) != 0) {
+        tcflush(STDIN_FILENO, TCIFLUSH);
+        input().discard();
+    }
     if (!prompt.isEmpty())
         m_output.prompt(prompt);
     termios settings = {};

@@ -209,7 +209,7 @@ void TestCliMotion::batch()
     const QByteArray input =
         "2 get current 0\n\n# comment\n3 set currentLimit 1 44\r\n" + QByteArray(1024 * 1024, 'a') +
         "\n2 \xff\x01 bytes\n2 fly\n" +
-        "2 move 1 500 --wait\n2 beep 1 2\n999 beep\n2 pose 1 2 3 4 5 6\n2 halt\n"
+        "2 move 1 500 --wait\n2 beep 1 2\n999 beep\n2 pose --speeds 9 1 2 3 4 5 6\n2 halt\n"
         "2 move 1 5\n2 continue\n2 move 1 5";
     const auto result = cli.run("batch", input);
     QCOMPARE(result.status, 0);
@@ -240,6 +240,9 @@ void TestCliMotion::batchEndings()
     cli.sendSignal(SIGINT);
     QCOMPARE(cli.finish().status, 130);
     QCOMPARE(m_hand->command("get 3 moving 1"), "ok 0");
+    // To continue one hand halts that one first, and the other one still moves.
+    QCOMPARE(cli.run("batch", "2 move 1 60000 --speed 3\n3 continue\n").status, 0);
+    QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
 }
 
 void TestCliMotion::batchNodes()

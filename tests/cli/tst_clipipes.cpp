@@ -1,9 +1,12 @@
+#include "calibration.h"
 #include "clitest.h"
 #include "testmain.h"
 
+#include <array>
 #include <csignal>
 
 #include <fcntl.h>
+#include <pty.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,7 +14,7 @@
 namespace vanto
 {
 
-/// A reader of an output of vantoctl that stops reading must not keep fingers moving.
+/// The streams of vantoctl: a reader that stops reading, and a terminal.
 class TestCliPipes : public CliTest
 {
     Q_OBJECT
@@ -23,6 +26,7 @@ private slots:
     }
     void blocked_data();
     void blocked();
+    void typedAhead();
 
 private:
     static constexpr int PipeSize = 4096; ///< bytes, the smallest one
@@ -87,6 +91,36 @@ void TestCliPipes::blocked()
     QCOMPARE(cli.finish().status, 130);
     QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"});
     QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+}
+
+/// Keys that were typed before a question do not answer it.
+void TestCliPipes::typedAhead()
+{
+    start();
+    writeFile(path("key"), "1234\n");
+    int terminal = -1;
+    std::array<char, 256> name{};
+    QCOMPARE(openpty(&m_reader, &terminal, name.data(), nullptr, nullptr), 0);
+    const auto type = [this](QByteArrayView keys) {
+        return ::write(m_reader, keys.data(), static_cast<std::size_t>(keys.size())) == keys.size();
+    };
+    QVERIFY(type("\n\n"));
+    CliProcess cli(*m_hand);
+    cli.process().setStandardInputFile(QString::fromLatin1(name.data()));
+    cli.start("calibrate --no-backup --protocol serialctrl --key-file " + path("key"));
+    QByteArray prompts;
+    const auto shows = [&](const QString& prompt) {
+        prompts += cli.process().readAllStandardError();
+        return prompts.contains(prompt.toUtf8());
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(shows(Calibration::promptText(Calibration::Prompt::Prepare)), 20'000);
+    QVERIFY(type("\n\n\n"));
+    QTRY_VERIFY_WITH_TIMEOUT(shows(Calibration::promptText(Calibration::Prompt::BeforeReboot)),
+                             20'000);
+    QVERIFY(type("\x04")); // the end of the input
+    QCOMPARE(cli.finish().status, 2);
+    ::close(terminal);
+    QVERIFY(writes().isEmpty());
 }
 
 VANTO_TEST(TestCliPipes)

@@ -36,6 +36,8 @@ constexpr OutputRow outputRows[] = {
      "1125: ffffffffffffffffffffffff|1135: 000100020003000400050006"},
     {"pose 1 2 3 4 5 6 --speeds 1,2,3,4,5,6 --angle", "51 06640001c800022c0103900104f40105580206",
      "1125: 010102020303040405050606|1155: 006400c8012c019001f40258"},
+    {"pose --speeds 255 1 2 3 4 5 6", "50 060100ff0200ff0300ff0400ff0500ff0600ff",
+     "1125: ffffffffffffffffffffffff|1135: 000100020003000400050006"},
     {"set currentLimit 2 300", "46 022c01", "1097: 012c", "300\n"},
     {"set beepSwitch 0", "61 00", "1009: 0000", "0\n"},
     {"set gains middle 1 2 3 4", "45 020000803f000000400000404000008040",
