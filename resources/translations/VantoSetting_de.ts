@@ -1597,16 +1597,8 @@ Unterstützte Protokolle:</translation>
         <translation>Diagramm der Messwerte</translation>
     </message>
     <message>
-        <source>Current</source>
-        <translation>Strom</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>Position</translation>
-    </message>
-    <message>
-        <source>Angle (0.01°)</source>
-        <translation>Winkel (0,01°)</translation>
     </message>
     <message>
         <source>Force</source>
@@ -1627,6 +1619,14 @@ Unterstützte Protokolle:</translation>
     <message>
         <source>Left and Right move the time, Plus and Minus zoom it, Home returns.</source>
         <translation>Links und Rechts verschieben die Zeit, Plus und Minus vergrößern und verkleinern, Pos1 kehrt zurück.</translation>
+    </message>
+    <message>
+        <source>Current (mA)</source>
+        <translation>Strom (mA)</translation>
+    </message>
+    <message>
+        <source>Angle (°)</source>
+        <translation>Winkel (°)</translation>
     </message>
 </context>
 <context>
@@ -1927,6 +1927,18 @@ Werte der Datei wiederherstellen?</translation>
         <source>The calibration of the hand was read again.</source>
         <translation>Die Kalibrierung der Hand wurde erneut gelesen.</translation>
     </message>
+    <message>
+        <source>The calibration of the hand could not be read again.</source>
+        <translation>Die Kalibrierung der Hand konnte nicht erneut gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Another hand may have answered.</source>
+        <translation>Möglicherweise hat eine andere Hand geantwortet.</translation>
+    </message>
+    <message>
+        <source>The hand has no unique id, so it may be another one now. Close this dialog and compare again.</source>
+        <translation>Die Hand hat keine eindeutige Kennung und kann jetzt eine andere sein. Diesen Dialog schließen und erneut vergleichen.</translation>
+    </message>
 </context>
 <context>
     <name>vanto::PlotPanel</name>
@@ -2023,6 +2035,10 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>Open recording</source>
         <translation>Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>%1 samples.</source>
+        <translation>%1 Messwerte.</translation>
     </message>
 </context>
 <context>
@@ -3229,10 +3245,6 @@ Werte der Datei wiederherstellen?</translation>
         <translation>Messwerte</translation>
     </message>
     <message>
-        <source>Current</source>
-        <translation>Strom</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>Position</translation>
     </message>
@@ -3243,6 +3255,10 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>Force</source>
         <translation>Kraft</translation>
+    </message>
+    <message>
+        <source>Current (mA)</source>
+        <translation>Strom (mA)</translation>
     </message>
 </context>
 </TS>

@@ -1597,16 +1597,8 @@ Supported protocol:</source>
         <translation>測定値のグラフ</translation>
     </message>
     <message>
-        <source>Current</source>
-        <translation>電流</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>位置</translation>
-    </message>
-    <message>
-        <source>Angle (0.01°)</source>
-        <translation>角度 (0.01°)</translation>
     </message>
     <message>
         <source>Force</source>
@@ -1627,6 +1619,14 @@ Supported protocol:</source>
     <message>
         <source>Left and Right move the time, Plus and Minus zoom it, Home returns.</source>
         <translation>左右キーで時間を移動し、+ と - で拡大・縮小し、Home で戻ります。</translation>
+    </message>
+    <message>
+        <source>Current (mA)</source>
+        <translation>電流 (mA)</translation>
+    </message>
+    <message>
+        <source>Angle (°)</source>
+        <translation>角度 (°)</translation>
     </message>
 </context>
 <context>
@@ -1927,6 +1927,18 @@ Restore those of the file?</source>
         <source>The calibration of the hand was read again.</source>
         <translation>ハンドの校正を読み直しました。</translation>
     </message>
+    <message>
+        <source>The calibration of the hand could not be read again.</source>
+        <translation>ハンドの校正を読み直せませんでした。</translation>
+    </message>
+    <message>
+        <source>Another hand may have answered.</source>
+        <translation>別のハンドが応答した可能性があります。</translation>
+    </message>
+    <message>
+        <source>The hand has no unique id, so it may be another one now. Close this dialog and compare again.</source>
+        <translation>ハンドに固有 ID がないため、別のハンドに変わっている可能性があります。このダイアログを閉じて、もう一度比較してください。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::PlotPanel</name>
@@ -2023,6 +2035,10 @@ Restore those of the file?</source>
     <message>
         <source>Open recording</source>
         <translation>記録を開く</translation>
+    </message>
+    <message>
+        <source>%1 samples.</source>
+        <translation>サンプル数: %1。</translation>
     </message>
 </context>
 <context>
@@ -3229,10 +3245,6 @@ Restore those of the file?</source>
         <translation>測定値</translation>
     </message>
     <message>
-        <source>Current</source>
-        <translation>電流</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>位置</translation>
     </message>
@@ -3243,6 +3255,10 @@ Restore those of the file?</source>
     <message>
         <source>Force</source>
         <translation>力</translation>
+    </message>
+    <message>
+        <source>Current (mA)</source>
+        <translation>電流 (mA)</translation>
     </message>
 </context>
 </TS>

@@ -1597,16 +1597,8 @@ Supported protocol:</source>
         <translation>测量值曲线图</translation>
     </message>
     <message>
-        <source>Current</source>
-        <translation>电流</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>位置</translation>
-    </message>
-    <message>
-        <source>Angle (0.01°)</source>
-        <translation>角度 (0.01°)</translation>
     </message>
     <message>
         <source>Force</source>
@@ -1627,6 +1619,14 @@ Supported protocol:</source>
     <message>
         <source>Left and Right move the time, Plus and Minus zoom it, Home returns.</source>
         <translation>左右键移动时间，加减键缩放，Home 键返回。</translation>
+    </message>
+    <message>
+        <source>Current (mA)</source>
+        <translation>电流 (mA)</translation>
+    </message>
+    <message>
+        <source>Angle (°)</source>
+        <translation>角度 (°)</translation>
     </message>
 </context>
 <context>
@@ -1927,6 +1927,18 @@ Restore those of the file?</source>
         <source>The calibration of the hand was read again.</source>
         <translation>已重新读取灵巧手的校准。</translation>
     </message>
+    <message>
+        <source>The calibration of the hand could not be read again.</source>
+        <translation>无法重新读取灵巧手的校准。</translation>
+    </message>
+    <message>
+        <source>Another hand may have answered.</source>
+        <translation>可能是另一只灵巧手在应答。</translation>
+    </message>
+    <message>
+        <source>The hand has no unique id, so it may be another one now. Close this dialog and compare again.</source>
+        <translation>灵巧手没有唯一标识，现在可能已是另一只。请关闭此对话框并重新比较。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::PlotPanel</name>
@@ -2023,6 +2035,10 @@ Restore those of the file?</source>
     <message>
         <source>Open recording</source>
         <translation>打开录制文件</translation>
+    </message>
+    <message>
+        <source>%1 samples.</source>
+        <translation>%1 个采样。</translation>
     </message>
 </context>
 <context>
@@ -3229,10 +3245,6 @@ Restore those of the file?</source>
         <translation>测量值</translation>
     </message>
     <message>
-        <source>Current</source>
-        <translation>电流</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>位置</translation>
     </message>
@@ -3243,6 +3255,10 @@ Restore those of the file?</source>
     <message>
         <source>Force</source>
         <translation>力</translation>
+    </message>
+    <message>
+        <source>Current (mA)</source>
+        <translation>电流 (mA)</translation>
     </message>
 </context>
 </TS>
