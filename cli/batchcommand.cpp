@@ -9,12 +9,23 @@
 #include <QScopedValueRollback>
 #include <QTimer>
 
+#include <utility>
+
 namespace vanto
 {
 
 namespace
 {
 constexpr int MaxWatchdogMs = 3'600'000;
+constexpr int BlockedMs = 500; ///< after the end of the input, until a reader counts as lost
+
+bool movesFingers(const Command& command)
+{
+    const QLatin1String name(command.name);
+    return name == QLatin1String("move") || name == QLatin1String("pose") ||
+           name == QLatin1String("continue") || name == QLatin1String("init") ||
+           name == QLatin1String("reset");
+}
 
 /// Runs the lines of standard input, one after the other, each with one line as its answer.
 class Batch : public QObject
@@ -25,7 +36,13 @@ public:
     {
         m_watchdog.setSingleShot(true);
         m_watchdog.setTimerType(Qt::PreciseTimer);
-        connect(&m_watchdog, &QTimer::timeout, this, &Batch::haltAtSilence);
+        connect(&m_watchdog, &QTimer::timeout, this, &Batch::expire);
+        m_blocked.setSingleShot(true);
+        m_blocked.setInterval(BlockedMs);
+        connect(&m_blocked, &QTimer::timeout, this, [this] {
+            if (m_tool.input().hasEnded())
+                haltAll();
+        });
     }
 
     void setWatchdog(int milliseconds) { m_watchdog.setInterval(milliseconds); }
@@ -33,9 +50,13 @@ public:
     void run()
     {
         LineInput& input = m_tool.input();
-        connect(&input, &LineInput::sig_received, this, [this] {
-            if (m_writing) // the answers are not read
+        connect(&input, &LineInput::sig_received, this, [this, &input] {
+            if (!input.hasEnded())
+                startWatchdog();
+            if (m_writing) { // the answers are not read
                 haltAtEnd();
+                m_blocked.start();
+            }
         });
         startWatchdog();
         while (!Interruption::isRequested() && m_tool.output().problem() == Output::Problem::None) {
@@ -68,16 +89,16 @@ private:
             line = parseBatchLine(text.text);
         if (!line.command && line.error.isEmpty())
             return;
-        m_watchdog.stop(); // the command reports to another answer
         Answer answer;
         if (line.node)
             answer.data.insert(QStringLiteral("node"), *line.node);
-        if (!line.error.isEmpty()) {
+        if (!line.error.isEmpty())
             answer.fail(ExitStatus::Usage, line.error);
-        } else {
-            m_tool.hand().setNode(*line.node);
-            m_tool.perform(*line.command, line.arguments, answer);
-        }
+        else if (m_number <= m_lastStale && movesFingers(*line.command))
+            answer.fail(ExitStatus::Refused,
+                        QStringLiteral("The watchdog has expired while this line waited."));
+        else
+            performCommand(line, answer);
         if (Interruption::isRequested() && !answer.hasFailed())
             answer.fail(ExitStatus::Interrupted, QStringLiteral("Interrupted."));
         if (m_lost == ExitStatus::Done && (answer.status() == ExitStatus::NoAnswer ||
@@ -85,7 +106,6 @@ private:
             m_lost = answer.status();
             m_lostReason = answer.reason();
         }
-        startWatchdog();
         // Writing waits for a reader that may not come.
         if (Interruption::isRequested())
             haltAll();
@@ -94,6 +114,17 @@ private:
         write(line.command ? QLatin1String(line.command->name) : QLatin1String(), answer);
     }
 
+    void performCommand(BatchLine& line, Answer& answer)
+    {
+        m_tool.hand().setNode(*line.node);
+        m_present = &answer;
+        m_tool.perform(*line.command, line.arguments, answer);
+        m_present = nullptr;
+        if (std::exchange(m_expired, false))
+            haltAtSilence();
+    }
+
+    /// The time counts from the arrival of a line, also while it or another one runs.
     void startWatchdog()
     {
         if (m_watchdog.interval() > 0)
@@ -102,10 +133,29 @@ private:
 
     void write(const QString& command, Answer& answer)
     {
+        const bool isOuter = !m_writing;
         const QScopedValueRollback writing(m_writing, true);
+        m_blocked.start();
         answer.data.insert(QStringLiteral("line"), m_number);
         m_tool.output().write(QJsonDocument(answer.toJson(command)).toJson(QJsonDocument::Compact) +
                               '\n');
+        if (isOuter)
+            m_blocked.stop();
+    }
+
+    /// What has arrived before moves nothing any more.
+    void expire()
+    {
+        m_lastStale = m_number + m_tool.input().lineCount();
+        if (!m_present) {
+            haltAtSilence();
+            return;
+        }
+        // Two halts must not be nested, and a command may be halting.
+        m_expired = true;
+        m_present->fail(ExitStatus::Refused,
+                        QStringLiteral("The watchdog has expired during this command."));
+        m_tool.hand().interrupt();
     }
 
     void haltAtSilence()
@@ -144,9 +194,13 @@ private:
     Tool& m_tool;
     Answer& m_answer; ///< of the whole batch
     QTimer m_watchdog;
+    QTimer m_blocked;
+    Answer* m_present = nullptr; ///< of the command that runs
+    bool m_expired = false;      ///< the watchdog, during that command
     bool m_writing = false;
     bool m_halting = false;
-    int m_number = 0; ///< of the line
+    qsizetype m_number = 0;    ///< of the line
+    qsizetype m_lastStale = 0; ///< of the lines that had arrived when the watchdog expired
     ExitStatus m_lost = ExitStatus::Done;
     QString m_lostReason;
 };

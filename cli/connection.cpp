@@ -186,6 +186,14 @@ void Connection::stop()
     Exchange::abandon();
 }
 
+void Connection::interrupt()
+{
+    if (isHalting())
+        return;
+    Exchange::abandon();
+    m_session.interrupt();
+}
+
 bool Connection::halt()
 {
     m_moved.insert(m_node);

@@ -65,6 +65,8 @@ public:
     bool isHalting() const;
     /// Sends nothing more; a halt in progress goes on.
     void stop();
+    /// Ends the command that runs after its present exchange; a halt in progress goes on.
+    void interrupt();
     /// Allows motions again after a halt.
     bool proceed();
 

@@ -116,9 +116,10 @@ void diff(Tool& tool, Arguments& arguments, Answer& answer)
     ParameterSet file;
     if (!arguments.error().isEmpty() || !readFile(arguments.values.constFirst(), file, answer))
         return;
+    // The calibration differs from hand to hand.
     QList<ParameterKey> keys;
     for (const auto& [key, value] : file.values)
-        if (!isLimited || only.contains(key))
+        if (isLimited ? only.contains(key) : key.kind != ParameterKind::Calibration)
             keys.append(key);
     if (keys.isEmpty()) {
         answer.fail(ExitStatus::File, QStringLiteral("The file has no parameter to compare."));

@@ -2,6 +2,7 @@
 
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -9,6 +10,11 @@
 
 namespace vanto
 {
+
+namespace
+{
+constexpr qsizetype MaxWaiting = 1024 * 1024; ///< bytes of lines that are not taken
+}
 
 QList<LineSplitter::Line> LineSplitter::feed(QByteArrayView bytes)
 {
@@ -54,31 +60,49 @@ LineInput::LineInput(QObject* parent) : QObject(parent)
 LineSplitter::Line LineInput::takeLine()
 {
     LineSplitter::Line line = m_lines.takeFirst();
-    m_notifier->setEnabled(!m_ended && m_lines.isEmpty());
+    m_size -= line.text.size() + 1;
+    followSpace();
     return line;
 }
 
 void LineInput::discard()
 {
     m_lines.clear();
+    m_size = 0;
     m_splitter = {};
-    m_notifier->setEnabled(!m_ended);
+    followSpace();
+}
+
+void LineInput::append(const QList<LineSplitter::Line>& lines)
+{
+    for (const LineSplitter::Line& line : lines)
+        m_size += line.text.size() + 1;
+    m_lines += lines;
+}
+
+void LineInput::followSpace()
+{
+    m_notifier->setEnabled(!m_ended && m_size < MaxWaiting);
 }
 
 void LineInput::receive()
 {
     std::array<char, 65536> buffer;
-    const auto count = read(STDIN_FILENO, buffer.data(), buffer.size());
+    // Not more than fits, so that reading never pauses for long.
+    const auto space = std::clamp<qsizetype>(MaxWaiting - m_size, 1, sizeof buffer);
+    const auto count = read(STDIN_FILENO, buffer.data(), static_cast<std::size_t>(space));
     if (count < 0 && (errno == EINTR || errno == EAGAIN))
         return;
+    const qsizetype before = m_lines.size();
     if (count > 0) {
-        m_lines += m_splitter.feed(QByteArrayView(buffer.data(), count));
+        append(m_splitter.feed(QByteArrayView(buffer.data(), count)));
     } else {
-        m_lines += m_splitter.finish();
+        append(m_splitter.finish());
         m_ended = true;
     }
-    m_notifier->setEnabled(!m_ended && m_lines.isEmpty());
-    emit sig_received();
+    followSpace();
+    if (m_ended || m_lines.size() > before)
+        emit sig_received();
 }
 
 } // namespace vanto

@@ -40,7 +40,9 @@ public:
     explicit LineInput(QObject* parent = nullptr);
 
     bool hasLine() const { return !m_lines.isEmpty(); }
-    /// While a line waits nothing is read, so that a fast writer has to wait too.
+    qsizetype lineCount() const { return m_lines.size(); }
+    /// Lines are read before they are taken, so that the end of the input and the silence of the
+    /// writer are noticed in time. A writer that is far ahead has to wait.
     LineSplitter::Line takeLine();
     /// Drops what has been typed but not taken.
     void discard();
@@ -53,10 +55,13 @@ signals:
 
 private:
     void receive();
+    void append(const QList<LineSplitter::Line>& lines);
+    void followSpace();
 
     QSocketNotifier* m_notifier = nullptr;
     LineSplitter m_splitter;
     QList<LineSplitter::Line> m_lines;
+    qsizetype m_size = 0; ///< of the lines, in bytes with their line feeds
     bool m_ended = false;
 };
 

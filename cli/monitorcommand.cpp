@@ -48,6 +48,7 @@ Plan parsePlan(const Tool& tool, Arguments& arguments)
     QStringList names = arguments.list("--fields");
     if (names.isEmpty())
         names.append(QStringLiteral("current"));
+    names.removeDuplicates();
     QStringList known;
     for (const Field& field : Fields)
         known.append(QLatin1String(field.name));
@@ -151,7 +152,8 @@ private:
         const double seconds = static_cast<double>(sample.timeUs) / UsPerSecond;
         ++m_samples;
         if (!m_tool.output().write(m_plan.isJson ? toJson(time, seconds, sample)
-                                                 : toCsv(time, seconds, sample)))
+                                                 : toCsv(time, seconds, sample),
+                                   [this] { return isOver(); }))
             m_reader.stop();
     }
 

@@ -39,7 +39,7 @@ Output::Output(bool quiet, bool json)
 {
 }
 
-bool Output::write(const QByteArray& bytes)
+bool Output::write(const QByteArray& bytes, const std::function<bool()>& isOver)
 {
     m_pending += bytes;
     if (m_isWriting)
@@ -50,7 +50,7 @@ bool Output::write(const QByteArray& bytes)
         if (count >= 0) {
             m_pending.remove(0, count);
         } else if (errno == EAGAIN) {
-            if (!waitForSpace())
+            if (!waitForSpace(isOver))
                 return false;
         } else if (errno != EINTR) {
             m_errorNumber = errno;
@@ -60,13 +60,21 @@ bool Output::write(const QByteArray& bytes)
     return m_problem == Problem::None;
 }
 
-/// Returns false if a signal has ended the wait.
-bool Output::waitForSpace() const
+/// Returns false if a signal or `isOver` has ended the wait.
+bool Output::waitForSpace(const std::function<bool()>& isOver)
 {
     if (!QCoreApplication::instance()) // a help text
         return m_stream.isReady(-1);
-    waitUntil([this] { return Interruption::isRequested() || m_stream.isReady(); });
-    return m_stream.isReady();
+    bool gaveUp = false;
+    waitUntil([&] {
+        gaveUp = isOver && isOver();
+        return gaveUp || Interruption::isRequested() || m_stream.isReady();
+    });
+    if (m_stream.isReady())
+        return true;
+    if (gaveUp)
+        m_problem = Problem::Closed;
+    return false;
 }
 
 QString Output::problemText() const

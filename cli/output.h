@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 namespace vanto
 {
 
@@ -14,7 +16,7 @@ class Output
 public:
     enum class Problem {
         None,
-        Closed, ///< the reader has closed the pipe
+        Closed, ///< the reader has closed the pipe, or has been given up
         Failed  ///< for example a full disk
     };
 
@@ -23,7 +25,8 @@ public:
     /// Writes a result. Waits until it is read, while events are processed; a signal ends the wait.
     /// Returns false if it could not be written as a whole. A nested call leaves its bytes to the
     /// outer one.
-    bool write(const QByteArray& bytes);
+    /// Once `isOver` returns true during the wait, the rest and everything later are dropped.
+    bool write(const QByteArray& bytes, const std::function<bool()>& isOver = {});
     /// An outer call of write() waits until the reader of the output has read something.
     bool isWaiting() const { return m_isWriting; }
     Problem problem() const { return m_problem; }
@@ -45,7 +48,7 @@ public:
 
 private:
     void writeError(const QByteArray& text);
-    bool waitForSpace() const;
+    bool waitForSpace(const std::function<bool()>& isOver);
 
     OutputStream m_stream;
     QByteArray m_pending; ///< not written yet

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QUrl>
 
 namespace vanto
 {
@@ -165,6 +166,12 @@ void update(Tool& tool, Arguments& arguments, Answer& answer)
     const bool hasFile = !arguments.values.isEmpty();
     if (hasFile == arguments.has("--server")) {
         answer.fail(ExitStatus::Usage, QStringLiteral("Give either a file or --server."));
+        return;
+    }
+    // An empty text would stand for another server.
+    const QUrl url(arguments.option("--server"));
+    if (!hasFile && (!url.scheme().startsWith(QLatin1String("http")) || url.host().isEmpty())) {
+        answer.fail(ExitStatus::Usage, QStringLiteral("The server must be an http or https URL."));
         return;
     }
     std::optional<DownloadFolder> folder;

@@ -140,7 +140,17 @@ void TestCliFiles::examples()
     CliProcess cli(*m_hand);
     const QString golden = path("line.json");
     QCOMPARE(cli.run("backup " + golden).status, 0);
+    // As if the file were from another hand.
+    QFile file(golden);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    QVERIFY(content.contains("[400, 413"));
+    writeFile(golden, QByteArray(content).replace("[400, 413", "[401, 413"));
+    QCOMPARE(cli.run("diff " + golden).status, 0);
+    QCOMPARE(cli.run("diff --only calibration " + golden).status, 1);
+    m_hand->command("set 2 selftest 1");
     m_hand->command("set 2 pid-i 0 9");
+    m_hand->command("set 2 selftest 1");
     const auto run = [this](const QStringList& words) {
         QProcess program;
         auto variables = environment();
@@ -199,19 +209,16 @@ void TestCliFiles::updateFromServer()
     };
     const QByteArray list = "/firmwares/1B01/latest_version.json";
     const QByteArray image = "/firmwares/1B01/hand.upd";
-    files = {{list, {}}};
-    auto result = update();
-    QCOMPARE(result.errors, "vantoctl: Error when reading version file from server.\n");
-    QCOMPARE(result.status, 5);
-    files = {{list, "{"}};
-    result = update();
-    QCOMPARE(result.errors, "vantoctl: Error when parsing version file.\n");
-    QCOMPARE(result.status, 5);
-    files = {{list, R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})"},
-             {image, {}}};
-    result = update();
-    QCOMPARE(result.errors, "vantoctl: Error when reading firmware file from server.\n");
-    QCOMPARE(result.status, 5);
+    const auto fails = [&](const QMap<QByteArray, QByteArray>& served, const QString& error) {
+        files = served;
+        const auto result = update();
+        return result.errors == "vantoctl: " + error + '\n' && result.status == 5;
+    };
+    QVERIFY(fails({{list, {}}}, "Error when reading version file from server."));
+    QVERIFY(fails({{list, "{"}}, "Error when parsing version file."));
+    QVERIFY(fails(
+        {{list, R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})"}, {image, {}}},
+        "Error when reading firmware file from server."));
     files[image] = "damaged";
     QCOMPARE(update().status, 5);
     QCOMPARE(update(" --type other").status, 2);
@@ -219,7 +226,7 @@ void TestCliFiles::updateFromServer()
     QFile sample(SAMPLE);
     QVERIFY(sample.open(QFile::ReadOnly));
     files[image] = sample.readAll();
-    result = update();
+    auto result = update();
     QVERIFY2(result.status == 0, qPrintable(result.errors));
     QCOMPARE(m_hand->command("image /dev/null"), "ok 4096");
     m_hand->command("boot leave");

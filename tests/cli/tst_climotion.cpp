@@ -29,6 +29,7 @@ private slots:
     void monitor();
     void batch();
     void batchEndings();
+    void batchSilence();
     void batchNodes();
     void badOutput();
 };
@@ -230,7 +231,7 @@ void TestCliMotion::batchEndings()
 {
     start({"--node", "2", "--node", "3"});
     CliProcess cli(*m_hand);
-    cli.start("batch --watchdog 300");
+    cli.start("batch --watchdog 2000");
     cli.process().write("2 move 1 60000 --speed 5\n3 get current 0\n");
     QTRY_VERIFY_WITH_TIMEOUT(
         (cli.process().waitForReadyRead(1), m_hand->frames({0x4A}).size() == 1), 20'000);
@@ -243,6 +244,28 @@ void TestCliMotion::batchEndings()
     // To continue one hand halts that one first, and the other one still moves.
     QCOMPARE(cli.run("batch", "2 move 1 60000 --speed 3\n3 continue\n").status, 0);
     QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+}
+
+/// The watchdog also expires while a command runs, and lines that waited then move nothing.
+void TestCliMotion::batchSilence()
+{
+    start();
+    CliProcess cli(*m_hand, 60); // the time-out of an absent node is longer than the watchdog time
+    cli.start("batch --watchdog 2000 --protocol serialctrl");
+    cli.process().write("2 move 1 60000 --speed 3\n9 get current 0\n2 move 2 60000\n");
+    QByteArray output;
+    const auto hasAnswered = [&](const char* text) {
+        cli.process().waitForReadyRead(1);
+        output += cli.process().readAllStandardOutput();
+        return output.contains(text);
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(hasAnswered("\"line\":3"), 30'000);
+    const auto halt = output.indexOf("\"event\":\"watchdog\"");
+    QVERIFY2(halt > 0 && halt < output.indexOf("\"line\":2,"), output.constData());
+    QCOMPARE(motions().filter("4c ").size(), 1);
+    QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+    cli.process().closeWriteChannel();
+    QCOMPARE(cli.finish().status, 0);
 }
 
 void TestCliMotion::batchNodes()

@@ -60,7 +60,8 @@ void TestCliPipes::blocked_data()
     QTest::newRow("move") << "move 1 60000 --speed 3 --wait --verbose" << true << false;
     QTest::newRow("play") << "play " EXAMPLES "/wave.json --repeat 99 --verbose" << true << false;
     QTest::newRow("batch") << "batch" << false << false;
-    QTest::newRow("watchdog") << "batch --watchdog 300" << false << true;
+    QTest::newRow("watchdog") << "batch --watchdog 2000" << false << true;
+    QTest::newRow("end") << "batch" << false << true;
 }
 
 void TestCliPipes::blocked()
@@ -80,6 +81,8 @@ void TestCliPipes::blocked()
     if (!isError)
         cli.process().write("2 move 1 60000 --speed 3\n" +
                             QByteArray("2 get current 1\n").repeated(200));
+    if (qstrcmp(QTest::currentDataTag(), "end") == 0)
+        cli.process().closeWriteChannel();
     QTRY_VERIFY_WITH_TIMEOUT(isPipeFull(), 20'000);
     if (isError) { // the currents are still read
         const auto polls = m_hand->frames({0x06}).size();

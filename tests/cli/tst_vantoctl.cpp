@@ -127,6 +127,8 @@ void TestVantoctl::usage_data()
         {"get current 0 --protocol can", "auto, serialctrl or modbus"},
         {"get current 0 --node 0 --protocol modbus", "no hand has node 0"},
         {"update", "Give either a file or --server."},
+        {"update --server ftp://localhost/ --yes", "http or https URL"},
+        {"update --server= --yes", "http or https URL"},
         {"batch --watchdog 0", "The watchdog time"},
     };
     for (const QStringList& row : rows)
