@@ -81,7 +81,7 @@ bool ArrivalWait::areStandingStill(const QList<Way>& ways)
         return false;
     const auto way = std::ranges::find(ways, false, &Way::hasArrived);
     m_answer.fail(ExitStatus::Refused,
-                  QStringLiteral("The finger %1 stands still at %2, short of its target %3.")
+                  QStringLiteral("The finger %1 has stopped at %2, before its target %3.")
                       .arg(ParameterNames::finger(way->finger))
                       .arg(way->current)
                       .arg(way->target));

@@ -11,7 +11,7 @@ namespace vanto
 {
 
 /// Waits until fingers have arrived. Halts the hand when a finger draws too much current, and fails
-/// if the fingers stand still short of their targets.
+/// if the fingers stop before they reach their targets.
 class ArrivalWait
 {
 public:

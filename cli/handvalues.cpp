@@ -2,6 +2,7 @@
 
 #include "fingers.h"
 #include "parameterset.h"
+#include "sample.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -122,7 +123,7 @@ const std::vector<HandValue>& handValues()
     using Angle = std::int16_t;
     static const std::vector<HandValue> values{
         {"current", Fingers, readOne<&Hand::getFingerCurrent, Word>},
-        {"force", ForceFingers, readForce},
+        {"force", ForceFingerCount, readForce},
         {"position", Fingers, readMotion<&Hand::getFingerPos, Word, false>},
         {"targetPosition", Fingers, readMotion<&Hand::getFingerPos, Word, true>},
         {"angle", Fingers, readMotion<&Hand::getFingerAngle, Angle, false, true>},

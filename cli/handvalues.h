@@ -9,9 +9,6 @@
 namespace vanto
 {
 
-constexpr int ForceFingers = 5; ///< the thumb root has no force sensor
-constexpr double HundredthsPerDegree = 100;
-
 /// A value of a hand that is no parameter, such as a current.
 struct HandValue {
     const char* name;

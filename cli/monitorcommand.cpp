@@ -1,10 +1,10 @@
 #include "monitorcommand.h"
 
 #include "eventwait.h"
-#include "handvalues.h"
 #include "interruption.h"
 #include "telemetryreader.h"
 #include "tool.h"
+#include "vantoprotocol.h"
 
 #include <QDateTime>
 #include <QJsonArray>
@@ -119,7 +119,7 @@ public:
     }
 
 private:
-    qint64 lateSamples() const { return static_cast<qint64>(m_reader.lateSamples()) + m_dropped; }
+    qint64 lateSamples() const { return static_cast<qint64>(m_reader.lateSamples()); }
 
     /// There is at least one sample, however short the time is.
     bool isOver() const
@@ -142,11 +142,6 @@ private:
 
     void write(const Sample& sample)
     {
-        // Samples are not kept for a reader that does not read.
-        if (m_tool.output().isWaiting()) {
-            ++m_dropped;
-            return;
-        }
         const QByteArray time =
             QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
         const double seconds = static_cast<double>(sample.timeUs) / UsPerSecond;
@@ -198,7 +193,6 @@ private:
     const TelemetryClock m_clock;
     TelemetryReader m_reader;
     qint64 m_samples = 0;
-    qint64 m_dropped = 0; ///< while the output could not be written
 };
 
 void monitor(Tool& tool, Arguments& arguments, Answer& answer)

@@ -1,9 +1,9 @@
 #include "motioncommands.h"
 
 #include "arrivalwait.h"
-#include "handvalues.h"
 #include "motionguard.h"
 #include "tool.h"
+#include "vantoprotocol.h"
 
 #include <algorithm>
 #include <cmath>

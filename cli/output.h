@@ -27,8 +27,6 @@ public:
     /// outer one.
     /// Once `isOver` returns true during the wait, the rest and everything later are dropped.
     bool write(const QByteArray& bytes, const std::function<bool()>& isOver = {});
-    /// An outer call of write() waits until the reader of the output has read something.
-    bool isWaiting() const { return m_isWriting; }
     Problem problem() const { return m_problem; }
     /// The reason of Problem::Failed.
     QString problemText() const;

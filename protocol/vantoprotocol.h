@@ -22,6 +22,8 @@ inline constexpr int SerialCtrlMajorVersion = 3;
 /// Bits per second of both device protocols and of the boot loader.
 inline constexpr std::uint32_t BaudRate = 115200;
 
+inline constexpr double HundredthsPerDegree = 100; ///< the unit of all angles
+
 /// The operations of a hand, independent of its device protocol.
 ///
 /// `node` is the hand's address on the bus, `finger` an index 0..5 (Thumb, Index, Middle, Third,

@@ -1,5 +1,7 @@
 #include "recordingformat.h"
 
+#include "vantoprotocol.h"
+
 #include <array>
 #include <cmath>
 #include <limits>
@@ -40,7 +42,7 @@ std::optional<RecordingFormat::ChannelColumn> RecordingFormat::columnOf(const QS
 QByteArray RecordingFormat::fieldText(std::int32_t value, std::size_t channel)
 {
     return Channel::at(channel).quantity == Quantity::Angle
-               ? QByteArray::number(value / Sample::HundredthsPerDegree, 'f', DegreeDecimals)
+               ? QByteArray::number(value / HundredthsPerDegree, 'f', DegreeDecimals)
                : QByteArray::number(value);
 }
 
@@ -51,7 +53,7 @@ std::optional<std::int32_t> RecordingFormat::parseField(QByteArrayView field, bo
         const int value = field.toInt(&isNumber);
         return isNumber && value != MissingValue ? std::optional(value) : std::nullopt;
     }
-    const double hundredths = std::round(field.toDouble(&isNumber) * Sample::HundredthsPerDegree);
+    const double hundredths = std::round(field.toDouble(&isNumber) * HundredthsPerDegree);
     if (!isNumber || !(std::abs(hundredths) <= std::numeric_limits<std::int32_t>::max()))
         return std::nullopt;
     return static_cast<std::int32_t>(hundredths);

@@ -31,7 +31,7 @@ struct Channel {
     QString name() const;
 };
 
-inline constexpr std::size_t ForceFingerCount = 5;
+inline constexpr std::size_t ForceFingerCount = 5; ///< the thumb root has no force sensor
 inline constexpr std::size_t ChannelCount = 3 * FingerCount + ForceFingerCount;
 
 using ChannelSet = std::bitset<ChannelCount>; ///< by Channel::index()
@@ -45,8 +45,6 @@ inline constexpr std::int32_t MissingValue = std::numeric_limits<std::int32_t>::
 /// The values of all channels at one time, in the units of VantoProtocol; of a force the first of
 /// its values.
 struct Sample {
-    static constexpr double HundredthsPerDegree = 100;
-
     std::int64_t timeUs = 0; ///< since the start of the TelemetryClock
     bool afterGap = false;   ///< no sample was taken for an unexpectedly long time before this one
     std::array<std::int32_t, ChannelCount> values = noValues();

@@ -1,5 +1,7 @@
 #include "valuetext.h"
 
+#include "vantoprotocol.h"
+
 #include <QCoreApplication>
 
 namespace vanto
@@ -7,7 +9,6 @@ namespace vanto
 
 namespace
 {
-constexpr double HundredthsPerDegree = 100;
 const QString Dash = QStringLiteral("–");
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "fingerwidgets.h"
 #include "sequenceeditor.h"
 #include "unitdisplay.h"
+#include "vantoprotocol.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -22,7 +23,6 @@ namespace
 constexpr int MaxDelayMs = 65535;
 constexpr int MinSpeed = 1;
 constexpr int MaxSpeed = 255;
-constexpr double HundredthsPerDegree = 100;
 constexpr double OutOfRange = 1e6; ///< beyond every slider
 } // namespace
 

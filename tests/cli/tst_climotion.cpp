@@ -163,7 +163,7 @@ void TestCliMotion::standstill()
     QCOMPARE(cli.run("halt").status, 0);
     auto result = cli.run("move 1 60000 --wait");
     QCOMPARE(result.status, 1);
-    QVERIFY2(result.errors.contains("The finger index stands still at 0"),
+    QVERIFY2(result.errors.contains("The finger index has stopped at 0"),
              qPrintable(result.errors));
     QCOMPARE(cli.run("continue").status, 0);
     result = cli.run("move 1 1500 --speed 1 --wait"); // slow, but it moves
