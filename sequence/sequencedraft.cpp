@@ -11,7 +11,6 @@
 #include <QStandardPaths>
 #include <QUuid>
 
-#include <optional>
 #include <utility>
 
 namespace vanto
@@ -57,17 +56,14 @@ void removeTemporaries(const QDir& dir, const QString& draft)
         QFile::remove(dir.filePath(name));
 }
 
-std::optional<SequenceDraft::Abandoned> read(const QFileInfo& info)
+bool read(QFile& file, SequenceDraft::Abandoned& draft)
 {
-    QFile file(info.filePath());
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
     const QByteArray bytes = file.readAll();
-    SequenceDraft::Abandoned draft{info.filePath(), info.lastModified(), {}, {}, nullptr};
+    file.close(); // it may be renamed
     if (!draft.data.fromJSON(bytes))
-        return std::nullopt;
+        return false;
     draft.file = QJsonDocument::fromJson(bytes).object().value(FileKey).toString();
-    return draft;
+    return true;
 }
 } // namespace
 
@@ -88,7 +84,8 @@ QString SequenceDraft::userFolder()
            QStringLiteral("/drafts");
 }
 
-std::vector<SequenceDraft::Abandoned> SequenceDraft::findAbandoned(const QString& folder)
+std::vector<SequenceDraft::Abandoned> SequenceDraft::findAbandoned(const QString& folder,
+                                                                   QStringList* damaged)
 {
     std::vector<Abandoned> drafts;
     const QDir dir(folder);
@@ -102,15 +99,19 @@ std::vector<SequenceDraft::Abandoned> SequenceDraft::findAbandoned(const QString
         if (!lock)
             continue;
         removeTemporaries(dir, info.fileName());
-        if (auto draft = read(info)) {
-            draft->lock = std::move(lock);
-            drafts.push_back(std::move(*draft));
-        }
+        QFile file(info.filePath());
+        if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+            continue;
+        Abandoned draft{info.filePath(), info.lastModified(), {}, {}, std::move(lock)};
+        if (read(file, draft))
+            drafts.push_back(std::move(draft));
+        else if (const QString moved = discard(std::move(draft)); damaged)
+            damaged->append(moved);
     }
     return drafts;
 }
 
-void SequenceDraft::discard(Abandoned draft)
+QString SequenceDraft::discard(Abandoned draft)
 {
     const QFileInfo info(draft.path);
     const QDir folder(info.path() + QStringLiteral("/discarded"));
@@ -124,6 +125,7 @@ void SequenceDraft::discard(Abandoned draft)
     const QStringList files = folder.entryList(QDir::Files, QDir::Time);
     for (const QString& old : files.mid(MaxDiscarded))
         QFile::remove(folder.filePath(old));
+    return file.fileName();
 }
 
 bool SequenceDraft::lock()

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QLockFile>
 #include <QObject>
+#include <QStringList>
 #include <QThreadPool>
 
 #include <memory>
@@ -44,11 +45,13 @@ public:
 
     /// The folder for the drafts of the user.
     static QString userFolder();
-    /// The drafts of processes that have ended, the last one first. Damaged ones are left out.
-    static std::vector<Abandoned> findAbandoned(const QString& folder);
+    /// The drafts of processes that have ended, the last one first. Damaged ones are discarded;
+    /// `damaged` gets their new names.
+    static std::vector<Abandoned> findAbandoned(const QString& folder,
+                                                QStringList* damaged = nullptr);
     /// Moves the file to the subfolder "discarded", which keeps the ones that were discarded last.
-    /// If it cannot be moved, it stays a draft.
-    static void discard(Abandoned draft);
+    /// If it cannot be moved, it stays a draft. Returns its name.
+    static QString discard(Abandoned draft);
 
     void write(const SequenceData& data, const QString& file);
     /// Writes at once; the other draft, whose data this is, is removed as soon as it is on disk.

@@ -17,7 +17,8 @@ namespace vanto
 namespace
 {
 constexpr int MaxEdits = 1000;
-constexpr int MaxSteps = 40; ///< of a sequence; more are removed
+constexpr int MaxSteps = 90;  ///< of a sequence; more are removed
+constexpr int ManySteps = 70; ///< so many that half of them, far apart, are moved another way
 const QString Name = QStringLiteral("%1");
 
 /// Changes a sequence at random, through all functions of its editor.
@@ -41,7 +42,8 @@ public:
             m_editor->remove(rows(count), Name);
         else if (kind < 45)
             m_editor->insert(below(count + 1),
-                             {1, count ? m_editor->data().position_type : type, steps(below(4))},
+                             {1, count ? m_editor->data().position_type : type,
+                              steps(below(20) ? below(4) : ManySteps)},
                              Name);
         else if (kind < 60)
             m_editor->move(rows(count), below(2) ? 1 : -1);
@@ -74,8 +76,9 @@ private:
     QList<int> rows(int count)
     {
         QList<int> list;
+        const int expected = below(4) ? 2 : count / 2;
         for (int row = 0; row < count; ++row)
-            if (below(count) < 2)
+            if (below(count) < expected)
                 list.append(row);
         return list;
     }

@@ -39,6 +39,7 @@ constexpr Option Options[] = {
     {"seconds", "Duration in seconds.", "N", "60"},
     {"seed", "Seed of the random choices.", "N", "1"},
     {"protocol", "Protocol: serialctrl or modbus.", "NAME", "serialctrl"},
+    {"stream", "Most of the time, let the monitor read as fast as possible.", "", ""},
     {"endings", "Exit N times during long operations instead.", "N", ""},
     {"stops", "Stop a running sequence at N random moments instead.", "N", ""},
     {"halts", "Halt the hand at N random moments instead, with each kind of hand.", "N", ""},
@@ -54,7 +55,7 @@ constexpr Option Options[] = {
     {"patience", "Multiply all time-outs by N, for a busy machine.", "N", "1"},
 };
 
-int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int patience)
+int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int patience, bool streams)
 {
     HandProcess hand;
     if (!hand.start({QStringLiteral("--node"), QStringLiteral("1:") + protocol,
@@ -66,6 +67,8 @@ int runMonkey(int seconds, std::uint32_t seed, const QString& protocol, int pati
     const HandClock clock(hand, 1);
     Monitor monitor(hand, Sanitized, patience > 1, &clock);
     Monkey monkey(hand, monitor, seed);
+    if (streams)
+        monkey.stream();
     monkey.start(seconds);
     QApplication::exec();
     monitor.checkTrace();
@@ -130,7 +133,8 @@ int runProgram(int argc, char* argv[])
         qputenv("QT_LOGGING_RULES", "default.debug=false");
         return ExitTest::runOnce(value("end-during"), value("after").toInt(), protocol);
     }
-    return runMonkey(value("seconds").toInt(), seed, protocol, patience);
+    return runMonkey(value("seconds").toInt(), seed, protocol, patience,
+                     parser.isSet(QStringLiteral("stream")));
 }
 
 } // namespace vanto

@@ -146,6 +146,8 @@ void Monkey::scheduleAction()
 void Monkey::changePhase()
 {
     m_quiet = ++m_phase % 2 == 0;
+    if (m_streams)
+        setStreaming(!m_quiet); // otherwise the line would hardly be idle for a quiet phase
     if (m_quiet) {
         stopSequence();
         if (auto* pages = m_driver.find<QTabWidget>("tabWidget"); pages->isEnabled())

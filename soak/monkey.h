@@ -35,6 +35,8 @@ public:
 
     /// Performs actions for `seconds`, then closes the window.
     void start(int seconds);
+    /// Lets the monitor read as fast as possible in the phases with all actions.
+    void stream() { m_streams = true; }
     int actions() const { return m_actions; }
     /// The number of actions of each kind.
     const std::map<QString, int>& counts() const { return m_counts; }
@@ -98,6 +100,7 @@ private:
     void typeTarget();
     void changeRepetition();
     void useMonitor();
+    void setStreaming(bool isFast);
     void injectFault();
     void interruptConnection();
     void silenceHands();
@@ -111,6 +114,7 @@ private:
     QString m_scanText; ///< of the button while no scan runs
     int m_stuckMs = 0;
     QDeadlineTimer m_left; ///< until then the connection is left to the window
+    bool m_streams = false;
     bool m_quiet = false;
     bool m_wasIdle = false; ///< the line, at the last check before a quiet phase
     bool m_closing = false;

@@ -51,6 +51,20 @@ void Monkey::useMonitor()
     }
 }
 
+/// Shows the monitor, and lets it read as fast as possible or at the lowest rate.
+void Monkey::setStreaming(bool isFast)
+{
+    const auto find = [this] {
+        return m_driver.window()->findChild<QDockWidget*>(QStringLiteral("dock_Monitor"));
+    };
+    if (!find() || !find()->isVisible())
+        m_driver.trigger(QStringLiteral("action_Monitor"));
+    if (auto* dock = find()) {
+        auto* rates = dock->findChild<QComboBox*>(QStringLiteral("comboBox_MonitorRate"));
+        rates->setCurrentIndex(isFast ? rates->count() - 1 : 0);
+    }
+}
+
 /// A recording, or now and then a file that is none.
 QString Monkey::recordingFor(bool opens)
 {

@@ -166,7 +166,10 @@ void SequenceFiles::offerDrafts()
 {
     if (std::exchange(m_isOffered, true))
         return;
-    m_abandoned = SequenceDraft::findAbandoned(SequenceDraft::userFolder());
+    QStringList damaged;
+    m_abandoned = SequenceDraft::findAbandoned(SequenceDraft::userFolder(), &damaged);
+    for (const QString& file : damaged)
+        m_reporter->list(tr("The draft %1 is damaged.").arg(file));
     showDraft();
 }
 

@@ -3,6 +3,7 @@
 #include "fingers.h"
 #include "stepheader.h"
 
+#include <QHash>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSet>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace vanto
 {
@@ -30,7 +32,7 @@ struct RowRange {
     qsizetype first;
     qsizetype count;
 };
-/// Removing or inserting more ranges of rows takes longer than filling their cells.
+/// Removing or inserting more ranges of rows takes longer than moving their cells.
 constexpr int MaxRanges = 20;
 
 /// The ranges of `ids` that are not among the others.
@@ -99,13 +101,46 @@ void StepTable::replaceRows(int row, const QList<std::uint64_t>& before,
     if (!removed.isEmpty() && removed.constFirst().count == m_ids.size())
         setCurrentCell(-1, -1); // another sequence
     if (removed.size() + added.size() > MaxRanges) {
-        removed = {{0, before.size()}};
-        added = {{0, after.size()}};
+        moveCells(row, before, after);
+        return;
     }
     for (auto range = removed.crbegin(); range != removed.crend(); ++range)
         model()->removeRows(row + static_cast<int>(range->first), static_cast<int>(range->count));
     for (const RowRange& range : added)
         model()->insertRows(row + static_cast<int>(range.first), static_cast<int>(range.count));
+}
+
+/// Adds or removes only the last rows, and moves the cells of the steps that remain.
+void StepTable::moveCells(int row, const QList<std::uint64_t>& before,
+                          const QList<std::uint64_t>& after)
+{
+    setCurrentCell(-1, -1);
+    clearSelection();
+    QHash<std::uint64_t, int> newRows;
+    newRows.reserve(after.size());
+    for (int i = 0; i < after.size(); ++i)
+        newRows.insert(after[i], row + i);
+    QList<std::pair<int, QTableWidgetItem*>> moved; // new row, cell
+    {
+        // The view is updated as a whole; it need not know each cell.
+        const QSignalBlocker blocker(model());
+        for (int i = 0; i < before.size(); ++i) {
+            const int newRow = newRows.value(before[i], -1);
+            if (newRow < 0 || newRow == row + i)
+                continue;
+            for (int column = 0; column < columnCount(); ++column)
+                moved.append({newRow, takeItem(row + i, column)});
+        }
+    }
+    const int added = static_cast<int>(after.size() - before.size());
+    const int end = row + static_cast<int>(std::min(before.size(), after.size()));
+    if (added > 0)
+        model()->insertRows(end, added);
+    else if (added < 0)
+        model()->removeRows(end, -added);
+    const QSignalBlocker blocker(model());
+    for (qsizetype i = 0; i < moved.size(); ++i)
+        setItem(moved[i].first, static_cast<int>(i) % columnCount(), moved[i].second);
 }
 
 int StepTable::columnOf(std::uint8_t finger)

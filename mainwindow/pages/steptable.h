@@ -84,6 +84,7 @@ private:
     int rowOfKey(int key);
     void replaceRows(int row, const QList<std::uint64_t>& before,
                      const QList<std::uint64_t>& after);
+    void moveCells(int row, const QList<std::uint64_t>& before, const QList<std::uint64_t>& after);
     bool isNotSent(int row) const;
     void showMark();
 
