@@ -127,20 +127,25 @@ void TestScan::widgetsDuringScan()
         QVERIFY(m_tool->find<QLabel>("label_StatusError")->isVisible());
         QVERIFY(m_tool->errorText().startsWith("Timeout"));
         QVERIFY(m_tool->statusText().startsWith("Trying"));
-        m_tool->trigger("action_About"); // does not wait for the end of the scan
+        m_tool->trigger("action_Monitor"); // these do not wait for the end of the scan
+        m_tool->trigger("action_About");
     };
     connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, this,
             [&](const QString& text) {
                 if (text == "Trying node '0x02'...")
                     duringExchange(check);
             });
+    bool isMonitorShown = false;
     DialogAnswer<QMessageBox> about([&](QMessageBox* box) {
+        const auto* monitor = m_tool->window()->findChild<QWidget*>("dock_Monitor");
+        isMonitorShown = monitor && monitor->isVisible();
         box->accept();
         m_tool->click("pushButton_ScanDevices");
     });
     m_tool->click("pushButton_ScanDevices");
     QVERIFY(checked);
     QCOMPARE(about.count(), 1);
+    QVERIFY(isMonitorShown);
     QVERIFY(!progress->isVisible());
     QVERIFY(m_tool->find<QAction>("action_Force_Update")->isEnabled());
     QVERIFY(m_tool->enabled("comboBox_Ports") && m_tool->enabled("tabWidget"));
