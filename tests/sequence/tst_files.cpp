@@ -77,6 +77,7 @@ void TestFiles::notRegular()
     QCOMPARE(read, manager.sequenceData().toJSON());
     QFile full("/dev/full");
     QVERIFY(manager.saveSequenceData(full)); // it could be opened
+    QVERIFY(manager.mayHaveDamaged());
     QVERIFY(!manager.fileError().isEmpty());
 }
 
