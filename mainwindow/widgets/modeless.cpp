@@ -3,8 +3,10 @@
 #include "program.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -28,7 +30,8 @@ void followFilter(QFileDialog* files, const QString& nameFilter)
     const QFileInfo chosen(files->selectedFiles().value(0));
     const QStringList filters = files->nameFilters();
     if (std::ranges::find(filters, chosen.suffix(), suffixOf) != filters.end())
-        files->selectFile(chosen.completeBaseName() + QLatin1Char('.') + files->defaultSuffix());
+        files->selectFile(chosen.dir().filePath(chosen.completeBaseName() + QLatin1Char('.') +
+                                                files->defaultSuffix()));
 }
 
 /// Null if a dialog of the parent is open already; it is raised then.
