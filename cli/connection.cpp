@@ -296,8 +296,12 @@ bool Connection::proceed()
     waitUntil([&] { return refused || m_halt.state() != Halt::State::Halted; },
               m_options.patience * HaltGivenUpMs);
     disconnect(notContinued);
-    if (m_halt.state() != Halt::State::Halted)
-        return true;
+    if (m_halt.state() != Halt::State::Halted) {
+        if (!isRefusing())
+            return true;
+        haltNodes({m_node}); // the hand has been continued, although too late
+        return false;
+    }
     m_answer->fail(refused ? ExitStatus::Refused : ExitStatus::NoAnswer,
                    refused ? QStringLiteral("The hand has not accepted to continue.")
                            : CallText::noHand(m_node));
