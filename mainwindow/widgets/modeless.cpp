@@ -29,7 +29,9 @@ void followFilter(QFileDialog* files, const QString& nameFilter)
     files->setDefaultSuffix(suffixOf(nameFilter));
     const QFileInfo chosen(files->selectedFiles().value(0));
     const QStringList filters = files->nameFilters();
-    if (std::ranges::find(filters, chosen.suffix(), suffixOf) != filters.end())
+    // In a folder that does not exist, the dialog would take the name for a relative one.
+    if (chosen.dir().exists() &&
+        std::ranges::find(filters, chosen.suffix(), suffixOf) != filters.end())
         files->selectFile(chosen.dir().filePath(chosen.completeBaseName() + QLatin1Char('.') +
                                                 files->defaultSuffix()));
 }

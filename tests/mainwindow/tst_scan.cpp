@@ -127,25 +127,26 @@ void TestScan::widgetsDuringScan()
         QVERIFY(m_tool->find<QLabel>("label_StatusError")->isVisible());
         QVERIFY(m_tool->errorText().startsWith("Timeout"));
         QVERIFY(m_tool->statusText().startsWith("Trying"));
-        m_tool->trigger("action_Monitor"); // these do not wait for the end of the scan
-        m_tool->trigger("action_About");
+        const auto* monitor = m_tool->window()->findChild<QWidget*>("dock_Monitor");
+        QVERIFY(monitor && monitor->isVisible());
+        m_tool->trigger("action_Monitor");
+        QVERIFY(!monitor->isVisible());
+        m_tool->trigger("action_About"); // does not wait for the end of the scan
     };
     connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, this,
             [&](const QString& text) {
-                if (text == "Trying node '0x02'...")
+                if (text == "Trying node '0x01'...")
+                    duringExchange([this] { m_tool->trigger("action_Monitor"); });
+                else if (text == "Trying node '0x02'...")
                     duringExchange(check);
             });
-    bool isMonitorShown = false;
     DialogAnswer<QMessageBox> about([&](QMessageBox* box) {
-        const auto* monitor = m_tool->window()->findChild<QWidget*>("dock_Monitor");
-        isMonitorShown = monitor && monitor->isVisible();
         box->accept();
         m_tool->click("pushButton_ScanDevices");
     });
     m_tool->click("pushButton_ScanDevices");
     QVERIFY(checked);
     QCOMPARE(about.count(), 1);
-    QVERIFY(isMonitorShown);
     QVERIFY(!progress->isVisible());
     QVERIFY(m_tool->find<QAction>("action_Force_Update")->isEnabled());
     QVERIFY(m_tool->enabled("comboBox_Ports") && m_tool->enabled("tabWidget"));

@@ -240,9 +240,11 @@ void TestFiles::severalDrafts()
     auto drafts = SequenceDraft::findAbandoned(folder);
     QCOMPARE(drafts.size(), 3U);
     QVERIFY(QDir(folder).mkdir("discarded"));
-    for (int i = 0; i < 12; ++i) { // newer than the draft
+    for (int i = 0; i < 12; ++i) { // newer than the draft, but discarded earlier
         QFile other(folder + QString("/discarded/%1.json").arg(i));
         QVERIFY(other.open(QFile::WriteOnly));
+        QVERIFY(other.setFileTime(QDateTime::currentDateTime().addSecs(-1),
+                                  QFile::FileModificationTime));
     }
     QFile oldest(drafts.back().path);
     QVERIFY(oldest.open(QFile::ReadWrite));
