@@ -19,14 +19,6 @@ namespace
 constexpr int MaxWatchdogMs = 3'600'000;
 constexpr int BlockedMs = 500; ///< after the end of the input, until a reader counts as lost
 
-bool movesFingers(const Command& command)
-{
-    const QLatin1String name(command.name);
-    return name == QLatin1String("move") || name == QLatin1String("pose") ||
-           name == QLatin1String("continue") || name == QLatin1String("init") ||
-           name == QLatin1String("reset");
-}
-
 /// Runs the lines of standard input, one after the other, each with one line as its answer.
 class Batch : public QObject
 {
@@ -51,7 +43,9 @@ public:
     {
         LineInput& input = m_tool.input();
         connect(&input, &LineInput::sig_received, this, [this, &input] {
-            if (!input.hasEnded())
+            if (input.hasEnded())
+                m_watchdog.stop(); // the writer is not silent, it has finished
+            else
                 startWatchdog();
             if (m_writing) { // the answers are not read
                 haltAtEnd();
@@ -94,9 +88,6 @@ private:
             answer.data.insert(QStringLiteral("node"), *line.node);
         if (!line.error.isEmpty())
             answer.fail(ExitStatus::Usage, line.error);
-        else if (m_number <= m_lastStale && movesFingers(*line.command))
-            answer.fail(ExitStatus::Refused,
-                        QStringLiteral("The watchdog has expired while this line waited."));
         else
             performCommand(line, answer);
         if (Interruption::isRequested() && !answer.hasFailed())
@@ -116,8 +107,13 @@ private:
 
     void performCommand(BatchLine& line, Answer& answer)
     {
-        m_tool.hand().setNode(*line.node);
+        Connection& hand = m_tool.hand();
+        hand.setNode(*line.node);
+        hand.refuseMotions(m_number <= m_lastStale
+                               ? QStringLiteral("The watchdog has expired while this line waited.")
+                               : QString());
         m_present = &answer;
+        m_presentHalts = QLatin1String(line.command->name) == QLatin1String("halt");
         m_tool.perform(*line.command, line.arguments, answer);
         m_present = nullptr;
         if (std::exchange(m_expired, false))
@@ -153,8 +149,11 @@ private:
         }
         // Two halts must not be nested, and a command may be halting.
         m_expired = true;
-        m_present->fail(ExitStatus::Refused,
-                        QStringLiteral("The watchdog has expired during this command."));
+        if (m_presentHalts)
+            return;
+        const QString reason = QStringLiteral("The watchdog has expired during this command.");
+        m_present->fail(ExitStatus::Refused, reason);
+        m_tool.hand().refuseMotions(reason);
         m_tool.hand().interrupt();
     }
 
@@ -196,6 +195,7 @@ private:
     QTimer m_watchdog;
     QTimer m_blocked;
     Answer* m_present = nullptr; ///< of the command that runs
+    bool m_presentHalts = false; ///< that command is a halt
     bool m_expired = false;      ///< the watchdog, during that command
     bool m_writing = false;
     bool m_halting = false;

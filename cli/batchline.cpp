@@ -43,7 +43,7 @@ QString batchCommandNames()
 QString sortWords(const Command& command, const QStringList& words, Arguments& arguments)
 {
     for (qsizetype i = 0; i < words.size(); ++i) {
-        QString word = words[i];
+        const QString& word = words[i];
         if (!word.startsWith(QLatin1Char('-')) || isNumber(word)) {
             arguments.values.append(word);
             continue;

@@ -27,10 +27,10 @@ int distance(const QString& one, const QString& other)
 {
     std::vector<int> row(static_cast<std::size_t>(other.size()) + 1);
     std::iota(row.begin(), row.end(), 0);
-    for (qsizetype i = 0; i < one.size(); ++i) {
+    for (const QChar letter : one) {
         int diagonal = row[0]++;
         for (std::size_t j = 1; j < row.size(); ++j) {
-            const bool same = one[i].toLower() == other[static_cast<qsizetype>(j) - 1].toLower();
+            const bool same = letter.toLower() == other[static_cast<qsizetype>(j) - 1].toLower();
             const int replaced = diagonal + (same ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});

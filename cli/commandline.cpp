@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <list>
 #include <map>
@@ -176,6 +178,21 @@ QString unknownWord(const QStringList& words)
     return command ? QString() : QStringLiteral("No command is given; see vantoctl --help.");
 }
 
+/// A better text for positional values that are missing; empty after another error.
+QString missingValues(const CLI::ParseError& error)
+{
+    const QString text = QString::fromStdString(error.what());
+    if (dynamic_cast<const CLI::RequiredError*>(&error))
+        return QStringLiteral("A value is missing: %1.")
+            .arg(text.section(QLatin1String(" is required"), 0, 0));
+    static const QRegularExpression tooFew(
+        QStringLiteral("^\\w+: At least (\\d+) required but received (\\d+)$"));
+    const QRegularExpressionMatch match = tooFew.match(text);
+    return match.hasMatch() ? QStringLiteral("Values are missing: %1 are required, not %2.")
+                                  .arg(match.captured(1), match.captured(2))
+                            : QString();
+}
+
 Invocation Parser::parse(int argc, const char* const* argv)
 {
     Invocation invocation;
@@ -193,8 +210,8 @@ Invocation Parser::parse(int argc, const char* const* argv)
         return invocation;
     } catch (const CLI::ParseError& error) {
         invocation.error = unknownWord(words);
-        if (invocation.error.isEmpty() && dynamic_cast<const CLI::RequiredError*>(&error))
-            invocation.error = QStringLiteral("A value is missing: %1.").arg(error.what());
+        if (invocation.error.isEmpty())
+            invocation.error = missingValues(error);
         if (invocation.error.isEmpty())
             invocation.error = QString::fromStdString(error.what());
         return invocation;

@@ -194,6 +194,18 @@ void Connection::interrupt()
     m_session.interrupt();
 }
 
+void Connection::refuseMotions(const QString& reason)
+{
+    m_refusal = reason;
+    MotionGate::setRefusing(!reason.isEmpty());
+}
+
+void Connection::noteMotion()
+{
+    if (MotionGate::state() == MotionGate::State::Open)
+        m_moved.insert(m_node);
+}
+
 bool Connection::halt()
 {
     m_moved.insert(m_node);
@@ -249,8 +261,19 @@ bool Connection::awaitHalt(const std::vector<std::uint8_t>& nodes, bool any)
     return false;
 }
 
+/// The gate does not refuse what ends a halt.
+bool Connection::isRefusing()
+{
+    if (m_refusal.isEmpty())
+        return false;
+    reportHalted();
+    return true;
+}
+
 bool Connection::proceed()
 {
+    if (isRefusing())
+        return false;
     if (isModbus() && m_halt.state() != Halt::State::Halted)
         return true;
     if (m_halt.state() != Halt::State::Halted) {
@@ -264,6 +287,8 @@ bool Connection::proceed()
         if (!haltNodes({m_node}))
             return false;
     }
+    if (isRefusing()) // since the halt
+        return false;
     bool refused = false;
     const QMetaObject::Connection notContinued =
         connect(&m_halt, &Halt::sig_notContinued, this, [&refused] { refused = true; });
@@ -271,8 +296,12 @@ bool Connection::proceed()
     waitUntil([&] { return refused || m_halt.state() != Halt::State::Halted; },
               m_options.patience * HaltGivenUpMs);
     disconnect(notContinued);
-    if (m_halt.state() != Halt::State::Halted)
-        return true;
+    if (m_halt.state() != Halt::State::Halted) {
+        if (!isRefusing())
+            return true;
+        haltNodes({m_node}); // the hand has been continued, although too late
+        return false;
+    }
     m_answer->fail(refused ? ExitStatus::Refused : ExitStatus::NoAnswer,
                    refused ? QStringLiteral("The hand has not accepted to continue.")
                            : CallText::noHand(m_node));
@@ -305,7 +334,9 @@ void Connection::reportHalted()
 {
     if (!Interruption::isRequested()) // a signal has its own text
         m_answer->fail(ExitStatus::Refused,
-                       QStringLiteral("Halted. Motions are refused until 'continue'."));
+                       m_refusal.isEmpty()
+                           ? QStringLiteral("Halted. Motions are refused until 'continue'.")
+                           : m_refusal);
 }
 
 } // namespace vanto

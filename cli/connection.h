@@ -50,8 +50,10 @@ public:
     CallReport& report() { return *this; }
     Generation::Token token() const { return target().token; }
 
+    /// Motions, and proceed(), fail with this reason until it is empty again.
+    void refuseMotions(const QString& reason);
     /// A motion of the present node is about to be sent.
-    void noteMotion() { m_moved.insert(m_node); }
+    void noteMotion();
     /// The fingers of the present node have arrived.
     void noteArrival() { m_moved.erase(m_node); }
     bool hasMoved() const { return !m_moved.empty(); }
@@ -86,6 +88,7 @@ private:
     bool isAnswering();
     bool isModbus() const;
     bool haltNodes(std::vector<std::uint8_t> nodes);
+    bool isRefusing();
     bool awaitHalt(const std::vector<std::uint8_t>& nodes, bool any);
 
     bool reportTimeout(const HandTarget& target) override;
@@ -100,6 +103,7 @@ private:
     Halt m_halt;
     std::shared_ptr<VantoProtocol> m_adapter; ///< with which the port was opened last
     bool m_unreachable = false;               ///< the halt could not be sent
+    QString m_refusal;                        ///< why motions are refused
     std::set<std::uint8_t> m_moved;
     std::set<std::uint8_t> m_answered; ///< nodes that have answered to the protocol found out
 };

@@ -13,7 +13,7 @@ namespace vanto
 
 namespace
 {
-constexpr qsizetype MaxWaiting = 1024 * 1024; ///< bytes of lines that are not taken
+constexpr qsizetype MaxWaiting = qsizetype{1024} * 1024; ///< bytes of lines that are not taken
 }
 
 QList<LineSplitter::Line> LineSplitter::feed(QByteArrayView bytes)

@@ -170,7 +170,9 @@ void update(Tool& tool, Arguments& arguments, Answer& answer)
     }
     // An empty text would stand for another server.
     const QUrl url(arguments.option("--server"));
-    if (!hasFile && (!url.scheme().startsWith(QLatin1String("http")) || url.host().isEmpty())) {
+    const bool isHttp =
+        url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+    if (!hasFile && (!isHttp || url.host().isEmpty())) {
         answer.fail(ExitStatus::Usage, QStringLiteral("The server must be an http or https URL."));
         return;
     }

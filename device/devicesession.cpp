@@ -130,8 +130,8 @@ void DeviceSession::setNode(std::uint8_t node)
 void DeviceSession::shutDown()
 {
     m_queue.shutDown();
+    emit sig_shutDown(); // first, as the halt of a hand that has been left ends at sig_stop
     stopAtOnce();
-    emit sig_shutDown();
 }
 
 DeviceSession::State DeviceSession::state() const

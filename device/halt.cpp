@@ -130,15 +130,10 @@ Halt::Halt(DeviceSession* session, ListedNodes listedNodes, QObject* parent)
     connect(session, &DeviceSession::sig_resumed, this, &Halt::followPort);
     connect(session, &DeviceSession::sig_portLost, this, &Halt::leave);
     connect(session, &DeviceSession::sig_nodeChanged, this, &Halt::follow);
-    connect(session, &DeviceSession::sig_shutDown, this, [this] {
-        if (isPending())
-            m_lastTry.setRemainingTime(ExitMs);
-        else
-            leave();
-    });
+    connect(session, &DeviceSession::sig_shutDown, this, &Halt::finishBeforeExit);
     connect(session, &DeviceSession::sig_stop, this, [this] {
-        // A change of the connection leaves a hand whose port is not open, too.
-        if (m_state == State::NotConfirmed && !m_running && !m_open)
+        // A change of the connection leaves a hand whose port is not open, too. Exit does not.
+        if (m_state == State::NotConfirmed && !m_running && !m_open && m_lastTry.isForever())
             leave();
     });
     connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_idle, this, [this] {
@@ -196,6 +191,20 @@ void Halt::noteOpened()
     m_open = true;
     m_state = State::Ready;
     leave();
+}
+
+/// A halt that is not confirmed gets a last try. What could not be confirmed remains the state.
+void Halt::finishBeforeExit()
+{
+    if (m_retry.isActive()) {
+        m_retry.stop();
+        m_waiting = true;
+        QMetaObject::invokeMethod(this, &Halt::startWhenIdle, Qt::QueuedConnection);
+    }
+    if (isPending())
+        m_lastTry.setRemainingTime(ExitMs);
+    else if (m_state != State::SentToAll)
+        leave();
 }
 
 /// The hand has got another node.

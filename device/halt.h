@@ -93,6 +93,7 @@ private:
     void noteOpened();
     bool interruptAll();
     void leave();
+    void finishBeforeExit();
     void setState(State state);
     void follow(std::uint8_t newNode);
     void followPort();

@@ -59,6 +59,7 @@ void RequestQueue::openWaitingDialogs()
 {
     if (Conversation::isActive())
         return;
+    emit ConversationMonitor::instance().sig_pause();
     for (const Kind kind : {Kind::About, Kind::Theme}) {
         const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(),
                                           [kind](const Job& job) { return job.kind == kind; });

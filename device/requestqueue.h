@@ -49,8 +49,9 @@ public:
     void dropRequests();
     /// Drops a waiting reload of the Basic page.
     void dropReload() { remove(Kind::ReloadBasic); }
-    /// Opens About and Theme if they are waiting. Long operations call this between two
-    /// conversations, so that these dialogs need not wait for their end.
+    /// Opens About and Theme if they are waiting, and emits ConversationMonitor::sig_pause(). Long
+    /// operations call this between two conversations, so that what waits need not wait for their
+    /// end.
     void openWaitingDialogs();
     /// While held, no job runs: a halt comes first.
     void hold(bool held);

@@ -95,7 +95,10 @@ void MainWindow::setUpParameters()
 
 void MainWindow::on_action_Monitor_triggered()
 {
-    m_showingMonitor.run();
+    if (m_monitor && !ui->action_Monitor->isChecked())
+        m_monitor->hide(); // does not take long
+    else
+        m_showingMonitor.run();
 }
 
 /// Created when it is needed first, as it would delay the start. It is hidden at each start,

@@ -42,6 +42,9 @@ public:
 
 signals:
     void sig_idle();
+    /// Long work without a return to the event loop pauses: no exchange is in progress, and none
+    /// begins before the receivers have returned. They must not start one.
+    void sig_pause();
 };
 
 /// One adapter operation, on the stack of that operation. Two simultaneous exchanges would mix

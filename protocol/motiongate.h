@@ -20,6 +20,8 @@ public:
     /// From now on an open gate counts as latched, for the rest of the process. May be called by a
     /// signal handler.
     static void refuseMotions();
+    /// While it is set, an open gate counts as latched.
+    static void setRefusing(bool refusing);
 
     /// Whether the operation of this name can move a finger.
     static constexpr bool isMotion(std::string_view operation)

@@ -6,8 +6,10 @@ status 0 if at least 28 faults are found and every replacement still matches its
 """
 
 import argparse
+import contextlib
 import os
 import shlex
+import signal
 import subprocess
 import sys
 import tomllib
@@ -31,9 +33,13 @@ def run(command, tree, limit=None):
         output, _ = process.communicate(timeout=limit)
         return process.returncode, output
     except subprocess.TimeoutExpired:
-        os.killpg(process.pid, 9)
+        os.killpg(process.pid, signal.SIGKILL)
         output, _ = process.communicate()
         return None, output
+    except BaseException:  # Ctrl-C does not reach the group
+        with contextlib.suppress(ProcessLookupError):
+            os.killpg(process.pid, signal.SIGKILL)
+        raise
 
 
 class Plant:

@@ -16,7 +16,7 @@ namespace ParameterFile
 {
 constexpr QLatin1String Kind("hand parameters");
 constexpr int SchemaVersion = 1;
-constexpr qint64 MaxSize = 1024 * 1024; ///< bytes
+constexpr qint64 MaxSize = qint64{1024} * 1024; ///< bytes
 
 struct Content {
     ParameterSet parameters;

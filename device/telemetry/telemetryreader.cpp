@@ -95,6 +95,9 @@ void TelemetryReader::start()
 
 void TelemetryReader::stop()
 {
+    if (m_running && m_rate > 0)
+        m_late += static_cast<std::uint64_t>(
+            std::max<std::int64_t>((m_clock.nowUs() - m_dueUs) / periodUs(), 0));
     m_running = false;
     m_timer.stop();
 }

@@ -59,7 +59,8 @@ public:
 
     /// Samples a second, over the last second.
     double achievedRate() const;
-    /// Samples that have been missed, because an earlier one took longer than two periods.
+    /// Samples that have been missed, because an earlier one took longer than two periods. stop()
+    /// adds those since the last sample.
     std::uint64_t lateSamples() const { return m_late; }
 
 signals:

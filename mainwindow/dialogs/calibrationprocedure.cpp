@@ -2,6 +2,7 @@
 
 #include "calibratingdialog.h"
 #include "calibration.h"
+#include "conversation.h"
 #include "devicebar.h"
 #include "fingers.h"
 #include "haltcontrol.h"
@@ -203,8 +204,10 @@ bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uin
     const QDeadlineTimer deadline(stageMs);
     QTimer slices;
     slices.start(EventSliceMs);
-    while (!deadline.hasExpired() && target.isCurrent())
+    while (!deadline.hasExpired() && target.isCurrent()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        emit ConversationMonitor::instance().sig_pause();
+    }
     return true;
 }
 

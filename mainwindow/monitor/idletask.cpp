@@ -20,14 +20,23 @@ IdleTask::IdleTask(std::function<void()> work, QObject* parent, int intervalMs)
                 if (m_isDue)
                     QMetaObject::invokeMethod(this, runIfDue, Qt::QueuedConnection);
             });
+    connect(&ConversationMonitor::instance(), &ConversationMonitor::sig_pause, this, [this] {
+        if (m_isDue)
+            runNow();
+    });
 }
 
 void IdleTask::run()
 {
     m_timer.stop();
     m_isDue = Conversation::isActive();
-    if (m_isDue)
-        return;
+    if (!m_isDue)
+        runNow();
+}
+
+void IdleTask::runNow()
+{
+    m_isDue = false;
     m_work();
     m_sinceWork.start();
 }

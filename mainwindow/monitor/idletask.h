@@ -11,7 +11,8 @@ namespace vanto
 
 /// Work that takes long, as painting does. An exchange with a hand processes events while it waits,
 /// and work in one of them would delay the reply beyond its time-out. Such work therefore waits for
-/// the end of the conversation; several requests of it become one.
+/// the end of the conversation, or for a pause of what holds the line for long; several requests of
+/// it become one.
 class IdleTask : public QObject
 {
     Q_OBJECT
@@ -28,6 +29,8 @@ public:
     static void once(QObject* context, const std::function<void()>& work);
 
 private:
+    void runNow();
+
     std::function<void()> m_work;
     int m_intervalMs;
     bool m_isDue = false; ///< when the line is idle

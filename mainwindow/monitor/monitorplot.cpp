@@ -9,6 +9,7 @@
 #include "plotnavigation.h"
 #include "plottime.h"
 #include "targethistory.h"
+#include "vantoprotocol.h"
 
 #include <QFocusEvent>
 #include <QImageWriter>
@@ -65,7 +66,7 @@ QColor blended(const QColor& color, const QColor& background, double opacity)
 /// Of a plotted value to that of the hand.
 double scaleOf(Quantity quantity)
 {
-    return quantity == Quantity::Angle ? 0.01 : 1; // degrees
+    return quantity == Quantity::Angle ? 1 / HundredthsPerDegree : 1;
 }
 
 /// The plot of the library paints at each change of its size.

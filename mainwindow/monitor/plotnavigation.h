@@ -13,8 +13,8 @@ namespace vanto
 
 class PlotCursors;
 
-/// Moves and zooms the time of a plot by the mouse. The plot's own interactions would paint in the
-/// middle of an exchange with a hand.
+/// Moves and zooms the time of a plot by the mouse. The plot's own interactions would paint during
+/// an exchange with a hand.
 class PlotNavigation : public QObject
 {
     Q_OBJECT

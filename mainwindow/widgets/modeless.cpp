@@ -3,8 +3,10 @@
 #include "program.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -27,8 +29,11 @@ void followFilter(QFileDialog* files, const QString& nameFilter)
     files->setDefaultSuffix(suffixOf(nameFilter));
     const QFileInfo chosen(files->selectedFiles().value(0));
     const QStringList filters = files->nameFilters();
-    if (std::ranges::find(filters, chosen.suffix(), suffixOf) != filters.end())
-        files->selectFile(chosen.completeBaseName() + QLatin1Char('.') + files->defaultSuffix());
+    // In a folder that does not exist, the dialog would take the name for a relative one.
+    if (chosen.dir().exists() &&
+        std::ranges::find(filters, chosen.suffix(), suffixOf) != filters.end())
+        files->selectFile(chosen.dir().filePath(chosen.completeBaseName() + QLatin1Char('.') +
+                                                files->defaultSuffix()));
 }
 
 /// Null if a dialog of the parent is open already; it is raised then.

@@ -30,6 +30,8 @@ private slots:
     void batch();
     void batchEndings();
     void batchSilence();
+    void batchSilentHalt_data();
+    void batchSilentHalt();
     void batchNodes();
     void badOutput();
 };
@@ -266,6 +268,40 @@ void TestCliMotion::batchSilence()
     QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
     cli.process().closeWriteChannel();
     QCOMPARE(cli.finish().status, 0);
+    // A writer that has finished is not silent.
+    m_hand->clearTrace();
+    cli.run("batch --watchdog 2000 --protocol serialctrl",
+            "2 continue\n9 get current 0\n2 move 2 60000\n");
+    QCOMPARE(motions().filter("4c 02").size(), 1);
+}
+
+void TestCliMotion::batchSilentHalt_data()
+{
+    QTest::addColumn<int>("slowCommand");
+    QTest::addColumn<int>("status");
+    QTest::newRow("continue") << 0x4A << 1;
+    QTest::newRow("halt") << 0x4A << 0;
+    QTest::newRow("continue, late") << 0x49 << 1;
+}
+
+/// The watchdog expires during a halt or its end: the hand stays halted.
+void TestCliMotion::batchSilentHalt()
+{
+    QFETCH(int, slowCommand);
+    QFETCH(int, status);
+    start();
+    CliProcess cli(*m_hand, 60);
+    m_hand->command(QString("fault late ms=2500 command=%1").arg(slowCommand));
+    cli.start("batch --watchdog 2000 --protocol serialctrl");
+    cli.process().write("2 " + QByteArray(QTest::currentDataTag()).split(',')[0] + '\n');
+    QTRY_VERIFY_WITH_TIMEOUT(cli.process().canReadLine(), 60'000);
+    cli.process().write("2 move 1 60000\n");
+    cli.process().closeWriteChannel();
+    const auto result = cli.finish();
+    const QString first = result.output.section('\n', 0, 0);
+    QVERIFY2(first.contains(QString("\"status\":%1").arg(status)), qPrintable(result.output));
+    QVERIFY2(result.output.contains("until 'continue'"), qPrintable(result.output));
+    QCOMPARE(m_hand->frames({0x49, 0x4C}).size(), slowCommand == 0x49 ? 1 : 0);
 }
 
 void TestCliMotion::batchNodes()

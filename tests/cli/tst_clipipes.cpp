@@ -26,6 +26,7 @@ private slots:
     }
     void blocked_data();
     void blocked();
+    void blockedMonitor();
     void typedAhead();
 
 private:
@@ -45,7 +46,8 @@ private:
 
 QString TestCliPipes::createPipe()
 {
-    const QByteArray pipe = path(QTest::currentDataTag()).toLatin1();
+    const QByteArray name = QByteArray(QTest::currentTestFunction()) + QTest::currentDataTag();
+    const QByteArray pipe = path(name.constData()).toLatin1();
     mkfifo(pipe.constData(), S_IRUSR | S_IWUSR);
     m_reader = open(pipe.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     fcntl(m_reader, F_SETPIPE_SZ, PipeSize);
@@ -94,6 +96,21 @@ void TestCliPipes::blocked()
     QCOMPARE(cli.finish().status, 130);
     QCOMPARE(m_hand->frames({0x4A}), QStringList{"4a 3f"});
     QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
+}
+
+/// The samples for which there was no time are counted, however long the reader has stopped.
+void TestCliPipes::blockedMonitor()
+{
+    start();
+    CliProcess cli(*m_hand);
+    cli.process().setStandardOutputFile(createPipe());
+    QVERIFY(m_reader >= 0);
+    const auto result = cli.run("monitor --rate 100 --for 3 --fields current,position,angle,force");
+    QCOMPARE(result.status, 0);
+    QVERIFY(isPipeFull());
+    const QStringList words = result.errors.split(' '); // "9 samples in 3.000 s, 291 late"
+    const double samples = words.value(0).toDouble() + words.value(5).toDouble();
+    QVERIFY2(samples > 100 * 3 - 20, qPrintable(result.errors));
 }
 
 /// Keys that were typed before a question do not answer it.

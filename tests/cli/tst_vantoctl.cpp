@@ -111,7 +111,8 @@ void TestVantoctl::usage_data()
         {"move 1 1e3", "must be an integer"},
         {"move 1 400 --angle", "from -327.68 to 327.67"},
         {"move 1 1 --speed 256", "from 0 to 255"},
-        {"pose 1 2 3", "At least 6 required"},
+        {"move", "A value is missing: finger."},
+        {"pose 1 2 3", "Values are missing: 6 are required, not 3."},
         {"get currnet 0", "Did you mean 'current'?"},
         {"get force 5", "The thumb root has no such value."},
         {"set current 1 5", "'current' can only be read."},
@@ -128,6 +129,7 @@ void TestVantoctl::usage_data()
         {"get current 0 --node 0 --protocol modbus", "no hand has node 0"},
         {"update", "Give either a file or --server."},
         {"update --server ftp://localhost/ --yes", "http or https URL"},
+        {"update --server httpx://localhost/ --yes", "http or https URL"},
         {"update --server= --yes", "http or https URL"},
         {"batch --watchdog 0", "The watchdog time"},
     };

@@ -129,11 +129,12 @@ void TestRecording::recording()
         QTest::qWait(10);
     const std::int64_t before = m_clock.nowUs();
     QCOMPARE(recorder.start(path, channels), QString());
+    const std::int64_t after = m_clock.nowUs();
     QRandomGenerator random(6);
     std::vector<Sample> samples;
     for (int i = 0; i < 500; ++i) {
         Sample sample;
-        sample.timeUs = 20 * UsPerSecond + i * 10'001;
+        sample.timeUs = after + 20 * UsPerSecond + i * 10'001;
         sample.afterGap = i == 0 || i == 77;
         for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
             if (channels[channel] && (channel == 0 || random.bounded(5)))
@@ -144,8 +145,8 @@ void TestRecording::recording()
         recorder.write(sample);
         samples.push_back(sample);
     }
-    QCOMPARE(recorder.durationUs() / UsPerSecond, samples.back().timeUs / UsPerSecond - 1);
     const std::int64_t end = samples.back().timeUs;
+    QVERIFY(recorder.durationUs() >= end - after && recorder.durationUs() <= end - before);
     recorder.mark({end - 9, "gap"}); // older than the last sample
     for (const char* text : {"gap; a", "; a", "a; gap"})
         recorder.mark({end + 9, text});
@@ -165,7 +166,7 @@ void TestRecording::recording()
     QCOMPARE(read.samplesPerRow(), std::size_t{1});
     QVERIFY(!read.isCut());
     const std::int64_t start = samples.front().timeUs - read.timeAt(0);
-    QVERIFY(start >= before && start < before + UsPerSecond);
+    QVERIFY(start >= before && start <= after);
     QVERIFY(qAbs(read.start().msecsTo(m_clock.timeOfDay(start))) <= 1);
     for (std::size_t row = 0; row < samples.size(); ++row) {
         QCOMPARE(read.timeAt(row), samples[row].timeUs - start);

@@ -127,11 +127,17 @@ void TestScan::widgetsDuringScan()
         QVERIFY(m_tool->find<QLabel>("label_StatusError")->isVisible());
         QVERIFY(m_tool->errorText().startsWith("Timeout"));
         QVERIFY(m_tool->statusText().startsWith("Trying"));
+        const auto* monitor = m_tool->window()->findChild<QWidget*>("dock_Monitor");
+        QVERIFY(monitor && monitor->isVisible());
+        m_tool->trigger("action_Monitor");
+        QVERIFY(!monitor->isVisible());
         m_tool->trigger("action_About"); // does not wait for the end of the scan
     };
     connect(m_tool->find<QStatusBar>("statusBar"), &QStatusBar::messageChanged, this,
             [&](const QString& text) {
-                if (text == "Trying node '0x02'...")
+                if (text == "Trying node '0x01'...")
+                    duringExchange([this] { m_tool->trigger("action_Monitor"); });
+                else if (text == "Trying node '0x02'...")
                     duringExchange(check);
             });
     DialogAnswer<QMessageBox> about([&](QMessageBox* box) {

@@ -61,6 +61,10 @@ void TestSequenceFiles::fileAndState()
     choose("pushButton_SeqSave", "link.json");
     m_tool->trigger("action_Undo");
     QCOMPARE(name->text(), "b.json (not saved)"); // it has the three steps now
+    choose("pushButton_SeqSave", "d.json");
+    QVERIFY(QFile::remove("d.json") && QFile::link("/dev/full", "d.json"));
+    choose("pushButton_SeqSave", "d.json");
+    QCOMPARE(name->text(), "d.json (not saved)"); // its content may be lost
     QCOMPARE(frames(), QStringList());
 }
 

@@ -77,6 +77,7 @@ void TestFiles::notRegular()
     QCOMPARE(read, manager.sequenceData().toJSON());
     QFile full("/dev/full");
     QVERIFY(manager.saveSequenceData(full)); // it could be opened
+    QVERIFY(manager.mayHaveDamaged());
     QVERIFY(!manager.fileError().isEmpty());
 }
 
@@ -241,9 +242,11 @@ void TestFiles::severalDrafts()
                                   QFile::FileModificationTime));
     auto drafts = SequenceDraft::findAbandoned(folder);
     QCOMPARE(drafts.size(), 3U);
-    for (int i = 0; i < 12; ++i) { // newer than the draft
+    for (int i = 0; i < 12; ++i) { // newer than the draft, but discarded earlier
         QFile other(folder + QString("/discarded/%1.json").arg(i));
         QVERIFY(other.open(QFile::WriteOnly));
+        QVERIFY(other.setFileTime(QDateTime::currentDateTime().addSecs(-1),
+                                  QFile::FileModificationTime));
     }
     QFile oldest(drafts.back().path);
     QVERIFY(oldest.open(QFile::ReadWrite));
