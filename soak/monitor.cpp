@@ -69,6 +69,7 @@ QString hexOf(const TracedFrame& frame)
 Monitor::Monitor(HandProcess& hand, bool slow, bool busy, const HandClock* clock)
     : m_hand(hand),
       m_limitMs(slow ? 2 * GapLimitMs : GapLimitMs),
+      m_sampler(static_cast<int>(m_limitMs / 2), static_cast<int>(m_limitMs / 4)),
       m_busyMachine(busy),
       m_overlapCheck(clock)
 {
@@ -76,6 +77,7 @@ Monitor::Monitor(HandProcess& hand, bool slow, bool busy, const HandClock* clock
     qInstallMessageHandler(handleMessage);
     m_loopTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_loopTimer, &QTimer::timeout, this, [this] { checkEventLoop(); });
+    m_sinceAction.start();
     m_sinceCheck.start();
     m_loopTimer.start(LoopCheckMs);
 }
@@ -123,6 +125,7 @@ void Monitor::checkTrace()
     keepLastMarks();
     m_processorMs = processorMs();
     m_sinceCheck.restart(); // excludes the time for reading a long trace
+    m_sampler.restart();
 }
 
 void Monitor::beginRestore(const QList<Write>& allowed)
@@ -191,11 +194,26 @@ void Monitor::checkEventLoop()
     const qint64 used = processorMs() - m_processorMs;
     m_processorMs += used;
     m_longestGapMs = std::max(m_longestGapMs, gap);
-    if (gap > m_limitMs && (!m_busyMachine || used > m_limitMs || gap > MaxGapMs))
-        addFinding(
-            QStringLiteral("the event loop was blocked for %1 ms, with %2 ms of processor time")
-                .arg(gap)
-                .arg(used));
+    const qint64 limitMs = m_themeChanges ? 2 * m_limitMs : m_limitMs;
+    if (used > m_limitMs / 4)
+        m_themeChanges = false;
+    if (gap > limitMs && (!m_busyMachine || used > limitMs || gap > MaxGapMs)) {
+        addFinding(QStringLiteral("the event loop was blocked for %1 ms, with %2 ms of processor "
+                                  "time; the last action, '%3', was %4 ms ago")
+                       .arg(gap)
+                       .arg(used)
+                       .arg(QLatin1String(m_action))
+                       .arg(m_sinceAction.elapsed()));
+        for (const QString& stack : m_sampler.stacks())
+            std::fprintf(stderr, "while it was blocked:\n    %s\n", qPrintable(stack));
+    }
+    m_sampler.restart();
+}
+
+void Monitor::noteAction(const char* name)
+{
+    m_action = name;
+    m_sinceAction.restart();
 }
 
 void Monitor::addFinding(const QString& finding)

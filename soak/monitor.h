@@ -2,6 +2,7 @@
 
 #include "halttrace.h"
 #include "overlapcheck.h"
+#include "stacksampler.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -52,6 +53,12 @@ public:
     /// Checks the frames since the last check and clears the trace.
     void checkTrace();
 
+    /// What is done now, for the findings. The name must live as long as the program.
+    void noteAction(const char* name);
+    /// Doubles the limit for a blocked event loop once, with sanitizers: the theme is about to
+    /// change. Qt polishes all widgets in one call and allocates much memory for it, and the
+    /// sanitizers make that three times as slow.
+    void expectThemeChange() { m_themeChanges = Sanitized; }
     void addFinding(const QString& finding);
     const QStringList& findings() const { return m_findings; }
     int exchanges() const { return m_exchanges; }
@@ -73,7 +80,11 @@ private:
     HandProcess& m_hand;
     QTimer m_loopTimer;
     QElapsedTimer m_sinceCheck;
+    bool m_themeChanges = false;
+    const char* m_action = "";
+    QElapsedTimer m_sinceAction;
     qint64 m_limitMs;
+    StackSampler m_sampler;
     qint64 m_longestGapMs = 0;
     qint64 m_processorMs = 0; ///< processor time at the last check
     bool m_busyMachine;

@@ -135,6 +135,7 @@ void Monkey::scheduleAction()
                 return action.run == &Monkey::reconnect;
             });
         m_sinceAction.start();
+        m_monitor.noteAction(chosen->name);
         ++m_actions;
         ++m_counts[QLatin1String(chosen->name)];
         ++m_nesting;

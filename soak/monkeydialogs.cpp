@@ -1,5 +1,6 @@
 // How the monkey answers dialogs.
 
+#include "monitor.h"
 #include "monkey.h"
 
 #include <QComboBox>
@@ -36,9 +37,12 @@ void Monkey::answerDialog(QDialog* dialog)
     if (answerNodeDialog(dialog))
         return;
     if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
+        const QStringList items = input->comboBoxItems();
+        if (items.contains(QLatin1String("dark"))) // not the files of an update
+            m_monitor.expectThemeChange();
         if (input->inputMode() == QInputDialog::IntInput)
             input->setIntValue(unusedNode());
-        else if (const QStringList items = input->comboBoxItems(); !items.isEmpty())
+        else if (!items.isEmpty())
             input->setTextValue(items[randomBelow(static_cast<int>(items.size()))]);
         else
             input->setTextValue(randomBelow(2) == 0 ? QStringLiteral("1A2B") : randomText());

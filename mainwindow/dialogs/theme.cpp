@@ -8,9 +8,11 @@
 #include <QFile>
 #include <QInputDialog>
 #include <QSettings>
+#include <QWidget>
 
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 namespace vanto
 {
@@ -46,7 +48,20 @@ void apply(const QString& name)
         std::fflush(stdout);
         return;
     }
-    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    const QString text = QString::fromUtf8(sheet.readAll());
+    if (text == qApp->styleSheet())
+        return; // every widget would be polished again
+    // A plot that gets its colors paints at once, and with it the whole window: a half changed one,
+    // several times.
+    QWidgetList paused;
+    for (QWidget* const window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->updatesEnabled())
+            paused.append(window);
+    for (QWidget* const window : std::as_const(paused))
+        window->setUpdatesEnabled(false);
+    qApp->setStyleSheet(text);
+    for (QWidget* const window : std::as_const(paused))
+        window->setUpdatesEnabled(true);
 }
 } // namespace
 

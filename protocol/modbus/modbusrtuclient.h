@@ -37,7 +37,8 @@ public:
     virtual bool connect(const char* portName, std::uint32_t baudRate) = 0;
     virtual void disconnect() = 0;
 
-    /// On success `values` holds `count` values; otherwise its content is undefined.
+    /// On success `values` holds `count` values; otherwise its content is undefined. Once the
+    /// exchange has been abandoned, nothing more is read or written.
     virtual Error readRegisters(std::uint8_t slave, std::uint16_t start, std::uint16_t count,
                                 QList<std::uint16_t>& values) = 0;
     virtual Error writeRegisters(std::uint8_t slave, std::uint16_t start,

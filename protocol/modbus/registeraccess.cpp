@@ -21,17 +21,10 @@ std::uint8_t RegisterAccess::result() const
     return m_result;
 }
 
-bool RegisterAccess::canContinue()
-{
-    if (Exchange::abandoned())
-        m_result = ModBusRTUProtocolV1::translateError(ModBusRTUClient::ReplyAbortedError);
-    return succeeded();
-}
-
 QList<std::uint16_t> RegisterAccess::fetch(int address, std::uint16_t count)
 {
     QList<std::uint16_t> values;
-    if (!canContinue())
+    if (!succeeded())
         return values;
     m_result = ModBusRTUProtocolV1::translateError(
         m_client->readRegisters(m_node, static_cast<std::uint16_t>(address), count, values));
@@ -42,7 +35,7 @@ QList<std::uint16_t> RegisterAccess::fetch(int address, std::uint16_t count)
 
 void RegisterAccess::send(int address, const QList<std::uint16_t>& values)
 {
-    if (!canContinue())
+    if (!succeeded())
         return;
     m_result = ModBusRTUProtocolV1::translateError(
         m_client->writeRegisters(m_node, static_cast<std::uint16_t>(address), values));

@@ -80,8 +80,6 @@ public:
     std::uint8_t result() const;
 
 private:
-    /// Whether the next request may be sent.
-    bool canContinue();
     /// Empty once a request has failed.
     QList<std::uint16_t> fetch(int address, std::uint16_t count);
     void send(int address, const QList<std::uint16_t>& values);

@@ -37,6 +37,7 @@ constexpr Row Rows[] = {
     {"no header", "--hardware 0000", 0, 9, "", "", "probes=1 records=16 rejected=0 stray=0"},
     {"empty record", "--no-record-check", 9, 0, "0000", "", "records=17 rejected=0 stray=0"},
     {"other hardware", "--hardware 1B02", 0, 0, "", OtherHardware, "records=0"},
+    {"unknown answer", "refuse stage=hardware error=0x5A", 0, 0, "", OtherHardware, "records=0"},
     {"application runs", "--boot-window 0", 0, 0, "", NoDevice, "probes=0"},
     {"no answer", "drop stage=probe count=0", 0, 0, "", NoDevice, "probes=2 records=0"},
     {"55 55 AA", "stutter stage=probe", 0, 0, "", "", "probes=2 records=16"},

@@ -38,6 +38,7 @@ private slots:
     void keys();
     void anyNode_data();
     void anyNode();
+    void handJustLeft_data() { addBoolRows("setId", "other node", "ports refreshed"); }
     void handJustLeft();
     void calibration();
     void focusInPlay();
@@ -117,6 +118,10 @@ void TestHalt::halts()
     open(QStringList{"--node"} + hand.split(' '));
     m_tool->showPage(RunTab);
     moveFinger(1);
+    // Holds something shortly before its target, and keeps pressing.
+    m_tool->setField("lineEdit_RunSpeed4", "0");
+    m_tool->setField("lineEdit_RunPos4", "60");
+    m_tool->click("pushButton_RunSetPos4");
     auto* slider = m_tool->find<QSlider>("verticalSlider_RunPos3");
     if (during == "held slider") {
         slider->setSliderDown(true);
@@ -138,6 +143,8 @@ void TestHalt::halts()
     QTRY_VERIFY(idle());
     QTRY_VERIFY(shown().contains("Halted"));
     const QList<int> stopped = positions();
+    if (during == "motion")
+        QCOMPARE(m_hand->command("get 2 target 4"), "ok 60");
     slider->setSliderDown(false);
     const bool modbus = hand.contains("modbus");
     m_hand->clearTrace();
@@ -272,17 +279,24 @@ void TestHalt::anyNode()
 /// A hand that moves while the connection changes can still be halted.
 void TestHalt::handJustLeft()
 {
+    QFETCH(bool, setId);
     open();
     m_tool->showPage(RunTab);
     moveFinger(1);
-    m_tool->click("pushButton_RefreshPorts");
-    QTRY_COMPARE(state(), "Not connected");
+    DialogAnswer<QInputDialog> answer([](QInputDialog* dialog) {
+        dialog->setIntValue(7);
+        dialog->accept();
+    });
+    command("set 2 reboot-time 0");
+    m_tool->click(setId ? "pushButton_BasicSetID" : "pushButton_RefreshPorts");
+    QTRY_COMPARE(state(), setId ? "No hand chosen" : "Not connected");
     clearRecords();
     QVERIFY(m_tool->enabled("pushButton_Halt"));
     press();
     QTRY_COMPARE(m_tool->find<QPushButton>("pushButton_Halt")->text(), "Continue");
-    QCOMPARE(m_hand->command("get 2 moving 1"), "ok 0");
-    listAgain();
+    QCOMPARE(m_hand->command(QString("get %1 moving 1").arg(setId ? 7 : 2)), "ok 0");
+    QCOMPARE(addressed().filter("02:").isEmpty(), setId);
+    m_tool->list({QString("0x0%1 (SerialCtrl V1.4.7, Protocol V3.0)").arg(setId ? 7 : 2)});
     QTRY_COMPARE(state(), "Halted"); // also after it has been opened again
     proceed();
 }

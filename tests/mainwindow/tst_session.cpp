@@ -100,6 +100,9 @@ void TestSession::discardedRequests()
         request("new");
     }
     QTRY_COMPARE(m_done, QStringList{"new7"});
+    m_session->stopAtOnce();
+    request("after the stop");
+    m_session->setAdapter(VantoProtocol::getProtocolInstance(PROTOCOL_TYPE_SERIALCTRL, 3, 0));
     m_node.reset();
     request("no device");
     QCoreApplication::processEvents();
