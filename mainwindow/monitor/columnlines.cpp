@@ -1,11 +1,13 @@
 #include "columnlines.h"
 
+#include <algorithm>
+
 namespace vanto
 {
 
 namespace
 {
-constexpr int DotPeriod = 4; ///< pixels, of a dotted line
+constexpr int DotPeriod = 4; ///< of a dotted line, in widths of it
 constexpr int DotLength = 2;
 
 PixelScale scaleOf(const QCPAxis* axis, double corner, double pixelRatio)
@@ -15,6 +17,19 @@ PixelScale scaleOf(const QCPAxis* axis, double corner, double pixelRatio)
     const double upper = (axis->coordToPixel(range.upper) - corner) * pixelRatio;
     const double perUnit = (upper - lower) / range.size();
     return {lower - range.lower * perUnit, perUnit};
+}
+
+/// Makes a line `width` pixels wide, to the right and down.
+void widen(std::vector<PixelSpan>& spans, std::size_t width, int height)
+{
+    for (std::size_t x = spans.size(); x-- > 0;) {
+        for (std::size_t left = x - std::min(x, width - 1); left < x; ++left)
+            spans[x].add(spans[left]);
+    }
+    for (PixelSpan& span : spans) {
+        if (!span.isEmpty())
+            span.bottom = std::min(span.bottom + static_cast<int>(width) - 1, height - 1);
+    }
 }
 } // namespace
 
@@ -61,9 +76,12 @@ void ColumnLines::draw(QCPPainter* painter)
 
 void ColumnLines::paint(const Line& line, const QPoint& corner, double pixelRatio)
 {
-    const std::vector<PixelSpan> spans = ColumnSpans::of(
+    std::vector<PixelSpan> spans = ColumnSpans::of(
         line.values, scaleOf(mKeyAxis, corner.x(), pixelRatio),
         scaleOf(mValueAxis, corner.y(), pixelRatio), m_image.width(), m_image.height());
+    const int width = std::max(qRound(pixelRatio), 1); // as a pen of 1
+    if (width > 1)
+        widen(spans, static_cast<std::size_t>(width), m_image.height());
     const QRgb color = line.color.rgb();
     const auto stride = m_image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
     auto* const pixels = reinterpret_cast<QRgb*>(m_image.bits());
@@ -71,7 +89,7 @@ void ColumnLines::paint(const Line& line, const QPoint& corner, double pixelRati
     for (int x = 0; x < m_image.width(); ++x) {
         const PixelSpan& span = spans[static_cast<std::size_t>(x)];
         length = span.isEmpty() ? 0 : length + 1;
-        if (line.isDotted && (length - 1) % DotPeriod >= DotLength)
+        if (line.isDotted && (length - 1) / width % DotPeriod >= DotLength)
             continue;
         QRgb* pixel = pixels + span.top * stride + x;
         for (int y = span.top; y <= span.bottom; ++y, pixel += stride)

@@ -59,10 +59,8 @@ private:
         const auto [top, bottom] = std::minmax(from, to);
         if (column < 0 || column >= m_width || bottom < 0 || top >= m_height)
             return;
-        PixelSpan& span = m_spans[static_cast<std::size_t>(column)];
-        const bool isFirst = span.isEmpty();
-        span.top = std::max(isFirst ? top : std::min(span.top, top), 0);
-        span.bottom = std::min(isFirst ? bottom : std::max(span.bottom, bottom), m_height - 1);
+        m_spans[static_cast<std::size_t>(column)].add(
+            {std::max(top, 0), std::min(bottom, m_height - 1)});
     }
 
     std::vector<PixelSpan> m_spans;

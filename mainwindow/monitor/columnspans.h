@@ -11,6 +11,14 @@ struct PixelSpan {
     int bottom = 0;
 
     bool isEmpty() const { return top > bottom; }
+    void add(const PixelSpan& other)
+    {
+        if (other.isEmpty())
+            return;
+        const bool isFirst = isEmpty();
+        top = isFirst ? other.top : std::min(top, other.top);
+        bottom = isFirst ? other.bottom : std::max(bottom, other.bottom);
+    }
 };
 
 /// A line of which only the extents of its values in equal parts of the time are known.
