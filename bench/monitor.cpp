@@ -82,8 +82,10 @@ bool measureReplot()
         }
         return median(times);
     };
-    std::printf("     another time: %.1f ms\n", medianOf(true));
-    return report({"replot of 5 min of 12 noisy curves", medianOf(false), "ms", ReplotLimitMs, 1});
+    const bool good =
+        report({"replot of 5 min of 12 noisy curves", medianOf(false), "ms", ReplotLimitMs, 1});
+    return report({"the same, without kept columns", medianOf(true), "ms", ReplotLimitMs, 1}) &&
+           good;
 }
 #endif
 

@@ -1,5 +1,6 @@
 #include "dialogwatch.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
@@ -35,10 +36,14 @@ void chooseFile(QDialog& dialog, const QString& name)
 {
     // Sets the text, because QFileDialog::selectFile() has no effect while the folder is being
     // read. During that time the dialog can also ignore accept(). A name that was proposed can
-    // replace the text when the folder has been read.
+    // replace the text when the folder has been read. A file of this name in the folder of an
+    // earlier dialog can be selected, too; the dialog would then close without a choice.
     QTimer::singleShot(AcceptDelayMs, &dialog, [&dialog, name] {
+        auto* const list = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
+        list->clearSelection();
         dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        dialog.accept();
+        if (list->selectionModel()->selectedRows().size() <= 1)
+            dialog.accept();
         if (dialog.isVisible())
             chooseFile(dialog, name);
     });

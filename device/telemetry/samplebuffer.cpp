@@ -1,17 +1,7 @@
 #include "samplebuffer.h"
 
-#include <algorithm>
-
 namespace vanto
 {
-
-void Extent::add(std::int32_t value)
-{
-    if (value == MissingValue)
-        return;
-    min = isEmpty() ? value : std::min(min, value);
-    max = std::max(max, value); // an empty one has the smallest number
-}
 
 void SampleBuffer::reserve()
 {

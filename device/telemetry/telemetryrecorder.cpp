@@ -89,8 +89,8 @@ void TelemetryRecorder::stop()
     m_file.close();
 }
 
-/// Times in the file count from the start of the recording. What was missing before it is no gap in
-/// it.
+/// Times in the file count from the start of the recording. What was missing before it is not a gap
+/// in it.
 QByteArray TelemetryRecorder::line(const Sample& sample, const QString& marker) const
 {
     const double seconds = static_cast<double>(sample.timeUs - m_startUs) / double{UsPerSecond};

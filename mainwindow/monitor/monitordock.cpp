@@ -95,10 +95,15 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     connect(&m_recorder, &TelemetryRecorder::sig_failed, this, [this](const QString& message) {
         m_reporter->showError(message);
         showRecording();
-        startOrStop();
     });
     connect(&m_actions, &ActionMarkers::sig_marker, this, &MonitorDock::addMarker);
     connect(this, &QDockWidget::visibilityChanged, this, &MonitorDock::startOrStop);
+    // Hidden by the user, it sends nothing; this signal also comes from the end of the program.
+    connect(toggleViewAction(), &QAction::toggled, this, [this] {
+        if (isHidden() && m_recorder.isRecording())
+            stopRecording(
+                tr("Recording stopped because the monitor is hidden: %1 samples in '%2'."));
+    });
     connect(session, &DeviceSession::sig_opened, this, &MonitorDock::beginHand);
     connect(&ActionMonitor::instance(), &ActionMonitor::sig_action, this, &MonitorDock::noteTarget);
     connect(limits, &CurrentLimits::sig_changed, this, [this] { m_changed = true; });
@@ -211,16 +216,11 @@ void MonitorDock::applyChoices()
     m_changed = true;
 }
 
-bool MonitorDock::isWanted() const
-{
-    return isVisible() || m_recorder.isRecording();
-}
-
 void MonitorDock::startOrStop()
 {
-    if (isWanted() == m_reader.isRunning())
+    if (isVisible() == m_reader.isRunning())
         return;
-    if (isWanted()) {
+    if (isVisible()) {
         m_reader.start();
         m_refreshTimer.start();
     } else {
@@ -319,16 +319,18 @@ void MonitorDock::follow()
 
 void MonitorDock::record()
 {
-    if (m_recorder.isRecording()) {
-        m_recorder.stop();
-        m_reporter->showMessage(tr("%1 samples recorded in '%2'.")
-                                    .arg(m_recorder.sampleCount())
-                                    .arg(m_recorder.path()));
-        showRecording();
-        startOrStop();
-        return;
-    }
-    IdleTask::once(this, [this] { chooseRecordingPath(); });
+    if (m_recorder.isRecording())
+        stopRecording(tr("%1 samples recorded in '%2'."));
+    else
+        IdleTask::once(this, [this] { chooseRecordingPath(); });
+}
+
+/// `message`: %1 is the number of samples, %2 the path.
+void MonitorDock::stopRecording(const QString& message)
+{
+    m_recorder.stop();
+    m_reporter->showMessage(message.arg(m_recorder.sampleCount()).arg(m_recorder.path()));
+    showRecording();
 }
 
 void MonitorDock::chooseRecordingPath()
@@ -336,18 +338,19 @@ void MonitorDock::chooseRecordingPath()
     const QString proposal =
         QStringLiteral("recording-%1.csv")
             .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
-    const Modeless::FileChoice choice{tr("Record"), {tr("Recordings (*.csv)")}, proposal};
+    const Modeless::FileChoice choice{
+        tr("Record"), {tr("Recordings (*.csv)")}, proposal, &IdleTask::once};
     Modeless::saveFile(this, choice, [this](const QString& path) { startRecording(path); });
 }
 
 void MonitorDock::startRecording(const QString& path)
 {
+    show(); // samples are taken only while it is visible
     const QString failure = m_recorder.start(path, m_reader.channels());
     if (!failure.isEmpty())
         IdleTask::once(
             this, [this, failure] { Modeless::showBox(this, QMessageBox::Critical, failure); });
     showRecording();
-    startOrStop();
 }
 
 void MonitorDock::showRecording()

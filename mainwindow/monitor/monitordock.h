@@ -29,8 +29,8 @@ class StatusReporter;
 struct HandAction;
 class ValueTable;
 
-/// Shows and records the measured values of the open hand. It reads the hand while it is visible or
-/// records, and gives way to everything else, see TelemetryReader.
+/// Shows and records the measured values of the open hand. It reads the hand while it is visible,
+/// and gives way to everything else, see TelemetryReader.
 class MonitorDock : public QDockWidget
 {
     Q_OBJECT
@@ -57,6 +57,7 @@ private:
     void follow();
     void noteTarget(const HandAction& action);
     void record();
+    void stopRecording(const QString& message);
     void chooseRecordingPath();
     void startRecording(const QString& path);
     void showRecording();
@@ -64,7 +65,6 @@ private:
     void addMarker(const Marker& marker);
     void openRecording();
     void savePicture();
-    bool isWanted() const;
 
     DeviceSession* m_session;
     StatusReporter* m_reporter;

@@ -1,8 +1,9 @@
 #include "monitorplot.h"
 
+#include "columnlines.h"
 #include "fingernames.h"
-#include "linepoints.h"
 #include "motionguard.h"
+#include "plotcolors.h"
 #include "plotcursors.h"
 #include "plotitems.h"
 #include "plotlibrary.h"
@@ -19,6 +20,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace vanto
@@ -33,10 +35,8 @@ constexpr int MaxLabelWidth = 300;
 constexpr int LegendColumns = 6;
 constexpr double LeastStretch = 0.001; ///< a row of the layout gets what it needs
 constexpr int LineWidth = 1;           ///< pixels; lines of more take a hundred times as long
-constexpr double OverlayOpacity = 0.5;
-constexpr int FocusMargin = 2; ///< pixels
+constexpr int FocusMargin = 2;         ///< pixels
 constexpr int LeastColumns = 10;
-constexpr int MiddleLightness = 128;
 constexpr int MaxLimitRatio = 2;        ///< of a shown limit to the highest current
 constexpr double ValueMargin = 0.05;    ///< of the range of the values
 constexpr double LeastOfWholeTicks = 5; ///< of a range; the ticks of a smaller one have decimals
@@ -45,24 +45,6 @@ constexpr double ZoomFactor = 0.8;      ///< by key
 constexpr double MinSpan = 0.01;        ///< seconds, by key and mouse
 constexpr double MaxTime = 1e9;         ///< seconds, to either side of 0
 constexpr int PaintIntervalMs = 67;     ///< while the user drags or zooms
-const QString OverlayLayer = QStringLiteral("overlaid");
-
-/// Distinguishable with all common kinds of color vision.
-constexpr PerFinger<const char*> OnDark{"#56b4e9", "#e69f00", "#2fc79a",
-                                        "#f0e442", "#e08fc0", "#ff7a45"};
-constexpr PerFinger<const char*> OnLight{"#0072b2", "#a35a00", "#00704f",
-                                         "#7a6a00", "#9c3f77", "#b8331f"};
-
-/// Without transparency, which takes longer to paint.
-QColor blended(const QColor& color, const QColor& background, double opacity)
-{
-    const auto part = [opacity](int front, int back) {
-        return static_cast<int>(front * opacity + back * (1 - opacity));
-    };
-    return {part(color.red(), background.red()), part(color.green(), background.green()),
-            part(color.blue(), background.blue())};
-}
-
 /// Of a plotted value to that of the hand.
 double scaleOf(Quantity quantity)
 {
@@ -108,7 +90,6 @@ MonitorPlot::MonitorPlot(PlotSource source, QWidget* parent)
     m_plot->installEventFilter(this);
     m_plot->plotLayout()->clear();
     m_plot->setAutoAddPlottableToLegend(false);
-    m_plot->addLayer(OverlayLayer, m_plot->layer(QStringLiteral("main")), QCustomPlot::limBelow);
     m_margins = new QCPMarginGroup(m_plot);
     connect(m_plot, &QCustomPlot::mouseDoubleClick, this, &MonitorPlot::sig_returnRequested);
     connect(m_cursors, &PlotCursors::sig_moved, &m_painting, &IdleTask::request);
@@ -124,7 +105,7 @@ void MonitorPlot::setChannels(ChannelSet channels)
         return;
     m_channels = channels;
     m_plot->clearItems();
-    m_plot->clearGraphs();
+    m_plot->clearPlottables();
     m_plot->plotLayout()->clear();
     m_rows.clear();
     m_lines.clear();
@@ -153,7 +134,7 @@ void MonitorPlot::addRow(Quantity quantity)
     time->setNumberFormat(QStringLiteral("f"));
     time->setNumberPrecision(1);
     row->setMarginGroup(QCP::msLeft | QCP::msRight, m_margins);
-    m_rows.push_back({row, quantity, {}});
+    m_rows.push_back({row, quantity, {}, new ColumnLines(row)}); // the plot owns it
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
         if (m_channels[channel] && Channel::at(channel).quantity == quantity)
             addLine(channel);
@@ -162,19 +143,12 @@ void MonitorPlot::addRow(Quantity quantity)
 
 void MonitorPlot::addLine(std::size_t channel)
 {
-    const auto add = [this] {
-        const QCPAxisRect* const row = m_rows.back().rect;
-        QCPGraph* const graph =
-            m_plot->addGraph(row->axis(QCPAxis::atBottom), row->axis(QCPAxis::atLeft));
-        graph->setAdaptiveSampling(false); // already reduced to columns
-        graph->setAntialiased(false);      // three times as fast
-        return graph;
-    };
-    const Line line{channel, m_rows.size() - 1, add(), add(), add(), {}, {}};
-    line.overlay->setLayer(OverlayLayer);
-    line.target->setLineStyle(QCPGraph::lsStepLeft);
-    line.graph->setName(FingerNames::shown(Channel::at(channel).finger));
-    m_lines.push_back(line);
+    const QCPAxisRect* const row = m_rows.back().rect;
+    QCPGraph* const target =
+        m_plot->addGraph(row->axis(QCPAxis::atBottom), row->axis(QCPAxis::atLeft));
+    target->setAntialiased(false); // three times as fast
+    target->setLineStyle(QCPGraph::lsStepLeft);
+    m_lines.push_back({channel, m_rows.size() - 1, target, {}, {}});
 }
 
 void MonitorPlot::setFingerShown(std::size_t finger, bool shown)
@@ -205,8 +179,7 @@ void MonitorPlot::setLimits(std::optional<FingerLimits> limits)
 
 QColor MonitorPlot::fingerColor(std::size_t finger) const
 {
-    const bool dark = m_backgroundColor.lightness() < MiddleLightness;
-    return QColor(QLatin1String((dark ? OnDark : OnLight).at(finger)));
+    return PlotColors::finger(finger, m_backgroundColor);
 }
 
 void MonitorPlot::setTextColor(const QColor& color)
@@ -240,8 +213,6 @@ void MonitorPlot::applyColors()
     }
     for (const Line& line : m_lines) {
         const QColor color = fingerColor(Channel::at(line.channel).finger);
-        line.graph->setPen(QPen(color, LineWidth));
-        line.overlay->setPen(QPen(blended(color, m_backgroundColor, OverlayOpacity), LineWidth));
         line.target->setPen(QPen(color, LineWidth, Qt::DashLine));
     }
     m_painting.run();
@@ -273,25 +244,33 @@ void MonitorPlot::paint()
 
 void MonitorPlot::fillLines()
 {
+    std::vector<std::vector<ColumnLines::Line>> overlays(m_rows.size());
+    std::vector<std::vector<ColumnLines::Line>> lines(m_rows.size());
     for (Row& row : m_rows)
         row.range = {};
     for (Line& line : m_lines) {
-        const bool isShown = isFingerShown(Channel::at(line.channel).finger);
-        line.graph->setVisible(isShown);
-        line.overlay->setVisible(isShown && m_overlay);
+        const std::size_t finger = Channel::at(line.channel).finger;
+        const bool isShown = isFingerShown(finger);
         line.target->setVisible(isShown && m_targets);
         if (!isShown)
             continue;
-        fill(m_source, line, line.graph, line.columns, 0);
+        lines[line.row].push_back({values(m_source, line, line.columns, 0), fingerColor(finger)});
         if (m_overlay)
-            fill(*m_overlay, line, line.overlay, line.overlayColumns, m_overlayOffsetUs);
+            overlays[line.row].push_back(
+                {values(*m_overlay, line, line.overlayColumns, m_overlayOffsetUs),
+                 PlotColors::overlay(finger, m_backgroundColor), true});
         if (m_targets)
             fillTargets(line);
     }
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
+        std::vector<ColumnLines::Line>& all = overlays[row]; // below the others
+        std::ranges::move(lines[row], std::back_inserter(all));
+        m_rows[row].lines->setLines(std::move(all));
+    }
 }
 
-void MonitorPlot::fill(const PlotSource& source, const Line& line, QCPGraph* graph,
-                       ColumnCache& cache, std::int64_t offsetUs)
+ExtentLine MonitorPlot::values(const PlotSource& source, const Line& line, ColumnCache& cache,
+                               std::int64_t offsetUs)
 {
     Row& row = m_rows[line.row];
     const ColumnCache::Columns columns =
@@ -301,7 +280,8 @@ void MonitorPlot::fill(const PlotSource& source, const Line& line, QCPGraph* gra
         row.range.add(extent.min);
         row.range.add(extent.max);
     }
-    graph->data()->set(LinePoints::ofColumns(columns, offsetUs, scaleOf(row.quantity)), true);
+    return {columns.extents, PlotTime::toSeconds(columns.fromUs + offsetUs + columns.widthUs / 2),
+            PlotTime::toSeconds(columns.widthUs), scaleOf(row.quantity)};
 }
 
 void MonitorPlot::fillTargets(const Line& line)
@@ -480,13 +460,22 @@ QString MonitorPlot::savePicture(const QString& path) const
     legend->setBrush(Qt::NoBrush);
     legend->setBorderPen(Qt::NoPen);
     legend->setTextColor(m_textColor);
+    std::vector<QCPGraph*> entries;
     for (const Line& line : m_lines) {
-        if (line.row == 0 && line.graph->visible())
-            line.graph->addToLegend(legend);
+        const std::size_t finger = Channel::at(line.channel).finger;
+        if (line.row != 0 || !isFingerShown(finger))
+            continue;
+        QCPGraph* const entry = m_plot->addGraph(line.target->keyAxis(), line.target->valueAxis());
+        entry->setName(FingerNames::shown(finger));
+        entry->setPen(QPen(fingerColor(finger), LineWidth));
+        entry->addToLegend(legend);
+        entries.push_back(entry);
     }
     // toPixmap() lays the plot out for the size of the picture.
     const QPixmap picture = m_plot->toPixmap(PictureWidth, PictureHeight);
     m_plot->plotLayout()->remove(legend);
+    for (QCPGraph* const entry : entries)
+        m_plot->removeGraph(entry);
     m_plot->plotLayout()->simplify();
     m_plot->replot(QCustomPlot::rpImmediateRefresh);
     QImageWriter writer(path);

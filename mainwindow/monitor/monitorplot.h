@@ -17,8 +17,10 @@ class QCustomPlot;
 namespace vanto
 {
 
+class ColumnLines;
 class PlotCursors;
 class TargetHistory;
+struct ExtentLine;
 
 /// Plots samples over time: one row for each quantity, one line for each finger. A line shows the
 /// minimum and the maximum of each pixel column. The user can drag and zoom the time, also with the
@@ -40,7 +42,7 @@ public:
     /// All fingers are shown at first.
     void setFingerShown(std::size_t finger, bool shown);
     bool isFingerShown(std::size_t finger) const { return !m_hidden[finger]; }
-    /// Other samples in the same rows, as lighter lines. Their time 0 is at `offsetUs`.
+    /// Other samples in the same rows, as lighter, dotted lines. Their time 0 is at `offsetUs`.
     void setOverlay(std::optional<PlotSource> overlay, std::int64_t offsetUs);
     void setOverlayOffset(std::int64_t us) { m_overlayOffsetUs = us; }
     /// Without limits there are no lines for them.
@@ -82,12 +84,11 @@ private:
         QCPAxisRect* rect;
         Quantity quantity;
         Extent range; ///< of what is plotted, in units of the hand
+        ColumnLines* lines;
     };
     struct Line {
         std::size_t channel;
         std::size_t row;
-        QCPGraph* graph;
-        QCPGraph* overlay;
         QCPGraph* target;
         ColumnCache columns;
         ColumnCache overlayColumns;
@@ -99,8 +100,8 @@ private:
     void fillLines();
     void scaleTime(double from, double to);
     void applyColors();
-    void fill(const PlotSource& source, const Line& line, QCPGraph* graph, ColumnCache& cache,
-              std::int64_t offsetUs);
+    ExtentLine values(const PlotSource& source, const Line& line, ColumnCache& cache,
+                      std::int64_t offsetUs);
     void fillTargets(const Line& line);
     void scaleValues(Row& row) const;
     void addItems();

@@ -82,7 +82,9 @@ void RecordingOpener::choose(const QString& caption, QWidget* parent,
     const Modeless::FileChoice choice{
         caption,
         {translated(QT_TRANSLATE_NOOP("vanto::RecordingView", "Recordings (*.csv)")),
-         translated(QT_TRANSLATE_NOOP("vanto::RecordingView", "All files (*)"))}};
+         translated(QT_TRANSLATE_NOOP("vanto::RecordingView", "All files (*)"))},
+        {},
+        &IdleTask::once};
     Modeless::openFile(parent, choice,
                        [parent, opened](const QString& path) { read(path, parent, opened); });
 }

@@ -76,8 +76,10 @@ QString RecordingView::description() const
 
 void RecordingView::savePicture(const MonitorPlot* plot, QWidget* parent)
 {
-    const Modeless::FileChoice choice{
-        tr("Save picture"), {tr("Pictures (*.png)")}, QStringLiteral("monitor.png")};
+    const Modeless::FileChoice choice{tr("Save picture"),
+                                      {tr("Pictures (*.png)")},
+                                      QStringLiteral("monitor.png"),
+                                      &IdleTask::once};
     const auto save = [plot, parent](const QString& path) {
         const QString failure = plot->savePicture(path);
         if (!failure.isEmpty())

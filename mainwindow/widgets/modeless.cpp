@@ -36,6 +36,20 @@ void followFilter(QFileDialog* files, const QString& nameFilter)
                                                 files->defaultSuffix()));
 }
 
+/// Calls `next` with the chosen file.
+void connectChosen(QFileDialog* files, QWidget* parent, const Modeless::FileChoice& choice,
+                   std::function<void(const QString&)> next)
+{
+    const auto run = [parent, schedule = choice.schedule,
+                      next = std::move(next)](const QString& path) {
+        if (schedule)
+            schedule(parent, [next, path] { next(path); });
+        else
+            next(path);
+    };
+    QObject::connect(files, &QFileDialog::fileSelected, parent, run);
+}
+
 /// Null if a dialog of the parent is open already; it is raised then.
 QFileDialog* newFileDialog(QWidget* parent, const Modeless::FileChoice& choice)
 {
@@ -83,7 +97,7 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
             QMessageBox::Yes | QMessageBox::No);
         QObject::connect(question, &QDialog::accepted, parent, [save, path] { save(path); });
     };
-    QObject::connect(files, &QFileDialog::fileSelected, parent, confirm);
+    connectChosen(files, parent, choice, confirm);
     files->show();
 }
 
@@ -94,7 +108,7 @@ void Modeless::openFile(QWidget* parent, const FileChoice& choice,
     if (!files)
         return;
     files->setFileMode(QFileDialog::ExistingFile);
-    QObject::connect(files, &QFileDialog::fileSelected, parent, std::move(open));
+    connectChosen(files, parent, choice, std::move(open));
     files->show();
 }
 

@@ -22,6 +22,8 @@ struct FileChoice {
     /// Like "Text files (*.txt)". The suffix of the chosen one is added to a name without one.
     QStringList nameFilters;
     QString proposal = {}; ///< file name
+    /// Runs what follows the choice, at once or later, but not after the end of `context`.
+    std::function<void(QObject* context, const std::function<void()>& next)> schedule = {};
 };
 /// Asks before a file is replaced.
 void saveFile(QWidget* parent, const FileChoice& choice, std::function<void(const QString&)> save);

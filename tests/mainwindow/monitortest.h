@@ -33,13 +33,17 @@ protected:
         return m_tool->find<QTableWidget>("tableWidget_Monitor")->item(finger, column)->text();
     }
     /// The pixels of a color in a part of the plot, given as shares of its height.
-    QList<QPoint> pixels(const char* color, double top = 0, double bottom = 1) const
+    QList<QPoint> pixels(const QColor& color, double top = 0, double bottom = 1) const
     {
-        const QImage image = m_plot->grab().toImage();
+        return pixelsOf(m_plot->grab().toImage(), color, top, bottom);
+    }
+    static QList<QPoint> pixelsOf(const QImage& image, const QColor& color, double top,
+                                  double bottom)
+    {
         QList<QPoint> found;
         for (int y = image.height() * top; y < image.height() * bottom; ++y)
             for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == QColor(color))
+                if (image.pixelColor(x, y) == color)
                     found.append({x, y});
         return found;
     }

@@ -30,11 +30,13 @@ private slots:
     void values();
     void othersGoFirst_data() { addProtocols(); }
     void othersGoFirst();
+    void recordsAndOpens_data() { addTextRows({"end"}, {{"stopped"}, {"hidden"}}); }
     void recordsAndOpens();
     void damagedRecording();
     void limits();
     void lostPort();
     void locked();
+    void marksActions_data() { addProtocols(); }
     void marksActions();
     void requestWaitsForOneExchange_data() { addProtocols(); }
     void requestWaitsForOneExchange();
@@ -44,6 +46,12 @@ private:
     static void addProtocols() { addTextRows({"protocol"}, {{"serialctrl"}, {"modbus"}}); }
     void openOver(const QString& protocol) { open({"--node", "2:" + protocol}); }
     void play(int steps, int delay) const;
+    void record(const QString& path) const
+    {
+        choose("pushButton_MonitorRecord", path);
+        QTRY_COMPARE(m_tool->find<QPushButton>("pushButton_MonitorRecord")->text(),
+                     "Stop Recording");
+    }
     bool onlyReads() const
     {
         for (const QString& frame : frames())
@@ -108,12 +116,14 @@ void TestMonitor::othersGoFirst()
 
 void TestMonitor::recordsAndOpens()
 {
+    QFETCH(QString, end);
+    const bool hidden = end == "hidden";
     open();
     showMonitor();
     clearRecords();
     QFile::remove("r.csv");
     const QString path = QDir::current().filePath("r.csv");
-    choose("pushButton_MonitorRecord", path);
+    record(path);
     QVERIFY(!m_tool->enabled("checkBox_MonitorForce"));
     command("set 2 current 0 55");
     const auto* state = m_tool->find<QLabel>("label_MonitorState");
@@ -121,12 +131,21 @@ void TestMonitor::recordsAndOpens()
     m_tool->setField("lineEdit_MonitorMarker", "grip, \"one\"");
     m_tool->click("pushButton_MonitorMark");
     QTRY_COMPARE(value(0, 0), "55");
-    m_tool->trigger("action_Monitor"); // hidden, the recording goes on
     const auto recorded = [&] { return loadRecording(path).recording; };
     QTRY_VERIFY(recorded().rowCount() > 15);
-    m_tool->trigger("action_Monitor");
-    m_tool->click("pushButton_MonitorRecord");
-    QVERIFY(shown().constLast().contains("samples recorded"));
+    if (hidden)
+        m_tool->find<QDockWidget>("dock_Monitor")->close();
+    else
+        m_tool->click("pushButton_MonitorRecord");
+    QTRY_VERIFY(shown().constLast().contains(hidden ? "hidden" : "samples recorded"));
+    QVERIFY(shown().constLast().contains(path));
+    if (hidden) {
+        QTRY_VERIFY(idle());
+        m_hand->clearTrace();
+        QTest::qWait(400); // shows that nothing is read
+        QCOMPARE(m_hand->requests().size(), 0);
+        m_tool->trigger("action_Monitor");
+    }
     const Recording recording = recorded();
     QCOMPARE(recording.markers().value(0).text, "grip, \"one\"");
     QCOMPARE(recording.at(recording.rowCount() - 1, 0).max, 55);
@@ -186,8 +205,8 @@ void TestMonitor::lostPort()
     open();
     showMonitor();
     QFile::remove("lost.csv");
-    choose("pushButton_MonitorRecord", QDir::current().filePath("lost.csv"));
-    QTRY_VERIFY(!value(0, 0).isEmpty());
+    record(QDir::current().filePath("lost.csv"));
+    QTRY_VERIFY(loadRecording("lost.csv").recording.rowCount() > 0);
     command("unplug");
     QTRY_VERIFY(m_tool->find<QLabel>("label_MonitorState")->text().startsWith("0 Hz"));
     QVERIFY(m_hand->command("replug").startsWith("ok"));
@@ -248,12 +267,21 @@ void TestMonitor::play(int steps, int delay) const
 /// the player.
 void TestMonitor::marksActions()
 {
-    open({"--node", "2", "--speed", "50"});
+    QFETCH(QString, protocol);
+    open({"--node", "2:" + protocol, "--speed", "50"});
     showMonitor();
     asFastAsPossible();
     m_tool->find<QCheckBox>("checkBox_MonitorAngle")->click();
     QFile::remove("marks.csv");
-    choose("pushButton_MonitorRecord", QDir::current().filePath("marks.csv"));
+    record(QDir::current().filePath("marks.csv"));
+    const auto recorded = [] { return loadRecording("marks.csv").recording; };
+    const auto texts = [&] {
+        const Recording recording = recorded();
+        QStringList parts;
+        for (const Marker& marker : recording.markers())
+            parts.append(marker.text);
+        return parts.join("; ");
+    };
     m_tool->showPage(RunTab);
     m_tool->setField("lineEdit_RunPos1", "30000");
     m_tool->click("pushButton_RunSetPos1");
@@ -263,24 +291,16 @@ void TestMonitor::marksActions()
     for (int i = 0; i < 4; ++i)
         m_tool->setField(QString("lineEdit_Setting%1%2").arg(gains[i]).arg(5), QString::number(i));
     m_tool->click("pushButton_SettingWritePID5");
-    QTRY_COMPARE(frames({0x45}).size(), 1);
+    QTRY_VERIFY(texts().contains("G 3.00"));
     m_hand->clearTrace();
     play(2, 400);
-    const QStringList all = frames();
+    const QStringList all = protocol == "modbus" ? QStringList() : frames();
     const auto isMotion = [](const QString& frame) { return frame.startsWith("4c"); };
     const auto first = std::ranges::find_if(all, isMotion);
     const auto last = std::find_if(all.rbegin(), all.rend(), isMotion).base();
-    QCOMPARE(std::count_if(first, last, isMotion), 12);
+    QCOMPARE(std::count_if(first, last, isMotion), all.isEmpty() ? 0 : 12);
     QVERIFY(std::none_of(first, last, [](const QString& f) { return f.startsWith("10"); }));
     m_tool->click("pushButton_Halt");
-    const auto recorded = [] { return loadRecording("marks.csv").recording; };
-    const auto texts = [&] {
-        const Recording recording = recorded();
-        QStringList parts;
-        for (const Marker& marker : recording.markers())
-            parts.append(marker.text);
-        return parts.join("; ");
-    };
     const QStringList expected{"Set Index: 30000",
                                "Write Thumb root: P 0.00, I 1.00, D 2.00, G 3.00", "Step 1",
                                "Step 2", "Halt"};
@@ -330,20 +350,20 @@ void TestMonitor::requestWaitsForOneExchange()
         return qsizetype{-1};
     };
     QTRY_VERIFY(clicked && write() >= 0);
-    QVERIFY2(write() <= 1, qPrintable(QString::number(write())));
+    // Over Modbus it is two requests if it reads positions.
+    const qsizetype before = protocol == "modbus" ? 2 : 1;
+    QVERIFY2(write() <= before, qPrintable(QString::number(write())));
 }
 
-/// A recording that fails while the monitor is hidden ends its reads. A limit of the file size
-/// fails like a full disk.
+/// A recording that fails ends with a message. A limit of the file size fails like a full disk.
 void TestMonitor::fullDisk()
 {
     open();
     showMonitor();
     asFastAsPossible();
     QFile::remove("full.csv");
-    choose("pushButton_MonitorRecord", QDir::current().filePath("full.csv"));
-    QTRY_VERIFY(!value(0, 0).isEmpty());
-    m_tool->trigger("action_Monitor");
+    record(QDir::current().filePath("full.csv"));
+    QTRY_VERIFY(loadRecording("full.csv").recording.rowCount() > 0);
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ::getrlimit(RLIMIT_FSIZE, &before);
@@ -353,10 +373,8 @@ void TestMonitor::fullDisk()
     const bool hasFailed = QTest::qWaitFor(failed, 30'000);
     ::setrlimit(RLIMIT_FSIZE, &before);
     QVERIFY(hasFailed);
-    QTRY_VERIFY(idle());
-    m_hand->clearTrace();
-    QTest::qWait(400); // shows that nothing is read
-    QCOMPARE(m_hand->requests().size(), 0);
+    QCOMPARE(m_tool->find<QPushButton>("pushButton_MonitorRecord")->text(), "Record...");
+    QVERIFY(loadRecording("full.csv").recording.rowCount() > 0);
 }
 
 VANTO_TEST(TestMonitor)

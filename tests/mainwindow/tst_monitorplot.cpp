@@ -1,10 +1,14 @@
 #include "columncache.h"
 #include "monitortest.h"
 #include "pageindex.h"
+#include "plotcolors.h"
 #include "testmain.h"
 
 #include <QDoubleSpinBox>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QMetaMethod>
 #include <QWheelEvent>
 
@@ -20,6 +24,7 @@ class TestMonitorPlot : public MonitorTest
 private slots:
     void cleanup() { close(); }
     void plot();
+    void limits();
     void overlay();
     void extremeRecording();
     void paintsBetweenExchanges();
@@ -90,6 +95,41 @@ void TestMonitorPlot::plot()
     QVERIFY(!pause->isChecked());
 }
 
+/// The lines of the limits are at their values, compared with the line of a known current.
+void TestMonitorPlot::limits()
+{
+    open();
+    for (int finger = 0; finger < 6; ++finger)
+        command(QString("set 2 current %1 %2").arg(finger).arg(finger == 2 ? 40 : 20));
+    command("set 2 current-limit 2 120");
+    m_tool->showPage(SettingTab);
+    m_tool->click("pushButton_SettingReadCurrentLimit2");
+    showMonitor();
+    if (!m_plot)
+        QSKIP("built without plots");
+    m_tool->window()->resize(1600, 1000);
+    const auto rows = [this](const char* color) { // in the row of the currents
+        QMap<int, int> count;
+        for (const QPoint& pixel : pixels(color, 0, 0.42))
+            ++count[pixel.y()];
+        QList<int> found;
+        for (const int y : count.keys())
+            if (count[y] > m_plot->width() / 4) // dotted
+                found.append(y);
+        return found;
+    };
+    constexpr const char* middle = "#00704f";
+    const auto hasLines = [&] { return rows(middle).size() == 2 && rows("#000000").size() == 1; };
+    m_tool->find<QComboBox>("comboBox_MonitorSpan")->setCurrentIndex(0);
+    QTRY_VERIFY(hasLines());
+    const double limit = rows(middle)[0];
+    const double current = rows(middle)[1];
+    const double pixelsPerMa = (current - limit) / (120 - 40);
+    QVERIFY(std::abs(rows("#000000")[0] - (current - (79 - 40) * pixelsPerMa)) <= 2);
+    m_tool->find<QCheckBox>("checkBox_MonitorLimits")->click();
+    QTRY_VERIFY(rows(middle).size() == 1 && rows("#000000").isEmpty());
+}
+
 /// A recording over the live samples: its start and its marker can be aligned.
 void TestMonitorPlot::overlay()
 {
@@ -108,11 +148,15 @@ void TestMonitorPlot::overlay()
     QTRY_COMPARE(anchor->count(), 2);
     m_tool->find<QPushButton>("pushButton_MonitorPause")->click();
     m_tool->find<QDoubleSpinBox>("doubleSpinBox_MonitorOverlay")->setValue(4);
-    constexpr const char* lighter = "#7fb7a7"; // on white
+    const QColor lighter = PlotColors::overlay(2, Qt::white);
     QTRY_VERIFY(pixels(lighter).size() > 10);
     const int fromStart = pixels(lighter)[0].x();
     anchor->setCurrentIndex(1); // 3 s further left
     QTRY_VERIFY(pixels(lighter).size() > 10 && pixels(lighter)[0].x() < fromStart);
+    QFile::remove("o.png");
+    choose("pushButton_MonitorPicture", QDir::current().filePath("o.png"));
+    QTRY_COMPARE(QImage("o.png").size(), QSize(1600, 900));
+    QVERIFY(pixelsOf(QImage("o.png"), lighter, 0, 0.5).size() > 10);
     m_tool->click("pushButton_MonitorRemoveOverlay");
     QTRY_VERIFY(pixels(lighter).isEmpty());
 }
@@ -181,7 +225,30 @@ void TestMonitorPlot::paintsBetweenExchanges()
         QCOMPARE(m_replots[1], 0);
     }
     duringExchange([&] { m_tool->click("pushButton_MonitorPicture"); });
-    QTRY_VERIFY(m_tool->find<QDockWidget>("dock_Monitor")->findChild<QFileDialog*>());
+    const auto* dock = m_tool->find<QDockWidget>("dock_Monitor");
+    QTRY_VERIFY(dock->findChild<QFileDialog*>());
+    QFile existing("existing.png");
+    QVERIFY(existing.open(QFile::WriteOnly));
+    QDialog* files = dock->findChild<QFileDialog*>();
+    bool accepted = false;
+    bool asked = false;
+    const auto accept = [&] {
+        files->findChild<QLineEdit*>("fileNameEdit")
+            ->setText(QDir::current().filePath("existing.png"));
+        files->accept(); // ignored while the folder is being read
+        accepted = !files->isVisible();
+        asked = dock->findChild<QMessageBox*>();
+    };
+    while (!accepted) {
+        bool tried = false;
+        duringExchange([&] {
+            accept();
+            tried = true;
+        });
+        QTRY_VERIFY(tried);
+        QVERIFY(!asked);
+    }
+    QTRY_VERIFY(dock->findChild<QMessageBox*>());
     QCOMPARE(m_tool->errorText(), QString());
 }
 

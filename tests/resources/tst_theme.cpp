@@ -1,3 +1,4 @@
+#include "plotcolors.h"
 #include "testmain.h"
 #include "testwindow.h"
 
@@ -135,8 +136,11 @@ void TestTheme::paintedText()
     for (int finger = 0; plot && finger < 6; ++finger) {
         const auto* box = tool.find<QCheckBox>(QString("checkBox_MonitorFinger%1").arg(finger));
         const QColor line = box->icon().pixmap(8).toImage().pixelColor(4, 4);
-        const double ratio = contrast(line, plot->property("backgroundColor").value<QColor>());
-        QVERIFY2(ratio >= ControlContrast, qPrintable(box->text() + QString::number(ratio)));
+        const auto background = plot->property("backgroundColor").value<QColor>();
+        for (const QColor& color : {line, PlotColors::overlay(finger, background)}) {
+            const double ratio = contrast(color, background);
+            QVERIFY2(ratio >= ControlContrast, qPrintable(box->text() + QString::number(ratio)));
+        }
     }
     QVERIFY2(checked > 60, qPrintable(QString::number(checked)));
 }
