@@ -94,7 +94,8 @@ ParameterTolerances parseTolerances(Arguments& arguments)
                 arguments.real(text.section(QLatin1Char('='), 1), "The tolerance", 0, Largest);
         else
             arguments.setError(
-                QStringLiteral("There is no parameter '%1'; a tolerance is NAME=X.").arg(name));
+                QStringLiteral("There is no parameter '%1'; a tolerance is NAME=X.%2")
+                    .arg(name, didYouMean(name, parameterNames())));
     }
     return tolerances;
 }

@@ -1,5 +1,6 @@
 #include "clitest.h"
 #include "commandline.h"
+#include "fileserver.h"
 #include "testmain.h"
 
 #include <QDir>
@@ -8,10 +9,9 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 
+#include <algorithm>
 #include <csignal>
 
 namespace vanto
@@ -180,28 +180,15 @@ void TestCliFiles::examples()
 /// Firmware from a server on this machine.
 void TestCliFiles::updateFromServer()
 {
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QMap<QByteArray, QByteArray> files; // by their paths; others are not answered
-    QByteArrayList paths;
-    connect(&server, &QTcpServer::newConnection, this, [&] {
-        auto* socket = server.nextPendingConnection();
-        connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
-            paths.append(socket->readAll().split(' ').value(1));
-            if (!files.contains(paths.constLast()))
-                return;
-            const QByteArray file = files.value(paths.constLast());
-            socket->write(file.isEmpty() ? "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"
-                                         : "HTTP/1.1 200 OK\r\nContent-Length: " +
-                                               QByteArray::number(file.size()) + "\r\n\r\n" + file);
-            socket->disconnectFromHost();
-        });
-    });
+    FileServer server;
+    auto& files = server.files;
     start();
     CliProcess cli(*m_hand);
+    const QString temporary = path("temporary");
+    QVERIFY(QDir().mkpath(temporary));
+    cli.setVariable("TMPDIR", temporary);
     const auto update = [&](const char* options = "") {
-        cli.start("update --yes --quiet --protocol serialctrl --server http://127.0.0.1:" +
-                  QString::number(server.serverPort()) + options);
+        cli.start("update --yes --quiet --protocol serialctrl --server " + server.url() + options);
         cli.process().closeWriteChannel();
         (void)QTest::qWaitFor([&] { return cli.process().state() == QProcess::NotRunning; },
                               60'000);
@@ -230,9 +217,23 @@ void TestCliFiles::updateFromServer()
     QVERIFY2(result.status == 0, qPrintable(result.errors));
     QCOMPARE(m_hand->command("image /dev/null"), "ok 4096");
     m_hand->command("boot leave");
+    // A signal ends the transfer.
+    m_hand->command("fault late ms=60000 stage=record");
+    m_hand->clearTrace();
+    QTimer transfer;
+    connect(&transfer, &QTimer::timeout, this, [&] {
+        const auto requests = m_hand->requests();
+        if (std::ranges::count(requests, "boot", &TracedFrame::protocol) < 3)
+            return;
+        transfer.stop();
+        cli.sendSignal(SIGINT);
+    });
+    transfer.start(10);
+    QCOMPARE(update(" --no-backup").status, 130);
+    QVERIFY(QDir(temporary).isEmpty());
+    m_hand->command("boot leave");
     // A server that does not answer.
     files.clear();
-    paths.clear();
     connect(&server, &QTcpServer::newConnection, this,
             [&] { QTimer::singleShot(100, &server, [&] { cli.sendSignal(SIGINT); }); });
     result = update();
