@@ -73,6 +73,24 @@ void TestCliFiles::parameterFiles()
     QFile whole(file);
     QVERIFY(whole.open(QIODevice::ReadOnly));
     auto object = QJsonDocument::fromJson(whole.readAll()).object();
+    // Position limits are those of one hand.
+    auto hand = object["hand"].toObject();
+    const auto restoreLimits = [&](const char* options) {
+        object["hand"] = hand;
+        writeFile(golden, QJsonDocument(object).toJson());
+        m_hand->command("set 2 end 1 3333");
+        m_hand->clearTrace();
+        return cli.run(QString("restore --quiet --only positionLimits %1 %2").arg(golden, options))
+            .status;
+    };
+    QCOMPARE(restoreLimits(""), 0);
+    hand["uid"] = "00112233445566778899AABB";
+    QCOMPARE(restoreLimits("--yes"), 1);
+    hand.remove("uid");
+    QCOMPARE(restoreLimits(""), 2);
+    QVERIFY(writes().isEmpty());
+    QCOMPARE(restoreLimits("--yes"), 0);
+    QCOMPARE(writes().size(), 1);
     for (const QString& key : object.keys())
         if (key != "kind" && key != "schema" && key != "selfTestLevel" && key != "format" &&
             key != "version")
