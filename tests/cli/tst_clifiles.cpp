@@ -199,12 +199,13 @@ void TestCliFiles::examples()
 void TestCliFiles::updateFromServer()
 {
     FileServer server;
-    auto& files = server.files;
+    auto& files = server.answers;
     start();
     CliProcess cli(*m_hand);
     const QString temporary = path("temporary");
     QVERIFY(QDir().mkpath(temporary));
     cli.setVariable("TMPDIR", temporary);
+    cli.setVariable("VANTO_FIRMWARE_SERVER", "http://127.0.0.1:1"); // not this one
     const auto update = [&](const char* options = "") {
         cli.start("update --yes --quiet --protocol serialctrl --server " + server.url() + options);
         cli.process().closeWriteChannel();
@@ -219,18 +220,20 @@ void TestCliFiles::updateFromServer()
         const auto result = update();
         return result.errors == "vantoctl: " + error + '\n' && result.status == 5;
     };
-    QVERIFY(fails({{list, {}}}, "Error when reading version file from server."));
-    QVERIFY(fails({{list, "{"}}, "Error when parsing version file."));
-    QVERIFY(fails(
-        {{list, R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})"}, {image, {}}},
-        "Error when reading firmware file from server."));
-    files[image] = "damaged";
+    const QByteArray missing = Http::answer({}, Http::NotFound);
+    QVERIFY(fails({{list, missing}}, "Error when reading version file from server."));
+    QVERIFY(fails({{list, Http::answer("{")}}, "Error when parsing version file."));
+    const QByteArray good =
+        Http::answer(R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})");
+    QVERIFY(
+        fails({{list, good}, {image, missing}}, "Error when reading firmware file from server."));
+    files[image] = Http::answer("damaged");
     QCOMPARE(update().status, 5);
     QCOMPARE(update(" --type other").status, 2);
     QVERIFY(m_hand->command("boot").contains("probes=0"));
     QFile sample(SAMPLE);
     QVERIFY(sample.open(QFile::ReadOnly));
-    files[image] = sample.readAll();
+    files[image] = Http::answer(sample.readAll());
     auto result = update();
     QVERIFY2(result.status == 0, qPrintable(result.errors));
     QCOMPARE(m_hand->command("image /dev/null"), "ok 4096");

@@ -20,7 +20,6 @@ private slots:
     void cleanup() { close(); }
     void interruptions_data();
     void interruptions();
-    void interruptedExchange();
     void endsSoon_data();
     void endsSoon();
     void interruptedHalt();
@@ -81,56 +80,35 @@ void TestCliMotion::interruptions()
         QCOMPARE(m_hand->command(QString("get 2 moving %1").arg(finger)), "ok 0");
 }
 
-/// Signals while the program waits for a reply: it neither waits for it nor sends another motion.
-void TestCliMotion::interruptedExchange()
-{
-    start();
-    const auto interrupt = [this](const QString& words, int command, qsizetype frames) {
-        m_hand->clearTrace();
-        CliProcess cli(*m_hand);
-        cli.start(words + " --protocol serialctrl");
-        QTRY_COMPARE_WITH_TIMEOUT(m_hand->frames({command}).size(), frames, 20'000);
-        QElapsedTimer timer;
-        timer.start();
-        cli.sendSignal(SIGINT);
-        QCOMPARE(cli.finish().status, 130);
-        QVERIFY2(timer.elapsed() < 5000, qPrintable(words)); // the time-out of the reply is 20 s
-    };
-    m_hand->command("fault late ms=60000 command=0x4c skip=7");
-    interrupt("play " EXAMPLES "/wave.json", 0x4C, 8);
-    QCOMPARE(m_hand->frames({0x4C}).size(), 8); // not the other fingers of the second step
-    m_hand->command("clear");
-    m_hand->command("hang");
-    interrupt("get current", 0x06, 1);
-    interrupt("move 1 60000 --wait", 0x4C, 1);
-    interrupt("backup " + path("hand.json"), 0x01, 1);
-    QVERIFY(!QFile::exists(path("hand.json")));
-}
-
 void TestCliMotion::endsSoon_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QString>("setUp");
-    QTest::addColumn<int>("requests"); ///< before the signal
-    QTest::newRow("reply") << "get current"
-                           << "hang" << 1;
-    QTest::newRow("motion") << "move 1 60000 --speed 1 --wait"
-                            << "clear" << 9;
-    QTest::newRow("stream") << "monitor --rate max"
-                            << "clear" << 9;
-    QTest::newRow("scan") << "scan --nodes 7-99"
-                          << "clear" << 1;
-    QTest::newRow("new id") << "set-id 9"
-                            << "fault late ms=60000 node=9 count=0" << 2;
+    QTest::addColumn<int>("command"); ///< after `count` of them the signal comes
+    QTest::addColumn<int>("count");
+    const auto add = [](const QString& words, const char* setUp, int command, int count) {
+        QTest::newRow(qPrintable(words + setUp)) << words << QString(setUp) << command << count;
+    };
+    // Not the other fingers of the second step.
+    add("play " EXAMPLES "/wave.json", "fault late ms=60000 command=0x4c skip=7", 0x4C, 8);
+    add("get current", "hang", 0x06, 1);
+    add("move 1 60000 --wait", "hang", 0x4C, 1);
+    add("move 1 60000 --speed 1 --wait", "clear", 0x06, 9);
+    add("backup " + path("hand.json"), "hang", 0x01, 1);
+    add("monitor --rate max", "clear", 0x06, 9);
+    add("scan --nodes 7-99", "clear", 0x01, 1);
+    add("set-id 9", "fault late ms=60000 node=9 count=0", 0x01, 1);
 }
 
-/// A command ends within half a second after a signal. A busy machine delays every process, so the
-/// limit grows with the time that a whole process takes, and the best of some attempts counts.
+/// A command ends within half a second after a signal, and neither waits for a reply nor sends
+/// another motion. A busy machine delays every process, so the limit grows with the time that
+/// a whole process takes, and the best of some attempts counts.
 void TestCliMotion::endsSoon()
 {
     QFETCH(QString, words);
     QFETCH(QString, setUp);
-    QFETCH(int, requests);
+    QFETCH(int, command);
+    QFETCH(int, count);
     constexpr int Attempts = 20;
     qint64 excess = 1;
     for (int i = 0; i < Attempts && excess > 0; ++i) {
@@ -143,14 +121,17 @@ void TestCliMotion::endsSoon()
         m_hand->command(setUp);
         m_hand->clearTrace();
         cli.start(words + " --protocol serialctrl");
-        QTRY_VERIFY_WITH_TIMEOUT(m_hand->requests().size() >= requests, 20'000);
+        QTRY_VERIFY_WITH_TIMEOUT(m_hand->frames({command}).size() >= count, 20'000);
+        const auto sent = motions().size();
         timer.start();
         cli.sendSignal(SIGINT);
         QCOMPARE(cli.finish().status, 130);
         excess = timer.elapsed() - 500 - 4 * whole;
+        QCOMPARE(motions().size(), sent);
         close();
     }
     QVERIFY2(excess <= 0, qPrintable(QString("%1 ms too late").arg(excess)));
+    QVERIFY(!QFile::exists(path("hand.json")));
 }
 
 /// A halt under way is completed.
