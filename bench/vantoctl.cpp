@@ -1,5 +1,5 @@
 // The time that vantoctl adds: to one exchange as a whole process, to the exchanges of batch, and
-// to the samples of monitor.
+// to the samples of monitor; and how soon it ends after a signal.
 
 #include "figures.h"
 #include "handcall.h"
@@ -10,6 +10,7 @@
 #include <QProcess>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 
 namespace vanto
@@ -28,6 +29,9 @@ constexpr double StartBar = 1.25;
 constexpr double BatchBar = 1.10;
 constexpr double MonitorBar = 1 / 0.95;
 constexpr double LateBar = 1;
+constexpr int Endings = 11;
+constexpr double EndMs = 500; ///< after a signal
+constexpr double EndBar = 1;
 constexpr double MsPerNs = 1e-6;
 constexpr double MsPerS = 1000;
 
@@ -177,6 +181,31 @@ bool measureLateness(const QString& port)
     return report({"late or missing samples of 60 s at 100 Hz", late + missing, "",
                    0.01 * PacedRate * PacedSeconds, LateBar});
 }
+/// The median time from SIGINT to the end of a command that waits for its motion or its next
+/// sample.
+bool measureEnds(HandProcess& hand, const char* what, const QStringList& words)
+{
+    std::vector<double> times;
+    for (int i = 0; i < Endings; ++i) {
+        hand.clearTrace();
+        QProcess process;
+        process.start(pathOf("vantoctl"), words + QStringList{"--port", hand.portName(), "--node",
+                                                              "2", "--protocol", "serialctrl"});
+        constexpr int Running = 8; ///< requests
+        if (!process.waitForStarted())
+            return false;
+        while (hand.requests().size() < Running)
+            if (process.waitForFinished(1))
+                return false;
+        QElapsedTimer timer;
+        timer.start();
+        ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+        if (!process.waitForFinished())
+            return false;
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) * MsPerNs);
+    }
+    return report({what, median(times), "ms", EndMs, EndBar});
+}
 } // namespace
 
 int runProgram(int argc, char* argv[])
@@ -199,6 +228,9 @@ int runProgram(int argc, char* argv[])
     good &= measureMonitor("sample of six currents", fast.portName(), PROTOCOL_TYPE_SERIALCTRL);
     good &= measureMonitor("the same at 115200 baud", paced.portName(), PROTOCOL_TYPE_SERIALCTRL);
     good &= measureMonitor("the same over Modbus", paced.portName(), PROTOCOL_TYPE_MODBUS_RTU);
+    good &= measureEnds(fast, "end of monitor after SIGINT", {"monitor", "--rate", "100"});
+    good &= measureEnds(fast, "end of move --wait after SIGINT",
+                        {"move", "1", "60000", "--speed", "1", "--wait"});
     good &= measureLateness(fast.portName());
     return good ? 0 : 1;
 }

@@ -21,7 +21,7 @@ void AutomaticBackup::save(Tool& tool, Answer& answer)
     tool.output().showProgress(0, 0);
     const ParameterBackup::Saved saved = ParameterBackup::save(reader);
     for (const QString& text : {saved.error, saved.missing})
-        if (!text.isEmpty())
+        if (!text.isEmpty() && !answer.hasFailed()) // a lost port has been reported
             tool.output().error(text);
     if (saved.path.isEmpty())
         return;
@@ -35,11 +35,12 @@ void AutomaticBackup::saveClosed(Tool& tool, Answer& answer)
     tool.hand().reportTo(&opening);
     if (!tool.options().node || *tool.options().node == AnyNode)
         opening.fail(ExitStatus::Usage, QStringLiteral("No node is given; use --node."));
-    else if (tool.hand().open())
+    const bool isOpen = !opening.hasFailed() && tool.hand().open();
+    if (isOpen) // reports its failures itself, a lost port too
         save(tool, answer);
     tool.hand().close();
     tool.hand().reportTo(&answer);
-    if (opening.hasFailed())
+    if (!isOpen && opening.hasFailed())
         tool.output().error(ParameterBackup::failureText(opening.reason()));
 }
 

@@ -80,7 +80,7 @@ void setId(Tool& tool, Arguments& arguments, Answer& answer)
     while (!answers(hand)) {
         if (Interruption::isRequested() || answer.hasFailed())
             return;
-        if (timer.hasExpired(RebootMs)) {
+        if (timer.hasExpired(tool.options().stretched(RebootMs))) {
             answer.fail(ExitStatus::NoAnswer, CallText::noHand(newNode), ResultCode::Timeout);
             return;
         }

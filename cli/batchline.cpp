@@ -30,13 +30,23 @@ bool isNumber(const QString& word)
     return valid;
 }
 
-QString batchCommandNames()
+QStringList batchCommandNames()
 {
     QStringList names;
     for (const Command& command : commands())
         if (command.inBatch)
             names.append(QLatin1String(command.name));
-    return names.join(QLatin1String(", "));
+    return names;
+}
+
+/// --wait is not one of them: the line would hold up those of other hands.
+QStringList batchOptionNames(const Command& command)
+{
+    QStringList names;
+    for (const CommandOption& option : command.options)
+        if (option.name != QLatin1String("--wait"))
+            names.append(QLatin1String(option.name));
+    return names;
 }
 
 /// Sorts the words after the command into values and options.
@@ -48,9 +58,11 @@ QString sortWords(const Command& command, const QStringList& words, Arguments& a
             arguments.values.append(word);
             continue;
         }
-        const CommandOption* option = findOption(command, word.section(QLatin1Char('='), 0, 0));
-        if (!option || word == QLatin1String("--wait"))
-            return QStringLiteral("There is no option '%1' in a batch.").arg(word);
+        const QString name = word.section(QLatin1Char('='), 0, 0);
+        const CommandOption* option = findOption(command, name);
+        if (!option || name == QLatin1String("--wait"))
+            return QStringLiteral("There is no option '%1' in a batch.%2")
+                .arg(name, didYouMean(name, batchOptionNames(command)));
         if (option->max <= 1 && arguments.has(option->name))
             return QStringLiteral("The option '%1' is given twice.")
                 .arg(QLatin1String(option->name));
@@ -100,8 +112,9 @@ BatchLine parseBatchLine(QByteArrayView text)
     const QString name = words.value(1);
     const Command* command = findCommand(name);
     if (!command || !command->inBatch) {
-        line.error = QStringLiteral("There is no command '%1' in a batch; use one of %2.")
-                         .arg(name, batchCommandNames());
+        const QStringList names = batchCommandNames();
+        line.error = QStringLiteral("There is no command '%1' in a batch; use one of %2.%3")
+                         .arg(name, names.join(QLatin1String(", ")), didYouMean(name, names));
         return line;
     }
     line.error = sortWords(*command, words.sliced(2), line.arguments);

@@ -12,10 +12,17 @@
 
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QFileInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <cstdlib>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vanto
 {
@@ -26,11 +33,42 @@ constexpr int MaxPlace = 65535;
 constexpr int CalibrationRebootMs = 15000; ///< longest reboot, with its beeps
 constexpr int SilenceReadMs = 20;          ///< between two reads, to notice a short reboot
 constexpr int ReturnReadMs = 200;          ///< while the hand reboots
-constexpr int BeepsMs = 8 * BeepMs;        ///< after the reboot
+constexpr int SilentReads = 2;             ///< in a row, that count as the reboot
+constexpr int BeepsMs = 2 * 8 * BeepMs;    ///< after the reboot: beeps with pauses between them
 constexpr int ThumbRootWindow = 16;        ///< raw units
-constexpr qint64 MaxKeyFile = 1024;        ///< bytes
+constexpr qsizetype MaxKeyFile = 1024;     ///< bytes
 
 using Calibration::Prompt;
+
+/// The beginning of a regular file or of a pipe, whose writer may be slow. None if it cannot be
+/// read or a signal has arrived.
+std::optional<QByteArray> readSmallFile(const QString& path, qsizetype maxSize)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return {};
+    const auto closer = qScopeGuard([file] { ::close(file); });
+    struct stat status = {};
+    if (fstat(file, &status) != 0 || (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode)))
+        return {};
+    QByteArray content;
+    while (content.size() < maxSize) {
+        pollfd input{file, POLLIN, 0};
+        waitUntil([&] { return Interruption::isRequested() || ::poll(&input, 1, 0) > 0; });
+        std::array<char, 256> part;
+        const auto count =
+            Interruption::isRequested() ? -1 : ::read(file, part.data(), part.size());
+        if (count == 0)
+            return content;
+        if (count > 0)
+            content.append(part.data(), count);
+        else if (errno != EAGAIN && errno != EINTR)
+            return {};
+        if (Interruption::isRequested())
+            return {};
+    }
+    return content;
+}
 
 /// The calibration, step by step. Each step returns whether the next one may follow.
 class CalibrationSteps
@@ -43,10 +81,11 @@ public:
 
     void run()
     {
-        if (!readPlaces() || !confirm(Prompt::Prepare) || !backUp() || !readKey() ||
-            !confirm(Prompt::BeforeReboot) || !start() || !confirm(Prompt::AfterReboot) ||
-            !placeThumbRoot(Prompt::OnBase, 0) || !stage(1) || !confirm(Prompt::TakeUp) ||
-            !stage(2) || !placeThumbRoot(Prompt::OffBase, 1) || !stage(3))
+        if (!readPlaces() || !readKeyFile() || !confirm(Prompt::Prepare) || !backUp() ||
+            !readKey() || !confirm(Prompt::BeforeReboot) || !start() ||
+            !confirm(Prompt::AfterReboot) || !placeThumbRoot(Prompt::OnBase, 0) || !stage(1) ||
+            !confirm(Prompt::TakeUp) || !stage(2) || !placeThumbRoot(Prompt::OffBase, 1) ||
+            !stage(3))
             return;
         m_tool.hand().noteArrival();
         m_answer.addLine(Calibration::promptText(Prompt::Finished));
@@ -86,16 +125,21 @@ private:
     {
         if (m_start == Calibration::Start::AlreadyCalibrating)
             return true;
-        bool wasSilent = false;
-        const QDeadlineTimer deadline(qint64{CalibrationRebootMs} * m_tool.options().patience);
+        int silentReads = 0; // in a row
+        const QDeadlineTimer deadline(m_tool.options().stretched(CalibrationRebootMs));
         while (goesOn()) {
+            const bool wasSilent = silentReads >= SilentReads;
             const std::uint8_t result = readButtonCount();
             if (result == ResultCode::Success && (wasSilent || deadline.hasExpired()))
                 return waitForBeeps();
             if (deadline.hasExpired())
                 break;
-            wasSilent = wasSilent || result == ResultCode::Timeout;
-            waitUntil(&Interruption::isRequested, wasSilent ? ReturnReadMs : SilenceReadMs);
+            if (result == ResultCode::Timeout)
+                ++silentReads;
+            else if (!wasSilent) // a reply was lost
+                silentReads = 0;
+            waitUntil(&Interruption::isRequested,
+                      silentReads >= SilentReads ? ReturnReadMs : SilenceReadMs);
         }
         if (goesOn())
             m_answer.fail(ExitStatus::NoAnswer,
@@ -127,29 +171,33 @@ private:
         return goesOn();
     }
 
+    /// At first, so that a key that cannot be read costs no backup.
+    bool readKeyFile()
+    {
+        const QString path = m_arguments.option("--key-file");
+        if (path.isEmpty() || path == QLatin1String("-"))
+            return true;
+        const auto text = readSmallFile(path, MaxKeyFile);
+        if (!text && goesOn())
+            m_answer.fail(ExitStatus::File, QStringLiteral("Open file '%1' failed.").arg(path));
+        return text && parseKey(QString::fromLatin1(*text));
+    }
+
     bool readKey()
     {
-        if (!goesOn())
-            return false;
-        const QString path = m_arguments.option("--key-file");
-        QString text;
-        if (path.isEmpty() || path == QLatin1String("-")) {
-            text =
-                m_tool.ask(path.isEmpty() ? Calibration::promptText(Prompt::Key) : QString(), true)
-                    .value_or(QString());
-        } else {
-            QFile file(path);
-            if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-                m_answer.fail(ExitStatus::File, QStringLiteral("Open file '%1' failed.").arg(path));
-                return false;
-            }
-            text = QString::fromLatin1(file.read(MaxKeyFile));
-        }
-        const auto key = Calibration::parseKey(text.trimmed());
-        if (!key && goesOn())
+        if (m_key || !goesOn())
+            return goesOn();
+        const bool isTyped = m_arguments.option("--key-file").isEmpty();
+        return parseKey(m_tool.ask(isTyped ? Calibration::promptText(Prompt::Key) : QString(), true)
+                            .value_or(QString()));
+    }
+
+    bool parseKey(const QString& text)
+    {
+        m_key = Calibration::parseKey(text.trimmed());
+        if (!m_key && goesOn())
             m_answer.fail(ExitStatus::Usage, Calibration::invalidKeyText());
-        m_key = key.value_or(0);
-        return key && goesOn();
+        return m_key && goesOn();
     }
 
     bool start()
@@ -158,7 +206,7 @@ private:
             return false;
         m_tool.hand().noteMotion();
         HandCall call = m_tool.hand().call();
-        m_start = Calibration::start(call, m_tool.hand().report(), m_key);
+        m_start = Calibration::start(call, m_tool.hand().report(), *m_key);
         return m_start != Calibration::Start::Failed && goesOn();
     }
 
@@ -241,7 +289,7 @@ private:
     Arguments& m_arguments;
     Answer& m_answer;
     QList<int> m_places; ///< of the thumb root, on the base and off it
-    std::uint16_t m_key = 0;
+    std::optional<std::uint16_t> m_key;
     Calibration::Start m_start = Calibration::Start::Failed;
 };
 

@@ -61,6 +61,14 @@ const Command* findCommand(const QString& name)
     return found == commands().end() ? nullptr : &*found;
 }
 
+QStringList fingerNames()
+{
+    QStringList names;
+    for (std::uint8_t finger = 0; finger < FingerCount; ++finger)
+        names.append(ParameterNames::finger(finger));
+    return names;
+}
+
 QString suggestion(const QString& word, const QStringList& names)
 {
     QString best;
@@ -117,9 +125,7 @@ std::uint8_t Arguments::finger(const QString& text)
 {
     if (const auto finger = ParameterNames::parseFinger(text))
         return *finger;
-    QStringList names;
-    for (std::uint8_t finger = 0; finger < FingerCount; ++finger)
-        names.append(ParameterNames::finger(finger));
+    const QStringList names = fingerNames();
     setError(QStringLiteral("There is no finger '%1'; use 0 to 5 or %2.%3")
                  .arg(text, names.join(QLatin1String(", ")), didYouMean(text, names)));
     return 0;

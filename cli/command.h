@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QStringList>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -21,11 +22,18 @@ struct GeneralOptions {
     QString port; ///< name, path or usb:SERIAL; empty: the only one
     std::optional<std::uint8_t> node;
     std::optional<PROTOCOL_TYPE> protocol; ///< none: try both
-    int patience = 1;                      ///< factor for all time-outs
+    int patience = 1;                      ///< factor for all time-outs, see stretched()
     bool anyNode = false;                  ///< node 255 may be written to
     bool json = false;
     bool quiet = false;
     bool verbose = false;
+
+    /// A wait for the hand itself, such as for its reboot, with patience but not for hours.
+    int stretched(int milliseconds) const
+    {
+        constexpr int LongestMs = 120'000;
+        return std::max(milliseconds, std::min(patience * milliseconds, LongestMs));
+    }
 };
 
 /// The values and options of one command, and their conversion. The first value that is wrong is
@@ -88,6 +96,8 @@ struct Command {
 /// All commands, in the order of the help.
 const std::vector<Command>& commands();
 const Command* findCommand(const QString& name);
+
+QStringList fingerNames();
 
 /// Of `names` the one that is nearest to `word`, if it is near enough to be meant.
 QString suggestion(const QString& word, const QStringList& names);

@@ -94,7 +94,8 @@ ParameterTolerances parseTolerances(Arguments& arguments)
                 arguments.real(text.section(QLatin1Char('='), 1), "The tolerance", 0, Largest);
         else
             arguments.setError(
-                QStringLiteral("There is no parameter '%1'; a tolerance is NAME=X.").arg(name));
+                QStringLiteral("There is no parameter '%1'; a tolerance is NAME=X.%2")
+                    .arg(name, didYouMean(name, parameterNames())));
     }
     return tolerances;
 }
@@ -143,9 +144,10 @@ void diff(Tool& tool, Arguments& arguments, Answer& answer)
             QStringLiteral("%1 of %2 parameters differ.").arg(different.size()).arg(keys.size()));
 }
 
-/// The user must know what a calibration or another hardware means.
+/// The user must know what another hardware means, and what a calibration or limits do that belong
+/// to one hand, if such are to be written.
 bool isAllowed(Tool& tool, const Arguments& arguments, const ParameterSet& hand,
-               const ParameterSet& file, Answer& answer)
+               const ParameterSet& file, bool isOfOneHand, Answer& answer)
 {
     const auto agree = [&](const QString& text) {
         if (arguments.has("--yes") ||
@@ -157,17 +159,19 @@ bool isAllowed(Tool& tool, const Arguments& arguments, const ParameterSet& hand,
     if (isOtherHardware(hand.hand, file.hand) &&
         !agree(QStringLiteral("The file is from other hardware.")))
         return false;
-    if (!arguments.has("--with-calibration"))
+    if (!isOfOneHand)
         return true;
     const CalibrationRule rule = calibrationRule(hand.hand, file.hand);
     if (rule == CalibrationRule::OtherHand) {
         answer.fail(ExitStatus::Refused,
-                    QStringLiteral("The calibration in the file is that of another hand."));
+                    QStringLiteral("The calibration and the position limits in the file are those "
+                                   "of another hand."));
         return false;
     }
     return rule == CalibrationRule::SameHand ||
-           agree(QStringLiteral("It is not known whether the calibration in the file is that of "
-                                "this hand; a wrong one drives fingers into their stops."));
+           agree(QStringLiteral("It is not known whether the file is from this hand; a wrong "
+                                "calibration or wrong position limits drive fingers into their "
+                                "stops."));
 }
 
 /// What is to be written: by default what differs, but nothing that the user must ask for by name.
@@ -229,7 +233,14 @@ void restore(Tool& tool, Arguments& arguments, Answer& answer)
     if (!arguments.error().isEmpty() || !readFile(arguments.values.constFirst(), file, answer))
         return;
     const auto hand = readHand(tool, answer);
-    if (!hand || !isAllowed(tool, arguments, *hand, file, answer))
+    const auto isOfOneHand = [&file](const ParameterKey& key) {
+        return describe(key.kind).belongsToOneHand() && file.value(key) &&
+               key.kind != ParameterKind::Calibration;
+    };
+    if (!hand ||
+        !isAllowed(tool, arguments, *hand, file,
+                   withCalibration || (isLimited && std::ranges::any_of(only, isOfOneHand)),
+                   answer))
         return;
     const auto rows = compareParameters(*hand, file);
     const auto chosen = chooseRows(rows, isLimited, only, withCalibration);

@@ -1,10 +1,10 @@
 #include "handvalues.h"
 
 #include "fingers.h"
+#include "motionunit.h"
 #include "parameterset.h"
 #include "sample.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 
@@ -44,6 +44,34 @@ QJsonValue readMotion(HandCall& call, std::uint8_t finger)
         return QJsonValue::Undefined;
     const Value value = WantsTarget ? target : current;
     return IsAngle ? QJsonValue(value / HundredthsPerDegree) : QJsonValue(value);
+}
+
+enum class Side { Target, Current };
+
+/// A motion of all fingers.
+template<Side side>
+QJsonArray readPose(HandCall& call, const MotionUnit& unit)
+{
+    QJsonArray values;
+    const auto pose = unit.readPose(call);
+    if (!pose)
+        return values;
+    for (const int value : side == Side::Target ? pose->targets : pose->currents)
+        values.append(unit.isPosition() ? QJsonValue(value)
+                                        : QJsonValue(value / HundredthsPerDegree));
+    return values;
+}
+
+template<Side side>
+QJsonArray readPositions(HandCall& call)
+{
+    return readPose<side>(call, MotionUnit::position());
+}
+
+template<Side side>
+QJsonArray readAngles(HandCall& call)
+{
+    return readPose<side>(call, MotionUnit::angle());
 }
 
 QJsonValue readForce(HandCall& call, std::uint8_t finger)
@@ -124,10 +152,14 @@ const std::vector<HandValue>& handValues()
     static const std::vector<HandValue> values{
         {"current", Fingers, readOne<&Hand::getFingerCurrent, Word>},
         {"force", ForceFingerCount, readForce},
-        {"position", Fingers, readMotion<&Hand::getFingerPos, Word, false>},
-        {"targetPosition", Fingers, readMotion<&Hand::getFingerPos, Word, true>},
-        {"angle", Fingers, readMotion<&Hand::getFingerAngle, Angle, false, true>},
-        {"targetAngle", Fingers, readMotion<&Hand::getFingerAngle, Angle, true, true>},
+        {"position", Fingers, readMotion<&Hand::getFingerPos, Word, false>,
+         readPositions<Side::Current>},
+        {"targetPosition", Fingers, readMotion<&Hand::getFingerPos, Word, true>,
+         readPositions<Side::Target>},
+        {"angle", Fingers, readMotion<&Hand::getFingerAngle, Angle, false, true>,
+         readAngles<Side::Current>},
+        {"targetAngle", Fingers, readMotion<&Hand::getFingerAngle, Angle, true, true>,
+         readAngles<Side::Target>},
         {"rawPosition", Fingers, readMotion<&Hand::getFingerPosAbs, Word, false>},
         {"rawTarget", Fingers, readMotion<&Hand::getFingerPosAbs, Word, true>},
         {"thumbRootPreset", 0, readPreset},

@@ -21,6 +21,7 @@ std::atomic<int> s_signals = 0;
 std::atomic<bool> s_halt = false;
 std::atomic<bool> s_firstHalts = false;
 std::array<int, 2> s_pipe{-1, -1};
+constexpr std::array EndingSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 void handleSignal(int signal)
 {
@@ -43,7 +44,7 @@ Interruption::Interruption(QObject* parent) : QObject(parent)
     // Without SA_RESTART, so that a blocked write ends.
     struct sigaction action = {};
     action.sa_handler = handleSignal;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+    for (const int signal : EndingSignals)
         sigaction(signal, &action, nullptr);
     action.sa_handler = SIG_IGN;
     sigaction(SIGPIPE, &action, nullptr);
@@ -51,7 +52,7 @@ Interruption::Interruption(QObject* parent) : QObject(parent)
 
 Interruption::~Interruption()
 {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+    for (const int signal : EndingSignals)
         ::signal(signal, SIG_DFL);
     for (int& end : s_pipe)
         close(end);

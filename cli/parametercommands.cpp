@@ -17,9 +17,8 @@ constexpr QLatin1String GainsName("gains");
 
 QStringList knownNames(bool forWriting)
 {
-    QStringList names{GainsName};
-    for (const ParameterDescriptor& descriptor : parameterDescriptors())
-        names.append(QLatin1String(descriptor.name));
+    QStringList names = parameterNames();
+    names.prepend(GainsName);
     if (!forWriting)
         for (const HandValue& value : handValues())
             names.append(QLatin1String(value.name));
@@ -94,6 +93,12 @@ void getHandValue(Tool& tool, const HandValue& value, std::optional<std::uint8_t
     const bool isSingle = finger || value.fingers == 0;
     ValueList list(answer, QLatin1String(value.name), isSingle);
     HandCall call = tool.hand().call();
+    if (!isSingle && value.readAll) { // one exchange, so the values belong to one moment
+        std::uint8_t each = 0;
+        for (const QJsonValue read : value.readAll(call))
+            list.add(each++, read, toText(read));
+        return;
+    }
     const int first = finger.value_or(0);
     const int last = isSingle ? first : value.fingers - 1;
     for (int each = first; each <= last; ++each) {

@@ -9,17 +9,6 @@
 namespace vanto
 {
 
-namespace
-{
-QStringList parameterNames()
-{
-    QStringList names;
-    for (const ParameterDescriptor& descriptor : parameterDescriptors())
-        names.append(QLatin1String(descriptor.name));
-    return names;
-}
-} // namespace
-
 bool runTask(Tool& tool, HandTask& task, Answer& answer)
 {
     using Outcome = HandTask::Outcome;
@@ -92,6 +81,14 @@ QJsonValue toJson(ParameterKind kind, const ParameterValue& value)
     return numbers;
 }
 
+QStringList parameterNames()
+{
+    QStringList names;
+    for (const ParameterDescriptor& descriptor : parameterDescriptors())
+        names.append(QLatin1String(descriptor.name));
+    return names;
+}
+
 QList<ParameterKey> selectParameters(Arguments& arguments, const QStringList& names)
 {
     QList<ParameterKey> selected;
@@ -109,7 +106,7 @@ QList<ParameterKey> selectParameters(Arguments& arguments, const QStringList& na
         }
         if (found == 0)
             arguments.setError(QStringLiteral("There is no parameter '%1'.%2")
-                                   .arg(name, didYouMean(name, parameterNames())));
+                                   .arg(name, didYouMean(name, parameterNames() + fingerNames())));
     }
     if (names.isEmpty())
         for (const ParameterKey& each : allParameterKeys())

@@ -22,6 +22,9 @@ void reportWriting(const ParameterWriter& writer, Answer& answer);
 /// A number, or an array if there are several.
 QJsonValue toJson(ParameterKind kind, const ParameterValue& value);
 
+/// Of all kinds of parameters.
+QStringList parameterNames();
+
 /// The parameters that a list of kinds, fingers and parameters names: "P", "thumb", "P.thumb". All
 /// if the list is empty, without the calibration unless it is named.
 QList<ParameterKey> selectParameters(Arguments& arguments, const QStringList& names);

@@ -97,6 +97,7 @@ void Tool::endLate()
 
 void Tool::endNow()
 {
+    emit sig_ending();
     noteInterruption(*m_answer);
     write();
     std::_Exit(static_cast<int>(m_answer->status()));

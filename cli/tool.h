@@ -45,8 +45,10 @@ public:
     void setHasWritten() { m_hasWritten = true; }
 
 signals:
-    /// SIGINT, SIGTERM or SIGHUP has arrived; nothing more is sent.
+    /// SIGINT, SIGTERM, SIGHUP or SIGQUIT has arrived; nothing more is sent.
     void sig_interrupted();
+    /// The program is about to end without a return from the command.
+    void sig_ending();
 
 private:
     void endLate();

@@ -22,14 +22,16 @@ namespace
 {
 constexpr int EventIntervalMs = 10; ///< while a file is read
 
-/// The folder of a download, which is removed at the end.
-class DownloadFolder
+/// The folder of a download, which is removed at the end, also if a signal ends the transfer.
+class DownloadFolder : public QObject
 {
 public:
-    DownloadFolder() : m_before(QDir::currentPath()) { QDir::setCurrent(m_folder.path()); }
-    ~DownloadFolder() { QDir::setCurrent(m_before); }
-    DownloadFolder(const DownloadFolder&) = delete;
-    DownloadFolder& operator=(const DownloadFolder&) = delete;
+    explicit DownloadFolder(const Tool& tool) : m_before(QDir::currentPath())
+    {
+        QDir::setCurrent(m_folder.path());
+        connect(&tool, &Tool::sig_ending, this, [this] { m_folder.remove(); });
+    }
+    ~DownloadFolder() override { QDir::setCurrent(m_before); }
 
 private:
     QTemporaryDir m_folder;
@@ -179,7 +181,7 @@ void update(Tool& tool, Arguments& arguments, Answer& answer)
     std::optional<DownloadFolder> folder;
     QString path = arguments.values.value(0);
     if (!hasFile) {
-        folder.emplace();
+        folder.emplace(tool);
         path = download(tool, arguments, answer);
         if (answer.hasFailed() || Interruption::isRequested())
             return;

@@ -48,7 +48,7 @@ QString CallText::portLost()
 
 QString CallText::noHand(unsigned node)
 {
-    return BarText::tr("No hand answers at node '0x%1'.").arg(hex(node));
+    return BarText::tr("No hand answers at node %1.").arg(node);
 }
 
 QString CallText::portNotOpened(const QString& port, PROTOCOL_TYPE protocol)

@@ -128,7 +128,7 @@ std::optional<QByteArray> FirmwareDownload::get(const QUrl& address, qint64 maxS
     connect(reply.get(), &QNetworkReply::finished, &m_wait, &QEventLoop::quit);
     connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(),
             [this, reply = reply.get(), maxSize, &isTooLong](qint64 received, qint64 total) {
-                isTooLong = received > maxSize;
+                isTooLong = isTooLong || received > maxSize; // stays so after the abort
                 if (isTooLong)
                     reply->abort();
                 else

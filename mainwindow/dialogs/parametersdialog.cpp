@@ -389,7 +389,7 @@ void ParametersDialog::showReading(const QString& text)
 QString ParametersDialog::obstacle() const
 {
     if (ParameterWriter::isAnyNode(m_subject.target))
-        return tr("Node 0xff is every hand on the bus. Open the hand at its own node to restore "
+        return tr("Node 255 is every hand on the bus. Open the hand at its own node to restore "
                   "its parameters.");
     if (m_isCalibrationUnknown)
         return tr("It is not known which calibration the hand has now, it may be incomplete. Close "

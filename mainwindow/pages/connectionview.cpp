@@ -121,7 +121,7 @@ void ConnectionView::reportOtherHand(const QString& description)
 
 QString ConnectionView::anyNodeHint()
 {
-    return tr("Every hand answers to node 0xff over SerialCtrl.\n"
+    return tr("Every hand answers to node 255 over SerialCtrl.\n"
               "With several hands on the bus, all of them act and their replies collide.");
 }
 

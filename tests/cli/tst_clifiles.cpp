@@ -1,5 +1,6 @@
 #include "clitest.h"
 #include "commandline.h"
+#include "fileserver.h"
 #include "testmain.h"
 
 #include <QDir>
@@ -8,10 +9,9 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 
+#include <algorithm>
 #include <csignal>
 
 namespace vanto
@@ -73,6 +73,24 @@ void TestCliFiles::parameterFiles()
     QFile whole(file);
     QVERIFY(whole.open(QIODevice::ReadOnly));
     auto object = QJsonDocument::fromJson(whole.readAll()).object();
+    // Position limits are those of one hand.
+    auto hand = object["hand"].toObject();
+    const auto restoreLimits = [&](const char* options) {
+        object["hand"] = hand;
+        writeFile(golden, QJsonDocument(object).toJson());
+        m_hand->command("set 2 end 1 3333");
+        m_hand->clearTrace();
+        return cli.run(QString("restore --quiet --only positionLimits %1 %2").arg(golden, options))
+            .status;
+    };
+    QCOMPARE(restoreLimits(""), 0);
+    hand["uid"] = "00112233445566778899AABB";
+    QCOMPARE(restoreLimits("--yes"), 1);
+    hand.remove("uid");
+    QCOMPARE(restoreLimits(""), 2);
+    QVERIFY(writes().isEmpty());
+    QCOMPARE(restoreLimits("--yes"), 0);
+    QCOMPARE(writes().size(), 1);
     for (const QString& key : object.keys())
         if (key != "kind" && key != "schema" && key != "selfTestLevel" && key != "format" &&
             key != "version")
@@ -180,28 +198,16 @@ void TestCliFiles::examples()
 /// Firmware from a server on this machine.
 void TestCliFiles::updateFromServer()
 {
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QMap<QByteArray, QByteArray> files; // by their paths; others are not answered
-    QByteArrayList paths;
-    connect(&server, &QTcpServer::newConnection, this, [&] {
-        auto* socket = server.nextPendingConnection();
-        connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
-            paths.append(socket->readAll().split(' ').value(1));
-            if (!files.contains(paths.constLast()))
-                return;
-            const QByteArray file = files.value(paths.constLast());
-            socket->write(file.isEmpty() ? "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"
-                                         : "HTTP/1.1 200 OK\r\nContent-Length: " +
-                                               QByteArray::number(file.size()) + "\r\n\r\n" + file);
-            socket->disconnectFromHost();
-        });
-    });
+    FileServer server;
+    auto& files = server.answers;
     start();
     CliProcess cli(*m_hand);
+    const QString temporary = path("temporary");
+    QVERIFY(QDir().mkpath(temporary));
+    cli.setVariable("TMPDIR", temporary);
+    cli.setVariable("VANTO_FIRMWARE_SERVER", "http://127.0.0.1:1"); // not this one
     const auto update = [&](const char* options = "") {
-        cli.start("update --yes --quiet --protocol serialctrl --server http://127.0.0.1:" +
-                  QString::number(server.serverPort()) + options);
+        cli.start("update --yes --quiet --protocol serialctrl --server " + server.url() + options);
         cli.process().closeWriteChannel();
         (void)QTest::qWaitFor([&] { return cli.process().state() == QProcess::NotRunning; },
                               60'000);
@@ -214,25 +220,41 @@ void TestCliFiles::updateFromServer()
         const auto result = update();
         return result.errors == "vantoctl: " + error + '\n' && result.status == 5;
     };
-    QVERIFY(fails({{list, {}}}, "Error when reading version file from server."));
-    QVERIFY(fails({{list, "{"}}, "Error when parsing version file."));
-    QVERIFY(fails(
-        {{list, R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})"}, {image, {}}},
-        "Error when reading firmware file from server."));
-    files[image] = "damaged";
+    const QByteArray missing = Http::answer({}, Http::NotFound);
+    QVERIFY(fails({{list, missing}}, "Error when reading version file from server."));
+    QVERIFY(fails({{list, Http::answer("{")}}, "Error when parsing version file."));
+    const QByteArray good =
+        Http::answer(R"({"hand":{"version":"1.4.8","desc":"none","file":"hand.upd"}})");
+    QVERIFY(
+        fails({{list, good}, {image, missing}}, "Error when reading firmware file from server."));
+    files[image] = Http::answer("damaged");
     QCOMPARE(update().status, 5);
     QCOMPARE(update(" --type other").status, 2);
     QVERIFY(m_hand->command("boot").contains("probes=0"));
     QFile sample(SAMPLE);
     QVERIFY(sample.open(QFile::ReadOnly));
-    files[image] = sample.readAll();
+    files[image] = Http::answer(sample.readAll());
     auto result = update();
     QVERIFY2(result.status == 0, qPrintable(result.errors));
     QCOMPARE(m_hand->command("image /dev/null"), "ok 4096");
     m_hand->command("boot leave");
+    // A signal ends the transfer.
+    m_hand->command("fault late ms=60000 stage=record");
+    m_hand->clearTrace();
+    QTimer transfer;
+    connect(&transfer, &QTimer::timeout, this, [&] {
+        const auto requests = m_hand->requests();
+        if (std::ranges::count(requests, "boot", &TracedFrame::protocol) < 3)
+            return;
+        transfer.stop();
+        cli.sendSignal(SIGINT);
+    });
+    transfer.start(10);
+    QCOMPARE(update(" --no-backup").status, 130);
+    QVERIFY(QDir(temporary).isEmpty());
+    m_hand->command("boot leave");
     // A server that does not answer.
     files.clear();
-    paths.clear();
     connect(&server, &QTcpServer::newConnection, this,
             [&] { QTimer::singleShot(100, &server, [&] { cli.sendSignal(SIGINT); }); });
     result = update();

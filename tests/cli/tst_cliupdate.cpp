@@ -6,6 +6,9 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <csignal>
+
+#include <sys/stat.h>
 
 namespace vanto
 {
@@ -20,6 +23,7 @@ private slots:
     void statuses();
     void backups();
     void calibrationWaitsForReboot();
+    void lostReplyIsNoReboot();
     void keyIsMasked_data();
     void keyIsMasked();
 
@@ -90,20 +94,49 @@ void TestCliUpdate::backups()
              qPrintable(result.errors));
     QVERIFY(!json(result).contains("backup"));
     QCOMPARE(requestsToHand().size(), 1);
+    // The cable is pulled during the backup.
+    m_hand->command("clear");
+    m_hand->command("boot leave");
+    m_hand->command("fault late ms=60000 count=0 skip=6");
+    m_hand->clearTrace();
+    cli.start("update --yes --protocol serialctrl " SAMPLE);
+    QTRY_VERIFY_WITH_TIMEOUT(requestsToHand().size() > 6, 20'000);
+    m_hand->command("unplug");
+    result = cli.finish();
+    QCOMPARE(result.errors.count("The parameters were not backed up."), 1);
+    QCOMPARE(result.status, 4);
 }
 
 /// A hand that still answers has not begun to reboot; stage 1 would be lost.
 void TestCliUpdate::calibrationWaitsForReboot()
 {
     start();
-    writeFile(path("key"), "1A2B");
-    CliProcess cli(*m_hand, 20);
-    const auto result =
-        cli.run("calibrate --yes --protocol serialctrl --json --key-file " + path("key"));
+    m_hand->command("set 2 reboot-time 4000"); // several time-outs
+    const QString pipe = path("pipe");
+    QCOMPARE(mkfifo(qPrintable(pipe), S_IRUSR | S_IWUSR), 0);
+    QProcess writer;
+    writer.start("bash", {"-c", "echo 1A2B > " + pipe});
+    CliProcess cli(*m_hand, 10);
+    const auto result = cli.run("calibrate --yes --protocol serialctrl --json --key-file " + pipe);
+    QVERIFY(writer.waitForFinished());
     QVERIFY2(result.status == 0, qPrintable(result.errors));
     QVERIFY(QFile::exists(json(result)["backup"].toString()));
     QCOMPARE(m_hand->command("get 2 calibrations"), "ok 1");
     QCOMPARE(m_hand->command("get 2 stage"), "ok 3");
+}
+
+void TestCliUpdate::lostReplyIsNoReboot()
+{
+    start();
+    writeFile(path("key"), "1A2B");
+    m_hand->command("set 2 reboot-time 0"); // as if it had not begun to reboot
+    m_hand->command("fault drop command=0x22");
+    CliProcess cli(*m_hand, 40);
+    cli.start("calibrate --yes --no-backup --protocol serialctrl --key-file " + path("key"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_hand->frames({0x22}).size() > 20, 20'000);
+    cli.sendSignal(SIGINT);
+    QCOMPARE(cli.finish().status, 130);
+    QVERIFY(m_hand->frames({0x63}).isEmpty());
 }
 
 void TestCliUpdate::keyIsMasked_data()

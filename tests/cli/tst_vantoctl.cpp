@@ -22,7 +22,7 @@ struct OutputRow {
 constexpr OutputRow outputRows[] = {
     {"get current 0", "06 00", "", "\\d+\n"},
     {"get current-limit little", "05 04", "", "\\d+\n"},
-    {"get position", "0b 00|0b 01|0b 02|0b 03|0b 04|0b 05", "", "(\\w+ 0\n){6}"},
+    {"get position", "0f 06", "", "(\\w+ 0\n){6}"},
     {"get batteryVoltage", "24 ", "", "7400\n"},
     {"get selfTestLevel", "20 ", "", "[012]\n"},
     {"beep", "62 f401", "1010: 01f4"},
@@ -117,6 +117,10 @@ void TestVantoctl::usage_data()
         {"get force 5", "The thumb root has no such value."},
         {"set current 1 5", "'current' can only be read."},
         {"set P 1 nan", "P"},
+        {"set curentLimit 1 5", "Did you mean 'currentLimit'?"},
+        {"restore --only thum %1", "Did you mean 'thumb'?"},
+        {"diff --tolerance curentLimit=3 %1", "Did you mean 'currentLimit'?"},
+        {"calibrate --yes --key-file %1", "Invalid calibration key"}, // before the backup
         {"set selfTestLevel 3", "selfTestLevel"},
         {"set calibration 1", "calibration"},
         {"set-id 255", "from 2 to 254"},
@@ -167,7 +171,7 @@ void TestVantoctl::automaticProtocol()
     m_hand->clearTrace();
     const auto result = cli.run("beep --node 77");
     QCOMPARE(result.status, 3);
-    QCOMPARE(result.errors, "vantoctl: No hand answers at node '0x4d'.\n");
+    QCOMPARE(result.errors, "vantoctl: No hand answers at node 77.\n");
     QVERIFY(m_hand->modbusWrites().isEmpty() && m_hand->frames({0x62}).isEmpty());
     const auto found = cli.run("scan --nodes 1-3 --json");
     QCOMPARE(found.status, 0);

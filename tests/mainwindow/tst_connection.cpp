@@ -323,7 +323,7 @@ void TestConnection::openNode_data()
                 {{"7", "Basic info loaded", "2"},
                  {"0x7", "Basic info loaded", "2"},
                  {"2", "Basic info loaded", "1"}, // is listed already
-                 {"9", "No hand answers at node '0x09'.", "1"},
+                 {"9", "No hand answers at node 9.", "1"},
                  {"256", "Enter a number from 0 to 255.", "1"},
                  {"abc", "Enter a number from 0 to 255.", "1"},
                  {"0", "Node 0 is available only over SerialCtrl. Choose this protocol.", "1"}});

@@ -466,7 +466,7 @@ void TestParameters::anyNode()
     clearRecords();
     compare("before.json", [&](ParametersDialog* dialog) {
         QVERIFY(!dialog->findChild<QPushButton*>("pushButton_Restore")->isEnabled());
-        QVERIFY(stateOf(dialog).startsWith("Node 0xff is every hand on the bus."));
+        QVERIFY(stateOf(dialog).startsWith("Node 255 is every hand on the bus."));
     });
     QCOMPARE(frames(writeCommands()), QStringList());
 }

@@ -76,7 +76,7 @@ void TestScan::findsAllHands()
              (QStringList{"Basic info loaded", "Setting loaded", "Running info loaded"}));
 }
 
-/// Node numbers are hexadecimal wherever they are shown.
+/// Node numbers are hexadecimal in the list and in the messages of operations.
 void TestScan::entryTexts()
 {
     DeviceEntry entry{0x1F, "SerialCtrl", 1, 4, 300, 3, 2};

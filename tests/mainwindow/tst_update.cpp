@@ -1,3 +1,4 @@
+#include "fileserver.h"
 #include "firmwaredownload.h"
 #include "handtest.h"
 #include "testmain.h"
@@ -5,8 +6,6 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QProgressDialog>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -15,9 +14,9 @@ namespace vanto
 
 namespace
 {
-constexpr const char* Ok = "200 OK";
-constexpr const char* Cut = "200 OK, but cut";
-constexpr const char* Silent = "";
+using Http::Cut;
+using Http::Ok;
+using Http::Silent;
 constexpr const char* NoList = "Error when reading version file from server.";
 constexpr const char* BadList = "Error when parsing version file.";
 constexpr const char* NoFile = "Error when reading firmware file from server.";
@@ -41,15 +40,6 @@ QByteArray sample()
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QByteArray http(const QByteArray& body, const char* status = Ok)
-{
-    const QByteArray length = QByteArray::number(body.size() + (status == Cut ? 1 : 0));
-    return status == Silent
-               ? QByteArray()
-               : QByteArray("HTTP/1.1 ") + status +
-                     "\r\nLocation: /elsewhere\r\nContent-Length: " + length + "\r\n\r\n" + body;
-}
-
 /// A version file with this many types.
 QByteArray longList(int types)
 {
@@ -64,45 +54,12 @@ QByteArray list(const QByteArray& file)
     return R"({"hand":{"version":"1.4.8","desc":"none","file":)" + file + "}}";
 }
 
-/// Answers a request for a path with its bytes in `answers`, and does not answer others.
-/// With `drips` set, a byte of the body at a time.
-struct Server : QTcpServer {
-    Server()
-    {
-        listen(QHostAddress::LocalHost);
-        qputenv("VANTO_FIRMWARE_SERVER", "127.0.0.1:" + QByteArray::number(serverPort()) + '/');
-        connect(this, &QTcpServer::newConnection, this, [this] {
-            auto* socket = nextPendingConnection();
-            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
-                paths.append(socket->readAll().split(' ').value(1));
-                if (paths.constLast().endsWith(".upd") && drips) {
-                    drip(socket);
-                    return;
-                }
-                socket->write(answers.value(paths.constLast()));
-                if (!answers.value(paths.constLast()).isEmpty())
-                    socket->disconnectFromHost();
-            });
-        });
-    }
-    static void drip(QTcpSocket* socket)
-    {
-        socket->write("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
-        auto* timer = new QTimer(socket);
-        connect(timer, &QTimer::timeout, socket, [socket] { socket->write("0"); });
-        timer->start(20);
-    }
-    QMap<QByteArray, QByteArray> answers;
-    QByteArrayList paths;
-    bool drips = false;
-};
-
 struct Download {
     const char *list, *listStatus, *file, *fileStatus, *failure, *hardware = "1B01", *link = "";
 };
 const QMap<const char*, Download> Downloads{
     {"good", {Name, Ok, "image", Ok, ""}},
-    {"list 404", {Name, "404 Not Found", "", Ok, NoList}},
+    {"list 404", {Name, Http::NotFound, "", Ok, NoList}},
     {"list elsewhere", {Name, "302 Found", "", Ok, NoList}},
     {"list not sent", {Name, Silent, "", Ok, NoList}},
     {"list cut", {Name, Cut, "", Ok, NoList}},
@@ -235,15 +192,15 @@ void TestUpdate::downloads()
         QVERIFY(QDir().mkpath(QFileInfo(row.link).path()));
         QVERIFY(QFile::link(elsewhere.path() + (strchr(row.link, '%') ? "/new" : ""), row.link));
     }
-    Server server;
+    FileServer server;
     server.drips = row.file == QByteArray("drips");
     const QByteArray root = QByteArray("/firmwares/") + row.hardware;
     const QByteArray whole = strchr("[{", *row.list) ? row.list
                              : isdigit(*row.list)    ? longList(QByteArray(row.list).toInt() - 1)
                              : *row.list == 'l'      ? QByteArray(2 << 20, ' ') + list(Name)
                                                      : list(row.list);
-    server.answers = {{root + "/latest_version.json", http(whole, row.listStatus)},
-                      {root + "/a%201%25%3F%23.upd", http(row.file, row.fileStatus)}};
+    server.answers = {{root + "/latest_version.json", Http::answer(whole, row.listStatus)},
+                      {root + "/a%201%25%3F%23.upd", Http::answer(row.file, row.fileStatus)}};
     using namespace std::chrono_literals;
     FirmwareDownload download(row.hardware,
                               {row.listStatus == Silent ? 300ms : 30s, server.drips ? 3s : 60s});
@@ -266,9 +223,9 @@ void TestUpdate::procedure()
     QFETCH(Procedure, row);
     expectTimeouts(300); // the boot loader does not answer requests
     open();
-    Server server;
-    server.answers = {{"/firmwares/1B01/latest_version.json", http(list(R"("hand.upd")"))},
-                      {"/firmwares/1B01/hand.upd", http(sample())}};
+    FileServer server;
+    server.answers = {{"/firmwares/1B01/latest_version.json", Http::answer(list(R"("hand.upd")"))},
+                      {"/firmwares/1B01/hand.upd", Http::answer(sample())}};
     if (row.setUp == "unread")
         m_tool->find<QLineEdit>("lineEdit_BasicHardwareTypeVersion")->clear();
     if (row.setUp == "no port")
@@ -337,9 +294,9 @@ void TestUpdate::duringTheTransfer()
 void TestUpdate::portsRefreshed()
 {
     open();
-    Server server;
+    FileServer server;
     QElapsedTimer sinceAction;
-    connect(&server, &Server::newConnection, m_tool->window(), [&] {
+    connect(&server, &FileServer::newConnection, m_tool->window(), [&] {
         sinceAction.start();
         m_tool->click("pushButton_RefreshPorts");
     });
@@ -352,9 +309,9 @@ void TestUpdate::portsRefreshed()
 void TestUpdate::cancelled()
 {
     open();
-    Server server;
+    FileServer server;
     server.drips = true;
-    server.answers = {{"/firmwares/1B01/latest_version.json", http(list(R"("hand.upd")"))}};
+    server.answers = {{"/firmwares/1B01/latest_version.json", Http::answer(list(R"("hand.upd")"))}};
     QTimer watch;
     connect(&watch, &QTimer::timeout, m_tool->window(), [this] {
         const auto* dialog = m_tool->window()->findChild<QProgressDialog*>("downloadDialog");

@@ -51,7 +51,8 @@ void CliProcess::start(const QString& words, const QByteArray& input)
 
 void CliProcess::sendSignal(int number) const
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), number);
+    if (m_process.processId() > 0) // 0 would be the test and what it has started
+        ::kill(static_cast<pid_t>(m_process.processId()), number);
 }
 
 CliProcess::Result CliProcess::finish()
