@@ -1072,9 +1072,9 @@ Neu laden auf der Seite Allgemein versucht sofort, den Port zu öffnen.</transla
         <translation>Der Port ist wieder da. Die Hand antwortet noch nicht.</translation>
     </message>
     <message>
-        <source>Every hand answers to node 0xff over SerialCtrl.
+        <source>Every hand answers to node 255 over SerialCtrl.
 With several hands on the bus, all of them act and their replies collide.</source>
-        <translation>Über SerialCtrl antwortet jede Hand auf Knoten 0xff.
+        <translation>Über SerialCtrl antwortet jede Hand auf Knoten 255.
 Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</translation>
     </message>
 </context>
@@ -1192,8 +1192,8 @@ Sind mehrere Hände am Bus, handeln alle und ihre Antworten kollidieren.</transl
         <translation>Geräte suchen</translation>
     </message>
     <message>
-        <source>No hand answers at node &apos;0x%1&apos;.</source>
-        <translation>An Knoten „0x%1“ antwortet keine Hand.</translation>
+        <source>No hand answers at node %1.</source>
+        <translation>An Knoten %1 antwortet keine Hand.</translation>
     </message>
 </context>
 <context>
@@ -1589,6 +1589,10 @@ Unterstützte Protokolle:</translation>
         <source>%1 min</source>
         <translation>%1 min</translation>
     </message>
+    <message>
+        <source>Recording stopped because the monitor is hidden: %1 samples in &apos;%2&apos;.</source>
+        <translation>Aufzeichnung beendet, weil der Monitor ausgeblendet ist: %1 Abtastungen in „%2“.</translation>
+    </message>
 </context>
 <context>
     <name>vanto::MonitorPlot</name>
@@ -1906,10 +1910,6 @@ Sind Sie sicher, dass die Datei von dieser Hand stammt?</translation>
         <translation>Nicht versucht: %1</translation>
     </message>
     <message>
-        <source>Node 0xff is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
-        <translation>Knoten 0xff ist jede Hand am Bus. Öffnen Sie die Hand an ihrem eigenen Knoten, um ihre Parameter wiederherzustellen.</translation>
-    </message>
-    <message>
         <source>The connection has changed. Close this dialog and compare again.</source>
         <translation>Die Verbindung hat sich geändert. Schließen Sie diesen Dialog und vergleichen Sie erneut.</translation>
     </message>
@@ -1938,6 +1938,10 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>The hand has no unique id, so it may be another one now. Close this dialog and compare again.</source>
         <translation>Die Hand hat keine eindeutige Kennung und kann jetzt eine andere sein. Diesen Dialog schließen und erneut vergleichen.</translation>
+    </message>
+    <message>
+        <source>Node 255 is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
+        <translation>Knoten 255 ist jede Hand am Bus. Öffnen Sie die Hand an ihrem eigenen Knoten, um ihre Parameter wiederherzustellen.</translation>
     </message>
 </context>
 <context>
@@ -2402,6 +2406,10 @@ Werte der Datei wiederherstellen?</translation>
     <message>
         <source>Recent Se&amp;quences</source>
         <translation>&amp;Zuletzt geöffnete Sequenzen</translation>
+    </message>
+    <message>
+        <source>The draft %1 is damaged.</source>
+        <translation>Der Entwurf %1 ist beschädigt.</translation>
     </message>
 </context>
 <context>

@@ -1072,9 +1072,9 @@ Reload on the Basic page tries to open the port at once.</source>
         <translation>ポートは復帰しましたが、ハンドはまだ応答しません。</translation>
     </message>
     <message>
-        <source>Every hand answers to node 0xff over SerialCtrl.
+        <source>Every hand answers to node 255 over SerialCtrl.
 With several hands on the bus, all of them act and their replies collide.</source>
-        <translation>SerialCtrl では、すべてのハンドがノード 0xff に応答します。
+        <translation>SerialCtrl では、すべてのハンドがノード 255 に応答します。
 バスに複数のハンドがあると、すべてが動作し、応答が衝突します。</translation>
     </message>
 </context>
@@ -1192,8 +1192,8 @@ With several hands on the bus, all of them act and their replies collide.</sourc
         <translation>デバイスをスキャン</translation>
     </message>
     <message>
-        <source>No hand answers at node &apos;0x%1&apos;.</source>
-        <translation>ノード「0x%1」で応答するハンドはありません。</translation>
+        <source>No hand answers at node %1.</source>
+        <translation>ノード %1 で応答するハンドはありません。</translation>
     </message>
 </context>
 <context>
@@ -1589,6 +1589,10 @@ Supported protocol:</source>
         <source>%1 min</source>
         <translation>%1 分</translation>
     </message>
+    <message>
+        <source>Recording stopped because the monitor is hidden: %1 samples in &apos;%2&apos;.</source>
+        <translation>モニターが非表示になったため、記録を終了しました: %1 件のサンプル、「%2」。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::MonitorPlot</name>
@@ -1906,10 +1910,6 @@ Are you sure that the file is from this hand?</source>
         <translation>未試行: %1</translation>
     </message>
     <message>
-        <source>Node 0xff is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
-        <translation>ノード 0xff はバス上のすべてのハンドを表します。パラメーターを復元するには、ハンド自身のノードで開いてください。</translation>
-    </message>
-    <message>
         <source>The connection has changed. Close this dialog and compare again.</source>
         <translation>接続が変わりました。このダイアログを閉じて、もう一度比較してください。</translation>
     </message>
@@ -1938,6 +1938,10 @@ Restore those of the file?</source>
     <message>
         <source>The hand has no unique id, so it may be another one now. Close this dialog and compare again.</source>
         <translation>ハンドに固有 ID がないため、別のハンドに変わっている可能性があります。このダイアログを閉じて、もう一度比較してください。</translation>
+    </message>
+    <message>
+        <source>Node 255 is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
+        <translation>ノード 255 はバス上のすべてのハンドを表します。パラメーターを復元するには、ハンド自身のノードで開いてください。</translation>
     </message>
 </context>
 <context>
@@ -2402,6 +2406,10 @@ Restore those of the file?</source>
     <message>
         <source>Recent Se&amp;quences</source>
         <translation>最近使ったシーケンス(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>The draft %1 is damaged.</source>
+        <translation>下書き %1 は破損しています。</translation>
     </message>
 </context>
 <context>

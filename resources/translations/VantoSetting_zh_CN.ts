@@ -985,11 +985,11 @@ and log in again.</source>
     </message>
     <message>
         <source>The hand does not answer. Check its power.</source>
-        <translation>机械手无应答。请检查其电源。</translation>
+        <translation>灵巧手无应答。请检查其电源。</translation>
     </message>
     <message>
         <source>The hand answers again</source>
-        <translation>机械手恢复应答</translation>
+        <translation>灵巧手恢复应答</translation>
     </message>
     <message>
         <source>Reconnected</source>
@@ -997,7 +997,7 @@ and log in again.</source>
     </message>
     <message>
         <source>Another hand answers (%1). It has not been opened.</source>
-        <translation>另一只机械手在应答（%1）。未打开它。</translation>
+        <translation>另一只灵巧手在应答（%1）。未打开它。</translation>
     </message>
     <message>
         <source>Choose a port and click Scan.</source>
@@ -1005,16 +1005,16 @@ and log in again.</source>
     </message>
     <message>
         <source>Hands that answer are added to the devices. Stop ends the scan.</source>
-        <translation>应答的机械手会加入设备列表。停止按钮结束扫描。</translation>
+        <translation>应答的灵巧手会加入设备列表。停止按钮结束扫描。</translation>
     </message>
     <message>
         <source>The hand is ready.</source>
-        <translation>机械手已就绪。</translation>
+        <translation>灵巧手已就绪。</translation>
     </message>
     <message>
         <source>Check the hand&apos;s power and its side of the cable.
 It is asked once a second until it answers.</source>
-        <translation>请检查机械手的电源及其一侧的电缆。
+        <translation>请检查灵巧手的电源及其一侧的电缆。
 在应答之前每秒询问一次。</translation>
     </message>
     <message>
@@ -1049,7 +1049,7 @@ Reload on the Basic page tries to open the port at once.</source>
     </message>
     <message>
         <source>No hand chosen</source>
-        <translation>未选择机械手</translation>
+        <translation>未选择灵巧手</translation>
     </message>
     <message>
         <source>Connection: %1</source>
@@ -1072,9 +1072,9 @@ Reload on the Basic page tries to open the port at once.</source>
         <translation>端口已恢复，但手尚未应答。</translation>
     </message>
     <message>
-        <source>Every hand answers to node 0xff over SerialCtrl.
+        <source>Every hand answers to node 255 over SerialCtrl.
 With several hands on the bus, all of them act and their replies collide.</source>
-        <translation>通过 SerialCtrl，每只手都会应答节点 0xff。
+        <translation>通过 SerialCtrl，每只手都会应答节点 255。
 总线上有多只手时，它们都会动作，应答会冲突。</translation>
     </message>
 </context>
@@ -1192,8 +1192,8 @@ With several hands on the bus, all of them act and their replies collide.</sourc
         <translation>扫描设备</translation>
     </message>
     <message>
-        <source>No hand answers at node &apos;0x%1&apos;.</source>
-        <translation>节点“0x%1”没有机械手应答。</translation>
+        <source>No hand answers at node %1.</source>
+        <translation>节点 %1 没有灵巧手应答。</translation>
     </message>
 </context>
 <context>
@@ -1589,6 +1589,10 @@ Supported protocol:</source>
         <source>%1 min</source>
         <translation>%1 分钟</translation>
     </message>
+    <message>
+        <source>Recording stopped because the monitor is hidden: %1 samples in &apos;%2&apos;.</source>
+        <translation>监视器已隐藏，录制已停止：%1 个采样，“%2”。</translation>
+    </message>
 </context>
 <context>
     <name>vanto::MonitorPlot</name>
@@ -1906,10 +1910,6 @@ Are you sure that the file is from this hand?</source>
         <translation>未尝试：%1</translation>
     </message>
     <message>
-        <source>Node 0xff is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
-        <translation>节点 0xff 代表总线上的所有灵巧手。请以灵巧手自身的节点打开它，再恢复其参数。</translation>
-    </message>
-    <message>
         <source>The connection has changed. Close this dialog and compare again.</source>
         <translation>连接已改变。请关闭此对话框并重新比较。</translation>
     </message>
@@ -1938,6 +1938,10 @@ Restore those of the file?</source>
     <message>
         <source>The hand has no unique id, so it may be another one now. Close this dialog and compare again.</source>
         <translation>灵巧手没有唯一标识，现在可能已是另一只。请关闭此对话框并重新比较。</translation>
+    </message>
+    <message>
+        <source>Node 255 is every hand on the bus. Open the hand at its own node to restore its parameters.</source>
+        <translation>节点 255 代表总线上的所有灵巧手。请以灵巧手自身的节点打开它，再恢复其参数。</translation>
     </message>
 </context>
 <context>
@@ -2402,6 +2406,10 @@ Restore those of the file?</source>
     <message>
         <source>Recent Se&amp;quences</source>
         <translation>最近的序列(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>The draft %1 is damaged.</source>
+        <translation>草稿 %1 已损坏。</translation>
     </message>
 </context>
 <context>
