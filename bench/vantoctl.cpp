@@ -195,8 +195,10 @@ bool measureEnds(HandProcess& hand, const char* what, const QStringList& words)
         if (!process.waitForStarted())
             return false;
         while (hand.requests().size() < Running)
-            if (process.waitForFinished(1))
+            if (process.waitForFinished(1)) {
+                std::fprintf(stderr, "%s: the hand has not answered in time\n", what);
                 return false;
+            }
         QElapsedTimer timer;
         timer.start();
         ::kill(static_cast<pid_t>(process.processId()), SIGINT);
