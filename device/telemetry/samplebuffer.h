@@ -38,13 +38,19 @@ std::vector<Extent> reduceToColumns(std::size_t first, std::size_t end, std::int
         return {};
     std::vector<Extent> extents(static_cast<std::size_t>(columns));
     const double columnsPerUs = columns / static_cast<double>(toUs - fromUs);
-    for (std::size_t row = first; row < end; ++row) {
-        const std::int64_t time = timeAt(row);
-        if (time >= toUs)
-            break;
-        const auto column =
-            static_cast<std::size_t>(static_cast<double>(time - fromUs) * columnsPerUs);
-        add(row, extents[std::min(column, extents.size() - 1)]);
+    std::size_t row = first;
+    while (row < end && timeAt(row) < toUs) {
+        const auto place =
+            static_cast<std::size_t>(static_cast<double>(timeAt(row) - fromUs) * columnsPerUs);
+        const std::size_t column = std::min(place, extents.size() - 1);
+        // Comparisons with the end of the column are faster than a multiplication for each row.
+        const double columnEnd = static_cast<double>(column + 1) / columnsPerUs;
+        const std::int64_t endUs = std::min(fromUs + static_cast<std::int64_t>(columnEnd), toUs);
+        Extent extent = extents[column];
+        do
+            add(row++, extent);
+        while (row < end && timeAt(row) < endUs);
+        extents[column] = extent;
     }
     return extents;
 }

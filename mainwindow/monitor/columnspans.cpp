@@ -1,6 +1,9 @@
 #include "columnspans.h"
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace vanto
 {

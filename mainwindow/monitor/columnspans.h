@@ -39,8 +39,8 @@ struct PixelScale {
 
 namespace ColumnSpans
 {
-/// The span of the line in each of `size` columns. Parts of the time are joined unless there is a
-/// gap between them.
+/// The span of the line in each of `width` pixel columns. Parts of the time are joined unless there
+/// is a gap between them.
 std::vector<PixelSpan> of(const ExtentLine& line, const PixelScale& x, const PixelScale& y,
                           int width, int height);
 } // namespace ColumnSpans
