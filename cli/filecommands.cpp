@@ -221,11 +221,20 @@ void reportObstacles(Tool& tool, const QList<ParameterRow>& rows, const QList<Pa
     }
 }
 
+/// Whether --only names position limits, not just a finger.
+bool namesLimits(const Arguments& arguments)
+{
+    return std::ranges::any_of(arguments.list("--only"), [](const QString& name) {
+        return ParameterNames::parseKind(name.section(QLatin1Char('.'), 0, 0)) ==
+               ParameterKind::PositionLimits;
+    });
+}
+
 void restore(Tool& tool, Arguments& arguments, Answer& answer)
 {
     const bool isLimited = arguments.has("--only");
     const bool withCalibration = arguments.has("--with-calibration");
-    const auto only = parseOnly(arguments);
+    auto only = parseOnly(arguments);
     if (isLimited && !withCalibration &&
         only.contains(ParameterKey{ParameterKind::Calibration, {}}))
         arguments.setError(QStringLiteral("Restoring the calibration needs --with-calibration."));
@@ -233,16 +242,21 @@ void restore(Tool& tool, Arguments& arguments, Answer& answer)
     if (!arguments.error().isEmpty() || !readFile(arguments.values.constFirst(), file, answer))
         return;
     const auto hand = readHand(tool, answer);
-    const auto isOfOneHand = [&file](const ParameterKey& key) {
-        return describe(key.kind).belongsToOneHand() && file.value(key) &&
-               key.kind != ParameterKind::Calibration;
-    };
-    if (!hand ||
-        !isAllowed(tool, arguments, *hand, file,
-                   withCalibration || (isLimited && std::ranges::any_of(only, isOfOneHand)),
-                   answer))
+    if (!hand)
         return;
+    const auto isLimits = [](const ParameterKey& key) {
+        return key.kind == ParameterKind::PositionLimits;
+    };
+    const bool isOfHand = calibrationRule(hand->hand, file.hand) == CalibrationRule::SameHand;
+    if (!isOfHand && !namesLimits(arguments) && only.removeIf(isLimits) > 0)
+        tool.output().note(QStringLiteral("Position limits are not restored, because the file may "
+                                          "be from another hand."));
     const auto rows = compareParameters(*hand, file);
+    const bool wantsLimits = std::ranges::any_of(rows, [&](const ParameterRow& row) {
+        return isLimits(row.key) && only.contains(row.key) && differs(row);
+    });
+    if (!isAllowed(tool, arguments, *hand, file, withCalibration || wantsLimits, answer))
+        return;
     const auto chosen = chooseRows(rows, isLimited, only, withCalibration);
     QList<ParameterKey> keys;
     for (const ParameterRow& row : chosen)

@@ -7,6 +7,7 @@
 #include "taskrun.h"
 
 #include <QJsonArray>
+#include <QLocale>
 
 namespace vanto
 {
@@ -72,16 +73,13 @@ QString toText(const QJsonValue& value)
     if (value.isString())
         return value.toString();
     if (value.isDouble())
-        return QString::number(value.toDouble());
+        return QString::number(value.toDouble(), 'f', QLocale::FloatingPointShortest);
     QStringList parts;
+    for (const QJsonValue element : value.toArray())
+        parts.append(toText(element));
     const QJsonObject object = value.toObject();
-    for (auto each = object.begin(); each != object.end(); ++each) {
-        if (each.value().isArray())
-            for (const QJsonValue element : each.value().toArray())
-                parts.append(toText(element));
-        else
-            parts.append(toText(each.value()));
-    }
+    for (auto each = object.begin(); each != object.end(); ++each)
+        parts << each.key() << toText(each.value());
     return parts.join(QLatin1Char(' '));
 }
 

@@ -50,7 +50,8 @@ HandScan::Outcome HandScan::run(const QString& port, const Generation::Token& to
                 continue;
             if (!tryNode(port, {protocol, static_cast<std::uint8_t>(node), token}))
                 return Outcome::PortNotOpened;
-            emit sig_pause();
+            if (token.isCurrent()) // otherwise what waits for the line comes first
+                emit sig_pause();
             if (!token.isCurrent())
                 return Outcome::Superseded;
         }

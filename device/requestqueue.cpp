@@ -57,7 +57,7 @@ void RequestQueue::dropRequests()
 
 void RequestQueue::openWaitingDialogs()
 {
-    if (Conversation::isActive())
+    if (Conversation::isActive() || m_held)
         return;
     emit ConversationMonitor::instance().sig_pause();
     for (const Kind kind : {Kind::About, Kind::Theme}) {

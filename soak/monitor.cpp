@@ -14,9 +14,10 @@ namespace vanto
 namespace
 {
 constexpr int LoopCheckMs = 20;
-constexpr qint64 GapLimitMs = 500;    ///< allowed blocking time of the event loop
-constexpr double FarFromPlace = 1024; ///< ticks; a halt reads a moving finger before it writes
-constexpr qint64 MaxGapMs = 5000;     ///< not explained by a busy machine
+constexpr qint64 GapLimitMs = 500;     ///< allowed blocking time of the event loop
+constexpr qint64 ThemeChangeMs = 3000; ///< from the choice of a theme until it is shown
+constexpr double FarFromPlace = 1024;  ///< ticks; a halt reads a moving finger before it writes
+constexpr qint64 MaxGapMs = 5000;      ///< not explained by a busy machine
 
 qint64 processorMs()
 {
@@ -195,7 +196,7 @@ void Monitor::checkEventLoop()
     m_processorMs += used;
     m_longestGapMs = std::max(m_longestGapMs, gap);
     const qint64 limitMs = m_themeChanges ? 2 * m_limitMs : m_limitMs;
-    if (used > m_limitMs / 4)
+    if (m_sinceThemeChange.hasExpired(ThemeChangeMs))
         m_themeChanges = false;
     if (gap > limitMs && (!m_busyMachine || used > limitMs || gap > MaxGapMs)) {
         addFinding(QStringLiteral("the event loop was blocked for %1 ms, with %2 ms of processor "

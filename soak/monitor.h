@@ -58,7 +58,11 @@ public:
     /// Doubles the limit for a blocked event loop once, with sanitizers: the theme is about to
     /// change. Qt polishes all widgets in one call and allocates much memory for it, and the
     /// sanitizers make that three times as slow.
-    void expectThemeChange() { m_themeChanges = Sanitized; }
+    void expectThemeChange()
+    {
+        m_themeChanges = Sanitized;
+        m_sinceThemeChange.start();
+    }
     void addFinding(const QString& finding);
     const QStringList& findings() const { return m_findings; }
     int exchanges() const { return m_exchanges; }
@@ -81,6 +85,7 @@ private:
     QTimer m_loopTimer;
     QElapsedTimer m_sinceCheck;
     bool m_themeChanges = false;
+    QElapsedTimer m_sinceThemeChange;
     const char* m_action = "";
     QElapsedTimer m_sinceAction;
     qint64 m_limitMs;

@@ -206,7 +206,8 @@ bool CalibrationProcedure::pressButtonAndWait(const HandTarget& target, std::uin
     slices.start(EventSliceMs);
     while (!deadline.hasExpired() && target.isCurrent()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        emit ConversationMonitor::instance().sig_pause();
+        if (target.isCurrent()) // otherwise what waits for the line comes first
+            emit ConversationMonitor::instance().sig_pause();
     }
     return true;
 }

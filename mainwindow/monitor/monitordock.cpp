@@ -99,11 +99,15 @@ MonitorDock::MonitorDock(DeviceSession* session, StatusReporter* reporter,
     connect(&m_actions, &ActionMarkers::sig_marker, this, &MonitorDock::addMarker);
     connect(this, &QDockWidget::visibilityChanged, this, &MonitorDock::startOrStop);
     // Hidden by the user, it sends nothing; this signal also comes from the end of the program.
-    connect(toggleViewAction(), &QAction::toggled, this, [this] {
-        if (isHidden() && m_recorder.isRecording())
-            stopRecording(
-                tr("Recording stopped because the monitor is hidden: %1 samples in '%2'."));
-    });
+    // Queued: a dock that is taken out of the window is hidden for a moment.
+    connect(
+        toggleViewAction(), &QAction::toggled, this,
+        [this] {
+            if (isHidden() && m_recorder.isRecording())
+                stopRecording(
+                    tr("Recording stopped because the monitor is hidden: %1 samples in '%2'."));
+        },
+        Qt::QueuedConnection);
     connect(session, &DeviceSession::sig_opened, this, &MonitorDock::beginHand);
     connect(&ActionMonitor::instance(), &ActionMonitor::sig_action, this, &MonitorDock::noteTarget);
     connect(limits, &CurrentLimits::sig_changed, this, [this] { m_changed = true; });
@@ -335,6 +339,8 @@ void MonitorDock::stopRecording(const QString& message)
 
 void MonitorDock::chooseRecordingPath()
 {
+    if (m_recorder.isRecording())
+        return; // since the click
     const QString proposal =
         QStringLiteral("recording-%1.csv")
             .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
@@ -345,7 +351,9 @@ void MonitorDock::chooseRecordingPath()
 
 void MonitorDock::startRecording(const QString& path)
 {
-    show(); // samples are taken only while it is visible
+    if (m_recorder.isRecording())
+        return; // another choice was confirmed first
+    show();     // samples are taken only while it is visible
     const QString failure = m_recorder.start(path, m_reader.channels());
     if (!failure.isEmpty())
         IdleTask::once(

@@ -86,11 +86,7 @@ void RecordingView::savePicture(const MonitorPlot* plot, QWidget* parent)
             Modeless::showBox(parent, QMessageBox::Critical,
                               tr("The picture could not be saved in '%1'.").arg(path), failure);
     };
-    IdleTask::once(parent, [=] {
-        Modeless::saveFile(parent, choice, [=](const QString& path) {
-            IdleTask::once(parent, [=] { save(path); });
-        });
-    });
+    IdleTask::once(parent, [=] { Modeless::saveFile(parent, choice, save); });
 }
 
 } // namespace vanto

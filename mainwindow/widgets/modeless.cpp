@@ -87,7 +87,8 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
     files->setOption(QFileDialog::DontConfirmOverwrite); // its own question is modal
     QObject::connect(files, &QFileDialog::filterSelected, files,
                      [files](const QString& nameFilter) { followFilter(files, nameFilter); });
-    const auto confirm = [parent, save = std::move(save)](const QString& path) {
+    const auto confirm = [parent, schedule = choice.schedule,
+                          save = std::move(save)](const QString& path) {
         if (!QFile::exists(path))
             return save(path);
         auto* const question = showBox(
@@ -95,7 +96,12 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
             QCoreApplication::translate("vanto::Modeless", "'%1' already exists.").arg(path),
             QCoreApplication::translate("vanto::Modeless", "Do you want to replace it?"),
             QMessageBox::Yes | QMessageBox::No);
-        QObject::connect(question, &QDialog::accepted, parent, [save, path] { save(path); });
+        QObject::connect(question, &QDialog::accepted, parent, [=] {
+            if (schedule)
+                schedule(parent, [=] { save(path); });
+            else
+                save(path);
+        });
     };
     connectChosen(files, parent, choice, confirm);
     files->show();

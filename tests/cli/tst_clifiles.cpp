@@ -30,6 +30,14 @@ QString partOf(const QString& text, const QString& what, const QString& command)
         .match(text)
         .captured();
 }
+
+CliProcess::Result runUpdate(CliProcess& cli, const FileServer& server, const char* options = "")
+{
+    cli.start("update --yes --quiet --protocol serialctrl --server " + server.url() + options);
+    cli.process().closeWriteChannel();
+    (void)QTest::qWaitFor([&] { return cli.process().state() == QProcess::NotRunning; }, 60'000);
+    return cli.finish();
+}
 } // namespace
 
 /// Files, examples, documentation and completions of vantoctl.
@@ -39,9 +47,11 @@ class TestCliFiles : public CliTest
 private slots:
     void cleanup() { close(); }
     void parameterFiles();
+    void positionLimits();
     void documentation();
     void examples();
     void updateFromServer();
+    void silentServer();
     void generated();
 };
 
@@ -73,24 +83,6 @@ void TestCliFiles::parameterFiles()
     QFile whole(file);
     QVERIFY(whole.open(QIODevice::ReadOnly));
     auto object = QJsonDocument::fromJson(whole.readAll()).object();
-    // Position limits are those of one hand.
-    auto hand = object["hand"].toObject();
-    const auto restoreLimits = [&](const char* options) {
-        object["hand"] = hand;
-        writeFile(golden, QJsonDocument(object).toJson());
-        m_hand->command("set 2 end 1 3333");
-        m_hand->clearTrace();
-        return cli.run(QString("restore --quiet --only positionLimits %1 %2").arg(golden, options))
-            .status;
-    };
-    QCOMPARE(restoreLimits(""), 0);
-    hand["uid"] = "00112233445566778899AABB";
-    QCOMPARE(restoreLimits("--yes"), 1);
-    hand.remove("uid");
-    QCOMPARE(restoreLimits(""), 2);
-    QVERIFY(writes().isEmpty());
-    QCOMPARE(restoreLimits("--yes"), 0);
-    QCOMPARE(writes().size(), 1);
     for (const QString& key : object.keys())
         if (key != "kind" && key != "schema" && key != "selfTestLevel" && key != "format" &&
             key != "version")
@@ -106,6 +98,36 @@ void TestCliFiles::parameterFiles()
     QCOMPARE(cli.run("backup /nowhere/file").status, 5);
     QCOMPARE(cli.run("report " + path("report.json")).status, 0);
     QVERIFY(QFile::exists(path("report.json")));
+}
+
+/// Position limits are those of one hand.
+void TestCliFiles::positionLimits()
+{
+    start();
+    CliProcess cli(*m_hand);
+    const QString golden = path("limits.json");
+    QCOMPARE(cli.run("backup " + golden).status, 0);
+    QFile whole(golden);
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    auto object = QJsonDocument::fromJson(whole.readAll()).object();
+    auto hand = object["hand"].toObject();
+    const auto restoreLimits = [&](const char* options, const char* names = "positionLimits") {
+        object["hand"] = hand;
+        writeFile(golden, QJsonDocument(object).toJson());
+        m_hand->command("set 2 end 1 3333");
+        m_hand->clearTrace();
+        return cli.run(QString("restore --quiet --only %1 %2 %3").arg(names, golden, options))
+            .status;
+    };
+    QCOMPARE(restoreLimits(""), 0);
+    hand["uid"] = "00112233445566778899AABB";
+    QCOMPARE(restoreLimits("--yes"), 1);
+    QCOMPARE(restoreLimits("", "index"), 0); // its limits stay as they are
+    hand.remove("uid");
+    QCOMPARE(restoreLimits(""), 2);
+    QVERIFY(writes().isEmpty());
+    QCOMPARE(restoreLimits("--yes"), 0);
+    QCOMPARE(writes().size(), 1);
 }
 
 /// The examples of the documentation: commands, and their output with "..." for any text.
@@ -206,13 +228,7 @@ void TestCliFiles::updateFromServer()
     QVERIFY(QDir().mkpath(temporary));
     cli.setVariable("TMPDIR", temporary);
     cli.setVariable("VANTO_FIRMWARE_SERVER", "http://127.0.0.1:1"); // not this one
-    const auto update = [&](const char* options = "") {
-        cli.start("update --yes --quiet --protocol serialctrl --server " + server.url() + options);
-        cli.process().closeWriteChannel();
-        (void)QTest::qWaitFor([&] { return cli.process().state() == QProcess::NotRunning; },
-                              60'000);
-        return cli.finish();
-    };
+    const auto update = [&](const char* options = "") { return runUpdate(cli, server, options); };
     const QByteArray list = "/firmwares/1B01/latest_version.json";
     const QByteArray image = "/firmwares/1B01/hand.upd";
     const auto fails = [&](const QMap<QByteArray, QByteArray>& served, const QString& error) {
@@ -234,7 +250,7 @@ void TestCliFiles::updateFromServer()
     QFile sample(SAMPLE);
     QVERIFY(sample.open(QFile::ReadOnly));
     files[image] = Http::answer(sample.readAll());
-    auto result = update();
+    const auto result = update();
     QVERIFY2(result.status == 0, qPrintable(result.errors));
     QCOMPARE(m_hand->command("image /dev/null"), "ok 4096");
     m_hand->command("boot leave");
@@ -252,12 +268,17 @@ void TestCliFiles::updateFromServer()
     transfer.start(10);
     QCOMPARE(update(" --no-backup").status, 130);
     QVERIFY(QDir(temporary).isEmpty());
-    m_hand->command("boot leave");
-    // A server that does not answer.
-    files.clear();
+}
+
+/// A signal ends the wait for a server that does not answer.
+void TestCliFiles::silentServer()
+{
+    FileServer server;
+    start();
+    CliProcess cli(*m_hand);
     connect(&server, &QTcpServer::newConnection, this,
             [&] { QTimer::singleShot(100, &server, [&] { cli.sendSignal(SIGINT); }); });
-    result = update();
+    const auto result = runUpdate(cli, server);
     QCOMPARE(result.status, 130);
     QCOMPARE(result.errors, "vantoctl: Interrupted.\n");
 }

@@ -71,7 +71,7 @@ void TestCliMotion::interruptions()
     const auto sent = moves();
     for (const int number : signalNumbers) {
         cli.sendSignal(number);
-        QTest::qWait(30); // a signal that is pending is not delivered twice
+        QTRY_VERIFY_WITH_TIMEOUT(!cli.hasPendingSignal(), 20'000);
     }
     QCOMPARE(cli.finish().status, 130);
     // The positions at which the fingers stand are written twice, over Modbus after the speeds.
@@ -332,7 +332,8 @@ void TestCliMotion::batchSilentHalt()
     const QString first = result.output.section('\n', 0, 0);
     QVERIFY2(first.contains(QString("\"status\":%1").arg(status)), qPrintable(result.output));
     QVERIFY2(result.output.contains("until 'continue'"), qPrintable(result.output));
-    QCOMPARE(m_hand->frames({0x49, 0x4C}).size(), slowCommand == 0x49 ? 1 : 0);
+    QCOMPARE(m_hand->frames({0x4C}), QStringList());
+    QVERIFY(m_hand->frames({0x49}).isEmpty() || slowCommand == 0x49);
 }
 
 void TestCliMotion::batchNodes()

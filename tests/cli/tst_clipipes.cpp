@@ -105,7 +105,8 @@ void TestCliPipes::blockedMonitor()
     CliProcess cli(*m_hand);
     cli.process().setStandardOutputFile(createPipe());
     QVERIFY(m_reader >= 0);
-    const auto result = cli.run("monitor --rate 100 --for 3 --fields current,position,angle,force");
+    const auto result = cli.run("monitor --rate 100 --for 3 --format jsonl "
+                                "--fields current,position,angle,force");
     QCOMPARE(result.status, 0);
     QVERIFY(isPipeFull());
     const QStringList words = result.errors.split(' '); // "9 samples in 3.000 s, 291 late"

@@ -27,10 +27,11 @@ constexpr OutputRow outputRows[] = {
     {"get selfTestLevel", "20 ", "", "[012]\n"},
     {"get force", "08 0001|08 0101|08 0201|08 0301|08 0401", "",
      "thumb 10\nindex 15\nmiddle 20\nthird 25\nlittle 30\n"},
-    {"get thumbRootPreset", "0d ", "", "(465 0|0 255)\n"}, // the units of the protocols differ
+    {"get thumbRootPreset", "0d ", "",
+     "position (465 preset 0|0 preset 255)\n"}, // the units of the protocols differ
     {"get protocolVersion", "00 ", "", "(3\\.1|1\\.0)\n"},
     {"get uid", "23 ", nullptr, "00430022484E560120383550\n"},
-    {"get usage", "25 06", nullptr, "100 111 122 133 144 155 4200\n"},
+    {"get usage", "25 06", nullptr, "fingers 100 111 122 133 144 155 total 4200\n"},
     {"beep", "62 f401", "1010: 01f4"},
     {"beep 20", "62 1400", "1010: 0014"},
     {"reset", "40 00", "1014: 0000"},

@@ -23,6 +23,21 @@ namespace
 constexpr int FingerStart = 0x49;
 constexpr int FingerStop = 0x4A;
 constexpr int WritePositions = 0x50;
+
+/// Runs the event loop. Returns what was written to standard error.
+QByteArray errorsUntilEnd()
+{
+    QTemporaryFile errors;
+    if (!errors.open())
+        return "no file";
+    const int saved = dup(STDERR_FILENO);
+    dup2(errors.handle(), STDERR_FILENO);
+    QApplication::exec();
+    dup2(saved, STDERR_FILENO);
+    ::close(saved);
+    errors.seek(0);
+    return errors.readAll();
+}
 } // namespace
 
 /// The halt of the real window, against hands that move.
@@ -406,15 +421,7 @@ void TestHalt::exit()
         });
         m_tool->click("pushButton_BasicReloadBasic");
     });
-    QTemporaryFile errors;
-    QVERIFY(errors.open());
-    const int savedErrors = dup(STDERR_FILENO);
-    dup2(errors.handle(), STDERR_FILENO);
-    QApplication::exec();
-    dup2(savedErrors, STDERR_FILENO);
-    ::close(savedErrors);
-    errors.seek(0);
-    QCOMPARE(errors.readAll().contains("Switch the power off."), hangs);
+    QCOMPARE(errorsUntilEnd().contains("Switch the power off."), hangs);
     QVERIFY(idle());
     QVERIFY(frames({FingerStop}).size() > tries || hand != "2");
     if (hangs) // it ends all the same

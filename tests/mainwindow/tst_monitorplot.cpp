@@ -28,6 +28,7 @@ private slots:
     void overlay();
     void extremeRecording();
     void paintsBetweenExchanges();
+    void asksBetweenExchanges();
     void columns();
 
 public slots:
@@ -224,6 +225,16 @@ void TestMonitorPlot::paintsBetweenExchanges()
         QTRY_VERIFY(acted && m_replots[0] > 0);
         QCOMPARE(m_replots[1], 0);
     }
+}
+
+/// No dialog of the monitor opens during an exchange.
+void TestMonitorPlot::asksBetweenExchanges()
+{
+    open();
+    showMonitor();
+    if (!m_plot)
+        QSKIP("built without plots");
+    asFastAsPossible();
     duringExchange([&] { m_tool->click("pushButton_MonitorPicture"); });
     const auto* dock = m_tool->find<QDockWidget>("dock_Monitor");
     QTRY_VERIFY(dock->findChild<QFileDialog*>());

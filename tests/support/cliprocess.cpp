@@ -3,6 +3,8 @@
 #include "handprocess.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -53,6 +55,14 @@ void CliProcess::sendSignal(int number) const
 {
     if (m_process.processId() > 0) // 0 would be the test and what it has started
         ::kill(static_cast<pid_t>(m_process.processId()), number);
+}
+
+bool CliProcess::hasPendingSignal() const
+{
+    QFile status(QString("/proc/%1/status").arg(m_process.processId()));
+    static const QRegularExpression pending("ShdPnd:\\s*0*[1-9a-f]");
+    return status.open(QIODevice::ReadOnly) &&
+           QString::fromLatin1(status.readAll()).contains(pending);
 }
 
 CliProcess::Result CliProcess::finish()

@@ -28,6 +28,8 @@ public:
     void start(const QString& words, const QByteArray& input = {});
     QProcess& process() { return m_process; }
     void sendSignal(int number) const;
+    /// Whether a signal has not been handled yet; another one of its number would be lost.
+    bool hasPendingSignal() const;
     Result finish();
     Result run(const QString& words, const QByteArray& input = {});
 
