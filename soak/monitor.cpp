@@ -121,7 +121,7 @@ void Monitor::checkTrace()
         const bool halts = m_haltFrames.accept(frame) && m_haltAllowed && keepsPlaces(frame);
         m_haltWrites += m_quiet && halts && HaltFrames::isMotion(frame);
         if (m_quiet && HaltFrames::isMotion(frame) && !halts)
-            addFinding(QStringLiteral("unexpected motion: ") + hexOf(frame));
+            addFinding(describeMotion(frame));
     }
     keepLastMarks();
     m_processorMs = processorMs();
@@ -164,6 +164,19 @@ void Monitor::checkWrite(const TracedFrame& request)
         });
     if (!isAllowed)
         addFinding(QStringLiteral("written without its tick: ") + hexOf(request));
+}
+
+/// An unexpected motion, with what a halt would have to agree with.
+QString Monitor::describeMotion(const TracedFrame& request) const
+{
+    QStringList places;
+    for (const double place : HandProcess::positionsAt(m_marks, request.node, request.ms))
+        places.append(QString::number(qRound(place)));
+    return QStringLiteral("unexpected motion: %1; node %2, the fingers at %3, halt %4")
+        .arg(hexOf(request))
+        .arg(request.node)
+        .arg(places.join(QLatin1Char(' ')),
+             QLatin1String(m_haltAllowed ? "allowed" : "not allowed"));
 }
 
 /// Whether the request writes to every finger where it is at that time.

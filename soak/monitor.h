@@ -79,6 +79,7 @@ private:
     void checkEventLoop();
     void checkWrite(const TracedFrame& request);
     bool keepsPlaces(const TracedFrame& request) const;
+    QString describeMotion(const TracedFrame& request) const;
     void keepLastMarks();
 
     HandProcess& m_hand;
