@@ -52,7 +52,11 @@ QString Monkey::randomSequenceFile()
 {
     const QDir examples(QStringLiteral(VANTO_EXAMPLES));
     const QStringList files = examples.entryList(QDir::Files);
-    return examples.absoluteFilePath(files.value(randomBelow(static_cast<int>(files.size()))));
+    const QString name = files.value(randomBelow(static_cast<int>(files.size())));
+    // A copy, because the window proposes to save a sequence where it comes from.
+    const QString copy = QDir::current().absoluteFilePath(name);
+    QFile::copy(examples.absoluteFilePath(name), copy); // unless it exists
+    return copy;
 }
 
 void Monkey::selectRow()
