@@ -10,6 +10,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <utility>
 
 namespace vanto
 {
@@ -247,14 +248,17 @@ void restore(Tool& tool, Arguments& arguments, Answer& answer)
     const auto isLimits = [](const ParameterKey& key) {
         return key.kind == ParameterKind::PositionLimits;
     };
-    const bool isOfHand = calibrationRule(hand->hand, file.hand) == CalibrationRule::SameHand;
-    if (!isOfHand && !namesLimits(arguments) && only.removeIf(isLimits) > 0)
-        tool.output().note(QStringLiteral("Position limits are not restored, because the file may "
-                                          "be from another hand."));
     const auto rows = compareParameters(*hand, file);
-    const bool wantsLimits = std::ranges::any_of(rows, [&](const ParameterRow& row) {
+    bool wantsLimits = std::ranges::any_of(rows, [&](const ParameterRow& row) {
         return isLimits(row.key) && only.contains(row.key) && differs(row);
     });
+    const bool isOfHand = calibrationRule(hand->hand, file.hand) == CalibrationRule::SameHand;
+    if (!isOfHand && !namesLimits(arguments)) {
+        only.removeIf(isLimits);
+        if (std::exchange(wantsLimits, false))
+            tool.output().note(QStringLiteral("Position limits are not restored, because the file "
+                                              "may be from another hand."));
+    }
     if (!isAllowed(tool, arguments, *hand, file, withCalibration || wantsLimits, answer))
         return;
     const auto chosen = chooseRows(rows, isLimited, only, withCalibration);

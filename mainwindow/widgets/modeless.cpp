@@ -36,18 +36,15 @@ void followFilter(QFileDialog* files, const QString& nameFilter)
                                                 files->defaultSuffix()));
 }
 
-/// Calls `next` with the chosen file.
-void connectChosen(QFileDialog* files, QWidget* parent, const Modeless::FileChoice& choice,
-                   std::function<void(const QString&)> next)
+/// Calls `next` when the choice allows it.
+std::function<void(const QString&)> scheduled(QWidget* parent, const Modeless::FileChoice& choice,
+                                              const std::function<void(const QString&)>& next)
 {
-    const auto run = [parent, schedule = choice.schedule,
-                      next = std::move(next)](const QString& path) {
-        if (schedule)
-            schedule(parent, [next, path] { next(path); });
-        else
-            next(path);
+    if (!choice.schedule)
+        return next;
+    return [parent, schedule = choice.schedule, next](const QString& path) {
+        schedule(parent, [next, path] { next(path); });
     };
-    QObject::connect(files, &QFileDialog::fileSelected, parent, run);
 }
 
 /// Null if a dialog of the parent is open already; it is raised then.
@@ -78,7 +75,7 @@ QMessageBox* Modeless::showBox(QWidget* parent, QMessageBox::Icon icon, const QS
 }
 
 void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
-                        std::function<void(const QString&)> save)
+                        const std::function<void(const QString&)>& save)
 {
     QFileDialog* const files = newFileDialog(parent, choice);
     if (!files)
@@ -87,8 +84,8 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
     files->setOption(QFileDialog::DontConfirmOverwrite); // its own question is modal
     QObject::connect(files, &QFileDialog::filterSelected, files,
                      [files](const QString& nameFilter) { followFilter(files, nameFilter); });
-    const auto confirm = [parent, schedule = choice.schedule,
-                          save = std::move(save)](const QString& path) {
+    const auto confirm = [parent, save,
+                          later = scheduled(parent, choice, save)](const QString& path) {
         if (!QFile::exists(path))
             return save(path);
         auto* const question = showBox(
@@ -96,25 +93,20 @@ void Modeless::saveFile(QWidget* parent, const FileChoice& choice,
             QCoreApplication::translate("vanto::Modeless", "'%1' already exists.").arg(path),
             QCoreApplication::translate("vanto::Modeless", "Do you want to replace it?"),
             QMessageBox::Yes | QMessageBox::No);
-        QObject::connect(question, &QDialog::accepted, parent, [=] {
-            if (schedule)
-                schedule(parent, [=] { save(path); });
-            else
-                save(path);
-        });
+        QObject::connect(question, &QDialog::accepted, parent, [later, path] { later(path); });
     };
-    connectChosen(files, parent, choice, confirm);
+    QObject::connect(files, &QFileDialog::fileSelected, parent, scheduled(parent, choice, confirm));
     files->show();
 }
 
 void Modeless::openFile(QWidget* parent, const FileChoice& choice,
-                        std::function<void(const QString&)> open)
+                        const std::function<void(const QString&)>& open)
 {
     QFileDialog* const files = newFileDialog(parent, choice);
     if (!files)
         return;
     files->setFileMode(QFileDialog::ExistingFile);
-    connectChosen(files, parent, choice, std::move(open));
+    QObject::connect(files, &QFileDialog::fileSelected, parent, scheduled(parent, choice, open));
     files->show();
 }
 

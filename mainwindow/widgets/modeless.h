@@ -26,8 +26,10 @@ struct FileChoice {
     std::function<void(QObject* context, const std::function<void()>& next)> schedule = {};
 };
 /// Asks before a file is replaced.
-void saveFile(QWidget* parent, const FileChoice& choice, std::function<void(const QString&)> save);
-void openFile(QWidget* parent, const FileChoice& choice, std::function<void(const QString&)> open);
+void saveFile(QWidget* parent, const FileChoice& choice,
+              const std::function<void(const QString&)>& save);
+void openFile(QWidget* parent, const FileChoice& choice,
+              const std::function<void(const QString&)>& open);
 
 /// Raises the dialog of a type that is open already; returns whether there is one.
 template<class Dialog>
