@@ -11,7 +11,7 @@ if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
     exit 2
 fi
 
-scripts/packages.sh build fuzz
+scripts/packages.sh build clang
 cmake --preset fuzz --log-level=NOTICE
 cmake --build --preset fuzz
 

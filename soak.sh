@@ -8,7 +8,7 @@ cd "$(dirname "$0")"
 
 minutes=${1:?usage: $0 MINUTES [SEED]}
 seed=${2:-$RANDOM}
-scripts/packages.sh build window
+scripts/packages.sh build window clang
 cmake --preset asan --log-level=NOTICE
 cmake --build --preset asan --target vanto-soak vanto-hand vantoctl
 

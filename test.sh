@@ -17,7 +17,7 @@ elif [[ ${1:-} == --lint ]]; then
     exec scripts/lint.sh "$@"
 fi
 
-scripts/packages.sh build window test
+scripts/packages.sh build window test clang
 if [[ -n ${VANTO_WARNINGS_AS_ERRORS:-} ]]; then
     cmake --preset release --log-level=NOTICE
     cmake --build --preset release --target VantoSetting vantoctl vanto-hand

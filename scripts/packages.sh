@@ -11,8 +11,9 @@ declare -A packages=(
     [window]="qt6-svg-plugins|libqt6svg6 fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n
         ca-certificates"
     [test]="libmodbus-dev mold python3-jsonschema"
+    # The sanitizers' library is a package of the compiler's version; llvm shows the lines in stacks.
+    [clang]="clang libclang-rt-VERSION-dev llvm"
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
-    [fuzz]="clang"
     [coverage]="gcovr"
     [format]="clang-format git"
     [tidy]="clang-tidy"
@@ -24,6 +25,10 @@ fi
 
 installed() {
     [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+}
+
+clang_version() {
+    apt-cache depends clang 2>/dev/null | sed --quiet 's/.*Depends: clang-\([0-9]*\)$/\1/p'
 }
 
 # Of alternatives separated by |, prints the first that is installed or available, or else the last.
@@ -47,6 +52,7 @@ find_missing() {
     missing=()
     for group in "$@"; do
         for package in ${packages[$group]:?no such group}; do
+            [[ $package != *VERSION* ]] || package=${package/VERSION/$(clang_version)}
             package=$(choose "$package")
             installed "$package" || missing+=("$package")
         done

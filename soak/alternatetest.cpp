@@ -98,7 +98,7 @@ void Alternation::useOnce(int program)
     startProgram(child, program);
     if (m_random.bounded(KillOneIn) == 0) {
         child.waitForStarted(ProgramTimeoutMs);
-        QThread::msleep(m_random.bounded(LongestUseMs));
+        QThread::msleep(static_cast<unsigned long>(m_random.bounded(LongestUseMs)));
         const bool runs = child.state() == QProcess::Running;
         child.kill();
         child.waitForFinished(ProgramTimeoutMs);

@@ -12,7 +12,7 @@ namespace vanto
 namespace
 {
 constexpr double LongestDrift = 64; ///< ticks
-constexpr double NearTarget = 256;
+constexpr int NearTarget = 256;
 constexpr double Rounding = 4; ///< ticks; of marks, and of the times between them
 constexpr int FingerStart = 0x49;
 constexpr int CommandOffset = 4;

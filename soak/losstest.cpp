@@ -230,7 +230,7 @@ void LossCampaign::beginUse()
     const int page = m_use == OnSettingPage ? SettingTab
                      : m_use == OnRunPage   ? RunTab
                      : m_use == InPlayback  ? SequenceTab
-                     : m_use == UnderDialog ? std::array{BasicTab, RunTab}[between(0, 1)]
+                     : m_use == UnderDialog ? (between(0, 1) == 0 ? BasicTab : RunTab)
                                             : BasicTab;
     m_driver.showPage(page);
     const auto later = [this](auto act) { QTimer::singleShot(0, m_driver.window(), act); };

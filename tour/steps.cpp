@@ -363,7 +363,7 @@ QString wire(TourRunner& tour)
     return statistics;
 }
 
-constexpr std::array steps{
+constexpr std::array AllSteps{
     Step{"start", start},
     Step{"theme", theme},
     Step{"port", port},
@@ -391,7 +391,7 @@ constexpr std::array steps{
 
 std::span<const Step> tourSteps()
 {
-    return steps;
+    return AllSteps;
 }
 
 QStringList tourHandOptions(bool modbus)

@@ -20,7 +20,7 @@ using Http::Silent;
 constexpr const char* NoList = "Error when reading version file from server.";
 constexpr const char* BadList = "Error when parsing version file.";
 constexpr const char* NoFile = "Error when reading firmware file from server.";
-constexpr const char* Name = R"("a 1%?#.upd")";
+constexpr const char* FileName = R"("a 1%?#.upd")";
 constexpr const char* NotSaved = "Error when saving firmware file.";
 
 /// A letter for each dialog of the update.
@@ -46,7 +46,7 @@ QByteArray longList(int types)
     QByteArray text = "{";
     for (int i = 0; i < types; ++i)
         text += "\"" + QByteArray::number(i) + "\":{},";
-    return text + "\"hand\":{\"file\":" + Name + "}}";
+    return text + "\"hand\":{\"file\":" + FileName + "}}";
 }
 
 QByteArray list(const QByteArray& file)
@@ -58,17 +58,17 @@ struct Download {
     const char *list, *listStatus, *file, *fileStatus, *failure, *hardware = "1B01", *link = "";
 };
 const QMap<const char*, Download> Downloads{
-    {"good", {Name, Ok, "image", Ok, ""}},
-    {"list 404", {Name, Http::NotFound, "", Ok, NoList}},
-    {"list elsewhere", {Name, "302 Found", "", Ok, NoList}},
-    {"list not sent", {Name, Silent, "", Ok, NoList}},
-    {"list cut", {Name, Cut, "", Ok, NoList}},
+    {"good", {FileName, Ok, "image", Ok, ""}},
+    {"list 404", {FileName, Http::NotFound, "", Ok, NoList}},
+    {"list elsewhere", {FileName, "302 Found", "", Ok, NoList}},
+    {"list not sent", {FileName, Silent, "", Ok, NoList}},
+    {"list cut", {FileName, Cut, "", Ok, NoList}},
     {"list damaged", {"{", Ok, "", Ok, BadList}},
     {"list an array", {"[1]", Ok, "", Ok, BadList}},
-    {"file 500", {Name, Ok, "image", "500 Oh", NoFile}},
-    {"file cut", {Name, Ok, "image", Cut, NoFile}},
-    {"file empty", {Name, Ok, "", Ok, NoFile}},
-    {"file in drips", {Name, Ok, "drips", Ok, NoFile}},
+    {"file 500", {FileName, Ok, "image", "500 Oh", NoFile}},
+    {"file cut", {FileName, Ok, "image", Cut, NoFile}},
+    {"file empty", {FileName, Ok, "", Ok, NoFile}},
+    {"file in drips", {FileName, Ok, "drips", Ok, NoFile}},
     {"list of 1000", {"1000", Ok, "image", Ok, ""}},
     {"list too long", {"1001", Ok, "image", Ok, BadList}},
     {"list too large", {"large", Ok, "image", Ok, NoList}},
@@ -76,11 +76,11 @@ const QMap<const char*, Download> Downloads{
     {"folder", {R"("..")", Ok, "image", Ok, NotSaved}},
     {"other folder", {R"("../a")", Ok, "image", Ok, NotSaved}},
     {"backslash", {R"("a\\b")", Ok, "image", Ok, NotSaved}},
-    {"hardware elsewhere", {Name, Ok, "image", Ok, NotSaved, "../1B01"}},
-    {"folder unwritable", {Name, Ok, "image", Ok, NotSaved, "unwritable"}},
-    {"folder linked", {Name, Ok, "image", Ok, NotSaved, "1B01", "downloaded"}},
-    {"hardware linked", {Name, Ok, "image", Ok, NotSaved, "1B01", "downloaded/1B01"}},
-    {"file linked", {Name, Ok, "image", Ok, NotSaved, "1B01", "downloaded/1B01/a 1%?#.upd"}},
+    {"hardware elsewhere", {FileName, Ok, "image", Ok, NotSaved, "../1B01"}},
+    {"folder unwritable", {FileName, Ok, "image", Ok, NotSaved, "unwritable"}},
+    {"folder linked", {FileName, Ok, "image", Ok, NotSaved, "1B01", "downloaded"}},
+    {"hardware linked", {FileName, Ok, "image", Ok, NotSaved, "1B01", "downloaded/1B01"}},
+    {"file linked", {FileName, Ok, "image", Ok, NotSaved, "1B01", "downloaded/1B01/a 1%?#.upd"}},
 };
 
 struct Procedure {
@@ -197,7 +197,7 @@ void TestUpdate::downloads()
     const QByteArray root = QByteArray("/firmwares/") + row.hardware;
     const QByteArray whole = strchr("[{", *row.list) ? row.list
                              : isdigit(*row.list)    ? longList(QByteArray(row.list).toInt() - 1)
-                             : *row.list == 'l'      ? QByteArray(2 << 20, ' ') + list(Name)
+                             : *row.list == 'l'      ? QByteArray(2 << 20, ' ') + list(FileName)
                                                      : list(row.list);
     server.answers = {{root + "/latest_version.json", Http::answer(whole, row.listStatus)},
                       {root + "/a%201%25%3F%23.upd", Http::answer(row.file, row.fileStatus)}};

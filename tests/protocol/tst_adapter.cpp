@@ -29,7 +29,7 @@ constexpr ReplyLimits Stretched = ReplyLimits().scaled(6);
 class tst_adapter : public QObject
 {
     Q_OBJECT
-    const LineHold m_line; ///< adapters are called directly
+    const LineHold m_line{}; ///< adapters are called directly
 
 private slots:
     void initTestCase() { QVERIFY2(m_hand.start(), qPrintable(m_hand.errorText())); }

@@ -149,7 +149,7 @@ QByteArray replyFrame(char command, const QByteArray& payload)
 class tst_commands : public QObject
 {
     Q_OBJECT
-    const LineHold m_line; ///< adapters are called directly
+    const LineHold m_line{}; ///< adapters are called directly
 
 private slots:
     void exchanges_data() { addRows(exchangeRows); }

@@ -20,7 +20,7 @@ constexpr int NodeOfAll = 255;
 class tst_handmotion : public QObject
 {
     Q_OBJECT
-    const LineHold m_line; ///< adapters are called directly
+    const LineHold m_line{}; ///< adapters are called directly
 
 private slots:
     void stop_data() { addOption("--latch-stop"); }

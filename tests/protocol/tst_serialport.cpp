@@ -15,7 +15,7 @@ namespace vanto
 class tst_serialport : public QObject
 {
     Q_OBJECT
-    const LineHold m_line; ///< adapters are called directly
+    const LineHold m_line{}; ///< adapters are called directly
 
 private slots:
     void init()

@@ -118,7 +118,7 @@ Context masterOf(const HandProcess& hand, int node)
 class tst_interop : public QObject
 {
     Q_OBJECT
-    const LineHold m_line; ///< adapters are called directly
+    const LineHold m_line{}; ///< adapters are called directly
 
 private slots:
     void slave_data() { addRows(slaveRows); }

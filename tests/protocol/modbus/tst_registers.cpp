@@ -154,7 +154,7 @@ constexpr BrokenRow brokenRows[] = {
 class tst_registers : public QObject
 {
     Q_OBJECT
-    const LineHold m_line; ///< adapters are called directly
+    const LineHold m_line{}; ///< adapters are called directly
 
 private slots:
     void init();
