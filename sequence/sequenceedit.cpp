@@ -93,7 +93,7 @@ SequenceEdit SequenceEdit::move(const SequenceData& data, const QList<int>& rows
     const int first = rows.constFirst() + (up ? distance : 0);
     const SequenceEdit edit = editOf(data, first, rows.constLast() - rows.constFirst() + 2);
     QList<int> order = numbersBelow(edit.before.size());
-    const auto shift = [&](int moved) { order.swapItemsAt(moved - first, moved - first + distance); };
+    const auto shift = [&](int old) { order.swapItemsAt(old - first, old - first + distance); };
     if (up)
         std::for_each(rows.begin(), rows.end(), shift);
     else
