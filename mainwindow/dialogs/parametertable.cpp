@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
 
 namespace vanto
 {
@@ -32,6 +33,29 @@ bool wasTried(const WrittenParameter& result)
 {
     return result.result != WrittenParameter::Result::NotTried;
 }
+
+/// Keeps the sizes of rows and columns while it exists. Otherwise Qt measures all cells again after
+/// each change of one.
+class SizePause
+{
+public:
+    explicit SizePause(const QTableWidget* table)
+        : m_headers{table->horizontalHeader(), table->verticalHeader()}
+    {
+        setMode(QHeaderView::Fixed);
+    }
+    ~SizePause() { setMode(QHeaderView::ResizeToContents); }
+    Q_DISABLE_COPY_MOVE(SizePause)
+
+private:
+    void setMode(QHeaderView::ResizeMode mode)
+    {
+        for (QHeaderView* header : m_headers)
+            header->setSectionResizeMode(mode);
+    }
+
+    std::array<QHeaderView*, 2> m_headers;
+};
 } // namespace
 
 ParameterTable::ParameterTable(QWidget* parent) : QTableWidget(parent)
@@ -113,6 +137,7 @@ void ParameterTable::build()
 {
     const int current = currentRow();
     {
+        const SizePause pause(this);
         const QSignalBlocker blocker(this);
         setRowCount(0);
         m_equal.clear();
@@ -169,6 +194,7 @@ int ParameterTable::lineOf(const ParameterKey& key) const
 void ParameterTable::updateTicks()
 {
     {
+        const SizePause pause(this);
         const QSignalBlocker blocker(this);
         for (int i = 0; i < m_rows.size(); ++i) {
             if (!m_rows[i].canTick())
@@ -221,6 +247,7 @@ void ParameterTable::showEqualRows(bool shown)
 
 void ParameterTable::updateHidden()
 {
+    const SizePause pause(this);
     for (int line = 0; line < rowCount(); ++line)
         setRowHidden(line, m_equal[line] && !m_showEqual);
 }
