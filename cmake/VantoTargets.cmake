@@ -37,44 +37,60 @@ if(VANTO_QUICK_BUILD)
     endif()
 endif()
 
-# vanto_header_library(NAME LIBRARIES...): headers that take longer to parse than a file that uses them
-# takes to compile, precompiled for other targets.
+# vanto_header_library(NAME LIBRARIES LIBRARY... HEADERS HEADER...): headers that take longer to parse
+# than a file that uses them takes to compile, precompiled for other targets.
 function(vanto_header_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES;HEADERS")
     set(source ${CMAKE_BINARY_DIR}/${name}.cpp)
     if(NOT EXISTS ${source})
         file(WRITE ${source} "")
     endif()
     add_library(${name} OBJECT ${source})
     set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
-    target_link_libraries(${name} PRIVATE vanto_build_flags Qt6::Widgets ${ARGN})
-    target_precompile_headers(${name} PRIVATE <QApplication> <QComboBox> <QDebug>
-        <QDialog> <QElapsedTimer> <QFile> <QJsonDocument> <QLabel> <QLineEdit> <QMainWindow>
-        <QMessageBox> <QPointer> <QProcess> <QPushButton> <QRegularExpression> <QSlider>
-        <QTableWidget> <QTabWidget> <QTemporaryDir> <QTimer> <algorithm> <array>
-        <functional> <memory> <optional> <vector>)
+    target_link_libraries(${name} PRIVATE vanto_build_flags ${ARG_LIBRARIES})
+    target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
 endfunction()
 
-# vanto_precompile_headers(TARGET): for targets with many files that use Qt Widgets. A build without
+set(VANTO_CORE_HEADERS <QCoreApplication> <QDateTime> <QDebug> <QElapsedTimer> <QFile> <QJsonArray>
+    <QJsonDocument> <QJsonObject> <QList> <QPointer> <QProcess> <QRegularExpression> <QTemporaryDir>
+    <QTimer> <algorithm> <array> <functional> <map> <memory> <optional> <variant> <vector>)
+set(VANTO_WINDOW_HEADERS ${VANTO_CORE_HEADERS} <QApplication> <QComboBox> <QDialog> <QLabel> <QLineEdit>
+    <QMainWindow> <QMessageBox> <QPushButton> <QSlider> <QTableWidget> <QTabWidget>)
+
+# vanto_precompile_headers(TARGET...): for targets that use Qt Widgets. A build without
 # VANTO_QUICK_BUILD detects missing includes.
-function(vanto_precompile_headers target)
+function(vanto_precompile_headers)
     if(NOT VANTO_QUICK_BUILD)
         return()
     endif()
-    if(NOT TARGET vanto_qt_headers)
-        vanto_header_library(vanto_qt_headers)
+    if(NOT TARGET vanto_window_headers)
+        vanto_header_library(vanto_window_headers
+            LIBRARIES Qt6::Widgets HEADERS ${VANTO_WINDOW_HEADERS})
     endif()
-    target_precompile_headers(${target} REUSE_FROM vanto_qt_headers)
+    foreach(target IN LISTS ARGV)
+        target_precompile_headers(${target} REUSE_FROM vanto_window_headers)
+    endforeach()
 endfunction()
 
-# vanto_precompile_test_headers(TARGET): the same for a test program, in which also Qt Test is slow to
-# parse. Tests spend most of their time waiting, so they are not optimised.
+# vanto_precompile_core_headers(TARGET...): the same for targets without Qt Widgets.
+function(vanto_precompile_core_headers)
+    if(NOT VANTO_QUICK_BUILD)
+        return()
+    endif()
+    if(NOT TARGET vanto_core_headers)
+        vanto_header_library(vanto_core_headers LIBRARIES Qt6::Core HEADERS ${VANTO_CORE_HEADERS})
+    endif()
+    foreach(target IN LISTS ARGV)
+        target_precompile_headers(${target} REUSE_FROM vanto_core_headers)
+    endforeach()
+endfunction()
+
+# vanto_precompile_test_headers(TARGET HEADER...): the same for a test program, in which also Qt Test is
+# slow to parse. Tests spend most of their time waiting, so they are not optimised.
 function(vanto_precompile_test_headers target)
     if(NOT VANTO_QUICK_BUILD)
         return()
     endif()
-    vanto_header_library(${target}_headers Qt6::Network Qt6::Test)
-    target_precompile_headers(${target}_headers PRIVATE <QTest>)
-    target_compile_options(${target}_headers PRIVATE -O0)
     target_compile_options(${target} PRIVATE -O0)
-    target_precompile_headers(${target} REUSE_FROM ${target}_headers)
+    target_precompile_headers(${target} PRIVATE ${ARGN} <QTest>)
 endfunction()
