@@ -9,6 +9,10 @@ target_compile_options(vanto_build_flags INTERFACE
 target_compile_definitions(vanto_build_flags INTERFACE
     QT_NO_FOREACH QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
     QT_DEPRECATED_WARNINGS)
+if(VANTO_SANITIZERS MATCHES address)
+    # Only GCC has a macro of its own for this.
+    target_compile_definitions(vanto_build_flags INTERFACE VANTO_ADDRESS_SANITIZER)
+endif()
 if(VANTO_SANITIZERS)
     target_compile_options(vanto_build_flags INTERFACE
         -fsanitize=${VANTO_SANITIZERS} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

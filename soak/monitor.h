@@ -14,7 +14,7 @@
 namespace vanto
 {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VANTO_ADDRESS_SANITIZER)
 constexpr bool Sanitized = true;
 #else
 constexpr bool Sanitized = false;

@@ -9,7 +9,7 @@
 #include <memory>
 #include <unistd.h>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VANTO_ADDRESS_SANITIZER)
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -42,7 +42,7 @@ void sample(int)
 
 QString nameOf(void* address)
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VANTO_ADDRESS_SANITIZER)
     std::array<char, 512> text{};
     __sanitizer_symbolize_pc(address, "%f", text.data(), text.size());
     return QString::fromLocal8Bit(text.data());
