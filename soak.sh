@@ -9,8 +9,7 @@ cd "$(dirname "$0")"
 minutes=${1:?usage: $0 MINUTES [SEED]}
 seed=${2:-$RANDOM}
 scripts/packages.sh build window clang
-cmake --preset asan --log-level=NOTICE
-cmake --build --preset asan --target vanto-soak vanto-hand vantoctl
+scripts/build-asan.sh --target vanto-soak vanto-hand vantoctl
 
 export ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
 export LSAN_OPTIONS=suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0

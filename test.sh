@@ -22,6 +22,5 @@ if [[ -n ${VANTO_WARNINGS_AS_ERRORS:-} ]]; then
     cmake --preset release --log-level=NOTICE
     cmake --build --preset release --target VantoSetting vantoctl vanto-hand
 fi
-cmake --preset asan --log-level=NOTICE
-cmake --build --preset asan
+scripts/build-asan.sh
 exec ctest --preset asan "$@"

@@ -90,11 +90,10 @@ function(vanto_precompile_core_headers)
 endfunction()
 
 # vanto_precompile_test_headers(TARGET HEADER...): the same for a test program, in which also Qt Test is
-# slow to parse. Tests spend most of their time waiting, so they are not optimised.
+# slow to parse.
 function(vanto_precompile_test_headers target)
     if(NOT VANTO_QUICK_BUILD)
         return()
     endif()
-    target_compile_options(${target} PRIVATE -O0)
     target_precompile_headers(${target} PRIVATE ${ARGN} <QTest>)
 endfunction()

@@ -12,7 +12,7 @@ declare -A packages=(
         ca-certificates"
     [test]="libmodbus-dev mold python3-jsonschema"
     # The sanitizers' library is a package of the compiler's version; llvm shows the lines in stacks.
-    [clang]="clang libclang-rt-VERSION-dev llvm"
+    [clang]="clang libclang-rt-VERSIONdev llvm"
     [package]="dpkg-dev file lintian desktop-file-utils appstream man-db"
     [coverage]="gcovr"
     [format]="clang-format git"
@@ -28,7 +28,8 @@ installed() {
 }
 
 clang_version() {
-    apt-cache depends clang 2>/dev/null | sed --quiet 's/.*Depends: clang-\([0-9]*\)$/\1/p'
+    LC_ALL=C apt-cache depends clang 2>/dev/null |
+        sed --quiet 's/.*Depends: clang-\([0-9]*\)$/\1-/p' || true # unknown before apt-get update
 }
 
 # Of alternatives separated by |, prints the first that is installed or available, or else the last.

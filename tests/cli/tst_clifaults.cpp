@@ -190,7 +190,7 @@ void TestCliFaults::faults()
     startHand(modbus);
     const QString statuses = modbus ? row->modbus : row->serialCtrl;
     // Where the hand answers, a busy machine must not look like silence.
-    const int patience = statuses == "3333" ? 1 : modbus && statuses.count('3') > 1 ? 2 : 40;
+    const int patience = statuses == "3333" ? 1 : modbus && statuses.count('3') > 1 ? 3 : 40;
     arm(QString(row->fault) + (row->fault == QString("hang") ? "" : " count=0"));
     for (const FaultedCommand& each : otherRows) {
         const int status = statuses[static_cast<int>(each.kind)].digitValue();
@@ -320,7 +320,8 @@ void TestCliFaults::middle()
     arm(QString("late ms=60000 count=0 skip=%1").arg(skip));
     if (skip > 0) { // otherwise it is the first request
         // A new node is waited for as for a halt: many times longer than for a reply.
-        const int patience = halts || QByteArray(row->words).startsWith("set-id") ? 1 : 5;
+        const bool sets = QByteArray(row->words).startsWith("set-id");
+        const int patience = halts ? 1 : sets ? 2 : 5;
         checkFailure(*row, modbus,
                      CliProcess(*m_hand, patience).run(words(*row, modbus), row->input));
         QVERIFY(m_hand->requests().size() > skip);
