@@ -103,8 +103,12 @@ void TestCliPipes::blockedMonitor()
 {
     start();
     CliProcess cli(*m_hand);
-    cli.process().setStandardOutputFile(createPipe());
+    const QString pipe = createPipe();
     QVERIFY(m_reader >= 0);
+    QFile writer(pipe); // leaves room for some lines
+    QVERIFY(writer.open(QFile::WriteOnly | QFile::Unbuffered));
+    QCOMPARE(writer.write(QByteArray(PipeSize - 1000, ' ')), qint64{PipeSize - 1000});
+    cli.process().setStandardOutputFile(pipe);
     const auto result = cli.run("monitor --rate 100 --for 3 --format jsonl "
                                 "--fields current,position,angle,force");
     QCOMPARE(result.status, 0);

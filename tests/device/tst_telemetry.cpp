@@ -168,7 +168,7 @@ void TestTelemetry::yieldsToPlayer()
     QTRY_VERIFY_WITH_TIMEOUT(!player.isPlaying(), 60'000);
     QCOMPARE(failure, QString());
     QVERIFY(samples.count() > before);
-    QVERIFY(samples.last().at(0).value<Sample>().values[0] != MissingValue);
+    QTRY_VERIFY(samples.last().at(0).value<Sample>().values[0] != MissingValue);
     reader.stop();
     QVERIFY(!open.hasOverlaps());
 }

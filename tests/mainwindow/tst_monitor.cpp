@@ -298,7 +298,7 @@ void TestMonitor::marksActions()
     QTRY_VERIFY(texts().contains("G 3.00"));
     m_hand->clearTrace();
     const bool modbus = protocol == "modbus";
-    play(2, modbus ? 2000 : 400); // Modbus is slow on a busy machine
+    play(2, 2000); // long enough for a sample on a busy machine
     const QStringList all = modbus ? QStringList() : frames();
     const auto isMotion = [](const QString& frame) { return frame.startsWith("4c"); };
     const auto first = std::ranges::find_if(all, isMotion);

@@ -107,7 +107,7 @@ void TestParameterBackups::enabled()
     m_tool->find<QTableWidget>("tableWidget_Seq")->setCurrentCell(0, 0);
     QTRY_VERIFY(run->isEnabled());
     m_tool->click("pushButton_SeqRun");
-    QVERIFY(!areEnabled());
+    QTRY_VERIFY(!areEnabled());
     m_tool->click("pushButton_SeqStop");
     QTRY_VERIFY(areEnabled());
     m_tool->click("pushButton_Halt");
