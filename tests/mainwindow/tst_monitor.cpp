@@ -297,9 +297,8 @@ void TestMonitor::marksActions()
     m_tool->click("pushButton_SettingWritePID5");
     QTRY_VERIFY(texts().contains("G 3.00"));
     m_hand->clearTrace();
-    const bool modbus = protocol == "modbus";
     play(2, 2000); // long enough for a sample on a busy machine
-    const QStringList all = modbus ? QStringList() : frames();
+    const QStringList all = protocol == "modbus" ? QStringList() : frames();
     const auto isMotion = [](const QString& frame) { return frame.startsWith("4c"); };
     const auto first = std::ranges::find_if(all, isMotion);
     const auto last = std::find_if(all.rbegin(), all.rend(), isMotion).base();
