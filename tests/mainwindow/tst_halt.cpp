@@ -400,8 +400,8 @@ void TestHalt::exit()
         if (isLater) {
             command("hang");
             press();
-            const bool isShown =
-                QTest::qWaitFor([this] { return state().contains("not confirmed") && idle(); });
+            const bool isShown = QTest::qWaitFor(
+                [this] { return state().contains("not confirmed") && idle(); }, ConditionMs);
             tries = frames({FingerStop}).size();
             m_tool->trigger("action_Exit");
             QVERIFY(isShown);

@@ -53,7 +53,8 @@ private:
         const bool accepted =
             m_hand.command(QStringLiteral("fault ") + QLatin1String(fault)) == u"ok";
         const int result = this->result(operation);
-        const bool done = QTest::qWaitFor([this] { return m_hand.trace().size() == 2; });
+        const bool done =
+            QTest::qWaitFor([this] { return m_hand.trace().size() == 2; }, ConditionMs);
         return accepted && done ? result : -1;
     }
     bool connectToHand(const ReplyLimits& limits = Stretched)
