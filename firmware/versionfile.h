@@ -16,7 +16,7 @@ namespace vanto
 // members that are missing or not strings, which count as empty; file names that lead out of their
 // folder.
 
-inline constexpr qsizetype MaxVersionFileSize = 1024 * 1024; ///< bytes
+inline constexpr qsizetype MaxVersionFileSize = qsizetype{1024} * 1024; ///< bytes
 inline constexpr qsizetype MaxFirmwareTypes = 1000;
 
 /// A firmware version that the server offers.

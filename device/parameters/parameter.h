@@ -33,6 +33,7 @@ struct ParameterKey {
     ParameterKind kind = ParameterKind::P;
     std::optional<std::uint8_t> finger = {};
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 means the 0 of the generated comparison
     auto operator<=>(const ParameterKey&) const = default;
     /// As used on the command line and in messages about files, for example "currentLimit thumb".
     QString name() const;

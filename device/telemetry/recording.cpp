@@ -16,8 +16,8 @@ namespace vanto
 
 namespace
 {
-constexpr qsizetype MaxLineLength = 64 * 1024; ///< bytes
-constexpr qint64 ReadSize = 16 * 1024;         ///< bytes
+constexpr qsizetype MaxLineLength = qsizetype{64} * 1024; ///< bytes
+constexpr qint64 ReadSize = 16 * 1024;                    ///< bytes
 constexpr qint64 StepMs = 2;
 constexpr double MaxSeconds = 1e9;
 constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF");

@@ -15,8 +15,8 @@ namespace vanto
 namespace
 {
 constexpr int FlushIntervalMs = 1000;
-constexpr int TimeDecimals = 6;            ///< microseconds
-constexpr qsizetype FlushSize = 64 * 1024; ///< bytes
+constexpr int TimeDecimals = 6;                       ///< microseconds
+constexpr qsizetype FlushSize = qsizetype{64} * 1024; ///< bytes
 
 QByteArray quoted(const QString& text)
 {
