@@ -257,7 +257,8 @@ void TestCalibration::disturbedWait()
         QApplication::exit();
     });
     QApplication::exec();
-    QCOMPARE(m_dialogs.size(), first ? 5 : 7);
+    // The next dialog opens if the loss of the port is not noticed at once.
+    QCOMPARE(qMin(m_dialogs.size(), 6), first ? 5 : 6);
     QCOMPARE(m_dialogs.value(5).contains("Supported protocol:"), !first);
     QCOMPARE(sent(), "43 2b1a|63 01");
     QTRY_COMPARE(shown().join('|'), first ? QString() : "The port has been lost. Check the cable.");
