@@ -66,7 +66,7 @@ void scanFor(TourRunner& tour, int hands)
     const auto* button = tour.find<QPushButton>("pushButton_ScanDevices");
     const QString idleCaption = button->text();
     // Shortens the time-outs of absent nodes; a hand on a busy machine needs much of these, too.
-    const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().scaled(20));
+    const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().scaled(10));
     tour.scan(hands, [&] {
         tour.expectText(QStringLiteral("the Scan button while scanning"), button->text(),
                         QStringLiteral("Stop"));
