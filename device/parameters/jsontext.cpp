@@ -8,7 +8,7 @@ namespace vanto
 
 namespace
 {
-constexpr int IndentWidth = 4;
+constexpr qsizetype IndentWidth = 4;
 
 QString quoted(const QString& text)
 {

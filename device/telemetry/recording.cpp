@@ -17,7 +17,7 @@ namespace vanto
 namespace
 {
 constexpr qsizetype MaxLineLength = qsizetype{64} * 1024; ///< bytes
-constexpr qint64 ReadSize = 16 * 1024;                    ///< bytes
+constexpr qint64 ReadSize = qint64{16} * 1024;            ///< bytes
 constexpr qint64 StepMs = 2;
 constexpr double MaxSeconds = 1e9;
 constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF");
