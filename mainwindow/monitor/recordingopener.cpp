@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <utility>
 
 namespace vanto
 {
@@ -85,8 +86,9 @@ void RecordingOpener::choose(const QString& caption, QWidget* parent,
          translated(QT_TRANSLATE_NOOP("vanto::RecordingView", "All files (*)"))},
         {},
         &IdleTask::once};
-    Modeless::openFile(parent, choice,
-                       [parent, opened](const QString& path) { read(path, parent, opened); });
+    Modeless::openFile(parent, choice, [parent, opened = std::move(opened)](const QString& path) {
+        read(path, parent, opened);
+    });
 }
 
 } // namespace vanto

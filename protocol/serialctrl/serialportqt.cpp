@@ -18,7 +18,7 @@ SerialPortQT::SerialPortQT()
 
 SerialPortQT::~SerialPortQT()
 {
-    close();
+    SerialPortQT::close();
 }
 
 std::int64_t SerialPortQT::bytesAvailable()
