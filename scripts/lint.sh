@@ -52,7 +52,7 @@ ninja -C build/lint -t targets all |
     sed --quiet --expression 's/^\([^:]*_autogen\): phony$/\1/p' \
         --expression 's/^\(bench\/ui_.*\): CUSTOM_COMMAND$/\1/p' |
     xargs cmake --build build/lint --target >/dev/null
-echo "clang-tidy: $(list_sources '*.cpp' | wc --lines) files"
+echo "clang-tidy $(clang-tidy --version | grep --only-matching 'version [0-9.]*'): $(list_sources '*.cpp' | wc --lines) files"
 list_sources '*.cpp' | xargs --max-procs="$(nproc)" --max-args=4 \
     clang-tidy --quiet -p build/lint --warnings-as-errors='*' 2> >(grep --invert-match \
         --extended-regexp '^[0-9]+ warnings? (generated|treated as error)' >&2)

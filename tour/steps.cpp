@@ -65,7 +65,7 @@ void scanFor(TourRunner& tour, int hands)
 {
     const auto* button = tour.find<QPushButton>("pushButton_ScanDevices");
     const QString idleCaption = button->text();
-    // Shortens the time-outs of absent nodes; a hand on a busy machine needs much of these, too.
+    // Short because of absent nodes, but long enough for a hand on a busy machine.
     const QScopedValueRollback limits(ReplyLimits::current(), ReplyLimits().scaled(10));
     tour.scan(hands, [&] {
         tour.expectText(QStringLiteral("the Scan button while scanning"), button->text(),

@@ -15,7 +15,7 @@ namespace vanto
 
 namespace
 {
-constexpr int WaitMs = 20000;
+constexpr int WaitMs = 60000;
 constexpr int EventSliceMs = 10;
 
 QString textOf(const QDialog& dialog)

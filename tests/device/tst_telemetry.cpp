@@ -109,7 +109,7 @@ void TestTelemetry::reads()
             QCOMPARE(samples.last().values[18 + finger], std::int32_t(200 + finger));
     }
     const std::int64_t period = 40'000;
-    QVERIFY(samples.last().timeUs - samples.first().timeUs >= (samples.size() - 2) * period);
+    QVERIFY(samples.last().timeUs - samples.first().timeUs >= (samples.size() - 3) * period);
     QVERIFY(!nested);
     QCOMPARE(open.writes(), 0);
     QVERIFY(!open.hasOverlaps());

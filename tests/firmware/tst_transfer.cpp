@@ -15,7 +15,7 @@ namespace vanto
 namespace
 {
 constexpr UpdateLimits Short{2, 600, 600, 1200, 4};
-constexpr UpdateLimits Patient{2, 10'000, 10'000, 10'000, 4};
+constexpr UpdateLimits Patient{2, 60'000, 60'000, 60'000, 4};
 
 constexpr const char* NoDevice = "Error when waiting for device.";
 constexpr const char* NoFlag = "Error when waiting for hardware match flag.";
@@ -82,7 +82,7 @@ private:
     }
     QString command(const QString& line) { return m_hand->command(line); }
     QString write(const QByteArray& content, const LogCallback& log = {},
-                  const ProgressCallback& progress = {}, const UpdateLimits& limits = Short)
+                  const ProgressCallback& progress = {}, const UpdateLimits& limits = Patient)
     {
         QFile file(m_folder.filePath("file.upd"));
         if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0 || !file.flush())
@@ -111,7 +111,11 @@ void tst_transfer::update()
     for (const QString& fault : setUp.split(';', Qt::SkipEmptyParts))
         QVERIFY(isOption || command("fault " + fault) == "ok");
     QByteArray file = sample().replace(row->at, row->length, row->by);
-    QCOMPARE(write(file, [](const QString&) { QCoreApplication::processEvents(); }), row->failure);
+    const bool expires = *row->failure != '\0' || setUp == "stutter stage=probe";
+    QCOMPARE(write(
+                 file, [](const QString&) { QCoreApplication::processEvents(); }, {},
+                 expires ? Short : Patient),
+             row->failure);
     QVERIFY2(command("boot").contains(QLatin1String(row->counts)), qPrintable(command("boot")));
     if (*row->failure != '\0') {
         if (isOption)
@@ -163,8 +167,8 @@ void tst_transfer::unplug()
             if (text == moment && command("unplug") == "ok")
                 sinceUnplug.start();
         };
-        QCOMPARE(write(sample(), log, {}, Patient), failures[moment]);
-        QVERIFY2(sinceUnplug.isValid() && sinceUnplug.elapsed() < 5000, qPrintable(moment));
+        QCOMPARE(write(sample(), log), failures[moment]);
+        QVERIFY2(sinceUnplug.isValid() && sinceUnplug.elapsed() < 30'000, qPrintable(moment));
         QVERIFY(command("replug").startsWith("ok"));
         QCOMPARE(write(sample()), "");
     }
@@ -180,19 +184,19 @@ void tst_transfer::waitProcessesEvents()
     const std::clock_t before = std::clock();
     QCOMPARE(write("0000", {}, {}, {3, 200, 0, 0, 0}), NoDevice);
     const auto used = (std::clock() - before) * 1000 / CLOCKS_PER_SEC;
-    QVERIFY2(ticks >= 15, "the event loop was blocked");
+    QVERIFY2(ticks > 5, "the event loop was blocked");
     QVERIFY2(used < 200, qPrintable(QString("%1 ms of processor time").arg(used)));
 }
 
-/// More than three seconds of noise precede the answer.
+/// More than ten seconds of noise precede the answer.
 void tst_transfer::constantNoise()
 {
     start("--baud 300");
-    QCOMPARE(command("fault noise stage=probe count=2 bytes=100"), "ok");
+    QCOMPARE(command("fault noise stage=probe count=2 bytes=350"), "ok");
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(write("0000", {}, {}, {2, 300, 0, 0, 0, 300}), NoDevice);
-    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(timer.elapsed() < 6000, qPrintable(QString::number(timer.elapsed())));
 }
 
 VANTO_TEST(tst_transfer)

@@ -244,7 +244,7 @@ void TestCalibration::failureAfterOk()
 void TestCalibration::disturbedWait()
 {
     QFETCH(bool, first);
-    CalibrationProcedure::stageMs = 3000;
+    CalibrationProcedure::stageMs = first ? 60'000 : 3000;
     QElapsedTimer since;
     const auto disturb = [&] {
         QVERIFY(Conversation::isActive());
@@ -253,12 +253,12 @@ void TestCalibration::disturbedWait()
     };
     QTimer::singleShot(0, m_tool->window(), [&] {
         calibrate([&](QSpinBox*) { QTimer::singleShot(300, m_tool->window(), disturb); });
-        QCOMPARE(since.elapsed() < 2500, first);
+        QVERIFY(first ? since.elapsed() < 30'000 : since.elapsed() > 2500);
         QApplication::exit();
     });
     QApplication::exec();
-    // The next dialog opens if the loss of the port is not noticed at once.
-    QCOMPARE(qMin(m_dialogs.size(), 6), first ? 5 : 6);
+    // One more if the loss of the port is not noticed at once.
+    QVERIFY(m_dialogs.size() == (first ? 5 : 6) || (!first && m_dialogs.size() == 7));
     QCOMPARE(m_dialogs.value(5).contains("Supported protocol:"), !first);
     QCOMPARE(sent(), "43 2b1a|63 01");
     QTRY_COMPARE(shown().join('|'), first ? QString() : "The port has been lost. Check the cable.");

@@ -205,7 +205,7 @@ void TestHalt::faults()
     QFETCH(QString, fault);
     QFETCH(bool, always);
     expectTimeouts(200);
-    open({"--node", hand});
+    open({"--node", hand, "--speed", "0.05"}); // 20 s for the way to the target
     m_tool->showPage(RunTab);
     moveFinger(1);
     QTRY_VERIFY(idle());
@@ -229,8 +229,9 @@ void TestHalt::faults()
     // It may return at speed 1 to where the halt found it, but must not go on to its old target,
     // neither fast nor at speed 1.
     const int halted = positions().at(1);
-    QTRY_COMPARE(m_hand->command("get 2 moving 1"), "ok 0");
-    QVERIFY(std::abs(positions().at(1) - halted) < 20'000);
+    QTest::qWait(500);
+    QVERIFY(positions().at(1) <= halted + 64);
+    QVERIFY(m_hand->command("get 2 target 1").section(' ', 1).toInt() < 60'000);
 }
 
 void TestHalt::keys()
@@ -386,7 +387,7 @@ void TestHalt::exit()
     QFETCH(bool, isLater);
     if (hangs)
         expectTimeouts(200);
-    open({"--node", hand == "255" ? "2" : hand});
+    open({"--node", hand == "255" ? "2" : hand, "--speed", "0.1"});
     if (hand == "255") {
         m_tool->click("pushButton_RefreshPorts");
         openAnyNode();

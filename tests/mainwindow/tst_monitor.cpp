@@ -230,7 +230,6 @@ void TestMonitor::locked()
     showMonitor();
     asFastAsPossible();
     QTRY_VERIFY(!value(0, 0).isEmpty());
-    expectTimeouts(100);
     bool checked = false;
     DialogAnswer<QDialog> answer([&](QDialog* dialog) {
         const auto* box = qobject_cast<QMessageBox*>(dialog);

@@ -24,7 +24,7 @@ private slots:
         for (const char* scans : {"findsAllHands", "stopAfterCurrentNode", "widgetsDuringScan",
                                   "badAnswers", "pageTimers"})
             if (QTest::currentTestFunction() == QString(scans))
-                expectTimeouts(300); // of absent nodes
+                expectTimeouts(); // of absent nodes
     }
     void cleanup() { close(); }
     void listsPorts();

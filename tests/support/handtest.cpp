@@ -26,10 +26,11 @@ void HandTest::open(const QStringList& options, int hands)
 {
     m_hand = std::make_unique<HandProcess>();
     QVERIFY2(m_hand->start(options), qPrintable(m_hand->errorText()));
-    ReplyLimits::current() = m_limits;
+    ReplyLimits::current() = PatientLimits;
     m_tool = std::make_unique<TestWindow>(QStringList{m_hand->portName()});
     m_listed = deviceTexts(options).first(hands);
     listAgain();
+    ReplyLimits::current() = m_limits;
 }
 
 void HandTest::clearRecords()

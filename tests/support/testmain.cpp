@@ -19,6 +19,7 @@ namespace vanto
 namespace
 {
 constexpr int UsageError = 2;
+constexpr char FunctionMs[] = "1200000"; ///< CTest ends tests that take too long
 
 std::map<QString, RegisteredTest::Run>& tests()
 {
@@ -37,6 +38,7 @@ int runProgram(int argc, char* argv[])
     Application application(argc, argv);
     application.setAttribute(Qt::AA_Use96Dpi, true);
     ReplyLimits::current() = PatientLimits;
+    qputenv("QTEST_FUNCTION_TIMEOUT", FunctionMs);
     const auto test = tests().find(application.arguments().value(1));
     if (test != tests().end())
         return test->second(argc - 1, argv + 1);

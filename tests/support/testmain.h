@@ -18,11 +18,13 @@
 namespace vanto
 {
 
-constexpr int ConditionMs = 30'000; ///< limit of the QTRY macros
+constexpr int ConditionMs = 15'000; ///< limit of the QTRY macros
 
 /// Time-outs that are too long to expire, because a simulated hand may have to wait for a
 /// processor. Every test starts with them; tests in which a hand does not answer set shorter ones.
 constexpr ReplyLimits PatientLimits{20'000, 20'000, 20'000, 20'000};
+// A lost reply must not count as a condition that takes long.
+static_assert(ConditionMs < PatientLimits.serialCtrl);
 
 /// A test class in a program with several of them, because one program builds and links faster than
 /// thirty. `tests_window tst_run [FUNCTION...]` runs one class of tests_window.
