@@ -89,7 +89,7 @@ QString Control::execute(const QString& command)
         return failure(QStringLiteral("usage: %1 %2")
                            .arg(QLatin1String(entry->name), QLatin1String(entry->usage))
                            .trimmed());
-    const QString answer = (this->*entry->run)(arguments);
+    QString answer = (this->*entry->run)(arguments);
     m_bus.motionTrace().update(Clock::now());
     return answer;
 }

@@ -210,6 +210,7 @@ Delivery onlyNoise(const Reply&, const Fault& fault)
     return {noise(fault)};
 }
 
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the name of a template cannot be in parentheses
 #define BOTH(function) function<Frame>, function<ModbusFrame>
 #define BOTH_ALTERED(alter) altered<Frame, alter>, altered<ModbusFrame, alter>
 

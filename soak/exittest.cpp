@@ -139,7 +139,7 @@ int ExitTest::run(int count, std::uint32_t seed, const QString& protocol, const 
                 !line.contains("XDG_RUNTIME_DIR"))
                 errors += line + '\n';
         if (ended && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 &&
-            took < ExitLimitMs * patience.toInt() && errors.isEmpty())
+            took < qint64{ExitLimitMs} * patience.toInt() && errors.isEmpty())
             continue;
         ++findings;
         std::printf("FINDING: %s, exit after %d ms: status %d within %lld ms\n%s\n",

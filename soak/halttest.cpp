@@ -408,7 +408,7 @@ void HaltCampaign::proceed()
     if (between(1, EarlyClickEvery) == 1) {
         waitUntil(halted + EarlyAfterMs);
         // Otherwise the click would continue.
-        if (m_clock.now() < halted + ContinueAfterMs - EarlyAfterMs / 4) {
+        if (m_clock.now() < halted + ContinueAfterMs - EarlyAfterMs / 4.0) {
             ++m_earlyClicks;
             m_moments.secondPress = m_clock.now();
             m_driver.click(HaltButton);

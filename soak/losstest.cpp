@@ -203,7 +203,7 @@ void LossCampaign::noteMessage(const QString& line)
     } else if (m_phase == Phase::Replugged && line.endsWith(ReconnectedText)) {
         m_deadline.stop();
         m_reconnectMs.push_back(m_sincePhase.elapsed());
-        if (m_reconnectMs.back() > ReconnectLimitMs * m_patience)
+        if (m_reconnectMs.back() > qint64{ReconnectLimitMs} * m_patience)
             addFinding(QStringLiteral("reconnected after %1 ms").arg(m_reconnectMs.back()));
         after(PauseBetweenMs, &LossCampaign::endReconnection);
     }
@@ -280,7 +280,7 @@ void LossCampaign::noteLoss()
     m_deadline.stop();
     const qint64 took = m_sincePhase.elapsed();
     m_longestNoticeMs = std::max(m_longestNoticeMs, took);
-    if (took >= NoticeLimitMs * m_patience)
+    if (took >= qint64{NoticeLimitMs} * m_patience)
         addFinding(QStringLiteral("the loss is reported after %1 ms").arg(took));
     m_phase = Phase::Lost;
     m_measuring = false;

@@ -54,7 +54,7 @@ QString Monkey::randomSequenceFile()
     const QStringList files = examples.entryList(QDir::Files);
     const QString name = files.value(randomBelow(static_cast<int>(files.size())));
     // A copy, because the window proposes to save a sequence where it comes from.
-    const QString copy = QDir::current().absoluteFilePath(name);
+    QString copy = QDir::current().absoluteFilePath(name);
     QFile::copy(examples.absoluteFilePath(name), copy); // unless it exists
     return copy;
 }

@@ -129,7 +129,8 @@ void Monkey::dragSlider()
     if (randomBelow(4) != 0)
         slider->setSliderDown(false);
     else // keeps the slider pressed for a while
-        QTimer::singleShot(randomBelow(300), slider, [slider] { slider->setSliderDown(false); });
+        QTimer::singleShot(randomBelow(300), slider,
+                           [pressed = slider.data()] { pressed->setSliderDown(false); });
 }
 
 void Monkey::selectRandomItem(QComboBox* box)

@@ -238,7 +238,8 @@ void TestCliMotion::batch()
     start({"--node", "2", "--node", "3"});
     CliProcess cli(*m_hand);
     const QByteArray input =
-        "2 get current 0\n\n# comment\n3 set currentLimit 1 44\r\n" + QByteArray(1024 * 1024, 'a') +
+        "2 get current 0\n\n# comment\n3 set currentLimit 1 44\r\n" +
+        QByteArray(qsizetype{1024} * 1024, 'a') +
         "\n2 \xff\x01 bytes\n2 bep\n2 pose 1 2 3 4 5 6 --sped 2\n" +
         "2 move 1 500 --wait\n2 beep 1 2\n999 beep\n2 pose --speeds 9 1 2 3 4 5 6\n2 halt\n"
         "2 move 1 5\n2 continue\n2 move 1 5";
