@@ -55,7 +55,7 @@ private:
 void TestRecording::buffer()
 {
     SampleBuffer standard;
-    constexpr std::size_t tenMinutes = 10 * 60 * 100; // at 100 a second
+    constexpr std::size_t tenMinutes = 60'000; // at 100 a second
     QVERIFY(standard.capacity() >= tenMinutes && standard.memory() <= std::size_t{64} << 20);
 
     constexpr int capacity = 1000;
@@ -134,7 +134,7 @@ void TestRecording::recording()
     std::vector<Sample> samples;
     for (int i = 0; i < 500; ++i) {
         Sample sample;
-        sample.timeUs = after + 20 * UsPerSecond + i * 10'001;
+        sample.timeUs = after + 20 * UsPerSecond + i * std::int64_t{10'001};
         sample.afterGap = i == 0 || i == 77;
         for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
             if (channels[channel] && (channel == 0 || random.bounded(5)))
@@ -198,7 +198,7 @@ void TestRecording::fullDisk()
     const rlimit limited{100'001, before.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &limited);
     for (int i = 0; i < 5000; ++i)
-        recorder.write(sampleAt(1000 * UsPerSecond + i * 1000, i));
+        recorder.write(sampleAt(1000 * UsPerSecond + i * std::int64_t{1000}, i));
     ::setrlimit(RLIMIT_FSIZE, &before);
     QCOMPARE(failed.count(), 1);
     QVERIFY(failed.at(0).at(0).toString().contains(path));

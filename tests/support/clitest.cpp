@@ -1,5 +1,7 @@
 #include "clitest.h"
 
+#include "testmain.h"
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -27,6 +29,12 @@ QStringList CliTest::writes() const
     frames.removeIf(
         [](const QString& frame) { return frame.left(2).toInt(nullptr, 16) < FirstWrite; });
     return frames;
+}
+
+bool CliTest::comesToRest(int node) const
+{
+    const QString line = QString("get %1 moving 1").arg(node);
+    return QTest::qWaitFor([&] { return m_hand->command(line) == "ok 0"; }, ConditionMs);
 }
 
 QProcessEnvironment CliTest::environment() const

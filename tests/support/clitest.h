@@ -24,6 +24,9 @@ protected:
     QStringList motions() const { return m_hand->frames({0x4C, 0x4D, 0x50, 0x51}); }
     /// The SerialCtrl frames that write.
     QStringList writes() const;
+    /// Waits until finger 1 does not move. A halt lets it return slowly to where it was found, and
+    /// may write a second target, so that it moves once more.
+    bool comesToRest(int node = 2) const;
     /// For programs that find vantoctl by its name.
     QProcessEnvironment environment() const;
     static void writeFile(const QString& path, const QByteArray& content);
