@@ -1,7 +1,5 @@
 #include "clitest.h"
 
-#include "testmain.h"
-
 #include <QCoreApplication>
 #include <QFile>
 
@@ -33,8 +31,9 @@ QStringList CliTest::writes() const
 
 bool CliTest::comesToRest(int node) const
 {
+    constexpr int LimitMs = 15'000;
     const QString line = QString("get %1 moving 1").arg(node);
-    return QTest::qWaitFor([&] { return m_hand->command(line) == "ok 0"; }, ConditionMs);
+    return QTest::qWaitFor([&] { return m_hand->command(line) == "ok 0"; }, LimitMs);
 }
 
 QProcessEnvironment CliTest::environment() const
