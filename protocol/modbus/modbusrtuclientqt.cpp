@@ -56,9 +56,9 @@ struct ModBusRTUClientQT::Reply {
 /// Waits for the reply and deletes it. The wait also ends when the application quits or the client
 /// is destroyed; an unfinished reply then counts as failed. `waiting` counts the nested waits;
 /// by value, because it may outlive the client.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-ModBusRTUClientQT::Reply ModBusRTUClientQT::waitForReply(QModbusReply* pending,
-                                                         std::shared_ptr<int> waiting)
+ModBusRTUClientQT::Reply ModBusRTUClientQT::waitForReply(
+    QModbusReply* pending,
+    std::shared_ptr<int> waiting) // NOLINT(performance-unnecessary-value-param)
 {
     const QPointer<QModbusReply> reply(pending);
     if (!reply->isFinished()) {

@@ -244,7 +244,7 @@ void TestMonitor::locked()
     });
     m_tool->click("pushButton_BasicRecalibrate");
     QTRY_VERIFY(checked);
-    QTRY_VERIFY(m_hand->requests().size() > 0); // then it goes on
+    QTRY_VERIFY(!m_hand->requests().isEmpty()); // then it goes on
 }
 
 /// Loads a sequence and plays it to its end.

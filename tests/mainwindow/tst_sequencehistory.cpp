@@ -34,7 +34,7 @@ void TestSequenceHistory::limits()
     QVERIFY(kept > 2);
     while (history.undo()) {
     }
-    QCOMPARE(data.sequences.size(), steps - 100'000 * kept);
+    QCOMPARE(data.sequences.size(), steps - qsizetype{100'000} * kept);
     while (history.redo()) {
     }
     QCOMPARE(data.sequences.size(), steps);

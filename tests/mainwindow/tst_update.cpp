@@ -163,7 +163,7 @@ void TestUpdate::update(const QString& source, const QByteArray& content, const 
         m_lastText = input ? input->labelText() : box ? box->text() : dialog->windowTitle();
         const QChar letter = Dialogs.key(m_lastText, '!');
         m_dialogs.append(letter);
-        if (letter == 's')
+        if (input && letter == 's')
             input->setTextValue(source);
         if (files && content.isEmpty())
             connect(files, &QDialog::accepted, this, [&] { file.remove(); });
