@@ -1,5 +1,6 @@
 #include "parameterstep.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QLabel>
 #include <QPushButton>

@@ -355,7 +355,7 @@ QString updated(TourRunner& tour)
 
 QString wire(TourRunner& tour)
 {
-    const QString statistics = tour.command(QStringLiteral("stats"));
+    QString statistics = tour.command(QStringLiteral("stats"));
     for (const char* faultless : {"overlaps=0", "bad=0"}) {
         if (!statistics.contains(QLatin1String(faultless)))
             tour.addFailure(statistics);

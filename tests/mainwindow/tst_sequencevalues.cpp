@@ -113,7 +113,7 @@ void TestSequenceValues::repeatedRun()
     repeat->setValue(0);
     select(1);
     m_tool->click("pushButton_SeqRun");
-    QTRY_VERIFY(motions().size() > 3 * 12);
+    QTRY_VERIFY(motions().size() > 36);
     m_tool->click("pushButton_SeqStop");
     QVERIFY(!m_tool->enabled("pushButton_SeqStop"));
     choose("pushButton_SeqLoad", "given.json");

@@ -93,7 +93,7 @@ private slots:
         QVERIFY(!m_player->play({1, QStringLiteral("angle"), steps}, 1, 1, true) &&
                 !m_player->isPlayForEdit());
         QTRY_COMPARE(m_signals, "0 0 ;1 0 ;1 1 ;0 1 ;");
-        QVERIFY(m_period >= 90 && motions().size() == 12 * m_frames);
+        QVERIFY(m_period >= 90 && motions().size() == qsizetype{12} * m_frames);
         QVERIFY(play(steps, 1, 1, true) && m_player->isPlayForEdit());
         QCOMPARE(motions().size(), 5 * m_frames);
         QCOMPARE(motions().last(), m_modbus ? "0604730000" : "4c04040000ff");
