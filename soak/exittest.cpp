@@ -28,7 +28,7 @@ namespace
 {
 constexpr int MaxDelayMs = 1500;  ///< until the exit
 constexpr int ExitLimitMs = 1000; ///< from closing to the end of the process
-constexpr int ChildTimeoutMs = 30'000;
+constexpr int ChildTimeoutMs = 120'000;
 const QByteArray Closing = "closing";
 const QByteArray ClosingBusy = "closing midway";
 

@@ -218,7 +218,6 @@ void TestFaults::restoring()
 {
     QFETCH(const FaultRow*, row);
     QFETCH(bool, modbus);
-    expectTimeouts(LimitMs);
     const int code = (modbus ? row->modbus : row->serialCtrl).write;
     const QString fault = row->fault;
     const bool hangs = fault == "hang";
@@ -238,6 +237,7 @@ void TestFaults::restoring()
         };
         command(hangs ? "hang"
                       : QString("fault %1 count=0 command=%2").arg(fault).arg(modbus ? 6 : 0x46));
+        expectTimeouts(LimitMs);
         restore(dialog);
         const QString refusal = QString("refused (result 0x%1, sub error 0x%2)")
                                     .arg(code, 2, 16, QChar('0'))

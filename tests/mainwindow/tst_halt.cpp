@@ -204,11 +204,11 @@ void TestHalt::faults()
     QFETCH(QString, frame);
     QFETCH(QString, fault);
     QFETCH(bool, always);
-    expectTimeouts(200);
     open({"--node", hand, "--speed", "0.05"}); // 20 s for the way to the target
     m_tool->showPage(RunTab);
     moveFinger(1);
     QTRY_VERIFY(idle());
+    expectTimeouts(200);
     command(QString("fault %1 %2 count=%3").arg(fault, frame).arg(always ? 0 : 1));
     clearRecords();
     press();

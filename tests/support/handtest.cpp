@@ -52,6 +52,8 @@ void HandTest::close()
 void HandTest::expectTimeouts(int milliseconds)
 {
     m_limits = {milliseconds, 3 * milliseconds, milliseconds, milliseconds};
+    if (m_tool)
+        ReplyLimits::current() = m_limits;
 }
 
 void HandTest::duringExchange(std::function<void()> act) const

@@ -17,8 +17,8 @@ protected:
     void open(const QStringList& options = {"--node", "2"}, int hands = 1);
     /// Lists the same hands again, and opens the first.
     void listAgain() const { m_tool->list(m_listed); }
-    /// Sets the time-outs from open() until close(), for tests in which a hand does not answer.
-    /// Without this call they are so long that none occurs on a busy machine.
+    /// Sets the time-outs from now, or from the end of open(), until close(), for tests in which a
+    /// hand does not answer. Without this call they are so long that none occurs on a busy machine.
     void expectTimeouts(int milliseconds = 600);
     /// Runs `act` as soon as an exchange with a hand waits for the reply, from inside that wait.
     void duringExchange(std::function<void()> act) const;
