@@ -321,7 +321,7 @@ void TestCliFaults::middle()
     if (skip > 0) { // otherwise it is the first request
         // A new node is waited for as for a halt: many times longer than for a reply.
         const bool sets = QByteArray(row->words).startsWith("set-id");
-        const int patience = halts ? 1 : sets ? 2 : 5;
+        const int patience = halts ? 1 : sets ? 4 : 15;
         checkFailure(*row, modbus,
                      CliProcess(*m_hand, patience).run(words(*row, modbus), row->input));
         QVERIFY(m_hand->requests().size() > skip);
