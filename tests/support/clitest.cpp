@@ -1,5 +1,7 @@
 #include "clitest.h"
 
+#include "conditions.h"
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -31,9 +33,8 @@ QStringList CliTest::writes() const
 
 bool CliTest::comesToRest(int node) const
 {
-    constexpr int LimitMs = 15'000;
     const QString line = QString("get %1 moving 1").arg(node);
-    return QTest::qWaitFor([&] { return m_hand->command(line) == "ok 0"; }, LimitMs);
+    return QTest::qWaitFor([&] { return m_hand->command(line) == "ok 0"; }, ConditionMs);
 }
 
 QProcessEnvironment CliTest::environment() const
